@@ -1,0 +1,42 @@
+option(QUILLMARSH_TESTS "Build the tests" OFF)
+option(QUILLMARSH_BENCH "Build the benchmarks" OFF)
+option(QUILLMARSH_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(QUILLMARSH_TSAN "Build with the thread sanitizer" OFF)
+option(QUILLMARSH_WERROR "Treat warnings as errors" OFF)
+option(QUILLMARSH_HEADER_CHECK "Compile every header alone" OFF)
+
+set(QUILLMARSH_BUNDLE_IDENTIFIER "org.quillmarsh.Quillmarsh")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+# Everything compiled here obeys the same warnings; a third party's headers are system headers.
+add_library(quillmarsh_flags INTERFACE)
+target_compile_options(quillmarsh_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
+  -Wformat=2 -Wduplicated-cond -Wlogical-op -Wnull-dereference)
+if(QUILLMARSH_WERROR)
+  target_compile_options(quillmarsh_flags INTERFACE -Werror)
+endif()
+if(QUILLMARSH_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(QUILLMARSH_TSAN)
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+endif()
+target_compile_definitions(quillmarsh_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)

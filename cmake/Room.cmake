@@ -1,0 +1,55 @@
+# quillmarsh_room(name SOURCES ... LINKS ...): one room, a static library whose headers are
+# included by room ("history/ClipStore.h"). Links are public: a room shows what it stands on.
+function(quillmarsh_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(${name} STATIC ${ROOM_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC quillmarsh_flags ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
+  if(QUILLMARSH_HEADER_CHECK)
+    quillmarsh_check_headers(${name} ${ROOM_SOURCES})
+  endif()
+endfunction()
+
+# Compiles each header of the room by itself, so that none leans on what its includer included.
+function(quillmarsh_check_headers name)
+  set(checks)
+  foreach(source IN LISTS ARGN)
+    if(source MATCHES "\\.h$")
+      string(MAKE_C_IDENTIFIER "${source}" id)
+      set(check ${CMAKE_CURRENT_BINARY_DIR}/header_check/${id}.cpp)
+      file(CONFIGURE OUTPUT ${check} CONTENT "#include \"${CMAKE_CURRENT_SOURCE_DIR}/${source}\"\n" @ONLY)
+      list(APPEND checks ${check})
+    endif()
+  endforeach()
+  if(checks)
+    add_library(${name}_headers OBJECT ${checks})
+    set_target_properties(${name}_headers PROPERTIES AUTOMOC OFF)
+    target_link_libraries(${name}_headers PRIVATE ${name})
+  endif()
+endfunction()
+
+# quillmarsh_test(name SOURCES ... LINKS ...): a GoogleTest program run without a display. The
+# support library brings main(), which makes the application object and turns an unexpected
+# warning into a failure.
+function(quillmarsh_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;LABELS" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+  target_link_libraries(${name} PRIVATE quillmarsh_flags test_support ${TEST_LINKS})
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" TIMEOUT 60 LABELS "unit;${TEST_LABELS}")
+endfunction()
+
+# The same for what needs a display: each run gets a private X server, window manager, session bus
+# and home of its own.
+function(quillmarsh_desktop_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;WITH" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+  target_link_libraries(${name} PRIVATE quillmarsh_flags test_support ${TEST_LINKS})
+  add_test(NAME ${name} COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/desktop.py
+    ${TEST_WITH} -- $<TARGET_FILE:${name}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 180 LABELS desktop)
+endfunction()

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+
+class QWindow;
+
+/// The application in front, and the way back to it. Owned by Platform; used from the main
+/// thread.
+class FrontApplication : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// After this the target is given up: nobody keeps a person waiting longer for a paste.
+    static constexpr std::chrono::milliseconds kReturnLimit{500};
+
+    using QObject::QObject;
+
+    /// Name of the application in front (ApplicationNames), our own included; the last known name
+    /// while none is, else the empty text.
+    virtual QString applicationName() const = 0;
+
+    /// Remembers the window in front as the one to return to. While one of our own windows is in
+    /// front the earlier target stays.
+    virtual void rememberTarget() = 0;
+
+    /// Waits until the remembered window is active and has the keyboard again, asking the window
+    /// manager for it if it does not come back by itself. Call after our windows were hidden. True
+    /// when it is back (or when nothing had ever taken its place), false when it is gone, there is
+    /// none, or `limit` has passed. The one bounded wait for another program on the main thread.
+    [[nodiscard]] virtual bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) = 0;
+
+    /// Makes one of our own windows the active one although another application is in front, in
+    /// the name of the user's last key press. `window` must be visible.
+    virtual void activate(QWindow *window) = 0;
+};

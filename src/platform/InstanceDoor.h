@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+/// The way in for other programs and for a second start: there is never a second instance. Owned
+/// by main, made before anything else of the application.
+class InstanceDoor : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Entry {
+        First,      ///< We are the instance.
+        Forwarded,  ///< Another instance runs and has taken the action; leave quietly.
+        Unreachable ///< Another instance holds the lock but did not answer; leave with a message.
+    };
+
+    using QObject::QObject;
+
+    /// Becomes the instance, or hands `action` (empty: activate) to the one that runs.
+    virtual Entry enter(const QString &action) = 0;
+
+    /// From now on calls from outside are delivered; those that came earlier follow first.
+    virtual void open() = 0;
+
+Q_SIGNALS:
+    void activated(const QString &activationToken);
+    /// One of "launch", "swop", "preferences", "clear-all", "quit".
+    void actionRequested(const QString &action, const QString &activationToken);
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// Types into the application in front. Owned by Platform; used from the main thread.
+///
+/// What the user still holds (the hot key's own modifiers, Shift of Shift-Return) is released
+/// before the keystroke and never pressed again: the user's own release follows. In a terminal,
+/// where the usual keystrokes mean something else, the adapter does what copies and pastes there.
+class KeySender
+{
+public:
+    KeySender() = default;
+    KeySender(const KeySender &) = delete;
+    KeySender &operator=(const KeySender &) = delete;
+    virtual ~KeySender() = default;
+
+    /// Whether keystrokes can be sent at all on this display.
+    virtual bool isAvailable() const = 0;
+
+    /// Sends the desktop's copy or paste keystroke: `keyCode` is the virtual key C or V, combined
+    /// with the modifier that the desktop uses for commands. Returns once the display server has
+    /// taken the events. False when they could not be sent.
+    [[nodiscard]] virtual bool sendCommand(quint32 keyCode) = 0;
+};

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What somebody put on the pasteboard, as it stood when its change was published. Buffers are
+/// implicitly shared, so a copy of this value is cheap however large the text.
+struct PasteboardContents
+{
+    /// The change that brought these contents; 0 only for a pasteboard nobody ever wrote.
+    qint64 changeCount = 0;
+    /// The formats the owner offered, by their native names; for diagnosis only.
+    QStringList types;
+    /// The plain text; absent when none was offered, when it did not arrive whole, or when it is
+    /// larger than can be of use (see `isTextTooLarge`).
+    std::optional<QString> text;
+    /// The RTF source; absent when none was offered or it did not arrive whole.
+    std::optional<QString> rtf;
+    /// Absolute paths of copied files, in the owner's order; empty for a text copy.
+    QStringList fileNames;
+    /// Name of the application in front when the change happened, by the rule of
+    /// ApplicationNames; the empty text when it could not be told.
+    QString applicationName;
+    /// Reading stopped because the text passed the size set with setLargestUsefulText.
+    bool isTextTooLarge = false;
+    /// False when a conversion was refused, stalled or timed out, so that a format is missing.
+    bool isComplete = true;
+    /// The owner marked the copy as a secret. Such contents are never fetched: every format above
+    /// is absent.
+    bool isConcealed = false;
+    /// Written through this pasteboard's own write().
+    bool isOwnWrite = false;
+};
+
+/// What to put on the pasteboard. Absent formats are not offered.
+struct PasteboardItem
+{
+    std::optional<QString> text;
+    std::optional<QString> rtf;
+    /// Absolute paths; a file item without `text` offers its paths' file names as text.
+    QStringList fileNames;
+};
+
+/// The system pasteboard with the semantics of a pasteboard server: it counts changes, keeps
+/// contents after their owner exits, and answers at once whatever the main thread does. Owned by
+/// Platform; used from the main thread only. No operation blocks on another program, except
+/// write(), which waits for the display server to confirm ownership (below a millisecond).
+///
+/// Changes of other clients are kept, in order, until they are judged, so none is lost between
+/// two looks; of own writes only the latest is kept. Ownership is never taken because something
+/// was copied: only to write, and to keep serving what a dead owner left behind.
+class Pasteboard : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Judgement {
+        Keep,   ///< May be served on after its owner's death.
+        Discard ///< Forget it: neither kept in memory nor served after its owner's death.
+    };
+
+    using QObject::QObject;
+
+    /// Rises by one with each change, once its contents are published. Existing contents at start
+    /// are change 1.
+    virtual qint64 changeCount() const = 0;
+
+    /// The changes after `changeCount` that were not judged yet, oldest first.
+    virtual QList<PasteboardContents> changesAfter(qint64 changeCount) const = 0;
+
+    /// The current contents; absent when the pasteboard is empty or its contents were discarded.
+    virtual std::optional<PasteboardContents> contents() const = 0;
+
+    /// Says what may become of a change after it was examined. A change number that is no longer
+    /// known is ignored.
+    virtual void judge(qint64 changeCount, Judgement judgement) = 0;
+
+    /// Size in bytes of UTF-8 beyond which a text is of no use to the caller. Reading a larger one
+    /// stops early and publishes it with `isTextTooLarge`.
+    virtual void setLargestUsefulText(qint64 bytes) = 0;
+
+    /// Replaces the contents and becomes the owner. The change count has risen when it returns.
+    /// False when the display server did not confirm the ownership; nothing has changed then.
+    [[nodiscard]] virtual bool write(const PasteboardItem &item) = 0;
+
+    /// Empties the pasteboard; nothing is served or adopted until somebody copies again.
+    virtual void clear() = 0;
+
+    /// Hands the contents to another clipboard manager if there is one, then stops serving.
+    /// Called once, at quit; bounded in time.
+    virtual void shutDown() = 0;
+
+Q_SIGNALS:
+    /// Another client's change was published. Own writes do not emit it.
+    void changed(qint64 changeCount);
+};

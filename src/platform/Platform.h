@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/ApplicationNames.h"
+#include "platform/Clock.h"
+#include "platform/FrontApplication.h"
+#include "platform/HotKeys.h"
+#include "platform/KeySender.h"
+#include "platform/KeyboardLayout.h"
+#include "platform/Notifications.h"
+#include "platform/Pasteboard.h"
+#include "platform/SettingsStore.h"
+#include "platform/StatusBar.h"
+#include "platform/WindowSpace.h"
+#include "platform/Workspace.h"
+
+#include <memory>
+
+/// Everything the application wants of the desktop, one object a capability. Owned by main and
+/// outlives every other object. A capability that a desktop lacks is an object that says so,
+/// never a null pointer. Later members may use earlier ones, so they go first.
+struct Platform
+{
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<SettingsStore> settings;
+    std::unique_ptr<ApplicationNames> applicationNames;
+    std::unique_ptr<Notifications> notifications;
+    std::unique_ptr<Workspace> workspace;
+    std::unique_ptr<WindowSpace> windowSpace;
+    std::unique_ptr<KeyboardLayout> keyboardLayout;
+    std::unique_ptr<HotKeys> hotKeys;
+    std::unique_ptr<FrontApplication> frontApplication;
+    std::unique_ptr<Pasteboard> pasteboard;
+    std::unique_ptr<KeySender> keySender;
+    std::unique_ptr<StatusBar> statusBar;
+};

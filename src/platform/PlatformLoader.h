@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/InstanceDoor.h"
+#include "platform/Platform.h"
+
+#include <memory>
+#include <optional>
+
+/// Chooses and builds the adapters for the display at hand: the only place that names them.
+namespace PlatformLoader {
+
+/// Settles, before the application object is made, which display system Qt uses. A message when
+/// there is none that Quillmarsh can work on; nothing can be built then.
+std::optional<QString> chooseDisplay();
+
+std::unique_ptr<InstanceDoor> makeDoor();
+
+std::unique_ptr<Platform> makePlatform();
+
+} // namespace PlatformLoader

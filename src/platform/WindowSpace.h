@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QRect>
+
+#include <optional>
+
+class QScreen;
+class QWindow;
+
+/// Where windows may stand and how they are composed. Owned by Platform; used from the main
+/// thread. Points are device-independent.
+class WindowSpace : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The pointer in Qt's virtual desktop coordinates; absent where a desktop does not tell.
+    virtual std::optional<QPoint> pointerPosition() const = 0;
+
+    /// The part of `screen` that panels leave free.
+    virtual QRect visibleFrame(const QScreen &screen) const = 0;
+
+    /// Whether translucent windows are composed with what lies behind them. Without it a
+    /// translucent pixel is black.
+    virtual bool isCompositing() const = 0;
+
+    /// Called once for each window of the history kind before it is first shown: keeps it out of
+    /// task bar, pager and window switcher.
+    virtual void prepareUtilityWindow(QWindow *window) = 0;
+
+Q_SIGNALS:
+    void isCompositingChanged(bool isCompositing);
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+
+#include <map>
+#include <set>
+#include <utility>
+
+/// Hot keys within the process. Tests press and release combinations, and take some for another
+/// program with holdElsewhere().
+class MemoryHotKeys : public HotKeys
+{
+    Q_OBJECT
+
+public:
+    using Combination = std::pair<quint32, quint32>; ///< Virtual key code, Carbon modifiers.
+
+    using HotKeys::HotKeys;
+
+    /// Reports a press of the combination to every id registered for it.
+    void press(quint32 keyCode, quint32 carbonModifiers) { report(keyCode, carbonModifiers, true); }
+    void release(quint32 keyCode, quint32 carbonModifiers)
+    {
+        report(keyCode, carbonModifiers, false);
+    }
+    /// The combination belongs to another program from now on.
+    void holdElsewhere(quint32 keyCode, quint32 carbonModifiers)
+    {
+        m_heldElsewhere.insert({keyCode, carbonModifiers});
+    }
+    /// The ids registered for a combination.
+    std::vector<HotKeyId> idsOf(quint32 keyCode, quint32 carbonModifiers) const;
+    bool isSuspended() const { return m_isSuspended; }
+
+    // ^HotKeys
+    bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
+    void unregisterHotKey(HotKeyId id) override { m_registrations.erase(id); }
+    bool isAvailable(quint32 keyCode, quint32 carbonModifiers) override;
+    void setSuspended(bool isSuspended) override { m_isSuspended = isSuspended; }
+
+private:
+    void report(quint32 keyCode, quint32 carbonModifiers, bool isPress);
+
+    std::map<HotKeyId, Combination> m_registrations;
+    std::set<Combination> m_heldElsewhere;
+    bool m_isSuspended = false;
+};

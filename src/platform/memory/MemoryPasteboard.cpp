@@ -1,0 +1,71 @@
+#include "platform/memory/MemoryPasteboard.h"
+
+#include <QFileInfo>
+
+void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
+{
+    contents.changeCount = m_changeCount + 1;
+    contents.isOwnWrite = false;
+    if (contents.isConcealed) {
+        contents.text.reset();
+        contents.rtf.reset();
+        contents.fileNames.clear();
+    }
+    if (contents.text && contents.text->toUtf8().size() > m_largestUsefulText) {
+        contents.text.reset();
+        contents.isTextTooLarge = true;
+    }
+    m_contents = contents;
+    m_unjudged.append(contents);
+    m_changeCount = contents.changeCount;
+    Q_EMIT changed(m_changeCount);
+}
+
+QList<PasteboardContents> MemoryPasteboard::changesAfter(qint64 changeCount) const
+{
+    QList<PasteboardContents> later;
+    for (const PasteboardContents &contents : m_unjudged) {
+        if (contents.changeCount > changeCount)
+            later.append(contents);
+    }
+    return later;
+}
+
+void MemoryPasteboard::judge(qint64 changeCount, Judgement judgement)
+{
+    m_judgements.append({changeCount, judgement});
+    m_unjudged.removeIf(
+        [&](const PasteboardContents &contents) { return contents.changeCount == changeCount; });
+    if (judgement == Judgement::Discard && m_contents && m_contents->changeCount == changeCount)
+        m_contents.reset();
+}
+
+bool MemoryPasteboard::write(const PasteboardItem &item)
+{
+    if (m_writeFails)
+        return false;
+    PasteboardContents contents;
+    contents.changeCount = m_changeCount + 1;
+    contents.text = item.text;
+    contents.rtf = item.rtf;
+    contents.fileNames = item.fileNames;
+    contents.isOwnWrite = true;
+    if (!contents.text && !item.fileNames.isEmpty()) {
+        QStringList names;
+        for (const QString &path : item.fileNames)
+            names.append(QFileInfo(path).fileName());
+        contents.text = names.join(u'\n');
+    }
+    m_unjudged.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
+    m_unjudged.append(contents);
+    m_contents = contents;
+    m_writes.append(item);
+    m_changeCount = contents.changeCount;
+    return true;
+}
+
+void MemoryPasteboard::clear()
+{
+    m_contents.reset();
+    ++m_changeCount;
+}

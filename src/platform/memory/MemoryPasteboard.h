@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+/// A pasteboard within the process. Tests copy as another client with copyFromOutside() and read
+/// what was written with contents().
+class MemoryPasteboard : public Pasteboard
+{
+    Q_OBJECT
+
+public:
+    using Pasteboard::Pasteboard;
+
+    /// A change by another client; `changeCount` and `isOwnWrite` are filled in. Emits changed()
+    /// at once. A text beyond the largest useful size arrives as too large, a concealed copy
+    /// arrives empty.
+    void copyFromOutside(PasteboardContents contents);
+
+    /// From now on write() is refused.
+    void setWriteFails(bool fails) { m_writeFails = fails; }
+
+    qint64 largestUsefulText() const { return m_largestUsefulText; }
+    /// Change counts judged so far, each with the judgement it got.
+    const QList<std::pair<qint64, Judgement>> &judgements() const { return m_judgements; }
+    /// Texts written through write(), oldest first.
+    const QList<PasteboardItem> &writes() const { return m_writes; }
+
+    // ^Pasteboard
+    qint64 changeCount() const override { return m_changeCount; }
+    QList<PasteboardContents> changesAfter(qint64 changeCount) const override;
+    std::optional<PasteboardContents> contents() const override { return m_contents; }
+    void judge(qint64 changeCount, Judgement judgement) override;
+    void setLargestUsefulText(qint64 bytes) override { m_largestUsefulText = bytes; }
+    bool write(const PasteboardItem &item) override;
+    void clear() override;
+    void shutDown() override {}
+
+private:
+    qint64 m_changeCount = 0;
+    qint64 m_largestUsefulText = 64 * 1024 * 1024;
+    bool m_writeFails = false;
+    std::optional<PasteboardContents> m_contents;
+    QList<PasteboardContents> m_unjudged;
+    QList<std::pair<qint64, Judgement>> m_judgements;
+    QList<PasteboardItem> m_writes;
+};

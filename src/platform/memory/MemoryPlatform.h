@@ -1,0 +1,213 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/memory/MemoryHotKeys.h"
+#include "platform/memory/MemoryPasteboard.h"
+#include "platform/memory/MemorySettingsStore.h"
+
+#include <QMap>
+#include <QPointer>
+#include <QSet>
+#include <QTimeZone>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+/// A clock that stands still until it is told to move, and counts its waits instead of waiting.
+class MemoryClock : public Clock
+{
+public:
+    /// Moves the present forward.
+    void advance(std::chrono::milliseconds duration) { m_now = m_now.addMSecs(duration.count()); }
+    /// Runs during each wait(), as the other programs do.
+    void setDuringWait(std::function<void()> task) { m_duringWait = std::move(task); }
+    const QList<std::chrono::milliseconds> &waits() const { return m_waits; }
+
+    // ^Clock
+    QDateTime now() const override { return m_now; }
+    void wait(std::chrono::milliseconds duration) override;
+
+private:
+    QDateTime m_now = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), QTimeZone::utc());
+    QList<std::chrono::milliseconds> m_waits;
+    std::function<void()> m_duringWait;
+};
+
+/// Keeps the virtual keys sent, and runs a reaction to each, as the application in front would.
+class MemoryKeySender : public KeySender
+{
+public:
+    void setAvailable(bool isAvailable) { m_isAvailable = isAvailable; }
+    void setReaction(std::function<void(quint32)> reaction) { m_reaction = std::move(reaction); }
+    const QList<quint32> &sent() const { return m_sent; }
+
+    // ^KeySender
+    bool isAvailable() const override { return m_isAvailable; }
+    bool sendCommand(quint32 keyCode) override;
+
+private:
+    bool m_isAvailable = true;
+    QList<quint32> m_sent;
+    std::function<void(quint32)> m_reaction;
+};
+
+class MemoryFrontApplication : public FrontApplication
+{
+    Q_OBJECT
+
+public:
+    using FrontApplication::FrontApplication;
+
+    void setApplicationName(const QString &name) { m_name = name; }
+    /// Whether returnToTarget() will find its way back.
+    void setReturns(bool returns) { m_returns = returns; }
+    int rememberCount() const { return m_rememberCount; }
+    QWindow *activatedWindow() const { return m_activated; }
+
+    // ^FrontApplication
+    QString applicationName() const override { return m_name; }
+    void rememberTarget() override { ++m_rememberCount; }
+    bool returnToTarget(std::chrono::milliseconds) override { return m_returns; }
+    void activate(QWindow *window) override;
+
+private:
+    QString m_name;
+    bool m_returns = true;
+    int m_rememberCount = 0;
+    QPointer<QWindow> m_activated;
+};
+
+class MemoryNotifications : public Notifications
+{
+public:
+    /// Title and subtitle of each, oldest first.
+    const QList<std::pair<QString, QString>> &delivered() const { return m_delivered; }
+
+    // ^Notifications
+    void deliver(const QString &title, const QString &subtitle) override
+    {
+        m_delivered.append({title, subtitle});
+    }
+
+private:
+    QList<std::pair<QString, QString>> m_delivered;
+};
+
+class MemoryWorkspace : public Workspace
+{
+public:
+    /// Only files added here exist.
+    void addFile(const QString &path) { m_files.insert(path); }
+    void removeFile(const QString &path) { m_files.remove(path); }
+    const QStringList &opened() const { return m_opened; }
+    const QList<std::pair<QString, QString>> &selected() const { return m_selected; }
+
+    // ^Workspace
+    bool fileExists(const QString &path) override { return m_files.contains(path); }
+    void askFileExists(const QString &path, QObject *context,
+                       std::function<void(bool)> answer) override;
+    bool openFile(const QString &path) override;
+    bool openUrl(const QUrl &url) override;
+    void selectFile(const QString &path, const QString &folder) override
+    {
+        m_selected.append({path, folder});
+    }
+    QIcon iconForFile(const QString &) override { return {}; }
+
+private:
+    QSet<QString> m_files;
+    QStringList m_opened;
+    QList<std::pair<QString, QString>> m_selected;
+};
+
+class MemoryWindowSpace : public WindowSpace
+{
+    Q_OBJECT
+
+public:
+    using WindowSpace::WindowSpace;
+
+    void setPointerPosition(std::optional<QPoint> position) { m_pointer = position; }
+    /// Overrides the visible frame of every screen.
+    void setVisibleFrame(const QRect &frame) { m_visibleFrame = frame; }
+    void setCompositing(bool isCompositing);
+
+    // ^WindowSpace
+    std::optional<QPoint> pointerPosition() const override { return m_pointer; }
+    QRect visibleFrame(const QScreen &screen) const override;
+    bool isCompositing() const override { return m_isCompositing; }
+    void prepareUtilityWindow(QWindow *) override {}
+
+private:
+    std::optional<QPoint> m_pointer = QPoint(1, 1);
+    std::optional<QRect> m_visibleFrame;
+    bool m_isCompositing = true;
+};
+
+/// A US keyboard unless names are set.
+class MemoryKeyboardLayout : public KeyboardLayout
+{
+    Q_OBJECT
+
+public:
+    using KeyboardLayout::KeyboardLayout;
+
+    /// What a key gives from now on, with and without modifiers; emits changed().
+    void setName(quint32 keyCode, const QString &name);
+
+    // ^KeyboardLayout
+    QString asciiCapableName(quint32 keyCode) const override;
+    QString characters(quint32 keyCode, quint32 carbonModifiers) const override;
+
+private:
+    QMap<quint32, QString> m_names;
+};
+
+class MemoryStatusBar : public StatusBar
+{
+    Q_OBJECT
+
+public:
+    using StatusBar::StatusBar;
+
+    QMenu *menu() const { return m_menu; }
+    QString toolTip() const { return m_toolTip; }
+
+    // ^StatusBar
+    void showItem(const QIcon &icon, const QString &toolTip, QMenu *menu) override;
+    bool isItemVisible() const override { return m_menu != nullptr; }
+
+private:
+    QMenu *m_menu = nullptr;
+    QString m_toolTip;
+};
+
+class MemoryApplicationNames : public ApplicationNames
+{
+public:
+    // ^ApplicationNames
+    ApplicationIdentity identify(const WindowIdentity &window) const override
+    {
+        return {window.resourceClass, false};
+    }
+};
+
+/// A whole platform of fakes. The references stay valid while `platform` lives.
+struct MemoryPlatform
+{
+    MemoryPlatform();
+
+    Platform platform;
+    MemoryClock &clock;
+    MemorySettingsStore &settings;
+    MemoryNotifications &notifications;
+    MemoryWorkspace &workspace;
+    MemoryWindowSpace &windowSpace;
+    MemoryKeyboardLayout &keyboardLayout;
+    MemoryHotKeys &hotKeys;
+    MemoryFrontApplication &frontApplication;
+    MemoryPasteboard &pasteboard;
+    MemoryKeySender &keySender;
+    MemoryStatusBar &statusBar;
+};
