@@ -1,0 +1,151 @@
+#pragma once
+
+#include "platform/Info.h"
+#include "platform/Platform.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class CCNPreferencesWindowController;
+class ClipHistory;
+class ClipItem;
+class ClipPaster;
+class ClipboardCapture;
+class ClipboardWindow;
+class HotKeyManager;
+class PreferencesApplicationViewController;
+class PreferencesGeneralViewController;
+class QTimer;
+class StatusMenu;
+class SwopState;
+class ViewController;
+class WindowDelegate;
+
+/// The one long-lived owner: builds the rooms' objects in their order, keeps them until the
+/// application quits, and forwards what menus, shortcuts and windows ask for. Owned by main;
+/// main thread only.
+class AppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Creates the members; nothing is shown, read or recorded yet. `storeFolder` holds the
+    /// history; `platform` must outlive this object. The process-wide shortcut singletons use its
+    /// hot keys and settings from now on.
+    AppDelegate(Platform &platform, Info info, const QString &storeFolder);
+    ~AppDelegate() override;
+
+    /// The start-up sequence, run once by the event loop's first turn.
+    void applicationDidFinishLaunching();
+    /// Saves what is unsaved. Runs once, whatever ended the application.
+    void applicationWillTerminate();
+
+    Platform &platform() const { return m_platform; }
+    const Info &info() const { return m_info; }
+    QString appName() const { return QStringLiteral("Quillmarsh"); }
+
+    /// Writes to the log while trace is on.
+    void logTrace(const QString &message) const;
+    bool trace() const { return m_trace; }
+    void setTrace(bool isOn) { m_trace = isOn; }
+
+    // Status menu and global shortcuts
+    /// Opens the history window; while it is open, steps to the next clip. The first-run welcome
+    /// goes first.
+    void launch();
+    /// Exchanges the front application's selection with a clip that the user picks.
+    void swop();
+    void openPreferences();
+    void clearAll();
+    void help();
+    void quit();
+    /// Does nothing until there is an updater.
+    void checkForUpdates();
+    /// Does nothing until there is a feedback dialog.
+    void showFeedbackDialog();
+
+    // First run
+    /// True when the welcome took the open shortcut, so that the history must not open. There is
+    /// no welcome yet: false.
+    bool handleWelcomeWindow();
+
+    // History window
+    void setWindowVisible();
+    /// Closes the history window.
+    void hide();
+    /// Sends the history window its cancel operation and gives the front back to the previous
+    /// application.
+    void hideApp();
+    /// The clip at the table's selected index; none when the index is outside the list.
+    std::shared_ptr<ClipItem> getSelectedItem() const;
+    /// Opens the selected clip's file after closing the history window; nothing when it is gone.
+    void openFile();
+    /// Shows the selected clip's file in a file browser; the history window stays open.
+    void revealInFinder();
+    /// The history window was closed by its user, not by a paste: ends a swop under way.
+    void windowClosedWithoutChoice();
+
+    // Clips
+    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const;
+    /// Replaces the list by the clips that match; an absent text leaves it as it is.
+    void filterClipItemArr(const std::optional<QString> &searchText);
+    void deleteItem(const std::shared_ptr<ClipItem> &item);
+    /// Pastes the clip at `row`, as it is or in "upper" or "lower" case. A negative row ends a
+    /// swop without a paste.
+    void performPaste(int row, const std::optional<QString> &format);
+    /// Shrinks the history to at most `maxItems` clips.
+    void maxItemsModified(qint64 maxItems);
+    /// Puts a text of our own on the pasteboard; capture records it like any copy.
+    void setPasteboardString(const QString &text, const std::optional<QString> &rtf);
+
+    /// Adds the application to the session's login items or takes it out.
+    void launchAtStartup(bool isOn);
+
+    ClipHistory &history() const { return *m_history; }
+    ViewController *viewController() const { return m_viewController; }
+    ClipboardWindow *window() const { return m_window; }
+    CCNPreferencesWindowController *preferences() const { return m_preferences.get(); }
+    PreferencesGeneralViewController &generalPane() const { return *m_preferencesGeneral; }
+    PreferencesApplicationViewController &applicationPane() const
+    {
+        return *m_preferencesApplication;
+    }
+    StatusMenu &statusMenu() const { return *m_statusMenu; }
+
+Q_SIGNALS:
+    /// The list has changed by a load, a search or a deletion; rows told before are out of date.
+    void clipItemArrChanged();
+
+private:
+    class LiveSettings;
+    class PasteWindow;
+
+    void timeout();
+    void initStatusBar();
+    void askAboutDamagedSettings();
+
+    Platform &m_platform;
+    const Info m_info;
+    bool m_trace = false;
+    bool m_hasTerminated = false;
+
+    std::unique_ptr<PreferencesApplicationViewController> m_preferencesApplication;
+    std::unique_ptr<PreferencesGeneralViewController> m_preferencesGeneral;
+    std::unique_ptr<LiveSettings> m_liveSettings;
+    std::unique_ptr<PasteWindow> m_pasteWindow;
+    std::unique_ptr<HotKeyManager> m_hotKeyManager;
+    std::unique_ptr<ClipHistory> m_history;
+    std::unique_ptr<SwopState> m_swopState;
+    std::unique_ptr<ClipboardCapture> m_capture;
+    std::unique_ptr<ClipPaster> m_paster;
+    std::unique_ptr<StatusMenu> m_statusMenu;
+    std::unique_ptr<QTimer> m_timer;
+    std::unique_ptr<WindowDelegate> m_windowController;
+    ClipboardWindow *m_window = nullptr;        ///< The window controller's.
+    ViewController *m_viewController = nullptr; ///< The window's content controller.
+    std::unique_ptr<CCNPreferencesWindowController> m_preferences;
+};
