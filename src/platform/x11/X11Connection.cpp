@@ -1,0 +1,61 @@
+#include "platform/x11/X11Connection.h"
+
+#include <cstring>
+#include <vector>
+
+X11Connection::X11Connection() : m_connection(xcb_connect(nullptr, &m_screenNumber))
+{
+    if (isBroken())
+        return;
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
+    for (int i = 0; i < m_screenNumber && screens.rem > 1; ++i)
+        xcb_screen_next(&screens);
+    m_root = screens.data->root;
+}
+
+X11Connection::~X11Connection()
+{
+    xcb_disconnect(m_connection);
+}
+
+QByteArray X11Connection::property(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+{
+    constexpr uint32_t kWholeValue = 0x1FFFFFFF; // in units of four bytes
+    const auto cookie = xcb_get_property(m_connection, 0, window, property, type, 0, kWholeValue);
+    const XcbPointer<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(m_connection, cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char *>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+quint32 X11Connection::firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+{
+    const QByteArray value = this->property(window, property, type);
+    quint32 first = 0;
+    if (value.size() >= qsizetype(sizeof first))
+        std::memcpy(&first, value.constData(), sizeof first);
+    return first;
+}
+
+void X11Connection::roundTrip() const
+{
+    const XcbPointer<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+}
+
+void X11Connection::internAtoms(const char *const *names, xcb_atom_t *atoms,
+                                std::size_t count) const
+{
+    std::vector<xcb_intern_atom_cookie_t> cookies;
+    cookies.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        cookies.push_back(
+            xcb_intern_atom(m_connection, 0, uint16_t(std::strlen(names[i])), names[i]));
+    for (std::size_t i = 0; i < count; ++i) {
+        const XcbPointer<xcb_intern_atom_reply_t> reply(
+            xcb_intern_atom_reply(m_connection, cookies[i], nullptr));
+        atoms[i] = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    }
+}
