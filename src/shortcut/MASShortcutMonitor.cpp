@@ -1,0 +1,76 @@
+#include "shortcut/MASShortcutMonitor.h"
+
+#include <utility>
+
+namespace {
+
+// Never destroyed: its actions may hold what must not outlive the application object.
+MASShortcutMonitor *g_sharedMonitor = nullptr;
+
+} // namespace
+
+MASShortcutMonitor::MASShortcutMonitor(HotKeys &hotKeys, QObject *parent)
+    : QObject(parent), m_service(&hotKeys)
+{
+    connect(&hotKeys, &HotKeys::pressed, this, &MASShortcutMonitor::handleEvent);
+}
+
+MASShortcutMonitor::~MASShortcutMonitor() = default;
+
+void MASShortcutMonitor::connectShared(HotKeys &hotKeys)
+{
+    delete std::exchange(g_sharedMonitor, new MASShortcutMonitor(hotKeys));
+}
+
+MASShortcutMonitor *MASShortcutMonitor::sharedMonitor()
+{
+    return g_sharedMonitor;
+}
+
+bool MASShortcutMonitor::registerShortcut(const MASShortcut &shortcut, std::function<void()> action)
+{
+    HotKeys *const service = m_service;
+    if (!service)
+        return false;
+    auto hotKey = MASHotKey::registeredHotKeyWithShortcut(*service, shortcut);
+    if (!hotKey)
+        return false;
+    hotKey->setAction(std::move(action));
+    m_hotKeys.insert_or_assign(shortcut, std::move(hotKey));
+    return true;
+}
+
+void MASShortcutMonitor::unregisterShortcut(const std::optional<MASShortcut> &shortcut)
+{
+    if (shortcut)
+        m_hotKeys.erase(*shortcut);
+}
+
+void MASShortcutMonitor::unregisterAllShortcuts()
+{
+    m_hotKeys.clear();
+}
+
+bool MASShortcutMonitor::isShortcutRegistered(const MASShortcut &shortcut) const
+{
+    return m_hotKeys.contains(shortcut);
+}
+
+void MASShortcutMonitor::setSuspended(bool isSuspended)
+{
+    if (HotKeys *const service = m_service)
+        service->setSuspended(isSuspended);
+}
+
+void MASShortcutMonitor::handleEvent(const HotKeyEvent &event)
+{
+    if (event.id.signature != MASHotKey::kSignature)
+        return;
+    for (const auto &[shortcut, hotKey] : m_hotKeys) {
+        if (hotKey->carbonID() != event.id.id)
+            continue;
+        if (hotKey->action())
+            QMetaObject::invokeMethod(this, hotKey->action(), Qt::QueuedConnection);
+        return;
+    }
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "shortcut/MASHotKey.h"
+#include "shortcut/MASShortcut.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+
+/// Runs an action when a shortcut is pressed, whatever program has the keyboard. Holds one hot key
+/// for each registered shortcut. The application uses the shared one; a test makes its own. Used
+/// from the main thread.
+class MASShortcutMonitor : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `hotKeys` is not owned; nothing can be registered any more when it goes.
+    explicit MASShortcutMonitor(HotKeys &hotKeys, QObject *parent = nullptr);
+    ~MASShortcutMonitor() override;
+
+    /// Makes the shared monitor on a hot-key service: once, at the start of the program.
+    static void connectShared(HotKeys &hotKeys);
+    /// Null until it is connected.
+    static MASShortcutMonitor *sharedMonitor();
+
+    /// Registers the shortcut, in place of an earlier registration of an equal one. False when the
+    /// hot-key service refuses it; nothing has changed then. The action is queued on the event
+    /// loop at each press.
+    [[nodiscard]] bool registerShortcut(const MASShortcut &shortcut, std::function<void()> action);
+
+    /// No shortcut, or one that is not registered, is ignored.
+    void unregisterShortcut(const std::optional<MASShortcut> &shortcut);
+    void unregisterAllShortcuts();
+    bool isShortcutRegistered(const MASShortcut &shortcut) const;
+
+    /// Holds all hot keys back while a recorder records, and puts them back.
+    void setSuspended(bool isSuspended);
+
+private:
+    struct Hash
+    {
+        size_t operator()(const MASShortcut &shortcut) const { return shortcut.hash(); }
+    };
+
+    void handleEvent(const HotKeyEvent &event);
+
+    QPointer<HotKeys> m_service;
+    std::unordered_map<MASShortcut, std::unique_ptr<MASHotKey>, Hash> m_hotKeys;
+};

@@ -1,0 +1,3 @@
+#include "shortcut/ShortcutLog.h"
+
+Q_LOGGING_CATEGORY(shortcutLog, "quillmarsh.shortcut")
