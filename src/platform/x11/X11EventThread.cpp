@@ -4,12 +4,20 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <future>
 #include <memory>
 #include <utility>
 
-X11EventThread::X11EventThread(const X11Connection &connection, Handler handler)
-    : m_connection(connection), m_handler(std::move(handler)),
+namespace {
+
+// Between two looks at the tasks, so that a client which floods us delays no task.
+constexpr int kEventsAtOnce = 64;
+
+} // namespace
+
+X11EventThread::X11EventThread(const X11Connection &connection, Handler handler, Hooks hooks)
+    : m_connection(connection), m_handler(std::move(handler)), m_hooks(std::move(hooks)),
       m_wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_thread([this] { loop(); })
 {
 }
@@ -55,24 +63,50 @@ bool X11EventThread::run(const Task &task)
 
 void X11EventThread::loop()
 {
-    pollfd waits[] = {{xcb_get_file_descriptor(m_connection.get()), POLLIN, 0},
-                      {m_wakeUp, POLLIN, 0}};
     while (!m_connection.isBroken()) {
         // Both, always: a reply that a task waited for may have brought events along, for which
         // the descriptor will not wake us again.
-        const bool hasWorked = runTasks() | handleEvents();
+        bool hasWorked = runTasks() | handleEvents();
         {
             const std::lock_guard lock(m_mutex);
             if (m_isEnding && m_tasks.empty())
                 return;
         }
+        std::optional<TimePoint> deadline;
+        if (m_hooks.keepDeadlines)
+            deadline = m_hooks.keepDeadlines(std::chrono::steady_clock::now());
         xcb_flush(m_connection.get());
-        if (hasWorked)
-            continue;
-        poll(waits, std::size(waits), -1);
-        eventfd_t count = 0;
-        eventfd_read(m_wakeUp, &count);
+        // So may the flush and the keeping of deadlines.
+        if (const XcbPointer<xcb_generic_event_t> event{
+                xcb_poll_for_queued_event(m_connection.get())}) {
+            m_handler(*event);
+            hasWorked = true;
+        }
+        if (!hasWorked)
+            sleep(deadline);
     }
+    if (m_hooks.handleLoss)
+        m_hooks.handleLoss();
+    dropTasks();
+}
+
+void X11EventThread::sleep(std::optional<TimePoint> deadline) const
+{
+    int milliseconds = -1;
+    if (deadline) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+            *deadline - std::chrono::steady_clock::now());
+        milliseconds = static_cast<int>(std::clamp<qint64>(left.count(), 0, 60'000));
+    }
+    pollfd waits[] = {{xcb_get_file_descriptor(m_connection.get()), POLLIN, 0},
+                      {m_wakeUp, POLLIN, 0}};
+    poll(waits, std::size(waits), milliseconds);
+    eventfd_t count = 0;
+    eventfd_read(m_wakeUp, &count);
+}
+
+void X11EventThread::dropTasks()
+{
     std::deque<Task> dropped;
     const std::lock_guard lock(m_mutex);
     m_isLost = true;
@@ -93,10 +127,11 @@ bool X11EventThread::runTasks()
 
 bool X11EventThread::handleEvents()
 {
-    bool hasAny = false;
-    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+    for (int i = 0; i < kEventsAtOnce; ++i) {
+        const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_event(m_connection.get()));
+        if (!event)
+            return i > 0;
         m_handler(*event);
-        hasAny = true;
     }
-    return hasAny;
+    return true;
 }

@@ -2,22 +2,36 @@
 
 #include "platform/x11/X11Connection.h"
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 /// A thread that reads one connection. It handles an event at a time, runs tasks given to it
-/// between two events, and sleeps otherwise. Owned by an adapter, declared after everything that
-/// its handler and tasks use, so that it ends first.
+/// between two events, keeps its adapter's deadlines, and sleeps otherwise. Owned by an adapter,
+/// declared after everything that its handler and tasks use, so that it ends first.
 class X11EventThread
 {
 public:
     using Handler = std::function<void(const xcb_generic_event_t &event)>;
     using Task = std::function<void()>;
+    using TimePoint = std::chrono::steady_clock::time_point;
+
+    /// What an adapter wants to be told besides its events; both run on the thread and may be
+    /// left out.
+    struct Hooks
+    {
+        /// Does what is due, and says when it must be asked again at the latest; absent: not
+        /// before there was an event or a task.
+        std::function<std::optional<TimePoint>(TimePoint now)> keepDeadlines;
+        /// The connection is lost. Told once; nothing runs on the thread afterwards.
+        Task handleLoss;
+    };
 
     /// `connection` must outlive the thread, and be used by nobody else while it runs.
-    X11EventThread(const X11Connection &connection, Handler handler);
+    X11EventThread(const X11Connection &connection, Handler handler, Hooks hooks = {});
     X11EventThread(const X11EventThread &) = delete;
     X11EventThread &operator=(const X11EventThread &) = delete;
     /// Runs the tasks given before, then ends the thread.
@@ -34,9 +48,12 @@ private:
     void loop();
     bool runTasks();
     bool handleEvents();
+    void sleep(std::optional<TimePoint> deadline) const;
+    void dropTasks();
 
     const X11Connection &m_connection;
     const Handler m_handler;
+    const Hooks m_hooks;
     const int m_wakeUp; ///< An eventfd.
     std::mutex m_mutex;
     std::deque<Task> m_tasks; ///< Guarded by m_mutex, as the two below.
