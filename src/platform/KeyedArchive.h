@@ -9,13 +9,17 @@
 #include <optional>
 
 /// One archived object: its class and its encoded fields. Fields hold qlonglong, quint64, double,
-/// bool, QString or QByteArray.
+/// bool, QString or QByteArray; integers that were read are always qlonglong.
 struct ArchivedObject
 {
     QString className;
     /// The class and its bases, most derived first, as `$classes` lists them.
     QStringList classes;
     QVariantMap fields;
+
+    /// Whether the object is of the class `name` or of one derived from it, with or without the
+    /// module's name before it ("Quillmarsh.ApplicationDef").
+    bool isKindOf(QStringView name) const;
 };
 
 /// The binary property list that keyed archivers write: `$version` 100000, `$archiver`
