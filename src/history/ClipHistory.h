@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class CaptureSettings;
+class ClipItem;
+class Clock;
+
+/// The history of clips: the list that the window shows, and every way to change it. Owned by the
+/// application delegate; main thread only. The list is the whole history, newest first, after a
+/// load, and a search's result after a search; rows and paste positions refer to it.
+class ClipHistory : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Opens the store in `storeFolder`, made when it does not exist. A store that cannot be opened
+    /// stops the process after a log line, and is left as it was.
+    ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings);
+    ~ClipHistory() override;
+
+    const std::vector<std::shared_ptr<ClipItem>> &clipItemArr() const { return m_clipItemArr; }
+    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const { return clipItemArr(); }
+
+    /// The newest clip at the last load; null when there was none. A deletion leaves it.
+    const std::shared_ptr<ClipItem> &lastClipItem() const { return m_lastClipItem; }
+
+    /// Makes the list the whole history again.
+    void loadClipItems();
+    /// Saves what is unsaved, if anything. What cannot be saved is logged, stays part of what is
+    /// read, and is tried again by the next save.
+    void saveContext();
+
+    /// Records one copy. A text equal to the latest clip's changes nothing; one that is in the
+    /// history already moves to the top; a full list loses its single oldest clip.
+    void addToClipList(const std::optional<QString> &strValue,
+                       const std::optional<QString> &rtfValue,
+                       const std::optional<QString> &applicationName,
+                       const std::optional<QString> &filepath);
+    static bool isNilOrEmpty(const std::optional<QString> &text);
+
+    void deleteItem(const std::shared_ptr<ClipItem> &item);
+    /// Deletes every clip of the list: while a search is shown, only what it found.
+    void clearAll();
+    /// Shrinks the list to at most `maxItems` clips by deleting its oldest.
+    void maxItemsModified(qint64 maxItems);
+
+    /// Makes the list the search's result; an absent text leaves it as it is.
+    void filterClipItemArr(const std::optional<QString> &searchText);
+    /// The clips whose text contains `searchText`, newest first, whatever the case. "*" in it
+    /// stands for any run of characters, "?" for any one; after "file:" only file clips are
+    /// looked at. The list stays as it is.
+    std::vector<std::shared_ptr<ClipItem>> searchClipItem(const QString &searchText);
+
+    /// Rebuilds the line that a list shows for the clip.
+    void setShortText(const std::shared_ptr<ClipItem> &item);
+
+    /// Counts one paste of the clip and saves.
+    void countPaste(const std::shared_ptr<ClipItem> &item);
+
+Q_SIGNALS:
+    /// The list has changed by a load, a search or a deletion; rows told before are out of date.
+    void clipItemArrChanged();
+
+private:
+    Clock &m_clock;
+    CaptureSettings &m_settings;
+    std::vector<std::shared_ptr<ClipItem>> m_all;
+    std::vector<std::shared_ptr<ClipItem>> m_clipItemArr;
+    std::shared_ptr<ClipItem> m_lastClipItem;
+};

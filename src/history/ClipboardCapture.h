@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class CaptureSettings;
+class ClipHistory;
+class Notifications;
+class Pasteboard;
+class SwopState;
+struct PasteboardContents;
+
+/// Turns pasteboard changes into clips. The application delegate owns it and calls timeout() once
+/// a second; the pasteboard's own change signal runs the same step at once. Each change of another
+/// client is examined exactly once and in order, whether it is recorded, ignored or refused; of
+/// our own writes the latest. Every examined change is judged, so that the pasteboard forgets what
+/// was ignored.
+class ClipboardCapture : public QObject
+{
+    Q_OBJECT
+
+public:
+    ClipboardCapture(Pasteboard &pasteboard, ClipHistory &history, Notifications &notifications,
+                     CaptureSettings &settings, SwopState &swopState);
+
+    /// Both run the capture step; nothing happens while paused.
+    void timeout();
+    void readFromPasteboard();
+
+    /// The change count already handled; 0 at first, so that the first step examines what the
+    /// pasteboard held before we started.
+    qint64 previousChangeCount() const { return m_previousChangeCount; }
+
+    /// While paused, changes wait: a paste must not see its own writes halfway.
+    void setPaused(bool isPaused) { m_isPaused = isPaused; }
+    bool isPaused() const { return m_isPaused; }
+
+private:
+    void tellLargestUsefulText();
+    void examine(const PasteboardContents &contents);
+    bool isIgnored(const PasteboardContents &contents) const;
+    void record(const PasteboardContents &contents);
+    bool isTooLarge(const PasteboardContents &contents) const;
+
+    Pasteboard &m_pasteboard;
+    ClipHistory &m_history;
+    Notifications &m_notifications;
+    CaptureSettings &m_settings;
+    SwopState &m_swopState;
+    qint64 m_previousChangeCount = 0;
+    qint64 m_toldLargestText = -1; ///< Bytes; -1 before the pasteboard was told any.
+    bool m_isPaused = false;
+};

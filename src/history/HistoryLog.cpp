@@ -1,0 +1,3 @@
+#include "history/HistoryLog.h"
+
+Q_LOGGING_CATEGORY(lcHistory, "quillmarsh.history")

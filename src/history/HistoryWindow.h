@@ -1,0 +1,22 @@
+#pragma once
+
+/// What a paste wants of the window that shows the history. Implemented above this room; nothing
+/// here blocks.
+class HistoryWindow
+{
+public:
+    HistoryWindow() = default;
+    HistoryWindow(const HistoryWindow &) = delete;
+    HistoryWindow &operator=(const HistoryWindow &) = delete;
+    virtual ~HistoryWindow() = default;
+
+    /// Hides every window of the application, so that the previous application comes back.
+    virtual void hideApp() = 0;
+
+    /// Orders the history window out.
+    virtual void cancelOperation() = 0;
+
+    /// Shows the history window on the pointer's screen and activates it, having remembered the
+    /// application in front as the target of the paste.
+    virtual void showAtMouse() = 0;
+};
