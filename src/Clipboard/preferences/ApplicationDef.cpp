@@ -1,0 +1,38 @@
+#include "Clipboard/preferences/ApplicationDef.h"
+
+namespace {
+
+// The module-qualified name that stored lists carry.
+QString archivedClassName()
+{
+    return QStringLiteral("Quillmarsh.ApplicationDef");
+}
+
+QString nameKey()
+{
+    return QStringLiteral("name");
+}
+
+QString pathKey()
+{
+    return QStringLiteral("path");
+}
+
+} // namespace
+
+ArchivedObject ApplicationDef::encode() const
+{
+    return {archivedClassName(),
+            {archivedClassName(), QStringLiteral("NSObject")},
+            {{nameKey(), name}, {pathKey(), path}}};
+}
+
+std::optional<ApplicationDef> ApplicationDef::decode(const ArchivedObject &object)
+{
+    const QVariant name = object.fields.value(nameKey());
+    const QVariant path = object.fields.value(pathKey());
+    if (object.className != archivedClassName() || name.typeId() != QMetaType::QString ||
+        path.typeId() != QMetaType::QString)
+        return std::nullopt;
+    return ApplicationDef{name.toString(), path.toString()};
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/KeyedArchive.h"
+
+#include <QString>
+
+#include <optional>
+
+/// One application whose copies are not recorded. The name identifies it: capture compares it with
+/// the name of the application in front.
+struct ApplicationDef
+{
+    QString name; ///< The bundle file name without its extension.
+    QString path; ///< The desktop entry, or the program that was chosen by hand.
+
+    ArchivedObject encode() const;
+    /// Absent when the object is of another class or lacks a field.
+    static std::optional<ApplicationDef> decode(const ArchivedObject &object);
+
+    bool operator==(const ApplicationDef &) const = default;
+};

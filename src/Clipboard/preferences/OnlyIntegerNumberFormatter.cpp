@@ -1,0 +1,42 @@
+#include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
+
+#include <QChar>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+OnlyIntegerNumberFormatter::OnlyIntegerNumberFormatter(QObject *parent, std::function<void()> beep)
+    : QValidator(parent), m_beep(std::move(beep))
+{
+}
+
+bool OnlyIntegerNumberFormatter::isPartialStringValid(const QString &partialString) const
+{
+    const auto characters = partialString.toUcs4();
+    const bool isValid = std::all_of(characters.begin(), characters.end(),
+                                     [](char32_t character) { return QChar::isDigit(character); });
+    if (!isValid)
+        m_beep();
+    return isValid;
+}
+
+qint64 OnlyIntegerNumberFormatter::integerValue(const QString &digits)
+{
+    constexpr qint64 kLargest = std::numeric_limits<qint64>::max();
+    qint64 number = 0;
+    for (const char32_t character : digits.toUcs4()) {
+        const int digit = QChar::digitValue(character);
+        if (digit < 0)
+            break;
+        if (number > (kLargest - digit) / 10)
+            return kLargest;
+        number = number * 10 + digit;
+    }
+    return number;
+}
+
+QValidator::State OnlyIntegerNumberFormatter::validate(QString &input, int &) const
+{
+    return isPartialStringValid(input) ? Acceptable : Invalid;
+}

@@ -1,0 +1,63 @@
+#include "Clipboard/preferences/PaneParts.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+
+constexpr qreal kNoteScale = 0.9;
+constexpr float kNoteOpacity = 0.7F;
+constexpr float kLineOpacity = 0.15F;
+
+} // namespace
+
+PaneNote::PaneNote(const QString &text, QWidget *parent) : QLabel(text, parent)
+{
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * kNoteScale);
+    setFont(small);
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void PaneNote::setEmphasised(bool isEmphasised)
+{
+    m_isEmphasised = isEmphasised;
+    QFont changed = font();
+    changed.setBold(isEmphasised);
+    setFont(changed);
+    update();
+}
+
+void PaneNote::paintEvent(QPaintEvent *)
+{
+    // Dimmed while painting and not in the palette, so that it follows a change of the colours.
+    QColor colour = palette().color(QPalette::WindowText);
+    if (!m_isEmphasised)
+        colour.setAlphaF(kNoteOpacity);
+    QPainter painter(this);
+    painter.setPen(colour);
+    const int wrap = wordWrap() ? Qt::TextWordWrap : 0;
+    painter.drawText(
+        contentsRect(),
+        static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | wrap, text());
+}
+
+PaneSeparator::PaneSeparator(QWidget *parent) : QWidget(parent)
+{
+    setFixedHeight(1);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void PaneSeparator::paintEvent(QPaintEvent *)
+{
+    QColor line = palette().color(QPalette::WindowText);
+    line.setAlphaF(kLineOpacity);
+    QPainter(this).fillRect(rect(), line);
+}
+
+QIcon generalPreferencesIcon()
+{
+    return QIcon::fromTheme(QStringLiteral("preferences-system"),
+                            QIcon(QStringLiteral(":/preferencesGeneral")));
+}

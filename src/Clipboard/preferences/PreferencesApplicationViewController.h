@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Clipboard/preferences/ApplicationDef.h"
+#include "Clipboard/preferences/IgnoredApplicationsModel.h"
+#include "Clipboard/preferences/SettingsKeys.h"
+#include "preferenceswindow/CCNPreferencesWindowControllerProtocol.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QTableView>
+
+#include <memory>
+
+class AppDelegate;
+class ApplicationsPaneView;
+struct Platform;
+
+/// The "Applications" pane: the list of applications whose copies are never recorded, kept under
+/// "applicationsToIgnore". Owned by the application delegate, through which capture reads data().
+class PreferencesApplicationViewController : public QObject,
+                                             public CCNPreferencesWindowControllerProtocol
+{
+    Q_OBJECT
+
+public:
+    static constexpr double kRowHeight = 20.0;
+
+    const QString preferenceKey = SettingsKeys::kApplicationsToIgnore;
+
+    /// `platform` must outlive the pane.
+    explicit PreferencesApplicationViewController(Platform &platform);
+    ~PreferencesApplicationViewController() override;
+
+    void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
+
+    /// Reads the stored list; without one the list stays as it is. A stored list that cannot be
+    /// read ends the program: recording on without it would record what the user excluded.
+    void loadPreferences();
+    void savePreferences();
+
+    /// The ignored applications in the order in which they were added.
+    const QList<ApplicationDef> &data() const { return m_data; }
+
+    /// Opens the chooser; its choice goes to openPanelEnded().
+    void addApplication();
+    /// What the chooser's end does: adds the chosen bundle, unless its file name has no extension
+    /// or an application of that name is in the list.
+    void openPanelEnded(bool isOk, const QString &bundleFileName, const QString &path);
+    /// Removes the selected row, if there is one.
+    void removeApplication();
+
+    int numberOfRowsInTableView() const { return static_cast<int>(m_data.size()); }
+    double heightOfRow(int) const { return kRowHeight; }
+
+    /// Null before the view is loaded.
+    QPointer<QTableView> tableView;
+
+    // ^CCNPreferencesWindowControllerProtocol
+    QString preferenceIdentifier() const override;
+    QString preferenceTitle() const override;
+    QIcon preferenceIcon() const override;
+    QWidget *view() override;
+
+private:
+    void loadView();
+    void listChanged();
+
+    Platform &m_platform;
+    AppDelegate *m_appDelegate = nullptr;
+    QList<ApplicationDef> m_data;
+    IgnoredApplicationsModel m_model;
+    std::unique_ptr<ApplicationsPaneView> m_view;
+};

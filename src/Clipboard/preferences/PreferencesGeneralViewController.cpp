@@ -1,0 +1,369 @@
+#include "Clipboard/preferences/PreferencesGeneralViewController.h"
+
+#include "Clipboard/AppDelegate.h"
+#include "Clipboard/preferences/ByteCount.h"
+#include "Clipboard/preferences/GeneralPaneView.h"
+#include "Clipboard/preferences/HistorySizeSlider.h"
+#include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
+#include "Clipboard/preferences/PaneParts.h"
+#include "platform/VirtualKeys.h"
+#include "shortcut/MASShortcut.h"
+#include "shortcut/MASShortcutBinder.h"
+#include "shortcut/MASShortcutView.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QLoggingCategory>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+Q_LOGGING_CATEGORY(preferencesLog, "quillmarsh.preferences")
+
+constexpr qlonglong kDefaultMaxItems = 1000;
+constexpr qlonglong kDefaultMaxStringSize = 10000;
+constexpr qint64 kNoLimit = std::numeric_limits<qint64>::max();
+
+template <typename Outlet>
+Outlet &required(const QPointer<Outlet> &outlet, const char *name)
+{
+    if (!outlet)
+        qFatal("The General pane has no %s", name);
+    return *outlet;
+}
+
+bool isInteger(const QVariant &stored)
+{
+    return stored.typeId() == QMetaType::LongLong || stored.typeId() == QMetaType::ULongLong ||
+           stored.typeId() == QMetaType::Int;
+}
+
+/// What a stored maximum stands for when the slider cannot show it. A number too large for the
+/// slider is a limit that somebody chose; anything else that is no size of a history limits
+/// nothing, because by such a value no clip may be lost.
+std::optional<qint64> unreachableMaxItems(const QVariant &stored, qint64 asInteger)
+{
+    if (!isInteger(stored) || asInteger < HistorySizeSlider::kMinimum)
+        return kNoLimit;
+    if (asInteger > HistorySizeSlider::kMaximum)
+        return asInteger;
+    return std::nullopt;
+}
+
+} // namespace
+
+PreferencesGeneralViewController::PreferencesGeneralViewController(Platform &platform)
+    : m_platform(platform)
+{
+}
+
+PreferencesGeneralViewController::~PreferencesGeneralViewController() = default;
+
+void PreferencesGeneralViewController::setAppDelegate(AppDelegate *appDelegate)
+{
+    m_appDelegate = appDelegate;
+}
+
+void PreferencesGeneralViewController::loadView()
+{
+    m_view = std::make_unique<GeneralPaneView>(*m_platform.settings);
+    m_view->installEventFilter(this);
+    openAtLoginCB = m_view->openAtLogin;
+    openShortcut = m_view->openShortcut;
+    swopShortcut = m_view->swopShortcut;
+    maxItemsSlider = m_view->maxItems;
+    maxStringSizeTextField = m_view->maxStringSize;
+    notificationsCheckbox = m_view->notifications;
+    sliderLabel = m_view->maxItemsLabel;
+
+    connect(openAtLoginCB, &QCheckBox::clicked, this,
+            &PreferencesGeneralViewController::openAtLoginClicked);
+    connect(notificationsCheckbox, &QCheckBox::clicked, this,
+            &PreferencesGeneralViewController::notificationsClicked);
+    connect(maxItemsSlider, &QSlider::sliderMoved, this,
+            &PreferencesGeneralViewController::sliderMoved);
+    connect(maxItemsSlider, &QSlider::valueChanged, this,
+            &PreferencesGeneralViewController::maxItemsChosen);
+    connect(maxStringSizeTextField, &QLineEdit::textEdited, this,
+            &PreferencesGeneralViewController::maxStringSizeEdited);
+    connect(maxStringSizeTextField, &QLineEdit::editingFinished, this,
+            &PreferencesGeneralViewController::maxStringSizeLeft);
+    if (m_appDelegate)
+        connect(m_appDelegate, &AppDelegate::clipItemArrChanged, m_view.get(),
+                [this] { showMaxItemsNote(getMaxItems()); });
+}
+
+void PreferencesGeneralViewController::loadPreferences()
+{
+    if (!bindShortcuts())
+        return;
+    // Whatever the user chose before: deliberate, both are set at every start.
+    m_platform.settings->setValue(SettingsKeys::kUpdaterIsInTestMode, true);
+    m_platform.settings->setValue(SettingsKeys::kUpdaterChecksForBetaUpdates, true);
+    qCInfo(preferencesLog, "Loading Open at Login preference");
+    loadOpenAtLogin();
+    qCInfo(preferencesLog, "Loading launch shortcut preference");
+    loadShortcut(openShortCutPrefKey, VirtualKey::kV);
+    qCInfo(preferencesLog, "Loading swop shortcut preference");
+    loadShortcut(swopShortCutPrefKey, VirtualKey::kX);
+    qCInfo(preferencesLog, "Loading max items preference");
+    if (!loadMaxItems())
+        return;
+    qCInfo(preferencesLog, "Loading max string size preference");
+    loadMaxStringSize();
+    qCInfo(preferencesLog, "Loading notifications preference");
+    loadNotifications();
+    qCInfo(preferencesLog, "Loading welcomeWindow preference");
+    loadWelcomeWindow();
+}
+
+qint64 PreferencesGeneralViewController::getMaxItems() const
+{
+    const HistorySizeSlider &slider = required(maxItemsSlider, "maxItemsSlider");
+    return m_unreachableMaxItems.value_or(slider.value());
+}
+
+qint64 PreferencesGeneralViewController::getMaxStringSize() const
+{
+    const QString text = required(maxStringSizeTextField, "maxStringSizeTextField").text();
+    return text.isEmpty() ? m_maxStringSize : OnlyIntegerNumberFormatter::integerValue(text);
+}
+
+bool PreferencesGeneralViewController::isNotificationsEnabled() const
+{
+    return required(notificationsCheckbox, "notificationsCheckbox").isChecked();
+}
+
+void PreferencesGeneralViewController::setWelcomeWindowShown()
+{
+    SettingsStore &settings = *m_platform.settings;
+    m_welcomeWindowShown = true;
+    settings.setValue(welcomeWindowPrefKey, true);
+    if (settings.contains(welcomeMessagePrefKey))
+        return;
+    settings.setValue(welcomeMessagePrefKey, true);
+    requiredAppDelegate().setPasteboardString(QStringLiteral("Quillmarsh setup complete"),
+                                              std::nullopt);
+}
+
+void PreferencesGeneralViewController::setOpenAtLogin(bool isOn)
+{
+    required(openAtLoginCB, "openAtLoginCB").setChecked(isOn);
+    m_platform.settings->setValue(openAtLoginPrefKey, isOn);
+    requiredAppDelegate().launchAtStartup(isOn);
+}
+
+void PreferencesGeneralViewController::sliderMoved(int value)
+{
+    showMaxItems(value);
+}
+
+void PreferencesGeneralViewController::openAtLoginClicked()
+{
+    setOpenAtLogin(required(openAtLoginCB, "openAtLoginCB").isChecked());
+}
+
+void PreferencesGeneralViewController::notificationsClicked()
+{
+    // Nothing is stored, deliberately: the check box is read live, and a restart brings the stored
+    // choice back.
+}
+
+QString PreferencesGeneralViewController::preferenceIdentifier() const
+{
+    return QStringLiteral("GeneralPreferencesIdentifier");
+}
+
+QString PreferencesGeneralViewController::preferenceTitle() const
+{
+    return tr("General");
+}
+
+QIcon PreferencesGeneralViewController::preferenceIcon() const
+{
+    return generalPreferencesIcon();
+}
+
+QWidget *PreferencesGeneralViewController::view()
+{
+    if (!m_view)
+        loadView();
+    return m_view.get();
+}
+
+bool PreferencesGeneralViewController::eventFilter(QObject *watched, QEvent *event)
+{
+    // A spontaneous one tells that the window was minimised: the pane has not been left.
+    if (watched == m_view.get() && event->type() == QEvent::Hide && !event->spontaneous())
+        viewDidDisappear();
+    return QObject::eventFilter(watched, event);
+}
+
+bool PreferencesGeneralViewController::bindShortcuts()
+{
+    if (openShortcut)
+        openShortcut->setAssociatedUserDefaultsKey(openShortCutPrefKey);
+    if (swopShortcut)
+        swopShortcut->setAssociatedUserDefaultsKey(swopShortCutPrefKey);
+    MASShortcutBinder *binder = MASShortcutBinder::sharedBinder();
+    if (!openShortcut || !swopShortcut || !binder)
+        return false;
+    binder->bindShortcutWithDefaultsKey(openShortCutPrefKey,
+                                        [this] { requiredAppDelegate().launch(); });
+    binder->bindShortcutWithDefaultsKey(swopShortCutPrefKey,
+                                        [this] { requiredAppDelegate().swop(); });
+    return true;
+}
+
+void PreferencesGeneralViewController::loadOpenAtLogin()
+{
+    SettingsStore &settings = *m_platform.settings;
+    if (!settings.contains(openAtLoginPrefKey))
+        settings.setValue(openAtLoginPrefKey, true);
+    required(openAtLoginCB, "openAtLoginCB").setChecked(settings.boolForKey(openAtLoginPrefKey));
+}
+
+void PreferencesGeneralViewController::loadShortcut(const QString &key, quint64 keyCode)
+{
+    if (m_platform.settings->contains(key))
+        return;
+    const MASShortcut shortcut(keyCode, ModifierFlags::kCommand | ModifierFlags::kShift);
+    m_platform.settings->setValue(key, shortcut.archive());
+}
+
+bool PreferencesGeneralViewController::loadMaxItems()
+{
+    SettingsStore &settings = *m_platform.settings;
+    if (!settings.contains(maxItemsPrefKey))
+        settings.setValue(maxItemsPrefKey, kDefaultMaxItems);
+    const qint64 stored = settings.integerForKey(maxItemsPrefKey);
+    HistorySizeSlider &slider = required(maxItemsSlider, "maxItemsSlider");
+    {
+        const QSignalBlocker blocker(slider);
+        slider.setValue(static_cast<int>(
+            std::clamp<qint64>(stored, HistorySizeSlider::kMinimum, HistorySizeSlider::kMaximum)));
+    }
+    m_unreachableMaxItems = unreachableMaxItems(settings.value(maxItemsPrefKey), stored);
+    if (!sliderLabel)
+        return false;
+    showMaxItems(getMaxItems());
+    return true;
+}
+
+void PreferencesGeneralViewController::loadMaxStringSize()
+{
+    SettingsStore &settings = *m_platform.settings;
+    if (!settings.contains(maxStringSizePrefKey))
+        settings.setValue(maxStringSizePrefKey, kDefaultMaxStringSize);
+    m_maxStringSize = std::max<qint64>(0, settings.integerForKey(maxStringSizePrefKey));
+    QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
+    field.setText(QString::number(m_maxStringSize));
+    field.setValidator(new OnlyIntegerNumberFormatter(&field));
+    showMaxStringSizeReading();
+}
+
+void PreferencesGeneralViewController::loadNotifications()
+{
+    SettingsStore &settings = *m_platform.settings;
+    if (!settings.contains(notificationsPrefKey))
+        settings.setValue(notificationsPrefKey, true);
+    required(notificationsCheckbox, "notificationsCheckbox")
+        .setChecked(settings.boolForKey(notificationsPrefKey));
+}
+
+void PreferencesGeneralViewController::loadWelcomeWindow()
+{
+    if (m_platform.settings->contains(welcomeWindowPrefKey))
+        m_welcomeWindowShown = m_platform.settings->boolForKey(welcomeWindowPrefKey);
+}
+
+void PreferencesGeneralViewController::maxItemsChosen(int value)
+{
+    m_unreachableMaxItems.reset();
+    m_platform.settings->setValue(maxItemsPrefKey, qlonglong(value));
+    sliderMoved(value);
+}
+
+void PreferencesGeneralViewController::maxStringSizeEdited(const QString &text)
+{
+    if (!text.isEmpty()) {
+        m_maxStringSize = OnlyIntegerNumberFormatter::integerValue(text);
+        m_platform.settings->setValue(maxStringSizePrefKey, qlonglong(m_maxStringSize));
+    }
+    showMaxStringSizeReading();
+}
+
+/// The field is left with the number that counts: the last one when it is empty, the largest there
+/// is for one that is larger.
+void PreferencesGeneralViewController::maxStringSizeLeft()
+{
+    QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
+    field.setText(QString::number(m_maxStringSize));
+    showMaxStringSizeReading();
+}
+
+void PreferencesGeneralViewController::showMaxItems(qint64 maxItems)
+{
+    const bool hasLimit = maxItems != kNoLimit;
+    required(sliderLabel, "sliderLabel")
+        .setText(hasLimit ? QLocale().toString(maxItems) : tr("No limit"));
+    m_view->maxItemsUnit->setVisible(hasLimit);
+    showMaxItemsNote(maxItems);
+}
+
+void PreferencesGeneralViewController::showMaxItemsNote(qint64 maxItems)
+{
+    const qint64 count =
+        m_appDelegate ? static_cast<qint64>(m_appDelegate->getClipItemArr().size()) : 0;
+    const bool isReachable = maxItems <= HistorySizeSlider::kMaximum;
+    const qint64 excess = isReachable ? std::max<qint64>(0, count - maxItems) : 0;
+    QString text;
+    if (maxItems == kNoLimit)
+        text = tr("The stored size is not one that can be used. "
+                  "No clip is removed until you choose a size.");
+    else if (!isReachable)
+        text = tr("The stored size is larger than this slider reaches. "
+                  "It holds until you move the slider.");
+    else if (excess == 1)
+        text = tr("The oldest clip will be removed when you leave this page.");
+    else if (excess > 1)
+        text = tr("The %1 oldest clips will be removed when you leave this page.")
+                   .arg(QLocale().toString(excess));
+    else
+        text = tr("When the history is full, each new copy replaces the oldest clip.");
+    m_view->maxItemsNote->setText(text);
+    m_view->maxItemsNote->setEmphasised(excess > 0);
+}
+
+void PreferencesGeneralViewController::showMaxStringSizeReading()
+{
+    const qint64 size = getMaxStringSize();
+    QString reading;
+    if (size == 0)
+        reading = tr("Nothing is recorded.");
+    else if (size >= 1000)
+        reading = QStringLiteral("= ") + byteCount(size);
+    m_view->maxStringSizeReading->setText(reading);
+}
+
+void PreferencesGeneralViewController::viewDidDisappear()
+{
+    maxStringSizeLeft();
+    // The first comparison never finds them equal: the member keeps its -1, so the history is cut
+    // to size whenever the pane disappears. Deliberate.
+    const qint64 maxItems = required(maxItemsSlider, "maxItemsSlider").value();
+    if (m_originalMaxItems != maxItems && m_appDelegate)
+        m_appDelegate->maxItemsModified(m_unreachableMaxItems ? kNoLimit : maxItems);
+}
+
+AppDelegate &PreferencesGeneralViewController::requiredAppDelegate() const
+{
+    if (!m_appDelegate)
+        qFatal("The General pane has no application delegate");
+    return *m_appDelegate;
+}

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "Clipboard/preferences/SettingsKeys.h"
+#include "preferenceswindow/CCNPreferencesWindowControllerProtocol.h"
+
+#include <QLabel>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <optional>
+
+class AppDelegate;
+class GeneralPaneView;
+class HistorySizeSlider;
+class MASShortcutView;
+class QCheckBox;
+class QLineEdit;
+struct Platform;
+
+/// The "General" pane: owns the settings keys and their defaults, shows them in its controls, and
+/// is where everybody reads the live limits. Owned by the application delegate, which loads it at
+/// start, long before anybody opens the preferences: the limits are those that the controls show
+/// and not the stored ones. A control that is missing when it is needed ends the program.
+class PreferencesGeneralViewController : public QObject,
+                                         public CCNPreferencesWindowControllerProtocol
+{
+    Q_OBJECT
+
+public:
+    const QString openAtLoginPrefKey = SettingsKeys::kOpenAtLogin;
+    const QString openShortCutPrefKey = SettingsKeys::kOpenShortCut;
+    const QString swopShortCutPrefKey = SettingsKeys::kSwopShortCut;
+    const QString maxItemsPrefKey = SettingsKeys::kMaxItems;
+    const QString maxStringSizePrefKey = SettingsKeys::kMaxStringSize;
+    const QString notificationsPrefKey = SettingsKeys::kNotificationsEnabled;
+    const QString welcomeWindowPrefKey = SettingsKeys::kWelcomeWindowShown;
+    const QString welcomeMessagePrefKey = SettingsKeys::kWelcomeMessageShown;
+
+    /// `platform` must outlive the pane.
+    explicit PreferencesGeneralViewController(Platform &platform);
+    ~PreferencesGeneralViewController() override;
+
+    /// Called before the view is loaded. The delegate must outlive the pane.
+    void setAppDelegate(AppDelegate *appDelegate);
+    /// Makes the controls; they show nothing yet.
+    void loadView();
+    /// Binds the shortcuts, writes the defaults that are missing and shows the settings: once, at
+    /// start. Stops early, and leaves the rest as it is, without a recorder, the shared binder or
+    /// the slider's label.
+    void loadPreferences();
+
+    /// How many clips the history may hold: the slider's number. A stored number beyond the
+    /// slider's reach counts as it is, and one that is no size of a history as no limit, until the
+    /// user moves the slider.
+    qint64 getMaxItems() const;
+    /// The largest text that is recorded, in bytes: the field's number; while the field is empty,
+    /// the number before.
+    qint64 getMaxStringSize() const;
+    bool isNotificationsEnabled() const;
+
+    bool welcomeWindowShown() const { return m_welcomeWindowShown; }
+    void setWelcomeWindowShown(bool isShown) { m_welcomeWindowShown = isShown; }
+    /// Records that the welcome was completed, and the first time puts its message on the
+    /// pasteboard.
+    void setWelcomeWindowShown();
+    /// Stores the choice and changes the login item.
+    void setOpenAtLogin(bool isOn);
+
+    void sliderMoved(int value);
+    void openAtLoginClicked();
+    void notificationsClicked();
+
+    // Outlets; null before the view is loaded.
+    QPointer<QCheckBox> openAtLoginCB;
+    QPointer<MASShortcutView> openShortcut;
+    QPointer<MASShortcutView> swopShortcut;
+    QPointer<HistorySizeSlider> maxItemsSlider;
+    QPointer<QLineEdit> maxStringSizeTextField;
+    QPointer<QCheckBox> notificationsCheckbox;
+    QPointer<QLabel> sliderLabel;
+
+    // ^CCNPreferencesWindowControllerProtocol
+    QString preferenceIdentifier() const override;
+    QString preferenceTitle() const override;
+    QIcon preferenceIcon() const override;
+    QWidget *view() override;
+
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool bindShortcuts();
+    void loadOpenAtLogin();
+    void loadShortcut(const QString &key, quint64 keyCode);
+    bool loadMaxItems();
+    void loadMaxStringSize();
+    void loadNotifications();
+    void loadWelcomeWindow();
+
+    void maxItemsChosen(int value);
+    void maxStringSizeEdited(const QString &text);
+    void maxStringSizeLeft();
+    void showMaxItems(qint64 maxItems);
+    void showMaxItemsNote(qint64 maxItems);
+    void showMaxStringSizeReading();
+    void viewDidDisappear();
+    AppDelegate &requiredAppDelegate() const;
+
+    Platform &m_platform;
+    AppDelegate *m_appDelegate = nullptr;
+    qint64 m_originalMaxItems = -1;
+    bool m_welcomeWindowShown = false;
+    /// What counts instead of the slider until it is moved; see getMaxItems().
+    std::optional<qint64> m_unreachableMaxItems;
+    qint64 m_maxStringSize = 0; ///< The last number that stood in the field.
+    std::unique_ptr<GeneralPaneView> m_view;
+};
