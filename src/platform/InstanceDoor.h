@@ -18,7 +18,10 @@ public:
 
     using QObject::QObject;
 
-    /// Becomes the instance, or hands `action` (empty: activate) to the one that runs.
+    /// Becomes the instance, or hands `action` (empty: activate) to the one that runs, waiting at
+    /// most a second for its answer. Needs no application object: entered before there is one, a
+    /// second start is gone before it ever talks to the display. `action` is one of those of
+    /// actionRequested; the first instance is left to perform its own.
     virtual Entry enter(const QString &action) = 0;
 
     /// From now on calls from outside are delivered; those that came earlier follow first.

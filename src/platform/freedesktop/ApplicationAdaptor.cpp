@@ -1,0 +1,52 @@
+#include "platform/freedesktop/ApplicationAdaptor.h"
+
+#include "platform/freedesktop/InstanceSocket.h"
+
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+
+namespace {
+
+const auto kActivationToken = QStringLiteral("activation-token");
+const auto kStartupId = QStringLiteral("desktop-startup-id");
+
+} // namespace
+
+ApplicationAdaptor::ApplicationAdaptor(QObject *parent, Receiver receiver)
+    : QDBusAbstractAdaptor(parent), m_receiver(std::move(receiver))
+{
+}
+
+QString ApplicationAdaptor::activationToken(const QVariantMap &platformData)
+{
+    const QString token = platformData.value(kActivationToken).toString();
+    return token.isEmpty() ? platformData.value(kStartupId).toString() : token;
+}
+
+QVariantMap ApplicationAdaptor::platformData(const QString &activationToken)
+{
+    if (activationToken.isEmpty())
+        return {};
+    return {{kActivationToken, activationToken}, {kStartupId, activationToken}};
+}
+
+void ApplicationAdaptor::Activate(const QVariantMap &platformData)
+{
+    m_receiver({QString(), activationToken(platformData)});
+}
+
+void ApplicationAdaptor::Open(const QStringList &, const QVariantMap &platformData)
+{
+    Activate(platformData);
+}
+
+void ApplicationAdaptor::ActivateAction(const QString &action, const QVariantList &,
+                                        const QVariantMap &platformData, const QDBusMessage &call)
+{
+    if (m_receiver({action, activationToken(platformData)}))
+        return;
+    call.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(call.createErrorReply(
+        QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\".").arg(action)));
+}

@@ -1,0 +1,157 @@
+#include "platform/freedesktop/DBusInstanceDoor.h"
+
+#include "platform/Info.h"
+#include "platform/freedesktop/ApplicationAdaptor.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QLoggingCategory>
+#include <QSocketNotifier>
+
+#include <thread>
+#include <utility>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcDoor, "quillmarsh.platform.door", QtInfoMsg)
+
+const auto kPath = QStringLiteral("/org/quillmarsh/Quillmarsh");
+const auto kInterface = QStringLiteral("org.freedesktop.Application");
+
+using Clock = std::chrono::steady_clock;
+
+bool isKnown(const QString &action)
+{
+    static const QStringList kActions{
+        QString(), // activate
+        QStringLiteral("launch"),
+        QStringLiteral("swop"),
+        QStringLiteral("preferences"),
+        QStringLiteral("clear-all"),
+        QStringLiteral("quit"),
+    };
+    return kActions.contains(action);
+}
+
+/// What the launcher gave this process, so that the running instance may come to the front in the
+/// name of the user's click.
+QString ownActivationToken()
+{
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
+} // namespace
+
+DBusInstanceDoor::DBusInstanceDoor(QObject *parent) : InstanceDoor(parent)
+{
+    new ApplicationAdaptor(this, [this](const DoorMessage &message) { return receive(message); });
+}
+
+DBusInstanceDoor::~DBusInstanceDoor() = default;
+
+InstanceDoor::Entry DBusInstanceDoor::enter(const QString &action)
+{
+    const DoorMessage message{action, ownActivationToken()};
+    const Entry entry = enterBySocket(message);
+    if (entry != Entry::First)
+        return entry;
+    const Entry onBus = enterByBus(message);
+    if (onBus != Entry::First)
+        m_socket.release();
+    return onBus;
+}
+
+InstanceDoor::Entry DBusInstanceDoor::enterBySocket(const DoorMessage &message)
+{
+    const auto deadline = Clock::now() + kAnswerLimit;
+    for (;;) {
+        // Asked anew each time round, because the holder may be on its way out.
+        if (m_socket.claim() != InstanceSocket::Claim::Held)
+            return Entry::First;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        if (left.count() <= 0)
+            break;
+        if (m_socket.forward(message, left))
+            return Entry::Forwarded;
+        // The holder may have the lock and not listen yet.
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return Entry::Unreachable;
+}
+
+InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        qCInfo(lcDoor, "no session bus: only starting quillmarsh again reaches this instance");
+        return Entry::First;
+    }
+    // First the object, then the name: whoever sees the name may call at once.
+    bus.registerObject(kPath, this, QDBusConnection::ExportAdaptors);
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> name =
+        bus.interface()->registerService(Info::main().bundleIdentifier,
+                                         QDBusConnectionInterface::DontQueueService,
+                                         QDBusConnectionInterface::DontAllowReplacement);
+    if (!name.isValid() || name.value() == QDBusConnectionInterface::ServiceRegistered)
+        return Entry::First;
+
+    // An instance with another runtime folder: the bus is all that it shares with us.
+    bus.unregisterObject(kPath);
+    const bool isAction = !message.action.isEmpty();
+    auto call = QDBusMessage::createMethodCall(Info::main().bundleIdentifier, kPath, kInterface,
+                                               isAction ? QStringLiteral("ActivateAction")
+                                                        : QStringLiteral("Activate"));
+    if (isAction)
+        call << message.action << QVariantList();
+    call << ApplicationAdaptor::platformData(message.activationToken);
+    const auto answer = bus.call(call, QDBus::Block, static_cast<int>(kAnswerLimit.count()));
+    if (answer.type() == QDBusMessage::ReplyMessage)
+        return Entry::Forwarded;
+    qCWarning(lcDoor, "the running instance did not take the action: %s",
+              qUtf8Printable(answer.errorMessage()));
+    return Entry::Unreachable;
+}
+
+void DBusInstanceDoor::open()
+{
+    m_isOpen = true;
+    for (const DoorMessage &message : std::exchange(m_waiting, {}))
+        deliver(message);
+    if (m_socket.descriptor() < 0)
+        return;
+    auto *notifier = new QSocketNotifier(m_socket.descriptor(), QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this] {
+        if (const auto message = m_socket.receive())
+            receive(*message);
+    });
+}
+
+bool DBusInstanceDoor::receive(const DoorMessage &message)
+{
+    if (!isKnown(message.action)) {
+        qCWarning(lcDoor, "there is no action \"%s\"", qUtf8Printable(message.action));
+        return false;
+    }
+    if (m_isOpen)
+        deliver(message);
+    else
+        m_waiting.append(message);
+    return true;
+}
+
+void DBusInstanceDoor::deliver(const DoorMessage &message)
+{
+    // Later, so that the caller has its answer before a window, a swop or the quit takes its time.
+    QMetaObject::invokeMethod(
+        this,
+        [this, message] {
+            if (message.action.isEmpty())
+                Q_EMIT activated(message.activationToken);
+            else
+                Q_EMIT actionRequested(message.action, message.activationToken);
+        },
+        Qt::QueuedConnection);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/InstanceDoor.h"
+#include "platform/freedesktop/InstanceSocket.h"
+
+#include <QList>
+
+/// org.freedesktop.Application on the session bus for other programs, and the lock with its socket
+/// for a second start, which therefore needs neither a bus nor an application object. Owned by
+/// main. Whatever comes before open() waits: bus calls in a list, other starts in the socket.
+class DBusInstanceDoor : public InstanceDoor
+{
+    Q_OBJECT
+
+public:
+    /// How long the running instance has to take an action.
+    static constexpr std::chrono::milliseconds kAnswerLimit{1000};
+
+    explicit DBusInstanceDoor(QObject *parent = nullptr);
+    ~DBusInstanceDoor() override;
+
+    // ^InstanceDoor
+    Entry enter(const QString &action) override;
+    void open() override;
+
+private:
+    /// Becomes the only instance of this user, or hands the message over.
+    Entry enterBySocket(const DoorMessage &message);
+    /// Takes the bus name, or hands the message to the one who has it.
+    Entry enterByBus(const DoorMessage &message);
+
+    bool receive(const DoorMessage &message);
+    void deliver(const DoorMessage &message);
+
+    InstanceSocket m_socket;
+    bool m_isOpen = false;
+    QList<DoorMessage> m_waiting;
+};

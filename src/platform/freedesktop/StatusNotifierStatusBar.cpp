@@ -1,0 +1,132 @@
+#include "platform/freedesktop/StatusNotifierStatusBar.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QLoggingCategory>
+#include <QMenu>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcStatusBar, "quillmarsh.platform.statusbar", QtInfoMsg)
+
+const auto kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+/// A watcher that takes longer counts as none until it says otherwise.
+constexpr int kAnswerLimitMs = 2000;
+
+} // namespace
+
+StatusNotifierStatusBar::StatusNotifierStatusBar(std::unique_ptr<TrayArea> trayArea,
+                                                 QDBusConnection bus)
+    : m_trayArea(std::move(trayArea)), m_bus(std::move(bus))
+{
+}
+
+StatusNotifierStatusBar::~StatusNotifierStatusBar() = default;
+
+void StatusNotifierStatusBar::showItem(const QIcon &icon, const QString &toolTip, QMenu *menu)
+{
+    const bool isFirst = m_menu == nullptr;
+    m_icon = icon;
+    m_toolTip = toolTip;
+    m_menu = menu;
+    if (m_item) {
+        m_item->setIcon(icon);
+        m_item->setToolTip(toolTip);
+        m_item->setContextMenu(menu);
+    }
+    if (isFirst)
+        watchForHosts();
+}
+
+void StatusNotifierStatusBar::watchForHosts()
+{
+    if (m_trayArea)
+        connect(m_trayArea.get(), &TrayArea::isPresentChanged, this,
+                &StatusNotifierStatusBar::update);
+    if (!m_bus.isConnected()) {
+        setHasHost(false);
+        return;
+    }
+    m_watcherWatcher.setConnection(m_bus);
+    m_watcherWatcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
+    m_watcherWatcher.addWatchedService(kWatcher);
+    connect(&m_watcherWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] {
+        // An item belongs to the watcher it was registered with.
+        setHasHost(false);
+        askForHost();
+    });
+    // Without a sender's name, because looking its owner up would wait; whoever sends them only
+    // makes us ask.
+    for (const char *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        m_bus.connect(QString(), kWatcherPath, kWatcher, QLatin1String(signal), this,
+                      SLOT(askForHost()));
+    askForHost();
+}
+
+void StatusNotifierStatusBar::askForHost()
+{
+    const int question = ++m_lastQuestion;
+    auto call = QDBusMessage::createMethodCall(kWatcher, kWatcherPath,
+                                               QStringLiteral("org.freedesktop.DBus.Properties"),
+                                               QStringLiteral("Get"));
+    call << kWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, kAnswerLimitMs), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, question] {
+        watcher->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *watcher;
+        if (question == m_lastQuestion)
+            setHasHost(!reply.isError() && reply.value().variant().toBool());
+    });
+}
+
+void StatusNotifierStatusBar::setHasHost(bool hasHost)
+{
+    m_hasHost = hasHost;
+    update();
+}
+
+bool StatusNotifierStatusBar::hasPlace() const
+{
+    const bool hasTray = m_trayArea && m_trayArea->isPresent();
+    switch (m_kind) {
+    case Kind::Notifier:
+        return m_hasHost.value_or(false);
+    case Kind::Embedded:
+        return hasTray;
+    case Kind::Unsettled:
+        // An XEMBED tray is taken only once it is known that nothing better is there.
+        return m_hasHost && (*m_hasHost || hasTray);
+    }
+    return false;
+}
+
+void StatusNotifierStatusBar::update()
+{
+    const bool isWanted = hasPlace();
+    if (isWanted == isItemVisible())
+        return;
+    if (isWanted)
+        makeItem();
+    else
+        m_item.reset();
+    qCInfo(lcStatusBar, isWanted ? "status item shown" : "status item waits for a status area");
+    Q_EMIT isItemVisibleChanged(isWanted);
+}
+
+void StatusNotifierStatusBar::makeItem()
+{
+    if (m_kind == Kind::Unsettled)
+        m_kind = *m_hasHost ? Kind::Notifier : Kind::Embedded;
+    m_item = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_item->setToolTip(m_toolTip);
+    m_item->setContextMenu(m_menu);
+    connect(m_item.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger)
+                    Q_EMIT activated();
+            });
+    m_item->show();
+}

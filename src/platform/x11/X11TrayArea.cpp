@@ -1,0 +1,91 @@
+#include "platform/x11/X11TrayArea.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+
+#include <xcb/xfixes.h>
+
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+constexpr int kEventMask = 0x7f; // The top bit only says that another client sent the event.
+
+template <typename Reply>
+std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply)
+{
+    return {reply, &std::free};
+}
+
+xcb_window_t rootOf(xcb_connection_t *connection, int screen)
+{
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+    for (; screen > 0 && screens.rem > 1; --screen)
+        xcb_screen_next(&screens);
+    return screens.data->root;
+}
+
+} // namespace
+
+X11TrayArea::X11TrayArea(QObject *parent) : TrayArea(parent)
+{
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11)
+        return;
+    xcb_connection_t *connection = x11->connection();
+    int screen = 0;
+    if (char *host = nullptr; xcb_parse_display(nullptr, &host, nullptr, &screen))
+        std::free(host);
+    const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(screen);
+    const auto atom = owned(xcb_intern_atom_reply(
+        connection,
+        xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData()),
+        nullptr));
+    const xcb_query_extension_reply_t *fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
+    if (!atom || !fixes || !fixes->present)
+        return;
+    m_selection = atom->atom;
+    m_ownerChange = fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
+
+    // The events are asked for before the present owner is, so that none slips between.
+    qApp->installNativeEventFilter(this);
+    xcb_discard_reply(connection, xcb_xfixes_query_version(connection, 5, 0).sequence);
+    xcb_xfixes_select_selection_input(connection, rootOf(connection, screen), m_selection,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    const auto owner = owned(xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, m_selection), nullptr));
+    m_isPresent = owner && owner->owner != XCB_WINDOW_NONE;
+}
+
+X11TrayArea::~X11TrayArea()
+{
+    if (qApp)
+        qApp->removeNativeEventFilter(this);
+}
+
+bool X11TrayArea::nativeEventFilter(const QByteArray &eventType, void *message, qintptr *)
+{
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    const auto *event = static_cast<const xcb_generic_event_t *>(message);
+    if ((event->response_type & kEventMask) != m_ownerChange)
+        return false;
+    const auto *change = reinterpret_cast<const xcb_xfixes_selection_notify_event_t *>(event);
+    if (change->selection == m_selection)
+        setPresent(change->subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER &&
+                   change->owner != XCB_WINDOW_NONE);
+    return false;
+}
+
+void X11TrayArea::setPresent(bool isPresent)
+{
+    if (isPresent == m_isPresent)
+        return;
+    m_isPresent = isPresent;
+    // Later, because Qt looks at this event only after we did.
+    QMetaObject::invokeMethod(
+        this, [this] { Q_EMIT isPresentChanged(m_isPresent); }, Qt::QueuedConnection);
+}
