@@ -1,0 +1,87 @@
+#include "platform/PlatformLoader.h"
+
+#include "platform/freedesktop/DBusInstanceDoor.h"
+#include "platform/freedesktop/FreedesktopNotifications.h"
+#include "platform/freedesktop/FreedesktopSettingsStore.h"
+#include "platform/freedesktop/FreedesktopWorkspace.h"
+#include "platform/freedesktop/StatusNotifierStatusBar.h"
+#include "platform/freedesktop/SystemClock.h"
+#include "platform/x11/X11TrayArea.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+#include <xcb/xcb.h>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcLoader, "quillmarsh.platform", QtInfoMsg)
+
+constexpr const char *kQtPlatform = "QT_QPA_PLATFORM";
+
+/// What QT_QPA_PLATFORM was before chooseDisplay() settled it; a null array when it was not set.
+std::optional<QByteArray> g_qtPlatformBefore;
+
+/// Asked here because Qt would end the process with a crash report instead of a message.
+bool isX11ServerThere()
+{
+    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
+    const bool isThere = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isThere;
+}
+
+/// Programs that we start choose their own display system.
+void restoreEnvironment()
+{
+    if (!g_qtPlatformBefore)
+        return;
+    if (g_qtPlatformBefore->isNull())
+        qunsetenv(kQtPlatform);
+    else
+        qputenv(kQtPlatform, *g_qtPlatformBefore);
+    g_qtPlatformBefore.reset();
+}
+
+} // namespace
+
+std::optional<QString> PlatformLoader::chooseDisplay()
+{
+    const bool isWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+        return isWayland
+                   ? QStringLiteral("Quillmarsh needs an X11 display, and this Wayland session "
+                                    "offers none (DISPLAY is not set). Start Xwayland, or log "
+                                    "in to an X11 session.")
+                   : QStringLiteral("Quillmarsh needs an X11 display (DISPLAY is not set).");
+    }
+    if (!isX11ServerThere()) {
+        return QStringLiteral("The X11 display %1 cannot be reached.")
+            .arg(qEnvironmentVariable("DISPLAY"));
+    }
+    if (isWayland)
+        qCInfo(lcLoader, "running under Wayland by way of X11: copies from native Wayland windows "
+                         "may not be recorded, pasting into them may fail, and shortcuts may not "
+                         "work while one is in front");
+    g_qtPlatformBefore = qgetenv(kQtPlatform);
+    qputenv(kQtPlatform, "xcb");
+    return std::nullopt;
+}
+
+std::unique_ptr<InstanceDoor> PlatformLoader::makeDoor()
+{
+    return std::make_unique<DBusInstanceDoor>();
+}
+
+std::unique_ptr<Platform> PlatformLoader::makePlatform()
+{
+    restoreEnvironment();
+    auto platform = std::make_unique<Platform>();
+    platform->clock = std::make_unique<SystemClock>();
+    platform->settings = std::make_unique<FreedesktopSettingsStore>();
+    platform->notifications = std::make_unique<FreedesktopNotifications>();
+    platform->workspace = std::make_unique<FreedesktopWorkspace>();
+    platform->statusBar =
+        std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
+    return platform;
+}
