@@ -5,7 +5,7 @@ find_package(SQLiteCpp REQUIRED)
 find_package(SQLite3 REQUIRED)
 
 pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
-pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-xfixes xcb-xtest xcb-xkb)
+pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-xfixes xcb-xtest xcb-xkb xcb-xinput)
 pkg_check_modules(xkbcommon REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11)
 if(QUILLMARSH_TESTS)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Test)

@@ -1,0 +1,209 @@
+#include "platform/x11/X11FrontApplication.h"
+
+#include "platform/HotKeys.h"
+#include "platform/x11/QtX11Connection.h"
+
+#include <QWindow>
+
+#include <poll.h>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+using Steady = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+/// Most window managers go back to the target by themselves within this.
+constexpr milliseconds kPatience{60};
+/// An activation this long after the hot key has another cause.
+constexpr int32_t kHotKeyValidity = 2000;
+
+constexpr uint8_t kEventMask = 0x7F;   // without the bit that marks an event another client sent
+constexpr uint32_t kSourceIsPager = 2; // in the name of the user, not of an application
+
+void sendActivation(xcb_connection_t *xcb, xcb_window_t root, xcb_atom_t atom, xcb_window_t window,
+                    xcb_timestamp_t time)
+{
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atom;
+    message.data.data32[0] = kSourceIsPager;
+    message.data.data32[1] = time;
+    xcb_send_event(xcb, 0, root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char *>(&message));
+    xcb_flush(xcb);
+}
+
+} // namespace
+
+X11FrontApplication::X11FrontApplication(const ApplicationNames &names, const HotKeys &hotKeys,
+                                         QObject *parent)
+    : FrontApplication(parent), m_names(names), m_active(m_connection),
+      m_activeWindowAtom(m_connection.atoms({"_NET_ACTIVE_WINDOW"})[0]),
+      m_timeWindow(xcb_generate_id(m_connection.get()))
+{
+    constexpr uint32_t kPropertyChanges = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(m_connection.get(), 0, m_timeWindow, m_connection.root(), -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &kPropertyChanges);
+    connect(&hotKeys, &HotKeys::pressed, this,
+            [this](const HotKeyEvent &event) { m_lastPress = event.timestamp; });
+}
+
+bool X11FrontApplication::isTerminal(xcb_window_t window) const
+{
+    const std::optional<WindowIdentity> identity = m_active.identityOf(window);
+    return identity && m_names.identify(*identity).isTerminal;
+}
+
+QString X11FrontApplication::applicationName() const
+{
+    if (const auto identity = m_active.identityOf(m_active.current())) {
+        const QString name = m_names.identify(*identity).name;
+        if (!name.isEmpty())
+            m_lastName = name;
+    }
+    return m_lastName;
+}
+
+void X11FrontApplication::rememberTarget()
+{
+    const xcb_window_t window = m_active.current();
+    if (window != XCB_NONE && isOurs(window))
+        return;
+    m_target = window;
+    const XcbPointer<xcb_get_input_focus_reply_t> focus(xcb_get_input_focus_reply(
+        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+    m_targetFocus = focus && m_active.hasInputFocus(window) ? focus->focus : xcb_window_t(m_target);
+}
+
+bool X11FrontApplication::returnToTarget(milliseconds limit)
+{
+    if (m_target == XCB_NONE)
+        return false;
+    if (xcb_connection_t *qt = qtX11Connection())
+        xcb_flush(qt);
+    selectTargetEvents(true);
+    const bool isBack = m_active.identityOf(m_target).has_value() && waitForTarget(limit);
+    selectTargetEvents(false);
+    return isBack;
+}
+
+void X11FrontApplication::activate(QWindow *window)
+{
+    xcb_connection_t *qt = qtX11Connection();
+    if (!qt || !window)
+        return;
+    const xcb_timestamp_t time = userTime();
+    const auto id = xcb_window_t(window->winId());
+    // On Qt's connection, so that the server shows the window before it is asked for.
+    if (m_active.isManaged()) {
+        sendActivation(qt, m_connection.root(), m_activeWindowAtom, id, time);
+        return;
+    }
+    xcb_set_input_focus(qt, XCB_INPUT_FOCUS_PARENT, id, time);
+    xcb_flush(qt);
+}
+
+bool X11FrontApplication::isOurs(xcb_window_t window) const
+{
+    // A client's windows carry its number in their ids.
+    xcb_connection_t *qt = qtX11Connection();
+    if (!qt)
+        return false;
+    const xcb_setup_t *setup = xcb_get_setup(qt);
+    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
+bool X11FrontApplication::isTargetBack() const
+{
+    return (!m_active.isManaged() || m_active.current() == m_target) &&
+           m_active.hasInputFocus(m_target);
+}
+
+bool X11FrontApplication::waitForTarget(milliseconds limit)
+{
+    const Steady::time_point start = Steady::now();
+    const Steady::time_point deadline = start + limit;
+    // Without a window manager nobody else gives the keyboard back.
+    Steady::time_point askAt = start + (m_active.isManaged() ? kPatience : milliseconds(0));
+    for (;;) {
+        if (isTargetDestroyed())
+            return false;
+        if (isTargetBack())
+            return true;
+        const Steady::time_point now = Steady::now();
+        if (now >= deadline || m_connection.isBroken())
+            return false;
+        if (now >= askAt) {
+            askForTarget();
+            askAt = Steady::time_point::max();
+            continue;
+        }
+        const auto rest = std::chrono::ceil<milliseconds>(std::min(askAt, deadline) - now);
+        xcb_flush(m_connection.get());
+        pollfd readable = {xcb_get_file_descriptor(m_connection.get()), POLLIN, 0};
+        poll(&readable, 1, int(rest.count()));
+    }
+}
+
+bool X11FrontApplication::isTargetDestroyed()
+{
+    bool isDestroyed = false;
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+        isDestroyed |=
+            (event->response_type & kEventMask) == XCB_DESTROY_NOTIFY &&
+            reinterpret_cast<const xcb_destroy_notify_event_t &>(*event).window == m_target;
+    }
+    return isDestroyed;
+}
+
+void X11FrontApplication::askForTarget()
+{
+    if (m_active.isManaged()) {
+        sendActivation(m_connection.get(), m_connection.root(), m_activeWindowAtom, m_target,
+                       serverTime());
+        return;
+    }
+    xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_PARENT, m_targetFocus,
+                        XCB_CURRENT_TIME);
+}
+
+void X11FrontApplication::selectTargetEvents(bool isSelected)
+{
+    const uint32_t onRoot = isSelected ? XCB_EVENT_MASK_PROPERTY_CHANGE : 0;
+    const uint32_t onTarget =
+        isSelected ? XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE : 0;
+    xcb_connection_t *xcb = m_connection.get();
+    xcb_change_window_attributes(xcb, m_connection.root(), XCB_CW_EVENT_MASK, &onRoot);
+    xcb_change_window_attributes(xcb, m_target, XCB_CW_EVENT_MASK, &onTarget);
+    xcb_flush(xcb);
+}
+
+xcb_timestamp_t X11FrontApplication::serverTime()
+{
+    // Appending nothing changes nothing, and tells when it did not.
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_timeWindow, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
+    m_connection.roundTrip();
+    xcb_timestamp_t time = XCB_CURRENT_TIME;
+    while (const XcbPointer<xcb_generic_event_t> event{
+        xcb_poll_for_queued_event(m_connection.get())}) {
+        if ((event->response_type & kEventMask) == XCB_PROPERTY_NOTIFY)
+            time = reinterpret_cast<const xcb_property_notify_event_t &>(*event).time;
+    }
+    return time;
+}
+
+xcb_timestamp_t X11FrontApplication::userTime()
+{
+    const xcb_timestamp_t now = serverTime();
+    const bool isByHotKey = m_lastPress && int32_t(now - *m_lastPress) >= 0 &&
+                            int32_t(now - *m_lastPress) < kHotKeyValidity;
+    return isByHotKey ? *m_lastPress : now;
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/FrontApplication.h"
+#include "platform/x11/X11ActiveWindow.h"
+#include "platform/x11/X11Connection.h"
+
+#include <optional>
+
+class HotKeys;
+
+/// The active window by the window manager's word, or the input focus where none runs. It has a
+/// connection of its own and reads events from it only while it waits for the target, so nothing
+/// wakes it otherwise.
+class X11FrontApplication : public FrontApplication
+{
+    Q_OBJECT
+
+public:
+    /// Both must outlive this object. The presses of the hot keys are the user's word when one of
+    /// our windows asks to become active.
+    X11FrontApplication(const ApplicationNames &names, const HotKeys &hotKeys,
+                        QObject *parent = nullptr);
+
+    /// The window in front, ours or another's; XCB_NONE when there is none.
+    xcb_window_t windowInFront() const { return m_active.current(); }
+
+    /// Whether the window belongs to a terminal.
+    bool isTerminal(xcb_window_t window) const;
+
+    // ^FrontApplication
+    QString applicationName() const override;
+    void rememberTarget() override;
+    [[nodiscard]] bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) override;
+    void activate(QWindow *window) override;
+
+private:
+    bool isOurs(xcb_window_t window) const;
+    bool isTargetBack() const;
+    bool waitForTarget(std::chrono::milliseconds limit);
+    bool isTargetDestroyed();
+    void askForTarget();
+    void selectTargetEvents(bool isSelected);
+    xcb_timestamp_t serverTime();
+    xcb_timestamp_t userTime();
+
+    const ApplicationNames &m_names;
+    X11Connection m_connection;
+    X11ActiveWindow m_active;
+    xcb_atom_t m_activeWindowAtom;
+    xcb_window_t m_timeWindow; ///< Never shown; its property changes tell the server's time.
+    xcb_window_t m_target = XCB_NONE;
+    xcb_window_t m_targetFocus = XCB_NONE; ///< The target or the part of it that had the keyboard.
+    std::optional<quint32> m_lastPress;    ///< Server time of the latest hot key.
+    mutable QString m_lastName;
+};

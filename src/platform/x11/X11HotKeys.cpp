@@ -1,0 +1,214 @@
+#include "platform/x11/X11HotKeys.h"
+
+#include "platform/VirtualKeys.h"
+
+#include <QMetaObject>
+
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
+constexpr int kEvdevOffset = 8;
+
+bool hasTestExtension(const X11Connection &connection)
+{
+    if (connection.isBroken())
+        return false;
+    const xcb_query_extension_reply_t *extension =
+        xcb_get_extension_data(connection.get(), &xcb_test_id);
+    return extension && extension->present;
+}
+
+} // namespace
+
+X11HotKeys::X11HotKeys(QObject *parent)
+    : HotKeys(parent), m_canType(hasTestExtension(m_connection)), m_keyboard(m_connection),
+      m_grabs(m_connection), m_heldKeys(m_connection),
+      m_thread(m_connection, [this](const xcb_generic_event_t &event) { handle(event); })
+{
+    m_thread.post([this] { m_keyboard.setDetectableAutoRepeat(); });
+}
+
+bool X11HotKeys::registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers)
+{
+    const std::optional<X11Combination> combination = combinationOf(keyCode, carbonModifiers);
+    if (!combination || m_registrations.contains(id))
+        return false;
+    bool isGranted = false;
+    const bool hasRun = m_thread.run([&] {
+        isGranted = m_grabs.add(*combination);
+        if (isGranted)
+            m_ids[*combination].push_back(id);
+    });
+    if (!hasRun || !isGranted)
+        return false;
+    m_registrations.emplace(id, *combination);
+    return true;
+}
+
+void X11HotKeys::unregisterHotKey(HotKeyId id)
+{
+    const auto known = m_registrations.find(id);
+    if (known == m_registrations.end())
+        return;
+    const X11Combination combination = known->second;
+    m_registrations.erase(known);
+    m_thread.post([this, id, combination] {
+        std::vector<HotKeyId> &ids = m_ids[combination];
+        std::erase(ids, id);
+        if (!ids.empty())
+            return;
+        m_ids.erase(combination);
+        m_grabs.remove(combination);
+    });
+}
+
+bool X11HotKeys::isAvailable(quint32 keyCode, quint32 carbonModifiers)
+{
+    const std::optional<X11Combination> combination = combinationOf(keyCode, carbonModifiers);
+    bool isFree = false;
+    return combination && m_thread.run([&] { isFree = m_grabs.isAvailable(*combination); }) &&
+           isFree;
+}
+
+void X11HotKeys::setSuspended(bool isSuspended)
+{
+    if (isSuspended == m_isSuspended)
+        return;
+    m_isSuspended = isSuspended;
+    // Waited for, so that a recorder gets the very next key.
+    std::ignore = m_thread.run([&] {
+        m_grabs.setSuspended(isSuspended);
+        if (isSuspended)
+            giveKeyboardBack();
+        m_connection.roundTrip();
+    });
+}
+
+bool X11HotKeys::typeFreely(const std::function<void(const Typing &)> &type)
+{
+    return m_thread.run([&] {
+        giveKeyboardBack();
+        type({m_connection, m_keyboard, m_grabs});
+        endHoldsThatAreUp();
+    });
+}
+
+std::optional<X11Combination> X11HotKeys::combinationOf(quint32 keyCode,
+                                                        quint32 carbonModifiers) const
+{
+    const std::optional<quint16> evdevCode = VirtualKey::toEvdev(keyCode);
+    if (!evdevCode || m_connection.isBroken())
+        return std::nullopt;
+    const int keycode = *evdevCode + kEvdevOffset;
+    const xcb_setup_t *setup = xcb_get_setup(m_connection.get());
+    if (keycode < setup->min_keycode || keycode > setup->max_keycode)
+        return std::nullopt;
+    return X11Combination{xcb_keycode_t(keycode), carbonModifiers};
+}
+
+void X11HotKeys::deliver(const HotKeyEvent &event, bool isPress)
+{
+    if (!m_registrations.contains(event.id) || (isPress && m_isSuspended))
+        return;
+    if (isPress)
+        Q_EMIT pressed(event);
+    else
+        Q_EMIT released(event);
+}
+
+void X11HotKeys::handle(const xcb_generic_event_t &event)
+{
+    if (m_keyboard.takeIn(event) == X11Keyboard::Change::Mapping) {
+        m_grabs.refresh();
+        return;
+    }
+    if (const std::optional<xcb_timestamp_t> time = m_heldKeys.releaseTime(event)) {
+        endHoldsThatAreUp(time);
+        return;
+    }
+    const uint8_t type = event.response_type & kEventMask;
+    if (type == XCB_KEY_PRESS) {
+        handlePress(reinterpret_cast<const xcb_key_press_event_t &>(event));
+    } else if (type == XCB_KEY_RELEASE) {
+        const auto &release = reinterpret_cast<const xcb_key_release_event_t &>(event);
+        endHold(release.detail, {{}, release.time, release.root_x, release.root_y});
+    }
+}
+
+void X11HotKeys::handlePress(const xcb_key_press_event_t &event)
+{
+    // Held keys repeat.
+    if (m_holds.contains(event.detail))
+        return;
+    Hold hold;
+    for (const X11Combination &combination : m_grabs.matching(event.detail, event.state)) {
+        const std::vector<HotKeyId> &ids = m_ids.at(combination);
+        hold.ids.insert(hold.ids.end(), ids.begin(), ids.end());
+    }
+    if (hold.ids.empty())
+        return;
+    hold.press = {{}, event.time, event.root_x, event.root_y};
+    report(hold.ids, hold.press, true);
+    m_holds.emplace(event.detail, std::move(hold));
+    // Most presses are followed by typing for the user, which must not wait for the keymap then.
+    m_keyboard.keymap();
+}
+
+void X11HotKeys::endHold(xcb_keycode_t keycode, HotKeyEvent event)
+{
+    const auto held = m_holds.find(keycode);
+    if (held == m_holds.end())
+        return;
+    report(held->second.ids, event, false);
+    m_holds.erase(held);
+    const bool isAnyGivenBack = std::any_of(
+        m_holds.begin(), m_holds.end(), [](const auto &entry) { return entry.second.isGivenBack; });
+    m_heldKeys.setListening(isAnyGivenBack);
+}
+
+void X11HotKeys::endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime)
+{
+    std::vector<std::pair<xcb_keycode_t, HotKeyEvent>> ended;
+    for (const auto &[keycode, hold] : m_holds) {
+        if (hold.isGivenBack && !m_heldKeys.isDown(keycode))
+            ended.emplace_back(keycode, hold.press);
+    }
+    if (ended.empty())
+        return;
+    const XcbPointer<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
+        m_connection.get(), xcb_query_pointer(m_connection.get(), m_connection.root()), nullptr));
+    for (auto &[keycode, event] : ended) {
+        event.timestamp = releaseTime.value_or(event.timestamp);
+        if (pointer) {
+            event.x = pointer->root_x;
+            event.y = pointer->root_y;
+        }
+        endHold(keycode, event);
+    }
+}
+
+void X11HotKeys::giveKeyboardBack()
+{
+    if (m_holds.empty())
+        return;
+    // First listen, then let go: a release in between is then told twice rather than never.
+    m_heldKeys.setListening(true);
+    for (auto &[keycode, hold] : m_holds)
+        hold.isGivenBack = true;
+    xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
+}
+
+void X11HotKeys::report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress)
+{
+    for (const HotKeyId id : ids) {
+        HotKeyEvent told = event;
+        told.id = id;
+        QMetaObject::invokeMethod(
+            this, [this, told, isPress] { deliver(told, isPress); }, Qt::QueuedConnection);
+    }
+}

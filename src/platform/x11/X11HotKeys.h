@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11EventThread.h"
+#include "platform/x11/X11HeldKeys.h"
+#include "platform/x11/X11KeyGrabs.h"
+#include "platform/x11/X11Keyboard.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+/// Hot keys as key grabs on the root window. They have a thread and a connection of their own:
+/// the server freezes nobody's keyboard while the main thread is busy, and what is typed for the
+/// user goes out on the connection that holds the grabs, in one order with giving the keyboard
+/// back. Everything below the line in the class belongs to the thread.
+class X11HotKeys : public HotKeys
+{
+    Q_OBJECT
+
+public:
+    /// What a task that types needs; valid while it runs.
+    struct Typing
+    {
+        const X11Connection &connection;
+        X11Keyboard &keyboard;
+        X11KeyGrabs &grabs;
+    };
+
+    explicit X11HotKeys(QObject *parent = nullptr);
+
+    /// Whether the server lets us type at all.
+    bool canType() const { return m_canType; }
+
+    /// Gives the keyboard back if one of our combinations is down, because keys sent meanwhile
+    /// would come to us, then runs `type` on the thread. False when the server is gone.
+    [[nodiscard]] bool typeFreely(const std::function<void(const Typing &)> &type);
+
+    // ^HotKeys
+    bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
+    void unregisterHotKey(HotKeyId id) override;
+    bool isAvailable(quint32 keyCode, quint32 carbonModifiers) override;
+    void setSuspended(bool isSuspended) override;
+
+private:
+    /// A combination that is down.
+    struct Hold
+    {
+        std::vector<HotKeyId> ids;
+        HotKeyEvent press;
+        /// Its release does not reach us as a key event any more.
+        bool isGivenBack = false;
+    };
+
+    std::optional<X11Combination> combinationOf(quint32 keyCode, quint32 carbonModifiers) const;
+    void deliver(const HotKeyEvent &event, bool isPress);
+
+    void handle(const xcb_generic_event_t &event);
+    void handlePress(const xcb_key_press_event_t &event);
+    void endHold(xcb_keycode_t keycode, HotKeyEvent event);
+    void endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime = std::nullopt);
+    void giveKeyboardBack();
+    void report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress);
+
+    /// The registrations as the main thread knows them: what arrives late for a released one is
+    /// not delivered.
+    std::map<HotKeyId, X11Combination> m_registrations;
+    bool m_isSuspended = false;
+
+    // The thread's.
+    X11Connection m_connection;
+    const bool m_canType;
+    X11Keyboard m_keyboard;
+    X11KeyGrabs m_grabs;
+    X11HeldKeys m_heldKeys;
+    std::map<X11Combination, std::vector<HotKeyId>> m_ids;
+    std::map<xcb_keycode_t, Hold> m_holds;
+    X11EventThread m_thread;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/KeySender.h"
+#include "platform/x11/X11HotKeys.h"
+
+#include <xcb/xcb.h>
+
+#include <functional>
+
+class X11FrontApplication;
+
+/// Types with the server's test extension, over the connection and on the thread of the hot keys.
+/// Nothing that it released for the user is ever pressed again: the user's own release follows,
+/// and a key pressed twice but released once would stick.
+class X11KeySender : public KeySender
+{
+public:
+    /// Copy and paste in a terminal, where Ctrl-C and Ctrl-V belong to the program inside.
+    struct TerminalSelection
+    {
+        /// Makes the pasteboard's text the primary selection, which Shift-Insert pastes.
+        std::function<void()> offerPrimary;
+        /// Takes the primary selection of the target window as a copy.
+        std::function<void(xcb_window_t target)> publishPrimary;
+    };
+
+    /// Both references must outlive this object.
+    X11KeySender(X11HotKeys &hotKeys, const X11FrontApplication &frontApplication,
+                 TerminalSelection terminal);
+
+    // ^KeySender
+    bool isAvailable() const override;
+    [[nodiscard]] bool sendCommand(quint32 keyCode) override;
+
+private:
+    /// A modifier with a key.
+    struct Chord
+    {
+        quint32 carbonModifier;
+        xkb_keysym_t symbol;
+        quint32 keyCode; ///< Where the key is when no key gives the symbol.
+    };
+
+    bool send(const Chord &chord);
+    static void type(const X11HotKeys::Typing &typing, const Chord &chord);
+
+    X11HotKeys &m_hotKeys;
+    const X11FrontApplication &m_front;
+    const TerminalSelection m_terminal;
+};

@@ -1,0 +1,134 @@
+#include "platform/x11/X11Keyboard.h"
+
+#include <xkbcommon/xkbcommon-x11.h>
+
+// A field of this header is called by a C++ keyword.
+#define explicit xkbExplicit
+#include <xcb/xkb.h>
+#undef explicit
+
+namespace {
+
+constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
+
+} // namespace
+
+X11Keyboard::X11Keyboard(const X11Connection &connection) : m_connection(connection)
+{
+    m_hasExtension = !connection.isBroken() &&
+                     xkb_x11_setup_xkb_extension(connection.get(), XKB_X11_MIN_MAJOR_XKB_VERSION,
+                                                 XKB_X11_MIN_MINOR_XKB_VERSION,
+                                                 XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr,
+                                                 nullptr, &m_firstEvent, nullptr);
+    if (!m_hasExtension)
+        return;
+    selectNotices();
+    readGroup();
+}
+
+void X11Keyboard::selectNotices() const
+{
+    constexpr uint16_t kNotices = XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY |
+                                  XCB_XKB_EVENT_TYPE_MAP_NOTIFY | XCB_XKB_EVENT_TYPE_STATE_NOTIFY;
+    constexpr uint16_t kMapParts = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS |
+                                   XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS |
+                                   XCB_XKB_MAP_PART_VIRTUAL_MOD_MAP;
+    constexpr uint16_t kKeyboardParts = XCB_XKB_NKN_DETAIL_KEYCODES;
+    xcb_xkb_select_events_details_t details = {};
+    details.affectNewKeyboard = kKeyboardParts;
+    details.newKeyboardDetails = kKeyboardParts;
+    // Of the state the group only: a notice for each modifier pressed would wake us all day.
+    details.affectState = XCB_XKB_STATE_PART_GROUP_STATE;
+    details.stateDetails = XCB_XKB_STATE_PART_GROUP_STATE;
+    xcb_xkb_select_events_aux(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, kNotices, 0, 0,
+                              kMapParts, kMapParts, &details);
+    xcb_flush(m_connection.get());
+}
+
+void X11Keyboard::setDetectableAutoRepeat()
+{
+    if (!m_hasExtension)
+        return;
+    constexpr uint32_t kFlag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    const auto cookie = xcb_xkb_per_client_flags(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, kFlag,
+                                                 kFlag, 0, 0, 0);
+    xcb_discard_reply(m_connection.get(), cookie.sequence);
+}
+
+X11Keyboard::Change X11Keyboard::takeIn(const xcb_generic_event_t &event)
+{
+    const uint8_t type = event.response_type & kEventMask;
+    if (type == XCB_MAPPING_NOTIFY) {
+        const auto &notice = reinterpret_cast<const xcb_mapping_notify_event_t &>(event);
+        if (notice.request == XCB_MAPPING_POINTER)
+            return Change::None;
+        m_keymap.reset();
+        return Change::Mapping;
+    }
+    if (!m_hasExtension || type != m_firstEvent)
+        return Change::None;
+    // The kind stands where other events keep their detail.
+    switch (event.pad0) {
+    case XCB_XKB_NEW_KEYBOARD_NOTIFY:
+    case XCB_XKB_MAP_NOTIFY:
+        m_keymap.reset();
+        return Change::Mapping;
+    case XCB_XKB_STATE_NOTIFY:
+        m_group = reinterpret_cast<const xcb_xkb_state_notify_event_t &>(event).group;
+        return Change::Group;
+    default:
+        return Change::None;
+    }
+}
+
+xkb_keymap *X11Keyboard::keymap()
+{
+    if (m_keymap || !m_hasExtension)
+        return m_keymap.get();
+    if (!m_context)
+        m_context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
+    const int32_t device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
+    if (m_context && device >= 0)
+        m_keymap.reset(xkb_x11_keymap_new_from_device(m_context.get(), m_connection.get(), device,
+                                                      XKB_KEYMAP_COMPILE_NO_FLAGS));
+    return m_keymap.get();
+}
+
+void X11Keyboard::readGroup()
+{
+    if (!m_hasExtension)
+        return;
+    const auto cookie = xcb_xkb_get_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD);
+    const XcbPointer<xcb_xkb_get_state_reply_t> state(
+        xcb_xkb_get_state_reply(m_connection.get(), cookie, nullptr));
+    if (state)
+        m_group = state->group;
+}
+
+std::optional<xcb_keycode_t> X11Keyboard::keyFor(xkb_keysym_t symbol)
+{
+    xkb_keymap *map = keymap();
+    if (!map)
+        return std::nullopt;
+    std::optional<xcb_keycode_t> elsewhere;
+    const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(map), 255);
+    for (xkb_keycode_t keycode = xkb_keymap_min_keycode(map); keycode <= last; ++keycode) {
+        if (plainSymbol(map, keycode, m_group) == symbol)
+            return xcb_keycode_t(keycode);
+        const xkb_layout_index_t groups = xkb_keymap_num_layouts_for_key(map, keycode);
+        for (xkb_layout_index_t group = 0; group < groups && !elsewhere; ++group) {
+            if (plainSymbol(map, keycode, group) == symbol)
+                elsewhere = xcb_keycode_t(keycode);
+        }
+    }
+    return elsewhere;
+}
+
+xkb_keysym_t X11Keyboard::plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode,
+                                      xkb_layout_index_t group)
+{
+    // A key that has fewer groups than the keyboard answers in the one it has for this group.
+    const xkb_keysym_t *symbols = nullptr;
+    const int count = xkb_keymap_key_get_syms_by_level(keymap, keycode, group, 0, &symbols);
+    return count == 1 ? symbols[0] : xkb_keysym_t(XKB_KEY_NoSymbol);
+}

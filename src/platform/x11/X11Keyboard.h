@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/x11/X11Connection.h"
+
+#include <xkbcommon/xkbcommon.h>
+
+#include <memory>
+#include <optional>
+
+struct FreeKeymap
+{
+    void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
+    void operator()(xkb_context *context) const { xkb_context_unref(context); }
+    void operator()(xkb_state *state) const { xkb_state_unref(state); }
+};
+
+template <typename Xkb>
+using XkbPointer = std::unique_ptr<Xkb, FreeKeymap>;
+
+/// The server's keyboard as one connection sees it: what its keys give, and notice of changes.
+/// Owned by the adapter that owns the connection and used from that connection's thread. The
+/// keymap is read when it is first asked for, because it takes the server a few milliseconds.
+class X11Keyboard
+{
+public:
+    enum class Change { None, Mapping, Group };
+
+    /// Asks the server for notices; without its keyboard extension there are none, and no keymap.
+    explicit X11Keyboard(const X11Connection &connection);
+
+    /// From now on a key that repeats while it is held is reported as pressed again without
+    /// having been released.
+    void setDetectableAutoRepeat();
+
+    /// Takes in an event of the connection and says what it changed.
+    Change takeIn(const xcb_generic_event_t &event);
+
+    /// Null when the server has none to tell.
+    xkb_keymap *keymap();
+
+    /// The group in effect, as it was told last.
+    xkb_layout_index_t group() const { return m_group; }
+
+    /// Asks for the group in effect now.
+    void readGroup();
+
+    /// A key that gives `symbol` by itself: in the group in effect, else in any.
+    std::optional<xcb_keycode_t> keyFor(xkb_keysym_t symbol);
+
+    /// What the key gives by itself in `group`; XKB_KEY_NoSymbol when nothing.
+    static xkb_keysym_t plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode,
+                                    xkb_layout_index_t group);
+
+private:
+    void selectNotices() const;
+
+    const X11Connection &m_connection;
+    XkbPointer<xkb_context> m_context;
+    XkbPointer<xkb_keymap> m_keymap;
+    xkb_layout_index_t m_group = 0;
+    bool m_hasExtension = false;
+    uint8_t m_firstEvent = 0;
+};

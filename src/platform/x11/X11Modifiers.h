@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/x11/X11Connection.h"
+
+#include <QtGlobal>
+
+#include <vector>
+
+/// Which of the server's eight modifiers stand for which keys, read from the modifier map: layouts
+/// and users move them about. A value, read anew after each mapping change.
+struct X11Modifiers
+{
+    /// As most keyboards have them, until the map was read and for what the map does not hold.
+    quint16 option = XCB_MOD_MASK_1;
+    quint16 command = XCB_MOD_MASK_4;
+    /// 0 when no modifier stands for the key.
+    quint16 numLock = 0;
+    quint16 scrollLock = 0;
+    /// A key that is Control; 0 when there is none.
+    xcb_keycode_t controlKey = 0;
+    xcb_keycode_t shiftKey = 0;
+    /// Every key that is a modifier while it is held; the locking keys are not among them.
+    std::vector<xcb_keycode_t> heldKeys;
+
+    bool operator==(const X11Modifiers &) const = default;
+
+    static X11Modifiers read(const X11Connection &connection);
+
+    /// The modifier mask of Carbon bits, Caps Lock left aside.
+    quint16 maskOf(quint32 carbonModifiers) const;
+
+    /// Every combination of the locks, that of none included. Those with Caps Lock only, when the
+    /// combination asks for Caps Lock.
+    std::vector<quint16> lockVariants(quint32 carbonModifiers) const;
+
+    /// The bits of an event's state that tell combinations apart, locks left aside.
+    quint16 withoutLocks(quint16 state) const;
+};
