@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <optional>
+
+class MASShortcutMonitor;
+class MASShortcutView;
+class QKeyEvent;
+
+/// What all recorders of the process share, so that no two can record at once: which of them
+/// started last, the application-wide key monitor and the observer of its window. Our own hot keys
+/// are suspended from the start of a recording until its last key is let go: a key that is still
+/// held would otherwise trigger the very shortcut it has just recorded. Used from the main thread.
+class ShortcutRecording : public QObject
+{
+    Q_OBJECT
+
+public:
+    static ShortcutRecording &shared();
+
+    /// Makes `recorder` the remembered one; another that is recording stops first.
+    void setRecorder(MASShortcutView &recorder);
+
+    /// Sends every key event of the application through the recorder and suspends the hot keys of
+    /// `hotKeyMonitor`, which may be null.
+    void start(MASShortcutMonitor *hotKeyMonitor);
+    void stop();
+
+    /// Leaves the keys alone for a while, as long as an alert is up.
+    void pause();
+    void resume();
+
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    enum class Phase { Off, Recording, Paused, AwaitingRelease };
+
+    using QObject::QObject;
+
+    void enter(Phase phase);
+    bool monitorKey(QKeyEvent &event);
+    bool awaitRelease(QKeyEvent &event);
+
+    Phase m_phase = Phase::Off;
+    QPointer<MASShortcutView> m_recorder;
+    QPointer<MASShortcutMonitor> m_suspended;
+    /// Scan code of the press under examination or, after the recording, of the key awaited.
+    std::optional<quint32> m_key;
+};
