@@ -4,12 +4,15 @@
 #include "platform/Clock.h"
 #include "platform/FrontApplication.h"
 #include "platform/HotKeys.h"
+#include "platform/InstalledApplications.h"
 #include "platform/KeySender.h"
 #include "platform/KeyboardLayout.h"
+#include "platform/LoginItems.h"
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 #include "platform/SettingsStore.h"
 #include "platform/StatusBar.h"
+#include "platform/SymbolicHotKeys.h"
 #include "platform/WindowSpace.h"
 #include "platform/Workspace.h"
 
@@ -23,11 +26,14 @@ struct Platform
     std::unique_ptr<Clock> clock;
     std::unique_ptr<SettingsStore> settings;
     std::unique_ptr<ApplicationNames> applicationNames;
+    std::unique_ptr<InstalledApplications> installedApplications;
+    std::unique_ptr<LoginItems> loginItems;
     std::unique_ptr<Notifications> notifications;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<WindowSpace> windowSpace;
     std::unique_ptr<KeyboardLayout> keyboardLayout;
     std::unique_ptr<HotKeys> hotKeys;
+    std::unique_ptr<SymbolicHotKeys> symbolicHotKeys;
     std::unique_ptr<FrontApplication> frontApplication;
     std::unique_ptr<Pasteboard> pasteboard;
     std::unique_ptr<KeySender> keySender;

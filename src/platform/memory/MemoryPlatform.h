@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/memory/MemoryDesktopLists.h"
 #include "platform/memory/MemoryHotKeys.h"
 #include "platform/memory/MemoryPasteboard.h"
 #include "platform/memory/MemorySettingsStore.h"
@@ -201,11 +202,14 @@ struct MemoryPlatform
     Platform platform;
     MemoryClock &clock;
     MemorySettingsStore &settings;
+    MemoryInstalledApplications &installedApplications;
+    MemoryLoginItems &loginItems;
     MemoryNotifications &notifications;
     MemoryWorkspace &workspace;
     MemoryWindowSpace &windowSpace;
     MemoryKeyboardLayout &keyboardLayout;
     MemoryHotKeys &hotKeys;
+    MemorySymbolicHotKeys &symbolicHotKeys;
     MemoryFrontApplication &frontApplication;
     MemoryPasteboard &pasteboard;
     MemoryKeySender &keySender;

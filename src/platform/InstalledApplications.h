@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QIcon>
+#include <QList>
+#include <QString>
+
+/// An application that a person can choose by name and icon.
+struct InstalledApplication
+{
+    /// The same name that ApplicationNames tells for its windows. The application stands for a
+    /// bundle whose file name is this name with ".app" behind it.
+    QString name;
+    /// Where it is described: the path of its desktop entry.
+    QString path;
+    /// For InstalledApplications::icon(); empty when it has none.
+    QString iconName;
+    /// A guess, for suggestions only.
+    bool isPasswordManager = false;
+};
+
+/// The applications on this machine. Owned by Platform; used from the main thread.
+class InstalledApplications
+{
+public:
+    InstalledApplications() = default;
+    InstalledApplications(const InstalledApplications &) = delete;
+    InstalledApplications &operator=(const InstalledApplications &) = delete;
+    virtual ~InstalledApplications() = default;
+
+    /// As they are installed now, without those that hide themselves from menus, by name. Two may
+    /// bear the same name.
+    virtual QList<InstalledApplication> applications() = 0;
+
+    /// The application's icon, drawn when it is first painted; a plain one when it has none that
+    /// can be used.
+    virtual QIcon icon(const InstalledApplication &application) = 0;
+};

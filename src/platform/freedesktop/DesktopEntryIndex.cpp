@@ -1,0 +1,52 @@
+#include "platform/freedesktop/DesktopEntryIndex.h"
+
+#include <algorithm>
+
+DesktopEntryIndex::DesktopEntryIndex(DesktopEntryScan scan) : m_scan(std::move(scan))
+{
+    std::vector<const DesktopApplication *> order;
+    for (const DesktopApplication &application : m_scan.applications)
+        order.push_back(&application);
+    // A program that shows itself in menus explains a window better than a helper does, and the
+    // entry that starts a program plainly better than one that asks it for something special.
+    std::stable_sort(order.begin(), order.end(), [](const auto *left, const auto *right) {
+        return std::pair(!left->isDisplayed, left->argumentCount) <
+               std::pair(!right->isDisplayed, right->argumentCount);
+    });
+    const auto put = [](Table &table, const QString &key, const DesktopApplication *application) {
+        if (!key.isEmpty() && !table.contains(key.toLower()))
+            table.insert(key.toLower(), application);
+    };
+    for (const DesktopApplication *application : order) {
+        put(m_byWindowClass, application->startupWmClass, application);
+        put(m_byId, application->id, application);
+        put(m_byLastPart, application->id.section(u'.', -1), application);
+        put(m_byProgram, application->program, application);
+    }
+}
+
+const DesktopApplication *DesktopEntryIndex::first(const Table &table,
+                                                   std::initializer_list<QStringView> keys)
+{
+    for (const QStringView key : keys) {
+        const auto *found = key.isEmpty() ? nullptr : table.value(key.toString().toLower());
+        if (found)
+            return found;
+    }
+    return nullptr;
+}
+
+const DesktopApplication *DesktopEntryIndex::find(const WindowIdentity &window) const
+{
+    const QStringView name = window.resourceName;
+    const QStringView windowClass = window.resourceClass;
+    // The name goes before the class: a web application's window shares the browser's class and
+    // has a name of its own, for which it has an entry.
+    if (const auto *found = first(m_byWindowClass, {name, windowClass}))
+        return found;
+    if (const auto *found = first(m_byId, {window.gtkApplicationId, windowClass, name}))
+        return found;
+    if (const auto *found = first(m_byLastPart, {windowClass, name}))
+        return found;
+    return first(m_byProgram, {window.processName, windowClass, name});
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/ApplicationNames.h"
+#include "platform/freedesktop/DesktopEntryScan.h"
+
+#include <QHash>
+
+/// Finds the desktop entry behind a window. Made whole and never changed afterwards, so any
+/// number of threads may ask it.
+class DesktopEntryIndex
+{
+public:
+    explicit DesktopEntryIndex(DesktopEntryScan scan);
+
+    const DesktopEntryScan &scan() const { return m_scan; }
+
+    /// By what the entry says of its windows, then the application id, then the desktop id, then
+    /// the program; letter case does not matter. Null when no entry fits.
+    const DesktopApplication *find(const WindowIdentity &window) const;
+
+private:
+    using Table = QHash<QString, const DesktopApplication *>;
+
+    static const DesktopApplication *first(const Table &table,
+                                           std::initializer_list<QStringView> keys);
+
+    DesktopEntryScan m_scan;
+    Table m_byWindowClass;
+    Table m_byId;
+    Table m_byLastPart; ///< What follows the last dot of an id: "org.gnome.Nautilus".
+    Table m_byProgram;
+};

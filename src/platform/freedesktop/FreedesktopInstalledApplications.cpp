@@ -1,0 +1,103 @@
+#include "platform/freedesktop/FreedesktopInstalledApplications.h"
+
+#include "platform/freedesktop/DesktopEntryCatalog.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QSet>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kLargestIcon = 4 * 1024 * 1024;
+
+bool isPasswordManager(const DesktopApplication &application)
+{
+    // By the last part of the desktop id, which stays when a package renames the rest.
+    static const QSet<QString> kPasswordManagers{
+        QStringLiteral("1password"),
+        QStringLiteral("authpass"),
+        QStringLiteral("bitwarden"),
+        QStringLiteral("buttercup"),
+        QStringLiteral("dashlane"),
+        QStringLiteral("enpass"),
+        QStringLiteral("gnome-passwordsafe"),
+        QStringLiteral("keepass"),
+        QStringLiteral("keepass2"),
+        QStringLiteral("keepassx"),
+        QStringLiteral("keepassxc"),
+        QStringLiteral("keeperpasswordmanager"),
+        QStringLiteral("keyguard"),
+        QStringLiteral("kpcli"),
+        QStringLiteral("kwalletmanager"),
+        QStringLiteral("kwalletmanager5"),
+        QStringLiteral("lastpass"),
+        QStringLiteral("nordpass"),
+        QStringLiteral("onepassword"),
+        QStringLiteral("padloc"),
+        QStringLiteral("passwordsafe"),
+        QStringLiteral("proton-pass"),
+        QStringLiteral("pwsafe"),
+        QStringLiteral("qtpass"),
+        QStringLiteral("revelation"),
+        QStringLiteral("secrets"),
+    };
+    static const QSet<QString> kWholeIds{QStringLiteral("com.bitwarden.desktop"),
+                                         QStringLiteral("me.proton.pass"),
+                                         QStringLiteral("org.gnome.seahorse.application")};
+    const QString id = application.id.toLower();
+    return kWholeIds.contains(id) || kPasswordManagers.contains(id.section(u'.', -1)) ||
+           application.genericName.contains(u"password manager", Qt::CaseInsensitive);
+}
+
+QIcon iconOfFile(const QString &path)
+{
+    // A pipe or a giant in an icon's place must not hold up the painting.
+    const QFileInfo file(path);
+    return file.isFile() && file.size() <= kLargestIcon ? QIcon(path) : QIcon();
+}
+
+QIcon iconOfTheme(QString name)
+{
+    // Many entries name a file where a theme knows it without its ending.
+    for (const QStringView ending : {u".png", u".svg", u".xpm"}) {
+        if (name.endsWith(ending))
+            name.chop(ending.size());
+    }
+    return name.contains(u'/') ? QIcon() : QIcon::fromTheme(name);
+}
+
+} // namespace
+
+FreedesktopInstalledApplications::FreedesktopInstalledApplications(
+    std::shared_ptr<DesktopEntryCatalog> catalog)
+    : m_catalog(std::move(catalog))
+{
+}
+
+QList<InstalledApplication> FreedesktopInstalledApplications::applications()
+{
+    const auto index = m_catalog->currentIndex();
+    QList<InstalledApplication> list;
+    for (const DesktopApplication &application : index->scan().applications) {
+        if (application.isDisplayed)
+            list.append({application.name, application.path, application.iconName,
+                         isPasswordManager(application)});
+    }
+    std::stable_sort(list.begin(), list.end(), [](const auto &left, const auto &right) {
+        return QString::compare(left.name, right.name, Qt::CaseInsensitive) < 0;
+    });
+    return list;
+}
+
+QIcon FreedesktopInstalledApplications::icon(const InstalledApplication &application)
+{
+    const QString &name = application.iconName;
+    const QIcon icon = name.startsWith(u'/') ? iconOfFile(name) : iconOfTheme(name);
+    if (!icon.isNull())
+        return icon;
+    return QIcon::fromTheme(QStringLiteral("application-x-executable"),
+                            QApplication::style()->standardIcon(QStyle::SP_FileIcon));
+}

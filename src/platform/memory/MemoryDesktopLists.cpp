@@ -1,0 +1,38 @@
+#include "platform/memory/MemoryDesktopLists.h"
+
+void MemoryLoginItems::append(const QString &program)
+{
+    m_items.append({LoginItem{QString::number(++m_lastId)}, program});
+}
+
+QStringList MemoryLoginItems::programs() const
+{
+    QStringList programs;
+    for (const auto &[item, program] : m_items)
+        programs.append(program);
+    return programs;
+}
+
+std::optional<QList<LoginItem>> MemoryLoginItems::snapshot() const
+{
+    if (!m_isAvailable)
+        return std::nullopt;
+    QList<LoginItem> items;
+    for (const auto &[item, program] : m_items)
+        items.append(item);
+    return items;
+}
+
+std::optional<QString> MemoryLoginItems::resolvedPath(const LoginItem &item) const
+{
+    for (const auto &[known, program] : m_items) {
+        if (known == item && !program.isEmpty())
+            return program;
+    }
+    return std::nullopt;
+}
+
+void MemoryLoginItems::remove(const LoginItem &item)
+{
+    m_items.removeIf([&](const auto &known) { return known.first == item; });
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/InstalledApplications.h"
+#include "platform/LoginItems.h"
+#include "platform/SymbolicHotKeys.h"
+
+#include <utility>
+
+class MemoryInstalledApplications : public InstalledApplications
+{
+public:
+    void setApplications(const QList<InstalledApplication> &list) { m_applications = list; }
+
+    // ^InstalledApplications
+    QList<InstalledApplication> applications() override { return m_applications; }
+    QIcon icon(const InstalledApplication &) override { return {}; }
+
+private:
+    QList<InstalledApplication> m_applications;
+};
+
+/// Login items by the program they start; an empty program does not resolve.
+class MemoryLoginItems : public LoginItems
+{
+public:
+    void setAvailable(bool isAvailable) { m_isAvailable = isAvailable; }
+    void setApplicationPath(const std::optional<QString> &path) { m_applicationPath = path; }
+    /// Adds an entry as another program would.
+    void append(const QString &program);
+    /// The programs in order.
+    QStringList programs() const;
+
+    // ^LoginItems
+    std::optional<QString> applicationPath() const override { return m_applicationPath; }
+    std::optional<QList<LoginItem>> snapshot() const override;
+    std::optional<QString> resolvedPath(const LoginItem &item) const override;
+    void remove(const LoginItem &item) override;
+    void insertLast(const QString &path) override { append(path); }
+
+private:
+    bool m_isAvailable = true;
+    std::optional<QString> m_applicationPath = QStringLiteral("/usr/bin/quillmarsh");
+    QList<std::pair<LoginItem, QString>> m_items;
+    int m_lastId = 0;
+};
+
+class MemorySymbolicHotKeys : public SymbolicHotKeys
+{
+    Q_OBJECT
+
+public:
+    using SymbolicHotKeys::SymbolicHotKeys;
+
+    void setHotKeys(const QList<SymbolicHotKey> &hotKeys) { m_hotKeys = hotKeys; }
+
+    // ^SymbolicHotKeys
+    QList<SymbolicHotKey> hotKeys() const override { return m_hotKeys; }
+    void refresh() override { Q_EMIT refreshed(); }
+
+private:
+    QList<SymbolicHotKey> m_hotKeys;
+};

@@ -1,0 +1,182 @@
+#include "platform/freedesktop/DesktopEntryApplicationNames.h"
+#include "platform/freedesktop/DesktopEntryCatalog.h"
+#include "platform/freedesktop/FreedesktopInstalledApplications.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace {
+
+/// Two applications folders, the user's and the system's.
+class DesktopApplications : public testing::Test
+{
+protected:
+    void put(const char *file, const QByteArray &keys, const char *folder = "system") const
+    {
+        const QString path =
+            m_folder.filePath(QString::fromUtf8(folder) + u'/' + QString::fromUtf8(file));
+        QDir().mkpath(QFileInfo(path).path());
+        QFile entry(path);
+        ASSERT_TRUE(entry.open(QIODevice::WriteOnly));
+        entry.write("[Desktop Entry]\nType=Application\n" + keys);
+    }
+
+    std::shared_ptr<DesktopEntryCatalog> catalog() const
+    {
+        return std::make_shared<DesktopEntryCatalog>(
+            QStringList{m_folder.filePath(QStringLiteral("user")),
+                        m_folder.filePath(QStringLiteral("system"))});
+    }
+
+    QString nameOf(const WindowIdentity &window) const
+    {
+        return DesktopEntryApplicationNames(catalog()).identify(window).name;
+    }
+
+    QStringList installed() const
+    {
+        QStringList names;
+        FreedesktopInstalledApplications applications(catalog());
+        for (const InstalledApplication &application : applications.applications())
+            names.append(application.name);
+        return names;
+    }
+
+    QTemporaryDir m_folder;
+};
+
+WindowIdentity window(const char *name, const char *windowClass, const char *gtkId = "",
+                      const char *process = "")
+{
+    return {QString::fromUtf8(name), QString::fromUtf8(windowClass), QString::fromUtf8(gtkId),
+            QString::fromUtf8(process)};
+}
+
+TEST_F(DesktopApplications, aWindowIsNamedByTheMostTrustworthySign)
+{
+    put("1password.desktop", "Name=1Password\nName[de]=Geheim\nStartupWMClass=1Password\n"
+                             "Exec=/opt/1Password/1password %U\n");
+    put("browser.desktop", "Name=Browser\nExec=browser %u\n");
+    put("web-mail.desktop", "Name=Web Mail\nExec=browser --app=x\nStartupWMClass=crx_mail\n");
+    put("org.example.Files.desktop", "Name=Files\nExec=env A=b /usr/bin/files-app --new-window\n");
+    put("helper.desktop", "Name=Helper\nExec=browser\nNoDisplay=true\n");
+    put("flat.desktop", "Name=Flat\nExec=flatpak run x\n");
+    put("vendor/tool.desktop", "Name=Tool\n");
+    struct Row
+    {
+        WindowIdentity window;
+        const char *name;
+    };
+    const Row rows[]{
+        {window("1password", "1PASSWORD"), "1Password"},
+        {window("crx_mail", "Browser"), "Web Mail"},
+        {window("x", "Browser"), "Browser"},
+        {window("x", "y", "org.example.files"), "Files"},
+        {window("x", "files"), "Files"},
+        {window("x", "y", "", "files-app"), "Files"},
+        {window("x", "vendor-tool"), "Tool"},
+        {window("x", "Unknown", "", "browser"), "Browser"},
+        {window("x", "Unknown", "", "flatpak"), "Unknown"},
+        {window("x", "", "", "proc"), "proc"},
+        {window("x", "", "", ""), ""},
+    };
+    const DesktopEntryApplicationNames names(catalog());
+    for (const Row &row : rows)
+        EXPECT_EQ(names.identify(row.window).name.toStdString(), row.name)
+            << qUtf8Printable(row.window.resourceClass);
+}
+
+TEST_F(DesktopApplications, aTerminalIsKnownByItsCategoryOrItsClass)
+{
+    put("myterm.desktop", "Name=My Term\nCategories=Utility;TerminalEmulator;\n");
+    put("editor.desktop", "Name=Editor\nCategories=Utility;\n");
+    const DesktopEntryApplicationNames names(catalog());
+    EXPECT_TRUE(names.identify(window("myterm", "MyTerm")).isTerminal);
+    EXPECT_TRUE(names.identify(window("xterm", "XTerm")).isTerminal);
+    EXPECT_FALSE(names.identify(window("editor", "Editor")).isTerminal);
+}
+
+TEST_F(DesktopApplications, theUsersEntryShadowsTheSystemsEvenToHideIt)
+{
+    put("a.desktop", "Name=Ours\n", "user");
+    put("a.desktop", "Name=Theirs\nStartupWMClass=theirs\n");
+    put("b.desktop", "Name=Gone\nHidden=true\n", "user");
+    put("b.desktop", "Name=Still there\n");
+    put("c.desktop", "Name=Quiet\nNoDisplay=true\n");
+    EXPECT_EQ(installed(), QStringList{QStringLiteral("Ours")});
+    EXPECT_EQ(nameOf(window("x", "theirs")), QStringLiteral("theirs"));
+    EXPECT_EQ(nameOf(window("x", "b")), QStringLiteral("b"));
+    EXPECT_EQ(nameOf(window("x", "c")), QStringLiteral("Quiet"));
+}
+
+TEST_F(DesktopApplications, brokenAndHostileEntriesAreLeftOut)
+{
+    put("good.desktop", "Name=  Good\\n App \nIcon=../../etc/passwd\n");
+    put("nameless.desktop", "Name= \n");
+    put("endless.desktop", "Name=" + QByteArray(100'000, 'x') + "\n");
+    put("link.desktop", "Type=Link\nName=Second type counts for nothing\nHidden=true\n");
+    put("missing.desktop", "Name=Missing\nTryExec=/nowhere/at/all\n");
+    const QString system = m_folder.filePath(QStringLiteral("system"));
+    ASSERT_TRUE(QFile::link(system, system + QStringLiteral("/circle")));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/nowhere"), system + QStringLiteral("/a.desktop")));
+    ASSERT_TRUE(QDir().mkdir(system + QStringLiteral("/folder.desktop")));
+    EXPECT_EQ(installed(), QStringList{QStringLiteral("Good App")});
+}
+
+TEST_F(DesktopApplications, passwordManagersAreGuessedByIdOrDescription)
+{
+    put("org.keepassxc.KeePassXC.desktop", "Name=KeePassXC\n");
+    put("vault.desktop", "Name=Vault\nGenericName=Password Manager\n");
+    put("xpad.desktop", "Name=Pad\nGenericName=Notes\nIcon=/dev/zero\n");
+    FreedesktopInstalledApplications applications(catalog());
+    QStringList managers;
+    for (const InstalledApplication &application : applications.applications()) {
+        if (application.isPasswordManager)
+            managers.append(application.name);
+        EXPECT_FALSE(applications.icon(application).isNull());
+    }
+    EXPECT_EQ(managers, (QStringList{QStringLiteral("KeePassXC"), QStringLiteral("Vault")}));
+}
+
+TEST_F(DesktopApplications, whatIsInstalledLaterIsFound)
+{
+    const auto shared = catalog();
+    FreedesktopInstalledApplications applications(shared);
+    const DesktopEntryApplicationNames names(shared);
+    EXPECT_TRUE(applications.applications().isEmpty());
+    EXPECT_EQ(names.identify(window("x", "late")).name, QStringLiteral("late"));
+    put("sub/late.desktop", "Name=Late\nStartupWMClass=late\n", "user");
+    EXPECT_EQ(applications.applications().size(), 1);
+    put("later.desktop", "Name=Later\n", "user");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return names.identify(window("x", "later")).name == QStringLiteral("Later"); }));
+}
+
+TEST_F(DesktopApplications, manyThreadsMayAskWhileTheFoldersChange)
+{
+    put("a.desktop", "Name=A\n");
+    const auto shared = catalog();
+    const DesktopEntryApplicationNames names(shared);
+    std::vector<std::thread> threads;
+    std::atomic<int> wrong = 0;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 300; ++round)
+                wrong += names.identify(window("x", "a")).name != QStringLiteral("A");
+        });
+    }
+    for (int round = 0; round < 20; ++round) {
+        put(qPrintable(QStringLiteral("b%1.desktop").arg(round)), "Name=B\n");
+        shared->currentIndex();
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(wrong, 0);
+}
+
+} // namespace
