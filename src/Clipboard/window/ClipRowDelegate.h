@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Clipboard/window/ClipColors.h"
+
+#include <QFont>
+#include <QRect>
+#include <QString>
+
+class QPainter;
+
+/// Draws one row of the clip list: a quiet running number and one line of the clip. Owned by the
+/// table. A row costs the same however long its clip is.
+class ClipRowDelegate
+{
+public:
+    struct Row
+    {
+        QRect numberRect;
+        QRect valueRect;
+        QString number;
+        QString value;
+        bool isSelected = false;
+    };
+
+    void setColors(const ClipColors &colors) { m_colors = colors; }
+    void setFont(const QFont &font);
+
+    int rowHeight() const;
+    /// Width that the running numbers of a list of `rowCount` clips need.
+    int numberWidth(int rowCount) const;
+
+    void paint(QPainter &painter, const Row &row) const;
+
+    /// What a row shows of a display text: its beginning without leading blanks, on one line.
+    static QString recognisableText(const QString &displayText);
+
+private:
+    ClipColors m_colors;
+    QFont m_font;
+    QFont m_numberFont;
+};

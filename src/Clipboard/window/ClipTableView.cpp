@@ -1,0 +1,254 @@
+#include "Clipboard/window/ClipTableView.h"
+
+#include "Clipboard/window/ClipTableModel.h"
+#include "Clipboard/window/ViewController.h"
+#include "platform/ModifierFlags.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int kSelectionInset = 6; ///< Points left free at both sides of the selected row.
+constexpr int kSelectionRadius = 4;
+
+bool isTyping(const QKeyEvent &event)
+{
+    return !event.text().isEmpty() && event.text().front().isPrint() &&
+           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
+} // namespace
+
+ClipTableView::ClipTableView(QWidget *parent) : QTableView(parent)
+{
+    setObjectName(QStringLiteral("clipTableView"));
+    setAccessibleName(tr("Clips"));
+    setFrameShape(QFrame::NoFrame);
+    setShowGrid(false);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setWordWrap(false);
+    viewport()->setAutoFillBackground(false);
+    horizontalHeader()->hide();
+    horizontalHeader()->setMinimumSectionSize(1);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    updateMetrics();
+}
+
+ClipTableView::~ClipTableView() = default;
+
+void ClipTableView::setDelegate(ViewController *viewController)
+{
+    m_delegate = viewController;
+    m_model = new ClipTableModel(*viewController, this);
+    setModel(m_model);
+    sizeLastColumnToFit();
+}
+
+ViewController &ClipTableView::delegate() const
+{
+    if (!m_delegate)
+        qFatal("The clip table has no delegate");
+    return *m_delegate;
+}
+
+void ClipTableView::setSelectedBlue(const QColor &color)
+{
+    m_selectedBlue = color;
+    viewport()->update();
+}
+
+void ClipTableView::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    m_rowDelegate.setColors(colors);
+    viewport()->update();
+}
+
+QColor ClipTableView::selectionColor() const
+{
+    return m_colors.isDark ? m_colors.selected : m_selectedBlue;
+}
+
+void ClipTableView::updateMetrics()
+{
+    m_rowDelegate.setFont(font());
+    verticalHeader()->setDefaultSectionSize(m_rowDelegate.rowHeight());
+    verticalScrollBar()->setSingleStep(m_rowDelegate.rowHeight());
+    sizeLastColumnToFit();
+}
+
+void ClipTableView::reloadData()
+{
+    if (m_model->reloadData())
+        sizeLastColumnToFit();
+    viewport()->update();
+}
+
+void ClipTableView::selectRowIndex(int row)
+{
+    const QModelIndex index = m_model->index(row, ClipTableModel::kValueColumn);
+    if (index.isValid())
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                     QItemSelectionModel::Rows);
+    else
+        selectionModel()->clear();
+    viewport()->update();
+}
+
+void ClipTableView::scrollRowToVisible(int row)
+{
+    scrollTo(m_model->index(row, ClipTableModel::kValueColumn));
+}
+
+void ClipTableView::sizeLastColumnToFit()
+{
+    if (!m_model)
+        return;
+    const int numberWidth = m_rowDelegate.numberWidth(m_model->rowCount());
+    setColumnWidth(ClipTableModel::kRowColumn, numberWidth);
+    setColumnWidth(ClipTableModel::kValueColumn, qMax(1, viewport()->width() - numberWidth));
+}
+
+int ClipTableView::rowsPerPage() const
+{
+    return qMax(1, viewport()->height() / m_rowDelegate.rowHeight());
+}
+
+void ClipTableView::doubleClick()
+{
+    if (m_clickedRow >= 0)
+        delegate().paste(m_clickedRow, std::nullopt);
+}
+
+void ClipTableView::processUpKey()
+{
+    delegate().previous();
+}
+
+void ClipTableView::processDownKey()
+{
+    delegate().next();
+}
+
+void ClipTableView::processDelete()
+{
+    delegate().deleteItem();
+}
+
+void ClipTableView::processPaste(const QString &format)
+{
+    delegate().paste(format);
+}
+
+void ClipTableView::keyPressEvent(QKeyEvent *event)
+{
+    const quint64 flags = ModifierFlags::ofEvent(*event);
+    switch (event->key()) {
+    case Qt::Key_Up:
+        processUpKey();
+        return;
+    case Qt::Key_Down:
+        processDownKey();
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // Deliberately unlike the search field: Option alone pastes unchanged here.
+        if (!(flags & ModifierFlags::kShift))
+            processPaste(QString());
+        else
+            processPaste(flags & ModifierFlags::kOption ? QStringLiteral("lower")
+                                                        : QStringLiteral("upper"));
+        return;
+    case Qt::Key_Backspace:
+        // Without Command the key is swallowed, so that a habit never deletes a clip.
+        if (flags & ModifierFlags::kCommand)
+            processDelete();
+        return;
+    default:
+        break;
+    }
+    if (delegate().moveByKey(*event))
+        return;
+    // The base class would select by typed letters, move by Space and copy a row by itself.
+    if (isTyping(*event))
+        delegate().typeIntoSearchField(*event);
+    else
+        event->ignore();
+}
+
+void ClipTableView::mousePressEvent(QMouseEvent *event)
+{
+    const int row = rowAt(event->position().toPoint().y());
+    m_clickedRow = event->button() == Qt::LeftButton ? row : -1;
+    if (m_clickedRow < 0)
+        return;
+    QTableView::mousePressEvent(event);
+    delegate().selectRow(row);
+}
+
+void ClipTableView::mouseMoveEvent(QMouseEvent *event)
+{
+    // A drag would move the table's own selection away from the selected index.
+    if (event->buttons() == Qt::NoButton)
+        QTableView::mouseMoveEvent(event);
+}
+
+void ClipTableView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_clickedRow = rowAt(event->position().toPoint().y());
+    doubleClick();
+}
+
+void ClipTableView::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    const int first = qMax(0, rowAt(event->rect().top()));
+    for (int row = first; row < m_model->rowCount(); ++row) {
+        ClipRowDelegate::Row drawn;
+        drawn.numberRect = visualRect(m_model->index(row, ClipTableModel::kRowColumn));
+        drawn.valueRect = visualRect(m_model->index(row, ClipTableModel::kValueColumn));
+        if (drawn.numberRect.top() > event->rect().bottom())
+            break;
+        drawn.number =
+            m_delegate->tableView(ViewController::TableColumn::Row, row).value_or(QString());
+        drawn.value =
+            m_delegate->tableView(ViewController::TableColumn::Value, row).value_or(QString());
+        drawn.isSelected = row == m_selectedIdx;
+        if (drawn.isSelected) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(selectionColor());
+            painter.drawRoundedRect(drawn.numberRect.united(drawn.valueRect)
+                                        .adjusted(kSelectionInset, 0, -kSelectionInset, 0),
+                                    kSelectionRadius, kSelectionRadius);
+        }
+        m_rowDelegate.paint(painter, drawn);
+    }
+}
+
+void ClipTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    sizeLastColumnToFit();
+}
+
+void ClipTableView::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        updateMetrics();
+}

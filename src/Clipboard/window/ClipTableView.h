@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/ClipRowDelegate.h"
+
+#include <QColor>
+#include <QTableView>
+
+#include <optional>
+
+class ClipTableModel;
+class ViewController;
+
+/// The list of clips: translates the keys and clicks that reach it into operations of the view
+/// controller, and holds the one selected index that every operation acts on. Owned by the content
+/// view. The row drawn as selected is always `selectedIdx`; nothing moves it but the view
+/// controller's selectRow.
+class ClipTableView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit ClipTableView(QWidget *parent = nullptr);
+    ~ClipTableView() override;
+
+    /// The controller stands in for the platform's data source and delegate, and must outlive the
+    /// view's use.
+    void setDelegate(ViewController *viewController);
+
+    /// The row last selected by the controller; may lie outside an empty list.
+    std::optional<int> selectedIdx() const { return m_selectedIdx; }
+    void setSelectedIdx(std::optional<int> row) { m_selectedIdx = row; }
+
+    static QColor myGray() { return QColor::fromRgbF(0.976F, 0.976F, 0.976F, 1.0F); }
+    static QColor defaultSelectedBlue()
+    {
+        return QColor::fromRgbF(0.0F, 0.41015625F, 0.84765625F, 1.0F);
+    }
+    /// The selected row's colour in the light scheme.
+    QColor selectedBlue() const { return m_selectedBlue; }
+    void setSelectedBlue(const QColor &color);
+
+    void setColors(const ClipColors &colors);
+
+    /// Tells the view that the list may be another one; costs the same for any length unless the
+    /// number of rows has changed.
+    void reloadData();
+    /// Selects one row; no row when it lies outside the list.
+    void selectRowIndex(int row);
+    void scrollRowToVisible(int row);
+    void sizeLastColumnToFit();
+    /// How many rows the viewport shows whole.
+    int rowsPerPage() const;
+
+    /// Pastes the row that was clicked.
+    void doubleClick();
+    void processUpKey();
+    void processDownKey();
+    void processDelete();
+    void processPaste(const QString &format);
+
+    // ^QTableView
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    ViewController &delegate() const;
+    void updateMetrics();
+    QColor selectionColor() const;
+
+    ViewController *m_delegate = nullptr;
+    ClipTableModel *m_model = nullptr;
+    ClipRowDelegate m_rowDelegate;
+    ClipColors m_colors;
+    QColor m_selectedBlue = defaultSelectedBlue();
+    std::optional<int> m_selectedIdx = 0;
+    int m_clickedRow = -1; ///< Row under the last press; -1 for none.
+};

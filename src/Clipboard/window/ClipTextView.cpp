@@ -1,0 +1,92 @@
+#include "Clipboard/window/ClipTextView.h"
+
+#include "Clipboard/window/ScrollBars.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QTextBlock>
+#include <QTextDocument>
+
+namespace {
+
+constexpr int kMargin = 14;
+
+/// Length of the part of `text` that is shown: whole lines where they are short enough, never half
+/// a character.
+qsizetype shownLength(const QString &text)
+{
+    const qsizetype limit = qMin(text.size(), ClipTextView::kShownCharacters);
+    qsizetype lines = 0;
+    for (qsizetype i = 0; i < limit; ++i) {
+        if (text.at(i) == u'\n' && ++lines == ClipTextView::kShownLines)
+            return i;
+    }
+    const bool splitsPair =
+        limit > 0 && limit < text.size() && text.at(limit - 1).isHighSurrogate();
+    return splitsPair ? limit - 1 : limit;
+}
+
+} // namespace
+
+ClipTextView::ClipTextView(QWidget *parent) : QPlainTextEdit(parent), m_moreLabel(new QLabel(this))
+{
+    setObjectName(QStringLiteral("textView"));
+    setAccessibleName(tr("Clip text preview"));
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setFrameShape(QFrame::NoFrame);
+    setTabChangesFocus(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAutoFillBackground(false);
+    document()->setDocumentMargin(kMargin);
+    QTextOption option = document()->defaultTextOption();
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    document()->setDefaultTextOption(option);
+    m_moreLabel->setContentsMargins(kMargin, 4, kMargin, 4);
+    m_moreLabel->hide();
+}
+
+void ClipTextView::setString(const QString &text)
+{
+    const qsizetype shown = shownLength(text);
+    QString part = text.left(shown);
+    // The text engine takes NUL for the end of what it draws.
+    part.replace(QChar(u'\0'), QChar::ReplacementCharacter);
+    setPlainText(part);
+
+    const qsizetype rest = text.size() - shown;
+    m_moreLabel->setVisible(rest > 0);
+    if (rest > 0)
+        m_moreLabel->setText(
+            tr("… and %1 more characters, pasted in full").arg(QLocale().toString(rest)));
+    placeMoreLabel();
+}
+
+void ClipTextView::setColors(const ClipColors &colors)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::Highlight, colors.selected);
+    palette.setColor(QPalette::HighlightedText, colors.selectedText);
+    setPalette(palette);
+    QPalette quiet;
+    quiet.setColor(QPalette::WindowText, colors.quietText);
+    m_moreLabel->setPalette(quiet);
+    ScrollBars::makeSlim(*this, colors);
+}
+
+void ClipTextView::resizeEvent(QResizeEvent *event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    placeMoreLabel();
+}
+
+void ClipTextView::placeMoreLabel()
+{
+    const int height = m_moreLabel->isHidden() ? 0 : m_moreLabel->sizeHint().height();
+    setViewportMargins(0, 0, 0, height);
+    m_moreLabel->setGeometry(0, this->height() - height, width(), height);
+}

@@ -1,0 +1,102 @@
+#include "Clipboard/window/FileCardRenderer.h"
+
+#include "Clipboard/window/WindowIcons.h"
+
+#include <QFileInfo>
+#include <QIcon>
+#include <QLocale>
+#include <QPainter>
+
+namespace {
+
+constexpr int kPictureExtent = 96;
+constexpr int kMargin = 20;
+constexpr int kGap = 14;
+
+} // namespace
+
+PreviewView *FileCardRenderer::makeView(const QString &path, QWidget *parent)
+{
+    return new FileCard(path, parent);
+}
+
+FileCard::FileCard(QString path, QWidget *parent) : PreviewView(parent), m_path(std::move(path)) {}
+
+void FileCard::refresh()
+{
+    FileFacts::ask(m_path, this, [this](const std::optional<FileFacts> &facts) { receive(facts); });
+}
+
+void FileCard::receive(const std::optional<FileFacts> &facts)
+{
+    m_facts = facts.value_or(FileFacts());
+    m_lines.clear();
+    if (facts) {
+        m_lines.append(m_facts.kind);
+        if (m_facts.size)
+            m_lines.append(QLocale().formattedDataSize(*m_facts.size));
+        m_lines.append(
+            tr("Changed %1")
+                .arg(QLocale().toString(m_facts.modified, QStringLiteral("d MMM yyyy, HH:mm"))));
+        if (!m_facts.linkTarget.isEmpty())
+            m_lines.append(tr("Links to %1").arg(m_facts.linkTarget));
+    }
+    updatePicture();
+    update();
+}
+
+void FileCard::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    updatePicture();
+    update();
+}
+
+void FileCard::updatePicture()
+{
+    QIcon icon = QIcon::fromTheme(m_facts.iconName);
+    if (icon.isNull())
+        icon = QIcon::fromTheme(m_facts.genericIconName);
+    if (icon.isNull())
+        m_picture = WindowIcons::pixmap(m_facts.isFolder ? QStringLiteral("folder")
+                                                         : QStringLiteral("document"),
+                                        kPictureExtent, m_colors.quietText, devicePixelRatioF());
+    else
+        m_picture = icon.pixmap(QSize(kPictureExtent, kPictureExtent), devicePixelRatioF());
+}
+
+void FileCard::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    QFont nameFont = font();
+    nameFont.setPointSizeF(nameFont.pointSizeF() * 1.2);
+    nameFont.setBold(true);
+    const QFontMetrics nameMetrics(nameFont);
+    const QFontMetrics metrics(font());
+    const auto lineCount = qMax<qsizetype>(3, m_lines.size());
+    const int height = kPictureExtent + kGap + nameMetrics.height() + kGap / 2 +
+                       static_cast<int>(lineCount) * metrics.lineSpacing();
+    const int width = this->width() - 2 * kMargin;
+    int y = qMax(kMargin, (this->height() - height) / 2);
+
+    const QSizeF picture = m_picture.deviceIndependentSize();
+    painter.drawPixmap(
+        QPointF((this->width() - picture.width()) / 2, y + (kPictureExtent - picture.height()) / 2),
+        m_picture);
+    y += kPictureExtent + kGap;
+
+    constexpr int kFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine;
+    painter.setFont(nameFont);
+    painter.setPen(m_colors.text);
+    painter.drawText(QRect(kMargin, y, width, nameMetrics.height()), kFlags,
+                     nameMetrics.elidedText(QFileInfo(m_path).fileName(), Qt::ElideMiddle, width));
+    y += nameMetrics.height() + kGap / 2;
+
+    painter.setFont(font());
+    painter.setPen(m_colors.quietText);
+    for (const QString &line : m_lines) {
+        painter.drawText(QRect(kMargin, y, width, metrics.lineSpacing()), kFlags,
+                         metrics.elidedText(line, Qt::ElideMiddle, width));
+        y += metrics.lineSpacing();
+    }
+}

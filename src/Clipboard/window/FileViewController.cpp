@@ -1,0 +1,143 @@
+#include "Clipboard/window/FileViewController.h"
+
+#include "Clipboard/AppDelegate.h"
+#include "Clipboard/window/FileCardRenderer.h"
+#include "Clipboard/window/PaneButton.h"
+#include "Clipboard/window/PathLabel.h"
+#include "Clipboard/window/WindowIcons.h"
+
+#include <QFrame>
+#include <QLabel>
+
+namespace {
+
+constexpr int kMargin = 14;
+constexpr int kSpacing = 8;
+constexpr int kWarningExtent = 20;
+constexpr int kAboveSeparator = 3; ///< Points between the preview and the separator.
+constexpr QSize kFirstSize(440, 380);
+
+} // namespace
+
+FileViewController::FileViewController()
+    : m_renderer(std::make_unique<FileCardRenderer>()), m_view(std::make_unique<QWidget>()),
+      m_filepathLabel(new PathLabel(view())), m_separatorLine(new QFrame(view())),
+      m_openButton(new PaneButton(tr("Open"), view())),
+      m_revealInFinderButton(new PaneButton(tr("Reveal in File Manager"), view())),
+      m_fileDoesNotExistLabel(new QLabel(tr("The file no longer exists."), view())),
+      m_warningImageView(new QLabel(view()))
+{
+    m_view->setObjectName(QStringLiteral("fileView"));
+    m_view->setAccessibleName(tr("File preview"));
+    m_view->resize(kFirstSize);
+    m_separatorLine->setAutoFillBackground(true);
+    m_fileDoesNotExistLabel->setAccessibleName(m_fileDoesNotExistLabel->text());
+    connect(m_openButton, &QPushButton::clicked, this, &FileViewController::openClicked);
+    connect(m_revealInFinderButton, &QPushButton::clicked, this,
+            &FileViewController::revealClicked);
+    viewDidLoad();
+}
+
+FileViewController::~FileViewController() = default;
+
+void FileViewController::viewDidLoad()
+{
+    m_previewView = m_renderer->makeView(QString(), view());
+    resizeView(m_view->geometry());
+    m_warningImageView->hide();
+    m_fileDoesNotExistLabel->hide();
+}
+
+void FileViewController::setRenderer(std::unique_ptr<PreviewRenderer> renderer)
+{
+    m_renderer = std::move(renderer);
+}
+
+void FileViewController::setPreviewItem(const QString &path)
+{
+    PreviewView *fresh = m_renderer->makeView(path, view());
+    fresh->setGeometry(m_previewView->geometry());
+    fresh->setColors(m_colors);
+    delete m_previewView;
+    m_previewView = fresh;
+    m_previewView->show();
+    m_previewView->refresh();
+    m_filepathLabel->setPath(path);
+
+    // Until the answer has come nothing is claimed about this file; the buttons stay as they are,
+    // so that they do not flicker from file to file.
+    m_warningImageView->hide();
+    m_fileDoesNotExistLabel->hide();
+    const quint64 question = ++m_question;
+    m_appDelegate->platform().workspace->askFileExists(path, this, [this, question](bool exists) {
+        if (question == m_question)
+            existenceKnown(exists);
+    });
+}
+
+void FileViewController::existenceKnown(bool exists)
+{
+    m_warningImageView->setVisible(!exists);
+    m_fileDoesNotExistLabel->setVisible(!exists);
+    m_openButton->setVisible(exists);
+    m_revealInFinderButton->setVisible(exists);
+}
+
+void FileViewController::resizeView(const QRect &rect)
+{
+    m_view->setGeometry(rect);
+    layOutBelowSeparator(rect.size());
+    m_previewView->setGeometry(0, 0, rect.width(), m_separatorLine->y() - kAboveSeparator);
+}
+
+void FileViewController::layOutBelowSeparator(const QSize &size)
+{
+    const int buttonHeight = m_openButton->sizeHint().height();
+    const int pathHeight = m_filepathLabel->sizeHint().height();
+    int y = size.height() - kMargin - buttonHeight;
+    const int buttonRow = y;
+    y -= kSpacing + pathHeight;
+    m_filepathLabel->setGeometry(kMargin, y, size.width() - 2 * kMargin, pathHeight);
+    y -= kSpacing + 1;
+    m_separatorLine->setGeometry(0, y, size.width(), 1);
+
+    const QSize open = m_openButton->sizeHint();
+    const int left = kMargin + open.width() + kSpacing;
+    m_openButton->setGeometry(QRect(QPoint(kMargin, buttonRow), open));
+    m_revealInFinderButton->setGeometry(
+        left, buttonRow,
+        qMin(m_revealInFinderButton->sizeHint().width(), size.width() - kMargin - left),
+        buttonHeight);
+    m_warningImageView->setGeometry(kMargin, buttonRow, kWarningExtent, buttonHeight);
+    const int textLeft = kMargin + kWarningExtent + kSpacing;
+    m_fileDoesNotExistLabel->setGeometry(textLeft, buttonRow, size.width() - kMargin - textLeft,
+                                         buttonHeight);
+}
+
+void FileViewController::openClicked()
+{
+    m_appDelegate->openFile();
+}
+
+void FileViewController::revealClicked()
+{
+    m_appDelegate->revealInFinder();
+}
+
+void FileViewController::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    m_previewView->setColors(colors);
+    m_openButton->setColors(colors);
+    m_revealInFinderButton->setColors(colors);
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, colors.quietText);
+    palette.setColor(QPalette::Window, colors.separator);
+    m_filepathLabel->setPalette(palette);
+    m_separatorLine->setPalette(palette);
+    QPalette warning;
+    warning.setColor(QPalette::WindowText, colors.warning);
+    m_fileDoesNotExistLabel->setPalette(warning);
+    m_warningImageView->setPixmap(WindowIcons::pixmap(QStringLiteral("warning"), kWarningExtent,
+                                                      colors.warning, m_view->devicePixelRatioF()));
+}

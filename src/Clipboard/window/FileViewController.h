@@ -1,0 +1,90 @@
+#pragma once
+
+#include "Clipboard/window/ClipColors.h"
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+#include <QWidget>
+
+#include <memory>
+
+class AppDelegate;
+class PaneButton;
+class PathLabel;
+class PreviewRenderer;
+class PreviewView;
+class QFrame;
+class QLabel;
+
+/// The file preview: shows the selected file clip's file, its path, and buttons to open or reveal
+/// it; or says that the file has gone. Owned by ViewController, which puts its view into the
+/// preview pane.
+class FileViewController : public QObject
+{
+    Q_OBJECT
+
+public:
+    FileViewController();
+    ~FileViewController() override;
+
+    /// Must be called once, before the first file is shown.
+    void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
+
+    /// Shows files by `renderer` from the next one on.
+    void setRenderer(std::unique_ptr<PreviewRenderer> renderer);
+
+    /// The whole pane. May be put into another widget, which must outlive this object.
+    QWidget *view() const { return m_view.get(); }
+    /// The view of the current file; another one for every file.
+    PreviewView *previewView() const { return m_previewView; }
+    PathLabel *filepathLabel() const { return m_filepathLabel; }
+    QFrame *separatorLine() const { return m_separatorLine; }
+    PaneButton *openButton() const { return m_openButton; }
+    PaneButton *revealInFinderButton() const { return m_revealInFinderButton; }
+    QLabel *fileDoesNotExistLabel() const { return m_fileDoesNotExistLabel; }
+    QLabel *warningImageView() const { return m_warningImageView; }
+
+    /// Shows the file at `path` in a fresh view. Whether it exists is asked without waiting; the
+    /// buttons or the warning follow the answer.
+    void setPreviewItem(const QString &path);
+
+    /// Gives the pane the frame `rect` and the preview the space above the separator.
+    void resizeView(const QRect &rect);
+
+    void openClicked();
+    void revealClicked();
+
+    void setColors(const ClipColors &colors);
+
+private:
+    /// What a file preview is given, by the established name; the preview takes the plain path
+    /// instead, and the type is kept beside it.
+    class PreviewItem
+    {
+    public:
+        explicit PreviewItem(QUrl url) : m_url(std::move(url)) {}
+        QUrl previewItemURL() const { return m_url; }
+        QString previewItemTitle() const { return QStringLiteral("Test"); }
+
+    private:
+        QUrl m_url;
+    };
+
+    void viewDidLoad();
+    void layOutBelowSeparator(const QSize &size);
+    void existenceKnown(bool exists);
+
+    AppDelegate *m_appDelegate = nullptr;
+    std::unique_ptr<PreviewRenderer> m_renderer;
+    const std::unique_ptr<QWidget> m_view;
+    PreviewView *m_previewView = nullptr;
+    PathLabel *m_filepathLabel;
+    QFrame *m_separatorLine;
+    PaneButton *m_openButton;
+    PaneButton *m_revealInFinderButton;
+    QLabel *m_fileDoesNotExistLabel;
+    QLabel *m_warningImageView;
+    ClipColors m_colors;
+    quint64 m_question = 0; ///< The latest existence question; answers to earlier ones are void.
+};

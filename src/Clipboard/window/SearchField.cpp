@@ -1,0 +1,93 @@
+#include "Clipboard/window/SearchField.h"
+
+#include "Clipboard/window/WindowIcons.h"
+
+#include <QPainter>
+#include <QToolButton>
+
+namespace {
+
+constexpr int kHeight = 54;
+constexpr int kIconExtent = 19;
+constexpr int kSideMargin = 16;
+constexpr int kTextGap = 11;
+constexpr int kClearExtent = 18;
+
+} // namespace
+
+SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new QToolButton(this))
+{
+    setObjectName(QStringLiteral("searchTextField"));
+    setAccessibleName(tr("Search clips"));
+    setPlaceholderText(tr("Search clips"));
+    setFrame(false);
+    setFixedHeight(kHeight);
+    setTextMargins(kSideMargin + kIconExtent + kTextGap, 0, kSideMargin + kClearExtent + kTextGap,
+                   0);
+
+    m_clearButton->setAccessibleName(tr("Clear search"));
+    m_clearButton->setToolTip(tr("Clear search"));
+    m_clearButton->setAutoRaise(true);
+    m_clearButton->setFocusPolicy(Qt::NoFocus);
+    m_clearButton->setCursor(Qt::ArrowCursor);
+    m_clearButton->setStyleSheet(QStringLiteral("border: none; background: transparent;"));
+    m_clearButton->setIconSize(QSize(kClearExtent, kClearExtent));
+    m_clearButton->hide();
+    connect(m_clearButton, &QToolButton::clicked, this, [this] { replaceText(QString()); });
+    connect(this, &QLineEdit::textChanged, m_clearButton,
+            [this](const QString &text) { m_clearButton->setVisible(!text.isEmpty()); });
+}
+
+void SearchField::replaceText(const QString &text)
+{
+    selectAll();
+    if (text.isEmpty())
+        del();
+    else
+        insert(text);
+}
+
+void SearchField::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::PlaceholderText, colors.quietText);
+    palette.setColor(QPalette::Highlight, colors.selected);
+    palette.setColor(QPalette::HighlightedText, colors.selectedText);
+    setPalette(palette);
+    updateIcons();
+}
+
+void SearchField::updateIcons()
+{
+    const qreal scale = devicePixelRatioF();
+    m_magnifier =
+        WindowIcons::pixmap(QStringLiteral("search"), kIconExtent, m_colors.quietText, scale);
+    m_clearButton->setIcon(
+        WindowIcons::pixmap(QStringLiteral("clear"), kClearExtent, m_colors.quietText, scale));
+}
+
+QSize SearchField::sizeHint() const
+{
+    return {QLineEdit::sizeHint().width(), kHeight};
+}
+
+void SearchField::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (!qFuzzyCompare(m_magnifier.devicePixelRatio(), devicePixelRatioF()))
+        updateIcons();
+    QPainter painter(this);
+    painter.drawPixmap(kSideMargin, (height() - kIconExtent) / 2, m_magnifier);
+    painter.fillRect(0, height() - 1, width(), 1, m_colors.separator);
+}
+
+void SearchField::resizeEvent(QResizeEvent *event)
+{
+    QLineEdit::resizeEvent(event);
+    const int extent = kClearExtent + 8;
+    m_clearButton->setGeometry(width() - kSideMargin - extent + 4, (height() - extent) / 2, extent,
+                               extent);
+}

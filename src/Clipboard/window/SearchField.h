@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Clipboard/window/ClipColors.h"
+
+#include <QLineEdit>
+#include <QPixmap>
+
+class QToolButton;
+
+/// The generous search field at the top of the history window, with its magnifier and clear
+/// button. Owned by the content view.
+class SearchField : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit SearchField(QWidget *parent = nullptr);
+
+    /// Replaces the whole text as if the user had done it: Undo brings the old text back.
+    void replaceText(const QString &text);
+
+    void setColors(const ClipColors &colors);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void updateIcons();
+
+    ClipColors m_colors;
+    QToolButton *m_clearButton;
+    QPixmap m_magnifier;
+};

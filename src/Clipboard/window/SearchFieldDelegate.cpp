@@ -1,0 +1,98 @@
+#include "Clipboard/window/SearchFieldDelegate.h"
+
+#include "Clipboard/window/SearchField.h"
+#include "Clipboard/window/ViewController.h"
+#include "platform/ModifierFlags.h"
+
+#include <QKeyEvent>
+
+namespace {
+
+/// Modifier flags without the bits that tell the left from the right key.
+constexpr quint64 kDeviceIndependentMask = 0xFFFF0000;
+
+} // namespace
+
+SearchFieldDelegate::SearchFieldDelegate(ViewController *theViewController)
+    : QObject(theViewController), m_viewController(theViewController)
+{
+}
+
+void SearchFieldDelegate::attach(SearchField *field)
+{
+    field->installEventFilter(this);
+    connect(field, &QLineEdit::textChanged, this, &SearchFieldDelegate::controlTextDidChange);
+}
+
+bool SearchFieldDelegate::control(const QString &command, quint64 modifierFlags)
+{
+    ViewController *const controller = m_viewController;
+    const auto perform = [controller](auto operation) {
+        if (controller)
+            operation(*controller);
+        return true;
+    };
+    if (command == QLatin1String("moveUp:"))
+        return perform([](ViewController &target) { target.previous(); });
+    if (command == QLatin1String("moveDown:"))
+        return perform([](ViewController &target) { target.next(); });
+    if (command == QLatin1String("insertNewline:")) {
+        // Shift and nothing else: with any further modifier the clip is pasted unchanged.
+        if ((modifierFlags & kDeviceIndependentMask) == ModifierFlags::kShift)
+            return perform([](ViewController &target) { target.paste(QStringLiteral("upper")); });
+        return perform([](ViewController &target) { target.paste(); });
+    }
+    if (command == QLatin1String("insertNewlineIgnoringFieldEditor:"))
+        return perform([](ViewController &target) { target.paste(QStringLiteral("lower")); });
+    if (command == QLatin1String("cancelOperation:"))
+        return perform([](ViewController &target) { target.hide(); });
+    if (command == QLatin1String("deleteToBeginningOfLine:"))
+        return perform([](ViewController &target) { target.deleteItem(); });
+    return false;
+}
+
+void SearchFieldDelegate::controlTextDidChange(const QString &stringValue)
+{
+    if (m_viewController)
+        m_viewController->filterDataArray(stringValue);
+}
+
+std::optional<QString> SearchFieldDelegate::commandForKey(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return QStringLiteral("moveUp:");
+    case Qt::Key_Down:
+        return QStringLiteral("moveDown:");
+    case Qt::Key_P:
+        return held == Qt::ControlModifier ? std::optional(QStringLiteral("moveUp:"))
+                                           : std::nullopt;
+    case Qt::Key_N:
+        return held == Qt::ControlModifier ? std::optional(QStringLiteral("moveDown:"))
+                                           : std::nullopt;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return held & Qt::AltModifier ? QStringLiteral("insertNewlineIgnoringFieldEditor:")
+                                      : QStringLiteral("insertNewline:");
+    case Qt::Key_Escape:
+        return QStringLiteral("cancelOperation:");
+    case Qt::Key_Backspace:
+        // Ctrl-Backspace deletes a word in every text field, whatever else is held.
+        return held & Qt::MetaModifier && !(held & Qt::ControlModifier)
+                   ? std::optional(QStringLiteral("deleteToBeginningOfLine:"))
+                   : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    auto *key = static_cast<QKeyEvent *>(event);
+    if (const std::optional<QString> command = commandForKey(*key))
+        return control(*command, ModifierFlags::ofEvent(*key));
+    return m_viewController && m_viewController->moveByKey(*key);
+}

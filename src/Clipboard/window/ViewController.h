@@ -1,0 +1,148 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class AppDelegate;
+class ClipItem;
+class ClipTableView;
+class ClipTextView;
+class ClipboardView;
+class EmptyStateView;
+class FileViewController;
+class PreviewPane;
+class QKeyEvent;
+class QSplitter;
+class SearchField;
+class SearchFieldDelegate;
+
+/// The history window's content controller: lists the clips, keeps the one selection that every
+/// operation acts on, and shows the selected clip's preview. Owned by WindowDelegate. What is
+/// highlighted, what is previewed and what Return pastes are always the same clip: rows change
+/// only through selectRow, and when the list changes from outside, the selection follows its clip.
+class ViewController : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class TableColumn {
+        Row,  ///< The running number.
+        Value ///< The clip's display text.
+    };
+
+    /// `appDelegate` must outlive the controller.
+    explicit ViewController(AppDelegate &appDelegate);
+    ~ViewController() override;
+
+    AppDelegate &appDelegate() const { return m_appDelegate; }
+
+    /// The whole content. Stands in a window that outlives the controller, but goes with it.
+    ClipboardView *mainView() const { return m_mainView.get(); }
+    /// The list, which is its own scroll view.
+    ClipTableView *clipTableView() const { return m_clipTableView; }
+    SearchField *searchTextField() const { return m_searchTextField; }
+    QSplitter *splitView() const { return m_splitView; }
+    /// The list's side and the preview's side of the split view.
+    QWidget *tableViewView() const { return m_tableViewView; }
+    PreviewPane *textFieldView() const { return m_textFieldView; }
+    /// The text preview, which is its own scroll view.
+    ClipTextView *textView() const;
+    FileViewController &fileViewController() const { return *m_fileViewController; }
+    EmptyStateView *emptyStateView() const { return m_emptyStateView; }
+
+    /// Whether the window is shown and has the keyboard: decides what the open shortcut does.
+    bool isWindowKey() const { return m_isWindowKey; }
+    void setIsWindowKey(bool isKey) { m_isWindowKey = isKey; }
+
+    /// Called each time the window appears.
+    void viewDidAppear();
+
+    void next();
+    void previous();
+    void paste();
+    void paste(const QString &format);
+    void paste(int row, const std::optional<QString> &format);
+    /// Closes the window and makes the history whole again.
+    void hide();
+    void deleteItem();
+    void selectRow(int row);
+    /// Selects the row nearest to `row` that exists and shows its preview; the preview of the clip
+    /// that is shown already is made anew only when forced.
+    void selectRow(int row, bool forceViewUpdate);
+
+    int numberOfRowsInTableView() const;
+    /// A cell's text; none outside the list.
+    std::optional<QString> tableView(TableColumn column, int row) const;
+    const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;
+    void filterDataArray(const std::optional<QString> &text);
+
+    /// Least and greatest width of the list in points.
+    double splitViewConstrainMinCoordinate() const { return 100.0; }
+    double splitViewConstrainMaxCoordinate() const { return 500.0; }
+    void splitViewDidResizeSubviews();
+    void positionRightHandTextView();
+
+    /// Moves the selection by Page Up and Down, Ctrl-Home and Ctrl-End, and Home and End where they
+    /// have nothing to edit. False for any other key.
+    bool moveByKey(const QKeyEvent &event);
+    /// Goes on typing in the search field with a key that reached another control.
+    void typeIntoSearchField(const QKeyEvent &event);
+
+    /// How the open shortcut is called in sentences; empty when there is none.
+    void setOpenShortcutText(const QString &text) { m_openShortcutText = text; }
+
+    /// Takes on the colours and the font of the desktop.
+    void applyTheme();
+
+Q_SIGNALS:
+    /// The window was closed and the history is whole again.
+    void didHide();
+
+protected:
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    /// What a file preview is given, by the established name; the preview takes the plain path
+    /// instead, and the type is kept beside it.
+    class PreviewItem
+    {
+    public:
+        explicit PreviewItem(QUrl url) : m_url(std::move(url)) {}
+        QUrl previewItemURL() const { return m_url; }
+        QString previewItemTitle() const { return QStringLiteral("Test"); }
+
+    private:
+        QUrl m_url;
+    };
+
+    void loadView();
+    void viewDidLoad();
+    void clipItemArrChanged();
+    void showPreview(const std::shared_ptr<ClipItem> &item);
+    void showEmptyPreview();
+    void updateEmptyState();
+    void speakSelection(const ClipItem &item, int row);
+    int selectedRow() const;
+
+    AppDelegate &m_appDelegate;
+    std::unique_ptr<ClipboardView> m_mainView;
+    SearchField *m_searchTextField = nullptr;
+    QSplitter *m_splitView = nullptr;
+    QWidget *m_tableViewView = nullptr;
+    ClipTableView *m_clipTableView = nullptr;
+    PreviewPane *m_textFieldView = nullptr;
+    EmptyStateView *m_emptyStateView = nullptr;
+    SearchFieldDelegate *m_searchFieldDelegate = nullptr;
+    std::unique_ptr<FileViewController> m_fileViewController;
+    std::shared_ptr<ClipItem> m_previousClipItem; ///< Whose preview is shown; null for none.
+    QString m_openShortcutText;
+    bool m_isWindowKey = false;
+    bool m_isChangingList = false; ///< The change under way is our own.
+    bool m_isHiding = false;
+};

@@ -1,0 +1,139 @@
+#include "Clipboard/window/WindowDelegate.h"
+
+#include "Clipboard/AppDelegate.h"
+#include "Clipboard/window/ClipboardView.h"
+#include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/ViewController.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <QWindow>
+
+namespace {
+
+constexpr std::chrono::milliseconds kRecheckInterval{50};
+
+} // namespace
+
+WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
+    : m_appDelegate(appDelegate),
+      m_window(std::make_unique<ClipboardWindow>(*appDelegate.platform().windowSpace)),
+      m_viewController(std::make_unique<ViewController>(appDelegate))
+{
+    m_window->setContentView(m_viewController->mainView());
+    m_window->installEventFilter(this);
+    connect(m_window.get(), &ClipboardWindow::themeChanged, m_viewController.get(),
+            &ViewController::applyTheme);
+    connect(m_viewController.get(), &ViewController::didHide, &m_appDelegate,
+            &AppDelegate::windowClosedWithoutChoice);
+
+    m_recheckTimer.setInterval(kRecheckInterval);
+    connect(&m_recheckTimer, &QTimer::timeout, this, &WindowDelegate::windowDeactivated);
+
+    const auto *close = new QShortcut(QKeySequence(Qt::META | Qt::Key_W), m_window.get());
+    connect(close, &QShortcut::activated, m_viewController.get(), &ViewController::hide);
+    const auto *quit = new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), m_window.get());
+    connect(quit, &QShortcut::activated, &m_appDelegate, &AppDelegate::quit);
+}
+
+WindowDelegate::~WindowDelegate()
+{
+    m_window->removeEventFilter(this);
+}
+
+const QScreen *WindowDelegate::screenAt(const QList<QScreen *> &screens,
+                                        const std::optional<QPoint> &point)
+{
+    if (point) {
+        for (const QScreen *screen : screens) {
+            // Both edges belong to the frame, so a point between two screens is the first one's.
+            if (screen->geometry().adjusted(0, 0, 1, 1).contains(*point))
+                return screen;
+        }
+    }
+    return QGuiApplication::primaryScreen();
+}
+
+void WindowDelegate::showWindow()
+{
+    const Platform &platform = m_appDelegate.platform();
+    platform.frontApplication->rememberTarget();
+    if (!m_isPrepared) {
+        m_window->winId();
+        platform.windowSpace->prepareUtilityWindow(m_window->windowHandle());
+        m_isPrepared = true;
+    }
+    const QScreen *screen =
+        screenAt(QGuiApplication::screens(), platform.windowSpace->pointerPosition());
+    const QRect visibleFrame = screen ? platform.windowSpace->visibleFrame(*screen) : QRect();
+    m_window->setFrame(ClipboardWindow::placedFrame(visibleFrame, m_window->frame().width()));
+    m_viewController->setIsWindowKey(true);
+    m_window->show();
+    m_window->raise();
+    platform.frontApplication->activate(m_window->windowHandle());
+}
+
+void WindowDelegate::cancelOperation()
+{
+    m_window->hide();
+}
+
+void WindowDelegate::windowDidResignKey()
+{
+    m_recheckTimer.stop();
+    m_viewController->hide();
+    m_viewController->setIsWindowKey(false);
+}
+
+bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Show:
+        m_viewController->viewDidAppear();
+        break;
+    case QEvent::Hide:
+        // Ordered out by whatever way, the window is not key any more.
+        if (m_viewController->isWindowKey())
+            windowDidResignKey();
+        break;
+    case QEvent::Close:
+        m_viewController->hide();
+        break;
+    case QEvent::WindowActivate:
+        m_recheckTimer.stop();
+        break;
+    case QEvent::WindowDeactivate:
+        windowDeactivated();
+        break;
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+            cancelOperation();
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool WindowDelegate::hasFocusInOwnDialog() const
+{
+    const QWidget *focused = QApplication::activePopupWidget();
+    if (!focused)
+        focused = QApplication::activeWindow();
+    for (; focused; focused = focused->parentWidget()) {
+        if (focused == m_window.get())
+            return true;
+    }
+    return false;
+}
+
+void WindowDelegate::windowDeactivated()
+{
+    if (!m_window->isVisible() || !m_viewController->isWindowKey())
+        return;
+    windowDidResignKey();
+}

@@ -1,0 +1,30 @@
+#include "Clipboard/window/WindowIcons.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+
+// Outside of any namespace, as the macro wants it: a static library's resources are dropped unless
+// somebody names them.
+static void loadResources()
+{
+    Q_INIT_RESOURCE(window);
+}
+
+QPixmap WindowIcons::pixmap(const QString &name, int extent, const QColor &color, qreal scale)
+{
+    static const bool isLoaded = (loadResources(), true);
+    Q_UNUSED(isLoaded);
+    QFile file(QStringLiteral(":/window/%1.svg").arg(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("No icon %s", qUtf8Printable(name));
+    QByteArray source = file.readAll();
+    source.replace("currentColor", color.name(QColor::HexRgb).toLatin1());
+
+    QPixmap pixmap(QSize(extent, extent) * scale);
+    pixmap.setDevicePixelRatio(scale);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    QSvgRenderer(source).render(&painter, QRectF(0, 0, extent, extent));
+    return pixmap;
+}
