@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The text of our desktop entry in the user's autostart folder.
+namespace AutostartEntry {
+
+/// An entry that starts the program at `path`. From `former`, the entry that stood there before,
+/// it takes over what the user had added: keys that are not ours, and other groups. What would
+/// keep the program from starting (Hidden, a TryExec, a switch of the desktop's) stays behind.
+QByteArray compose(const QString &path, const QByteArray &former);
+
+} // namespace AutostartEntry

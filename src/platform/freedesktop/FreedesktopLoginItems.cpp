@@ -1,0 +1,130 @@
+#include "platform/freedesktop/FreedesktopLoginItems.h"
+
+#include "platform/Info.h"
+#include "platform/freedesktop/AutostartEntry.h"
+#include "platform/freedesktop/DesktopEntry.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+Q_LOGGING_CATEGORY(lcLoginItems, "quillmarsh.loginitems")
+
+namespace {
+
+/// The path with links followed; as it stands when nothing is there (any more).
+QString resolved(const QString &path)
+{
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return canonical.isEmpty() ? path : canonical;
+}
+
+bool makeFolder(const QString &folder)
+{
+    const QFileInfo info(folder);
+    return QDir().mkpath(info.isSymLink() && !info.exists() ? info.symLinkTarget() : folder);
+}
+
+} // namespace
+
+QString FreedesktopLoginItems::standardFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/autostart");
+}
+
+std::optional<QString> FreedesktopLoginItems::runningApplication()
+{
+    const QString executable = QCoreApplication::applicationFilePath();
+    // A program that was started from within somebody else's image inherits these variables; the
+    // image is ours only if we run out of it.
+    const QString mount = qEnvironmentVariable("APPDIR");
+    const QString image = qEnvironmentVariable("APPIMAGE");
+    if (!mount.isEmpty() && QFileInfo(image).isFile() &&
+        resolved(executable).startsWith(resolved(mount) + u'/'))
+        return resolved(image);
+    return executable.isEmpty() ? std::nullopt : std::optional(resolved(executable));
+}
+
+FreedesktopLoginItems::FreedesktopLoginItems(const QString &folder,
+                                             const std::optional<QString> &applicationPath)
+    : m_folder(folder), m_applicationPath(applicationPath)
+{
+}
+
+std::optional<QList<LoginItem>> FreedesktopLoginItems::snapshot() const
+{
+    const QFileInfo folder(m_folder);
+    if (!folder.exists())
+        return QList<LoginItem>();
+    if (!folder.isDir() || !folder.isReadable())
+        return std::nullopt;
+    QFileInfoList files = QDir(m_folder).entryInfoList(
+        {QStringLiteral("*.desktop")}, QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
+    std::stable_sort(files.begin(), files.end(), [](const auto &left, const auto &right) {
+        return left.lastModified() < right.lastModified();
+    });
+    QList<LoginItem> items;
+    for (const QFileInfo &file : files) {
+        const auto entry = DesktopEntry::read(file.filePath());
+        if (!entry || !entry->isTrue("Hidden"))
+            items.append({file.fileName()});
+    }
+    return items;
+}
+
+std::optional<QString> FreedesktopLoginItems::resolvedPath(const LoginItem &item) const
+{
+    const auto entry = DesktopEntry::read(pathOf(item));
+    const QStringList command = entry ? entry->command() : QStringList();
+    if (command.isEmpty())
+        return std::nullopt;
+    const QString program = QStandardPaths::findExecutable(command.first());
+    return program.isEmpty() ? std::nullopt : std::optional(resolved(program));
+}
+
+void FreedesktopLoginItems::remove(const LoginItem &item)
+{
+    if (m_applicationPath && resolvedPath(item) == m_applicationPath)
+        m_removed = DesktopEntry::readBytes(pathOf(item)).value_or(QByteArray());
+    QFile file(pathOf(item));
+    if (!file.remove())
+        qCWarning(lcLoginItems, "The login item %s could not be removed: %s",
+                  qUtf8Printable(file.fileName()), qUtf8Printable(file.errorString()));
+}
+
+/// Milliseconds since 1970: now, or just after the newest entry where that lies ahead.
+qint64 FreedesktopLoginItems::timeAfterLast() const
+{
+    qint64 time = QDateTime::currentMSecsSinceEpoch();
+    const QList<LoginItem> items = snapshot().value_or(QList<LoginItem>());
+    for (const LoginItem &item : items)
+        time = std::max(time, QFileInfo(pathOf(item)).lastModified().toMSecsSinceEpoch() + 1);
+    return time;
+}
+
+void FreedesktopLoginItems::insertLast(const QString &path)
+{
+    const QString target = pathOf({Info::main().bundleIdentifier + QStringLiteral(".desktop")});
+    const QByteArray former = DesktopEntry::readBytes(target).value_or(m_removed);
+    const qint64 time = timeAfterLast();
+    makeFolder(m_folder);
+    // Saving would follow a link and write into whatever it leads to.
+    if (QFileInfo(target).isSymLink())
+        QFile::remove(target);
+    QSaveFile file(target);
+    const QByteArray bytes = AutostartEntry::compose(path, former);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+        file.setFileTime(QDateTime::fromMSecsSinceEpoch(time), QFileDevice::FileModificationTime) &&
+        file.commit();
+    if (!isWritten)
+        qCWarning(lcLoginItems, "The login item %s could not be written: %s",
+                  qUtf8Printable(target), qUtf8Printable(file.errorString()));
+}
