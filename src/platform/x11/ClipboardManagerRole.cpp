@@ -1,0 +1,119 @@
+#include "platform/x11/ClipboardManagerRole.h"
+
+#include "platform/x11/SelectionConnection.h"
+
+#include <utility>
+
+ClipboardManagerRole::ClipboardManagerRole(SelectionConnection &connection,
+                                           std::function<Safety()> safety)
+    : m_connection(connection), m_safety(std::move(safety))
+{
+}
+
+void ClipboardManagerRole::start()
+{
+    const xcb_atom_t selection = m_connection.atoms().clipboardManager;
+    m_connection.watchOwner(selection, true);
+    if (m_connection.owner(selection) == XCB_WINDOW_NONE)
+        claim();
+}
+
+void ClipboardManagerRole::handle(const xcb_xfixes_selection_notify_event_t &event)
+{
+    if (event.owner == XCB_WINDOW_NONE)
+        claim();
+    else if (event.owner == m_connection.window())
+        announce(event.selection_timestamp);
+}
+
+void ClipboardManagerRole::handle(const xcb_selection_request_event_t &request)
+{
+    const SelectionAtoms &atoms = m_connection.atoms();
+    if (request.target == atoms.saveTargets) {
+        save(request);
+        return;
+    }
+    const xcb_atom_t property =
+        request.property != XCB_ATOM_NONE ? request.property : request.target;
+    if (request.target == atoms.targets)
+        m_connection.replace(request.requestor, property, XCB_ATOM_ATOM,
+                             QList<quint32>{atoms.targets, atoms.timestamp, atoms.saveTargets});
+    else if (request.target == atoms.timestamp)
+        m_connection.replace(request.requestor, property, XCB_ATOM_INTEGER, QList<quint32>{m_time});
+    else {
+        m_connection.answer(request, XCB_ATOM_NONE);
+        return;
+    }
+    m_connection.answer(request, property);
+}
+
+void ClipboardManagerRole::answerWaiting()
+{
+    const QList<xcb_selection_request_event_t> waiting = std::exchange(m_waiting, {});
+    for (const xcb_selection_request_event_t &request : waiting)
+        save(request);
+}
+
+bool ClipboardManagerRole::requestSave(const QList<xcb_atom_t> &targets, xcb_timestamp_t time)
+{
+    const SelectionAtoms &atoms = m_connection.atoms();
+    const xcb_window_t owner = m_connection.owner(atoms.clipboardManager);
+    if (owner == XCB_WINDOW_NONE || owner == m_connection.window())
+        return false;
+    m_connection.replace(m_connection.window(), atoms.saveTargets, XCB_ATOM_ATOM, targets);
+    xcb_convert_selection(m_connection.xcb(), m_connection.window(), atoms.clipboardManager,
+                          atoms.saveTargets, atoms.saveTargets, time);
+    return true;
+}
+
+bool ClipboardManagerRole::isSaveAnswer(const xcb_selection_notify_event_t &event) const
+{
+    return event.selection == m_connection.atoms().clipboardManager &&
+           event.target == m_connection.atoms().saveTargets;
+}
+
+void ClipboardManagerRole::claim()
+{
+    xcb_set_selection_owner(m_connection.xcb(), m_connection.window(),
+                            m_connection.atoms().clipboardManager, XCB_CURRENT_TIME);
+}
+
+void ClipboardManagerRole::announce(xcb_timestamp_t time)
+{
+    m_time = time;
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = m_connection.server().root();
+    event.type = m_connection.atoms().manager;
+    event.data.data32[0] = time;
+    event.data.data32[1] = m_connection.atoms().clipboardManager;
+    event.data.data32[2] = m_connection.window();
+    xcb_send_event(m_connection.xcb(), 0, event.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                   reinterpret_cast<const char *>(&event));
+}
+
+void ClipboardManagerRole::save(const xcb_selection_request_event_t &request)
+{
+    // Which formats the application lists does not matter: what can be kept was read at the copy.
+    switch (m_safety()) {
+    case Safety::Saved:
+        finish(request, true);
+        break;
+    case Safety::BeingRead:
+        m_waiting.append(request);
+        break;
+    case Safety::Impossible:
+        finish(request, false);
+        break;
+    }
+}
+
+void ClipboardManagerRole::finish(const xcb_selection_request_event_t &request, bool isDone)
+{
+    const xcb_atom_t property =
+        request.property != XCB_ATOM_NONE ? request.property : request.target;
+    if (isDone)
+        m_connection.replace(request.requestor, property, m_connection.atoms().null, QByteArray());
+    m_connection.answer(request, isDone ? property : xcb_atom_t(XCB_ATOM_NONE));
+}

@@ -1,0 +1,101 @@
+#include "platform/x11/FileUris.h"
+
+#include <QFile>
+#include <QSysInfo>
+
+#include <optional>
+
+namespace {
+
+const QByteArray kScheme = QByteArrayLiteral("file:");
+
+bool isThisMachine(const QByteArray &host)
+{
+    return host.isEmpty() || host.compare("localhost", Qt::CaseInsensitive) == 0 ||
+           host.compare(QSysInfo::machineHostName().toUtf8(), Qt::CaseInsensitive) == 0;
+}
+
+std::optional<QString> localFile(const QByteArray &uri)
+{
+    if (uri.left(kScheme.size()).compare(kScheme, Qt::CaseInsensitive) != 0)
+        return std::nullopt;
+    QByteArray path = uri.mid(kScheme.size());
+    if (path.startsWith("//")) {
+        const qsizetype hostEnd = path.indexOf('/', 2);
+        if (hostEnd < 0 || !isThisMachine(path.mid(2, hostEnd - 2)))
+            return std::nullopt;
+        path = path.mid(hostEnd);
+    }
+    path = QByteArray::fromPercentEncoding(path);
+    // No file has a NUL in its path, and what follows it would be lost on the way to the system.
+    if (!path.startsWith('/') || path.contains('\0'))
+        return std::nullopt;
+    while (path.size() > 1 && path.endsWith('/'))
+        path.chop(1);
+    return QFile::decodeName(path);
+}
+
+QByteArray uriOf(const QString &path)
+{
+    return "file://" + QFile::encodeName(path).toPercentEncoding("/");
+}
+
+QList<QByteArray> linesOf(QByteArray list)
+{
+    // Some owners end their list as C strings end.
+    while (list.endsWith('\0'))
+        list.chop(1);
+    list.replace('\r', '\n');
+    return list.split('\n');
+}
+
+QStringList filesOf(const QList<QByteArray> &lines)
+{
+    QStringList paths;
+    for (const QByteArray &line : lines) {
+        if (const std::optional<QString> path = localFile(line.trimmed()))
+            paths.append(*path);
+    }
+    return paths;
+}
+
+} // namespace
+
+QStringList FileUris::filesOfUriList(const QByteArray &uriList)
+{
+    return filesOf(linesOf(uriList));
+}
+
+QStringList FileUris::filesOfGnomeList(const QByteArray &gnomeList)
+{
+    const QList<QByteArray> lines = linesOf(gnomeList);
+    if (lines.first() != "copy" && lines.first() != "cut")
+        return {};
+    return filesOf(lines.mid(1));
+}
+
+QByteArray FileUris::uriList(const QStringList &paths)
+{
+    QByteArray list;
+    for (const QString &path : paths)
+        list += uriOf(path) + "\r\n";
+    return list;
+}
+
+QByteArray FileUris::gnomeList(const QStringList &paths)
+{
+    QByteArray list = "copy";
+    for (const QString &path : paths)
+        list += '\n' + uriOf(path);
+    return list;
+}
+
+QString FileUris::names(const QStringList &paths)
+{
+    QStringList names;
+    for (const QString &path : paths) {
+        const QString name = path.section(u'/', -1);
+        names.append(name.isEmpty() ? path : name);
+    }
+    return names.join(u'\n');
+}

@@ -1,0 +1,110 @@
+#include "platform/x11/OutgoingTransfers.h"
+
+#include "platform/x11/SelectionConnection.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+// Below the 256 KiB that every server takes in one request.
+constexpr qsizetype kPieceBytes = 192 * 1024;
+
+} // namespace
+
+OutgoingTransfers::OutgoingTransfers(SelectionConnection &connection,
+                                     std::chrono::milliseconds stallLimit)
+    : m_connection(connection), m_stallLimit(stallLimit)
+{
+}
+
+void OutgoingTransfers::send(xcb_window_t requestor, xcb_atom_t property,
+                             const SelectionOffer::Data &data)
+{
+    // A requestor that asks anew for the same property has given up the earlier transfer.
+    const auto earlier =
+        std::find_if(m_transfers.begin(), m_transfers.end(), [&](const Transfer &transfer) {
+            return transfer.requestor == requestor && transfer.property == property;
+        });
+    if (earlier != m_transfers.end())
+        end(earlier);
+    if (data.bytes.size() <= kPieceBytes)
+        m_connection.replace(requestor, property, data.type, data.bytes);
+    else
+        begin(requestor, property, data);
+}
+
+void OutgoingTransfers::handle(const xcb_property_notify_event_t &event)
+{
+    if (event.state != XCB_PROPERTY_DELETE)
+        return;
+    const auto transfer =
+        std::find_if(m_transfers.begin(), m_transfers.end(), [&](const Transfer &candidate) {
+            return candidate.requestor == event.window && candidate.property == event.atom;
+        });
+    if (transfer == m_transfers.end())
+        return;
+    const SelectionOffer::Data &data = transfer->data;
+    const qsizetype size = std::min(kPieceBytes, data.bytes.size() - transfer->sent);
+    // The piece of no bytes after the last one is what says that all were sent.
+    m_connection.replace(event.window, event.atom, data.type,
+                         QByteArray::fromRawData(data.bytes.constData() + transfer->sent, size));
+    transfer->sent += size;
+    transfer->lastProgress = std::chrono::steady_clock::now();
+    if (size == 0)
+        end(transfer);
+}
+
+void OutgoingTransfers::drop(xcb_window_t requestor)
+{
+    std::erase_if(m_transfers, [requestor](const Transfer &transfer) {
+        return transfer.requestor == requestor;
+    });
+}
+
+std::optional<OutgoingTransfers::TimePoint> OutgoingTransfers::keepDeadlines(TimePoint now)
+{
+    std::optional<TimePoint> next;
+    for (auto transfer = m_transfers.begin(); transfer != m_transfers.end();) {
+        const TimePoint deadline = transfer->lastProgress + m_stallLimit;
+        if (now >= deadline) {
+            const auto index = transfer - m_transfers.begin();
+            end(transfer);
+            transfer = m_transfers.begin() + index;
+            continue;
+        }
+        next = next ? std::min(*next, deadline) : deadline;
+        ++transfer;
+    }
+    return next;
+}
+
+void OutgoingTransfers::begin(xcb_window_t requestor, xcb_atom_t property,
+                              const SelectionOffer::Data &data)
+{
+    // Watched before the announcement is there to be taken.
+    watch(requestor, true);
+    const auto leastBytes = static_cast<quint32>(
+        std::min<qint64>(data.bytes.size(), std::numeric_limits<qint32>::max()));
+    m_connection.replace(requestor, property, m_connection.atoms().incr,
+                         QList<quint32>{leastBytes});
+    m_transfers.push_back({requestor, property, data, 0, std::chrono::steady_clock::now()});
+}
+
+void OutgoingTransfers::watch(xcb_window_t requestor, bool isWatched)
+{
+    const quint32 events =
+        isWatched ? XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY : 0;
+    xcb_change_window_attributes(m_connection.xcb(), requestor, XCB_CW_EVENT_MASK, &events);
+}
+
+void OutgoingTransfers::end(std::vector<Transfer>::iterator transfer)
+{
+    const xcb_window_t requestor = transfer->requestor;
+    m_transfers.erase(transfer);
+    const auto isSameWindow = [requestor](const Transfer &other) {
+        return other.requestor == requestor;
+    };
+    if (std::none_of(m_transfers.begin(), m_transfers.end(), isSameWindow))
+        watch(requestor, false);
+}

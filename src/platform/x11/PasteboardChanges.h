@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "platform/x11/PasteboardLimits.h"
+
+#include <mutex>
+
+/// What has been published: the one place where the main thread and the service thread meet. Each
+/// operation holds the lock for a few pointer copies only, so neither ever waits for the other's
+/// work. Owned by X11Pasteboard; safe from both threads.
+class PasteboardChanges
+{
+public:
+    qint64 changeCount() const;
+    QList<PasteboardContents> changesAfter(qint64 changeCount) const;
+    std::optional<PasteboardContents> contents() const;
+
+    qint64 largestUsefulText() const;
+    void setLargestUsefulText(qint64 bytes);
+
+    /// Publishes contents under the next count, which it returns.
+    qint64 publish(PasteboardContents contents);
+    /// The pasteboard was emptied: a change without contents.
+    qint64 publishCleared();
+
+    void judge(qint64 changeCount, Pasteboard::Judgement judgement);
+
+private:
+    mutable std::mutex m_mutex; ///< Guards everything below.
+    qint64 m_changeCount = 0;
+    qint64 m_largestUsefulText = PasteboardLimits::kLargestFormat;
+    std::optional<PasteboardContents> m_contents;
+    QList<PasteboardContents> m_unjudged;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <chrono>
+
+/// How long other programs are waited for and how much is read of them: no hung program may hold
+/// the pasteboard up, and no large copy the memory. Tests shorten the times.
+struct PasteboardLimits
+{
+    /// An owner that sends nothing for so long is given up.
+    std::chrono::milliseconds ownerStall{2'000};
+    /// And so is one that takes so long in all, however diligently it drips.
+    std::chrono::milliseconds fetch{10'000};
+    /// A requestor that takes nothing for so long gets no more.
+    std::chrono::milliseconds requestorStall{10'000};
+    /// For another clipboard manager to take the contents over when we quit.
+    std::chrono::milliseconds handover{2'000};
+
+    /// Never more than this of one format.
+    static constexpr qint64 kLargestFormat = 64 * 1024 * 1024;
+    /// A text that is no use to the application is still worth keeping alive, up to this size.
+    static constexpr qint64 kLargestIdleText = 4 * 1024 * 1024;
+};

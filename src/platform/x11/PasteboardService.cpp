@@ -1,0 +1,300 @@
+#include "platform/x11/PasteboardService.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+template <typename Event>
+const Event &as(const xcb_generic_event_t &event)
+{
+    return reinterpret_cast<const Event &>(event);
+}
+
+} // namespace
+
+PasteboardService::PasteboardService(SelectionConnection &connection, PasteboardChanges &changes,
+                                     const ApplicationNames &names, const PasteboardLimits &limits,
+                                     ChangeListener listener)
+    : m_connection(connection), m_changes(changes), m_limits(limits),
+      m_listener(std::move(listener)), m_pool(connection),
+      m_clipboardReader(connection, m_pool, m_limits),
+      m_primaryReader(connection, m_pool, m_limits), m_server(connection, m_limits.requestorStall),
+      m_managerRole(connection, [this] { return safety(); }), m_front(connection.server(), names)
+{
+}
+
+void PasteboardService::start()
+{
+    const xcb_atom_t clipboard = m_connection.atoms().clipboard;
+    m_connection.watchOwner(clipboard, true);
+    const bool hasOwner = m_connection.owner(clipboard) != XCB_WINDOW_NONE;
+    m_front.start();
+    if (hasOwner)
+        beginReading(XCB_CURRENT_TIME);
+    m_managerRole.start();
+}
+
+void PasteboardService::handle(const xcb_generic_event_t &event)
+{
+    const int type = event.response_type & 0x7F;
+    if (type == m_connection.ownerChangeEvent() && type != 0)
+        handleOwnerChange(as<xcb_xfixes_selection_notify_event_t>(event));
+    else if (type == XCB_SELECTION_NOTIFY)
+        handleAnswer(as<xcb_selection_notify_event_t>(event));
+    else if (type == XCB_PROPERTY_NOTIFY)
+        handleProperty(as<xcb_property_notify_event_t>(event));
+    else if (type == XCB_DESTROY_NOTIFY)
+        m_server.transfers().drop(as<xcb_destroy_notify_event_t>(event).window);
+    else if (type == XCB_SELECTION_REQUEST) {
+        const auto &request = as<xcb_selection_request_event_t>(event);
+        if (request.selection == m_connection.atoms().clipboardManager)
+            m_managerRole.handle(request);
+        else
+            m_server.handle(request);
+    } else if (type == 0 && as<xcb_generic_error_t>(event).error_code == XCB_WINDOW)
+        // A requestor that died before it got its answer.
+        m_server.transfers().drop(as<xcb_generic_error_t>(event).resource_id);
+    collectFinished();
+}
+
+std::optional<PasteboardService::TimePoint> PasteboardService::keepDeadlines(TimePoint now)
+{
+    m_clipboardReader.checkClock(now);
+    m_primaryReader.checkClock(now);
+    collectFinished();
+    std::optional<TimePoint> next = m_server.transfers().keepDeadlines(now);
+    for (const SelectionReader *reader : {&m_clipboardReader, &m_primaryReader}) {
+        if (const std::optional<TimePoint> deadline = reader->deadline())
+            next = next ? std::min(*next, *deadline) : deadline;
+    }
+    return next;
+}
+
+bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
+                              PasteboardContents contents)
+{
+    contents.isOwnWrite = true;
+    contents.applicationName = m_front.applicationName();
+    // "Now" instead of a time: the server's own event tells the time that it took.
+    if (!claim(m_connection.atoms().clipboard, std::move(offer), XCB_CURRENT_TIME))
+        return false;
+    m_changes.publish(std::move(contents));
+    return true;
+}
+
+void PasteboardService::clear()
+{
+    m_isClearing = true;
+    xcb_set_selection_owner(m_connection.xcb(), XCB_WINDOW_NONE, m_connection.atoms().clipboard,
+                            XCB_CURRENT_TIME);
+    // The event that we are waiting for comes before the answer to the question after it.
+    m_connection.owner(m_connection.atoms().clipboard);
+    while (m_isClearing) {
+        const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_queued_event(m_connection.xcb()));
+        if (!event)
+            break;
+        handle(*event);
+    }
+    if (std::exchange(m_isClearing, false))
+        m_changes.publishCleared();
+}
+
+void PasteboardService::judge(qint64 changeCount, Pasteboard::Judgement judgement)
+{
+    if (!m_kept || m_kept->changeCount != changeCount)
+        return;
+    if (judgement == Pasteboard::Judgement::Discard) {
+        m_kept.reset();
+        return;
+    }
+    m_kept->isJudged = true;
+    adoptIfJudged();
+}
+
+void PasteboardService::offerPrimary()
+{
+    std::shared_ptr<const SelectionOffer> offer = m_server.offer(m_connection.atoms().clipboard);
+    if (!offer && m_kept)
+        offer = m_kept->offer;
+    if (offer)
+        offer = offer->textAlone();
+    if (!offer)
+        return;
+    m_connection.watchOwner(XCB_ATOM_PRIMARY, true);
+    claim(XCB_ATOM_PRIMARY, std::move(offer), XCB_CURRENT_TIME);
+}
+
+void PasteboardService::publishPrimary(xcb_window_t target)
+{
+    const xcb_window_t owner = m_connection.owner(XCB_ATOM_PRIMARY);
+    if (owner == XCB_WINDOW_NONE || !m_connection.isSameClient(owner, target))
+        return;
+    if (m_primaryReader.isReading())
+        m_primaryReader.abandon();
+    m_primaryReader.begin(XCB_ATOM_PRIMARY, XCB_CURRENT_TIME, largestRead());
+    xcb_flush(m_connection.xcb());
+    m_front.note();
+    m_primaryApplication = m_front.applicationName();
+}
+
+void PasteboardService::handOver(std::function<void()> done)
+{
+    const xcb_atom_t clipboard = m_connection.atoms().clipboard;
+    const std::shared_ptr<const SelectionOffer> offer = m_server.offer(clipboard);
+    if (offer && !offer->isEmpty() &&
+        m_managerRole.requestSave(offer->targets(m_connection.atoms()), m_server.time(clipboard)))
+        m_handedOver = std::move(done);
+    else
+        done();
+}
+
+void PasteboardService::handleOwnerChange(const xcb_xfixes_selection_notify_event_t &event)
+{
+    if (event.selection == m_connection.atoms().clipboard)
+        handleClipboardOwner(event);
+    else if (event.selection == m_connection.atoms().clipboardManager)
+        m_managerRole.handle(event);
+    else if (event.selection == XCB_ATOM_PRIMARY)
+        handlePrimaryOwner(event);
+}
+
+void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_event_t &event)
+{
+    // Whatever the owner answered before this came before it; nothing more is to be had.
+    if (m_clipboardReader.isReading())
+        publishClipboard(m_clipboardReader.abandon());
+    if (event.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
+        m_server.release(event.selection);
+        m_ownerDied = event.timestamp;
+        adoptIfJudged();
+        return;
+    }
+    m_kept.reset();
+    m_ownerDied.reset();
+    if (event.owner == m_connection.window()) {
+        m_server.confirm(event.selection, event.selection_timestamp);
+        return;
+    }
+    m_server.release(event.selection);
+    if (event.owner != XCB_WINDOW_NONE) {
+        beginReading(event.selection_timestamp);
+        return;
+    }
+    // Somebody emptied it on purpose: no contents, and nothing to adopt.
+    const qint64 changeCount = m_changes.publishCleared();
+    if (!std::exchange(m_isClearing, false))
+        m_listener(changeCount);
+}
+
+void PasteboardService::handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event)
+{
+    if (event.owner == m_connection.window()) {
+        m_server.confirm(event.selection, event.selection_timestamp);
+        return;
+    }
+    m_server.release(event.selection);
+    // Every text that is marked with the mouse changes PRIMARY: not watched longer than needed.
+    m_connection.watchOwner(XCB_ATOM_PRIMARY, false);
+}
+
+void PasteboardService::handleProperty(const xcb_property_notify_event_t &event)
+{
+    if (event.window == m_connection.window()) {
+        if (!m_clipboardReader.handle(event))
+            m_primaryReader.handle(event);
+    } else if (event.window == m_connection.server().root()) {
+        m_front.handle(event);
+    } else {
+        m_server.transfers().handle(event);
+    }
+}
+
+void PasteboardService::handleAnswer(const xcb_selection_notify_event_t &event)
+{
+    if (m_managerRole.isSaveAnswer(event)) {
+        if (m_handedOver)
+            std::exchange(m_handedOver, nullptr)();
+        return;
+    }
+    if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event))
+        m_pool.handleLate(event);
+}
+
+void PasteboardService::beginReading(xcb_timestamp_t time)
+{
+    m_clipboardReader.begin(m_connection.atoms().clipboard, time, largestRead());
+    // The owner can work on its answer while we look at the window in front.
+    xcb_flush(m_connection.xcb());
+    m_front.note();
+    m_clipboardApplication = m_front.applicationName();
+}
+
+void PasteboardService::collectFinished()
+{
+    if (const auto fetched = m_clipboardReader.takeFinished())
+        publishClipboard(*fetched);
+    const auto primary = m_primaryReader.takeFinished();
+    // A terminal in which nothing is marked has copied nothing.
+    if (primary && (primary->text || primary->isTextTooLarge || primary->isConcealed))
+        publish(*primary, m_primaryApplication);
+}
+
+qint64 PasteboardService::publish(const FetchedSelection &fetched, const QString &applicationName)
+{
+    PasteboardContents contents = fetched.contents(m_changes.largestUsefulText());
+    contents.applicationName = applicationName;
+    const qint64 changeCount = m_changes.publish(std::move(contents));
+    m_listener(changeCount);
+    return changeCount;
+}
+
+void PasteboardService::publishClipboard(const FetchedSelection &fetched)
+{
+    const qint64 changeCount = publish(fetched, m_clipboardApplication);
+    std::shared_ptr<const SelectionOffer> offer = SelectionOffer::of(fetched);
+    if (!fetched.isConcealed && !offer->isEmpty())
+        m_kept = Kept{changeCount, std::move(offer)};
+    m_managerRole.answerWaiting();
+}
+
+void PasteboardService::adoptIfJudged()
+{
+    if (!m_ownerDied || !m_kept || !m_kept->isJudged)
+        return;
+    // With the time of the death, so that the server refuses when somebody has copied since.
+    claim(m_connection.atoms().clipboard, m_kept->offer, *std::exchange(m_ownerDied, std::nullopt));
+}
+
+bool PasteboardService::claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
+                              xcb_timestamp_t time)
+{
+    m_server.stage(selection, offer);
+    xcb_set_selection_owner(m_connection.xcb(), m_connection.window(), selection, time);
+    const bool isOurs = m_connection.owner(selection) == m_connection.window();
+    // What came before the confirmation is handled before it, in order: a change by another
+    // client is counted before ours.
+    while (m_server.offer(selection) != offer) {
+        const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_queued_event(m_connection.xcb()));
+        if (!event) {
+            m_server.unstage(selection);
+            break;
+        }
+        handle(*event);
+    }
+    return isOurs;
+}
+
+ClipboardManagerRole::Safety PasteboardService::safety() const
+{
+    using Safety = ClipboardManagerRole::Safety;
+    if (m_clipboardReader.isReading())
+        return Safety::BeingRead;
+    return m_kept || m_server.isServing(m_connection.atoms().clipboard) ? Safety::Saved
+                                                                        : Safety::Impossible;
+}
+
+qint64 PasteboardService::largestRead() const
+{
+    return std::max(m_changes.largestUsefulText(), PasteboardLimits::kLargestIdleText);
+}

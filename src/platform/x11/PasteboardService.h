@@ -1,0 +1,94 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "platform/x11/ClipboardManagerRole.h"
+#include "platform/x11/FrontWindowTracker.h"
+#include "platform/x11/PasteboardChanges.h"
+#include "platform/x11/PropertyPool.h"
+#include "platform/x11/SelectionConnection.h"
+#include "platform/x11/SelectionReader.h"
+#include "platform/x11/SelectionServer.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <xcb/xfixes.h>
+
+/// The pasteboard server that X lacks: follows the CLIPBOARD selection, reads what others copy,
+/// publishes it, keeps it alive after its owner's death, and serves what we write. Owned by
+/// X11Pasteboard, which makes it on the main thread; every operation after that runs on the
+/// service thread. It waits for the X server, never for another client.
+class PasteboardService
+{
+public:
+    using TimePoint = std::chrono::steady_clock::time_point;
+    /// Told each published change of another client.
+    using ChangeListener = std::function<void(qint64 changeCount)>;
+
+    /// Nothing is owned; everything must outlive this object.
+    PasteboardService(SelectionConnection &connection, PasteboardChanges &changes,
+                      const ApplicationNames &names, const PasteboardLimits &limits,
+                      ChangeListener listener);
+
+    /// Begins to follow the pasteboard, and reads what is there already.
+    void start();
+
+    void handle(const xcb_generic_event_t &event);
+    std::optional<TimePoint> keepDeadlines(TimePoint now);
+
+    /// Becomes the owner and publishes `contents`. False when the server did not confirm it.
+    [[nodiscard]] bool write(std::shared_ptr<const SelectionOffer> offer,
+                             PasteboardContents contents);
+    void clear();
+    void judge(qint64 changeCount, Pasteboard::Judgement judgement);
+    /// Owns PRIMARY too, with the text of the pasteboard; nothing when there is none.
+    void offerPrimary();
+    /// Reads PRIMARY and publishes it if its owner and `target` belong to the same client.
+    void publishPrimary(xcb_window_t target);
+
+    /// Has another manager save what we own and calls `done` when it has, or at once when there is
+    /// none to ask or nothing to save.
+    void handOver(std::function<void()> done);
+
+private:
+    /// What was read of the present owner, in case it dies.
+    struct Kept
+    {
+        qint64 changeCount;
+        std::shared_ptr<const SelectionOffer> offer;
+        bool isJudged = false;
+    };
+
+    void handleOwnerChange(const xcb_xfixes_selection_notify_event_t &event);
+    void handleClipboardOwner(const xcb_xfixes_selection_notify_event_t &event);
+    void handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event);
+    void handleProperty(const xcb_property_notify_event_t &event);
+    void handleAnswer(const xcb_selection_notify_event_t &event);
+    void beginReading(xcb_timestamp_t time);
+    void collectFinished();
+    qint64 publish(const FetchedSelection &fetched, const QString &applicationName);
+    void publishClipboard(const FetchedSelection &fetched);
+    void adoptIfJudged();
+    bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
+               xcb_timestamp_t time);
+    ClipboardManagerRole::Safety safety() const;
+    qint64 largestRead() const;
+
+    SelectionConnection &m_connection;
+    PasteboardChanges &m_changes;
+    PasteboardLimits m_limits;
+    ChangeListener m_listener;
+    PropertyPool m_pool;
+    SelectionReader m_clipboardReader;
+    SelectionReader m_primaryReader;
+    SelectionServer m_server;
+    ClipboardManagerRole m_managerRole;
+    FrontWindowTracker m_front;
+    QString m_clipboardApplication; ///< In front at the change that is being read.
+    QString m_primaryApplication;
+    std::optional<Kept> m_kept;
+    std::optional<xcb_timestamp_t> m_ownerDied; ///< Until its contents are adopted or forgotten.
+    bool m_isClearing = false;
+    std::function<void()> m_handedOver;
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+#include "platform/x11/FetchedSelection.h"
+#include "platform/x11/SelectionAtoms.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+/// What we serve as a selection's owner, in every format it can be asked for. Immutable and held
+/// by shared pointer: a transfer that runs when new contents are written keeps the bytes it needs,
+/// and the bytes are never copied.
+class SelectionOffer
+{
+public:
+    struct Data
+    {
+        xcb_atom_t type = XCB_ATOM_NONE;
+        QByteArray bytes;
+    };
+
+    /// What the application writes. Files without a text offer their names as text.
+    static std::shared_ptr<const SelectionOffer> of(const PasteboardItem &item);
+
+    /// What another client had, to be served on in its own bytes.
+    static std::shared_ptr<const SelectionOffer> of(const FetchedSelection &fetched);
+
+    /// The same text and nothing else; null when there is no text.
+    std::shared_ptr<const SelectionOffer> textAlone() const;
+
+    bool isEmpty() const { return !m_text && !m_rtf && m_uriList.isEmpty(); }
+
+    QList<xcb_atom_t> targets(const SelectionAtoms &atoms) const;
+
+    /// Absent when the contents do not exist in this format.
+    std::optional<Data> convert(xcb_atom_t target, const SelectionAtoms &atoms) const;
+
+private:
+    SelectionOffer() = default;
+
+    std::optional<QByteArray> m_text; ///< UTF-8.
+    bool m_isTextLatin1 = false;
+    std::optional<QByteArray> m_rtf;
+    QByteArray m_uriList;
+    QStringList m_fileNames;
+};

@@ -1,0 +1,248 @@
+#include "platform/x11/SelectionReader.h"
+
+#include "platform/x11/FileUris.h"
+#include "platform/x11/SelectionConnection.h"
+#include "platform/x11/SelectionText.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr qint64 kMostTargetBytes = 64 * 1024;
+constexpr qsizetype kMostTypes = 256;
+constexpr qsizetype kMostNames = 4096;
+
+QList<xcb_atom_t> atomsOf(const QByteArray &bytes)
+{
+    QList<xcb_atom_t> atoms(bytes.size() / qsizetype(sizeof(xcb_atom_t)));
+    std::memcpy(atoms.data(), bytes.constData(), atoms.size() * sizeof(xcb_atom_t));
+    return atoms;
+}
+
+} // namespace
+
+SelectionReader::SelectionReader(SelectionConnection &connection, PropertyPool &pool,
+                                 const PasteboardLimits &limits)
+    : m_connection(connection), m_limits(limits), m_conversion(connection, pool)
+{
+}
+
+void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 mostTextBytes)
+{
+    m_selection = selection;
+    m_time = time;
+    m_mostTextBytes = mostTextBytes;
+    m_isReading = true;
+    m_isFinished = false;
+    m_begun = std::chrono::steady_clock::now();
+    m_offered.clear();
+    m_fetched = FetchedSelection();
+    m_requests = {{Part::Targets, m_connection.atoms().targets}};
+    askNext();
+}
+
+bool SelectionReader::handle(const xcb_selection_notify_event_t &event)
+{
+    if (!m_isReading || !m_conversion.handle(event))
+        return false;
+    goOn();
+    return true;
+}
+
+bool SelectionReader::handle(const xcb_property_notify_event_t &event)
+{
+    if (!m_isReading || !m_conversion.handle(event))
+        return false;
+    goOn();
+    return true;
+}
+
+void SelectionReader::checkClock(TimePoint now)
+{
+    if (!m_isReading || now < *deadline())
+        return;
+    // A hung owner would not answer the next question either.
+    m_fetched.isComplete = false;
+    finish();
+}
+
+std::optional<SelectionReader::TimePoint> SelectionReader::deadline() const
+{
+    if (!m_isReading)
+        return std::nullopt;
+    return std::min(m_lastProgress + m_limits.ownerStall, m_begun + m_limits.fetch);
+}
+
+std::optional<FetchedSelection> SelectionReader::takeFinished()
+{
+    if (!std::exchange(m_isFinished, false))
+        return std::nullopt;
+    return std::exchange(m_fetched, FetchedSelection());
+}
+
+FetchedSelection SelectionReader::abandon()
+{
+    m_fetched.isComplete = false;
+    finish();
+    m_isFinished = false;
+    return std::exchange(m_fetched, FetchedSelection());
+}
+
+void SelectionReader::askNext()
+{
+    m_lastProgress = std::chrono::steady_clock::now();
+    if (m_requests.isEmpty()) {
+        finish();
+        return;
+    }
+    const Request &request = m_requests.first();
+    qint64 mostBytes = PasteboardLimits::kLargestFormat;
+    if (request.part == Part::Targets)
+        mostBytes = kMostTargetBytes;
+    else if (request.part == Part::Text)
+        mostBytes = m_mostTextBytes;
+    m_conversion.ask(m_selection, request.target, m_time, mostBytes);
+}
+
+void SelectionReader::goOn()
+{
+    m_lastProgress = std::chrono::steady_clock::now();
+    if (m_conversion.isUnderWay())
+        return;
+    useAnswer();
+    if (m_isReading)
+        askNext();
+}
+
+void SelectionReader::useAnswer()
+{
+    using State = IncomingConversion::State;
+    const Request request = m_requests.takeFirst();
+    if (request.part == Part::Targets) {
+        useTargets();
+        return;
+    }
+    if (m_conversion.state() == State::TooLarge && request.part == Part::Text) {
+        // Without its text the copy is of no use, so the rest is not even asked for.
+        m_fetched.isTextTooLarge = true;
+        m_requests.clear();
+        return;
+    }
+    if (m_conversion.state() != State::Whole || m_conversion.format() != 8) {
+        const auto isSamePart = [&](const Request &other) { return other.part == request.part; };
+        if (std::none_of(m_requests.begin(), m_requests.end(), isSamePart))
+            m_fetched.isComplete = false;
+        return;
+    }
+    switch (request.part) {
+    case Part::Targets:
+        break;
+    case Part::Text:
+        useText();
+        break;
+    case Part::Rtf:
+        m_fetched.rtf = m_conversion.bytes();
+        dropRequests(Part::Rtf);
+        break;
+    case Part::Files:
+        useFiles();
+        break;
+    }
+}
+
+void SelectionReader::useTargets()
+{
+    const SelectionAtoms &atoms = m_connection.atoms();
+    if (m_conversion.state() == IncomingConversion::State::Whole && m_conversion.format() == 32) {
+        m_offered = atomsOf(m_conversion.bytes());
+        if (m_offered.contains(atoms.passwordHint)) {
+            m_fetched.isConcealed = true;
+            return;
+        }
+        planFormats(m_offered);
+        return;
+    }
+    // An owner too simple to list its formats may still have a text.
+    m_requests = {{Part::Text, atoms.utf8String}, {Part::Text, XCB_ATOM_STRING}};
+}
+
+void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
+{
+    const SelectionAtoms &atoms = m_connection.atoms();
+    const Request wanted[] = {
+        {Part::Text, atoms.utf8String},        {Part::Text, atoms.textPlainUtf8},
+        {Part::Text, XCB_ATOM_STRING},         {Part::Rtf, atoms.textRtf},
+        {Part::Rtf, atoms.applicationRtf},     {Part::Files, atoms.uriList},
+        {Part::Files, atoms.gnomeCopiedFiles},
+    };
+    for (const Request &request : wanted) {
+        if (offered.contains(request.target))
+            m_requests.append(request);
+    }
+}
+
+void SelectionReader::useText()
+{
+    // Some owners answer a request for STRING in UTF-8, and say so.
+    const bool isLatin1 = m_conversion.target() == XCB_ATOM_STRING &&
+                          m_conversion.type() != m_connection.atoms().utf8String;
+    m_fetched.text =
+        isLatin1 ? SelectionText::latin1ToUtf8(m_conversion.bytes()) : m_conversion.bytes();
+    dropRequests(Part::Text);
+}
+
+void SelectionReader::useFiles()
+{
+    if (m_conversion.target() == m_connection.atoms().gnomeCopiedFiles) {
+        m_fetched.fileNames = FileUris::filesOfGnomeList(m_conversion.bytes());
+        return;
+    }
+    m_fetched.uriList = m_conversion.bytes();
+    m_fetched.fileNames = FileUris::filesOfUriList(m_fetched.uriList);
+    if (!m_fetched.fileNames.isEmpty())
+        dropRequests(Part::Files);
+}
+
+void SelectionReader::dropRequests(Part part)
+{
+    m_requests.removeIf([part](const Request &request) { return request.part == part; });
+}
+
+void SelectionReader::finish()
+{
+    m_conversion.abandon();
+    m_requests.clear();
+    m_isReading = false;
+    m_isFinished = true;
+    m_fetched.types = namesOf(m_offered.mid(0, kMostTypes));
+    if (!m_fetched.text && !m_fetched.isTextTooLarge && !m_fetched.fileNames.isEmpty())
+        // Many file managers offer no text; a file's name serves as one.
+        m_fetched.text = SelectionText::toUtf8(FileUris::names(m_fetched.fileNames));
+}
+
+QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
+{
+    if (m_names.size() > kMostNames)
+        m_names.clear();
+    std::vector<std::pair<xcb_atom_t, xcb_get_atom_name_cookie_t>> asked;
+    for (const xcb_atom_t atom : atoms) {
+        if (!m_names.contains(atom))
+            asked.emplace_back(atom, xcb_get_atom_name(m_connection.xcb(), atom));
+    }
+    for (const auto &[atom, cookie] : asked) {
+        const XcbPointer<xcb_get_atom_name_reply_t> reply(
+            xcb_get_atom_name_reply(m_connection.xcb(), cookie, nullptr));
+        if (reply)
+            m_names[atom] = QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
+                                              xcb_get_atom_name_name_length(reply.get()));
+    }
+    QStringList names;
+    for (const xcb_atom_t atom : atoms) {
+        if (const QString name = m_names.value(atom); !name.isEmpty())
+            names.append(name);
+    }
+    return names;
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/x11/FetchedSelection.h"
+#include "platform/x11/IncomingConversion.h"
+#include "platform/x11/PasteboardLimits.h"
+
+#include <QHash>
+#include <QList>
+
+#include <chrono>
+#include <optional>
+
+#include <xcb/xcb.h>
+
+/// Reads a selection, one format after the other, because many owners muddle up two transfers to
+/// the same window: the list of formats first, then text, RTF and files. The text comes first, so
+/// that it is there when the owner does not live long. Owned by the pasteboard's service, one a
+/// selection; service thread only. It never waits for the owner: events and the clock drive it.
+class SelectionReader
+{
+public:
+    using TimePoint = std::chrono::steady_clock::time_point;
+
+    /// Neither is owned; both must outlive this object.
+    SelectionReader(SelectionConnection &connection, PropertyPool &pool,
+                    const PasteboardLimits &limits);
+
+    /// Begins with the contents that were there at `time`, reading at most `mostTextBytes` of
+    /// text. Only when nothing is being read.
+    void begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 mostTextBytes);
+
+    bool isReading() const { return m_isReading; }
+
+    /// True when the event belonged to this reading.
+    bool handle(const xcb_selection_notify_event_t &event);
+    bool handle(const xcb_property_notify_event_t &event);
+
+    /// Gives up an owner that is too slow.
+    void checkClock(TimePoint now);
+    std::optional<TimePoint> deadline() const;
+
+    /// What was read, once, when the reading has ended by itself.
+    std::optional<FetchedSelection> takeFinished();
+
+    /// Ends the reading and gives what has arrived whole so far.
+    FetchedSelection abandon();
+
+private:
+    enum class Part { Targets, Text, Rtf, Files };
+    struct Request
+    {
+        Part part;
+        xcb_atom_t target;
+    };
+
+    void askNext();
+    void goOn();
+    void useAnswer();
+    void useTargets();
+    void useText();
+    void useFiles();
+    void planFormats(const QList<xcb_atom_t> &offered);
+    void dropRequests(Part part);
+    void finish();
+    QStringList namesOf(const QList<xcb_atom_t> &atoms);
+
+    SelectionConnection &m_connection;
+    const PasteboardLimits &m_limits;
+    IncomingConversion m_conversion;
+    bool m_isReading = false;
+    bool m_isFinished = false;
+    xcb_atom_t m_selection = XCB_ATOM_NONE;
+    xcb_timestamp_t m_time = XCB_CURRENT_TIME;
+    qint64 m_mostTextBytes = 0;
+    TimePoint m_begun;
+    TimePoint m_lastProgress;
+    QList<Request> m_requests; ///< The first one is under way.
+    QList<xcb_atom_t> m_offered;
+    FetchedSelection m_fetched;
+    QHash<xcb_atom_t, QString> m_names; ///< Asked of the server once each.
+};

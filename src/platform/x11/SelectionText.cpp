@@ -1,0 +1,74 @@
+#include "platform/x11/SelectionText.h"
+
+#include <QStringConverter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr auto kFlags =
+    QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom;
+
+bool isContinuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+} // namespace
+
+QString SelectionText::fromUtf8(const QByteArray &bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, kFlags);
+    return decoder.decode(bytes);
+}
+
+QByteArray SelectionText::toUtf8(const QString &text)
+{
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringConverter::Flag::Stateless);
+    return encoder.encode(text);
+}
+
+bool SelectionText::isLatin1(const QByteArray &utf8)
+{
+    for (qsizetype i = 0; i < utf8.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if (byte < 0x80)
+            continue;
+        // U+0080 to U+00FF are the two-byte sequences that begin with C2 or C3.
+        const bool isShort = byte == 0xC2 || byte == 0xC3;
+        if (!isShort || i + 1 == utf8.size() || !isContinuation(utf8[i + 1]))
+            return false;
+        ++i;
+    }
+    return true;
+}
+
+QByteArray SelectionText::latin1ToUtf8(const QByteArray &latin1)
+{
+    return toUtf8(QString::fromLatin1(latin1));
+}
+
+QByteArray SelectionText::utf8ToLatin1(const QByteArray &utf8)
+{
+    return fromUtf8(utf8).toLatin1();
+}
+
+QString SelectionText::fromRtf(const QByteArray &bytes)
+{
+    return QString::fromLatin1(bytes);
+}
+
+QByteArray SelectionText::toRtf(const QString &rtf)
+{
+    const auto isByte = [](QChar character) { return character.unicode() <= 0xFF; };
+    if (std::all_of(rtf.begin(), rtf.end(), isByte))
+        return rtf.toLatin1();
+    QByteArray bytes;
+    for (const QChar character : rtf) {
+        if (isByte(character))
+            bytes += static_cast<char>(character.unicode());
+        else // RTF counts in signed 16-bit numbers.
+            bytes += "\\u" + QByteArray::number(static_cast<qint16>(character.unicode())) + '?';
+    }
+    return bytes;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Texts between the pasteboard's bytes and the application's QString.
+///
+/// Nothing is ever refused for its characters. A NUL is a character like any other and stays, also
+/// at the end. Broken UTF-8, an encoded lone surrogate included, becomes U+FFFD, one for each byte
+/// that means nothing; a lone surrogate of a QString likewise becomes U+FFFD in UTF-8. A byte order
+/// mark at the start stays. What is served for a dead owner are its own bytes, broken or not.
+namespace SelectionText {
+
+QString fromUtf8(const QByteArray &bytes);
+QByteArray toUtf8(const QString &text);
+
+/// Whether every character of a text in UTF-8 exists in Latin-1, which is what STRING can carry.
+bool isLatin1(const QByteArray &utf8);
+QByteArray latin1ToUtf8(const QByteArray &latin1);
+QByteArray utf8ToLatin1(const QByteArray &utf8);
+
+/// RTF is bytes in a code page that it names itself, so each byte becomes one character and the
+/// source comes back byte for byte.
+QString fromRtf(const QByteArray &bytes);
+/// A character beyond a byte, which no RTF that was read here has, is written as RTF escapes it.
+QByteArray toRtf(const QString &rtf);
+
+} // namespace SelectionText

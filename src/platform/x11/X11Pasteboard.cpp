@@ -1,0 +1,116 @@
+#include "platform/x11/X11Pasteboard.h"
+
+#include "platform/x11/FileUris.h"
+#include "platform/x11/PasteboardChanges.h"
+#include "platform/x11/PasteboardService.h"
+#include "platform/x11/SelectionConnection.h"
+#include "platform/x11/X11EventThread.h"
+
+#include <QLoggingCategory>
+
+#include <future>
+
+Q_LOGGING_CATEGORY(lcPasteboard, "quillmarsh.pasteboard")
+
+X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimits &limits)
+    : m_limits(limits), m_connection(std::make_unique<SelectionConnection>()),
+      m_changes(std::make_unique<PasteboardChanges>())
+{
+    const auto announce = [this](qint64 changeCount) {
+        QMetaObject::invokeMethod(
+            this, [this, changeCount] { Q_EMIT changed(changeCount); }, Qt::QueuedConnection);
+    };
+    m_service =
+        std::make_unique<PasteboardService>(*m_connection, *m_changes, names, m_limits, announce);
+    X11EventThread::Hooks hooks;
+    hooks.keepDeadlines = [this](X11EventThread::TimePoint now) {
+        return m_service->keepDeadlines(now);
+    };
+    hooks.handleLoss = [] {
+        qCWarning(lcPasteboard, "No connection to the X server: the pasteboard is not served");
+    };
+    m_thread = std::make_unique<X11EventThread>(
+        m_connection->server(),
+        [this](const xcb_generic_event_t &event) { m_service->handle(event); }, std::move(hooks));
+    m_thread->post([this] { m_service->start(); });
+}
+
+X11Pasteboard::~X11Pasteboard() = default;
+
+void X11Pasteboard::offerPrimary()
+{
+    if (m_thread) [[maybe_unused]]
+        const bool isDone = m_thread->run([this] { m_service->offerPrimary(); });
+}
+
+void X11Pasteboard::publishPrimary(xcb_window_t target)
+{
+    if (m_thread)
+        m_thread->post([this, target] { m_service->publishPrimary(target); });
+}
+
+qint64 X11Pasteboard::changeCount() const
+{
+    return m_changes->changeCount();
+}
+
+QList<PasteboardContents> X11Pasteboard::changesAfter(qint64 changeCount) const
+{
+    return m_changes->changesAfter(changeCount);
+}
+
+std::optional<PasteboardContents> X11Pasteboard::contents() const
+{
+    return m_changes->contents();
+}
+
+void X11Pasteboard::judge(qint64 changeCount, Judgement judgement)
+{
+    m_changes->judge(changeCount, judgement);
+    if (m_thread)
+        m_thread->post(
+            [this, changeCount, judgement] { m_service->judge(changeCount, judgement); });
+}
+
+void X11Pasteboard::setLargestUsefulText(qint64 bytes)
+{
+    m_changes->setLargestUsefulText(bytes);
+}
+
+bool X11Pasteboard::write(const PasteboardItem &item)
+{
+    if (!m_thread)
+        return false;
+    PasteboardContents contents;
+    contents.text = item.text;
+    if (!contents.text && !item.fileNames.isEmpty())
+        contents.text = FileUris::names(item.fileNames);
+    contents.rtf = item.rtf;
+    contents.fileNames = item.fileNames;
+    const auto offer = SelectionOffer::of(item);
+    bool isWritten = false;
+    const bool hasRun =
+        m_thread->run([&] { isWritten = m_service->write(offer, std::move(contents)); });
+    return hasRun && isWritten;
+}
+
+void X11Pasteboard::clear()
+{
+    if (!m_thread || !m_thread->run([this] { m_service->clear(); }))
+        m_changes->publishCleared();
+}
+
+void X11Pasteboard::shutDown()
+{
+    if (!m_thread)
+        return;
+    // Shared with the task: the answer may come after the limit, when nobody waits any more.
+    const auto handedOver = std::make_shared<std::promise<void>>();
+    std::future<void> isHandedOver = handedOver->get_future();
+    m_thread->post(
+        [this, handedOver] { m_service->handOver([handedOver] { handedOver->set_value(); }); });
+    isHandedOver.wait_for(m_limits.handover);
+    m_thread.reset();
+    m_service.reset();
+    m_connection.reset();
+}
