@@ -2,25 +2,81 @@
 
 #include "history/CaptureSettings.h"
 #include "history/ClipItem.h"
+#include "history/HistoryLog.h"
+#include "history/SearchPattern.h"
 #include "platform/Clock.h"
 
 #include <algorithm>
+#include <chrono>
+#include <iterator>
 
-ClipHistory::ClipHistory(const QString &, Clock &clock, CaptureSettings &settings)
-    : m_clock(clock), m_settings(settings)
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Shorter than a frame, so that indexing is never seen.
+constexpr auto kIndexSlice = 4ms;
+constexpr auto kLogDelay = 5s;
+
+const QString kFilePrefix = QStringLiteral("file:");
+
+bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipItem> &other)
 {
+    return ClipContext::isNewer(*one, *other);
+}
+
+} // namespace
+
+ClipHistory::ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings)
+    : m_clock(clock), m_settings(settings), m_context(storeFolder), m_index(m_context)
+{
+    m_indexTimer.setInterval(0);
+    connect(&m_indexTimer, &QTimer::timeout, this, &ClipHistory::indexSome);
+    m_logTimer.setSingleShot(true);
+    m_logTimer.setInterval(kLogDelay);
+    connect(&m_logTimer, &QTimer::timeout, this, [this] { m_context.emptyLog(); });
 }
 
 ClipHistory::~ClipHistory() = default;
 
 void ClipHistory::loadClipItems()
 {
-    m_clipItemArr = m_all;
-    m_lastClipItem = m_all.empty() ? nullptr : m_all.front();
+    fetch();
+    m_found.clear();
+    m_shown = &m_history;
+    m_lastClipItem = m_history.empty() ? nullptr : m_history.front();
     Q_EMIT clipItemArrChanged();
 }
 
-void ClipHistory::saveContext() {}
+/// Reads the records once; from then on the list in memory is what the store holds and what is
+/// not saved yet. Records that could not be read are asked for again by the next load.
+void ClipHistory::fetch()
+{
+    if (m_isFetched)
+        return;
+    std::optional<Items> items = m_context.fetch(m_history);
+    if (!items)
+        return;
+    m_isFetched = true;
+    m_history.insert(m_history.end(), std::make_move_iterator(items->rbegin()),
+                     std::make_move_iterator(items->rend()));
+    if (!std::is_sorted(m_history.begin(), m_history.end(), isNewer))
+        std::sort(m_history.begin(), m_history.end(), isNewer);
+    m_index.enqueue(m_history);
+    m_indexTimer.start();
+}
+
+void ClipHistory::indexSome()
+{
+    m_index.work(kIndexSlice);
+    if (m_index.isComplete())
+        m_indexTimer.stop();
+}
+
+void ClipHistory::saveContext()
+{
+    m_context.save();
+}
 
 bool ClipHistory::isNilOrEmpty(const std::optional<QString> &text)
 {
@@ -32,73 +88,169 @@ void ClipHistory::addToClipList(const std::optional<QString> &strValue,
                                 const std::optional<QString> &applicationName,
                                 const std::optional<QString> &filepath)
 {
-    if (isNilOrEmpty(strValue) || (m_lastClipItem && m_lastClipItem->strValue() == strValue))
+    if (isNilOrEmpty(strValue))
         return;
-    auto found = std::find_if(m_all.begin(), m_all.end(),
-                              [&](const auto &item) { return item->strValue() == strValue; });
-    auto item = found == m_all.end() ? std::make_shared<ClipItem>() : *found;
-    if (found != m_all.end())
-        m_all.erase(found);
-    item->m_strValue = strValue;
-    item->m_rtfValue = rtfValue;
-    item->m_applicationName = applicationName;
-    item->m_filepath = filepath;
-    item->m_createDate = m_clock.now();
-    m_all.insert(m_all.begin(), item);
+    fetch();
+    // Half a surrogate pair would be stored as another text than the one that was compared.
+    const QString text =
+        strValue->isValidUtf16() ? *strValue : QString::fromUtf8(strValue->toUtf8());
+    if (m_lastClipItem && m_lastClipItem->strValue() == text)
+        return;
+
+    std::shared_ptr<ClipItem> item = newestWithText(text);
+    const bool isNew = !item;
+    if (isNew)
+        item = m_context.insert();
+    else
+        qCInfo(lcHistory, "updating");
+    const double date = stamp();
+    if (!isNew)
+        std::erase(m_history, item);
+    m_context.setCopy(item, {{}, text, rtfValue, applicationName, filepath, {}}, date);
+    if (isNew)
+        m_index.add(*item, text);
+    putInOrder(item);
     setShortText(item);
-    if (static_cast<qint64>(m_clipItemArr.size()) >= m_settings.getMaxItems())
-        m_all.pop_back();
+    saveContext();
+
+    // Counted before the addition, and in what a search shows while one is shown: exactly one
+    // clip goes, also when this one was there already. Deliberate.
+    const qint64 shown =
+        static_cast<qint64>(clipItemArr().size()) - (m_shown == &m_history && isNew ? 1 : 0);
+    if (shown >= m_settings.getMaxItems())
+        removeOldest();
+    saveContext();
     loadClipItems();
+}
+
+/// The moment that an addition gets. Two copies within the clock's millisecond keep their order.
+double ClipHistory::stamp() const
+{
+    constexpr double kTooFar = 1;
+    constexpr double kStep = 1e-6;
+    const double now = static_cast<double>(m_clock.now().toMSecsSinceEpoch()) / 1000;
+    if (m_history.empty())
+        return now;
+    const double newest = ClipContext::createDate(*m_history.front());
+    return newest >= now && newest < now + kTooFar ? newest + kStep : now;
+}
+
+std::shared_ptr<ClipItem> ClipHistory::newestWithText(const QString &text)
+{
+    m_index.finish();
+    const std::size_t hash = ClipIndex::hashOf(text.toUtf8());
+    const auto found = std::find_if(
+        m_history.begin(), m_history.end(), [&](const std::shared_ptr<ClipItem> &item) {
+            return m_index.mayEqual(*item, hash) && item->strValue() == text;
+        });
+    return found == m_history.end() ? nullptr : *found;
+}
+
+void ClipHistory::putInOrder(const std::shared_ptr<ClipItem> &item)
+{
+    m_history.insert(std::lower_bound(m_history.begin(), m_history.end(), item, isNewer), item);
+}
+
+void ClipHistory::removeOldest()
+{
+    const std::shared_ptr<ClipItem> oldest = m_history.back();
+    m_history.pop_back();
+    forget(oldest);
+    m_logTimer.start();
+}
+
+void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
+{
+    if (item == m_lastClipItem)
+        m_context.keepText(item);
+    m_context.remove(item);
+    m_index.remove(*item);
 }
 
 void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
 {
-    std::erase(m_all, item);
-    std::erase(m_clipItemArr, item);
+    const Items &shown = clipItemArr();
+    if (std::find(shown.begin(), shown.end(), item) == shown.end())
+        return;
+    // By value: the argument may be an element of the list.
+    const std::shared_ptr<ClipItem> deleted = item;
+    std::erase(m_history, deleted);
+    std::erase(m_found, deleted);
+    forget(deleted);
+    saveContext();
+    m_context.emptyLog();
     Q_EMIT clipItemArrChanged();
 }
 
 void ClipHistory::clearAll()
 {
-    m_all.clear();
-    loadClipItems();
+    maxItemsModified(0);
+    m_context.vacuum();
+    m_context.emptyLog();
 }
 
 void ClipHistory::maxItemsModified(qint64 maxItems)
 {
-    if (static_cast<qint64>(m_all.size()) > maxItems)
-        m_all.resize(static_cast<std::size_t>(std::max<qint64>(maxItems, 0)));
+    const Items shown = clipItemArr();
+    const auto kept = static_cast<std::size_t>(std::max<qint64>(maxItems, 0));
+    const bool isTooLong = shown.size() > kept;
+    if (isTooLong) {
+        std::for_each(shown.begin() + static_cast<std::ptrdiff_t>(kept), shown.end(),
+                      [this](const std::shared_ptr<ClipItem> &item) { forget(item); });
+        std::erase_if(m_history, [](const std::shared_ptr<ClipItem> &item) {
+            return !ClipContext::isInHistory(*item);
+        });
+    }
+    saveContext();
     loadClipItems();
+    if (isTooLong)
+        m_context.emptyLog();
 }
 
 void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)
 {
     if (!searchText)
         return;
-    m_clipItemArr = searchClipItem(*searchText);
+    Items found = searchClipItem(*searchText);
+    // A search that finds everything shows the history itself.
+    const bool isNarrow = found.size() != m_history.size();
+    m_found = isNarrow ? std::move(found) : Items();
+    m_shown = isNarrow ? &m_found : &m_history;
     Q_EMIT clipItemArrChanged();
 }
 
-std::vector<std::shared_ptr<ClipItem>> ClipHistory::searchClipItem(const QString &searchText)
+ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
 {
-    std::vector<std::shared_ptr<ClipItem>> result;
-    std::copy_if(m_all.begin(), m_all.end(), std::back_inserter(result), [&](const auto &item) {
-        return item->strValue() && item->strValue()->contains(searchText, Qt::CaseInsensitive);
-    });
-    return result;
+    fetch();
+    m_index.finish();
+    QStringView term(searchText);
+    const bool onlyFiles = term.startsWith(kFilePrefix, Qt::CaseInsensitive);
+    if (onlyFiles) {
+        term = term.mid(kFilePrefix.size());
+        if (term.startsWith(u' '))
+            term = term.mid(1);
+    }
+    const SearchPattern pattern(term);
+    Items found;
+    std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
+                 [&](const std::shared_ptr<ClipItem> &item) {
+                     return m_index.matches(*item, pattern, onlyFiles);
+                 });
+    m_index.closeTexts();
+    return found;
 }
 
 void ClipHistory::setShortText(const std::shared_ptr<ClipItem> &item)
 {
-    if (item->m_strValue)
-        item->m_shortText = item->m_strValue->trimmed().remove(u'\n');
-    if (item->m_filepath)
-        item->m_shortText = QStringLiteral("File: ") + *item->m_filepath;
+    m_context.forgetShortText(*item);
 }
 
 void ClipHistory::countPaste(const std::shared_ptr<ClipItem> &item)
 {
     // A first paste counts as 0, so a clip pasted n times reads n - 1. Deliberate: the stored
-    // histories that exist count so.
-    item->m_pasteCount = item->m_pasteCount ? *item->m_pasteCount + 1 : 0;
+    // histories that exist count so. The count is 32 bits wide and wraps.
+    const std::optional<qint32> count = item->pasteCount();
+    m_context.setPasteCount(item,
+                            count ? static_cast<qint32>(static_cast<quint32>(*count) + 1) : 0);
+    saveContext();
 }

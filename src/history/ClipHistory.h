@@ -1,7 +1,11 @@
 #pragma once
 
+#include "history/ClipContext.h"
+#include "history/ClipIndex.h"
+
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -19,13 +23,16 @@ class ClipHistory : public QObject
     Q_OBJECT
 
 public:
+    using Items = ClipContext::Items;
+
     /// Opens the store in `storeFolder`, made when it does not exist. A store that cannot be opened
-    /// stops the process after a log line, and is left as it was.
+    /// stops the process after a log line, and is left as it was. The list is empty until the
+    /// first load.
     ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings);
     ~ClipHistory() override;
 
-    const std::vector<std::shared_ptr<ClipItem>> &clipItemArr() const { return m_clipItemArr; }
-    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const { return clipItemArr(); }
+    const Items &clipItemArr() const { return *m_shown; }
+    const Items &getClipItemArr() const { return clipItemArr(); }
 
     /// The newest clip at the last load; null when there was none. A deletion leaves it.
     const std::shared_ptr<ClipItem> &lastClipItem() const { return m_lastClipItem; }
@@ -44,6 +51,7 @@ public:
                        const std::optional<QString> &filepath);
     static bool isNilOrEmpty(const std::optional<QString> &text);
 
+    /// A clip that is not in the list is ignored.
     void deleteItem(const std::shared_ptr<ClipItem> &item);
     /// Deletes every clip of the list: while a search is shown, only what it found.
     void clearAll();
@@ -55,9 +63,9 @@ public:
     /// The clips whose text contains `searchText`, newest first, whatever the case. "*" in it
     /// stands for any run of characters, "?" for any one; after "file:" only file clips are
     /// looked at. The list stays as it is.
-    std::vector<std::shared_ptr<ClipItem>> searchClipItem(const QString &searchText);
+    Items searchClipItem(const QString &searchText);
 
-    /// Rebuilds the line that a list shows for the clip.
+    /// The line that a list shows for the clip is made anew when it is next asked for.
     void setShortText(const std::shared_ptr<ClipItem> &item);
 
     /// Counts one paste of the clip and saves.
@@ -68,9 +76,23 @@ Q_SIGNALS:
     void clipItemArrChanged();
 
 private:
+    void fetch();
+    std::shared_ptr<ClipItem> newestWithText(const QString &text);
+    void putInOrder(const std::shared_ptr<ClipItem> &item);
+    double stamp() const;
+    void removeOldest();
+    void forget(const std::shared_ptr<ClipItem> &item);
+    void indexSome();
+
     Clock &m_clock;
     CaptureSettings &m_settings;
-    std::vector<std::shared_ptr<ClipItem>> m_all;
-    std::vector<std::shared_ptr<ClipItem>> m_clipItemArr;
+    ClipContext m_context;
+    ClipIndex m_index;
+    bool m_isFetched = false;
+    Items m_history; ///< Every clip, newest first.
+    Items m_found;
+    const Items *m_shown = &m_found; ///< The list: m_history or m_found.
     std::shared_ptr<ClipItem> m_lastClipItem;
+    QTimer m_indexTimer; ///< Fires while there is nothing else to do.
+    QTimer m_logTimer;   ///< Empties the write-ahead log some time after clips were trimmed.
 };

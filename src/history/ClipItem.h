@@ -3,46 +3,66 @@
 #include <QDateTime>
 #include <QString>
 
+#include <limits>
 #include <memory>
 #include <optional>
 
+class ClipContext;
+struct ClipChange;
+
 /// One recorded copy. Has identity: there is one object for each record, and selection and
-/// deletion compare objects. Made and owned by the history; whoever shows clips shares it. Absent
-/// attributes are absent, never empty texts.
+/// deletion compare objects. Made by the history's context; whoever shows clips shares it. The
+/// values stay in the store and are read when they are asked for, so a clip is small however long
+/// its text; one that was deleted has no values left. Absent attributes are absent, never empty
+/// texts.
 class ClipItem
 {
 public:
-    ClipItem() = default;
+    /// Only the context makes clips.
+    explicit ClipItem(ClipContext &context);
+    ~ClipItem();
     ClipItem(const ClipItem &) = delete;
     ClipItem &operator=(const ClipItem &) = delete;
 
     /// In the record for the stores that exist; never written.
-    std::optional<qint64> id() const { return std::nullopt; }
+    std::optional<qint64> id() const;
     /// The plain text; of a copied file the text its application offered with it.
-    std::optional<QString> strValue() const { return m_strValue; }
+    std::optional<QString> strValue() const;
     /// The RTF source; absent when the copy had none.
-    std::optional<QString> rtfValue() const { return m_rtfValue; }
+    std::optional<QString> rtfValue() const;
     /// The application in front at the moment of the copy.
-    std::optional<QString> applicationName() const { return m_applicationName; }
+    std::optional<QString> applicationName() const;
     /// Absolute path of the first copied file; absent for a text.
-    std::optional<QString> filepath() const { return m_filepath; }
+    std::optional<QString> filepath() const;
     /// When the text was last copied, in UTC.
-    std::optional<QDateTime> createDate() const { return m_createDate; }
+    std::optional<QDateTime> createDate() const;
     /// How often the clip was pasted, less one; absent before the first paste.
-    std::optional<qint32> pasteCount() const { return m_pasteCount; }
-    /// The one line that a list shows.
-    std::optional<QString> shortText() const { return m_shortText; }
+    std::optional<qint32> pasteCount() const;
 
-    void setShortText(const std::optional<QString> &shortText) { m_shortText = shortText; }
+    /// The one line that a list shows, made when it is first asked for. Of a text longer than
+    /// 16 KiB it shows the beginning, which is more than any list has room for.
+    std::optional<QString> shortText() const;
 
 private:
-    friend class ClipHistory;
+    friend class ClipContext;
+    friend class ClipIndex;
 
-    std::optional<QString> m_strValue;
-    std::optional<QString> m_rtfValue;
-    std::optional<QString> m_applicationName;
-    std::optional<QString> m_filepath;
-    std::optional<QString> m_shortText;
-    std::optional<QDateTime> m_createDate;
-    std::optional<qint32> m_pasteCount;
+    enum class Text : quint8 {
+        Unknown,  ///< Not indexed yet.
+        None,     ///< The record has no text.
+        InMemory, ///< `m_folded` holds it.
+        InStore   ///< Too long to be kept folded.
+    };
+
+    ClipContext *m_context;                                         ///< Null once deleted.
+    qint64 m_pk = 0;                                                ///< 0 until it was saved.
+    double m_createDate = std::numeric_limits<double>::quiet_NaN(); ///< Seconds since 1970 UTC.
+    std::unique_ptr<ClipChange> m_unsaved;
+
+    // What the index knows; in the clip because a hundred thousand of them are walked at a time.
+    std::unique_ptr<char[]> m_folded; ///< Case-folded UTF-8, not terminated.
+    std::size_t m_textHash = 0;
+    quint32 m_foldedSize = 0;
+    Text m_text = Text::Unknown;
+    bool m_hasFilepath = false;
 };

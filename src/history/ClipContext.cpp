@@ -1,0 +1,277 @@
+#include "history/ClipContext.h"
+
+#include "history/ClipItem.h"
+#include "history/HistoryLog.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_set>
+
+namespace {
+
+constexpr qsizetype kFactsLimit = 1024;                 // records
+constexpr qsizetype kTextsLimit = 4 * 1024 * 1024;      // bytes
+constexpr qsizetype kShortTextsLimit = 2 * 1024 * 1024; // bytes
+constexpr qint64 kShortTextSource = 16 * 1024;          // bytes of UTF-8
+
+qsizetype costOf(const QString &text)
+{
+    return text.size() * static_cast<qsizetype>(sizeof(QChar)) + 64;
+}
+
+bool isBlank(QChar character)
+{
+    return character == u'\t' || character.category() == QChar::Separator_Space;
+}
+
+/// Blanks at both ends go, line breaks only fall out: a text of several lines becomes one.
+QString lineOf(QStringView text)
+{
+    while (!text.isEmpty() && isBlank(text.front()))
+        text = text.mid(1);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
+    return text.toString().remove(u'\n');
+}
+
+/// The text without its last character, of which a part may be missing.
+QString wholeCharacters(QByteArray utf8)
+{
+    const auto isContinuation = [](char byte) { return (byte & 0xC0) == 0x80; };
+    while (!utf8.isEmpty() && isContinuation(utf8.back()))
+        utf8.chop(1);
+    utf8.chop(1);
+    return QString::fromUtf8(utf8);
+}
+
+} // namespace
+
+ClipContext::ClipContext(const QString &storeFolder)
+    : m_store(storeFolder), m_facts(kFactsLimit), m_texts(kTextsLimit),
+      m_shortTexts(kShortTextsLimit)
+{
+}
+
+ClipContext::~ClipContext() = default;
+
+std::optional<ClipContext::Items> ClipContext::fetch(const Items &known)
+{
+    const std::optional<std::vector<ClipStore::Row>> rows = m_store.readRows();
+    if (!rows)
+        return std::nullopt;
+    std::unordered_set<qint64> skipped(m_deletedPks.begin(), m_deletedPks.end());
+    for (const std::shared_ptr<ClipItem> &item : known)
+        skipped.insert(item->m_pk);
+    Items items;
+    items.reserve(rows->size());
+    for (const ClipStore::Row &row : *rows) {
+        if (skipped.contains(row.pk))
+            continue;
+        auto item = std::make_shared<ClipItem>(*this);
+        item->m_pk = row.pk;
+        item->m_createDate = row.createDate;
+        item->m_hasFilepath = row.hasFilepath;
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+std::shared_ptr<ClipItem> ClipContext::insert()
+{
+    return std::make_shared<ClipItem>(*this);
+}
+
+void ClipContext::setCopy(const std::shared_ptr<ClipItem> &item, const ClipValues &copy,
+                          double createDate)
+{
+    touch(item);
+    ClipChange &change = *item->m_unsaved;
+    // The text of a record never changes, so it is written once.
+    if (item->m_pk == 0) {
+        change.values.strValue = copy.strValue;
+        change.attributes |= ClipAttribute::kStrValue;
+    }
+    change.values.rtfValue = copy.rtfValue;
+    change.values.applicationName = copy.applicationName;
+    change.values.filepath = copy.filepath;
+    change.createDate = createDate;
+    change.attributes |= ClipAttribute::kRtfValue | ClipAttribute::kApplicationName |
+                         ClipAttribute::kFilepath | ClipAttribute::kCreateDate;
+    item->m_createDate = createDate;
+    item->m_hasFilepath = copy.filepath.has_value();
+}
+
+void ClipContext::setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount)
+{
+    touch(item);
+    item->m_unsaved->values.pasteCount = pasteCount;
+    item->m_unsaved->attributes |= ClipAttribute::kPasteCount;
+}
+
+void ClipContext::touch(const std::shared_ptr<ClipItem> &item)
+{
+    if (!item->m_unsaved) {
+        item->m_unsaved = std::make_unique<ClipChange>();
+        item->m_unsaved->pk = item->m_pk;
+    }
+    if (std::find(m_changed.begin(), m_changed.end(), item) == m_changed.end())
+        m_changed.push_back(item);
+}
+
+void ClipContext::keepText(const std::shared_ptr<ClipItem> &item)
+{
+    const std::optional<QString> text = item->strValue();
+    if (!item->m_unsaved)
+        item->m_unsaved = std::make_unique<ClipChange>();
+    item->m_unsaved->values.strValue = text;
+    item->m_unsaved->attributes |= ClipAttribute::kStrValue;
+}
+
+void ClipContext::remove(const std::shared_ptr<ClipItem> &item)
+{
+    std::erase(m_changed, item);
+    item->m_context = nullptr;
+    if (item->m_pk == 0)
+        return;
+    m_deletedPks.push_back(item->m_pk);
+    m_facts.remove(item->m_pk);
+    m_texts.remove(item->m_pk);
+    m_shortTexts.remove(item->m_pk);
+    if (m_latestPk == item->m_pk) {
+        m_latestPk = 0;
+        m_latestText.clear();
+    }
+}
+
+void ClipContext::save()
+{
+    if (!hasChanges())
+        return;
+    std::vector<ClipChange> changes;
+    changes.reserve(m_changed.size());
+    for (const std::shared_ptr<ClipItem> &item : m_changed)
+        changes.push_back(*item->m_unsaved);
+    if (const std::optional<StoreError> error = m_store.write(changes, m_deletedPks)) {
+        qCCritical(lcHistory).noquote() << error->logLine();
+        return;
+    }
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        ClipItem &item = *m_changed[i];
+        item.m_pk = changes[i].pk;
+        m_facts.remove(item.m_pk);
+        if (changes[i].values.strValue)
+            rememberText(item.m_pk, *changes[i].values.strValue);
+        item.m_unsaved.reset();
+    }
+    m_changed.clear();
+    m_deletedPks.clear();
+}
+
+ClipValues ClipContext::facts(const ClipItem &item)
+{
+    if (item.m_pk == 0)
+        return {};
+    if (const ClipValues *facts = m_facts.object(item.m_pk))
+        return *facts;
+    ClipValues facts = m_store.readFacts(item.m_pk);
+    m_facts.insert(item.m_pk, new ClipValues(facts));
+    return facts;
+}
+
+std::optional<QString> ClipContext::text(const ClipItem &item)
+{
+    if (item.m_pk == 0)
+        return std::nullopt;
+    if (item.m_pk == m_latestPk)
+        return m_latestText;
+    if (const QString *text = m_texts.object(item.m_pk))
+        return *text;
+    std::optional<QString> text = m_store.readText(item.m_pk);
+    if (text)
+        rememberText(item.m_pk, *text);
+    return text;
+}
+
+void ClipContext::rememberText(qint64 pk, const QString &text)
+{
+    if (m_latestPk != 0 && m_latestPk != pk)
+        m_texts.insert(m_latestPk, new QString(m_latestText), costOf(m_latestText));
+    m_latestPk = pk;
+    m_latestText = text;
+}
+
+std::optional<QString> ClipContext::rtf(const ClipItem &item)
+{
+    return item.m_pk == 0 ? std::nullopt : m_store.readRtf(item.m_pk);
+}
+
+std::optional<ClipStore::TextStart> ClipContext::textStart(const ClipItem &item, qint64 limit)
+{
+    return item.m_pk == 0 ? std::nullopt : m_store.readTextStart(item.m_pk, limit);
+}
+
+QByteArray ClipContext::wholeText(const ClipItem &item)
+{
+    if (item.m_pk == 0)
+        return item.strValue().value_or(QString()).toUtf8();
+    const std::optional<ClipStore::TextStart> text =
+        m_store.readTextStart(item.m_pk, std::numeric_limits<qint64>::max());
+    return text ? text->bytes : QByteArray();
+}
+
+std::optional<QString> ClipContext::shortText(const ClipItem &item)
+{
+    if (item.m_pk == 0)
+        return makeShortText(item);
+    if (const std::optional<QString> *text = m_shortTexts.object(item.m_pk))
+        return *text;
+    std::optional<QString> text = makeShortText(item);
+    m_shortTexts.insert(item.m_pk, new std::optional(text), costOf(text.value_or(QString())));
+    return text;
+}
+
+void ClipContext::forgetShortText(const ClipItem &item)
+{
+    m_shortTexts.remove(item.m_pk);
+}
+
+std::optional<QString> ClipContext::makeShortText(const ClipItem &item)
+{
+    if (const std::optional<QString> filepath = item.filepath())
+        return QStringLiteral("File: ") + *filepath;
+    if (item.m_pk == 0) {
+        const std::optional<QString> text = item.strValue();
+        return text ? std::optional(lineOf(QStringView(*text).left(kShortTextSource)))
+                    : std::nullopt;
+    }
+    const std::optional<ClipStore::TextStart> start = textStart(item, kShortTextSource);
+    closeTextStart();
+    if (!start)
+        return std::nullopt;
+    return lineOf(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
+                                                     : wholeCharacters(start->bytes));
+}
+
+bool ClipContext::isNewer(const ClipItem &one, const ClipItem &other)
+{
+    const bool hasDate = !std::isnan(one.m_createDate);
+    if (hasDate != !std::isnan(other.m_createDate))
+        return hasDate;
+    if (hasDate && one.m_createDate != other.m_createDate)
+        return one.m_createDate > other.m_createDate;
+    // A record gets the highest key when it is saved.
+    if ((one.m_pk == 0) != (other.m_pk == 0))
+        return one.m_pk == 0;
+    return one.m_pk > other.m_pk;
+}
+
+double ClipContext::createDate(const ClipItem &item)
+{
+    return item.m_createDate;
+}
+
+bool ClipContext::isInHistory(const ClipItem &item)
+{
+    return item.m_context != nullptr;
+}

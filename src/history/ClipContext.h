@@ -1,0 +1,79 @@
+#pragma once
+
+#include "history/ClipStore.h"
+#include "history/ClipValues.h"
+
+#include <QCache>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class ClipItem;
+
+/// The one context through which all clips are read and written: it makes the one object of each
+/// record, holds what is not saved yet, and keeps the values read last, bounded in bytes. Owned by
+/// ClipHistory; outlives every clip that is still in the history.
+class ClipContext
+{
+public:
+    using Items = std::vector<std::shared_ptr<ClipItem>>;
+
+    explicit ClipContext(const QString &storeFolder);
+    ~ClipContext();
+    ClipContext(const ClipContext &) = delete;
+    ClipContext &operator=(const ClipContext &) = delete;
+
+    /// The clips of all records that are not in `known` and not deleted, in no particular order;
+    /// absent when they cannot be read.
+    std::optional<Items> fetch(const Items &known);
+
+    std::shared_ptr<ClipItem> insert();
+    /// Gives a clip what a copy carries. `createDate` in seconds since 1970 UTC.
+    void setCopy(const std::shared_ptr<ClipItem> &item, const ClipValues &copy, double createDate);
+    void setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount);
+    void remove(const std::shared_ptr<ClipItem> &item);
+    /// The clip keeps its text in memory, so that it can be asked for after its removal.
+    void keepText(const std::shared_ptr<ClipItem> &item);
+
+    bool hasChanges() const { return !m_changed.empty() || !m_deletedPks.empty(); }
+    /// Saves all changes in one transaction. What fails is logged, stays and is tried again.
+    void save();
+
+    /// See ClipStore.
+    bool emptyLog() { return m_store.emptyLog(); }
+    void vacuum() { m_store.vacuum(); }
+
+    // Values as saved; ClipItem puts its unsaved ones before them.
+    ClipValues facts(const ClipItem &item);
+    std::optional<QString> text(const ClipItem &item);
+    std::optional<QString> rtf(const ClipItem &item);
+    std::optional<ClipStore::TextStart> textStart(const ClipItem &item, qint64 limit);
+    /// The whole text as UTF-8, past everything that is kept; empty when there is none.
+    QByteArray wholeText(const ClipItem &item);
+    void closeTextStart() { m_store.closeTextStart(); }
+
+    std::optional<QString> shortText(const ClipItem &item);
+    void forgetShortText(const ClipItem &item);
+
+    /// The newer clip goes first; of one date the later record, and what has no date last.
+    static bool isNewer(const ClipItem &one, const ClipItem &other);
+    static bool isInHistory(const ClipItem &item);
+    static double createDate(const ClipItem &item);
+
+private:
+    void touch(const std::shared_ptr<ClipItem> &item);
+    void rememberText(qint64 pk, const QString &text);
+    std::optional<QString> makeShortText(const ClipItem &item);
+
+    ClipStore m_store;
+    Items m_changed; ///< Each once, in the order of their first change.
+    std::vector<qint64> m_deletedPks;
+
+    QCache<qint64, ClipValues> m_facts;
+    QCache<qint64, QString> m_texts;
+    QCache<qint64, std::optional<QString>> m_shortTexts;
+    qint64 m_latestPk = 0; ///< Whose text was read last; it is kept however long it is.
+    QString m_latestText;
+};

@@ -1,0 +1,269 @@
+#include "history/ClipStore.h"
+
+#include "history/HistoryLog.h"
+#include "history/StoreOpening.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <string>
+
+namespace {
+
+std::optional<QString> textOf(const SQLite::Column &column)
+{
+    if (column.isNull())
+        return std::nullopt;
+    // The text first: it settles the encoding that the size is counted in.
+    const char *text = column.getText();
+    return QString::fromUtf8(text, column.getBytes());
+}
+
+void logUnreadable(const SQLite::Exception &exception)
+{
+    qCWarning(lcHistory, "The history could not be read: %s", exception.what());
+}
+
+std::vector<qint64> filePks(SQLite::Database &database)
+{
+    std::vector<qint64> pks;
+    SQLite::Statement query(database,
+                            "SELECT pk FROM ClipItem WHERE filepath IS NOT NULL ORDER BY pk");
+    while (query.executeStep())
+        pks.push_back(query.getColumn(0).getInt64());
+    return pks;
+}
+
+void bindText(SQLite::Statement &statement, int index, const std::optional<QString> &text)
+{
+    if (text)
+        statement.bind(index, text->toStdString());
+    else
+        statement.bind(index);
+}
+
+struct WrittenAttribute
+{
+    quint8 attribute;
+    const char *column;
+    void (*bind)(SQLite::Statement &, int index, const ClipChange &);
+};
+
+constexpr WrittenAttribute kWritten[] = {
+    {ClipAttribute::kCreateDate, "createDate",
+     [](SQLite::Statement &statement, int index, const ClipChange &change) {
+         statement.bind(index, change.createDate);
+     }},
+    {ClipAttribute::kPasteCount, "pasteCount",
+     [](SQLite::Statement &statement, int index, const ClipChange &change) {
+         if (change.values.pasteCount)
+             statement.bind(index, *change.values.pasteCount);
+     }},
+    {ClipAttribute::kApplicationName, "applicationName",
+     [](SQLite::Statement &statement, int index, const ClipChange &change) {
+         bindText(statement, index, change.values.applicationName);
+     }},
+    {ClipAttribute::kFilepath, "filepath",
+     [](SQLite::Statement &statement, int index, const ClipChange &change) {
+         bindText(statement, index, change.values.filepath);
+     }},
+    {ClipAttribute::kStrValue, "strValue",
+     [](SQLite::Statement &statement, int index, const ClipChange &change) {
+         bindText(statement, index, change.values.strValue);
+     }},
+    {ClipAttribute::kRtfValue, "rtfValue",
+     [](SQLite::Statement &statement, int index, const ClipChange &change) {
+         bindText(statement, index, change.values.rtfValue);
+     }},
+};
+
+/// Writes one record; the key of the record written.
+qint64 writeChange(SQLite::Database &database, const ClipChange &change)
+{
+    std::string columns;
+    std::string places;
+    for (const WrittenAttribute &written : kWritten) {
+        if (!(change.attributes & written.attribute))
+            continue;
+        columns += (columns.empty() ? "" : ", ") + std::string(written.column);
+        places += places.empty() ? "?" : ", ?";
+    }
+    const bool isNew = change.pk == 0;
+    SQLite::Statement statement(
+        database, isNew ? "INSERT INTO ClipItem (" + columns + ") VALUES (" + places + ")"
+                        : "UPDATE ClipItem SET (" + columns + ") = (" + places +
+                              ") WHERE pk = " + std::to_string(change.pk));
+    int index = 0;
+    for (const WrittenAttribute &written : kWritten) {
+        if (change.attributes & written.attribute)
+            written.bind(statement, ++index, change);
+    }
+    statement.exec();
+    return isNew ? database.getLastInsertRowid() : change.pk;
+}
+
+} // namespace
+
+/// Reads the beginnings of texts one after another, without loading the rest of long ones. While
+/// it is open the write-ahead log cannot be emptied.
+class ClipStore::TextReader
+{
+public:
+    explicit TextReader(SQLite::Database &database) : m_database(database.getHandle()) {}
+    ~TextReader() { sqlite3_blob_close(m_blob); }
+    TextReader(const TextReader &) = delete;
+    TextReader &operator=(const TextReader &) = delete;
+
+    std::optional<TextStart> read(qint64 pk, qint64 limit)
+    {
+        if (!moveTo(pk))
+            return std::nullopt;
+        const int size = sqlite3_blob_bytes(m_blob);
+        QByteArray bytes(static_cast<int>(std::min<qint64>(size, limit)), Qt::Uninitialized);
+        if (sqlite3_blob_read(m_blob, bytes.data(), static_cast<int>(bytes.size()), 0) != SQLITE_OK)
+            return std::nullopt;
+        return TextStart{bytes, size};
+    }
+
+private:
+    bool moveTo(qint64 pk)
+    {
+        if (m_blob && sqlite3_blob_reopen(m_blob, pk) == SQLITE_OK)
+            return true;
+        // A record without a text leaves the handle useless.
+        sqlite3_blob_close(m_blob);
+        m_blob = nullptr;
+        return sqlite3_blob_open(m_database, "main", "ClipItem", "strValue", pk, 0, &m_blob) ==
+               SQLITE_OK;
+    }
+
+    sqlite3 *m_database;
+    sqlite3_blob *m_blob = nullptr;
+};
+
+ClipStore::ClipStore(const QString &folder) : m_database(openClipStore(folder)) {}
+
+ClipStore::~ClipStore() = default;
+
+std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
+{
+    try {
+        const std::vector<qint64> files = filePks(*m_database);
+        std::vector<Row> rows;
+        SQLite::Statement query(*m_database,
+                                "SELECT pk, createDate FROM ClipItem ORDER BY createDate, pk");
+        while (query.executeStep()) {
+            const qint64 pk = query.getColumn(0).getInt64();
+            const SQLite::Column date = query.getColumn(1);
+            rows.push_back({pk,
+                            date.isFloat() || date.isInteger()
+                                ? date.getDouble()
+                                : std::numeric_limits<double>::quiet_NaN(),
+                            std::binary_search(files.begin(), files.end(), pk)});
+        }
+        return rows;
+    } catch (const SQLite::Exception &exception) {
+        logUnreadable(exception);
+        return std::nullopt;
+    }
+}
+
+ClipValues ClipStore::readFacts(qint64 pk)
+{
+    try {
+        SQLite::Statement query(
+            *m_database,
+            "SELECT id, pasteCount, applicationName, filepath FROM ClipItem WHERE pk = ?");
+        query.bind(1, static_cast<std::int64_t>(pk));
+        if (!query.executeStep())
+            return {};
+        ClipValues facts;
+        if (!query.getColumn(0).isNull())
+            facts.id = query.getColumn(0).getInt64();
+        if (!query.getColumn(1).isNull())
+            facts.pasteCount = query.getColumn(1).getInt();
+        facts.applicationName = textOf(query.getColumn(2));
+        facts.filepath = textOf(query.getColumn(3));
+        return facts;
+    } catch (const SQLite::Exception &exception) {
+        logUnreadable(exception);
+        return {};
+    }
+}
+
+std::optional<QString> ClipStore::readText(qint64 pk)
+{
+    return readLongText("SELECT strValue FROM ClipItem WHERE pk = ?", pk);
+}
+
+std::optional<QString> ClipStore::readRtf(qint64 pk)
+{
+    return readLongText("SELECT rtfValue FROM ClipItem WHERE pk = ?", pk);
+}
+
+std::optional<QString> ClipStore::readLongText(const char *query, qint64 pk)
+{
+    try {
+        SQLite::Statement statement(*m_database, query);
+        statement.bind(1, static_cast<std::int64_t>(pk));
+        return statement.executeStep() ? textOf(statement.getColumn(0)) : std::nullopt;
+    } catch (const SQLite::Exception &exception) {
+        logUnreadable(exception);
+        return std::nullopt;
+    }
+}
+
+std::optional<ClipStore::TextStart> ClipStore::readTextStart(qint64 pk, qint64 limit)
+{
+    if (!m_textReader)
+        m_textReader = std::make_unique<TextReader>(*m_database);
+    return m_textReader->read(pk, limit);
+}
+
+void ClipStore::closeTextStart()
+{
+    m_textReader.reset();
+}
+
+std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
+                                           const std::vector<qint64> &deletedPks)
+{
+    closeTextStart();
+    try {
+        SQLite::Transaction transaction(*m_database, SQLite::TransactionBehavior::IMMEDIATE);
+        if (!deletedPks.empty()) {
+            SQLite::Statement deletion(*m_database, "DELETE FROM ClipItem WHERE pk = ?");
+            for (const qint64 pk : deletedPks) {
+                deletion.bind(1, static_cast<std::int64_t>(pk));
+                deletion.exec();
+                deletion.reset();
+            }
+        }
+        std::vector<qint64> pks;
+        std::transform(changes.begin(), changes.end(), std::back_inserter(pks),
+                       [&](const ClipChange &change) { return writeChange(*m_database, change); });
+        transaction.commit();
+        for (std::size_t i = 0; i < changes.size(); ++i)
+            changes[i].pk = pks[i];
+        return std::nullopt;
+    } catch (const SQLite::Exception &exception) {
+        return StoreError::ofSqlite(exception.getErrorCode(), QString::fromUtf8(exception.what()));
+    }
+}
+
+bool ClipStore::emptyLog()
+{
+    closeTextStart();
+    return sqlite3_wal_checkpoint_v2(m_database->getHandle(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
+                                     nullptr, nullptr) == SQLITE_OK;
+}
+
+void ClipStore::vacuum()
+{
+    closeTextStart();
+    if (const int code = m_database->tryExec("VACUUM"); code != SQLITE_OK)
+        qCWarning(lcHistory, "The history could not be compacted: %s", m_database->getErrorMsg());
+}

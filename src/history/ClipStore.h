@@ -1,0 +1,70 @@
+#pragma once
+
+#include "history/ClipValues.h"
+#include "history/StoreError.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace SQLite {
+class Database;
+}
+
+/// The records on disk. Owned by ClipContext; knows records by their key `pk` and nothing of
+/// clips. Reading that fails is logged and told as absent; the file is never repaired or replaced.
+class ClipStore
+{
+public:
+    struct Row
+    {
+        qint64 pk;
+        double createDate; ///< Seconds since 1970 UTC; NaN when absent.
+        bool hasFilepath;
+    };
+
+    /// The beginning of a record's text, as UTF-8.
+    struct TextStart
+    {
+        QByteArray bytes;
+        qint64 size = 0; ///< Of the whole text, in bytes.
+    };
+
+    /// Opens the store as openClipStore() does.
+    explicit ClipStore(const QString &folder);
+    ~ClipStore();
+
+    /// Every record, oldest first; absent when they cannot be read.
+    std::optional<std::vector<Row>> readRows();
+
+    /// Everything but the two long texts; empty for a record that is not there.
+    ClipValues readFacts(qint64 pk);
+    std::optional<QString> readText(qint64 pk);
+    std::optional<QString> readRtf(qint64 pk);
+    /// At most `limit` bytes of the text, however long it is; absent when there is no text.
+    std::optional<TextStart> readTextStart(qint64 pk, qint64 limit);
+    /// Ends a series of readTextStart(), which keeps the record open for the next.
+    void closeTextStart();
+
+    /// Writes everything or nothing, in one transaction. Absent when it succeeded; the keys of new
+    /// records are filled in then.
+    [[nodiscard]] std::optional<StoreError> write(std::vector<ClipChange> &changes,
+                                                  const std::vector<qint64> &deletedPks);
+
+    /// Empties the write-ahead log, which still tells what was deleted. False when another
+    /// program reads in it, or the disk refuses: ask again later.
+    bool emptyLog();
+    /// Gives the space of deleted records back to the disk.
+    void vacuum();
+
+private:
+    class TextReader;
+
+    std::optional<QString> readLongText(const char *query, qint64 pk);
+
+    std::unique_ptr<SQLite::Database> m_database;
+    std::unique_ptr<TextReader> m_textReader;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+namespace SQLite {
+class Database;
+}
+
+/// The shape of the stored record: a table "ClipItem" with the key `pk` and a column for each
+/// attribute, and what may be done to a store of another shape.
+///
+/// A missing column is added, an unknown one is kept and ignored. The store's `user_version` is
+/// its major version: a higher one than ours was written by a program whose shape we cannot infer.
+namespace StoreModel {
+
+enum class Fit {
+    Ready,     ///< Nothing to change.
+    Adaptable, ///< Empty, or something is missing that can be added.
+};
+
+/// Compares the store with the model; only reads. Throws SQLite::Exception, with what does not
+/// fit, when the way from its shape to ours cannot be inferred.
+Fit inspect(SQLite::Database &database);
+
+/// Gives an adaptable store our shape, in one transaction.
+void adapt(SQLite::Database &database);
+
+} // namespace StoreModel

@@ -1,0 +1,102 @@
+#include "history/StoreOpening.h"
+
+#include "history/HistoryLog.h"
+#include "history/StoreError.h"
+#include "history/StoreModel.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// Another program that looks into the store must not hold the main thread up for longer.
+constexpr int kBusyMilliseconds = 50;
+
+[[noreturn]] void stopWithoutStore(const StoreError &reason)
+{
+    qFatal("%s", qUtf8Printable(StoreError::ofOpening(reason).logLine()));
+}
+
+void makeFolder(const QString &folder)
+{
+    const QByteArray path = QFile::encodeName(folder);
+    const bool isThere =
+        QFileInfo(folder).isDir() || (QDir().mkpath(QFileInfo(folder).absolutePath()) &&
+                                      ::mkdir(path.constData(), S_IRWXU) == 0);
+    if (!isThere)
+        qFatal("The folder %s could not be made", path.constData());
+    if (::chmod(path.constData(), S_IRWXU) != 0)
+        qCWarning(lcHistory, "The folder of the history could not be made private");
+}
+
+/// Makes an empty file, so that it is private from its first moment.
+void makeFile(const QByteArray &path)
+{
+    const int file =
+        ::open(path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file >= 0)
+        ::close(file);
+}
+
+/// SQLite gives the write-ahead files the mode of the main file; those of an earlier run may have
+/// another.
+void makeFilesPrivate(const QByteArray &path)
+{
+    for (const char *suffix : {"", "-wal", "-shm"})
+        ::chmod((path + suffix).constData(), S_IRUSR | S_IWUSR);
+}
+
+std::unique_ptr<SQLite::Database> open(const QByteArray &path)
+{
+    struct stat status = {};
+    if (::stat(path.constData(), &status) == 0 && !S_ISREG(status.st_mode))
+        throw SQLite::Exception("it is not a file", SQLITE_CANTOPEN);
+    auto database = std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READWRITE,
+                                                       kBusyMilliseconds);
+    // A store that does not fit is left alone, down to the write-ahead log of its last writer.
+    sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    database->exec("PRAGMA secure_delete = ON");
+    if (StoreModel::inspect(*database) == StoreModel::Fit::Adaptable)
+        StoreModel::adapt(*database);
+    sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    return database;
+}
+
+void useWriteAheadLog(SQLite::Database &database)
+{
+    if (sqlite3_db_readonly(database.getHandle(), "main") == 1) {
+        qCWarning(lcHistory, "The history can be read but not written");
+        return;
+    }
+    if (database.execAndGet("PRAGMA journal_mode = WAL").getString() != "wal")
+        qCWarning(lcHistory, "The history is written without a write-ahead log");
+    database.exec("PRAGMA synchronous = NORMAL");
+}
+
+} // namespace
+
+std::unique_ptr<SQLite::Database> openClipStore(const QString &folder)
+{
+    makeFolder(folder);
+    const QByteArray path = QFile::encodeName(folder + QStringLiteral("/Quillmarsh.sqlite"));
+    makeFile(path);
+    try {
+        std::unique_ptr<SQLite::Database> database = open(path);
+        useWriteAheadLog(*database);
+        makeFilesPrivate(path);
+        return database;
+    } catch (const SQLite::Exception &exception) {
+        stopWithoutStore(StoreError::ofSqlite(exception.getExtendedErrorCode() > 0
+                                                  ? exception.getExtendedErrorCode()
+                                                  : exception.getErrorCode(),
+                                              QString::fromUtf8(exception.what())));
+    }
+}

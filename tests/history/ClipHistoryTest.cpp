@@ -1,0 +1,234 @@
+#include "history/HistoryRig.h"
+
+#include <QRegularExpression>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ClipHistoryTest : public testing::Test
+{
+protected:
+    StoreFolder m_folder;
+    HistoryRig m_rig{m_folder.path()};
+};
+
+QStringList list(const char *words)
+{
+    return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts);
+}
+
+TEST_F(ClipHistoryTest, aFreshHistoryIsEmptyAndWhatIsAddedIsThereAfterARestart)
+{
+    EXPECT_EQ(m_rig.texts(), QStringList());
+    m_rig.history.addToClipList(QStringLiteral("größer\0🎉"), QStringLiteral("{\\rtf1}"),
+                                QStringLiteral("Editor"), QStringLiteral("/tmp/a b"));
+    const HistoryRig again(m_folder.path());
+    ASSERT_EQ(again.history.clipItemArr().size(), 1u);
+    const ClipItem &item = *again.at(0);
+    EXPECT_EQ(item.strValue(), QStringLiteral("größer\0🎉"));
+    EXPECT_EQ(item.rtfValue(), QStringLiteral("{\\rtf1}"));
+    EXPECT_EQ(item.applicationName(), QStringLiteral("Editor"));
+    EXPECT_EQ(item.filepath(), QStringLiteral("/tmp/a b"));
+    EXPECT_EQ(item.createDate(), m_rig.platform.clock.now());
+    EXPECT_EQ(item.pasteCount(), std::nullopt);
+    EXPECT_EQ(item.id(), std::nullopt);
+}
+
+TEST_F(ClipHistoryTest, aRepeatOfTheLatestCopyChangesNothing)
+{
+    m_rig.add(QStringLiteral("A"));
+    const auto item = m_rig.at(0);
+    const auto date = item->createDate();
+    QSignalSpy changes(&m_rig.history, &ClipHistory::clipItemArrChanged);
+    m_rig.add(QStringLiteral("A"), QStringLiteral("/tmp/A"));
+    EXPECT_EQ(item->createDate(), date);
+    EXPECT_EQ(item->filepath(), std::nullopt);
+    EXPECT_EQ(changes.size(), 0);
+}
+
+TEST_F(ClipHistoryTest, aTextCopiedAgainMovesToTheTopAsTheSameClip)
+{
+    m_rig.history.addToClipList(QStringLiteral("A"), QStringLiteral("rtf"), QStringLiteral("One"),
+                                QStringLiteral("/tmp/A"));
+    const auto first = m_rig.at(0);
+    m_rig.history.countPaste(first);
+    m_rig.add(QStringLiteral("B"));
+    m_rig.add(QStringLiteral("A"));
+    EXPECT_EQ(m_rig.texts(), list("A B"));
+    EXPECT_EQ(m_rig.at(0), first);
+    EXPECT_EQ(m_rig.history.lastClipItem(), first);
+    EXPECT_EQ(first->rtfValue(), std::nullopt);
+    EXPECT_EQ(first->filepath(), std::nullopt);
+    EXPECT_EQ(first->shortText(), QStringLiteral("A"));
+    EXPECT_EQ(first->pasteCount(), 0);
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A B"));
+}
+
+TEST_F(ClipHistoryTest, copiesWithinOneMillisecondKeepTheirOrder)
+{
+    for (const char *text : {"A", "B", "C", "A"})
+        m_rig.history.addToClipList(QString::fromUtf8(text), {}, {}, {});
+    EXPECT_EQ(m_rig.texts(), list("A C B"));
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A C B"));
+}
+
+TEST_F(ClipHistoryTest, anEmptyTextIsNotRecorded)
+{
+    m_rig.history.addToClipList(QString(), {}, {}, {});
+    m_rig.history.addToClipList(std::nullopt, {}, {}, QStringLiteral("/tmp/A"));
+    EXPECT_EQ(m_rig.texts(), QStringList());
+}
+
+TEST_F(ClipHistoryTest, halfASurrogatePairIsOneClipHoweverOftenItIsCopied)
+{
+    const QString broken = QStringLiteral("a") + QChar(0xD83C);
+    m_rig.add(broken);
+    m_rig.add(QStringLiteral("B"));
+    m_rig.add(broken);
+    m_rig.add(broken);
+    EXPECT_EQ(m_rig.texts().size(), 2);
+}
+
+TEST_F(ClipHistoryTest, aFullHistoryLosesExactlyItsOldestClip)
+{
+    m_rig.settings.maxItems = 3;
+    for (const char *text : {"A", "B", "C", "D"})
+        m_rig.add(QString::fromUtf8(text));
+    EXPECT_EQ(m_rig.texts(), list("D C B"));
+    m_rig.settings.maxItems = 1;
+    m_rig.add(QStringLiteral("E"));
+    EXPECT_EQ(m_rig.texts(), list("E D C"));
+    // Also when the text was there already.
+    m_rig.add(QStringLiteral("D"));
+    EXPECT_EQ(m_rig.texts(), list("D E"));
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("D E"));
+}
+
+TEST_F(ClipHistoryTest, whileASearchIsShownItsResultDecidesAboutTrimming)
+{
+    for (const char *text : {"A1", "A2", "B1"})
+        m_rig.add(QString::fromUtf8(text));
+    m_rig.settings.maxItems = 2;
+    m_rig.history.filterClipItemArr(QStringLiteral("b"));
+    m_rig.add(QStringLiteral("B2"));
+    EXPECT_EQ(m_rig.texts(), list("B2 B1 A2 A1"));
+    m_rig.history.filterClipItemArr(QStringLiteral("b"));
+    m_rig.add(QStringLiteral("B3"));
+    EXPECT_EQ(m_rig.texts(), list("B3 B2 B1 A2"));
+}
+
+TEST_F(ClipHistoryTest, aDeletedLatestClipIsStillTheLatestUntilTheNextLoad)
+{
+    m_rig.add(QStringLiteral("A"));
+    m_rig.add(QStringLiteral("B"));
+    const auto deleted = m_rig.at(0);
+    m_rig.history.deleteItem(m_rig.at(0));
+    EXPECT_EQ(m_rig.texts(), list("A"));
+    EXPECT_EQ(m_rig.history.lastClipItem(), deleted);
+    m_rig.add(QStringLiteral("B"));
+    EXPECT_EQ(m_rig.texts(), list("A"));
+    m_rig.history.loadClipItems();
+    m_rig.add(QStringLiteral("B"));
+    EXPECT_EQ(m_rig.texts(), list("B A"));
+    m_rig.history.deleteItem(deleted);
+    EXPECT_EQ(m_rig.texts(), list("B A"));
+}
+
+TEST_F(ClipHistoryTest, clearingAndShrinkingActOnWhatIsShown)
+{
+    for (const char *text : {"A1", "B1", "A2", "B2", "A3"})
+        m_rig.add(QString::fromUtf8(text));
+    m_rig.history.maxItemsModified(5);
+    EXPECT_EQ(m_rig.texts(), list("A3 B2 A2 B1 A1"));
+    m_rig.history.filterClipItemArr(QStringLiteral("A"));
+    m_rig.history.maxItemsModified(2);
+    EXPECT_EQ(m_rig.texts(), list("A3 B2 A2 B1"));
+    m_rig.history.filterClipItemArr(QStringLiteral("B"));
+    m_rig.history.clearAll();
+    EXPECT_EQ(m_rig.texts(), list("A3 A2"));
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A3 A2"));
+    m_rig.history.clearAll();
+    EXPECT_EQ(m_rig.texts(), QStringList());
+    EXPECT_EQ(m_rig.history.lastClipItem(), nullptr);
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList());
+}
+
+TEST_F(ClipHistoryTest, aSearchShowsWhatItFindsUntilTheNextLoad)
+{
+    m_rig.add(QStringLiteral("report.pdf"), QStringLiteral("/home/x/report.pdf"));
+    m_rig.add(QStringLiteral(" report"), QStringLiteral("/home/y"));
+    m_rig.add(QStringLiteral("a report"));
+    m_rig.add(QStringLiteral("notes"), QStringLiteral("/home/report/notes"));
+    const auto found = [&](const char *term) {
+        return HistoryRig::textsOf(m_rig.history.searchClipItem(QString::fromUtf8(term)))
+            .join(u'|');
+    };
+    EXPECT_EQ(found("REPORT"), QStringLiteral("a report| report|report.pdf"));
+    EXPECT_EQ(found("file:"), QStringLiteral("notes| report|report.pdf"));
+    EXPECT_EQ(found("FiLE:report"), QStringLiteral(" report|report.pdf"));
+    EXPECT_EQ(found("file: report"), QStringLiteral(" report|report.pdf"));
+    EXPECT_EQ(found("file:  report"), QStringLiteral(" report"));
+    EXPECT_EQ(found(" file:"), QString());
+    EXPECT_EQ(m_rig.texts().size(), 4);
+    m_rig.history.filterClipItemArr(QStringLiteral("pdf"));
+    m_rig.history.filterClipItemArr(std::nullopt);
+    EXPECT_EQ(m_rig.texts(), list("report.pdf"));
+    m_rig.history.filterClipItemArr(QString());
+    EXPECT_EQ(m_rig.texts().size(), 4);
+}
+
+TEST_F(ClipHistoryTest, aTextTooLongToKeepInMemoryIsFoundAndMeasuredLikeAnyOther)
+{
+    const QString tail = QStringLiteral("THE END");
+    const QString huge = QString(5'000'000, u'é') + tail;
+    m_rig.add(huge);
+    m_rig.add(QStringLiteral("small"));
+    m_rig.history.filterClipItemArr(QStringLiteral("é*the end"));
+    ASSERT_EQ(m_rig.history.clipItemArr().size(), 1u);
+    EXPECT_EQ(m_rig.at(0)->strValue(), huge);
+    EXPECT_EQ(*m_rig.at(0)->shortText(), QString(m_rig.at(0)->shortText()->size(), u'é'));
+    m_rig.add(huge);
+    EXPECT_EQ(m_rig.history.clipItemArr().size(), 2u);
+    HistoryRig again(m_folder.path());
+    EXPECT_EQ(again.history.searchClipItem(tail).size(), 1u);
+    again.add(huge.chopped(1));
+    EXPECT_EQ(again.history.clipItemArr().size(), 3u);
+}
+
+struct ShortTextRow
+{
+    const char *name;
+    QString text;
+    std::optional<QString> filepath;
+    QString line;
+};
+
+class ShortText : public testing::TestWithParam<ShortTextRow>
+{
+};
+
+TEST_P(ShortText, isTheTextInOneLineOrTheFile)
+{
+    StoreFolder folder;
+    HistoryRig rig(folder.path());
+    rig.add(GetParam().text, GetParam().filepath);
+    EXPECT_EQ(rig.at(0)->shortText(), GetParam().line);
+    EXPECT_EQ(HistoryRig(folder.path()).at(0)->shortText(), GetParam().line);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, ShortText,
+    testing::Values(
+        ShortTextRow{
+            "blanksAtBothEnds", QStringLiteral(" \t a b\u00A0 "), {}, QStringLiteral("a b")},
+        ShortTextRow{"lineBreaksFallOut", QStringLiteral("a\nb\n\n c"), {}, QStringLiteral("ab c")},
+        ShortTextRow{
+            "blanksBehindALineBreakStay", QStringLiteral(" \n  a"), {}, QStringLiteral("  a")},
+        ShortTextRow{"onlyBlanks", QStringLiteral(" \n\t"), {}, QString()},
+        ShortTextRow{"file", QStringLiteral("a"), QStringLiteral("/tmp/a"),
+                     QStringLiteral("File: /tmp/a")}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+} // namespace

@@ -1,0 +1,108 @@
+#include "history/SearchPattern.h"
+#include "history/FoldedText.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+bool isFound(const QString &term, const QString &text)
+{
+    return SearchPattern(term).matches(FoldedText::fold(text.toUtf8()).toStdString());
+}
+
+struct PatternRow
+{
+    const char *name;
+    QString term;
+    QString text;
+    bool isFound;
+};
+
+class SearchPatternTable : public testing::TestWithParam<PatternRow>
+{
+};
+
+TEST_P(SearchPatternTable, findsTheTermOrNot)
+{
+    EXPECT_EQ(isFound(GetParam().term, GetParam().text), GetParam().isFound);
+}
+
+QString u(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Terms, SearchPatternTable,
+    testing::Values(PatternRow{"emptyTerm", u(""), u("anything"), true},
+                    PatternRow{"emptyText", u("a"), u(""), false},
+                    PatternRow{"starOnEmptyText", u("*"), u(""), true},
+                    PatternRow{"anyOneOnEmptyText", u("?"), u(""), false},
+                    PatternRow{"otherCase", u("Mail"), u("an eMAIL came"), true},
+                    PatternRow{"greekFinalSigma", u("ΣΑΣ"), u("σας"), true},
+                    PatternRow{"cyrillic", u("привет"), u("ПРИВЕТ, мир"), true},
+                    PatternRow{"sharpSIsOneLetter", u("stra?e"), u("STRAßE"), true},
+                    PatternRow{"sharpSIsNotTwoLetters", u("strasse"), u("Straße"), false},
+                    PatternRow{"deseretBeyondTheFirstPlane", u("𐐀"), u("x𐐨y"), true},
+                    PatternRow{"run", u("a*b"), u("xxA then a Bee"), true},
+                    PatternRow{"runTheOtherWayRound", u("a*b"), u("b before a"), false},
+                    PatternRow{"runAcrossLines", u("first*second"), u("first\n\nsecond"), true},
+                    PatternRow{"runOfNothing", u("a**b"), u("ab"), true},
+                    PatternRow{"runDoesNotOverlap", u("ab*ba"), u("aba"), false},
+                    PatternRow{"anyOneIsExactlyOne", u("a?c"), u("ac"), false},
+                    PatternRow{"anyOneIsALineBreak", u("a?c"), u("a\nc"), true},
+                    PatternRow{"anyOneIsAnEmoji", u("a?c"), u("a🎉c"), true},
+                    PatternRow{"anyOnesCountCharacters", u("é??é"), u("é🎉ßé"), true},
+                    PatternRow{"leadingAnyOneNeedsACharacter", u("?start"), u("start"), false},
+                    PatternRow{"trailingAnyOneNeedsACharacter", u("end?"), u("the end"), false},
+                    PatternRow{"laterTryAfterAFailedOne", u("a?c"), u("axxabc"), true},
+                    PatternRow{"moreAnyOnesThanCharacters", u("????"), u("abc"), false},
+                    PatternRow{"percentIsNoWildcard", u("1%2"), u("1 of 2"), false},
+                    PatternRow{"backslashIsItself", u("\\*"), u("a\\b"), true},
+                    PatternRow{"nulInTheText", u("after"), QStringLiteral("before\0after"), true}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+/// The pattern language read literally, character by character.
+bool matchesLiterally(const std::u32string &pattern, std::size_t p, const std::u32string &text,
+                      std::size_t t)
+{
+    if (p == pattern.size())
+        return t == text.size();
+    if (pattern[p] == '*')
+        return matchesLiterally(pattern, p + 1, text, t) ||
+               (t < text.size() && matchesLiterally(pattern, p, text, t + 1));
+    return t < text.size() && (pattern[p] == '?' || pattern[p] == text[t]) &&
+           matchesLiterally(pattern, p + 1, text, t + 1);
+}
+
+TEST(SearchPattern, findsWhatALiteralReadingOfThePatternFinds)
+{
+    std::mt19937 random(20260102);
+    const auto randomText = [&](const QStringList &alphabet, unsigned longest) {
+        QString text;
+        for (auto size = random() % (longest + 1); size > 0; --size)
+            text += alphabet[static_cast<qsizetype>(random()) % alphabet.size()];
+        return text;
+    };
+    const QStringList letters{u("a"), u("B"), u("b"), u("é"), u("É"), u("🎉"), u("\n")};
+    const QStringList patternLetters = letters + QStringList{u("*"), u("?")};
+    int found = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const QString term = randomText(patternLetters, 5);
+        const QString text = randomText(letters, 40);
+        const bool expected =
+            matchesLiterally((u("*") + term + u("*")).toCaseFolded().toStdU32String(), 0,
+                             text.toCaseFolded().toStdU32String(), 0);
+        ASSERT_EQ(isFound(term, text), expected)
+            << term.toStdString() << " in " << text.toStdString();
+        found += expected ? 1 : 0;
+    }
+    EXPECT_GT(found, 2000);
+    EXPECT_LT(found, 18000);
+}
+
+} // namespace
