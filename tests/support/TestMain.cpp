@@ -25,6 +25,9 @@ void collect(QtMsgType type, const QMessageLogContext &, const QString &message)
     }
     if (type != QtWarningMsg && type != QtCriticalMsg)
         return;
+    // What the display-less plug-in says of itself is no fault of the code under test.
+    if (message.startsWith(u"This plugin does not support"))
+        return;
     const auto known = std::find_if(g_expected.begin(), g_expected.end(),
                                     [&](const QString &text) { return message.contains(text); });
     if (known == g_expected.end())
