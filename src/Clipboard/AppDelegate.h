@@ -43,6 +43,8 @@ public:
     void applicationDidFinishLaunching();
     /// Saves what is unsaved. Runs once, whatever ended the application.
     void applicationWillTerminate();
+    /// Saves what is unsaved now, for a session that may end without asking again.
+    void saveContext();
 
     Platform &platform() const { return m_platform; }
     const Info &info() const { return m_info; }
@@ -126,6 +128,8 @@ private:
 
     void timeout();
     void initStatusBar();
+    void loadPreferences();
+    void showOpenShortcut();
     void askAboutDamagedSettings();
 
     Platform &m_platform;

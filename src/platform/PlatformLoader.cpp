@@ -1,12 +1,22 @@
 #include "platform/PlatformLoader.h"
 
 #include "platform/freedesktop/DBusInstanceDoor.h"
+#include "platform/freedesktop/DesktopEntryApplicationNames.h"
+#include "platform/freedesktop/DesktopEntryCatalog.h"
+#include "platform/freedesktop/FreedesktopInstalledApplications.h"
+#include "platform/freedesktop/FreedesktopLoginItems.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/SystemClock.h"
+#include "platform/x11/X11FrontApplication.h"
+#include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11KeySender.h"
+#include "platform/x11/X11KeyboardLayout.h"
+#include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11TrayArea.h"
+#include "platform/x11/X11WindowSpace.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
@@ -77,10 +87,28 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
 {
     restoreEnvironment();
     auto platform = std::make_unique<Platform>();
+    const auto catalog = std::make_shared<DesktopEntryCatalog>();
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
+    platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(catalog);
+    platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(catalog);
+    platform->loginItems = std::make_unique<FreedesktopLoginItems>();
     platform->notifications = std::make_unique<FreedesktopNotifications>();
     platform->workspace = std::make_unique<FreedesktopWorkspace>();
+    platform->windowSpace = std::make_unique<X11WindowSpace>();
+    platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
+
+    auto hotKeys = std::make_unique<X11HotKeys>();
+    auto frontApplication =
+        std::make_unique<X11FrontApplication>(*platform->applicationNames, *hotKeys);
+    auto pasteboard = std::make_unique<X11Pasteboard>(*platform->applicationNames);
+    const X11KeySender::TerminalSelection terminal{
+        [service = pasteboard.get()] { service->offerPrimary(); },
+        [service = pasteboard.get()](xcb_window_t target) { service->publishPrimary(target); }};
+    platform->keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, terminal);
+    platform->hotKeys = std::move(hotKeys);
+    platform->frontApplication = std::move(frontApplication);
+    platform->pasteboard = std::move(pasteboard);
     platform->statusBar =
         std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
     return platform;

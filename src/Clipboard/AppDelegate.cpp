@@ -1,0 +1,373 @@
+#include "Clipboard/AppDelegate.h"
+
+#include "Clipboard/GlobalShortcuts.h"
+#include "Clipboard/StatusMenu.h"
+#include "Clipboard/preferences/PreferencesApplicationViewController.h"
+#include "Clipboard/preferences/PreferencesGeneralViewController.h"
+#include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/ViewController.h"
+#include "Clipboard/window/WindowDelegate.h"
+#include "history/CaptureSettings.h"
+#include "history/ClipHistory.h"
+#include "history/ClipItem.h"
+#include "history/ClipPaster.h"
+#include "history/ClipboardCapture.h"
+#include "history/HistoryWindow.h"
+#include "history/HotKeyManager.h"
+#include "history/SwopState.h"
+#include "preferenceswindow/CCNPreferencesWindowController.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <chrono>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcApplication, "quillmarsh.application")
+
+constexpr std::chrono::milliseconds kPollInterval{1000};
+
+/// The help page lies beside the program, in the build tree as after installation.
+QUrl helpPageUrl()
+{
+    const QString path =
+        QDir(QCoreApplication::applicationDirPath())
+            .absoluteFilePath(QStringLiteral("../share/quillmarsh/help/index.html"));
+    return QFileInfo::exists(path) ? QUrl::fromLocalFile(QDir::cleanPath(path)) : QUrl();
+}
+
+} // namespace
+
+/// What capture asks for: the values that the two preference panes show at that moment.
+class AppDelegate::LiveSettings : public CaptureSettings
+{
+public:
+    explicit LiveSettings(const AppDelegate &delegate) : m_delegate(delegate) {}
+
+    // ^CaptureSettings
+    qint64 getMaxItems() const override { return m_delegate.m_preferencesGeneral->getMaxItems(); }
+    qint64 getMaxStringSize() const override
+    {
+        return m_delegate.m_preferencesGeneral->getMaxStringSize();
+    }
+    bool isNotificationsEnabled() const override
+    {
+        return m_delegate.m_preferencesGeneral->isNotificationsEnabled();
+    }
+    QStringList ignoredNames() const override
+    {
+        QStringList names;
+        for (const ApplicationDef &application : m_delegate.m_preferencesApplication->data())
+            names.append(application.name);
+        return names;
+    }
+    bool isRecordingAllowed() const override
+    {
+        return !m_delegate.m_platform.settings->areSettingsDamaged();
+    }
+
+private:
+    const AppDelegate &m_delegate;
+};
+
+/// The window operations that a paste needs.
+class AppDelegate::PasteWindow : public HistoryWindow
+{
+public:
+    explicit PasteWindow(AppDelegate &delegate) : m_delegate(delegate) {}
+
+    // ^HistoryWindow
+    void hideApp() override { m_delegate.hideApp(); }
+    void cancelOperation() override
+    {
+        if (m_delegate.m_windowController)
+            m_delegate.m_windowController->cancelOperation();
+    }
+    void showAtMouse() override { m_delegate.setWindowVisible(); }
+
+private:
+    AppDelegate &m_delegate;
+};
+
+AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFolder)
+    : m_platform(platform), m_info(std::move(info))
+{
+    GlobalShortcuts::connect(platform, [this] { return m_statusMenu->model(); });
+    m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(platform);
+    m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
+    m_liveSettings = std::make_unique<LiveSettings>(*this);
+    m_pasteWindow = std::make_unique<PasteWindow>(*this);
+    m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
+    m_history = std::make_unique<ClipHistory>(storeFolder, *platform.clock, *m_liveSettings);
+    m_swopState = std::make_unique<SwopState>();
+    m_capture = std::make_unique<ClipboardCapture>(
+        *platform.pasteboard, *m_history, *platform.notifications, *m_liveSettings, *m_swopState);
+    m_paster = std::make_unique<ClipPaster>(platform, *m_liveSettings, *m_history, *m_capture,
+                                            *m_swopState, *m_hotKeyManager, *m_pasteWindow);
+    connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
+            &AppDelegate::clipItemArrChanged);
+}
+
+AppDelegate::~AppDelegate()
+{
+    applicationWillTerminate();
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    logTrace(QStringLiteral("applicationDidFinishLaunching start"));
+    initStatusBar();
+    logTrace(QStringLiteral("initStatusBar complete"));
+    m_timer = std::make_unique<QTimer>();
+    connect(m_timer.get(), &QTimer::timeout, this, &AppDelegate::timeout);
+    m_timer->start(kPollInterval);
+    logTrace(QStringLiteral("schedule timer complete"));
+    m_history->loadClipItems();
+    logTrace(QStringLiteral("load clipItems complete"));
+    m_windowController = std::make_unique<WindowDelegate>(*this);
+    logTrace(QStringLiteral("load story board complete"));
+    m_window = m_windowController->window();
+    m_viewController = m_windowController->getViewController();
+    loadPreferences();
+    logTrace(QStringLiteral("load preferences complete"));
+    logTrace(QStringLiteral("devmate setup complete"));
+    askAboutDamagedSettings();
+}
+
+void AppDelegate::loadPreferences()
+{
+    m_preferences = std::make_unique<CCNPreferencesWindowController>(m_platform);
+    m_preferences->setCenterToolbarItems(true);
+    m_preferences->setShowToolbarItemsAsSegmentedControl(true);
+    m_preferencesApplication->loadPreferences();
+    m_preferencesGeneral->setAppDelegate(this);
+    m_preferencesGeneral->loadView();
+    m_preferencesGeneral->loadPreferences();
+    m_preferences->setPreferencesViewControllers(
+        {m_preferencesGeneral.get(), m_preferencesApplication.get()});
+    showOpenShortcut();
+    connect(m_platform.settings.get(), &SettingsStore::valueChanged, this,
+            [this](const QString &key) {
+                if (key == SettingsKeys::kOpenShortCut)
+                    showOpenShortcut();
+            });
+}
+
+void AppDelegate::showOpenShortcut()
+{
+    if (m_viewController)
+        m_viewController->setOpenShortcutText(
+            GlobalShortcuts::storedSentenceName(*m_platform.settings, SettingsKeys::kOpenShortCut)
+                .value_or(QString()));
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    if (std::exchange(m_hasTerminated, true))
+        return;
+    m_history->saveContext();
+    m_platform.pasteboard->shutDown();
+}
+
+void AppDelegate::saveContext()
+{
+    m_history->saveContext();
+}
+
+void AppDelegate::logTrace(const QString &message) const
+{
+    if (m_trace)
+        qCInfo(lcApplication).noquote() << message;
+}
+
+void AppDelegate::initStatusBar()
+{
+    if (!m_info.bundleVersion)
+        qFatal("CFBundleVersion is missing");
+    StatusMenu::Actions actions;
+    actions.checkForUpdates = [this] { checkForUpdates(); };
+    actions.openPreferences = [this] { openPreferences(); };
+    actions.launch = [this] { launch(); };
+    actions.clearAll = [this] { clearAll(); };
+    actions.help = [this] { help(); };
+    actions.showFeedbackDialog = [this] { showFeedbackDialog(); };
+    actions.quit = [this] { quit(); };
+    m_statusMenu = std::make_unique<StatusMenu>(
+        appName() + QStringLiteral(" v") + *m_info.bundleVersion, actions);
+    m_platform.statusBar->showItem(QIcon(QStringLiteral(":/stackImage")), appName(),
+                                   m_statusMenu->menu());
+}
+
+void AppDelegate::askAboutDamagedSettings()
+{
+    if (!m_platform.settings->areSettingsDamaged())
+        return;
+    auto *question = new QMessageBox(QMessageBox::Warning, appName(),
+                                     tr("Your settings could not be read"), QMessageBox::NoButton);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setInformativeText(
+        tr("They were set aside beside %1. The list of ignored applications was among them, so "
+           "nothing is recorded until you decide.")
+            .arg(m_platform.settings->location()));
+    const QAbstractButton *fresh =
+        question->addButton(tr("Start with fresh settings"), QMessageBox::AcceptRole);
+    question->addButton(tr("Quit"), QMessageBox::RejectRole);
+    connect(question, &QMessageBox::buttonClicked, this, [this, fresh](QAbstractButton *clicked) {
+        if (clicked == fresh)
+            m_platform.settings->acceptFreshSettings();
+        else
+            quit();
+    });
+    question->open();
+}
+
+void AppDelegate::timeout()
+{
+    m_capture->timeout();
+}
+
+void AppDelegate::launch()
+{
+    if (handleWelcomeWindow())
+        return;
+    if (m_viewController && m_viewController->isWindowKey()) {
+        m_viewController->next();
+        return;
+    }
+    setWindowVisible();
+    if (m_viewController)
+        m_viewController->selectRow(0, true);
+}
+
+void AppDelegate::swop()
+{
+    m_paster->swop();
+}
+
+void AppDelegate::openPreferences()
+{
+    if (m_preferences)
+        m_preferences->showPreferencesWindow();
+}
+
+void AppDelegate::clearAll()
+{
+    m_history->clearAll();
+}
+
+void AppDelegate::help()
+{
+    const QUrl page = helpPageUrl();
+    if (!page.isValid()) {
+        qCWarning(lcApplication, "invalid help url");
+        return;
+    }
+    if (m_platform.workspace->openUrl(page))
+        qCInfo(lcApplication, "url help successfully opened");
+}
+
+void AppDelegate::quit()
+{
+    qCInfo(lcApplication, "Exit");
+    QCoreApplication::quit();
+}
+
+void AppDelegate::checkForUpdates() {}
+
+void AppDelegate::showFeedbackDialog() {}
+
+bool AppDelegate::handleWelcomeWindow()
+{
+    return false;
+}
+
+void AppDelegate::setWindowVisible()
+{
+    if (m_windowController)
+        m_windowController->showWindow();
+}
+
+void AppDelegate::hide()
+{
+    if (m_window)
+        m_window->close();
+}
+
+void AppDelegate::hideApp()
+{
+    if (m_windowController)
+        m_windowController->cancelOperation();
+}
+
+void AppDelegate::windowClosedWithoutChoice()
+{
+    m_paster->cancelSwop();
+}
+
+std::shared_ptr<ClipItem> AppDelegate::getSelectedItem() const
+{
+    if (!m_viewController)
+        return nullptr;
+    const int row = m_viewController->clipTableView()->selectedIdx().value_or(-1);
+    const auto &items = m_history->clipItemArr();
+    if (row < 0 || static_cast<size_t>(row) >= items.size())
+        return nullptr;
+    return items[static_cast<size_t>(row)];
+}
+
+void AppDelegate::openFile()
+{
+    const std::shared_ptr<ClipItem> item = getSelectedItem();
+    const std::optional<QString> path = item ? item->filepath() : std::nullopt;
+    if (!path || !m_platform.workspace->fileExists(*path))
+        return;
+    hide();
+    if (!m_platform.workspace->openFile(*path))
+        qCWarning(lcApplication, "no application could be started for the file");
+}
+
+void AppDelegate::revealInFinder()
+{
+    const std::shared_ptr<ClipItem> item = getSelectedItem();
+    if (item && item->filepath())
+        m_platform.workspace->selectFile(*item->filepath(), QFileInfo(*item->filepath()).path());
+}
+
+const std::vector<std::shared_ptr<ClipItem>> &AppDelegate::getClipItemArr() const
+{
+    return m_history->getClipItemArr();
+}
+
+void AppDelegate::filterClipItemArr(const std::optional<QString> &searchText)
+{
+    m_history->filterClipItemArr(searchText);
+}
+
+void AppDelegate::deleteItem(const std::shared_ptr<ClipItem> &item)
+{
+    m_history->deleteItem(item);
+}
+
+void AppDelegate::performPaste(int row, const std::optional<QString> &format)
+{
+    m_paster->performPaste(row, format);
+}
+
+void AppDelegate::maxItemsModified(qint64 maxItems)
+{
+    m_history->maxItemsModified(maxItems);
+}
+
+void AppDelegate::setPasteboardString(const QString &text, const std::optional<QString> &rtf)
+{
+    m_paster->setPasteboardString(text, rtf);
+}
+
+void AppDelegate::launchAtStartup(bool) {}

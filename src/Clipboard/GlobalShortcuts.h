@@ -1,0 +1,27 @@
+#pragma once
+
+#include "shortcut/MASShortcut.h"
+#include "shortcut/MenuModel.h"
+
+#include <QString>
+
+#include <functional>
+
+struct Platform;
+class SettingsStore;
+
+/// The two system-wide shortcuts, as far as they are not the General pane's: it binds them to their
+/// actions when it loads.
+namespace GlobalShortcuts {
+
+/// Gives the process-wide shortcut objects their platform. Once, before any of them is used.
+/// `statusMenu` tells the menu whose entries a new shortcut must not clash with.
+void connect(Platform &platform, const std::function<MenuModel()> &statusMenu);
+
+/// How a sentence names a shortcut to the user, in signs and in words: "⇧⌘V (Super + Shift + V)".
+QString sentenceName(const MASShortcut &shortcut);
+
+/// The sentence name of the shortcut stored under `key`; absent when none is stored there.
+std::optional<QString> storedSentenceName(const SettingsStore &settings, const QString &key);
+
+} // namespace GlobalShortcuts

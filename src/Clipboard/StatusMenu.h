@@ -1,0 +1,42 @@
+#pragma once
+
+#include "shortcut/MenuModel.h"
+
+#include <QMenu>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+/// The status item's menu, built once and never rebuilt. Owned by AppDelegate. What each entry
+/// does is given by the owner; an entry without an action is an information line and disabled.
+class StatusMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Actions
+    {
+        std::function<void()> checkForUpdates;
+        std::function<void()> openPreferences;
+        std::function<void()> launch;
+        std::function<void()> clearAll;
+        std::function<void()> help;
+        std::function<void()> showFeedbackDialog;
+        std::function<void()> quit;
+    };
+
+    /// `versionLine` is the first entry's title.
+    StatusMenu(const QString &versionLine, const Actions &actions);
+
+    QMenu *menu() { return &m_menu; }
+
+    /// The menu as the shortcut check walks it.
+    MenuModel model() const;
+
+private:
+    void addItem(const QString &title, const std::function<void()> &action,
+                 const QString &keyEquivalent = {});
+
+    QMenu m_menu;
+};

@@ -1,0 +1,229 @@
+#include "Clipboard/AppDelegate.h"
+
+#include "Clipboard/StatusMenu.h"
+#include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/ViewController.h"
+#include "history/ClipItem.h"
+#include "platform/ModifierFlags.h"
+#include "platform/VirtualKeys.h"
+#include "platform/memory/MemoryPlatform.h"
+#include "support/ExpectedWarnings.h"
+
+#include <QAction>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr quint32 kCommandShift = CarbonModifiers::kCommand | CarbonModifiers::kShift;
+
+Info info()
+{
+    return {QStringLiteral("org.example.Test"), QStringLiteral("7.8"), QStringLiteral("7.8")};
+}
+
+class AppDelegateTest : public testing::Test
+{
+protected:
+    AppDelegateTest() { m_platform.frontApplication.setApplicationName(QStringLiteral("Editor")); }
+
+    AppDelegate &start()
+    {
+        m_delegate = std::make_unique<AppDelegate>(m_platform.platform, info(), m_folder.path());
+        m_delegate->applicationDidFinishLaunching();
+        return *m_delegate;
+    }
+
+    void copy(const QString &text)
+    {
+        PasteboardContents contents;
+        contents.text = text;
+        contents.applicationName = QStringLiteral("Editor");
+        m_platform.pasteboard.copyFromOutside(contents);
+    }
+
+    QStringList clips() const
+    {
+        QStringList texts;
+        for (const auto &item : m_delegate->getClipItemArr())
+            texts.append(item->strValue().value_or(QString()));
+        return texts;
+    }
+
+    void press(quint32 keyCode)
+    {
+        m_platform.hotKeys.press(keyCode, kCommandShift);
+        // Actions of hot keys are queued.
+        QCoreApplication::processEvents();
+    }
+
+    QTemporaryDir m_folder;
+    MemoryPlatform m_platform;
+    std::unique_ptr<AppDelegate> m_delegate;
+};
+
+TEST_F(AppDelegateTest, theMenuHasItsEntriesInOrderAndItsFirstLineCannotBeChosen)
+{
+    const QMenu &menu = *start().statusMenu().menu();
+    QStringList titles;
+    for (const QAction *item : menu.actions())
+        titles.append(item->isSeparator() ? QStringLiteral("-") : item->text());
+    EXPECT_EQ(titles.join(u'|'), QStringLiteral("Quillmarsh v7.8|Check For Updates...|"
+                                                "Preferences...|-|Launch...|-|Clear All|-|Help...|"
+                                                "Send Feedback...|-|Quit"));
+    EXPECT_FALSE(menu.actions().first()->isEnabled());
+    EXPECT_EQ(m_delegate->statusMenu().model().back().keyEquivalent, QStringLiteral("Command-q"));
+    EXPECT_EQ(m_platform.statusBar.menu(), &menu);
+}
+
+TEST_F(AppDelegateTest, startUpTellsItsStepsInOrderOnlyWhileTraceIsOn)
+{
+    start();
+    EXPECT_FALSE(ExpectedWarnings::messages().contains(QStringLiteral("initStatusBar complete")));
+    m_delegate = std::make_unique<AppDelegate>(m_platform.platform, info(), m_folder.path());
+    m_delegate->setTrace(true);
+    m_delegate->applicationDidFinishLaunching();
+    const QStringList steps{
+        QStringLiteral("applicationDidFinishLaunching start"),
+        QStringLiteral("initStatusBar complete"),
+        QStringLiteral("schedule timer complete"),
+        QStringLiteral("load clipItems complete"),
+        QStringLiteral("load story board complete"),
+        QStringLiteral("load preferences complete"),
+        QStringLiteral("devmate setup complete"),
+    };
+    QStringList told;
+    for (const QString &message : ExpectedWarnings::messages()) {
+        if (steps.contains(message))
+            told.append(message);
+    }
+    EXPECT_EQ(told, steps);
+}
+
+TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened)
+{
+    start();
+    EXPECT_EQ(m_platform.hotKeys.idsOf(VirtualKey::kV, kCommandShift).size(), 1U);
+    EXPECT_EQ(m_platform.hotKeys.idsOf(VirtualKey::kX, kCommandShift).size(), 1U);
+    press(VirtualKey::kV);
+    EXPECT_TRUE(m_delegate->window()->isVisible());
+}
+
+TEST_F(AppDelegateTest, theOpenShortcutStepsDownWhileTheHistoryIsOpen)
+{
+    start();
+    copy(QStringLiteral("one"));
+    copy(QStringLiteral("two"));
+    press(VirtualKey::kV);
+    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("two"));
+    press(VirtualKey::kV);
+    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("one"));
+}
+
+TEST_F(AppDelegateTest, aChosenClipIsPastedIntoTheApplicationThatWasInFront)
+{
+    start();
+    copy(QStringLiteral("first"));
+    copy(QStringLiteral("second"));
+    press(VirtualKey::kV);
+    m_delegate->viewController()->next();
+    m_delegate->viewController()->paste();
+    EXPECT_FALSE(m_delegate->window()->isVisible());
+    EXPECT_EQ(m_platform.pasteboard.contents()->text, QStringLiteral("first"));
+    EXPECT_EQ(m_platform.keySender.sent(), QList<quint32>{VirtualKey::kV});
+}
+
+TEST_F(AppDelegateTest, swopLeavesTheReplacedSelectionNewestAndOnThePasteboard)
+{
+    start();
+    copy(QStringLiteral("clip"));
+    m_platform.keySender.setReaction([this](quint32 key) {
+        if (key == VirtualKey::kC)
+            copy(QStringLiteral("selection"));
+    });
+    press(VirtualKey::kX);
+    EXPECT_EQ(clips(), QStringList{QStringLiteral("clip")});
+    m_delegate->viewController()->paste();
+    EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
+    EXPECT_EQ(m_platform.pasteboard.contents()->text, QStringLiteral("selection"));
+}
+
+TEST_F(AppDelegateTest, aSwopClosedWithoutAChoiceKeepsTheSelectionAndGoesOnRecording)
+{
+    start();
+    copy(QStringLiteral("clip"));
+    m_platform.keySender.setReaction([this](quint32 key) {
+        if (key == VirtualKey::kC)
+            copy(QStringLiteral("selection"));
+    });
+    press(VirtualKey::kX);
+    QTest::keyClick(m_delegate->window(), Qt::Key_Escape);
+    EXPECT_FALSE(m_delegate->window()->isVisible());
+    copy(QStringLiteral("later"));
+    EXPECT_EQ(clips(), (QStringList{QStringLiteral("later"), QStringLiteral("selection"),
+                                    QStringLiteral("clip")}));
+}
+
+TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWindow)
+{
+    start();
+    copy(QStringLiteral("old"));
+    copy(QStringLiteral("new"));
+    press(VirtualKey::kV);
+    m_delegate->viewController()->next();
+    copy(QStringLiteral("newest"));
+    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("old"));
+    EXPECT_EQ(m_delegate->viewController()->clipTableView()->selectedIdx(), 2);
+}
+
+TEST_F(AppDelegateTest, theHistoryOutlivesTheApplication)
+{
+    start();
+    copy(QStringLiteral("kept"));
+    m_delegate.reset();
+    start();
+    EXPECT_EQ(clips(), QStringList{QStringLiteral("kept")});
+}
+
+TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
+{
+    m_platform.settings.setDamaged(true);
+    start();
+    copy(QStringLiteral("maybe a secret"));
+    EXPECT_TRUE(clips().isEmpty());
+    m_platform.settings.acceptFreshSettings();
+    copy(QStringLiteral("after the answer"));
+    EXPECT_EQ(clips(), QStringList{QStringLiteral("after the answer")});
+}
+
+TEST_F(AppDelegateTest, openingAFileClipClosesTheHistoryAndRevealingLeavesItOpen)
+{
+    start();
+    m_platform.workspace.addFile(QStringLiteral("/tmp/a.txt"));
+    PasteboardContents file;
+    file.text = QStringLiteral("a.txt");
+    file.fileNames = {QStringLiteral("/tmp/a.txt")};
+    m_platform.pasteboard.copyFromOutside(file);
+    press(VirtualKey::kV);
+    m_delegate->revealInFinder();
+    EXPECT_TRUE(m_delegate->window()->isVisible());
+    EXPECT_EQ(m_platform.workspace.selected().size(), 1);
+    m_delegate->openFile();
+    EXPECT_FALSE(m_delegate->window()->isVisible());
+    EXPECT_EQ(m_platform.workspace.opened(), QStringList{QStringLiteral("/tmp/a.txt")});
+}
+
+TEST_F(AppDelegateTest, aMissingVersionEndsTheStart)
+{
+    const auto startWithoutVersion = [this] {
+        AppDelegate delegate(m_platform.platform, {QStringLiteral("org.example.Test"), {}, {}},
+                             m_folder.path());
+        delegate.applicationDidFinishLaunching();
+    };
+    EXPECT_DEATH(startWithoutVersion(), "CFBundleVersion");
+}
+
+} // namespace
