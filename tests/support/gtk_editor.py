@@ -1,0 +1,44 @@
+#!/usr/bin/python3
+"""A small GTK text window. Writes its text to FILE on every change, so that a test can see what
+arrived and when; "ready" is written to standard output once the window has the keyboard.
+
+usage: gtk_editor.py FILE [TEXT] [--select]   (--select selects TEXT)
+"""
+
+import os
+import sys
+
+import gi
+
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gtk  # noqa: E402
+
+
+def main():
+    arguments = [a for a in sys.argv[1:] if a != "--select"]
+    path = arguments[0]
+    window = Gtk.Window(title="GTK editor", default_width=420, default_height=240)
+    view = Gtk.TextView()
+    view.set_wrap_mode(Gtk.WrapMode.WORD_CHAR)
+    buffer = view.get_buffer()
+    if len(arguments) > 1:
+        buffer.set_text(arguments[1])
+    if "--select" in sys.argv:
+        buffer.select_range(*buffer.get_bounds())
+
+    def write(*_):
+        with open(path + ".new", "w", encoding="utf-8", newline="") as file:
+            file.write(buffer.get_text(*buffer.get_bounds(), True))
+        os.rename(path + ".new", path)
+
+    buffer.connect("changed", write)
+    write()
+    window.add(view)
+    window.connect("destroy", Gtk.main_quit)
+    window.connect("focus-in-event", lambda *_: print("ready", flush=True))
+    window.show_all()
+    view.grab_focus()
+    Gtk.main()
+
+
+main()

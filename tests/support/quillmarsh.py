@@ -1,0 +1,124 @@
+"""The real program on a private desktop, and what a test asks of it."""
+
+import os
+import pathlib
+import sqlite3
+import subprocess
+import threading
+
+BUNDLE = "org.quillmarsh.Quillmarsh"
+
+
+class Quillmarsh:
+    """Starts the program on `desktop` and waits until it is ready. Its log is in `log`."""
+
+    def __init__(self, desktop, binary, environment=None, wait=True):
+        self.desktop = desktop
+        self.binary = binary
+        self.log = []
+        variables = dict(desktop.environment, QUILLMARSH_TRACE="1", **(environment or {}))
+        self.process = desktop.start([binary], env=variables, stdout=subprocess.PIPE,
+                                     stderr=subprocess.STDOUT)
+        self._reader = threading.Thread(target=self._read, daemon=True)
+        self._reader.start()
+        if wait:
+            self.wait_for_log("devmate setup complete")
+
+    def _read(self):
+        for line in self.process.stdout:
+            self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
+
+    def wait_for_log(self, text, count=1, seconds=10):
+        def seen():
+            if self.process.poll() is not None and count_of() < count:
+                raise AssertionError("Quillmarsh ended:\n" + "\n".join(self.log))
+            return count_of() >= count
+
+        def count_of():
+            return sum(text in line for line in self.log)
+
+        self.desktop.wait_for(seen, f"the log line '{text}'", seconds)
+
+    @property
+    def store(self):
+        return pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], BUNDLE, "Quillmarsh.sqlite")
+
+    def clips(self, columns="strValue"):
+        """The stored clips, newest first: texts, or tuples when several columns are asked for."""
+        if not self.store.exists():
+            return []
+        with sqlite3.connect(f"file:{self.store}?mode=ro", uri=True, timeout=5) as store:
+            rows = store.execute(
+                f"SELECT {columns} FROM ClipItem ORDER BY createDate DESC").fetchall()
+        store.close()
+        return [row[0] for row in rows] if "," not in columns else rows
+
+    def wait_for_clip(self, text, seconds=10):
+        self.desktop.wait_for(lambda: self.clips()[:1] == [text], f"the newest clip {text!r}",
+                              seconds)
+
+    def window(self, name="Quillmarsh", wait=True):
+        """Id of our visible window of that name; None when it is not shown and `wait` is false."""
+        def find():
+            told = self.desktop.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
+                                    capture_output=True, text=True).stdout.split()
+            return told[-1] if told else None
+
+        return self.desktop.wait_for(find, f"the window {name}") if wait else find()
+
+    def wait_until_hidden(self, name="Quillmarsh"):
+        self.desktop.wait_for(lambda: self.window(name, wait=False) is None,
+                              f"the window {name} to close")
+
+    def wait_until_active(self, window):
+        def is_active():
+            told = self.desktop.run(["xdotool", "getactivewindow"], capture_output=True,
+                                    text=True).stdout.strip()
+            focused = self.desktop.run(["xdotool", "getwindowfocus"], capture_output=True,
+                                       text=True).stdout.strip()
+            return told == window and focused != "" and focused != "1"
+
+        self.desktop.wait_for(is_active, f"window {window} to become active")
+
+    def open_history(self):
+        """Presses the shortcut and returns once the history has the keyboard."""
+        self.key("super+shift+v")
+        window = self.window()
+        self.wait_until_active(window)
+        return window
+
+    def key(self, *keys):
+        self.desktop.run(["xdotool", "key", "--clearmodifiers", *keys])
+
+    def type(self, text):
+        self.desktop.run(["xdotool", "type", "--delay", "5", text])
+
+    def screenshot(self, path):
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        self.desktop.run(["import", "-window", "root", path])
+
+    def quit(self):
+        """Asks the program to end as a session does, and returns its exit code."""
+        self.process.terminate()
+        return self.process.wait(10)
+
+
+def copy(desktop, text, target=None):
+    """Copies as another program. xclip stays behind as the owner, as an application does."""
+    command = ["xclip", "-selection", "clipboard", "-i"]
+    if target:
+        command += ["-t", target]
+    # xclip keeps its output open while it serves, so a pipe would never end.
+    return desktop.run(command, input=text.encode() if isinstance(text, str) else text,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+def pasteboard(desktop, target="UTF8_STRING"):
+    """What a paste would give now."""
+    told = desktop.run(["timeout", "5", "xclip", "-selection", "clipboard", "-o", "-t", target],
+                       capture_output=True)
+    return told.stdout.decode("utf-8", "replace") if told.returncode == 0 else None
+
+
+def contents(path):
+    return pathlib.Path(path).read_text(encoding="utf-8") if os.path.exists(path) else None
