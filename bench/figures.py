@@ -1,0 +1,253 @@
+#!/usr/bin/python3
+"""Runs every figure of Quillmarsh beside two references in one go and prints a table.
+
+The references are a bare X client (what nobody can beat) and a least Qt program (what the toolkit
+costs). Each figure is a median on a private desktop; ratios within one run are what counts on a
+noisy machine.
+
+usage: figures.py BIN_DIR [--sizes 1000,10000,100000] [--runs 20] [--only NAME,...]
+BIN_DIR holds quillmarsh, probe, floor_xcb, floor_qt and, for the added copy, history_bench.
+"""
+
+import argparse
+import json
+import os
+import pathlib
+import random
+import re
+import sqlite3
+import subprocess
+import sys
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "support"))
+from desktop import Desktop  # noqa: E402
+from quillmarsh import Quillmarsh, pasteboard  # noqa: E402
+
+LETTER_KEYCODE = 52  # "z" by position: rare enough that it changes the visible rows
+IDLE_SECONDS = 10
+SUBJECTS = ("floor", "qt", "quillmarsh")
+
+
+def texts(count):
+    """Reproducible clips of 200 bytes; about one in three holds the letter z."""
+    source = random.Random(count)
+    letters = "abcdefghijklmnopqrstuvwxy     "
+    made = []
+    for i in range(count):
+        text = f"clip {i:06d} " + "".join(source.choices(letters, k=188))
+        made.append(text[:100] + "z" + text[101:] if i % 3 == 0 else text)
+    return made
+
+
+class Subject:
+    """One of the three programs, running on `desktop` with `count` clips."""
+
+    def __init__(self, kind, desktop, binaries, count):
+        self.kind = kind
+        self.desktop = desktop
+        started = time.monotonic()
+        if kind == "quillmarsh":
+            self._seed(binaries, count)
+            started = time.monotonic()
+            self.program = Quillmarsh(desktop, str(binaries / "quillmarsh"))
+            self.process = self.program.process
+        else:
+            history = pathlib.Path(desktop.home, "history.txt")
+            history.write_text("\n".join(reversed(texts(count))) + "\n")
+            started = time.monotonic()
+            binary = binaries / ("floor_xcb" if kind == "floor" else "floor_qt")
+            self.process = desktop.start([str(binary), str(history)], stdin=subprocess.PIPE,
+                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            for line in self.process.stderr:
+                if line.strip() == "ready":
+                    break
+        self.start_ms = (time.monotonic() - started) * 1000
+
+    def _seed(self, binaries, count):
+        first = Quillmarsh(self.desktop, str(binaries / "quillmarsh"))
+        store = first.store
+        first.quit()
+        if not count:
+            return
+        now = time.time()
+        with sqlite3.connect(store) as database:
+            database.executemany(
+                "INSERT INTO ClipItem (strValue, applicationName, createDate) VALUES (?, ?, ?)",
+                [(t, "Bench", now - 2 * count + i) for i, t in enumerate(texts(count))])
+        database.close()
+        plist = pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"],
+                             "org.quillmarsh.Quillmarsh.plist")
+        # Room for the copies that are added while measuring.
+        plist.write_text(re.sub(r"(<key>maxItems</key>\s*<integer>)\d+", r"\g<1>100000",
+                                plist.read_text()))
+
+    def ask(self, command):
+        self.process.stdin.write(command + "\n")
+        self.process.stdin.flush()
+        return self.process.stdout.readline().rstrip("\n")
+
+    def recorded(self):
+        """How many copies are in the history."""
+        if self.kind == "quillmarsh":
+            return len(self.program.clips("pk"))
+        return int(self.ask("count"))
+
+    def newest(self):
+        if self.kind == "quillmarsh":
+            return (self.program.clips() or [None])[0]
+        return self.ask("last")
+
+    def private_kib(self):
+        told = pathlib.Path(f"/proc/{self.process.pid}/smaps_rollup").read_text()
+        return sum(int(kib) for kib in re.findall(r"^Private_Dirty:\s+(\d+)", told, re.M))
+
+    def wakeups(self):
+        total = 0
+        for task in pathlib.Path(f"/proc/{self.process.pid}/task").iterdir():
+            told = (task / "status").read_text()
+            total += int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", told, re.M)[1])
+        return total
+
+
+class Figures:
+    def __init__(self, options):
+        self.options = options
+        self.binaries = pathlib.Path(options.bin_dir).resolve()
+        self.rows = []
+
+    def probe(self, desktop, *arguments):
+        told = desktop.run([str(self.binaries / "probe"), *map(str, arguments)],
+                           capture_output=True, text=True)
+        if told.returncode:
+            return {"runs": 0, "problem": told.stderr.strip()}
+        return json.loads(told.stdout) if told.stdout.strip() else {}
+
+    def each(self, name, measure, count=0):
+        """Measures the three subjects, each on a fresh desktop."""
+        cells = []
+        for kind in SUBJECTS:
+            with Desktop() as desktop:
+                subject = Subject(kind, desktop, self.binaries, count)
+                try:
+                    cells.append(measure(desktop, subject))
+                except (OSError, TimeoutError, ValueError) as problem:
+                    cells.append(f"failed: {problem}")
+        self.rows.append((name, *cells))
+        print(f"| {name} | " + " | ".join(map(str, cells)) + " |", flush=True)
+
+    @staticmethod
+    def milliseconds(told):
+        return f"{told['median']:.2f} ms" if told.get("runs") else told.get("problem", "none")
+
+    def request(self):
+        self.each("owner change → text requested", lambda desktop, _: self.milliseconds(
+            self.probe(desktop, "request-latency", 100)))
+
+    def burst(self):
+        def measure(desktop, subject):
+            before = subject.recorded()
+            self.probe(desktop, "burst", 100, 5)
+            return subject.recorded() - before
+
+        self.each("100 copies 5 ms apart: recorded", measure)
+
+    def short_owner(self):
+        def measure(desktop, subject):
+            recorded = pasteable = 0
+            for i in range(20):
+                text = f"copied by a short-lived owner {i}"
+                self.probe(desktop, "copy-and-quit", text, 50)
+                try:
+                    desktop.wait_for(lambda: subject.newest() == text, text, 1)
+                    recorded += 1
+                except TimeoutError:
+                    pass
+                try:
+                    desktop.wait_for(lambda: pasteboard(desktop) == text, text, 0.5)
+                    pasteable += 1
+                except TimeoutError:
+                    pass
+            return f"{recorded} / {pasteable}"
+
+        self.each("owner quits after 50 ms, 20 times: recorded / pasteable", measure)
+
+    def opening(self):
+        for count in self.options.sizes:
+            self.each(f"hot key → content painted, {count:,} clips", lambda desktop, _: (
+                self.milliseconds(self.probe(desktop, "open", self.options.runs))), count)
+
+    def typing(self):
+        for count in self.options.sizes:
+            self.each(f"letter typed → list settled, {count:,} clips", lambda desktop, _: (
+                self.milliseconds(self.probe(desktop, "type", self.options.runs,
+                                             LETTER_KEYCODE))), count)
+
+    def pasting(self):
+        self.each("Return → text in hand at the target", lambda desktop, _: self.milliseconds(
+            self.probe(desktop, "paste", self.options.runs)), 1000)
+
+    def adding(self):
+        bench = self.binaries / "history_bench"
+        if not bench.exists():
+            return
+        told = subprocess.run([str(bench), "--benchmark_filter=[Aa]dd", "--benchmark_format=json"],
+                              capture_output=True, text=True, check=False)
+        for result in json.loads(told.stdout)["benchmarks"]:
+            value = result["real_time"] / {"ns": 1e6, "us": 1e3, "ms": 1}[result["time_unit"]]
+            row = (f"add a copy ({result['name']})", "", "", f"{value:.2f} ms")
+            self.rows.append(row)
+            print("| " + " | ".join(row) + " |", flush=True)
+
+    def memory(self):
+        for count in (self.options.sizes[0], self.options.sizes[-1]):
+            def measure(desktop, subject):
+                # Opened and searched once, as in use; then left alone.
+                self.probe(desktop, "type", 1, LETTER_KEYCODE)
+                time.sleep(2)
+                return f"{subject.private_kib() / 1024:.1f} MiB"
+
+            self.each(f"private memory, {count:,} clips", measure, count)
+
+    def start(self):
+        def measure(desktop, subject):
+            values = [subject.start_ms]
+            for _ in range(6):
+                subject.process.terminate()
+                subject.process.wait()
+                subject = Subject(subject.kind, desktop, self.binaries, 0)
+                values.append(subject.start_ms)
+            return f"{sorted(values)[len(values) // 2]:.0f} ms"
+
+        self.each("start → ready", measure)
+
+    def idle(self):
+        def measure(_, subject):
+            time.sleep(3)
+            before = subject.wakeups()
+            time.sleep(IDLE_SECONDS)
+            return f"{(subject.wakeups() - before) / IDLE_SECONDS:.1f} wake-ups/s"
+
+        self.each("idle", measure)
+
+
+def main():
+    names = ["request", "burst", "short_owner", "opening", "typing", "pasting", "adding", "memory",
+             "start", "idle"]
+    parser = argparse.ArgumentParser()
+    parser.add_argument("bin_dir")
+    parser.add_argument("--sizes", default="1000,10000,100000")
+    parser.add_argument("--runs", type=int, default=20)
+    parser.add_argument("--only", default=",".join(names))
+    options = parser.parse_args()
+    options.sizes = [int(size) for size in options.sizes.split(",")]
+    print(f"load average at start: {os.getloadavg()[0]:.2f}")
+    print("| what | bare X client | least Qt program | Quillmarsh |")
+    print("|---|---|---|---|")
+    figures = Figures(options)
+    for name in options.only.split(","):
+        getattr(figures, name)()
+
+
+if __name__ == "__main__":
+    main()
