@@ -1,16 +1,10 @@
 #include "platform/freedesktop/DesktopEntry.h"
 
-#include <QFile>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "platform/freedesktop/RegularFile.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr off_t kLargestFile = 1024 * 1024;
 
 QString unescaped(const QByteArray &value)
 {
@@ -128,27 +122,9 @@ std::optional<DesktopEntry> DesktopEntry::parse(const QByteArray &bytes)
     return isInGroup ? std::optional(entry) : std::nullopt;
 }
 
-std::optional<QByteArray> DesktopEntry::readBytes(const QString &path)
-{
-    const int descriptor =
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0)
-        return std::nullopt;
-    std::optional<QByteArray> bytes;
-    struct stat status = {};
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
-        status.st_size <= kLargestFile) {
-        bytes = QByteArray(status.st_size, Qt::Uninitialized);
-        const ssize_t count = ::read(descriptor, bytes->data(), static_cast<size_t>(bytes->size()));
-        bytes->truncate(std::max<ssize_t>(count, 0));
-    }
-    ::close(descriptor);
-    return bytes;
-}
-
 std::optional<DesktopEntry> DesktopEntry::read(const QString &path)
 {
-    const auto bytes = readBytes(path);
+    const auto bytes = readRegularFile(path);
     return bytes ? parse(*bytes) : std::nullopt;
 }
 

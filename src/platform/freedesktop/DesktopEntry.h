@@ -15,10 +15,8 @@ public:
     /// Absent when there is no "Desktop Entry" group.
     static std::optional<DesktopEntry> parse(const QByteArray &bytes);
 
-    /// Absent as well when `path` is no regular file of at most 1 MiB that may be read. Never
-    /// waits for what is behind a pipe or a device.
+    /// Absent as well when `path` is no small regular file.
     static std::optional<DesktopEntry> read(const QString &path);
-    static std::optional<QByteArray> readBytes(const QString &path);
 
     /// The value with its escapes resolved; absent when the key is missing.
     std::optional<QString> text(const char *key) const;

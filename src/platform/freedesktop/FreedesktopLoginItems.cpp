@@ -3,6 +3,7 @@
 #include "platform/Info.h"
 #include "platform/freedesktop/AutostartEntry.h"
 #include "platform/freedesktop/DesktopEntry.h"
+#include "platform/freedesktop/RegularFile.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -92,7 +93,7 @@ std::optional<QString> FreedesktopLoginItems::resolvedPath(const LoginItem &item
 void FreedesktopLoginItems::remove(const LoginItem &item)
 {
     if (m_applicationPath && resolvedPath(item) == m_applicationPath)
-        m_removed = DesktopEntry::readBytes(pathOf(item)).value_or(QByteArray());
+        m_removed = readRegularFile(pathOf(item)).value_or(QByteArray());
     QFile file(pathOf(item));
     if (!file.remove())
         qCWarning(lcLoginItems, "The login item %s could not be removed: %s",
@@ -112,7 +113,7 @@ qint64 FreedesktopLoginItems::timeAfterLast() const
 void FreedesktopLoginItems::insertLast(const QString &path)
 {
     const QString target = pathOf({Info::main().bundleIdentifier + QStringLiteral(".desktop")});
-    const QByteArray former = DesktopEntry::readBytes(target).value_or(m_removed);
+    const QByteArray former = readRegularFile(target).value_or(m_removed);
     const qint64 time = timeAfterLast();
     makeFolder(m_folder);
     // Saving would follow a link and write into whatever it leads to.

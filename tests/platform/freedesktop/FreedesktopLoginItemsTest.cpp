@@ -1,6 +1,6 @@
 #include "platform/freedesktop/FreedesktopLoginItems.h"
+#include "platform/freedesktop/RegularFile.h"
 #include "platform/freedesktop/AutostartEntry.h"
-#include "platform/freedesktop/DesktopEntry.h"
 
 #include "support/ExpectedWarnings.h"
 
@@ -33,7 +33,7 @@ protected:
 
     QByteArray ours() const
     {
-        return DesktopEntry::readBytes(path("org.quillmarsh.Quillmarsh.desktop"))
+        return readRegularFile(path("org.quillmarsh.Quillmarsh.desktop"))
             .value_or(QByteArray());
     }
 
@@ -136,7 +136,7 @@ TEST_F(FreedesktopLogin, aLinkInTheEntrysPlaceIsReplacedAndItsTargetLeftAlone)
     ASSERT_TRUE(QFile::link(path("elsewhere"), path("org.quillmarsh.Quillmarsh.desktop")));
     auto items = this->items();
     items.insertLast(QCoreApplication::applicationFilePath());
-    EXPECT_EQ(DesktopEntry::readBytes(path("elsewhere")), "[Desktop Entry]\nX-Mine=1\n");
+    EXPECT_EQ(readRegularFile(path("elsewhere")), "[Desktop Entry]\nX-Mine=1\n");
     EXPECT_TRUE(ours().contains("Exec="));
 }
 
