@@ -98,9 +98,6 @@ bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
         if (m_viewController->isWindowKey())
             windowDidResignKey();
         break;
-    case QEvent::Close:
-        m_viewController->hide();
-        break;
     case QEvent::WindowActivate:
         m_recheckTimer.stop();
         break;
