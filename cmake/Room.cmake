@@ -50,6 +50,6 @@ function(quillmarsh_desktop_test name)
   target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
   target_link_libraries(${name} PRIVATE quillmarsh_flags test_support ${TEST_LINKS})
   add_test(NAME ${name} COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/desktop.py
-    ${TEST_WITH} -- $<TARGET_FILE:${name}>)
+    ${TEST_WITH} -- env QT_QPA_PLATFORM=xcb $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 180 LABELS desktop)
 endfunction()

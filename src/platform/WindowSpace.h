@@ -32,6 +32,11 @@ public:
     /// task bar, pager and window switcher.
     virtual void prepareUtilityWindow(QWindow *window) = 0;
 
+    /// Called for a window that its user cannot resize, once it has its native window and before it
+    /// is shown: the window manager offers no resizing, even while the window's limits are open so
+    /// that it can resize itself.
+    virtual void prepareFixedWindow(QWindow *window) = 0;
+
 Q_SIGNALS:
     void isCompositingChanged(bool isCompositing);
 };

@@ -1,12 +1,14 @@
 #include "preferenceswindow/CCNPreferencesWindow.h"
 
 #include "platform/SettingsStore.h"
+#include "platform/WindowSpace.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QToolBar>
+#include <QWindow>
 
 #include <algorithm>
 #include <chrono>
@@ -71,17 +73,21 @@ bool isReachable(const QRect &frame)
 
 } // namespace
 
-CCNPreferencesWindow::CCNPreferencesWindow(SettingsStore &settings)
+CCNPreferencesWindow::CCNPreferencesWindow(SettingsStore &settings, WindowSpace &windowSpace)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                            Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                           Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint),
-      m_settings(settings), m_holder(new QWidget(this)), m_cover(new FadeCover(m_holder))
+                           Qt::WindowCloseButtonHint),
+      m_settings(settings), m_windowSpace(windowSpace), m_holder(new QWidget(this)),
+      m_cover(new FadeCover(m_holder))
 {
     setAttribute(Qt::WA_QuitOnClose, false);
     setObjectName(QStringLiteral("CCNPreferencesWindow"));
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(300ms);
     connect(&m_saveTimer, &QTimer::timeout, this, &CCNPreferencesWindow::saveFrame);
+    m_limitTimer.setSingleShot(true);
+    m_limitTimer.setInterval(200ms);
+    connect(&m_limitTimer, &QTimer::timeout, this, [this] { setSizeLimits(size(), size()); });
     setFrame(QRect(QPoint(0, 0), kInitialContentSize));
 }
 
@@ -153,15 +159,14 @@ QSize CCNPreferencesWindow::contentSizeOf(const QRect &frame) const
     return {frame.width(), frame.height() - toolbarHeight()};
 }
 
-void CCNPreferencesWindow::setFrame(const QRect &frame, bool isAnimating)
+void CCNPreferencesWindow::setFrame(const QRect &frame)
 {
-    // The limits are opened before the move and closed after it, or they would resize the window
-    // in a step of its own, which is seen as a jump.
-    setMinimumSize(0, 0);
-    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    // A window manager that learns of a new only size resizes the window by itself, before it moves
+    // it to the new place: a jump to the side. So the limits are opened first and closed again once
+    // the window has been at rest for a while.
+    setSizeLimits({0, 0}, {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
     setGeometry(frame);
-    if (!isAnimating)
-        setFixedSize(frame.size());
+    m_limitTimer.start();
 }
 
 void CCNPreferencesWindow::center()
@@ -208,6 +213,16 @@ bool CCNPreferencesWindow::setFrameFromString(const QString &text)
                  ? frame
                  : movedOnto(QGuiApplication::primaryScreen()->availableGeometry(), frame));
     return true;
+}
+
+void CCNPreferencesWindow::setVisible(bool isVisible)
+{
+    if (isVisible) {
+        create();
+        m_windowSpace.prepareFixedWindow(windowHandle());
+        setSizeLimits(size(), size());
+    }
+    QWidget::setVisible(isVisible);
 }
 
 void CCNPreferencesWindow::keyPressEvent(QKeyEvent *event)
@@ -258,6 +273,16 @@ void CCNPreferencesWindow::paintEvent(QPaintEvent *)
     QColor line = palette().color(QPalette::WindowText);
     line.setAlphaF(0.2F);
     painter.fillRect(0, toolbarHeight() - 1, width(), 1, line);
+}
+
+/// Through the native window and not through the widget, which would resize itself in a step of
+/// its own.
+void CCNPreferencesWindow::setSizeLimits(const QSize &minimum, const QSize &maximum)
+{
+    if (QWindow *native = windowHandle()) {
+        native->setMinimumSize(minimum);
+        native->setMaximumSize(maximum);
+    }
 }
 
 int CCNPreferencesWindow::toolbarHeight() const

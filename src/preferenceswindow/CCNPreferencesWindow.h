@@ -6,6 +6,7 @@
 
 class FadeCover;
 class SettingsStore;
+class WindowSpace;
 class QToolBar;
 
 /// The window that CCNPreferencesWindowController shows its panes in: a title bar, a toolbar at the
@@ -17,8 +18,8 @@ class CCNPreferencesWindow : public QWidget
     Q_OBJECT
 
 public:
-    /// `settings` keeps the frame and must outlive the window.
-    explicit CCNPreferencesWindow(SettingsStore &settings);
+    /// `settings` keeps the frame. Both must outlive the window.
+    CCNPreferencesWindow(SettingsStore &settings, WindowSpace &windowSpace);
     /// Gives the content view back to whoever owns it.
     ~CCNPreferencesWindow() override;
 
@@ -45,8 +46,8 @@ public:
     /// The window's rectangle at its present place around a content of that size.
     QRect frameForContentSize(const QSize &content) const;
     QSize contentSizeOf(const QRect &frame) const;
-    /// Moves and resizes at once. While `isAnimating` more rectangles follow soon.
-    void setFrame(const QRect &frame, bool isAnimating = false);
+    /// Moves and resizes in one step.
+    void setFrame(const QRect &frame);
     /// Centres the window in the free part of the primary screen, somewhat above the middle.
     void center();
     /// Moves the window by what it takes to be wholly on its screen.
@@ -58,6 +59,9 @@ public:
     /// Takes a frame as it is kept: left, top, width and height, then those of the screen. False,
     /// and nothing changes, when the text is no frame.
     bool setFrameFromString(const QString &text);
+
+    // ^QWidget
+    void setVisible(bool isVisible) override;
 
 Q_SIGNALS:
     void hidden();
@@ -71,13 +75,16 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void setSizeLimits(const QSize &minimum, const QSize &maximum);
     int toolbarHeight() const;
     void layOut();
     void saveFrame();
 
     SettingsStore &m_settings;
+    WindowSpace &m_windowSpace;
     QString m_frameKey;
     QTimer m_saveTimer;
+    QTimer m_limitTimer;
     QToolBar *m_toolbar = nullptr;
     bool m_showsToolbarSeparator = true;
     bool m_titlebarAppearsTransparent = false;

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QEasingCurve>
+#include <QLayout>
 #include <QToolBar>
 
 #include <algorithm>
@@ -49,14 +50,27 @@ QRect between(const QRect &from, const QRect &to, qreal progress)
 /// Shows the window's own ground: the toolbar and the title bar are meant to be seen as one.
 class UnifiedToolBar : public QToolBar
 {
+public:
+    UnifiedToolBar() { setOwnMargins(); }
+
 protected:
     void paintEvent(QPaintEvent *) override {}
+
+    void changeEvent(QEvent *event) override
+    {
+        QToolBar::changeEvent(event);
+        setOwnMargins();
+    }
+
+private:
+    void setOwnMargins() { layout()->setContentsMargins(8, 8, 8, 8); }
 };
 
 } // namespace
 
 CCNPreferencesWindowController::CCNPreferencesWindowController(Platform &platform)
-    : m_platform(platform), m_window(std::make_unique<CCNPreferencesWindow>(*platform.settings))
+    : m_platform(platform),
+      m_window(std::make_unique<CCNPreferencesWindow>(*platform.settings, *platform.windowSpace))
 {
     m_animation.setDuration(kSwitchMilliseconds);
     m_animation.setEasingCurve(easeInEaseOut());
@@ -64,7 +78,7 @@ CCNPreferencesWindowController::CCNPreferencesWindowController(Platform &platfor
     m_animation.setEndValue(1.0);
     connect(&m_animation, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
         m_window->setContentOpacity(value.toReal());
-        m_window->setFrame(between(m_oldFrame, m_newFrame, value.toReal()), true);
+        m_window->setFrame(between(m_oldFrame, m_newFrame, value.toReal()));
     });
     connect(&m_animation, &QVariantAnimation::finished, this,
             &CCNPreferencesWindowController::finishSwitch);
@@ -107,10 +121,8 @@ void CCNPreferencesWindowController::showPreferencesWindow()
     // Set up before it is mapped rather than shown invisibly first: without a compositor there
     // are no transparent windows.
     m_window->setVibrant(m_allowsVibrancy && m_platform.windowSpace->isCompositing());
-    if (!m_viewControllers.isEmpty()) {
+    if (!m_viewControllers.isEmpty())
         activateViewController(m_viewControllers.first(), false);
-        selectToolbarItem(*m_viewControllers.first());
-    }
     m_window->keepOnScreen();
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
@@ -206,7 +218,6 @@ void CCNPreferencesWindowController::setupToolbar()
         m_segmentedControl = new CCNSegmentedControl(titles, toolbar.get());
         connect(m_segmentedControl, &CCNSegmentedControl::segmentClicked, this,
                 &CCNPreferencesWindowController::segmentedControlAction);
-        toolbar->setContentsMargins(0, 6, 0, 8);
     } else {
         toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         toolbar->setIconSize({32, 32});
@@ -227,7 +238,6 @@ void CCNPreferencesWindowController::rebuildToolbar()
         return;
     // The toolbar's height and the title depend on the flags.
     activateViewController(shown, false);
-    selectToolbarItem(*shown);
 }
 
 void CCNPreferencesWindowController::addToolbarItem(QToolBar &toolbar, const QString &identifier)
@@ -278,6 +288,7 @@ void CCNPreferencesWindowController::activateViewController(Pane *pane, bool ani
 {
     m_animation.stop();
     m_nextViewController = pane;
+    selectToolbarItem(*pane);
     QWidget *view = pane->view();
     m_oldFrame = m_window->geometry();
     m_newFrame = frameFor(view->size().expandedTo(view->minimumSizeHint()));

@@ -130,9 +130,6 @@ class Desktop:
                 except subprocess.TimeoutExpired:
                     process.send_signal(signal.SIGKILL)
                     process.wait()
-            for pipe in (process.stdin, process.stdout, process.stderr):
-                if pipe:
-                    pipe.close()
         self.processes.clear()
         shutil.rmtree(self.home, ignore_errors=True)
 

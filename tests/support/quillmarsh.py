@@ -25,11 +25,8 @@ class Quillmarsh:
             self.wait_for_log("devmate setup complete")
 
     def _read(self):
-        try:
-            for line in self.process.stdout:
-                self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
-        except ValueError:
-            pass  # closed with the desktop
+        for line in self.process.stdout:
+            self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
 
     def wait_for_log(self, text, count=1, seconds=10):
         def seen():

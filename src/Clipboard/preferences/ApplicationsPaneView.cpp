@@ -7,6 +7,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+namespace {
+
+constexpr QSize kSize(460, 320);
+
+} // namespace
+
 ApplicationsPaneView::ApplicationsPaneView(int rowHeight)
     : table(new QTableView), add(new QToolButton), remove(new QToolButton)
 {
@@ -57,4 +63,5 @@ void ApplicationsPaneView::layOut()
         tr("What is copied while one of these applications is in front is never recorded.")));
     column->addWidget(table, 1);
     column->addLayout(buttons);
+    resize(kSize);
 }

@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr int kWidth = 560;
 constexpr int kMargin = 24;
 constexpr int kRowSpacing = 8;
 constexpr int kSectionSpacing = 14;

@@ -90,7 +90,7 @@ HistorySizeSlider::HistorySizeSlider(QWidget *parent) : QSlider(Qt::Horizontal, 
 QSize HistorySizeSlider::sizeHint() const
 {
     const QSize bare = QSlider::sizeHint();
-    return {320, bare.height() + QFontMetrics(tickFont()).height() + 4};
+    return {320, bare.height() + tickHeight()};
 }
 
 void HistorySizeSlider::initStyleOption(QStyleOptionSlider *option) const
@@ -100,7 +100,7 @@ void HistorySizeSlider::initStyleOption(QStyleOptionSlider *option) const
     option->maximum = stops().back().position;
     option->sliderPosition = positionOf(sliderPosition());
     option->sliderValue = positionOf(value());
-    option->rect.setHeight(QSlider::sizeHint().height());
+    option->rect.setHeight(height() - tickHeight());
 }
 
 void HistorySizeSlider::paintEvent(QPaintEvent *event)
@@ -112,7 +112,7 @@ void HistorySizeSlider::paintEvent(QPaintEvent *event)
     colour.setAlphaF(0.65F);
     painter.setPen(colour);
     const QFontMetrics metrics(tickFont());
-    const int top = QSlider::sizeHint().height();
+    const int top = height() - tickHeight();
     for (const int power : kPowers) {
         const int x = xOf(power);
         painter.drawLine(x, top - 2, x, top + 1);
@@ -191,6 +191,11 @@ QFont HistorySizeSlider::tickFont() const
     QFont small = font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     return small;
+}
+
+int HistorySizeSlider::tickHeight() const
+{
+    return QFontMetrics(tickFont()).height() + 4;
 }
 
 /// Where the handle's middle stands for a number.

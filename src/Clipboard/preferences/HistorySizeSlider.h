@@ -2,8 +2,6 @@
 
 #include <QSlider>
 
-#include <vector>
-
 /// Chooses how many clips the history may hold. Its value is that number itself, so assistive
 /// technology reads and sets clips; only its way along the groove is not linear: the numbers that
 /// people pick have stops of their own, and the powers of ten the widest ones.
@@ -36,6 +34,7 @@ protected:
 
 private:
     QFont tickFont() const;
+    int tickHeight() const; ///< Of the ticks and numbers below the groove.
     int xOf(int number) const;
     int stopAt(int x) const;
 

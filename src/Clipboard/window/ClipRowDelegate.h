@@ -19,7 +19,6 @@ public:
         QRect valueRect;
         QString number;
         QString value;
-        bool isFile = false; ///< The end of a path tells more than its middle.
         bool isSelected = false;
     };
 

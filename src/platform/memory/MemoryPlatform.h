@@ -65,19 +65,15 @@ public:
     void setReturns(bool returns) { m_returns = returns; }
     int rememberCount() const { return m_rememberCount; }
     QWindow *activatedWindow() const { return m_activated; }
-    /// Whether our window stays in front although it has lost the keyboard.
-    void setInFront(bool isInFront) { m_isInFront = isInFront; }
 
     // ^FrontApplication
     QString applicationName() const override { return m_name; }
     void rememberTarget() override { ++m_rememberCount; }
     bool returnToTarget(std::chrono::milliseconds) override { return m_returns; }
     void activate(QWindow *window) override;
-    bool isInFront(const QWindow &) const override { return m_isInFront; }
 
 private:
     QString m_name;
-    bool m_isInFront = false;
     bool m_returns = true;
     int m_rememberCount = 0;
     QPointer<QWindow> m_activated;
@@ -143,6 +139,7 @@ public:
     QRect visibleFrame(const QScreen &screen) const override;
     bool isCompositing() const override { return m_isCompositing; }
     void prepareUtilityWindow(QWindow *) override {}
+    void prepareFixedWindow(QWindow *) override {}
 
 private:
     std::optional<QPoint> m_pointer = QPoint(1, 1);

@@ -96,6 +96,26 @@ void X11WindowSpace::prepareUtilityWindow(QWindow *window)
     window->installEventFilter(this);
 }
 
+void X11WindowSpace::prepareFixedWindow(QWindow *window)
+{
+    xcb_connection_t *qt = qtX11Connection();
+    if (!qt || !window->handle())
+        return;
+    // The property's fields: flags, functions, decorations, input mode, status. Qt has asked for
+    // resizing; all else that it has asked for stays.
+    constexpr quint32 kHasFunctions = 1;
+    constexpr quint32 kMove = 4, kMinimize = 8, kClose = 32;
+    const auto id = static_cast<xcb_window_t>(window->winId());
+    xcb_flush(qt);
+    quint32 hints[5] = {};
+    const QByteArray told = m_connection.property(id, m_atoms.motifHints, m_atoms.motifHints);
+    std::memcpy(hints, told.constData(), std::min<std::size_t>(told.size(), sizeof hints));
+    hints[0] |= kHasFunctions;
+    hints[1] = kMove | kMinimize | kClose;
+    xcb_change_property(qt, XCB_PROP_MODE_REPLACE, id, m_atoms.motifHints, m_atoms.motifHints, 32,
+                        std::size(hints), hints);
+}
+
 bool X11WindowSpace::eventFilter(QObject *watched, QEvent *event)
 {
     // Sent before the window is shown. Window managers forget the state of a window that was
@@ -111,11 +131,12 @@ X11WindowSpace::Atoms X11WindowSpace::internAtoms(const X11Connection &connectio
 {
     const QByteArray compositor =
         QByteArrayLiteral("_NET_WM_CM_S") + QByteArray::number(connection.screenNumber());
-    const auto atoms =
-        connection.atoms({compositor.constData(), "_NET_CLIENT_LIST", "_NET_WM_STRUT",
-                          "_NET_WM_STRUT_PARTIAL", "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR",
-                          "_NET_WM_STATE_SKIP_PAGER", "_KDE_NET_WM_STATE_SKIP_SWITCHER"});
-    return {atoms[0], atoms[1], atoms[2], atoms[3], atoms[4], atoms[5], atoms[6], atoms[7]};
+    const auto atoms = connection.atoms({compositor.constData(), "_NET_CLIENT_LIST",
+                                         "_NET_WM_STRUT", "_NET_WM_STRUT_PARTIAL", "_NET_WM_STATE",
+                                         "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER",
+                                         "_KDE_NET_WM_STATE_SKIP_SWITCHER", "_MOTIF_WM_HINTS"});
+    return {atoms[0], atoms[1], atoms[2], atoms[3], atoms[4],
+            atoms[5], atoms[6], atoms[7], atoms[8]};
 }
 
 bool X11WindowSpace::hasCompositor() const

@@ -18,6 +18,7 @@ public:
     QRect visibleFrame(const QScreen &screen) const override;
     bool isCompositing() const override { return m_isCompositing; }
     void prepareUtilityWindow(QWindow *window) override;
+    void prepareFixedWindow(QWindow *window) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -26,7 +27,7 @@ private:
     struct Atoms
     {
         xcb_atom_t compositor, clientList, strut, partialStrut, windowState, skipTaskbar, skipPager,
-            skipSwitcher;
+            skipSwitcher, motifHints;
     };
 
     static Atoms internAtoms(const X11Connection &connection);

@@ -1,0 +1,115 @@
+#include "platform/memory/MemoryPlatform.h"
+#include "platform/x11/X11WindowSpace.h"
+#include "preferenceswindow/CCNPreferencesWindow.h"
+#include "preferenceswindow/CCNPreferencesWindowController.h"
+#include "preferenceswindow/FakePane.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace {
+
+template <typename Reply>
+std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply)
+{
+    return {reply, &std::free};
+}
+
+/// Sees the frame that the window manager puts around a window as the X server moves it.
+class FrameWatcher
+{
+public:
+    explicit FrameWatcher(WId window)
+    {
+        m_frame = static_cast<xcb_window_t>(window);
+        for (;;) {
+            const auto tree = owned(
+                xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_frame), nullptr));
+            if (!tree || tree->parent == tree->root)
+                break;
+            m_frame = tree->parent;
+        }
+        const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_connection, m_frame, XCB_CW_EVENT_MASK, &mask);
+    }
+    FrameWatcher(const FrameWatcher &) = delete;
+    FrameWatcher &operator=(const FrameWatcher &) = delete;
+    ~FrameWatcher() { xcb_disconnect(m_connection); }
+
+    QRect current() const
+    {
+        const auto told = owned(
+            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_frame), nullptr));
+        return told ? QRect(told->x, told->y, told->width, told->height) : QRect();
+    }
+    /// Every rectangle since the last call, oldest first.
+    std::vector<QRect> steps() const
+    {
+        std::vector<QRect> seen;
+        while (const auto event = owned(xcb_poll_for_event(m_connection))) {
+            if ((event->response_type & 0x7f) != XCB_CONFIGURE_NOTIFY)
+                continue;
+            const auto *told = reinterpret_cast<xcb_configure_notify_event_t *>(event.get());
+            seen.emplace_back(told->x, told->y, told->width, told->height);
+        }
+        return seen;
+    }
+
+private:
+    xcb_connection_t *m_connection = xcb_connect(nullptr, nullptr);
+    xcb_window_t m_frame = 0;
+};
+
+TEST(PreferencesAnimation, growsAndShrinksInManyStepsWithoutMovingTheTopOrTheMiddle)
+{
+    MemoryPlatform memory;
+    memory.platform.windowSpace = std::make_unique<X11WindowSpace>();
+    FakePane tall(QStringLiteral("tall"), QStringLiteral("Tall"), QSize(600, 460));
+    FakePane low(QStringLiteral("low"), QStringLiteral("Low"), QSize(400, 240));
+    CCNPreferencesWindowController controller(memory.platform);
+    controller.setShowToolbarItemsAsSegmentedControl(true);
+    controller.setPreferencesViewControllers({&tall, &low});
+    controller.showPreferencesWindow();
+    CCNPreferencesWindow &window = *controller.window();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+
+    const FrameWatcher watcher(window.winId());
+    // It is framed once the window manager has got to it.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return watcher.current().width() >= window.width(); }));
+    const QRect first = watcher.current();
+    watcher.steps();
+    const QSize decoration = first.size() - window.size();
+    for (FakePane *pane : {&low, &tall}) {
+        QElapsedTimer timer;
+        timer.start();
+        controller.toolbarItemAction(pane->preferenceIdentifier());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return controller.activeViewController() == pane; }));
+        const qint64 elapsed = timer.elapsed();
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return watcher.current().size() == window.size() + decoration; }));
+
+        std::set<int> heights;
+        for (const QRect &step : watcher.steps()) {
+            EXPECT_EQ(step.top(), first.top());
+            EXPECT_NEAR(step.left() + step.width() / 2, first.left() + first.width() / 2, 1);
+            heights.insert(step.height());
+        }
+        RecordProperty("steps", static_cast<int>(heights.size()));
+        RecordProperty("milliseconds", static_cast<int>(elapsed));
+        // Half of sixty a second, for machines under load.
+        EXPECT_GE(heights.size(), 8U);
+        EXPECT_GE(elapsed, 240);
+    }
+    EXPECT_EQ(watcher.current(), first);
+}
+
+} // namespace
