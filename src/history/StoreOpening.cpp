@@ -57,8 +57,12 @@ void makeFilesPrivate(const QByteArray &path)
 std::unique_ptr<SQLite::Database> open(const QByteArray &path)
 {
     struct stat status = {};
-    if (::stat(path.constData(), &status) == 0 && !S_ISREG(status.st_mode))
-        throw SQLite::Exception("it is not a file", SQLITE_CANTOPEN);
+    if (::stat(path.constData(), &status) == 0) {
+        // SQLite would take a file of one byte for an empty database and write over it.
+        constexpr off_t kSmallestDatabase = 512;
+        if (!S_ISREG(status.st_mode) || (status.st_size > 0 && status.st_size < kSmallestDatabase))
+            throw SQLite::Exception("it is not a database", SQLITE_NOTADB);
+    }
     auto database = std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READWRITE,
                                                        kBusyMilliseconds);
     // A store that does not fit is left alone, down to the write-ahead log of its last writer.

@@ -36,4 +36,8 @@ public:
     /// Makes one of our own windows the active one although another application is in front, in
     /// the name of the user's last key press. `window` must be visible.
     virtual void activate(QWindow *window) = 0;
+
+    /// Whether `window`, one of our own, is the one in front. It stays so while some program holds
+    /// the keyboard for a hot key or a menu, although no key reaches the window then.
+    virtual bool isInFront(const QWindow &window) const = 0;
 };

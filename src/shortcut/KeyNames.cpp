@@ -114,5 +114,5 @@ QString KeyNames::translatedName(quint64 keyCode) const
         return {};
     QString name = layout->asciiCapableName(static_cast<quint16>(keyCode));
     const QList<uint> characters = name.toUcs4();
-    return std::ranges::all_of(characters, isPrinted) ? name : QString();
+    return name.isValidUtf16() && std::ranges::all_of(characters, isPrinted) ? name : QString();
 }

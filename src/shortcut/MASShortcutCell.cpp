@@ -47,7 +47,7 @@ private:
 /// The colours of one drawing, all from the palette.
 struct Colors
 {
-    explicit Colors(const MASShortcutCell::State &state)
+    Colors(MASShortcutCell::Style style, const MASShortcutCell::State &state)
     {
         const QPalette &palette = state.palette;
         const auto group = state.isEnabled ? QPalette::Normal : QPalette::Disabled;
@@ -65,6 +65,8 @@ struct Colors
         border = mixed(window, text, state.isEnabled ? 0.3 : 0.15);
         title = palette.color(group, QPalette::ButtonText);
         prompt = state.isPressed ? mixed(title, fill, 0.38) : title;
+        if (state.isPressed && style == MASShortcutCell::Style::Borderless)
+            prompt = mixed(accent, title, 0.25);
         glyph = mixed(title, fill, state.isHinting ? 0.0 : 0.4);
         disc = mixed(fill, title, 0.13);
     }
@@ -126,7 +128,7 @@ void drawBezel(QPainter &painter, MASShortcutCell::Style style, const MASShortcu
 
 QPainterPath crossPath(const QPointF &center, double size)
 {
-    const double half = size * 0.36;
+    const double half = size * 0.33;
     QPainterPath path(center + QPointF(-half, -half));
     path.lineTo(center + QPointF(half, half));
     path.moveTo(center + QPointF(half, -half));
@@ -138,16 +140,20 @@ QPainterPath crossPath(const QPointF &center, double size)
 QPainterPath escapePath(const QPointF &center, double size)
 {
     const double half = size * 0.5;
-    QPainterPath path;
-    const QRectF circle(center.x() - half, center.y() - half, size, size);
-    path.arcMoveTo(circle, 172);
-    path.arcTo(circle, 172, 286);
     const QPointF tip = center + QPointF(-half, -half);
-    path.moveTo(center + QPointF(half * 0.1, half * 0.1));
+    const QPointF middle = center + QPointF(half * 0.08, half * 0.08);
+    const double head = half * 0.62;
+    QPainterPath path;
+    const QRectF circle(middle.x() - half * 0.9, middle.y() - half * 0.9, size * 0.9, size * 0.9);
+    constexpr double kGapStart = 88;
+    constexpr double kGapEnd = 182;
+    path.arcMoveTo(circle, kGapEnd);
+    path.arcTo(circle, kGapEnd, 360 - (kGapEnd - kGapStart));
+    path.moveTo(middle);
     path.lineTo(tip);
-    path.moveTo(tip + QPointF(0, half * 0.8));
+    path.moveTo(tip + QPointF(0, head));
     path.lineTo(tip);
-    path.lineTo(tip + QPointF(half * 0.8, 0));
+    path.lineTo(tip + QPointF(head, 0));
     return path;
 }
 
@@ -156,7 +162,7 @@ void drawGlyph(QPainter &painter, const MASShortcutCell::State &state, const Col
 {
     if (state.glyph == MASShortcutCell::Glyph::None)
         return;
-    constexpr double kGlyphSize = 10;
+    constexpr double kGlyphSize = 11;
     constexpr double kDiscSize = 17;
     const PixelGrid grid(painter);
     const double room = std::min(state.glyphRect.width(), state.glyphRect.height());
@@ -220,7 +226,7 @@ int MASShortcutCell::buttonWidth() const
 
 void MASShortcutCell::draw(QPainter &painter, const State &state) const
 {
-    const Colors colors(state);
+    const Colors colors(m_style, state);
     painter.setRenderHint(QPainter::Antialiasing);
     drawBezel(painter, m_style, state, colors);
     drawTitle(painter, m_font, state, colors);

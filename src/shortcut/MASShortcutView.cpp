@@ -278,7 +278,7 @@ void MASShortcutView::refresh()
 QSize MASShortcutView::sizeHint() const
 {
     // As wide as its longest prompt, so that it does not change its size while it is used.
-    constexpr int kTitleMargin = 10;
+    constexpr int kTitleMargin = 13;
     constexpr int kVerticalMargin = 6;
     const QFontMetrics metrics(m_cell.font());
     int titleWidth = metrics.horizontalAdvance(tr("Record Shortcut"));

@@ -107,14 +107,11 @@ bool ShortcutRecording::monitorKey(QKeyEvent &event)
     const bool isPress = event.type() != QEvent::KeyRelease;
     if (!m_recorder || (!isPress && !isModifierKey(event)))
         return false;
-    // A key that is merely held says nothing new.
-    if (event.isAutoRepeat()) {
-        event.accept();
-        return true;
-    }
-    // A shortcut of the application is about to steal the key. Claimed, it comes as a press.
-    if (event.type() == QEvent::ShortcutOverride &&
-        !MASShortcutView::isLetThrough(MASShortcut::shortcutWithEvent(event))) {
+    // A key that is merely held says nothing new. And a shortcut of the application may be about to
+    // steal the key: claimed, it comes as a press.
+    const bool isClaim = event.type() == QEvent::ShortcutOverride &&
+                         !MASShortcutView::isLetThrough(MASShortcut::shortcutWithEvent(event));
+    if (event.isAutoRepeat() || isClaim) {
         event.accept();
         return true;
     }
@@ -123,6 +120,8 @@ bool ShortcutRecording::monitorKey(QKeyEvent &event)
     const bool isSwallowed = m_recorder->handleKeyEvent(event);
     if (m_phase != Phase::AwaitingRelease)
         m_key.reset();
+    if (isSwallowed)
+        event.accept();
     return isSwallowed;
 }
 
@@ -133,8 +132,9 @@ bool ShortcutRecording::awaitRelease(QKeyEvent &event)
         event.accept();
         return true;
     }
-    const bool isRelease = event.type() == QEvent::KeyRelease;
-    if (isAwaited == isRelease)
+    const bool isLetGo = isAwaited && event.type() == QEvent::KeyRelease;
+    const bool isAnotherPress = !isAwaited && event.type() == QEvent::KeyPress;
+    if (isLetGo || isAnotherPress)
         enter(Phase::Off);
     return false;
 }

@@ -130,6 +130,9 @@ class Desktop:
                 except subprocess.TimeoutExpired:
                     process.send_signal(signal.SIGKILL)
                     process.wait()
+            for pipe in (process.stdin, process.stdout, process.stderr):
+                if pipe:
+                    pipe.close()
         self.processes.clear()
         shutil.rmtree(self.home, ignore_errors=True)
 

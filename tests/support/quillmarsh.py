@@ -25,8 +25,11 @@ class Quillmarsh:
             self.wait_for_log("devmate setup complete")
 
     def _read(self):
-        for line in self.process.stdout:
-            self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
+        try:
+            for line in self.process.stdout:
+                self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
+        except ValueError:
+            pass  # closed with the desktop
 
     def wait_for_log(self, text, count=1, seconds=10):
         def seen():

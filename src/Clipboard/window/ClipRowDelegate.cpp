@@ -72,5 +72,6 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row) const
     painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.text);
     painter.setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     painter.drawText(rect, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetrics(m_font).elidedText(text, Qt::ElideRight, rect.width()));
+                     QFontMetrics(m_font).elidedText(
+                         text, row.isFile ? Qt::ElideMiddle : Qt::ElideRight, rect.width()));
 }

@@ -19,6 +19,7 @@ public:
         QRect valueRect;
         QString number;
         QString value;
+        bool isFile = false; ///< The end of a path tells more than its middle.
         bool isSelected = false;
     };
 

@@ -18,6 +18,9 @@ namespace {
 constexpr int kShadowReach = 26; ///< Points that the blur extends beyond the frame.
 constexpr int kShadowDrop = 8;   ///< Points that the shadow lies below the frame.
 constexpr int kShadowCore = 8;   ///< Points of the nine-part picture that are stretched.
+/// Points of the picture's corners: as the shadow lies lower than the frame, they must reach that
+/// much further in to leave no gap below it.
+constexpr int kShadowCorner = kShadowReach + ClipboardWindow::kCornerRadius + kShadowDrop;
 constexpr int kShadowAlpha = 92;
 
 /// One pass of a box blur along a line of `count` alpha values that lie `stride` bytes apart.
@@ -42,7 +45,7 @@ void blurLine(uchar *line, int count, int stride, int radius, std::vector<int> &
 /// The least picture of a rounded frame's shadow: four corners and a core to stretch between them.
 QPixmap makeShadow(qreal scale)
 {
-    const int side = 2 * (kShadowReach + ClipboardWindow::kCornerRadius) + kShadowCore;
+    const int side = 2 * kShadowCorner + kShadowCore;
     const int pixels = qCeil(side * scale);
     QImage alpha(pixels, pixels, QImage::Format_Alpha8);
     alpha.fill(0);
@@ -82,12 +85,12 @@ QPixmap makeShadow(qreal scale)
 void drawShadow(QPainter &painter, const QRect &outer, const QPixmap &shadow)
 {
     const qreal scale = shadow.devicePixelRatio();
-    const int corner = kShadowReach + ClipboardWindow::kCornerRadius;
-    const std::array<int, 4> xs{outer.left(), outer.left() + corner, outer.right() + 1 - corner,
-                                outer.right() + 1};
-    const std::array<int, 4> ys{outer.top(), outer.top() + corner, outer.bottom() + 1 - corner,
-                                outer.bottom() + 1};
-    const std::array<int, 4> sources{0, corner, corner + kShadowCore, 2 * corner + kShadowCore};
+    const std::array<int, 4> xs{outer.left(), outer.left() + kShadowCorner,
+                                outer.right() + 1 - kShadowCorner, outer.right() + 1};
+    const std::array<int, 4> ys{outer.top(), outer.top() + kShadowCorner,
+                                outer.bottom() + 1 - kShadowCorner, outer.bottom() + 1};
+    const std::array<int, 4> sources{0, kShadowCorner, kShadowCorner + kShadowCore,
+                                     2 * kShadowCorner + kShadowCore};
     for (size_t row = 0; row < 3; ++row) {
         for (size_t column = 0; column < 3; ++column) {
             if (row == 1 && column == 1)

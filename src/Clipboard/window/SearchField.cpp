@@ -2,6 +2,7 @@
 
 #include "Clipboard/window/WindowIcons.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QToolButton>
 
@@ -25,6 +26,8 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
     setTextMargins(kSideMargin + kIconExtent + kTextGap, 0, kSideMargin + kClearExtent + kTextGap,
                    0);
 
+    updateFont();
+
     m_clearButton->setAccessibleName(tr("Clear search"));
     m_clearButton->setToolTip(tr("Clear search"));
     m_clearButton->setAutoRaise(true);
@@ -36,6 +39,13 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
     connect(m_clearButton, &QToolButton::clicked, this, [this] { replaceText(QString()); });
     connect(this, &QLineEdit::textChanged, m_clearButton,
             [this](const QString &text) { m_clearButton->setVisible(!text.isEmpty()); });
+}
+
+void SearchField::updateFont()
+{
+    QFont large = QApplication::font();
+    large.setPointSizeF(large.pointSizeF() * 1.35);
+    setFont(large);
 }
 
 void SearchField::replaceText(const QString &text)
@@ -50,6 +60,7 @@ void SearchField::replaceText(const QString &text)
 void SearchField::setColors(const ClipColors &colors)
 {
     m_colors = colors;
+    updateFont();
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, colors.text);

@@ -19,6 +19,7 @@ public:
     /// Replaces the whole text as if the user had done it: Undo brings the old text back.
     void replaceText(const QString &text);
 
+    /// Takes on the colours, and the desktop's font.
     void setColors(const ClipColors &colors);
 
     QSize sizeHint() const override;
@@ -28,6 +29,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void updateFont();
     void updateIcons();
 
     ClipColors m_colors;

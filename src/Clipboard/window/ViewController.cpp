@@ -27,7 +27,7 @@
 namespace {
 
 constexpr int kDividerWidth = 1;
-constexpr int kListWidth = 300;
+constexpr int kListWidth = 320;
 constexpr int kListPadding = 6; ///< Points above and below the list.
 
 /// Keys with which a person reads and copies from the text preview; any other key is meant for the
@@ -108,7 +108,7 @@ void ViewController::viewDidLoad()
     connect(m_splitView, &QSplitter::splitterMoved, this,
             &ViewController::splitViewDidResizeSubviews);
     connect(m_textFieldView, &PreviewPane::resized, this,
-            &ViewController::positionRightHandTextView);
+            &ViewController::splitViewDidResizeSubviews);
     connect(m_mainView.get(), &ClipboardView::resized, this, [this] {
         m_emptyStateView->setGeometry(
             m_mainView->rect().adjusted(1, 1 + m_searchTextField->height(), -1, -1));
@@ -304,10 +304,22 @@ std::optional<QString> ViewController::tableView(TableColumn column, int row) co
 {
     if (column == TableColumn::Row)
         return QStringLiteral("  ") + QString::number(row + 1);
+    const std::shared_ptr<ClipItem> item = itemAt(row);
+    return item ? item->shortText() : std::nullopt;
+}
+
+bool ViewController::isFileClip(int row) const
+{
+    const std::shared_ptr<ClipItem> item = itemAt(row);
+    return item && item->filepath().has_value();
+}
+
+std::shared_ptr<ClipItem> ViewController::itemAt(int row) const
+{
     const auto &list = getDataArray();
     if (row < 0 || static_cast<size_t>(row) >= list.size())
-        return std::nullopt;
-    return list[static_cast<size_t>(row)]->shortText();
+        return nullptr;
+    return list[static_cast<size_t>(row)];
 }
 
 const std::vector<std::shared_ptr<ClipItem>> &ViewController::getDataArray() const

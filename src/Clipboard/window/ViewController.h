@@ -78,6 +78,8 @@ public:
     int numberOfRowsInTableView() const;
     /// A cell's text; none outside the list.
     std::optional<QString> tableView(TableColumn column, int row) const;
+    /// Whether the row holds a copied file.
+    bool isFileClip(int row) const;
     const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;
     void filterDataArray(const std::optional<QString> &text);
 
@@ -128,6 +130,7 @@ private:
     void showEmptyPreview();
     void updateEmptyState();
     void speakSelection(const ClipItem &item, int row);
+    std::shared_ptr<ClipItem> itemAt(int row) const;
     int selectedRow() const;
 
     AppDelegate &m_appDelegate;

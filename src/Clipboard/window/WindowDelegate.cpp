@@ -98,9 +98,6 @@ bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
         if (m_viewController->isWindowKey())
             windowDidResignKey();
         break;
-    case QEvent::Close:
-        m_viewController->hide();
-        break;
     case QEvent::WindowActivate:
         m_recheckTimer.stop();
         break;
@@ -135,5 +132,12 @@ void WindowDelegate::windowDeactivated()
 {
     if (!m_window->isVisible() || !m_viewController->isWindowKey())
         return;
-    windowDidResignKey();
+    // A grab of the keyboard, by our own hot key or another program's, looks like a loss of focus.
+    // The end of it may leave the window without the keyboard, and nothing tells, so that is looked
+    // after until either is known.
+    if (hasFocusInOwnDialog() ||
+        m_appDelegate.platform().frontApplication->isInFront(*m_window->windowHandle()))
+        m_recheckTimer.start();
+    else
+        windowDidResignKey();
 }

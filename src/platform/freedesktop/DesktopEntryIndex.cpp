@@ -1,6 +1,20 @@
 #include "platform/freedesktop/DesktopEntryIndex.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
+
+namespace {
+
+bool isInterpreter(const QString &processName)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("^(python|perl|ruby|java|node|nodejs|electron|mono|wine(64)?(-preloader)?|"
+                       "gjs|sh|bash|dash|lua|guile|php|tclsh|wish)[0-9.-]*$"));
+    return pattern.match(processName).hasMatch();
+}
+
+} // namespace
 
 DesktopEntryIndex::DesktopEntryIndex(DesktopEntryScan scan) : m_scan(std::move(scan))
 {
@@ -48,5 +62,8 @@ const DesktopApplication *DesktopEntryIndex::find(const WindowIdentity &window) 
         return found;
     if (const auto *found = first(m_byLastPart, {windowClass, name}))
         return found;
-    return first(m_byProgram, {window.processName, windowClass, name});
+    // A process that runs somebody else's program says nothing about which one it runs.
+    const QStringView process =
+        isInterpreter(window.processName) ? QStringView() : window.processName;
+    return first(m_byProgram, {process, windowClass, name});
 }

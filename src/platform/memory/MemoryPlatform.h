@@ -65,15 +65,19 @@ public:
     void setReturns(bool returns) { m_returns = returns; }
     int rememberCount() const { return m_rememberCount; }
     QWindow *activatedWindow() const { return m_activated; }
+    /// Whether our window stays in front although it has lost the keyboard.
+    void setInFront(bool isInFront) { m_isInFront = isInFront; }
 
     // ^FrontApplication
     QString applicationName() const override { return m_name; }
     void rememberTarget() override { ++m_rememberCount; }
     bool returnToTarget(std::chrono::milliseconds) override { return m_returns; }
     void activate(QWindow *window) override;
+    bool isInFront(const QWindow &) const override { return m_isInFront; }
 
 private:
     QString m_name;
+    bool m_isInFront = false;
     bool m_returns = true;
     int m_rememberCount = 0;
     QPointer<QWindow> m_activated;

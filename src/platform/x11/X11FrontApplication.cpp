@@ -110,6 +110,11 @@ void X11FrontApplication::activate(QWindow *window)
     xcb_flush(qt);
 }
 
+bool X11FrontApplication::isInFront(const QWindow &window) const
+{
+    return window.handle() && m_active.current() == window.winId();
+}
+
 bool X11FrontApplication::isOurs(xcb_window_t window) const
 {
     // A client's windows carry its number in their ids.

@@ -32,6 +32,7 @@ public:
     void rememberTarget() override;
     [[nodiscard]] bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) override;
     void activate(QWindow *window) override;
+    bool isInFront(const QWindow &window) const override;
 
 private:
     bool isOurs(xcb_window_t window) const;

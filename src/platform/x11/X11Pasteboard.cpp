@@ -9,6 +9,7 @@
 #include <QLoggingCategory>
 
 #include <future>
+#include <utility>
 
 Q_LOGGING_CATEGORY(lcPasteboard, "quillmarsh.pasteboard")
 
@@ -104,11 +105,13 @@ void X11Pasteboard::shutDown()
 {
     if (!m_thread)
         return;
-    // Shared with the task: the answer may come after the limit, when nobody waits any more.
-    const auto handedOver = std::make_shared<std::promise<void>>();
-    std::future<void> isHandedOver = handedOver->get_future();
-    m_thread->post(
-        [this, handedOver] { m_service->handOver([handedOver] { handedOver->set_value(); }); });
+    // The task's alone: it is dropped when the connection is lost, which ends the wait, and the
+    // answer may come when nobody waits any more.
+    auto handedOver = std::make_shared<std::promise<void>>();
+    const std::future<void> isHandedOver = handedOver->get_future();
+    m_thread->post([this, handedOver = std::move(handedOver)] {
+        m_service->handOver([handedOver] { handedOver->set_value(); });
+    });
     isHandedOver.wait_for(m_limits.handover);
     m_thread.reset();
     m_service.reset();

@@ -18,6 +18,17 @@ std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply)
     return {reply, &std::free};
 }
 
+/// The number in DISPLAY after the dot.
+int defaultScreen()
+{
+    char *host = nullptr;
+    int display = 0;
+    int screen = 0;
+    xcb_parse_display(nullptr, &host, &display, &screen);
+    std::free(host);
+    return screen;
+}
+
 xcb_window_t rootOf(xcb_connection_t *connection, int screen)
 {
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
@@ -34,9 +45,7 @@ X11TrayArea::X11TrayArea(QObject *parent) : TrayArea(parent)
     if (!x11)
         return;
     xcb_connection_t *connection = x11->connection();
-    int screen = 0;
-    if (char *host = nullptr; xcb_parse_display(nullptr, &host, nullptr, &screen))
-        std::free(host);
+    const int screen = defaultScreen();
     const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(screen);
     const auto atom = owned(xcb_intern_atom_reply(
         connection,

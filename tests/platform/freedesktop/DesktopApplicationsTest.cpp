@@ -67,6 +67,7 @@ TEST_F(DesktopApplications, aWindowIsNamedByTheMostTrustworthySign)
     put("helper.desktop", "Name=Helper\nExec=browser\nNoDisplay=true\n");
     put("flat.desktop", "Name=Flat\nExec=flatpak run x\n");
     put("vendor/tool.desktop", "Name=Tool\n");
+    put("python3.11.desktop", "Name=Python\nExec=/usr/bin/python3.11\n");
     struct Row
     {
         WindowIdentity window;
@@ -82,6 +83,7 @@ TEST_F(DesktopApplications, aWindowIsNamedByTheMostTrustworthySign)
         {window("x", "vendor-tool"), "Tool"},
         {window("x", "Unknown", "", "browser"), "Browser"},
         {window("x", "Unknown", "", "flatpak"), "Unknown"},
+        {window("script.py", "Script.py", "", "python3.11"), "Script.py"},
         {window("x", "", "", "proc"), "proc"},
         {window("x", "", "", ""), ""},
     };

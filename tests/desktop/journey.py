@@ -1,0 +1,107 @@
+"""What the journeys share: a fresh desktop and a running Quillmarsh for each test, and the
+applications around it. On a failure the screen is kept beside the test's log."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import unittest
+
+SUPPORT = pathlib.Path(__file__).resolve().parent.parent / "support"
+sys.path.insert(0, str(SUPPORT))
+from desktop import Desktop  # noqa: E402
+from held_keys import HeldKeys  # noqa: E402, F401
+from quillmarsh import BUNDLE, Quillmarsh, contents, copy, pasteboard  # noqa: E402, F401
+
+BINARY = os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh")
+QT_EDITOR = os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor")
+PYTHON = "/usr/bin/python3"
+
+
+class Journey(unittest.TestCase):
+    """`self.desktop` and `self.app`; a class that wants to start the program itself sets
+    `starts_app` to False."""
+
+    starts_app = True
+    desktop_options = {}
+
+    def setUp(self):
+        self._problems_before = self._problems()
+        self.desktop = Desktop(**self.desktop_options)
+        self.desktop.__enter__()
+        self.addCleanup(self.desktop.close)
+        self.addCleanup(self._keep_screen)
+        if self.starts_app:
+            self.app = Quillmarsh(self.desktop, BINARY)
+
+    def _problems(self):
+        return len(self._outcome.result.errors) + len(self._outcome.result.failures)
+
+    def _keep_screen(self):
+        if self._problems() > self._problems_before:
+            self.desktop.run(["import", "-window", "root", f"{self.id()}.png"])
+            for line in getattr(self, "app", None) and self.app.log or []:
+                print("  quillmarsh:", line)
+
+    def file(self, name):
+        return os.path.join(self.desktop.home, name)
+
+    def wait_for(self, condition, what, seconds=10):
+        return self.desktop.wait_for(condition, what, seconds)
+
+    def copy(self, text, target=None):
+        """Copies with xclip and waits until it is recorded."""
+        copy(self.desktop, text, target)
+        self.app.wait_for_clip(text)
+
+    def owner(self, *arguments, wait=True):
+        """Starts a clipboard owner of support/owner.py."""
+        process = self.desktop.start([PYTHON, str(SUPPORT / "owner.py"), *map(str, arguments)],
+                                     stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        if wait:
+            process.stdout.readline()
+        return process
+
+    def editor(self, kind, *arguments):
+        """A text window of our own ("gtk" or "qt") with the keyboard; returns the path of the
+        file that holds its text."""
+        path = self.file(f"{kind}.txt")
+        command = [QT_EDITOR] if kind == "qt" else [PYTHON, str(SUPPORT / "gtk_editor.py")]
+        process = self.desktop.start([*command, path, *arguments], stdout=subprocess.PIPE,
+                                     stderr=subprocess.DEVNULL, text=True)
+        self.assertEqual(process.stdout.readline(), "ready\n")
+        return path
+
+    def terminal(self):
+        """xterm running cat into a file, with the keyboard; returns that file's path."""
+        path = self.file("xterm.txt")
+        self.desktop.start(["xterm", "-e", f"cat > {path}"], stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL)
+
+        def is_in_front():
+            window = self.desktop.run(["xdotool", "getactivewindow"], capture_output=True,
+                                      text=True).stdout.strip()
+            told = self.desktop.run(["xprop", "-id", window, "WM_CLASS"], capture_output=True,
+                                    text=True).stdout
+            return "XTerm" in told and os.path.exists(path)
+
+        self.wait_for(is_in_front, "xterm in front")
+        return path
+
+    def wait_for_text(self, path, text):
+        try:
+            self.wait_for(lambda: contents(path) == text, f"{text!r} in {path}")
+        except TimeoutError as problem:
+            raise AssertionError(f"{problem}; it holds {contents(path)!r}") from None
+
+    def paste_with(self, *keys, filter_text=None):
+        """Opens the history, narrows it, and presses keys."""
+        self.app.open_history()
+        if filter_text:
+            self.app.type(filter_text)
+        self.app.key(*keys)
+        self.app.wait_until_hidden()
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,118 @@
+"""The history window: finding, choosing, deleting, and where it opens."""
+
+import unittest
+
+from journey import BINARY, Journey, Quillmarsh, copy
+
+
+class HistoryJourney(Journey):
+    def test_the_list_is_searched_without_regard_to_case_and_with_wildcards(self):
+        for text in ("Mail to Anna", "email address", "ΟΔΟΣ", "a1b", "unrelated"):
+            self.copy(text)
+        path = self.editor("gtk")
+        expected = ""
+        for typed, pasted in (("MAIL TO", "Mail to Anna"), ("a*b", "a1b"), ("l a?dr", "email address")):
+            self.paste_with("Return", filter_text=typed)
+            expected += pasted
+            self.wait_for_text(path, expected)
+
+    def test_super_backspace_deletes_and_other_deleting_keys_edit_the_search(self):
+        for text in ("one", "two", "three"):
+            self.copy(text)
+        self.editor("gtk")
+        self.app.open_history()
+        self.app.type("zz")
+        self.app.key("ctrl+BackSpace", "shift+Delete", "BackSpace")
+        self.app.key("Down", "super+BackSpace")
+        self.wait_for(lambda: self.app.clips() == ["three", "one"], "one clip fewer")
+        self.app.key("Escape")
+        self.app.wait_until_hidden()
+
+    def test_up_and_down_stop_at_the_ends_and_the_shortcut_steps_down(self):
+        for text in ("3", "2", "1"):
+            self.copy(text)
+        path = self.editor("gtk")
+        self.paste_with("Up", "Return")
+        self.wait_for_text(path, "1")
+        self.paste_with("Down", "Down", "Down", "Down", "Up", "Return")
+        self.wait_for_text(path, "12")
+        self.app.open_history()
+        self.app.key("super+shift+v")
+        self.app.key("super+shift+v")
+        self.app.key("Return")
+        self.wait_for_text(path, "123")
+
+    def test_a_click_elsewhere_closes_it_and_a_double_click_pastes(self):
+        self.copy("second row")
+        self.copy("first row")
+        path = self.editor("gtk")
+        self.desktop.run(["xdotool", "search", "--name", "^GTK editor$", "windowmove", "10", "30"])
+        self.app.open_history()
+        self.desktop.run(["xdotool", "mousemove", "40", "80", "click", "1"])
+        self.app.wait_until_hidden()
+        window = self.app.open_history()
+        self.desktop.run(["xdotool", "mousemove", "--window", window, "120", "98",
+                          "click", "--repeat", "2", "--delay", "50", "1"])
+        self.app.wait_until_hidden()
+        self.wait_for_text(path, "second row")
+
+    def test_a_copy_under_the_open_window_does_not_change_what_return_pastes(self):
+        self.copy("chosen")
+        self.copy("newer")
+        path = self.editor("gtk")
+        self.app.open_history()
+        self.app.key("Down")
+        copy(self.desktop, "arrived meanwhile")
+        self.app.wait_for_clip("arrived meanwhile")
+        self.app.key("Return")
+        self.wait_for_text(path, "chosen")
+
+    def test_another_application_taking_the_keyboard_closes_it(self):
+        self.copy("x")
+        self.app.open_history()
+        self.editor("qt")
+        self.app.wait_until_hidden()
+
+    def test_the_history_outlives_a_quit_and_a_kill(self):
+        self.copy("before quitting")
+        self.assertEqual(self.app.quit(), 0)
+        self.assertIn("Exit", "\n".join(self.app.log))
+        self.app = Quillmarsh(self.desktop, self.app.binary)
+        self.copy("before the kill")
+        self.app.process.kill()
+        self.app.process.wait()
+        self.app = Quillmarsh(self.desktop, self.app.binary)
+        self.assertEqual(self.app.clips(), ["before the kill", "before quitting"])
+
+    def test_a_second_start_opens_the_history_of_the_first(self):
+        self.copy("x")
+        second = self.desktop.run([self.app.binary], capture_output=True)
+        self.assertEqual(second.returncode, 0)
+        self.app.wait_until_active(self.app.window())
+
+
+class TwoMonitors(Journey):
+    desktop_options = {"screen": "1600x900"}
+    starts_app = False
+
+    def test_it_opens_on_the_monitor_under_the_pointer_one_third_from_the_top(self):
+        for name, geometry in (("left", "800/300x900/300+0+0"), ("right", "800/300x900/300+800+0")):
+            self.desktop.run(["xrandr", "--setmonitor", name, geometry,
+                              "screen" if name == "left" else "none"])
+        self.app = Quillmarsh(self.desktop, BINARY)
+        for pointer, left in ((300, 0), (1300, 800)):
+            with self.subTest(pointer=pointer):
+                self.desktop.run(["xdotool", "mousemove", str(pointer), "450"])
+                window = self.app.open_history()
+                told = self.desktop.run(["xdotool", "getwindowgeometry", "--shell", window],
+                                        capture_output=True, text=True).stdout
+                place = dict(line.split("=") for line in told.split())
+                x, y, width, height = (int(place[k]) for k in ("X", "Y", "WIDTH", "HEIGHT"))
+                self.assertEqual(x, left + (800 - width) // 2)
+                self.assertAlmostEqual(y, (900 - height) / 3, delta=1)
+                self.app.key("Escape")
+                self.app.wait_until_hidden()
+
+
+if __name__ == "__main__":
+    unittest.main()

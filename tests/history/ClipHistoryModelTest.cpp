@@ -1,0 +1,228 @@
+#include "history/HistoryRig.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace {
+
+/// The history as it would be kept if neither time nor memory counted: everything in one table
+/// that is read anew, sorted and matched at each step.
+class NaiveHistory
+{
+public:
+    struct Clip
+    {
+        int record;
+        QString text;
+        QString filepath; ///< Empty for a text.
+        qint64 date;
+    };
+
+    void load()
+    {
+        shown = newestFirst();
+        last = shown.empty() ? std::nullopt : std::optional(shown.front().text);
+    }
+
+    void add(const QString &text, const QString &filepath, qint64 date, int maxItems)
+    {
+        if (text.isEmpty() || last == text)
+            return;
+        std::vector<Clip> clips = newestFirst();
+        const auto same = std::find_if(clips.begin(), clips.end(),
+                                       [&](const Clip &clip) { return clip.text == text; });
+        const Clip added{same == clips.end() ? ++m_records : same->record, text, filepath, date};
+        remove(added.record);
+        m_table.push_back(added);
+        if (static_cast<int>(shown.size()) >= maxItems)
+            remove(newestFirst().back().record);
+        load();
+    }
+
+    void search(const QString &term)
+    {
+        const bool isFileSearch = term.toLower().startsWith(QStringLiteral("file:"));
+        QString pattern = isFileSearch ? term.mid(5) : term;
+        if (isFileSearch && pattern.startsWith(u' '))
+            pattern.remove(0, 1);
+        pattern = QRegularExpression::escape(pattern);
+        pattern.replace(QStringLiteral("\\*"), QStringLiteral(".*"));
+        pattern.replace(QStringLiteral("\\?"), QStringLiteral("."));
+        const QRegularExpression expression(pattern,
+                                            QRegularExpression::CaseInsensitiveOption |
+                                                QRegularExpression::UseUnicodePropertiesOption |
+                                                QRegularExpression::DotMatchesEverythingOption);
+        shown.clear();
+        for (const Clip &clip : newestFirst()) {
+            if ((!isFileSearch || !clip.filepath.isEmpty()) &&
+                expression.match(clip.text).hasMatch())
+                shown.push_back(clip);
+        }
+    }
+
+    void deleteRow(std::size_t row)
+    {
+        remove(shown[row].record);
+        shown.erase(shown.begin() + static_cast<std::ptrdiff_t>(row));
+    }
+
+    void shrink(std::size_t maxItems)
+    {
+        for (std::size_t i = maxItems; i < shown.size(); ++i)
+            remove(shown[i].record);
+        load();
+    }
+
+    std::vector<Clip> shown;
+    std::optional<QString> last;
+
+private:
+    std::vector<Clip> newestFirst() const
+    {
+        std::vector<Clip> clips = m_table;
+        std::sort(clips.begin(), clips.end(), [](const Clip &one, const Clip &other) {
+            return std::pair(one.date, one.record) > std::pair(other.date, other.record);
+        });
+        return clips;
+    }
+    void remove(int record)
+    {
+        std::erase_if(m_table, [&](const Clip &clip) { return clip.record == record; });
+    }
+
+    std::vector<Clip> m_table;
+    int m_records = 0;
+};
+
+class RandomSteps
+{
+public:
+    RandomSteps(const QString &folder, unsigned seed)
+        : m_folder(folder), m_random(seed), m_rig(std::make_unique<HistoryRig>(folder))
+    {
+    }
+
+    void step()
+    {
+        const int kind = pick(20);
+        if (kind < 10)
+            add();
+        else if (kind < 14)
+            search();
+        else if (kind < 17)
+            deleteRow();
+        else if (kind == 17)
+            shrink();
+        else if (kind == 18)
+            load();
+        else
+            restart();
+        compare();
+    }
+
+private:
+    int pick(int below) { return static_cast<int>(m_random() % static_cast<unsigned>(below)); }
+
+    QString text()
+    {
+        static const QStringList kWords{QStringLiteral("Mail"), QStringLiteral("mAIL x"),
+                                        QStringLiteral("é"),    QStringLiteral("É\nb"),
+                                        QStringLiteral("*"),    QString()};
+        return kWords[pick(6)] + QString::number(pick(4)) + kWords[pick(6)];
+    }
+
+    void add()
+    {
+        const QString copy = text();
+        const QString filepath = pick(3) == 0 ? QStringLiteral("/tmp/") + copy : QString();
+        m_rig->settings.maxItems = 4 + pick(12);
+        // Now and then the clock is set back; no two additions are of the same moment.
+        m_rig->platform.clock.advance(std::chrono::milliseconds(pick(10) == 0 ? -30'000 : 5'001));
+        m_rig->history.addToClipList(copy, {}, QStringLiteral("Editor"),
+                                     filepath.isEmpty() ? std::nullopt : std::optional(filepath));
+        m_naive.add(copy, filepath, m_rig->platform.clock.now().toMSecsSinceEpoch(),
+                    static_cast<int>(m_rig->settings.maxItems));
+    }
+
+    void search()
+    {
+        static const QStringList kTerms{QString(),
+                                        QStringLiteral("mail"),
+                                        QStringLiteral("FILE: "),
+                                        QStringLiteral("file:é"),
+                                        QStringLiteral("l*É"),
+                                        QStringLiteral("?b"),
+                                        QStringLiteral("x2")};
+        const QString term = kTerms[pick(static_cast<int>(kTerms.size()))];
+        m_rig->history.filterClipItemArr(term);
+        m_naive.search(term);
+    }
+
+    void deleteRow()
+    {
+        if (m_naive.shown.empty())
+            return;
+        const auto row = static_cast<std::size_t>(pick(static_cast<int>(m_naive.shown.size())));
+        m_rig->history.deleteItem(m_rig->at(row));
+        m_naive.deleteRow(row);
+    }
+
+    void shrink()
+    {
+        const int maxItems = pick(12);
+        m_rig->history.maxItemsModified(maxItems);
+        m_naive.shrink(static_cast<std::size_t>(maxItems));
+    }
+
+    void load()
+    {
+        m_rig->history.loadClipItems();
+        m_naive.load();
+    }
+
+    void restart()
+    {
+        const QDateTime now = m_rig->platform.clock.now();
+        m_rig.reset();
+        m_rig = std::make_unique<HistoryRig>(m_folder);
+        m_rig->platform.clock.advance(
+            std::chrono::milliseconds(m_rig->platform.clock.now().msecsTo(now)));
+        m_naive.load();
+    }
+
+    void compare()
+    {
+        const ClipHistory::Items &shown = m_rig->history.clipItemArr();
+        ASSERT_EQ(shown.size(), m_naive.shown.size());
+        for (std::size_t row = 0; row < shown.size(); ++row) {
+            const NaiveHistory::Clip &expected = m_naive.shown[row];
+            ASSERT_EQ(shown[row]->strValue(), expected.text) << "row " << row;
+            ASSERT_EQ(shown[row]->filepath().value_or(QString()), expected.filepath)
+                << "row " << row;
+            ASSERT_EQ(shown[row]->createDate()->toMSecsSinceEpoch(), expected.date);
+        }
+        const auto &last = m_rig->history.lastClipItem();
+        ASSERT_EQ(last ? last->strValue() : std::nullopt, m_naive.last);
+    }
+
+    QString m_folder;
+    std::mt19937 m_random;
+    std::unique_ptr<HistoryRig> m_rig;
+    NaiveHistory m_naive;
+};
+
+TEST(ClipHistoryModel, anySequenceOfStepsShowsWhatTheNaiveHistoryShows)
+{
+    const StoreFolder folder;
+    RandomSteps steps(folder.path(), 20260102);
+    for (int i = 0; i < 1500 && !testing::Test::HasFatalFailure(); ++i) {
+        SCOPED_TRACE(i);
+        steps.step();
+    }
+}
+
+} // namespace

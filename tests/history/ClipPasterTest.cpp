@@ -1,0 +1,258 @@
+#include "history/HistoryRig.h"
+
+#include "platform/VirtualKeys.h"
+#include "support/ExpectedWarnings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ClipPasterTest : public testing::Test
+{
+protected:
+    ClipPasterTest()
+    {
+        m_rig.copy(QStringLiteral("Straße"));
+        m_rig.history.addToClipList(QStringLiteral("a.txt"), {}, QStringLiteral("Files"),
+                                    QStringLiteral("/tmp/a.txt"));
+        m_rig.history.addToClipList(QStringLiteral("Rich"), QStringLiteral("{\\rtf1 Rich}"),
+                                    QStringLiteral("Writer"), {});
+    }
+
+    static constexpr int kRich = 0;
+    static constexpr int kFile = 1;
+    static constexpr int kPlain = 2;
+
+    const QList<quint32> &keys() const { return m_rig.platform.keySender.sent(); }
+    std::optional<PasteboardContents> onPasteboard() const
+    {
+        return m_rig.platform.pasteboard.contents();
+    }
+    /// The front application answers the copy keystroke with this selection.
+    void answerCopyWith(const QString &selection)
+    {
+        m_rig.platform.keySender.setReaction([this, selection](quint32 key) {
+            if (key == VirtualKey::kC)
+                m_rig.copy(selection, QStringLiteral("Front"));
+        });
+    }
+    void expectNotification(const char *title, const char *subtitle) const
+    {
+        EXPECT_EQ(m_rig.platform.notifications.delivered(),
+                  (QList{std::pair(QString::fromLatin1(title), QString::fromLatin1(subtitle))}));
+    }
+
+    StoreFolder m_folder;
+    PasteRig m_rig{m_folder.path()};
+};
+
+TEST_F(ClipPasterTest, aClipIsOnThePasteboardAndTheWindowHiddenWhenTheKeystrokeIsSent)
+{
+    QString textAtKeystroke;
+    bool wasShown = true;
+    m_rig.platform.keySender.setReaction([&](quint32) {
+        textAtKeystroke = *onPasteboard()->text;
+        wasShown = m_rig.window.isShown;
+    });
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(keys(), QList<quint32>{VirtualKey::kV});
+    EXPECT_EQ(textAtKeystroke, QStringLiteral("Straße"));
+    EXPECT_FALSE(wasShown);
+    EXPECT_TRUE(m_rig.platform.clock.waits().isEmpty());
+}
+
+struct FormatRow
+{
+    const char *name;
+    std::optional<QString> format;
+    QString pasted;
+};
+
+class PasteFormat : public ClipPasterTest, public testing::WithParamInterface<FormatRow>
+{
+};
+
+TEST_P(PasteFormat, changesTheTextAndNeverTheRtf)
+{
+    m_rig.paster.performPaste(kPlain, GetParam().format);
+    EXPECT_EQ(onPasteboard()->text, GetParam().pasted);
+    EXPECT_EQ(onPasteboard()->rtf, std::nullopt);
+    m_rig.paster.performPaste(kRich, GetParam().format);
+    EXPECT_EQ(onPasteboard()->rtf, QStringLiteral("{\\rtf1 Rich}"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Formats, PasteFormat,
+    testing::Values(FormatRow{"none", {}, QStringLiteral("Straße")},
+                    FormatRow{"empty", QString(), QStringLiteral("Straße")},
+                    FormatRow{"upper", QStringLiteral("upper"), QStringLiteral("STRASSE")},
+                    FormatRow{"lower", QStringLiteral("lower"), QStringLiteral("straße")},
+                    FormatRow{"otherCase", QStringLiteral("Upper"), QStringLiteral("Straße")}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(ClipPasterTest, theFirstPasteCountsAsZero)
+{
+    const auto item = m_rig.at(kPlain);
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(item->pasteCount(), 0);
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(item->pasteCount(), 1);
+    EXPECT_EQ(HistoryRig(m_folder.path()).at(kPlain)->pasteCount(), 1);
+}
+
+TEST_F(ClipPasterTest, theClipChosenIsPastedAlthoughHidingTheWindowResetsTheList)
+{
+    m_rig.history.filterClipItemArr(QStringLiteral("str"));
+    m_rig.window.whenHidden = [this] { m_rig.history.filterClipItemArr(QString()); };
+    m_rig.paster.performPaste(0, {});
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
+}
+
+TEST_F(ClipPasterTest, aRowBeyondTheListPastesNothing)
+{
+    m_rig.paster.performPaste(3, {});
+    EXPECT_TRUE(keys().isEmpty());
+    EXPECT_TRUE(m_rig.window.isShown);
+}
+
+TEST_F(ClipPasterTest, aFileIsPastedAsFileAndText)
+{
+    m_rig.platform.workspace.addFile(QStringLiteral("/tmp/a.txt"));
+    m_rig.paster.performPaste(kFile, QStringLiteral("upper"));
+    EXPECT_EQ(onPasteboard()->fileNames, QStringList{QStringLiteral("/tmp/a.txt")});
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("a.txt"));
+    EXPECT_EQ(keys(), QList<quint32>{VirtualKey::kV});
+}
+
+TEST_F(ClipPasterTest, aMissingFileIsToldAndNothingIsPasted)
+{
+    const qint64 changeCount = m_rig.platform.pasteboard.changeCount();
+    m_rig.paster.performPaste(kFile, {});
+    EXPECT_EQ(m_rig.platform.pasteboard.changeCount(), changeCount);
+    EXPECT_TRUE(keys().isEmpty());
+    expectNotification("File no longer exists",
+                       "The file no longer exists at the copied location.");
+    m_rig.settings.areNotificationsEnabled = false;
+    m_rig.paster.performPaste(kFile, {});
+    EXPECT_EQ(m_rig.platform.notifications.delivered().size(), 1);
+}
+
+TEST_F(ClipPasterTest, whenTheTargetDoesNotComeBackNothingIsTypedAndTheClipStays)
+{
+    m_rig.platform.frontApplication.setReturns(false);
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_TRUE(keys().isEmpty());
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
+    expectNotification("The clip is on the clipboard",
+                       "The previous window could not be activated.");
+    m_rig.settings.areNotificationsEnabled = false;
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(m_rig.platform.notifications.delivered().size(), 1);
+}
+
+TEST_F(ClipPasterTest, nothingIsTypedWhenThePasteboardCannotBeWritten)
+{
+    m_rig.platform.pasteboard.setWriteFails(true);
+    ExpectedWarnings::expect(QStringLiteral("pasteboard could not be written"));
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_TRUE(keys().isEmpty());
+    EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
+}
+
+TEST_F(ClipPasterTest, withoutKeystrokesTheClipIsOnThePasteboardAndTheLogSaysWhy)
+{
+    m_rig.platform.keySender.setAvailable(false);
+    ExpectedWarnings::expect(QStringLiteral("No event source"));
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
+}
+
+TEST_F(ClipPasterTest, aSwopExchangesTheSelectionForTheClip)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    QString textBeforeExchange;
+    m_rig.window.isShown = false;
+    m_rig.paster.swop();
+    EXPECT_TRUE(m_rig.window.isShown);
+    EXPECT_EQ(m_rig.texts().size(), 3);
+    m_rig.platform.clock.setDuringWait([&] {
+        // What happens during the wait must wait for its end.
+        textBeforeExchange = *onPasteboard()->text;
+        m_rig.capture.timeout();
+    });
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(textBeforeExchange, QStringLiteral("Straße"));
+    EXPECT_EQ(m_rig.texts().mid(0, 2),
+              (QStringList{QStringLiteral("selection"), QStringLiteral("Straße")}));
+    EXPECT_EQ(m_rig.at(0)->applicationName(), QStringLiteral("Front"));
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("selection"));
+    EXPECT_EQ(keys(), (QList<quint32>{VirtualKey::kC, VirtualKey::kV}));
+    EXPECT_EQ(m_rig.platform.clock.waits(),
+              (QList{std::chrono::milliseconds(100), std::chrono::milliseconds(400)}));
+    EXPECT_FALSE(m_rig.swopState.performSwop);
+    const QStringList before = m_rig.texts();
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts(), before);
+}
+
+TEST_F(ClipPasterTest, aSwopWithoutASelectionIsAnOrdinaryPaste)
+{
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
+    EXPECT_EQ(m_rig.platform.clock.waits().size(), 1);
+    EXPECT_FALSE(m_rig.swopState.performSwop);
+}
+
+TEST_F(ClipPasterTest, aCopyThatCameBeforeTheSwopIsRecorded)
+{
+    m_rig.capture.setPaused(true);
+    m_rig.copy(QStringLiteral("earlier"));
+    m_rig.capture.setPaused(false);
+    m_rig.paster.swop();
+    EXPECT_EQ(m_rig.texts().first(), QStringLiteral("earlier"));
+    EXPECT_FALSE(m_rig.swopState.swopClipItem);
+}
+
+TEST_F(ClipPasterTest, aSwopWhoseTargetIsGoneKeepsTheSelectionInTheHistory)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    m_rig.paster.swop();
+    m_rig.platform.frontApplication.setReturns(false);
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(m_rig.texts(), (QStringList{QStringLiteral("selection"), QStringLiteral("Rich"),
+                                          QStringLiteral("a.txt"), QStringLiteral("Straße")}));
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
+    EXPECT_FALSE(m_rig.swopState.performSwop);
+}
+
+TEST_F(ClipPasterTest, aCancelledSwopKeepsTheSelectionAndRecordingGoesOn)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    m_rig.paster.swop();
+    m_rig.paster.cancelSwop();
+    EXPECT_EQ(m_rig.texts().first(), QStringLiteral("selection"));
+    m_rig.copy(QStringLiteral("next"));
+    EXPECT_EQ(m_rig.texts().first(), QStringLiteral("next"));
+}
+
+TEST_F(ClipPasterTest, theHidingInsideAPasteDoesNotCancelTheSwop)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    m_rig.window.whenHidden = [this] { m_rig.paster.cancelSwop(); };
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("selection"));
+}
+
+TEST_F(ClipPasterTest, aNegativeRowForgetsWhatASwopHolds)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(-1, {});
+    EXPECT_FALSE(m_rig.swopState.performSwop);
+    EXPECT_FALSE(m_rig.swopState.swopClipItem);
+    EXPECT_EQ(m_rig.texts().size(), 3);
+}
+
+} // namespace

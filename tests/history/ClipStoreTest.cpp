@@ -1,0 +1,313 @@
+#include "history/HistoryRig.h"
+
+#include "support/ExpectedWarnings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+class ClipStoreTest : public testing::Test
+{
+protected:
+    SQLite::Database database() const
+    {
+        QDir().mkpath(m_folder.path());
+        return SQLite::Database(m_folder.file().toStdString(),
+                                SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 1000);
+    }
+    void execute(const char *statements) const { database().exec(statements); }
+
+    QByteArray bytesOf(const char *suffix = "") const
+    {
+        QFile file(m_folder.file(suffix));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    bool isTextInFiles(const char *text) const
+    {
+        return bytesOf().contains(text) || bytesOf("-wal").contains(text);
+    }
+
+    std::unique_ptr<QProcess> start(const char *mode) const
+    {
+        auto probe = std::make_unique<QProcess>();
+        probe->start(QStringLiteral(STORE_PROBE), {QLatin1String(mode), m_folder.path()});
+        EXPECT_TRUE(probe->waitForStarted());
+        return probe;
+    }
+    /// Opens the store in a process of its own, which must be stopped by that.
+    QByteArray lineOfFatalOpening() const
+    {
+        const auto probe = start("open");
+        EXPECT_TRUE(probe->waitForFinished());
+        EXPECT_EQ(probe->exitStatus(), QProcess::CrashExit);
+        return probe->readAllStandardError();
+    }
+
+    StoreFolder m_folder;
+};
+
+constexpr const char *kRightTable =
+    "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, id INTEGER, strValue TEXT, rtfValue TEXT, "
+    "applicationName TEXT, filepath TEXT, createDate REAL, pasteCount INTEGER);"
+    "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)";
+
+TEST_F(ClipStoreTest, folderAndFilesAreForTheirOwnerOnly)
+{
+    const mode_t mask = umask(0);
+    HistoryRig rig(m_folder.path());
+    umask(mask);
+    rig.add(QStringLiteral("A"));
+    const auto modeOf = [](const QString &path) {
+        struct stat status = {};
+        EXPECT_EQ(stat(qPrintable(path), &status), 0) << path.toStdString();
+        return status.st_mode & 0777;
+    };
+    EXPECT_EQ(modeOf(m_folder.path()), 0700u);
+    for (const char *suffix : {"", "-wal", "-shm"})
+        EXPECT_EQ(modeOf(m_folder.file(suffix)), 0600u) << suffix;
+}
+
+struct ShapeRow
+{
+    const char *name;
+    const char *statements;
+    QStringList texts; ///< What is read, oldest first; empty when the store is refused.
+    const char *reason = "";
+};
+
+class StoreShape : public ClipStoreTest, public testing::WithParamInterface<ShapeRow>
+{
+};
+
+TEST_P(StoreShape, isAdaptedWithItsClipsOrRefusedUntouched)
+{
+    execute(GetParam().statements);
+    if (!GetParam().texts.isEmpty()) {
+        HistoryRig(m_folder.path()).add(QStringLiteral("new"));
+        EXPECT_EQ(HistoryRig(m_folder.path()).texts(),
+                  QStringList{QStringLiteral("new")} + GetParam().texts);
+        return;
+    }
+    const QByteArray before = bytesOf();
+    const QByteArray line = lineOfFatalOpening();
+    EXPECT_TRUE(line.startsWith("Unresolved error Error Domain=YOUR_ERROR_DOMAIN Code=9999 "
+                                "\"Failed to initialize the application's saved data\", {"))
+        << line.toStdString();
+    EXPECT_TRUE(line.contains("There was an error creating or loading the application's saved "
+                              "data."));
+    EXPECT_TRUE(line.contains(GetParam().reason)) << line.toStdString();
+    EXPECT_EQ(bytesOf(), before);
+}
+
+const QStringList kOld{QStringLiteral("old")};
+
+INSTANTIATE_TEST_SUITE_P(
+    Shapes, StoreShape,
+    testing::Values(
+        ShapeRow{"ours", kRightTable, kOld},
+        ShapeRow{"aMissingColumn",
+                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue TEXT, createDate REAL);"
+                 "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)",
+                 kOld},
+        ShapeRow{
+            "anUnknownColumnBesideOurs",
+            "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, colour INTEGER DEFAULT 7, strValue "
+            "VARCHAR(20), createDate DOUBLE);"
+            "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)",
+            kOld},
+        ShapeRow{"aClipWithoutDateIsTheOldest",
+                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue TEXT, createDate REAL);"
+                 "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', -5), ('none', NULL), "
+                 "('word', 'today')",
+                 {QStringLiteral("old"), QStringLiteral("word"), QStringLiteral("none")}},
+        ShapeRow{"otherTablesOnly", "CREATE TABLE Song (title TEXT)", {}, "no table ClipItem"},
+        ShapeRow{"aColumnOfAnotherKind",
+                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue INTEGER)",
+                 {},
+                 "another kind"},
+        ShapeRow{"noKey", "CREATE TABLE ClipItem (strValue TEXT)", {}, "no key"},
+        ShapeRow{"aColumnThatMustNotBeEmpty",
+                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, colour INTEGER NOT NULL)",
+                 {},
+                 "must not be empty"},
+        ShapeRow{"aViewInPlaceOfTheTable",
+                 "CREATE TABLE a (x); CREATE VIEW ClipItem AS SELECT x FROM a",
+                 {},
+                 "no table ClipItem"},
+        ShapeRow{"anotherEncoding",
+                 "PRAGMA encoding = 'UTF-16'; CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY)",
+                 {},
+                 "UTF-8"},
+        ShapeRow{"aNewerMajorVersion",
+                 "PRAGMA journal_mode = WAL; PRAGMA user_version = 2;"
+                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY)",
+                 {},
+                 "newer version"}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(ClipStoreTest, whatIsNoDatabaseIsRefusedUntouched)
+{
+    QDir().mkpath(m_folder.path());
+    for (const QByteArray &garbage : {QByteArray("x"), QByteArray(5000, 'x'),
+                                      QByteArray("SQLite format 3\0", 16) + QByteArray(90, '\7')}) {
+        QFile file(m_folder.file());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(garbage);
+        file.close();
+        EXPECT_TRUE(lineOfFatalOpening().startsWith("Unresolved error "));
+        EXPECT_EQ(bytesOf(), garbage);
+    }
+}
+
+TEST_F(ClipStoreTest, aNewerStoreWhoseWriterCrashedKeepsItsWriteAheadLog)
+{
+    SQLite::Database writer = database();
+    writer.exec("PRAGMA journal_mode = WAL; PRAGMA user_version = 2; CREATE TABLE Later (x)");
+    const QByteArray log = bytesOf("-wal");
+    ASSERT_FALSE(log.isEmpty());
+    EXPECT_TRUE(lineOfFatalOpening().contains("newer version"));
+    EXPECT_EQ(bytesOf("-wal"), log);
+}
+
+TEST_F(ClipStoreTest, aFolderThatCannotBeMadeStopsTheProcess)
+{
+    QFile file(m_folder.path());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(lineOfFatalOpening().contains("could not be made"));
+}
+
+TEST_F(ClipStoreTest, aProcessKilledInABurstLeavesEverythingItSaved)
+{
+    const auto probe = start("burst");
+    QByteArray output;
+    while (output.count('\n') < 200) {
+        ASSERT_TRUE(probe->waitForReadyRead());
+        output += probe->readAllStandardOutput();
+    }
+    probe->kill();
+    ASSERT_TRUE(probe->waitForFinished());
+    output += probe->readAllStandardOutput();
+    const auto saved = output.left(output.lastIndexOf('\n')).split('\n').size();
+    EXPECT_EQ(database().execAndGet("PRAGMA integrity_check").getString(), "ok");
+    const QStringList texts = HistoryRig(m_folder.path()).texts();
+    // One more may have been saved that was not told.
+    ASSERT_GE(texts.size(), std::min<qsizetype>(saved, 1000));
+    ASSERT_LE(texts.size(), saved + 1);
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        EXPECT_EQ(texts[i], QStringLiteral("clip %1").arg(texts.size() - 1 - i));
+}
+
+TEST_F(ClipStoreTest, deletedAndClearedTextsAreGoneFromTheFiles)
+{
+    HistoryRig rig(m_folder.path());
+    rig.add(QStringLiteral("needle-one ") + QString(20000, u'x'));
+    rig.add(QStringLiteral("needle-two"));
+    rig.add(QStringLiteral("needle-three"));
+    EXPECT_TRUE(isTextInFiles("needle-one"));
+    EXPECT_TRUE(isTextInFiles("needle-two"));
+    rig.history.deleteItem(rig.at(2));
+    EXPECT_FALSE(isTextInFiles("needle-one"));
+    rig.history.maxItemsModified(1);
+    EXPECT_FALSE(isTextInFiles("needle-two"));
+    const qint64 size = QFileInfo(m_folder.file()).size();
+    EXPECT_TRUE(isTextInFiles("needle-three"));
+    rig.history.clearAll();
+    EXPECT_FALSE(isTextInFiles("needle-three"));
+    EXPECT_LT(QFileInfo(m_folder.file()).size(), size);
+}
+
+/// While it lives the process cannot make files longer than so many bytes.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        m_signal = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_signal);
+    }
+
+private:
+    rlimit m_before = {};
+    void (*m_signal)(int) = SIG_DFL;
+};
+
+TEST_F(ClipStoreTest, whatCouldNotBeSavedIsReadSearchedAndSavedByTheNextSave)
+{
+    HistoryRig rig(m_folder.path());
+    rig.add(QStringLiteral("A"));
+    rig.add(QStringLiteral("B"));
+    const auto unsaved = QStringLiteral("unsaved ") + QString(100'000, u'x');
+    {
+        const FullDisk disk(16 * 1024);
+        // An addition saves twice; a deletion and a paste once.
+        for (int i = 0; i < 4; ++i)
+            ExpectedWarnings::expect(QStringLiteral("Unresolved error Error Domain=SQLite Code="));
+        rig.add(unsaved, QStringLiteral("/tmp/x"));
+        rig.history.deleteItem(rig.at(2));
+        rig.history.countPaste(rig.at(0));
+    }
+    EXPECT_EQ(rig.texts(), (QStringList{unsaved, QStringLiteral("B")}));
+    EXPECT_EQ(rig.at(0)->pasteCount(), 0);
+    EXPECT_EQ(rig.at(0)->shortText(), QStringLiteral("File: /tmp/x"));
+    EXPECT_EQ(rig.history.searchClipItem(QStringLiteral("file: UNSAVED*xx")).size(), 1u);
+    EXPECT_EQ(database().execAndGet("SELECT count(*) FROM ClipItem").getInt(), 2);
+    rig.add(QStringLiteral("B"));
+    const HistoryRig again(m_folder.path());
+    EXPECT_EQ(again.texts(), (QStringList{QStringLiteral("B"), unsaved}));
+    EXPECT_EQ(again.at(1)->pasteCount(), 0);
+}
+
+TEST_F(ClipStoreTest, aStoreLockedByAnotherProgramDelaysASaveAndLosesNothing)
+{
+    HistoryRig rig(m_folder.path());
+    {
+        SQLite::Database other = database();
+        other.exec("BEGIN IMMEDIATE");
+        ExpectedWarnings::expect(QStringLiteral("database is locked"));
+        ExpectedWarnings::expect(QStringLiteral("database is locked"));
+        rig.add(QStringLiteral("A"));
+    }
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList());
+    rig.history.saveContext();
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList{QStringLiteral("A")});
+}
+
+TEST_F(ClipStoreTest, aStoreThatCannotBeWrittenIsShownAndEachSaveSaysSo)
+{
+    execute(kRightTable);
+    HistoryRig(m_folder.path()).add(QStringLiteral("kept"));
+    const QByteArray before = bytesOf();
+    // For root every file can be written, so the probe becomes nobody then.
+    chmod(qPrintable(m_folder.file()), 0444);
+    if (geteuid() == 0) {
+        chmod(qPrintable(QFileInfo(m_folder.path()).path()), 0711);
+        ASSERT_EQ(chown(qPrintable(m_folder.path()), 65534, 65534), 0);
+    }
+    const auto probe = start("add");
+    ASSERT_TRUE(probe->waitForFinished());
+    EXPECT_EQ(probe->readAllStandardOutput(), "added\nkept\nold\n");
+    const QByteArray log = probe->readAllStandardError();
+    EXPECT_EQ(log.count("Unresolved error "), 2) << log.toStdString();
+    EXPECT_EQ(bytesOf(), before);
+}
+
+} // namespace

@@ -1,0 +1,170 @@
+#include "history/HistoryRig.h"
+
+#include "support/ExpectedWarnings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Judgement = Pasteboard::Judgement;
+
+class ClipboardCaptureTest : public testing::Test
+{
+protected:
+    QString text(std::size_t row) const { return *m_rig.at(row)->strValue(); }
+    /// The judgement of the change judged last.
+    Judgement judgement() const { return m_rig.platform.pasteboard.judgements().last().second; }
+
+    StoreFolder m_folder;
+    PasteRig m_rig{m_folder.path()};
+};
+
+TEST_F(ClipboardCaptureTest, aCopyIsRecordedAtOnceWithItsApplicationFileAndRtf)
+{
+    PasteboardContents contents;
+    contents.text = QStringLiteral("a.txt");
+    contents.rtf = QStringLiteral("{\\rtf1}");
+    contents.fileNames = {QStringLiteral("/tmp/a.txt"), QStringLiteral("/tmp/b.txt")};
+    contents.applicationName = QStringLiteral("Files");
+    m_rig.platform.pasteboard.copyFromOutside(contents);
+    ASSERT_EQ(m_rig.texts(), QStringList{QStringLiteral("a.txt")});
+    EXPECT_EQ(m_rig.at(0)->rtfValue(), QStringLiteral("{\\rtf1}"));
+    EXPECT_EQ(m_rig.at(0)->filepath(), QStringLiteral("/tmp/a.txt"));
+    EXPECT_EQ(m_rig.at(0)->applicationName(), QStringLiteral("Files"));
+    EXPECT_EQ(judgement(), Judgement::Keep);
+}
+
+TEST_F(ClipboardCaptureTest, aCopyWithoutTextIsNotRecorded)
+{
+    PasteboardContents contents;
+    contents.rtf = QStringLiteral("{\\rtf1}");
+    contents.fileNames = {QStringLiteral("/tmp/a.txt")};
+    m_rig.platform.pasteboard.copyFromOutside(contents);
+    EXPECT_EQ(m_rig.texts(), QStringList());
+    EXPECT_EQ(m_rig.capture.previousChangeCount(), 1);
+}
+
+TEST_F(ClipboardCaptureTest, changesThatWaitedAreExaminedOnceEachAndInOrder)
+{
+    m_rig.capture.setPaused(true);
+    for (int i = 0; i < 100; ++i)
+        m_rig.copy(QString::number(i));
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts(), QStringList());
+    m_rig.capture.setPaused(false);
+    m_rig.capture.timeout();
+    ASSERT_EQ(m_rig.texts().size(), 100);
+    EXPECT_EQ(text(0), QStringLiteral("99"));
+    EXPECT_EQ(text(99), QStringLiteral("0"));
+    EXPECT_EQ(m_rig.platform.pasteboard.judgements().size(), 100);
+    m_rig.history.deleteItem(m_rig.at(5));
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts().size(), 99);
+}
+
+TEST_F(ClipboardCaptureTest, ofOurOwnWritesTheLatestIsRecorded)
+{
+    m_rig.paster.setPasteboardString(QStringLiteral("first"), {});
+    m_rig.paster.setPasteboardString(QStringLiteral("second"), {});
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts(), QStringList{QStringLiteral("second")});
+}
+
+struct IgnoreRow
+{
+    const char *name;
+    QStringList ignored;
+    QString applicationName;
+    bool isIgnored;
+};
+
+class IgnoredApplications : public ClipboardCaptureTest,
+                            public testing::WithParamInterface<IgnoreRow>
+{
+};
+
+TEST_P(IgnoredApplications, leaveNoTrace)
+{
+    m_rig.settings.ignored = GetParam().ignored;
+    m_rig.copy(QStringLiteral("secret"), GetParam().applicationName);
+    EXPECT_EQ(m_rig.texts().isEmpty(), GetParam().isIgnored);
+    EXPECT_EQ(judgement(), GetParam().isIgnored ? Judgement::Discard : Judgement::Keep);
+    const QString line = QStringLiteral("ignoring copy from ") + GetParam().applicationName;
+    EXPECT_EQ(ExpectedWarnings::messages().contains(line), GetParam().isIgnored);
+    EXPECT_EQ(m_rig.capture.previousChangeCount(), 1);
+}
+
+QStringList names(const char *text)
+{
+    return QString::fromLatin1(text).split(u',', Qt::SkipEmptyParts);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, IgnoredApplications,
+    testing::Values(IgnoreRow{"none", names(""), QStringLiteral("Mail"), false},
+                    IgnoreRow{"same", names("Notes,Mail"), QStringLiteral("Mail"), true},
+                    IgnoreRow{"otherCase", names("mail"), QStringLiteral("Mail"), false},
+                    IgnoreRow{"longerName", names("Mail"), QStringLiteral("Mailbox"), false},
+                    IgnoreRow{"passwordManagerOfAnotherEdition", names("1Password 6"),
+                              QStringLiteral("1Password 7"), true},
+                    IgnoreRow{"passwordManagerOnlyInside", names("1Password"),
+                              QStringLiteral("My 1Password"), false}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(ClipboardCaptureTest, concealedCopiesAndThoseBeforeTheSettingsAreKnownAreIgnored)
+{
+    PasteboardContents contents;
+    contents.isConcealed = true;
+    contents.applicationName = QStringLiteral("Vault");
+    m_rig.platform.pasteboard.copyFromOutside(contents);
+    EXPECT_EQ(judgement(), Judgement::Discard);
+    EXPECT_TRUE(ExpectedWarnings::messages().contains(QStringLiteral("ignoring copy from Vault")));
+    m_rig.settings.mayRecord = false;
+    m_rig.copy(QStringLiteral("secret"));
+    EXPECT_EQ(judgement(), Judgement::Discard);
+    m_rig.settings.mayRecord = true;
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts(), QStringList());
+}
+
+TEST_F(ClipboardCaptureTest, whatWePutOnThePasteboardForAnIgnoredApplicationStaysThere)
+{
+    m_rig.settings.ignored = {QString()};
+    m_rig.paster.setPasteboardString(QStringLiteral("pasted"), {});
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts(), QStringList());
+    EXPECT_EQ(m_rig.platform.pasteboard.contents()->text, QStringLiteral("pasted"));
+}
+
+TEST_F(ClipboardCaptureTest, aTextIsMeasuredInBytesAndTheLimitItselfIsRecorded)
+{
+    m_rig.settings.maxStringSize = 6;
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.platform.pasteboard.largestUsefulText(), 6);
+    m_rig.copy(QStringLiteral("äöü"));
+    EXPECT_EQ(m_rig.texts(), QStringList{QStringLiteral("äöü")});
+    EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
+    m_rig.copy(QStringLiteral("äöüx"));
+    m_rig.settings.maxStringSize = 5;
+    m_rig.copy(QStringLiteral("xäöü"));
+    EXPECT_EQ(m_rig.texts().size(), 1);
+    const std::pair warning(QStringLiteral("The copied text was not recorded"),
+                            QStringLiteral("The text is too large."));
+    EXPECT_EQ(m_rig.platform.notifications.delivered(), (QList{warning, warning}));
+    m_rig.settings.areNotificationsEnabled = false;
+    m_rig.copy(QStringLiteral("xäöüx"));
+    EXPECT_EQ(m_rig.platform.notifications.delivered().size(), 2);
+    EXPECT_EQ(m_rig.capture.previousChangeCount(), 4);
+}
+
+TEST_F(ClipboardCaptureTest, duringASwopTheLatestCopyIsHeldInsteadOfRecorded)
+{
+    m_rig.swopState.performSwop = true;
+    m_rig.copy(QStringLiteral("first"));
+    m_rig.copy(QStringLiteral("second"), QStringLiteral("Terminal"));
+    EXPECT_EQ(m_rig.texts(), QStringList());
+    EXPECT_EQ(m_rig.swopState.swopClipItem->strValue, QStringLiteral("second"));
+    EXPECT_EQ(m_rig.swopState.swopClipItem->applicationName, QStringLiteral("Terminal"));
+}
+
+} // namespace

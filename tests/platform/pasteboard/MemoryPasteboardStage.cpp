@@ -1,0 +1,30 @@
+#include "platform/memory/MemoryPasteboard.h"
+#include "platform/pasteboard/PasteboardStage.h"
+
+namespace {
+
+class MemoryPasteboardStage : public PasteboardStage
+{
+public:
+    // ^PasteboardStage
+    Pasteboard &pasteboard() override { return m_pasteboard; }
+    void copyElsewhere(const PasteboardContents &contents) override
+    {
+        m_pasteboard.copyFromOutside(contents);
+    }
+    PasteboardItem pasteElsewhere() override
+    {
+        const PasteboardContents contents = m_pasteboard.contents().value_or(PasteboardContents());
+        return {contents.text, contents.rtf, contents.fileNames};
+    }
+
+private:
+    MemoryPasteboard m_pasteboard;
+};
+
+} // namespace
+
+std::unique_ptr<PasteboardStage> PasteboardStage::make()
+{
+    return std::make_unique<MemoryPasteboardStage>();
+}

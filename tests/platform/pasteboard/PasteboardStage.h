@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Pasteboard.h"
+
+#include <memory>
+
+/// A pasteboard and another program beside it, so that every pasteboard can be held to the same
+/// contract. Each test program links one implementation.
+class PasteboardStage
+{
+public:
+    PasteboardStage() = default;
+    PasteboardStage(const PasteboardStage &) = delete;
+    PasteboardStage &operator=(const PasteboardStage &) = delete;
+    virtual ~PasteboardStage() = default;
+
+    static std::unique_ptr<PasteboardStage> make();
+
+    virtual Pasteboard &pasteboard() = 0;
+
+    /// The other program copies the text, RTF and files of `contents`, marked as a secret if they
+    /// are concealed. Returns once the change was announced.
+    virtual void copyElsewhere(const PasteboardContents &contents) = 0;
+
+    /// What the other program would paste now; absent formats where there is nothing.
+    virtual PasteboardItem pasteElsewhere() = 0;
+};

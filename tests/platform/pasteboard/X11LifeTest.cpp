@@ -1,0 +1,263 @@
+#include "platform/pasteboard/X11Stage.h"
+#include "platform/x11/X11Connection.h"
+#include "support/ExpectedWarnings.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include <xcb/xproto.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Judgement = Pasteboard::Judgement;
+
+bool isServed(X11Stage &stage, const QByteArray &text)
+{
+    XcbClient requestor;
+    return pumpUntil({&requestor}, [&] { return requestor.owner("CLIPBOARD") != 0; }) &&
+           stage.paste("UTF8_STRING") == text;
+}
+
+TEST(X11Life, anOwnerThatQuitsFiftyMillisecondsAfterItsCopyIsRecordedAndCanBePasted)
+{
+    X11Stage stage;
+    for (int i = 1; i <= 20; ++i) {
+        const QByteArray text = QByteArray(300'000, 'x') + QByteArray::number(i);
+        XcbClient owner;
+        owner.copy(text);
+        QElapsedTimer clock;
+        clock.start();
+        pumpUntil({&owner}, [&] { return clock.elapsed() >= 50; });
+        owner.die();
+        ASSERT_EQ(stage.change(i, {}).text, QString::fromUtf8(text));
+        stage->judge(i, Judgement::Keep);
+        ASSERT_TRUE(isServed(stage, text));
+    }
+    EXPECT_EQ(stage->changeCount(), 20);
+}
+
+TEST(X11Life, aDeadOwnersCopyIsServedInItsOwnBytesOnlyOnceItIsJudged)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.own("CLIPBOARD", {{"UTF8_STRING", "a\xFF"}, {"text/rtf", "{\\rtf1}"}});
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    owner.die();
+    EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
+    stage->judge(1, Judgement::Keep);
+    EXPECT_TRUE(isServed(stage, "a\xFF"));
+    EXPECT_EQ(stage.paste("application/rtf"), "{\\rtf1}");
+    EXPECT_EQ(stage->changeCount(), 1);
+}
+
+TEST(X11Life, aTextThatIsTooLargeToBeOfUseStillOutlivesItsOwner)
+{
+    X11Stage stage;
+    stage->setLargestUsefulText(10'000);
+    XcbClient owner;
+    owner.copy(QByteArray(1'000'000, 'x'));
+    ASSERT_TRUE(stage.change(1, {&owner}).isTextTooLarge);
+    stage->judge(1, Judgement::Keep);
+    owner.die();
+    EXPECT_TRUE(isServed(stage, QByteArray(1'000'000, 'x')));
+}
+
+TEST(X11Life, aDiscardedCopyIsNotServedAfterItsOwnersDeath)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.copy("ignored");
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    stage->judge(1, Judgement::Discard);
+    owner.die();
+    EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
+}
+
+TEST(X11Life, aDeliberateClearLeavesNothingToAdopt)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.copy("cleared");
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    stage->judge(1, Judgement::Keep);
+    owner.disown("CLIPBOARD");
+    ASSERT_TRUE(stage.reaches(2, {&owner}));
+    EXPECT_FALSE(stage->contents());
+    EXPECT_EQ(stage->changesAfter(1).size(), 0);
+
+    owner.copy("cleared by us");
+    ASSERT_TRUE(stage.reaches(3, {&owner}));
+    stage->judge(3, Judgement::Keep);
+    stage->clear();
+    owner.die();
+    EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
+    EXPECT_EQ(stage->changeCount(), 4);
+}
+
+TEST(X11Life, ownershipIsNotTakenWhileTheOwnerLives)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.copy("theirs");
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    stage->judge(1, Judgement::Keep);
+    stage->offerPrimary();
+    EXPECT_EQ(owner.owner("CLIPBOARD"), owner.window());
+}
+
+TEST(X11Life, thePartOfTheManagerIsTakenOnlyWhenItIsFree)
+{
+    auto other = std::make_unique<XcbClient>();
+    other->own("CLIPBOARD_MANAGER", {});
+    X11Stage stage;
+    ASSERT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    EXPECT_EQ(other->owner("CLIPBOARD_MANAGER"), other->window());
+    other.reset();
+    XcbClient looker;
+    EXPECT_TRUE(pumpUntil(
+        {}, [&] { return looker.owner("CLIPBOARD_MANAGER") == looker.owner("CLIPBOARD"); }));
+}
+
+TEST(X11Life, anApplicationThatAsksForItsCopyToBeSavedMayQuitOnceItIsAnswered)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.own("CLIPBOARD", {{"UTF8_STRING", QByteArray(500'000, 'x')}});
+    // Asked while the copy is still being read.
+    owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.isAnswered(); }));
+    EXPECT_FALSE(owner.isRefused());
+    owner.die();
+    stage->judge(1, Judgement::Keep);
+    EXPECT_TRUE(isServed(stage, QByteArray(500'000, 'x')));
+}
+
+TEST(X11Life, atTheEndAnotherManagerGetsTheContents)
+{
+    XcbClient manager;
+    manager.own("CLIPBOARD_MANAGER", {{"SAVE_TARGETS", ""}});
+    bool isAsked = false;
+    manager.save = [&] {
+        if (!isAsked)
+            manager.ask("CLIPBOARD", "UTF8_STRING");
+        isAsked = true;
+        return true;
+    };
+    X11Stage stage;
+    ASSERT_TRUE(stage->write({QStringLiteral("handed over"), {}, {}}));
+    std::atomic_bool isOver = false;
+    std::thread elsewhere([&] {
+        while (!isOver)
+            manager.pump();
+    });
+    stage->shutDown();
+    isOver = true;
+    elsewhere.join();
+    EXPECT_TRUE(isAsked);
+    EXPECT_FALSE(stage->write({QStringLiteral("too late"), {}, {}}));
+    EXPECT_EQ(manager.owner("CLIPBOARD"), xcb_window_t(XCB_WINDOW_NONE));
+}
+
+TEST(X11Life, aHungManagerDelaysTheEndByItsLimitOnly)
+{
+    XcbClient manager;
+    manager.own("CLIPBOARD_MANAGER", {});
+    PasteboardLimits limits;
+    limits.handover = 200ms;
+    X11Stage stage(limits);
+    ASSERT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    QElapsedTimer clock;
+    clock.start();
+    stage->shutDown();
+    EXPECT_GE(clock.elapsed(), 200);
+    EXPECT_LT(clock.elapsed(), 2'000);
+}
+
+TEST(X11Life, aLostConnectionIsLoggedOnceAndEverythingElseIsRefusedQuietly)
+{
+    X11Stage stage;
+    ASSERT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    XcbClient killer;
+    ExpectedWarnings::expect(QStringLiteral("the pasteboard is not served"));
+    xcb_kill_client(killer.xcb(), killer.owner("CLIPBOARD"));
+    ASSERT_TRUE(pumpUntil({}, [&] { return killer.owner("CLIPBOARD") == 0; }));
+    ASSERT_TRUE(pumpUntil({}, [] { return !ExpectedWarnings::messages().isEmpty(); }));
+    EXPECT_FALSE(stage->write({QStringLiteral("lost"), {}, {}}));
+    EXPECT_EQ(stage->contents()->text, QStringLiteral("ours"));
+    stage->offerPrimary();
+    stage->publishPrimary(killer.window());
+    stage->clear();
+    EXPECT_EQ(stage->changeCount(), 2);
+    stage->shutDown();
+}
+
+class AppWindow
+{
+public:
+    AppWindow(XcbClient &client, const QByteArray &windowClass) : m_client(client)
+    {
+        const auto root = xcb_setup_roots_iterator(xcb_get_setup(client.xcb())).data->root;
+        m_window = xcb_generate_id(client.xcb());
+        xcb_create_window(client.xcb(), 0, m_window, root, 0, 0, 100, 100, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        const QByteArray value = "name" + QByteArray(1, '\0') + windowClass + '\0';
+        xcb_change_property(client.xcb(), XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_CLASS,
+                            XCB_ATOM_STRING, 8, quint32(value.size()), value.constData());
+        xcb_map_window(client.xcb(), m_window);
+        xcb_flush(client.xcb());
+    }
+    ~AppWindow()
+    {
+        xcb_destroy_window(m_client.xcb(), m_window);
+        xcb_flush(m_client.xcb());
+    }
+    AppWindow(const AppWindow &) = delete;
+    AppWindow &operator=(const AppWindow &) = delete;
+
+    xcb_window_t window() const { return m_window; }
+
+private:
+    XcbClient &m_client;
+    xcb_window_t m_window;
+};
+
+TEST(X11Life, aCopyIsNamedAfterTheApplicationInFrontAtItsMoment)
+{
+    X11Stage stage;
+    const X11Connection server;
+    const xcb_atom_t activeWindow = server.atoms({"_NET_ACTIVE_WINDOW"})[0];
+    const auto isActive = [&](xcb_window_t window) {
+        return server.firstOf(server.root(), activeWindow, XCB_ATOM_WINDOW) == window;
+    };
+    XcbClient apps;
+    XcbClient owner;
+    auto editor = std::make_unique<AppWindow>(apps, "Editor");
+    ASSERT_TRUE(pumpUntil({}, [&] { return isActive(editor->window()); }));
+    owner.copy("from the editor");
+    // Read only when another application is in front already.
+    auto browser = std::make_unique<AppWindow>(apps, "Browser");
+    ASSERT_TRUE(pumpUntil({}, [&] { return isActive(browser->window()); }));
+    EXPECT_EQ(stage.change(1, {&owner}).applicationName, QStringLiteral("Editor"));
+    owner.copy("from the browser");
+    EXPECT_EQ(stage.change(2, {&owner}).applicationName, QStringLiteral("Browser"));
+
+    // A window manager may go on naming a window that is dead, or name none.
+    const xcb_window_t dead = editor->window();
+    editor.reset();
+    qint64 count = 2;
+    for (const xcb_window_t named : {dead, xcb_window_t(XCB_WINDOW_NONE)}) {
+        xcb_change_property(apps.xcb(), XCB_PROP_MODE_REPLACE, server.root(), activeWindow,
+                            XCB_ATOM_WINDOW, 32, 1, &named);
+        xcb_flush(apps.xcb());
+        ASSERT_TRUE(pumpUntil({}, [&] { return isActive(named); }));
+        owner.copy("with nothing in front");
+        EXPECT_EQ(stage.change(++count, {&owner}).applicationName, QStringLiteral("Browser"));
+    }
+}
+
+} // namespace

@@ -1,0 +1,268 @@
+#include "platform/pasteboard/X11Stage.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+PasteboardLimits impatient()
+{
+    PasteboardLimits limits;
+    limits.ownerStall = 150ms;
+    limits.fetch = 600ms;
+    return limits;
+}
+
+struct OfferRow
+{
+    const char *name;
+    XcbClient::Formats formats;
+    std::optional<QString> text;
+    QStringList fileNames;
+};
+
+class X11Offers : public testing::TestWithParam<OfferRow>
+{
+};
+
+TEST_P(X11Offers, areReadInTheBestFormatThereIs)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.own("CLIPBOARD", GetParam().formats);
+    const PasteboardContents contents = stage.change(1, {&owner});
+    EXPECT_EQ(contents.text, GetParam().text);
+    EXPECT_EQ(contents.fileNames, GetParam().fileNames);
+    EXPECT_TRUE(contents.isComplete);
+}
+
+const QString kFile = QStringLiteral("/tmp/a b");
+
+INSTANTIATE_TEST_SUITE_P(
+    All, X11Offers,
+    testing::Values(
+        OfferRow{
+            "utf8BeforeLatin1", {{"UTF8_STRING", "ü"}, {"STRING", "u"}}, QStringLiteral("ü"), {}},
+        OfferRow{"mimeBeforeLatin1",
+                 {{"text/plain;charset=utf-8", "ü"}, {"STRING", "u"}},
+                 QStringLiteral("ü"),
+                 {}},
+        OfferRow{"latin1", {{"STRING", "\xFC"}}, QStringLiteral("ü"), {}},
+        OfferRow{"brokenUtf8",
+                 {{"UTF8_STRING", "a\xFF\xED\xA0\x80z\xE2\x82"}},
+                 QStringLiteral("a\uFFFD\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD"),
+                 {}},
+        OfferRow{"nothingOfUse", {{"image/png", "x"}}, std::nullopt, {}},
+        OfferRow{"filesWithoutText",
+                 {{"text/uri-list", "# two\r\nfile:///tmp/a%20b\r\nfile://localhost/etc/\r\n"}},
+                 QStringLiteral("a b\netc"),
+                 {kFile, QStringLiteral("/etc")}},
+        OfferRow{"gnomeFiles",
+                 {{"x-special/gnome-copied-files", "cut\nfile:///tmp/a%20b"}},
+                 QStringLiteral("a b"),
+                 {kFile}},
+        OfferRow{"gnomeFilesBehindAWebAddress",
+                 {{"text/uri-list", "https://example.org/a\r\n"},
+                  {"x-special/gnome-copied-files", "copy\nfile:///tmp/a%20b"}},
+                 QStringLiteral("a b"),
+                 {kFile}},
+        OfferRow{"filesOfAnotherHost",
+                 {{"text/uri-list", "file://elsewhere.example/tmp/a\r\nfile:///a%00b\r\n"},
+                  {"UTF8_STRING", "text"}},
+                 QStringLiteral("text"),
+                 {}}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST(X11Owners, aCopyMadeBeforeTheStartIsChangeOne)
+{
+    XcbClient owner;
+    owner.copy("early");
+    X11Stage stage;
+    EXPECT_EQ(stage.change(1, {&owner}).text, QStringLiteral("early"));
+}
+
+TEST(X11Owners, anOwnerThatListsNoFormatsIsStillAskedForItsText)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.manners.listsTargets = false;
+    owner.own("CLIPBOARD", {{"STRING", "simple"}});
+    EXPECT_EQ(stage.change(1, {&owner}).text, QStringLiteral("simple"));
+}
+
+TEST(X11Owners, aHungOwnerIsGivenUpAfterTwoSeconds)
+{
+    X11Stage stage;
+    XcbClient hung;
+    QElapsedTimer clock;
+    clock.start();
+    hung.copy("never told");
+    ASSERT_TRUE(stage.reaches(1, {}));
+    EXPECT_GE(clock.elapsed(), 1'900);
+    EXPECT_LT(clock.elapsed(), 4'000);
+    EXPECT_FALSE(stage.pasteboard().contents()->isComplete);
+    EXPECT_EQ(stage.pasteboard().contents()->text, std::nullopt);
+}
+
+TEST(X11Owners, aHungOwnerHoldsUpNeitherTheNextCopyNorOurWriteNorALateAnswer)
+{
+    X11Stage stage;
+    XcbClient hung;
+    XcbClient other;
+    hung.copy("hung");
+    EXPECT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    EXPECT_EQ(stage.paste("UTF8_STRING"), "ours");
+    hung.copy("hung again");
+    other.copy("alive");
+    EXPECT_EQ(stage.change(4, {&other}).text, QStringLiteral("alive"));
+    // Only now does it answer what it was asked, which nobody waits for any more.
+    other.copy("after the late answers");
+    EXPECT_EQ(stage.change(5, {&hung, &other}).text, QStringLiteral("after the late answers"));
+    EXPECT_EQ(stage->changesAfter(0).size(), 5);
+}
+
+TEST(X11Owners, aFormatThatHangsLeavesTheTextThatCameBefore)
+{
+    X11Stage stage(impatient());
+    XcbClient owner;
+    owner.manners.hangsOn = "text/rtf";
+    owner.own("CLIPBOARD", {{"UTF8_STRING", "text"}, {"text/rtf", "{\\rtf1}"}});
+    const PasteboardContents contents = stage.change(1, {&owner});
+    EXPECT_EQ(contents.text, QStringLiteral("text"));
+    EXPECT_EQ(contents.rtf, std::nullopt);
+    EXPECT_FALSE(contents.isComplete);
+}
+
+struct BrokenTransferRow
+{
+    const char *name;
+    XcbClient::Manners manners;
+};
+
+class X11BrokenTransfers : public testing::TestWithParam<BrokenTransferRow>
+{
+};
+
+TEST_P(X11BrokenTransfers, giveNoHalfText)
+{
+    X11Stage stage(impatient());
+    XcbClient owner;
+    owner.manners = GetParam().manners;
+    owner.copy(QByteArray(500'000, 'x'));
+    const PasteboardContents contents = stage.change(1, {&owner});
+    EXPECT_EQ(contents.changeCount, 1);
+    EXPECT_EQ(contents.text, std::nullopt);
+    EXPECT_FALSE(contents.isComplete);
+    EXPECT_FALSE(contents.isTextTooLarge);
+}
+
+XcbClient::Manners stalling()
+{
+    XcbClient::Manners manners;
+    manners.stallsAfterPieces = 3;
+    return manners;
+}
+
+XcbClient::Manners dying()
+{
+    XcbClient::Manners manners;
+    manners.diesAfterPieces = 3;
+    return manners;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, X11BrokenTransfers,
+                         testing::Values(BrokenTransferRow{"stalls", stalling()},
+                                         BrokenTransferRow{"dies", dying()}),
+                         [](const auto &row) { return std::string(row.param.name); });
+
+TEST(X11Owners, aTransferThatDripsIsGivenUpAfterItsTimeInAll)
+{
+    PasteboardLimits limits = impatient();
+    limits.ownerStall = 400ms;
+    limits.fetch = 500ms;
+    X11Stage stage(limits);
+    XcbClient owner;
+    owner.manners.pieceBytes = 1;
+    owner.copy(QByteArray(1'000'000, 'x'));
+    const PasteboardContents contents = stage.change(1, {&owner});
+    EXPECT_EQ(contents.text, std::nullopt);
+    EXPECT_FALSE(contents.isComplete);
+    EXPECT_LT(owner.sentBytes(), 1'000'000);
+}
+
+struct LargeRow
+{
+    const char *name;
+    qint64 useful;
+    qsizetype bytes;
+    std::optional<quint32> claimedBytes;
+    qsizetype mostSent;
+};
+
+class X11LargeTexts : public testing::TestWithParam<LargeRow>
+{
+};
+
+TEST_P(X11LargeTexts, areReadNoFurtherThanTheyCanBeOfUse)
+{
+    const LargeRow &row = GetParam();
+    X11Stage stage;
+    stage->setLargestUsefulText(row.useful);
+    XcbClient owner;
+    owner.manners.pieceBytes = 256'000;
+    owner.manners.claimedBytes = row.claimedBytes;
+    owner.copy(QByteArray(row.bytes, 'x'));
+    const PasteboardContents contents = stage.change(1, {&owner});
+    EXPECT_EQ(contents.isTextTooLarge, row.bytes > row.useful);
+    EXPECT_EQ(contents.text ? contents.text->size() : 0, row.bytes > row.useful ? 0 : row.bytes);
+    EXPECT_LE(owner.sentBytes(), row.mostSent);
+    owner.copy("next");
+    EXPECT_EQ(stage.change(2, {&owner}).text, QStringLiteral("next"));
+}
+
+constexpr qint64 kMiB = 1024 * 1024;
+
+INSTANTIATE_TEST_SUITE_P(
+    All, X11LargeTexts,
+    testing::Values(LargeRow{"useful", 64 * kMiB, 10'000'000, {}, 10'000'000},
+                    LargeRow{"fiftyUseful", 64 * kMiB, 50'000'000, {}, 50'000'000},
+                    LargeRow{"announced", 10'000, 50'000'000, {}, 0},
+                    LargeRow{"notAnnounced", 10'000, 50'000'000, 1, 4 * kMiB + 256'000},
+                    LargeRow{"keptForItsOwnersDeath", 10'000, 3'000'000, {}, 3'000'000}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST(X11Owners, aSecretIsNotAskedForAndNotKeptAlive)
+{
+    X11Stage stage;
+    XcbClient owner;
+    owner.own("CLIPBOARD", {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}});
+    EXPECT_TRUE(stage.change(1, {&owner}).isConcealed);
+    EXPECT_EQ(owner.sentBytes(), 0);
+    stage->judge(1, Pasteboard::Judgement::Keep);
+    owner.die();
+    EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
+}
+
+TEST(X11Owners, copiesOnEachOthersHeelsAreAllThereInOrder)
+{
+    X11Stage stage;
+    XcbClient owner;
+    QStringList copied;
+    for (int i = 0; i < 100; ++i) {
+        copied.append(QStringLiteral("copy %1").arg(i, 3));
+        owner.copy(copied.last().toUtf8());
+        // The next copy follows as soon as this one was answered, read or not.
+        const qsizetype answered = copied.size() * copied.last().size();
+        ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.sentBytes() == answered; }));
+    }
+    ASSERT_TRUE(stage.reaches(100, {&owner}));
+    QStringList recorded;
+    for (const PasteboardContents &contents : stage->changesAfter(0))
+        recorded.append(contents.text.value_or(QStringLiteral("(none)")));
+    EXPECT_EQ(recorded.join(u'\n').toStdString(), copied.join(u'\n').toStdString());
+}
+
+} // namespace

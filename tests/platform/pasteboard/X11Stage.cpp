@@ -1,0 +1,62 @@
+#include "platform/pasteboard/X11Stage.h"
+
+#include "platform/x11/FileUris.h"
+#include "platform/x11/SelectionText.h"
+
+X11Stage::X11Stage(const PasteboardLimits &limits) : m_pasteboard(m_names, limits)
+{
+    // Only then is every copy that a test makes a change of its own.
+    pumpUntil({&m_client}, [this] { return m_client.owner("CLIPBOARD_MANAGER") != 0; });
+}
+
+bool X11Stage::reaches(qint64 count, const QList<XcbClient *> &clients)
+{
+    return pumpUntil(clients, [&] { return m_pasteboard.changeCount() == count; });
+}
+
+PasteboardContents X11Stage::change(qint64 count, const QList<XcbClient *> &clients)
+{
+    reaches(count, clients);
+    const QList<PasteboardContents> changes = m_pasteboard.changesAfter(count - 1);
+    return changes.isEmpty() ? PasteboardContents() : changes.first();
+}
+
+std::optional<QByteArray> X11Stage::paste(const QByteArray &target, const QByteArray &selection)
+{
+    XcbClient requestor;
+    requestor.ask(selection, target);
+    pumpUntil({&requestor, &m_client},
+              [&] { return requestor.isRefused() || requestor.answer().has_value(); });
+    return requestor.answer();
+}
+
+void X11Stage::copyElsewhere(const PasteboardContents &contents)
+{
+    XcbClient::Formats formats;
+    if (contents.text)
+        formats["UTF8_STRING"] = SelectionText::toUtf8(*contents.text);
+    if (contents.rtf)
+        formats["text/rtf"] = SelectionText::toRtf(*contents.rtf);
+    if (!contents.fileNames.isEmpty())
+        formats["text/uri-list"] = FileUris::uriList(contents.fileNames);
+    if (contents.isConcealed)
+        formats["x-kde-passwordManagerHint"] = "secret";
+    const qint64 before = m_pasteboard.changeCount();
+    bool isAnnounced = false;
+    const auto connection =
+        QObject::connect(&m_pasteboard, &Pasteboard::changed, [&] { isAnnounced = true; });
+    m_client.own("CLIPBOARD", formats);
+    pumpUntil({&m_client}, [&] { return isAnnounced && m_pasteboard.changeCount() == before + 1; });
+    QObject::disconnect(connection);
+}
+
+PasteboardItem X11Stage::pasteElsewhere()
+{
+    PasteboardItem item;
+    if (const auto text = paste("UTF8_STRING"))
+        item.text = SelectionText::fromUtf8(*text);
+    if (const auto rtf = paste("text/rtf"))
+        item.rtf = SelectionText::fromRtf(*rtf);
+    item.fileNames = FileUris::filesOfUriList(paste("text/uri-list").value_or(QByteArray()));
+    return item;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/ApplicationNames.h"
+#include "platform/pasteboard/PasteboardStage.h"
+#include "platform/pasteboard/XcbClient.h"
+#include "platform/x11/X11Pasteboard.h"
+
+/// The real pasteboard on the test's display. Applications are named by their window class.
+class X11Stage : public PasteboardStage
+{
+public:
+    explicit X11Stage(const PasteboardLimits &limits = {});
+
+    X11Pasteboard *operator->() { return &m_pasteboard; }
+    /// Waits, with `clients` at work, until the change count is `count`.
+    bool reaches(qint64 count, const QList<XcbClient *> &clients);
+    /// The contents of the latest change once it is number `count`.
+    PasteboardContents change(qint64 count, const QList<XcbClient *> &clients);
+    /// What another client gets for a format of a selection; absent when it is refused.
+    std::optional<QByteArray> paste(const QByteArray &target,
+                                    const QByteArray &selection = "CLIPBOARD");
+
+    // ^PasteboardStage
+    Pasteboard &pasteboard() override { return m_pasteboard; }
+    void copyElsewhere(const PasteboardContents &contents) override;
+    PasteboardItem pasteElsewhere() override;
+
+private:
+    class ClassNames : public ApplicationNames
+    {
+        ApplicationIdentity identify(const WindowIdentity &window) const override
+        {
+            return {window.resourceClass, false};
+        }
+    };
+
+    ClassNames m_names;
+    XcbClient m_client;
+    X11Pasteboard m_pasteboard;
+};
