@@ -49,7 +49,16 @@ function(quillmarsh_desktop_test name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
   target_link_libraries(${name} PRIVATE quillmarsh_flags test_support ${TEST_LINKS})
-  add_test(NAME ${name} COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/desktop.py
-    ${TEST_WITH} -- env QT_QPA_PLATFORM=xcb $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 180 LABELS desktop)
+  quillmarsh_desktop_run(${name} NAME ${name} WITH ${TEST_WITH})
+endfunction()
+
+# quillmarsh_desktop_run(program WITH ...): a further run of such a program on another desktop.
+function(quillmarsh_desktop_run program)
+  cmake_parse_arguments(RUN "" "NAME" "WITH" ${ARGN})
+  if(NOT RUN_NAME)
+    string(MAKE_C_IDENTIFIER "${program}${RUN_WITH}" RUN_NAME)
+  endif()
+  add_test(NAME ${RUN_NAME} COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/desktop.py
+    ${RUN_WITH} -- env QT_QPA_PLATFORM=xcb $<TARGET_FILE:${program}>)
+  set_tests_properties(${RUN_NAME} PROPERTIES TIMEOUT 180 LABELS desktop)
 endfunction()

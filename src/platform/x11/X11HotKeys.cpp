@@ -57,13 +57,14 @@ void X11HotKeys::unregisterHotKey(HotKeyId id)
         return;
     const X11Combination combination = known->second;
     m_registrations.erase(known);
-    m_thread.post([this, id, combination] {
-        std::vector<HotKeyId> &ids = m_ids[combination];
+    std::ignore = m_thread.run([&] {
+        std::vector<HotKeyId> &ids = m_ids.at(combination);
         std::erase(ids, id);
         if (!ids.empty())
             return;
         m_ids.erase(combination);
         m_grabs.remove(combination);
+        m_connection.roundTrip();
     });
 }
 

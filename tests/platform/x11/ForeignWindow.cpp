@@ -1,0 +1,115 @@
+#include "ForeignWindow.h"
+
+#include "platform/x11/X11ActiveWindow.h"
+
+#include <QMap>
+#include <QTest>
+
+#include <iterator>
+
+namespace {
+
+constexpr int kEvdevOffset = 8;
+
+QString nameOf(xcb_keycode_t keycode)
+{
+    static const QMap<int, QString> kNames{
+        {37, QStringLiteral("Control")}, {50, QStringLiteral("Shift")},
+        {133, QStringLiteral("Super")},  {36, QStringLiteral("Return")},
+        {118, QStringLiteral("Insert")}, {55, QStringLiteral("v")},
+        {54, QStringLiteral("c")},       {53, QStringLiteral("x")},
+        {60, QStringLiteral(".")},       {67, QStringLiteral("F1")}};
+    return kNames.value(keycode, QString::number(keycode));
+}
+
+QString modifiersOf(quint16 state)
+{
+    QString modifiers;
+    if (state & XCB_MOD_MASK_SHIFT)
+        modifiers += QStringLiteral("Shift-");
+    if (state & XCB_MOD_MASK_CONTROL)
+        modifiers += QStringLiteral("Control-");
+    if (state & XCB_MOD_MASK_1)
+        modifiers += QStringLiteral("Alt-");
+    if (state & XCB_MOD_MASK_4)
+        modifiers += QStringLiteral("Super-");
+    return modifiers;
+}
+
+} // namespace
+
+ForeignWindow::ForeignWindow(const QByteArray &resourceClass)
+    : m_window(xcb_generate_id(m_connection.get()))
+{
+    constexpr uint32_t kEvents = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
+    xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, m_window, m_connection.root(), 300,
+                      200, 200, 100, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_EVENT_MASK, &kEvents);
+    const QByteArray classHint = resourceClass.toLower() + '\0' + resourceClass + '\0';
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_CLASS,
+                        XCB_ATOM_STRING, 8, uint32_t(classHint.size()), classHint.constData());
+    // The input hint of ICCCM: without it some window managers do not give the keyboard away.
+    constexpr uint32_t kTakesInput[9] = {1, 1};
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, XCB_ATOM_WM_HINTS,
+                        XCB_ATOM_WM_HINTS, 32, uint32_t(std::size(kTakesInput)), kTakesInput);
+    m_connection.roundTrip();
+}
+
+bool ForeignWindow::show()
+{
+    xcb_map_window(m_connection.get(), m_window);
+    const X11ActiveWindow active(m_connection);
+    const bool isManaged = active.isManaged();
+    if (!isManaged)
+        xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_PARENT, m_window, XCB_CURRENT_TIME);
+    m_connection.roundTrip();
+    return QTest::qWaitFor([&] { return active.current() == m_window && hasKeyboard(); });
+}
+
+void ForeignWindow::hide()
+{
+    xcb_unmap_window(m_connection.get(), m_window);
+    m_connection.roundTrip();
+}
+
+void ForeignWindow::destroy()
+{
+    xcb_destroy_window(m_connection.get(), m_window);
+    m_connection.roundTrip();
+}
+
+bool ForeignWindow::grabKey(int evdevCode, quint16 modifiers)
+{
+    const auto cookie = xcb_grab_key_checked(m_connection.get(), 0, m_connection.root(), modifiers,
+                                             xcb_keycode_t(evdevCode + kEvdevOffset),
+                                             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    return !XcbPointer<xcb_generic_error_t>(xcb_request_check(m_connection.get(), cookie));
+}
+
+void ForeignWindow::ungrabKey(int evdevCode, quint16 modifiers)
+{
+    xcb_ungrab_key(m_connection.get(), xcb_keycode_t(evdevCode + kEvdevOffset), m_connection.root(),
+                   modifiers);
+    m_connection.roundTrip();
+}
+
+bool ForeignWindow::hasKeyboard() const
+{
+    return X11ActiveWindow(m_connection).hasInputFocus(m_window);
+}
+
+QStringList ForeignWindow::takeKeys()
+{
+    m_connection.roundTrip();
+    QStringList keys;
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+        const uint8_t type = event->response_type & 0x7F;
+        if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
+            continue;
+        const auto &key = reinterpret_cast<const xcb_key_press_event_t &>(*event);
+        const bool isPress = type == XCB_KEY_PRESS;
+        keys.append((isPress ? QStringLiteral("+") + modifiersOf(key.state) : QStringLiteral("-")) +
+                    nameOf(key.detail));
+    }
+    return keys;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/x11/X11Connection.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <optional>
+
+/// A window of another program, on a connection of its own: it tells the keys it gets, as the
+/// receiving end of whatever is typed.
+class ForeignWindow
+{
+public:
+    explicit ForeignWindow(const QByteArray &resourceClass = "Foreign");
+
+    /// Shows the window and waits until it has the keyboard; asks for it where no window manager
+    /// gives it away. False when it does not get it.
+    [[nodiscard]] bool show();
+    void hide();
+    void destroy();
+    /// Keeps for itself a key with exactly these modifiers, as another hot-key program does.
+    [[nodiscard]] bool grabKey(int evdevCode, quint16 modifiers);
+    void ungrabKey(int evdevCode, quint16 modifiers);
+
+    xcb_window_t id() const { return m_window; }
+    bool hasKeyboard() const;
+    /// What was typed since the last call: "+v" for a press, "-v" for a release, "+Control-v" for
+    /// a press with the server's modifiers added.
+    QStringList takeKeys();
+
+private:
+    X11Connection m_connection;
+    xcb_window_t m_window;
+};

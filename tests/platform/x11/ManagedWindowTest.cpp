@@ -1,0 +1,98 @@
+#include "platform/x11/X11WindowSpace.h"
+
+#include "platform/x11/X11ActiveWindow.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
+
+namespace {
+
+/// A panel along the lower edge of the screen.
+class Panel
+{
+public:
+    explicit Panel(quint32 height) : m_window(xcb_generate_id(m_connection.get()))
+    {
+        xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, m_window, m_connection.root(),
+                          0, 0, 10, uint16_t(height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                          XCB_COPY_FROM_PARENT, 0, nullptr);
+        const auto atoms = m_connection.atoms(
+            {"_NET_WM_STRUT_PARTIAL", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"});
+        const quint32 strut[12] = {0, 0, 0, height, 0, 0, 0, 0, 0, 0, 0, 9};
+        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, atoms[0],
+                            XCB_ATOM_CARDINAL, 32, 12, strut);
+        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, atoms[1],
+                            XCB_ATOM_ATOM, 32, 1, &atoms[2]);
+        xcb_map_window(m_connection.get(), m_window);
+        m_connection.roundTrip();
+    }
+
+private:
+    X11Connection m_connection;
+    xcb_window_t m_window;
+};
+
+QList<QByteArray> statesOf(WId window)
+{
+    const X11Connection connection;
+    const xcb_atom_t property = connection.atoms({"_NET_WM_STATE"})[0];
+    const QByteArray value = connection.property(xcb_window_t(window), property, XCB_ATOM_ATOM);
+    std::vector<xcb_atom_t> states(value.size() / sizeof(xcb_atom_t));
+    std::memcpy(states.data(), value.constData(), value.size());
+    QList<QByteArray> names;
+    for (const xcb_atom_t state : states) {
+        const XcbPointer<xcb_get_atom_name_reply_t> reply(xcb_get_atom_name_reply(
+            connection.get(), xcb_get_atom_name(connection.get(), state), nullptr));
+        names.append(
+            {xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get())});
+    }
+    return names;
+}
+
+TEST(ManagedWindow, aPanelIsNotPartOfTheVisibleFrame)
+{
+    if (!X11ActiveWindow(X11Connection()).isManaged())
+        GTEST_SKIP() << "no window manager";
+    const X11WindowSpace space;
+    const QScreen &screen = *QGuiApplication::primaryScreen();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return space.visibleFrame(screen) == screen.geometry(); }));
+    const Panel panel(48);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return space.visibleFrame(screen) == screen.geometry().adjusted(0, 0, 0, -48); }));
+}
+
+TEST(ManagedWindow, aUtilityWindowStaysOutOfTheTaskbarEachTimeItIsShown)
+{
+    if (!X11ActiveWindow(X11Connection()).isManaged())
+        GTEST_SKIP() << "no window manager";
+    X11WindowSpace space;
+    QWidget window;
+    window.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    window.winId();
+    space.prepareUtilityWindow(window.windowHandle());
+    for (int i = 0; i < 2; ++i) {
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        const auto hasAll = [&] {
+            const QList<QByteArray> states = statesOf(window.winId());
+            return states.contains("_NET_WM_STATE_SKIP_TASKBAR") &&
+                   states.contains("_NET_WM_STATE_SKIP_PAGER") &&
+                   states.contains("_NET_WM_STATE_ABOVE");
+        };
+        EXPECT_TRUE(QTest::qWaitFor(hasAll))
+            << "shown the " << i + 1
+            << ". time: " << statesOf(window.winId()).join(' ').constData();
+        window.hide();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return statesOf(window.winId()).isEmpty(); }));
+    }
+}
+
+} // namespace

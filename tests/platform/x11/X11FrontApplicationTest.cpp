@@ -1,0 +1,142 @@
+#include "platform/x11/X11FrontApplication.h"
+
+#include "platform/memory/MemoryHotKeys.h"
+
+#include "ForeignWindow.h"
+#include "NamesByClass.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace {
+
+using std::chrono::milliseconds;
+
+class X11FrontApplicationTest : public testing::Test
+{
+protected:
+    X11FrontApplicationTest()
+    {
+        m_ours.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        m_ours.resize(300, 200);
+    }
+
+    /// Shows our window as the history does, and waits until it has the keyboard.
+    bool bringOursToFront()
+    {
+        m_ours.show();
+        m_front.activate(m_ours.windowHandle());
+        return QTest::qWaitFor([this] {
+            return m_ours.isActiveWindow() && m_front.windowInFront() == m_ours.winId();
+        });
+    }
+
+    NamesByClass m_names;
+    MemoryHotKeys m_hotKeys;
+    X11FrontApplication m_front{m_names, m_hotKeys};
+    QWidget m_ours;
+};
+
+TEST_F(X11FrontApplicationTest, ourWindowComesToTheFrontAndTheTargetComesBack)
+{
+    ForeignWindow bystander("Bystander");
+    ForeignWindow target("Target");
+    ASSERT_TRUE(bystander.show());
+    ASSERT_TRUE(target.show());
+    m_front.rememberTarget();
+    EXPECT_TRUE(m_front.returnToTarget()) << "nothing had taken its place";
+    ASSERT_TRUE(bringOursToFront());
+    m_front.rememberTarget();
+    m_ours.hide();
+    EXPECT_TRUE(m_front.returnToTarget(milliseconds(5000)));
+    EXPECT_TRUE(target.hasKeyboard());
+    EXPECT_EQ(m_front.windowInFront(), target.id());
+}
+
+TEST_F(X11FrontApplicationTest, aTargetThatWasNotTheLastOneIsAskedFor)
+{
+    ForeignWindow target("Target");
+    ForeignWindow bystander("Bystander");
+    ASSERT_TRUE(target.show());
+    m_front.rememberTarget();
+    ASSERT_TRUE(bystander.show());
+    EXPECT_TRUE(m_front.returnToTarget(milliseconds(5000)));
+    EXPECT_TRUE(target.hasKeyboard());
+}
+
+TEST_F(X11FrontApplicationTest, aTargetThatVanishedIsGivenUpAtOnce)
+{
+    EXPECT_FALSE(m_front.returnToTarget()) << "there is none";
+    ForeignWindow target("Target");
+    ASSERT_TRUE(target.show());
+    m_front.rememberTarget();
+    target.hide();
+    QElapsedTimer timer;
+    timer.start();
+    constexpr milliseconds kLong(60000);
+    {
+        const std::jthread death([&target] { target.destroy(); });
+        EXPECT_FALSE(m_front.returnToTarget(kLong));
+    }
+    EXPECT_FALSE(m_front.returnToTarget(kLong));
+    EXPECT_LT(timer.elapsed(), kLong.count() / 2);
+}
+
+TEST_F(X11FrontApplicationTest, aTargetThatCannotComeBackIsGivenUpAtTheLimit)
+{
+    ForeignWindow target("Target");
+    ASSERT_TRUE(target.show());
+    m_front.rememberTarget();
+    target.hide();
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_FALSE(m_front.returnToTarget(milliseconds(150)));
+    EXPECT_GE(timer.elapsed(), 150);
+    EXPECT_LT(timer.elapsed(), 3000);
+}
+
+TEST_F(X11FrontApplicationTest, theNameInFrontIsKeptWhenNobodyFollows)
+{
+    EXPECT_EQ(m_front.applicationName(), QString());
+    {
+        ForeignWindow target("Target");
+        ASSERT_TRUE(target.show());
+        EXPECT_EQ(m_front.applicationName(), QStringLiteral("Target"));
+        EXPECT_FALSE(m_front.isTerminal(target.id()));
+        ForeignWindow terminal("Terminal");
+        EXPECT_TRUE(m_front.isTerminal(terminal.id()));
+        target.destroy();
+        EXPECT_FALSE(m_front.isTerminal(target.id()));
+    }
+    EXPECT_EQ(m_front.applicationName(), QStringLiteral("Target"));
+    ASSERT_TRUE(bringOursToFront());
+    EXPECT_EQ(m_front.applicationName(), QStringLiteral("x11_window_test"));
+}
+
+TEST_F(X11FrontApplicationTest, theWayBackIsQuick)
+{
+    ForeignWindow target("Target");
+    ASSERT_TRUE(target.show());
+    std::vector<qint64> microseconds;
+    for (int i = 0; i < 21; ++i) {
+        m_front.rememberTarget();
+        ASSERT_TRUE(bringOursToFront());
+        m_ours.hide();
+        QElapsedTimer timer;
+        timer.start();
+        ASSERT_TRUE(m_front.returnToTarget(milliseconds(5000)));
+        microseconds.push_back(timer.nsecsElapsed() / 1000);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !m_ours.isActiveWindow(); }));
+    }
+    std::sort(microseconds.begin(), microseconds.end());
+    std::printf("back at the target: median %.1f ms, longest %.1f ms\n", microseconds[10] / 1000.0,
+                microseconds.back() / 1000.0);
+    EXPECT_LT(microseconds[10], 60000) << "the window manager had to be asked";
+}
+
+} // namespace

@@ -1,0 +1,193 @@
+#include "platform/x11/X11HotKeys.h"
+
+#include "platform/ModifierFlags.h"
+#include "platform/VirtualKeys.h"
+
+#include "ForeignWindow.h"
+#include "KeyboardSetup.h"
+#include "RealKeyboard.h"
+#include "Settle.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <linux/input-event-codes.h>
+
+namespace {
+
+constexpr quint32 kSuperShift = CarbonModifiers::kCommand | CarbonModifiers::kShift;
+constexpr quint16 kNumLockMask = XCB_MOD_MASK_2;
+constexpr HotKeyId kOpen{0x54455354, 1};
+constexpr HotKeyId kCaps{0x54455354, 2};
+
+class X11HotKeysTest : public testing::Test
+{
+protected:
+    X11HotKeysTest()
+    {
+        QObject::connect(&m_hotKeys, &HotKeys::pressed, &m_hotKeys,
+                         [this](const HotKeyEvent &event) { m_pressed.push_back(event); });
+        QObject::connect(&m_hotKeys, &HotKeys::released, &m_hotKeys,
+                         [this](const HotKeyEvent &event) { m_released.push_back(event); });
+    }
+
+    bool registerOpen() { return m_hotKeys.registerHotKey(kOpen, VirtualKey::kV, kSuperShift); }
+
+    void pressAll()
+    {
+        for (const int key : {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V})
+            m_keyboard.press(key);
+        settle(m_hotKeys);
+    }
+
+    void releaseAll()
+    {
+        m_keyboard.releaseAll();
+        settle(m_hotKeys);
+    }
+
+    /// How often one press and release of everything is reported.
+    std::size_t timesFired()
+    {
+        const std::size_t before = m_pressed.size();
+        pressAll();
+        releaseAll();
+        return m_pressed.size() - before;
+    }
+
+    KeyboardSetup m_setup;
+    RealKeyboard m_keyboard;
+    X11HotKeys m_hotKeys;
+    std::vector<HotKeyEvent> m_pressed, m_released;
+};
+
+TEST_F(X11HotKeysTest, lockStatesDoNotMatterUnlessCapsLockIsAskedFor)
+{
+    ASSERT_TRUE(registerOpen());
+    ASSERT_TRUE(
+        m_hotKeys.registerHotKey(kCaps, VirtualKey::kC, kSuperShift | CarbonModifiers::kCapsLock));
+    for (const bool isNumLock : {false, true}) {
+        for (const bool isCapsLock : {false, true}) {
+            SCOPED_TRACE(testing::Message() << "num " << isNumLock << " caps " << isCapsLock);
+            m_setup.setLock(KEY_NUMLOCK, kNumLockMask, isNumLock);
+            m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, isCapsLock);
+            EXPECT_EQ(timesFired(), 1U);
+            m_pressed.clear();
+            for (const int key : {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_C})
+                m_keyboard.press(key);
+            releaseAll();
+            EXPECT_EQ(m_pressed.size(), isCapsLock ? 1U : 0U);
+        }
+    }
+    m_setup.setLock(KEY_NUMLOCK, kNumLockMask, false);
+    m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, false);
+}
+
+TEST_F(X11HotKeysTest, releasingACapsLockCombinationLeavesThePlainOneWhole)
+{
+    ASSERT_TRUE(registerOpen());
+    ASSERT_TRUE(
+        m_hotKeys.registerHotKey(kCaps, VirtualKey::kV, kSuperShift | CarbonModifiers::kCapsLock));
+    m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, true);
+    EXPECT_EQ(timesFired(), 2U);
+    m_hotKeys.unregisterHotKey(kCaps);
+    EXPECT_EQ(timesFired(), 1U);
+    m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, false);
+}
+
+TEST_F(X11HotKeysTest, aVariantHeldElsewhereRefusesTheWholeCombination)
+{
+    ForeignWindow other;
+    constexpr quint16 kPlain = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4;
+    ASSERT_TRUE(other.grabKey(KEY_V, kPlain | kNumLockMask));
+    EXPECT_FALSE(registerOpen());
+    EXPECT_TRUE(other.grabKey(KEY_V, kPlain)) << "a refused combination keeps nothing";
+    other.ungrabKey(KEY_V, kPlain);
+    other.ungrabKey(KEY_V, kPlain | kNumLockMask);
+    EXPECT_TRUE(registerOpen());
+}
+
+TEST_F(X11HotKeysTest, aKeyThatRepeatsIsOnePress)
+{
+    KeyboardSetup::run(QStringLiteral("xset"), {QStringLiteral("r"), QStringLiteral("rate"),
+                                                QStringLiteral("50"), QStringLiteral("100")});
+    ForeignWindow other;
+    ASSERT_TRUE(other.show());
+    const auto hold = [&](const std::function<bool()> &isLongEnough) {
+        ASSERT_TRUE(QTest::qWaitFor(isLongEnough));
+        releaseAll();
+    };
+    // The time that five repeats take here, so that the hot key is held as long.
+    QElapsedTimer timer;
+    timer.start();
+    m_keyboard.press(KEY_X);
+    QStringList repeats;
+    hold([&] { return (repeats += other.takeKeys()).count(QStringLiteral("+x")) > 5; });
+    const qint64 fiveRepeats = timer.restart();
+
+    ASSERT_TRUE(registerOpen());
+    pressAll();
+    hold([&] { return timer.elapsed() > 2 * fiveRepeats; });
+    EXPECT_EQ(m_pressed.size(), 1U);
+    EXPECT_EQ(m_released.size(), 1U);
+    KeyboardSetup::run(QStringLiteral("xset"), {QStringLiteral("r"), QStringLiteral("rate")});
+}
+
+TEST_F(X11HotKeysTest, theReleaseIsReportedAlthoughTheKeyboardWasGivenBack)
+{
+    ASSERT_TRUE(registerOpen());
+    pressAll();
+    ASSERT_TRUE(m_hotKeys.typeFreely([](const auto &) {}));
+    m_keyboard.release(KEY_LEFTSHIFT);
+    settle(m_hotKeys);
+    EXPECT_TRUE(m_released.empty()) << "the key itself is still down";
+    m_keyboard.release(KEY_V);
+    settle(m_hotKeys);
+    EXPECT_EQ(m_released.size(), 1U);
+    releaseAll();
+    EXPECT_EQ(timesFired(), 1U);
+    EXPECT_EQ(m_released.size(), 2U);
+}
+
+TEST_F(X11HotKeysTest, anEventTellsWhenAndWhere)
+{
+    ASSERT_TRUE(registerOpen());
+    const X11Connection server;
+    xcb_warp_pointer(server.get(), XCB_NONE, server.root(), 0, 0, 0, 0, 321, 123);
+    server.roundTrip();
+    pressAll();
+    releaseAll();
+    ASSERT_EQ(m_released.size(), 1U);
+    EXPECT_EQ(QPoint(m_pressed[0].x, m_pressed[0].y), QPoint(321, 123));
+    EXPECT_EQ(QPoint(m_released[0].x, m_released[0].y), QPoint(321, 123));
+    EXPECT_NE(m_pressed[0].timestamp, 0U);
+    EXPECT_GE(m_released[0].timestamp, m_pressed[0].timestamp);
+}
+
+TEST_F(X11HotKeysTest, itFiresInEveryGroup)
+{
+    m_setup.setLayout({QStringLiteral("-layout"), QStringLiteral("us,ru")});
+    ASSERT_TRUE(registerOpen());
+    for (const unsigned group : {1U, 0U}) {
+        m_setup.setGroup(group);
+        EXPECT_EQ(timesFired(), 1U) << group;
+    }
+}
+
+TEST_F(X11HotKeysTest, itFollowsSuperToAnotherModifier)
+{
+    ASSERT_TRUE(registerOpen());
+    KeyboardSetup::run(QStringLiteral("xmodmap"),
+                       {QStringLiteral("-e"), QStringLiteral("clear mod4"), QStringLiteral("-e"),
+                        QStringLiteral("clear mod3"), QStringLiteral("-e"),
+                        QStringLiteral("add mod3 = Super_L")});
+    settle(m_hotKeys);
+    EXPECT_EQ(timesFired(), 1U);
+    ForeignWindow other;
+    EXPECT_TRUE(other.grabKey(KEY_V, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4))
+        << "the grabs of the old place were given back";
+}
+
+} // namespace

@@ -1,0 +1,122 @@
+#include "platform/x11/X11KeyboardLayout.h"
+
+#include "platform/ModifierFlags.h"
+#include "platform/VirtualKeys.h"
+
+#include "KeyboardSetup.h"
+#include "RealKeyboard.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include <linux/input-event-codes.h>
+
+namespace {
+
+struct Named
+{
+    quint16 keyCode;
+    const char16_t *name;
+};
+
+struct Layout
+{
+    const char *name;
+    QStringList setup;
+    std::vector<Named> keys;
+};
+
+class LayoutNames : public testing::TestWithParam<Layout>
+{
+protected:
+    KeyboardSetup m_setup;
+    X11KeyboardLayout m_layout;
+};
+
+TEST_P(LayoutNames, aKeyIsNamedAsItIsPrinted)
+{
+    EXPECT_EQ(m_layout.asciiCapableName(VirtualKey::kQ), QStringLiteral("q"));
+    m_setup.setLayout(GetParam().setup);
+    for (const Named &key : GetParam().keys)
+        EXPECT_EQ(m_layout.asciiCapableName(key.keyCode), QString::fromUtf16(key.name))
+            << key.keyCode;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Layouts, LayoutNames,
+    testing::Values(
+        Layout{"us",
+               {QStringLiteral("us")},
+               {{VirtualKey::kV, u"v"},
+                {VirtualKey::kGrave, u"`"},
+                {VirtualKey::kReturn, u""},
+                {VirtualKey::kF1, u""},
+                {VirtualKey::kFunction, u""}}},
+        Layout{"fr",
+               {QStringLiteral("fr")},
+               {{VirtualKey::kA, u"q"},
+                {VirtualKey::kDigit1, u"&"},
+                {VirtualKey::kSemicolon, u"m"},
+                {VirtualKey::kLeftBracket, u"^"}}},
+        Layout{"de",
+               {QStringLiteral("de")},
+               {{VirtualKey::kY, u"z"}, {VirtualKey::kGrave, u"^"}, {VirtualKey::kEqual, u"´"}}},
+        Layout{"cz",
+               {QStringLiteral("cz")},
+               {{VirtualKey::kDigit2, u"ě"}, {VirtualKey::kY, u"z"}, {VirtualKey::kEqual, u"´"}}},
+        Layout{
+            "tr", {QStringLiteral("tr")}, {{VirtualKey::kI, u"ı"}, {VirtualKey::kSemicolon, u"ş"}}},
+        Layout{"dvorak",
+               {QStringLiteral("us"), QStringLiteral("dvorak")},
+               {{VirtualKey::kV, u"k"}, {VirtualKey::kPeriod, u"v"}}},
+        Layout{"ru", {QStringLiteral("ru")}, {{VirtualKey::kA, u"a"}, {VirtualKey::kV, u"v"}}},
+        Layout{"gr", {QStringLiteral("gr")}, {{VirtualKey::kA, u"a"}, {VirtualKey::kQ, u"q"}}},
+        Layout{"il", {QStringLiteral("il")}, {{VirtualKey::kA, u"a"}, {VirtualKey::kV, u"v"}}},
+        Layout{"ruBeforeFr",
+               {QStringLiteral("ru,fr")},
+               {{VirtualKey::kA, u"q"}, {VirtualKey::kSemicolon, u"m"}}}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST(X11KeyboardLayout, charactersFollowModifiersAndGroup)
+{
+    KeyboardSetup setup;
+    RealKeyboard keyboard;
+    const X11KeyboardLayout layout;
+    EXPECT_EQ(layout.characters(VirtualKey::kDigit1, CarbonModifiers::kShift), QStringLiteral("!"));
+    setup.setLayout({QStringLiteral("-layout"), QStringLiteral("de,ru")});
+    EXPECT_EQ(layout.characters(VirtualKey::kEqual, 0), QString()) << "a dead key";
+    EXPECT_EQ(layout.characters(VirtualKey::kEqual, CarbonModifiers::kShift), QString());
+    EXPECT_EQ(layout.characters(VirtualKey::kY, CarbonModifiers::kShift), QStringLiteral("Z"));
+    EXPECT_EQ(layout.characters(VirtualKey::kY, CarbonModifiers::kCapsLock), QStringLiteral("Z"));
+    EXPECT_EQ(layout.characters(VirtualKey::kReturn, 0), QString());
+    setup.setGroup(1);
+    EXPECT_EQ(layout.characters(VirtualKey::kA, 0), QStringLiteral("ф"));
+    EXPECT_EQ(layout.asciiCapableName(VirtualKey::kY), QStringLiteral("z"));
+}
+
+TEST(X11KeyboardLayout, itTellsOfLayoutsAndGroupsAndOfNothingElse)
+{
+    KeyboardSetup setup;
+    RealKeyboard keyboard;
+    const X11KeyboardLayout layout;
+    QSignalSpy changes(&layout, &KeyboardLayout::changed);
+    const auto clear = [&] {
+        std::ignore = layout.asciiCapableName(VirtualKey::kA);
+        QCoreApplication::processEvents();
+        changes.clear();
+    };
+    setup.setLayout({QStringLiteral("-layout"), QStringLiteral("us,ru")});
+    EXPECT_TRUE(changes.count() > 0 || changes.wait());
+    clear();
+    setup.setGroup(1);
+    EXPECT_TRUE(changes.count() > 0 || changes.wait());
+    clear();
+    for (const int key : {KEY_LEFTSHIFT, KEY_A, KEY_NUMLOCK, KEY_NUMLOCK})
+        keyboard.tap(key);
+    std::ignore = layout.asciiCapableName(VirtualKey::kA);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(changes.count(), 0);
+}
+
+} // namespace
