@@ -3,6 +3,8 @@
 #include "platform/HotKeys.h"
 #include "platform/x11/QtX11Connection.h"
 
+#include <QApplication>
+#include <QWidget>
 #include <QWindow>
 
 #include <poll.h>
@@ -99,6 +101,11 @@ void X11FrontApplication::activate(QWindow *window)
     xcb_connection_t *qt = qtX11Connection();
     if (!qt || !window)
         return;
+    // Qt takes 400 ms to believe that a window which was hidden lost the keyboard, and tells nobody
+    // when it gets it back meanwhile.
+    QWidget *widget = QWidget::find(window->winId());
+    if (widget && QGuiApplication::focusWindow() == window)
+        QApplication::setActiveWindow(widget);
     const xcb_timestamp_t time = userTime();
     const auto id = xcb_window_t(window->winId());
     // On Qt's connection, so that the server shows the window before it is asked for.

@@ -131,7 +131,6 @@ TEST_F(X11FrontApplicationTest, theWayBackIsQuick)
         timer.start();
         ASSERT_TRUE(m_front.returnToTarget(milliseconds(5000)));
         microseconds.push_back(timer.nsecsElapsed() / 1000);
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !m_ours.isActiveWindow(); }));
     }
     std::sort(microseconds.begin(), microseconds.end());
     std::printf("back at the target: median %.1f ms, longest %.1f ms\n", microseconds[10] / 1000.0,
