@@ -192,18 +192,14 @@ void ClipTableView::mousePressEvent(QMouseEvent *event)
 {
     const int row = rowAt(event->position().toPoint().y());
     m_clickedRow = event->button() == Qt::LeftButton ? row : -1;
-    if (m_clickedRow < 0)
-        return;
-    QTableView::mousePressEvent(event);
-    delegate().selectRow(row);
+    // The base class would move a selection of its own, with a drag even away from this row.
+    if (m_clickedRow >= 0)
+        delegate().selectRow(row);
 }
 
-void ClipTableView::mouseMoveEvent(QMouseEvent *event)
-{
-    // A drag would move the table's own selection away from the selected index.
-    if (event->buttons() == Qt::NoButton)
-        QTableView::mouseMoveEvent(event);
-}
+void ClipTableView::mouseMoveEvent(QMouseEvent *) {}
+
+void ClipTableView::mouseReleaseEvent(QMouseEvent *) {}
 
 void ClipTableView::mouseDoubleClickEvent(QMouseEvent *event)
 {

@@ -11,6 +11,8 @@
 #include <QShortcut>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::chrono::milliseconds kRecheckInterval{50};
@@ -43,17 +45,28 @@ WindowDelegate::~WindowDelegate()
     m_window->removeEventFilter(this);
 }
 
-const QScreen *WindowDelegate::screenAt(const QList<QScreen *> &screens,
-                                        const std::optional<QPoint> &point)
+std::optional<qsizetype> WindowDelegate::screenAt(const QList<QRect> &frames,
+                                                  const std::optional<QPoint> &point)
 {
-    if (point) {
-        for (const QScreen *screen : screens) {
-            // Both edges belong to the frame, so a point between two screens is the first one's.
-            if (screen->geometry().adjusted(0, 0, 1, 1).contains(*point))
-                return screen;
-        }
-    }
-    return QGuiApplication::primaryScreen();
+    if (!point)
+        return std::nullopt;
+    // Both edges belong to a frame, so a point between two screens is the first one's.
+    const auto found = std::find_if(frames.begin(), frames.end(), [&](const QRect &frame) {
+        return frame.adjusted(0, 0, 1, 1).contains(*point);
+    });
+    return found == frames.end() ? std::nullopt : std::optional<qsizetype>(found - frames.begin());
+}
+
+QRect WindowDelegate::visibleFrame() const
+{
+    const WindowSpace &space = *m_appDelegate.platform().windowSpace;
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    QList<QRect> frames;
+    for (const QScreen *screen : screens)
+        frames.append(screen->geometry());
+    const std::optional<qsizetype> index = screenAt(frames, space.pointerPosition());
+    const QScreen *screen = index ? screens.at(*index) : QGuiApplication::primaryScreen();
+    return screen ? space.visibleFrame(*screen) : QRect();
 }
 
 void WindowDelegate::showWindow()
@@ -65,10 +78,7 @@ void WindowDelegate::showWindow()
         platform.windowSpace->prepareUtilityWindow(m_window->windowHandle());
         m_isPrepared = true;
     }
-    const QScreen *screen =
-        screenAt(QGuiApplication::screens(), platform.windowSpace->pointerPosition());
-    const QRect visibleFrame = screen ? platform.windowSpace->visibleFrame(*screen) : QRect();
-    m_window->setFrame(ClipboardWindow::placedFrame(visibleFrame, m_window->frame().width()));
+    m_window->setFrame(ClipboardWindow::placedFrame(visibleFrame(), m_window->frame().width()));
     m_viewController->setIsWindowKey(true);
     m_window->show();
     m_window->raise();
@@ -121,11 +131,9 @@ bool WindowDelegate::hasFocusInOwnDialog() const
     const QWidget *focused = QApplication::activePopupWidget();
     if (!focused)
         focused = QApplication::activeWindow();
-    for (; focused; focused = focused->parentWidget()) {
-        if (focused == m_window.get())
-            return true;
-    }
-    return false;
+    while (focused && focused != m_window.get() && focused->parentWidget() != m_window.get())
+        focused = focused->parentWidget();
+    return focused && focused != m_window.get();
 }
 
 void WindowDelegate::windowDeactivated()

@@ -34,15 +34,16 @@ public:
     /// The window is not the active one any more: it is closed and made ready for the next time.
     void windowDidResignKey();
 
-    /// The first of `screens` whose frame contains `point`, edges included; the main screen when
-    /// none does or the pointer is unknown.
-    static const QScreen *screenAt(const QList<QScreen *> &screens,
-                                   const std::optional<QPoint> &point);
+    /// Index of the first of the screens' frames that contains `point`, edges included; absent when
+    /// none does or the point is unknown.
+    static std::optional<qsizetype> screenAt(const QList<QRect> &frames,
+                                             const std::optional<QPoint> &point);
 
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QRect visibleFrame() const;
     void windowDeactivated();
     bool hasFocusInOwnDialog() const;
 

@@ -1,0 +1,138 @@
+#include "Clipboard/window/WindowDelegate.h"
+#include "WindowRig.h"
+
+namespace {
+
+using ClipboardWindowTest = WindowRig;
+
+TEST(WindowPlacement, oneThirdOfTheFreeHeightStaysAbove)
+{
+    struct Row
+    {
+        const char *name;
+        QRect visible;
+        QRect frame;
+    };
+    const Row kRows[] = {
+        {"a plain screen", {0, 0, 1280, 800}, {250, 105, 780, 486}},
+        {"a panel at the top", {0, 30, 1280, 770}, {250, 125, 780, 486}},
+        {"a second screen to the left and higher",
+         {-1920, -200, 1920, 1080},
+         {-1350, -2, 780, 486}},
+        {"a screen smaller than the window", {0, 0, 640, 480}, {-70, -2, 780, 486}},
+    };
+    for (const Row &row : kRows)
+        EXPECT_EQ(ClipboardWindow::placedFrame(row.visible, 780), row.frame) << row.name;
+}
+
+TEST(WindowPlacement, theFirstScreenThatHoldsThePointerIsTaken)
+{
+    const QList<QRect> frames{{0, 0, 1000, 800}, {1000, 0, 500, 400}};
+    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(999, 799)), 0);
+    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(1000, 10)), 0) << "a shared edge";
+    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(1001, 10)), 1);
+    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(1200, 700)), std::nullopt);
+    EXPECT_EQ(WindowDelegate::screenAt(frames, std::nullopt), std::nullopt);
+}
+
+TEST_F(ClipboardWindowTest, theWindowStandsOnThePointersScreenWithItsHeight)
+{
+    memory.windowSpace.setVisibleFrame(QRect(100, 50, 1000, 700));
+    delegate.launch();
+    EXPECT_EQ(delegate.window()->frame(), QRect(210, 50 + 71, 780, 486));
+    EXPECT_EQ(memory.frontApplication.activatedWindow(), delegate.window()->windowHandle());
+    EXPECT_EQ(memory.frontApplication.rememberCount(), 1);
+}
+
+TEST_F(ClipboardWindowTest, theShadowComesAndGoesWithCompositingAndTheFrameStays)
+{
+    delegate.launch();
+    const QRect frame = delegate.window()->frame();
+    EXPECT_TRUE(delegate.window()->mask().isEmpty());
+    EXPECT_TRUE(delegate.window()->geometry().contains(frame.adjusted(-10, -10, 10, 10)));
+
+    memory.windowSpace.setCompositing(false);
+    EXPECT_EQ(delegate.window()->geometry(), frame);
+    EXPECT_EQ(delegate.window()->frame(), frame);
+    const QRegion mask = delegate.window()->mask();
+    EXPECT_FALSE(mask.contains(QPoint(0, 0)));
+    EXPECT_TRUE(mask.contains(QPoint(5, 0)));
+    EXPECT_TRUE(mask.contains(QPoint(frame.width() - 6, frame.height() - 1)));
+
+    memory.windowSpace.setCompositing(true);
+    EXPECT_EQ(delegate.window()->frame(), frame);
+    EXPECT_TRUE(delegate.window()->mask().isEmpty());
+}
+
+TEST_F(ClipboardWindowTest, aClickIntoTheShadowIsAClickBesideTheWindow)
+{
+    delegate.launch();
+    QTest::mouseClick(delegate.window(), Qt::LeftButton, {}, QPoint(4, 4));
+    EXPECT_FALSE(delegate.window()->isVisible());
+    EXPECT_FALSE(controller->isWindowKey());
+}
+
+TEST_F(ClipboardWindowTest, losingTheKeyboardClosesUnlessTheWindowStaysInFront)
+{
+    add(QStringLiteral("a"));
+    open();
+    memory.frontApplication.setInFront(true);
+    QEvent deactivated(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(delegate.window(), &deactivated);
+    EXPECT_TRUE(delegate.window()->isVisible()) << "somebody grabbed the keyboard";
+    EXPECT_TRUE(controller->isWindowKey());
+    memory.frontApplication.setInFront(false);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !delegate.window()->isVisible(); }))
+        << "the grab ended in another window";
+    EXPECT_FALSE(controller->isWindowKey());
+
+    open();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !delegate.window()->isVisible(); }))
+        << "another window was clicked";
+}
+
+TEST_F(ClipboardWindowTest, aDialogOfTheWindowDoesNotCloseIt)
+{
+    open();
+    QWidget dialog(delegate.window(), Qt::Dialog);
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_TRUE(delegate.window()->isVisible());
+}
+
+TEST_F(ClipboardWindowTest, theColoursFollowTheDesktopLive)
+{
+    add(QStringLiteral("a"));
+    delegate.launch();
+    const auto ground = [this] {
+        return delegate.window()->grab().toImage().pixelColor(delegate.window()->rect().center() -
+                                                              QPoint(200, 0));
+    };
+    EXPECT_GT(ground().lightness(), 200);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x34), QColor(0x2a, 0x2a, 0x2e)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ground().lightness() < 80; }));
+    QApplication::setPalette(before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ground().lightness() > 200; }));
+}
+
+TEST_F(ClipboardWindowTest, theSelectedRowIsDrawnInItsColourAndNoOther)
+{
+    addAll({QStringLiteral("b"), QStringLiteral("a")});
+    delegate.launch();
+    controller->next();
+    const auto colourOf = [this](int row) {
+        const QRect rect = table->visualRect(table->model()->index(row, 1));
+        return table->viewport()->grab().toImage().pixelColor(rect.center() + QPoint(60, 0)).rgb();
+    };
+    EXPECT_EQ(colourOf(1), ClipTableView::defaultSelectedBlue().rgb());
+    EXPECT_NE(colourOf(0), ClipTableView::defaultSelectedBlue().rgb());
+    table->setSelectedBlue(Qt::darkGreen);
+    EXPECT_EQ(colourOf(1), QColor(Qt::darkGreen).rgb());
+}
+
+} // namespace

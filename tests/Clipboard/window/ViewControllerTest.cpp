@@ -1,0 +1,240 @@
+#include "Clipboard/window/EmptyStateView.h"
+#include "Clipboard/window/FileViewController.h"
+#include "Clipboard/window/PreviewPane.h"
+#include "Clipboard/window/SplitViewDelegate.h"
+#include "WindowRig.h"
+
+#include <QSplitter>
+
+#include <ostream>
+
+static std::ostream &operator<<(std::ostream &out, const QString &text)
+{
+    return out << text.toStdString();
+}
+
+namespace {
+
+using ViewControllerTest = WindowRig;
+
+const QStringList kThree{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("a")};
+
+TEST_F(ViewControllerTest, theListIsNewestFirstWithRunningNumbers)
+{
+    addAll(kThree);
+    open();
+    EXPECT_EQ(listed(),
+              (QStringList{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}));
+    EXPECT_EQ(table->model()->index(0, 0).data().toString(), QStringLiteral("  1"));
+    EXPECT_EQ(table->model()->index(2, 0).data().toString(), QStringLiteral("  3"));
+    EXPECT_EQ(selected(), QStringLiteral("a"));
+    EXPECT_TRUE(field->hasFocus())
+        << (QApplication::focusWidget() ? QApplication::focusWidget()->metaObject()->className()
+                                        : "none")
+        << (delegate.window()->focusWidget()
+                ? delegate.window()->focusWidget()->metaObject()->className()
+                : "none");
+}
+
+TEST_F(ViewControllerTest, rowsOutsideTheListAreClampedAndNothingWraps)
+{
+    addAll(kThree);
+    delegate.launch();
+    controller->previous();
+    EXPECT_EQ(table->selectedIdx(), 0);
+    controller->selectRow(99);
+    EXPECT_EQ(table->selectedIdx(), 2);
+    controller->next();
+    EXPECT_EQ(table->selectedIdx(), 2);
+    controller->selectRow(-7);
+    EXPECT_EQ(table->selectedIdx(), 0);
+    EXPECT_EQ(controller->tableView(ViewController::TableColumn::Value, 3), std::nullopt);
+    EXPECT_EQ(controller->tableView(ViewController::TableColumn::Value, -1), std::nullopt);
+}
+
+TEST_F(ViewControllerTest, anEmptyHistoryShowsItsStateAndNoPreview)
+{
+    delegate.launch();
+    EXPECT_EQ(table->selectedIdx(), -1);
+    EXPECT_EQ(delegate.getSelectedItem(), nullptr);
+    EXPECT_TRUE(controller->textView()->toPlainText().isEmpty());
+    EXPECT_FALSE(controller->fileViewController().view()->isVisible());
+    const EmptyStateView &state = *controller->emptyStateView();
+    EXPECT_TRUE(state.isVisible());
+    EXPECT_TRUE(state.hint().contains(QStringLiteral("⇧⌘V (Super + Shift + V)"))) << state.hint();
+    // No key of the list may fail on nothing.
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End})
+        QTest::keyClick(field, key);
+    QTest::keyClick(field, Qt::Key_Backspace, Qt::MetaModifier);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_TRUE(delegate.window()->isVisible());
+    EXPECT_TRUE(memory.keySender.sent().isEmpty());
+}
+
+TEST_F(ViewControllerTest, aSearchWithoutResultsSaysWhatWasSought)
+{
+    addAll(kThree);
+    delegate.launch();
+    QTest::keyClicks(field, QStringLiteral("xyz"));
+    EXPECT_TRUE(controller->emptyStateView()->isVisible());
+    EXPECT_TRUE(controller->emptyStateView()->title().contains(QStringLiteral("xyz")));
+    field->replaceText(QString());
+    EXPECT_FALSE(controller->emptyStateView()->isVisible());
+    EXPECT_EQ(listed().size(), 3);
+}
+
+struct Deletion
+{
+    const char *name;
+    int count;
+    int row;
+    int newRow;
+};
+
+TEST_F(ViewControllerTest, deletingMovesTheSelectionByItsRule)
+{
+    const Deletion kRows[] = {
+        {"the first of several stays at the first row", 4, 0, 0},
+        {"one in the middle gives its row to the next", 4, 1, 1},
+        {"the last gives way to the one before", 4, 3, 2},
+        {"the second of two gives way to the first", 2, 1, 0},
+        {"the only one leaves nothing", 1, 0, -1},
+    };
+    for (const Deletion &row : kRows) {
+        delegate.clearAll();
+        QStringList texts;
+        for (int i = 0; i < row.count; ++i)
+            texts.prepend(QString::number(i));
+        addAll(texts);
+        delegate.launch();
+        controller->selectRow(row.row);
+        controller->deleteItem();
+        QStringList left = texts;
+        std::reverse(left.begin(), left.end());
+        left.removeAt(row.row);
+        EXPECT_EQ(listed(), left) << row.name;
+        EXPECT_EQ(selected(), row.newRow < 0 ? QStringLiteral("(none)") : left.value(row.newRow))
+            << row.name;
+        controller->hide();
+    }
+    EXPECT_TRUE(controller->textView()->toPlainText().isEmpty());
+}
+
+TEST_F(ViewControllerTest, typingNarrowsTheListAndSelectsItsFirstRow)
+{
+    addAll({QStringLiteral("apple"), QStringLiteral("pear"), QStringLiteral("grape")});
+    delegate.launch();
+    controller->next();
+    QTest::keyClicks(field, QStringLiteral("AP"));
+    EXPECT_EQ(listed(), (QStringList{QStringLiteral("grape"), QStringLiteral("apple")}));
+    EXPECT_EQ(selected(), QStringLiteral("grape"));
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_EQ(listed().size(), 3);
+}
+
+TEST_F(ViewControllerTest, theSelectionFollowsItsClip)
+{
+    addAll(kThree);
+    delegate.launch();
+    controller->next();
+    ASSERT_EQ(selected(), QStringLiteral("b"));
+    add(QStringLiteral("new"));
+    EXPECT_EQ(selected(), QStringLiteral("b")) << "a copy arrives";
+    EXPECT_EQ(table->selectedIdx(), 2);
+    add(QStringLiteral("b"));
+    EXPECT_EQ(selected(), QStringLiteral("b")) << "the selected clip itself is copied again";
+    EXPECT_EQ(table->selectedIdx(), 0);
+    controller->selectRow(3);
+    delegate.maxItemsModified(2);
+    EXPECT_EQ(table->selectedIdx(), 1) << "the selected clip has gone";
+    EXPECT_EQ(selected(), QStringLiteral("new"));
+    delegate.clearAll();
+    EXPECT_EQ(selected(), QStringLiteral("(none)"));
+}
+
+TEST_F(ViewControllerTest, aCopyDuringASearchShowsTheWholeHistoryAndAnEmptyField)
+{
+    addAll(kThree);
+    delegate.launch();
+    QTest::keyClicks(field, QStringLiteral("b"));
+    ASSERT_EQ(listed(), QStringList{QStringLiteral("b")});
+    add(QStringLiteral("new"));
+    EXPECT_EQ(field->text(), QString());
+    EXPECT_EQ(listed().size(), 4);
+    EXPECT_EQ(selected(), QStringLiteral("b"));
+    field->undo();
+    EXPECT_EQ(field->text(), QStringLiteral("b"));
+    EXPECT_EQ(listed(), QStringList{QStringLiteral("b")}) << "Undo brings the search back";
+}
+
+TEST_F(ViewControllerTest, hidingMakesTheNextOpeningFresh)
+{
+    addAll(kThree);
+    delegate.launch();
+    QTest::keyClicks(field, QStringLiteral("c"));
+    controller->hide();
+    EXPECT_FALSE(delegate.window()->isVisible());
+    EXPECT_FALSE(controller->isWindowKey());
+    EXPECT_EQ(field->text(), QString());
+    EXPECT_EQ(delegate.getClipItemArr().size(), 3U);
+    add(QStringLiteral("new"));
+    delegate.launch();
+    EXPECT_EQ(selected(), QStringLiteral("new"));
+    EXPECT_EQ(listed().size(), 4);
+}
+
+TEST_F(ViewControllerTest, thePreviewIsMadeAnewOnlyForAnotherClipOrWhenForced)
+{
+    addAll(kThree);
+    delegate.launch();
+    // A scrolled or marked preview shows whether it was made anew.
+    controller->textView()->selectAll();
+    controller->selectRow(0);
+    EXPECT_TRUE(controller->textView()->textCursor().hasSelection());
+    controller->selectRow(0, true);
+    EXPECT_FALSE(controller->textView()->textCursor().hasSelection());
+}
+
+TEST_F(ViewControllerTest, aFileClipShowsItsFileEvenIfItHasText)
+{
+    add(QStringLiteral("text"));
+    add(QStringLiteral("photo.png"), QStringLiteral("/nowhere/photo.png"));
+    delegate.launch();
+    EXPECT_TRUE(controller->fileViewController().view()->isVisible());
+    EXPECT_FALSE(controller->textView()->isVisible());
+    controller->next();
+    EXPECT_FALSE(controller->fileViewController().view()->isVisible());
+    EXPECT_TRUE(controller->textView()->isVisible());
+}
+
+TEST_F(ViewControllerTest, theDividerStaysWithinItsLimitsAndBothSidesFollowIt)
+{
+    add(QStringLiteral("photo.png"), QStringLiteral("/nowhere/photo.png"));
+    delegate.launch();
+    QSplitter &split = *controller->splitView();
+    for (const auto &[asked, given] : {std::pair(20, 100), {250, 250}, {700, 500}}) {
+        split.setSizes({asked, split.width() - asked});
+        controller->splitViewDidResizeSubviews();
+        EXPECT_EQ(table->width(), given);
+        EXPECT_EQ(table->columnWidth(0) + table->columnWidth(1), table->viewport()->width());
+        const QRect file = controller->fileViewController().view()->geometry();
+        EXPECT_EQ(file.width(), split.width() - given - 1);
+        EXPECT_EQ(file.height(), controller->textView()->height());
+    }
+    EXPECT_EQ(SplitViewDelegate().constrainMaxCoordinate(1000), 699.0);
+}
+
+TEST_F(ViewControllerTest, everyControlCarriesTheNameThatOthersLookFor)
+{
+    add(QStringLiteral("\n\n  first words"));
+    delegate.launch();
+    EXPECT_EQ(delegate.window()->accessibleName(), QStringLiteral("Quillmarsh"));
+    EXPECT_EQ(field->accessibleName(), QStringLiteral("Search clips"));
+    EXPECT_EQ(table->accessibleName(), QStringLiteral("Clips"));
+    EXPECT_EQ(controller->textView()->accessibleName(), QStringLiteral("Clip text preview"));
+    const QAbstractItemModel &model = *table->model();
+    EXPECT_EQ(model.index(0, 0).data(Qt::AccessibleTextRole), QStringLiteral("1"));
+    EXPECT_EQ(model.index(0, 1).data(Qt::AccessibleTextRole), QStringLiteral("first words"));
+}
+
+} // namespace

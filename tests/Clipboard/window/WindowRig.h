@@ -1,0 +1,82 @@
+#pragma once
+
+#include "Clipboard/AppDelegate.h"
+#include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/ClipTextView.h"
+#include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/SearchField.h"
+#include "Clipboard/window/ViewController.h"
+#include "history/ClipHistory.h"
+#include "history/ClipItem.h"
+#include "platform/memory/MemoryPlatform.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+/// The real application with its history window, on a platform of fakes.
+class WindowRig : public testing::Test
+{
+protected:
+    WindowRig()
+        : delegate(memory.platform, {QStringLiteral("org.example.Test"), QStringLiteral("1"), {}},
+                   folder.path())
+    {
+        delegate.applicationDidFinishLaunching();
+        controller = delegate.viewController();
+        table = controller->clipTableView();
+        field = controller->searchTextField();
+    }
+
+    /// Opens the history and waits until it has the keyboard.
+    void open()
+    {
+        delegate.launch();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(delegate.window()));
+    }
+
+    /// Records a copy made a second after the last one; a file's when `path` is given.
+    void add(const QString &text, const std::optional<QString> &path = {})
+    {
+        memory.clock.advance(std::chrono::seconds(1));
+        delegate.history().addToClipList(text, {}, QStringLiteral("Editor"), path);
+    }
+
+    /// Records the texts, the last of them newest.
+    void addAll(const QStringList &texts)
+    {
+        for (const QString &text : texts)
+            add(text);
+    }
+
+    /// What Return would paste, checked to be what is highlighted and previewed as well.
+    QString selected() const
+    {
+        const std::shared_ptr<ClipItem> item = delegate.getSelectedItem();
+        if (!item)
+            return QStringLiteral("(none)");
+        const QModelIndexList rows = table->selectionModel()->selectedRows();
+        EXPECT_EQ(rows.size(), 1);
+        EXPECT_EQ(rows.value(0).row(), table->selectedIdx());
+        if (!item->filepath()) {
+            EXPECT_EQ(controller->textView()->toPlainText(), item->strValue());
+        }
+        return item->strValue().value_or(QString());
+    }
+
+    QStringList listed() const
+    {
+        QStringList texts;
+        for (int row = 0; row < table->model()->rowCount(); ++row)
+            texts.append(table->model()->index(row, 1).data().toString());
+        return texts;
+    }
+
+    QTemporaryDir folder;
+    MemoryPlatform memory;
+    AppDelegate delegate;
+    ViewController *controller = nullptr;
+    ClipTableView *table = nullptr;
+    SearchField *field = nullptr;
+};
