@@ -16,8 +16,6 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include <utility>
-
 namespace {
 
 constexpr std::chrono::seconds kWaitingForKeyDelay{2};
@@ -79,24 +77,9 @@ void MASShortcutView::setShortcutValue(const std::optional<MASShortcut> &shortcu
         m_shortcutValueChange(*this);
 }
 
-void MASShortcutView::setShortcutValueChange(ShortcutValueChange change)
-{
-    m_shortcutValueChange = std::move(change);
-}
-
-void MASShortcutView::setShortcutValidator(const MASShortcutValidator &validator)
-{
-    m_shortcutValidator = &validator;
-}
-
 void MASShortcutView::setShortcutMonitor(MASShortcutMonitor *monitor)
 {
     m_shortcutMonitor = monitor;
-}
-
-void MASShortcutView::setWaitingForKeyDelay(std::chrono::milliseconds delay)
-{
-    m_waitingTimer.setInterval(delay);
 }
 
 void MASShortcutView::setRecording(bool isRecording)
@@ -279,7 +262,7 @@ QSize MASShortcutView::sizeHint() const
 {
     // As wide as its longest prompt, so that it does not change its size while it is used.
     constexpr int kTitleMargin = 13;
-    constexpr int kVerticalMargin = 6;
+    constexpr int kVerticalMargin = 5;
     const QFontMetrics metrics(m_cell.font());
     int titleWidth = metrics.horizontalAdvance(tr("Record Shortcut"));
     for (const QString &prompt :

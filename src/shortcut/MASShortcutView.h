@@ -11,6 +11,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <utility>
 
 class MASShortcutMonitor;
 class MASShortcutValidator;
@@ -50,10 +51,16 @@ public:
     /// changes.
     void setShortcutValue(const std::optional<MASShortcut> &shortcut);
     /// Called after every change of the value, whoever made it.
-    void setShortcutValueChange(ShortcutValueChange change);
+    void setShortcutValueChange(ShortcutValueChange change)
+    {
+        m_shortcutValueChange = std::move(change);
+    }
 
     /// Not owned; the shared one at first.
-    void setShortcutValidator(const MASShortcutValidator &validator);
+    void setShortcutValidator(const MASShortcutValidator &validator)
+    {
+        m_shortcutValidator = &validator;
+    }
     /// The monitor whose hot keys are suspended while recording: not owned, may be null, the
     /// shared one at first.
     void setShortcutMonitor(MASShortcutMonitor *monitor);
@@ -77,7 +84,10 @@ public:
     /// window manager may keep such a combination for itself, so that it never comes here.
     bool isWaitingForKey() const { return m_isWaitingForKey; }
     /// Two seconds at first.
-    void setWaitingForKeyDelay(std::chrono::milliseconds delay);
+    void setWaitingForKeyDelay(std::chrono::milliseconds delay)
+    {
+        m_waitingTimer.setInterval(delay);
+    }
 
     /// The text shown.
     QString title() const;

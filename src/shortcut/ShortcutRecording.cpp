@@ -6,9 +6,14 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 
+#include <chrono>
 #include <utility>
 
 namespace {
+
+// A held key is reported as let go and pressed anew at the same moment, but the two do not always
+// arrive together, and Qt then takes them for real.
+constexpr std::chrono::milliseconds kRepetitionGap{25};
 
 bool isModifierKey(const QKeyEvent &event)
 {
@@ -33,6 +38,13 @@ ShortcutRecording &ShortcutRecording::shared()
 {
     static ShortcutRecording recording;
     return recording;
+}
+
+ShortcutRecording::ShortcutRecording()
+{
+    m_releaseTimer.setSingleShot(true);
+    m_releaseTimer.setInterval(kRepetitionGap);
+    m_releaseTimer.callOnTimeout(this, [this] { enter(Phase::Off); });
 }
 
 void ShortcutRecording::setRecorder(MASShortcutView &recorder)
@@ -69,6 +81,7 @@ void ShortcutRecording::resume()
 void ShortcutRecording::enter(Phase phase)
 {
     m_phase = phase;
+    m_releaseTimer.stop();
     if (phase == Phase::Off) {
         m_key.reset();
         if (MASShortcutMonitor *const monitor = std::exchange(m_suspended, nullptr))
@@ -89,7 +102,13 @@ bool ShortcutRecording::eventFilter(QObject *watched, QEvent *event)
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
         auto &keyEvent = static_cast<QKeyEvent &>(*event);
-        return m_phase == Phase::Recording ? monitorKey(keyEvent) : awaitRelease(keyEvent);
+        const bool isSwallowed =
+            m_phase == Phase::Recording ? monitorKey(keyEvent) : awaitRelease(keyEvent);
+        if (event->type() == QEvent::KeyRelease)
+            m_lastRelease = {keyEvent.nativeScanCode(), keyEvent.timestamp()};
+        if (isSwallowed)
+            event->accept();
+        return isSwallowed;
     }
     case QEvent::WindowDeactivate:
         if (m_phase == Phase::AwaitingRelease)
@@ -111,30 +130,35 @@ bool ShortcutRecording::monitorKey(QKeyEvent &event)
     // steal the key: claimed, it comes as a press.
     const bool isClaim = event.type() == QEvent::ShortcutOverride &&
                          !MASShortcutView::isLetThrough(MASShortcut::shortcutWithEvent(event));
-    if (event.isAutoRepeat() || isClaim) {
-        event.accept();
+    if (isClaim || isRepetition(event))
         return true;
-    }
     if (isPress)
         m_key = event.nativeScanCode();
     const bool isSwallowed = m_recorder->handleKeyEvent(event);
     if (m_phase != Phase::AwaitingRelease)
         m_key.reset();
-    if (isSwallowed)
-        event.accept();
     return isSwallowed;
 }
 
-bool ShortcutRecording::awaitRelease(QKeyEvent &event)
+bool ShortcutRecording::awaitRelease(const QKeyEvent &event)
 {
     const bool isAwaited = event.nativeScanCode() == m_key;
-    if (isAwaited && event.isAutoRepeat()) {
-        event.accept();
+    if (isAwaited && isRepetition(event)) {
+        m_releaseTimer.stop();
         return true;
     }
-    const bool isLetGo = isAwaited && event.type() == QEvent::KeyRelease;
-    const bool isAnotherPress = !isAwaited && event.type() == QEvent::KeyPress;
-    if (isLetGo || isAnotherPress)
+    if (isAwaited && event.type() == QEvent::KeyRelease)
+        m_releaseTimer.start();
+    const bool isAnew = !isAwaited || m_releaseTimer.isActive();
+    if (isAnew && event.type() == QEvent::KeyPress)
         enter(Phase::Off);
     return false;
+}
+
+bool ShortcutRecording::isRepetition(const QKeyEvent &event) const
+{
+    const bool isAtItsRelease =
+        event.type() != QEvent::KeyRelease && event.nativeScanCode() == m_lastRelease.key &&
+        event.timestamp() == m_lastRelease.timestamp && event.timestamp() != 0;
+    return event.isAutoRepeat() || isAtItsRelease;
 }

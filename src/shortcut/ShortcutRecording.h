@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <optional>
 
@@ -38,15 +39,25 @@ public:
 private:
     enum class Phase { Off, Recording, Paused, AwaitingRelease };
 
-    using QObject::QObject;
+    /// One release, as far as a repetition can be told by it.
+    struct Release
+    {
+        quint32 key = 0; ///< Scan code.
+        quint64 timestamp = 0;
+    };
+
+    ShortcutRecording();
 
     void enter(Phase phase);
     bool monitorKey(QKeyEvent &event);
-    bool awaitRelease(QKeyEvent &event);
+    bool awaitRelease(const QKeyEvent &event);
+    bool isRepetition(const QKeyEvent &event) const;
 
     Phase m_phase = Phase::Off;
     QPointer<MASShortcutView> m_recorder;
     QPointer<MASShortcutMonitor> m_suspended;
     /// Scan code of the press under examination or, after the recording, of the key awaited.
     std::optional<quint32> m_key;
+    Release m_lastRelease;
+    QTimer m_releaseTimer;
 };
