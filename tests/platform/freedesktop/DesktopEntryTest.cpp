@@ -84,11 +84,12 @@ TEST(DesktopEntry, whatIsNoOrdinaryFileIsNotRead)
 TEST(DesktopEntry, noBytesAreBeyondReading)
 {
     std::mt19937 random(20260103);
-    constexpr QByteArrayView kAlphabet("[]=\\\"%\n\r# ;DesktopEntryExec\0\xff\xc3\x28", 36);
+    const QByteArray alphabet = QByteArrayLiteral("[]=\\\"%\n\r# ;DesktopEntryExec\0\xff\xc3(");
     for (int round = 0; round < 5'000; ++round) {
         QByteArray bytes = round % 2 ? "[Desktop Entry]\nExec=" : "";
         for (quint32 length = random() % 200; length > 0; --length)
-            bytes += kAlphabet[static_cast<qsizetype>(random() % 36)];
+            bytes +=
+                alphabet[static_cast<qsizetype>(random() % static_cast<quint32>(alphabet.size()))];
         if (const auto entry = DesktopEntry::parse(bytes)) {
             const QStringList command = entry->command();
             EXPECT_LE(command.join(u' ').size(), bytes.size() + 1);
