@@ -7,6 +7,7 @@
 #include "platform/freedesktop/FreedesktopLoginItems.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
+#include "platform/freedesktop/FreedesktopSymbolicHotKeys.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/SystemClock.h"
@@ -97,6 +98,7 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     platform->workspace = std::make_unique<FreedesktopWorkspace>();
     platform->windowSpace = std::make_unique<X11WindowSpace>();
     platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
+    platform->symbolicHotKeys = std::make_unique<FreedesktopSymbolicHotKeys>();
 
     auto hotKeys = std::make_unique<X11HotKeys>();
     auto frontApplication =

@@ -236,9 +236,11 @@ bool FreedesktopSettingsStore::write(QString *problem)
     // Follows a link, so that settings kept elsewhere stay there.
     QSaveFile file(m_path);
     const QByteArray bytes = PropertyList::toXml(m_document.get());
+    // Without the flush, commit() would not notice that a full disk took nothing, and would put an
+    // empty file in place of the good one.
     const bool isWritten = file.open(QIODevice::WriteOnly) &&
                            file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
-                           file.write(bytes) == bytes.size() && file.commit();
+                           file.write(bytes) == bytes.size() && file.flush() && file.commit();
     if (!isWritten)
         *problem = file.errorString();
     else

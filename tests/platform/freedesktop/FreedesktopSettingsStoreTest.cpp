@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -188,6 +189,44 @@ TEST_F(FreedesktopSettings, aFailedWriteHoldsInMemoryAndIsMadeUpForByTheNext)
     settings.setValue(QStringLiteral("third"), qlonglong(3));
     EXPECT_EQ(stored(), qlonglong(1));
     EXPECT_EQ(stored(QStringLiteral("other")), qlonglong(2));
+}
+
+/// No file grows beyond `bytes` while this lives, as on a full disk.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(rlim_t bytes)
+    {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit small{bytes, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    rlimit m_limit = {};
+    void (*m_handler)(int) = nullptr;
+};
+
+TEST_F(FreedesktopSettings, aFullDiskLeavesTheFileAsItWas)
+{
+    FreedesktopSettingsStore settings(path());
+    settings.setValue(kKey, qlonglong(1));
+    const QByteArray before = bytes();
+    {
+        const SmallDisk disk(10);
+        ExpectedWarnings::expect(QStringLiteral("could not be written"));
+        settings.setValue(kKey, qlonglong(2));
+    }
+    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(settings.value(kKey), qlonglong(2));
+    settings.setValue(QStringLiteral("other"), true);
+    EXPECT_EQ(stored(), qlonglong(2));
 }
 
 TEST_F(FreedesktopSettings, aLinkedFileStaysALink)
