@@ -112,6 +112,13 @@ QList<QByteArray> XcbClient::atomNames(const QByteArray &atoms)
     return names;
 }
 
+bool XcbClient::isWatchedByOthers()
+{
+    const XcbPointer<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        m_connection, xcb_get_window_attributes(m_connection, m_window), nullptr));
+    return (reply->all_event_masks & XCB_EVENT_MASK_STRUCTURE_NOTIFY) != 0;
+}
+
 void XcbClient::pump()
 {
     while (m_connection) {

@@ -66,6 +66,10 @@ public:
     QByteArray property(const QByteArray &name);
     QList<QByteArray> atomNames(const QByteArray &atoms);
 
+    /// Whether another client is told of what becomes of our window, as an owner is that sends to
+    /// it.
+    bool isWatchedByOthers();
+
     /// Takes the piece that was left lying, after `manners` said to take no more.
     void resume() { takePiece(); }
 
