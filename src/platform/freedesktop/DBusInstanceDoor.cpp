@@ -7,6 +7,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSocketNotifier>
 
@@ -43,6 +44,22 @@ QString ownActivationToken()
     return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
 }
 
+/// The session's bus. Where there is none, the bus library would start one for us alone, which
+/// costs time and reaches nobody; it looks for an address only once, and that is here.
+QDBusConnection findSessionBus()
+{
+    constexpr const char *kAddress = "DBUS_SESSION_BUS_ADDRESS";
+    const bool isTold = !qEnvironmentVariableIsEmpty(kAddress);
+    const bool isInPlace =
+        QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+    if (isTold || isInPlace)
+        return QDBusConnection::sessionBus();
+    qputenv(kAddress, "disabled:");
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    qunsetenv(kAddress);
+    return bus;
+}
+
 } // namespace
 
 DBusInstanceDoor::DBusInstanceDoor(QObject *parent) : InstanceDoor(parent)
@@ -50,7 +67,11 @@ DBusInstanceDoor::DBusInstanceDoor(QObject *parent) : InstanceDoor(parent)
     new ApplicationAdaptor(this, [this](const DoorMessage &message) { return receive(message); });
 }
 
-DBusInstanceDoor::~DBusInstanceDoor() = default;
+DBusInstanceDoor::~DBusInstanceDoor()
+{
+    if (m_ownsName)
+        QDBusConnection::sessionBus().unregisterService(Info::main().bundleIdentifier);
+}
 
 InstanceDoor::Entry DBusInstanceDoor::enter(const QString &action)
 {
@@ -84,7 +105,7 @@ InstanceDoor::Entry DBusInstanceDoor::enterBySocket(const DoorMessage &message)
 
 InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusConnection bus = findSessionBus();
     if (!bus.isConnected()) {
         qCInfo(lcDoor, "no session bus: only starting quillmarsh again reaches this instance");
         return Entry::First;
@@ -95,7 +116,8 @@ InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
         bus.interface()->registerService(Info::main().bundleIdentifier,
                                          QDBusConnectionInterface::DontQueueService,
                                          QDBusConnectionInterface::DontAllowReplacement);
-    if (!name.isValid() || name.value() == QDBusConnectionInterface::ServiceRegistered)
+    m_ownsName = name.isValid() && name.value() == QDBusConnectionInterface::ServiceRegistered;
+    if (m_ownsName || !name.isValid())
         return Entry::First;
 
     // An instance with another runtime folder: the bus is all that it shares with us.

@@ -33,6 +33,7 @@ private:
     void deliver(const DoorMessage &message);
 
     InstanceSocket m_socket;
+    bool m_ownsName = false;
     bool m_isOpen = false;
     QList<DoorMessage> m_waiting;
 };

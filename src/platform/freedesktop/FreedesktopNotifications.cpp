@@ -14,14 +14,14 @@ Q_LOGGING_CATEGORY(lcNotifications, "quillmarsh.platform.notifications", QtInfoM
 
 const auto kService = QStringLiteral("org.freedesktop.Notifications");
 const auto kPath = QStringLiteral("/org/freedesktop/Notifications");
-/// After this a server counts as hung. Only a log line depends on it.
-constexpr int kAnswerLimitMs = 5000;
 /// The server chooses how long a notification stays.
 constexpr int kServersOwnTimeout = -1;
 
 } // namespace
 
-FreedesktopNotifications::FreedesktopNotifications(QDBusConnection bus) : m_bus(std::move(bus))
+FreedesktopNotifications::FreedesktopNotifications(QDBusConnection bus,
+                                                   std::chrono::milliseconds answerLimit)
+    : m_bus(std::move(bus)), m_answerLimitMs(static_cast<int>(answerLimit.count()))
 {
     if (!m_bus.isConnected())
         return;
@@ -54,7 +54,7 @@ void FreedesktopNotifications::askCapabilities()
     m_isAsking = true;
     const auto call = QDBusMessage::createMethodCall(kService, kPath, kService,
                                                      QStringLiteral("GetCapabilities"));
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, kAnswerLimitMs), this);
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, m_answerLimitMs), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         m_isAsking = false;
@@ -80,7 +80,7 @@ void FreedesktopNotifications::send(const QString &title, const QString &subtitl
     call << QStringLiteral("Quillmarsh") << uint(0) << Info::main().bundleIdentifier << title
          << (m_hasBodyMarkup.value_or(false) ? subtitle.toHtmlEscaped() : subtitle) << QStringList()
          << hints << kServersOwnTimeout;
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, kAnswerLimitMs), this);
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, m_answerLimitMs), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         if (watcher->isError())

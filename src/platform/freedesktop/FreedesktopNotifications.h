@@ -7,6 +7,7 @@
 #include <QList>
 #include <QObject>
 
+#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -20,7 +21,11 @@ class FreedesktopNotifications : public QObject, public Notifications
     Q_OBJECT
 
 public:
-    explicit FreedesktopNotifications(QDBusConnection bus = QDBusConnection::sessionBus());
+    /// After this a server counts as hung. Only a log line depends on it.
+    static constexpr std::chrono::milliseconds kAnswerLimit{5000};
+
+    explicit FreedesktopNotifications(QDBusConnection bus = QDBusConnection::sessionBus(),
+                                      std::chrono::milliseconds answerLimit = kAnswerLimit);
 
     // ^Notifications
     void deliver(const QString &title, const QString &subtitle) override;
@@ -31,6 +36,7 @@ private:
     void drop(const QDBusError &error);
 
     QDBusConnection m_bus;
+    int m_answerLimitMs;
     QDBusServiceWatcher m_serverWatcher;
     /// Absent until the server that runs now has answered.
     std::optional<bool> m_hasBodyMarkup;

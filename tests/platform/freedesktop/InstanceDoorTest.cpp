@@ -1,0 +1,214 @@
+#include "platform/freedesktop/DBusInstanceDoor.h"
+
+#include "BusService.h"
+#include "support/ExpectedWarnings.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <future>
+
+/// An instance that is reached over the bus only.
+class FakeInstance : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    void reset() {}
+    QStringList calls;
+
+public Q_SLOTS:
+    void Activate(const QVariantMap &data) { note(QStringLiteral("activate"), data); }
+    void ActivateAction(const QString &action, const QVariantList &, const QVariantMap &data)
+    {
+        note(action, data);
+    }
+
+private:
+    void note(const QString &call, const QVariantMap &data)
+    {
+        calls << call + u' ' + data.value(QStringLiteral("activation-token")).toString() + u' ' +
+                     data.value(QStringLiteral("desktop-startup-id")).toString();
+    }
+};
+
+namespace {
+
+using Entry = InstanceDoor::Entry;
+
+const auto kName = QStringLiteral("org.quillmarsh.Quillmarsh");
+const auto kPath = QStringLiteral("/org/quillmarsh/Quillmarsh");
+
+/// What came through a door, in order: "action token".
+struct Visitors
+{
+    explicit Visitors(const InstanceDoor &door)
+    {
+        QObject::connect(&door, &InstanceDoor::activated, &context, [this](const QString &token) {
+            came << QStringLiteral("activate ") + token;
+        });
+        QObject::connect(
+            &door, &InstanceDoor::actionRequested, &context,
+            [this](const QString &action, const QString &token) { came << action + u' ' + token; });
+    }
+
+    bool become(const QStringList &expected)
+    {
+        return QTest::qWaitFor([&] { return came == expected; });
+    }
+
+    QStringList came;
+    QObject context;
+};
+
+std::future<Entry> startAgain(const QString &action)
+{
+    return std::async(std::launch::async, [action] { return DBusInstanceDoor().enter(action); });
+}
+
+Entry entryOf(std::future<Entry> &start)
+{
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    return start.get();
+}
+
+TEST(InstanceDoor, whatComesBeforeItIsOpenWaitsInsideOrOutside)
+{
+    DBusInstanceDoor door;
+    Visitors visitors(door);
+    ASSERT_EQ(door.enter(QString()), Entry::First);
+    auto second = startAgain(QStringLiteral("swop"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(visitors.came, QStringList());
+    door.open();
+    EXPECT_EQ(entryOf(second), Entry::Forwarded);
+    EXPECT_TRUE(visitors.become({QStringLiteral("swop ")}));
+}
+
+TEST(InstanceDoor, aSecondStartHandsOverItsActionAndItsToken)
+{
+    DBusInstanceDoor door;
+    Visitors visitors(door);
+    ASSERT_EQ(door.enter(QString()), Entry::First);
+    door.open();
+    qputenv("XDG_ACTIVATION_TOKEN", "clicked");
+    auto second = startAgain(QString());
+    EXPECT_EQ(entryOf(second), Entry::Forwarded);
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    EXPECT_TRUE(visitors.become({QStringLiteral("activate clicked")}));
+}
+
+TEST(InstanceDoor, anInstanceThatHangsIsReportedWithinItsSecond)
+{
+    DBusInstanceDoor door;
+    ASSERT_EQ(door.enter(QString()), Entry::First);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(startAgain(QString()).get(), Entry::Unreachable);
+    EXPECT_GE(timer.elapsed(), 900);
+    EXPECT_LT(timer.elapsed(), 2000);
+}
+
+TEST(InstanceDoor, noBusIsLaunchedWhereThereIsNone)
+{
+    const bool hasBus = !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
+    ASSERT_EQ(DBusInstanceDoor().enter(QString()), Entry::First);
+    EXPECT_EQ(QDBusConnection::sessionBus().isConnected(), hasBus);
+    EXPECT_EQ(!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"), hasBus);
+}
+
+TEST(InstanceDoor, anInstanceOnItsWayOutIsSucceeded)
+{
+    auto door = std::make_unique<DBusInstanceDoor>();
+    ASSERT_EQ(door->enter(QString()), Entry::First);
+    auto second = startAgain(QString());
+    door.reset();
+    EXPECT_EQ(entryOf(second), Entry::First);
+}
+
+class InstanceDoorOnBus : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+            GTEST_SKIP() << "this run has no bus";
+        ASSERT_TRUE(other.isConnected());
+    }
+
+    InstanceDoorOnBus()
+        : other(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
+                                              QStringLiteral("another program")))
+    {
+    }
+
+    QDBusConnection other;
+
+    QDBusPendingCall call(const char *member, const QVariantList &arguments)
+    {
+        auto message = QDBusMessage::createMethodCall(
+            kName, kPath, QStringLiteral("org.freedesktop.Application"), QLatin1String(member));
+        message.setArguments(arguments);
+        return other.asyncCall(message);
+    }
+
+    static bool isAnswered(const QDBusPendingCall &call, bool isError = false)
+    {
+        return QTest::qWaitFor([&] { return call.isFinished(); }) && call.isError() == isError;
+    }
+};
+
+TEST_F(InstanceDoorOnBus, otherProgramsReachEveryAction)
+{
+    DBusInstanceDoor door;
+    Visitors visitors(door);
+    ASSERT_EQ(door.enter(QString()), Entry::First);
+    const QVariantMap token{{QStringLiteral("activation-token"), QStringLiteral("t")},
+                            {QStringLiteral("desktop-startup-id"), QStringLiteral("s")}};
+    const QVariantMap startupId{{QStringLiteral("desktop-startup-id"), QStringLiteral("s")}};
+    EXPECT_TRUE(isAnswered(call("Activate", {token})));
+    EXPECT_EQ(visitors.came, QStringList()); // Taken, and kept until the door is open.
+    door.open();
+    EXPECT_TRUE(isAnswered(call("Open", {QStringList{QStringLiteral("file:///x")}, startupId})));
+    QStringList expected{QStringLiteral("activate t"), QStringLiteral("activate s")};
+    for (const char *name : {"launch", "swop", "preferences", "clear-all", "quit"}) {
+        const QString action = QLatin1String(name);
+        EXPECT_TRUE(isAnswered(call("ActivateAction", {action, QVariantList(), token})));
+        expected << action + QStringLiteral(" t");
+    }
+    EXPECT_TRUE(visitors.become(expected));
+
+    ExpectedWarnings::expect(QStringLiteral("there is no action"));
+    EXPECT_TRUE(isAnswered(
+        call("ActivateAction", {QStringLiteral("format"), QVariantList(), QVariantMap()}), true));
+    EXPECT_TRUE(visitors.become(expected));
+}
+
+TEST_F(InstanceDoorOnBus, anInstanceThatSharesOnlyTheBusIsReachedOverIt)
+{
+    BusService<FakeInstance> instance(kName, kPath);
+    qputenv("DESKTOP_STARTUP_ID", "id");
+    EXPECT_EQ(DBusInstanceDoor().enter(QString()), Entry::Forwarded);
+    EXPECT_EQ(DBusInstanceDoor().enter(QStringLiteral("preferences")), Entry::Forwarded);
+    qunsetenv("DESKTOP_STARTUP_ID");
+    EXPECT_EQ(instance.ask([](FakeInstance &fake) { return fake.calls; }),
+              (QStringList{QStringLiteral("activate id id"), QStringLiteral("preferences id id")}));
+
+    instance.hang();
+    QElapsedTimer timer;
+    timer.start();
+    ExpectedWarnings::expect(QStringLiteral("did not take the action"));
+    EXPECT_EQ(DBusInstanceDoor().enter(QString()), Entry::Unreachable);
+    EXPECT_LT(timer.elapsed(), 2000);
+}
+
+} // namespace
+
+#include "InstanceDoorTest.moc"
