@@ -54,6 +54,24 @@ void restoreEnvironment()
     g_qtPlatformBefore.reset();
 }
 
+/// Where one adapter needs another, it is the sibling it was made with: both know X11.
+void makeX11Adapters(Platform &platform)
+{
+    const ApplicationNames &names = *platform.applicationNames;
+    auto hotKeys = std::make_unique<X11HotKeys>();
+    auto frontApplication = std::make_unique<X11FrontApplication>(names, *hotKeys);
+    auto pasteboard = std::make_unique<X11Pasteboard>(names);
+    const X11KeySender::TerminalSelection terminal{
+        [served = pasteboard.get()] { served->offerPrimary(); },
+        [served = pasteboard.get()](xcb_window_t target) { served->publishPrimary(target); }};
+    platform.keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, terminal);
+    platform.windowSpace = std::make_unique<X11WindowSpace>();
+    platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
+    platform.hotKeys = std::move(hotKeys);
+    platform.frontApplication = std::move(frontApplication);
+    platform.pasteboard = std::move(pasteboard);
+}
+
 } // namespace
 
 std::optional<QString> PlatformLoader::chooseDisplay()
@@ -88,29 +106,18 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
 {
     restoreEnvironment();
     auto platform = std::make_unique<Platform>();
-    const auto catalog = std::make_shared<DesktopEntryCatalog>();
+    // Begins to scan at once, on its own thread, for those who ask first: pasteboard and front
+    // application.
+    const auto entries = std::make_shared<DesktopEntryCatalog>();
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
-    platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(catalog);
-    platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(catalog);
+    platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
+    platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(entries);
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();
     platform->notifications = std::make_unique<FreedesktopNotifications>();
     platform->workspace = std::make_unique<FreedesktopWorkspace>();
-    platform->windowSpace = std::make_unique<X11WindowSpace>();
-    platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
     platform->symbolicHotKeys = std::make_unique<FreedesktopSymbolicHotKeys>();
-
-    auto hotKeys = std::make_unique<X11HotKeys>();
-    auto frontApplication =
-        std::make_unique<X11FrontApplication>(*platform->applicationNames, *hotKeys);
-    auto pasteboard = std::make_unique<X11Pasteboard>(*platform->applicationNames);
-    const X11KeySender::TerminalSelection terminal{
-        [service = pasteboard.get()] { service->offerPrimary(); },
-        [service = pasteboard.get()](xcb_window_t target) { service->publishPrimary(target); }};
-    platform->keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, terminal);
-    platform->hotKeys = std::move(hotKeys);
-    platform->frontApplication = std::move(frontApplication);
-    platform->pasteboard = std::move(pasteboard);
+    makeX11Adapters(*platform);
     platform->statusBar =
         std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
     return platform;

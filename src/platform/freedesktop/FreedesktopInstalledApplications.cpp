@@ -1,17 +1,15 @@
 #include "platform/freedesktop/FreedesktopInstalledApplications.h"
 
 #include "platform/freedesktop/DesktopEntryCatalog.h"
+#include "platform/freedesktop/DesktopEntryIcon.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QSet>
 #include <QStyle>
 
 #include <algorithm>
 
 namespace {
-
-constexpr qint64 kLargestIcon = 4 * 1024 * 1024;
 
 bool isPasswordManager(const DesktopApplication &application)
 {
@@ -52,23 +50,6 @@ bool isPasswordManager(const DesktopApplication &application)
            application.genericName.contains(u"password manager", Qt::CaseInsensitive);
 }
 
-QIcon iconOfFile(const QString &path)
-{
-    // A pipe or a giant in an icon's place must not hold up the painting.
-    const QFileInfo file(path);
-    return file.isFile() && file.size() <= kLargestIcon ? QIcon(path) : QIcon();
-}
-
-QIcon iconOfTheme(QString name)
-{
-    // Many entries name a file where a theme knows it without its ending.
-    for (const QStringView ending : {u".png", u".svg", u".xpm"}) {
-        if (name.endsWith(ending))
-            name.chop(ending.size());
-    }
-    return name.contains(u'/') ? QIcon() : QIcon::fromTheme(name);
-}
-
 } // namespace
 
 FreedesktopInstalledApplications::FreedesktopInstalledApplications(
@@ -94,8 +75,7 @@ QList<InstalledApplication> FreedesktopInstalledApplications::applications()
 
 QIcon FreedesktopInstalledApplications::icon(const InstalledApplication &application)
 {
-    const QString &name = application.iconName;
-    const QIcon icon = name.startsWith(u'/') ? iconOfFile(name) : iconOfTheme(name);
+    const QIcon icon = desktopEntryIcon(application.iconName);
     if (!icon.isNull())
         return icon;
     return QIcon::fromTheme(QStringLiteral("application-x-executable"),

@@ -1,9 +1,11 @@
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 
+#include "platform/freedesktop/DesktopEntry.h"
+#include "platform/freedesktop/DesktopEntryIcon.h"
+
 #include <QApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QMimeDatabase>
@@ -19,7 +21,6 @@ Q_LOGGING_CATEGORY(lcWorkspace, "quillmarsh.platform.workspace", QtInfoMsg)
 
 /// A file manager that is only starting needs its time; after this its folder is opened instead.
 constexpr int kFileManagerLimitMs = 10000;
-constexpr qint64 kLargestEntry = 256 * 1024;
 
 struct Opener
 {
@@ -57,29 +58,6 @@ QIcon themeIcon(const QStringList &names)
             return icon;
     }
     return {};
-}
-
-/// The value of `key` in a desktop entry's main group; empty when it has none.
-QString valueOfEntry(const QString &path, const QByteArray &key)
-{
-    QFile entry(path);
-    if (!entry.open(QIODevice::ReadOnly))
-        return {};
-    bool isMainGroup = false;
-    for (const QByteArray &line : entry.read(kLargestEntry).split('\n')) {
-        if (line.startsWith('['))
-            isMainGroup = line.startsWith("[Desktop Entry]");
-        else if (isMainGroup && line.left(line.indexOf('=')).trimmed() == key)
-            return QString::fromUtf8(line.mid(line.indexOf('=') + 1).trimmed());
-    }
-    return {};
-}
-
-/// A desktop entry's own icon: a name in the theme, or a picture's path.
-QIcon entryIcon(const QString &path)
-{
-    const QString icon = valueOfEntry(path, "Icon");
-    return QDir::isAbsolutePath(icon) ? QIcon(icon) : QIcon::fromTheme(icon);
 }
 
 } // namespace
@@ -141,7 +119,9 @@ QIcon FreedesktopWorkspace::iconForFile(const QString &path)
     if (fileExists(path)) {
         const QFileInfo file(path);
         if (file.suffix() == QLatin1String("desktop")) {
-            if (QIcon icon = entryIcon(path); !icon.isNull())
+            const auto entry = DesktopEntry::read(path);
+            const auto name = entry ? entry->text("Icon") : std::nullopt;
+            if (const QIcon icon = desktopEntryIcon(name.value_or(QString())); !icon.isNull())
                 return icon;
             names << QStringLiteral("application-x-executable");
         } else if (file.isDir()) {

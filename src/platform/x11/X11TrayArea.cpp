@@ -1,22 +1,17 @@
 #include "platform/x11/X11TrayArea.h"
 
+#include "platform/x11/QtX11Connection.h"
+#include "platform/x11/X11Connection.h"
+
 #include <QCoreApplication>
-#include <QGuiApplication>
 
 #include <xcb/xfixes.h>
 
 #include <cstdlib>
-#include <memory>
 
 namespace {
 
 constexpr int kEventMask = 0x7f; // The top bit only says that another client sent the event.
-
-template <typename Reply>
-std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply)
-{
-    return {reply, &std::free};
-}
 
 /// The number in DISPLAY after the dot.
 int defaultScreen()
@@ -41,13 +36,12 @@ xcb_window_t rootOf(xcb_connection_t *connection, int screen)
 
 X11TrayArea::X11TrayArea(QObject *parent) : TrayArea(parent)
 {
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    xcb_connection_t *connection = qtX11Connection();
+    if (!connection)
         return;
-    xcb_connection_t *connection = x11->connection();
     const int screen = defaultScreen();
     const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(screen);
-    const auto atom = owned(xcb_intern_atom_reply(
+    const XcbPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection,
         xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData()),
         nullptr));
@@ -64,7 +58,7 @@ X11TrayArea::X11TrayArea(QObject *parent) : TrayArea(parent)
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-    const auto owner = owned(xcb_get_selection_owner_reply(
+    const XcbPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
         connection, xcb_get_selection_owner(connection, m_selection), nullptr));
     m_isPresent = owner && owner->owner != XCB_WINDOW_NONE;
 }

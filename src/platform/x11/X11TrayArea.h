@@ -6,8 +6,9 @@
 
 #include <xcb/xcb.h>
 
-/// Watches the owner of _NET_SYSTEM_TRAY_S<n> of the default screen, on Qt's own connection. Owned
-/// by the status bar.
+/// Watches the owner of _NET_SYSTEM_TRAY_S<n> of the default screen. Owned by the status bar. It
+/// listens on Qt's own connection, so that it never speaks of a tray before Qt knows of it, nor of
+/// its end while Qt still believes in it.
 class X11TrayArea : public TrayArea, public QAbstractNativeEventFilter
 {
     Q_OBJECT
