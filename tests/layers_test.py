@@ -1,0 +1,186 @@
+#!/usr/bin/python3
+"""Reads the includes under src/ and tests/ and fails, with file and line, where one runs up.
+
+layers_test.py [ROOT]        checks a source tree
+layers_test.py --self-test   checks that each kind of wrong include is found
+"""
+
+import os
+import re
+import sys
+import tempfile
+
+ROOMS = ("history", "shortcut", "updates", "hotkey", "preferenceswindow")
+ADAPTERS = ("x11", "wayland", "freedesktop")
+# The only files of src/ that name adapters, and that know of the one who chooses them.
+MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
+LOADER = "platform/PlatformLoader.cpp"
+LOADER_HEADER = "platform/PlatformLoader.h"
+
+INCLUDE = re.compile(r'\s*#\s*include\s*"([^"]+)"')
+
+
+def layer(path):
+    """The layer of a file under src/: a room, "platform", or one of the platform's folders."""
+    parts = path.split("/")
+    if parts[0] == "platform" and len(parts) > 2:
+        return "platform/" + parts[1]
+    return parts[0]
+
+
+def may_know(path):
+    """The layers that a file under src/ may include from."""
+    own = layer(path)
+    if own == "Clipboard":
+        known = {"Clipboard", "platform", *ROOMS}
+    elif own.startswith("platform/") or own in ROOMS:
+        known = {own, "platform"}
+    else:
+        known = {"platform"}
+    if path in MAINS or path == LOADER:
+        known |= {"platform/" + adapter for adapter in ADAPTERS}
+    return known
+
+
+def fault(path, included):
+    """Why a file under src/ may not include another; None when it may."""
+    target = layer(included)
+    if target not in may_know(path):
+        return f"{layer(path)} may not know {target}"
+    if included == LOADER_HEADER and path != LOADER and path not in MAINS:
+        return "only main chooses the platform"
+    return None
+
+
+def fault_in_test(path, included):
+    """The same for a file under tests/: adapters are named by their own tests only."""
+    is_adapters_test = path.startswith(("platform/", "desktop/", "support/"))
+    if layer(included) in {"platform/" + adapter for adapter in ADAPTERS} and not is_adapters_test:
+        return "only tests of the platform name adapters"
+    return None
+
+
+def sources(folder):
+    for parent, folders, names in os.walk(folder):
+        folders.sort()
+        for name in sorted(names):
+            if name.endswith((".h", ".cpp", ".h.in")):
+                yield os.path.relpath(os.path.join(parent, name), folder)
+
+
+def includes(folder, path):
+    with open(os.path.join(folder, path), encoding="utf-8") as source:
+        for number, line in enumerate(source, 1):
+            match = INCLUDE.match(line)
+            if match and not match[1].endswith(".moc"):
+                yield number, match[1]
+
+
+def cycles(arrows):
+    """Include cycles that leave their folder, each once, as lists of files."""
+    found, done = [], set()
+
+    def visit(path, trail):
+        if path in trail:
+            cycle = trail[trail.index(path):]
+            if len({os.path.dirname(part) for part in cycle}) > 1:
+                found.append(cycle + [path])
+            return
+        if path in done:
+            return
+        for included in arrows.get(path, ()):
+            visit(included, trail + [path])
+        done.add(path)
+
+    for start in sorted(arrows):
+        visit(start, [])
+    return found
+
+
+def check(root):
+    """What is wrong in the tree, one line a fault."""
+    faults = []
+    src, tests = os.path.join(root, "src"), os.path.join(root, "tests")
+    known = {path.removesuffix(".in") for path in sources(src)}
+    arrows = {}
+    for path in sources(src):
+        for number, included in includes(src, path):
+            if included not in known:
+                why = "no file of that name, counted from src/"
+            else:
+                arrows.setdefault(path, []).append(included)
+                why = fault(path, included)
+            if why:
+                faults.append(f'src/{path}:{number}: "{included}": {why}')
+    for path in sources(tests):
+        for number, included in includes(tests, path):
+            why = fault_in_test(path, included) if included in known else None
+            if why:
+                faults.append(f'tests/{path}:{number}: "{included}": {why}')
+    faults += [f"src/{cycle[0]}:1: a circle: " + " > ".join(cycle) for cycle in cycles(arrows)]
+    return faults
+
+
+# A file, its includes, and the text that its report must contain (None: nothing is wrong).
+CASES = (
+    ("Clipboard/AppDelegate.h", ("history/Store.h", "platform/Clock.h"), None),
+    ("Clipboard/main.cpp", ("platform/PlatformLoader.h", "platform/x11/Keys.h"), None),
+    ("platform/PlatformLoader.cpp", ("platform/x11/Keys.h", "platform/freedesktop/Bus.h"), None),
+    ("history/Store.cpp", ("platform/Clock.h", "platform/Info.h"), None),
+    ("history/Store.cpp", ("platform/Clock.h", "shortcut/Value.h"), "src/history/Store.cpp:2:"),
+    ("history/Store.cpp", ("Clipboard/AppDelegate.h",), "history may not know Clipboard"),
+    ("history/Store.cpp", ("platform/x11/Keys.h",), "history may not know platform/x11"),
+    ("Clipboard/AppDelegate.cpp", ("platform/x11/Keys.h",), "may not know platform/x11"),
+    ("Clipboard/AppDelegate.cpp", ("platform/PlatformLoader.h",), "only main chooses"),
+    ("Clipboard/main.cpp", ("platform/memory/Fake.h",), "may not know platform/memory"),
+    ("platform/x11/Keys.cpp", ("platform/freedesktop/Bus.h",), "may not know platform/freedesktop"),
+    ("platform/x11/Keys.cpp", ("history/Store.h",), "platform/x11 may not know history"),
+    ("platform/Clock.cpp", ("platform/x11/Keys.h",), "platform may not know platform/x11"),
+    ("platform/Clock.cpp", ("Clock.h",), "no file of that name"),
+    ("Clipboard/AppDelegate.h", ("Clipboard/window/View.h",), "a circle"),
+)
+
+
+def write(root, path, included):
+    path = os.path.join(root, path)
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "a", encoding="utf-8") as file:
+        file.writelines(f'#include "{name}"\n' for name in included)
+
+
+def self_test():
+    failed = []
+    for path, included, expected in CASES:
+        with tempfile.TemporaryDirectory() as root:
+            for name in ("history/Store.h", "shortcut/Value.h", "platform/Clock.h",
+                         "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
+                         "platform/freedesktop/Bus.h", "platform/memory/Fake.h",
+                         "Clipboard/AppDelegate.h"):
+                write(root, "src/" + name, ())
+            write(root, "src/Clipboard/window/View.h", ("Clipboard/AppDelegate.h",))
+            write(root, "src/" + path, included)
+            told = check(root)
+            is_right = not told if expected is None else len(told) == 1 and expected in told[0]
+            if not is_right:
+                failed.append(f"{path} including {included}: expected {expected}, told {told}")
+    with tempfile.TemporaryDirectory() as root:
+        write(root, "src/platform/x11/Keys.h", ())
+        write(root, "tests/history/StoreTest.cpp", ("platform/x11/Keys.h",))
+        write(root, "tests/platform/x11/KeysTest.cpp", ("platform/x11/Keys.h",))
+        if [line.split(": ")[0] for line in check(root)] != ["tests/history/StoreTest.cpp:1"]:
+            failed.append(f"an adapter named by a room's test: told {check(root)}")
+    return failed
+
+
+def main():
+    if sys.argv[1:] == ["--self-test"]:
+        faults = self_test()
+    else:
+        here = os.path.dirname(os.path.abspath(__file__))
+        faults = check(sys.argv[1] if sys.argv[1:] else os.path.dirname(here))
+    print("\n".join(faults))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
