@@ -66,6 +66,17 @@ int runApplication(QApplication &application, InstanceDoor &door)
 
 int main(int argc, char **argv)
 {
+    // First of all, so that a second start is over before it talks to the display.
+    std::unique_ptr<InstanceDoor> entered = PlatformLoader::makeDoor();
+    switch (entered->enter(QString())) {
+    case InstanceDoor::Entry::First:
+        break;
+    case InstanceDoor::Entry::Forwarded:
+        return EXIT_SUCCESS;
+    case InstanceDoor::Entry::Unreachable:
+        std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
+        return EXIT_FAILURE;
+    }
     if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {
         std::fprintf(stderr, "quillmarsh: %s\n", qUtf8Printable(*problem));
         return EXIT_FAILURE;
@@ -76,16 +87,7 @@ int main(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral(QUILLMARSH_BUNDLE_IDENTIFIER));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon")));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-
-    const std::unique_ptr<InstanceDoor> door = PlatformLoader::makeDoor();
-    switch (door->enter(QString())) {
-    case InstanceDoor::Entry::First:
-        return runApplication(application, *door);
-    case InstanceDoor::Entry::Forwarded:
-        return EXIT_SUCCESS;
-    case InstanceDoor::Entry::Unreachable:
-        break;
-    }
-    std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
-    return EXIT_FAILURE;
+    // The door listens on the application's event loop and so is closed before it.
+    const std::unique_ptr<InstanceDoor> door = std::move(entered);
+    return runApplication(application, *door);
 }
