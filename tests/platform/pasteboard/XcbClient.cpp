@@ -26,8 +26,12 @@ XcbClient::~XcbClient()
 
 void XcbClient::die()
 {
-    if (m_connection)
-        xcb_disconnect(m_connection);
+    if (!m_connection)
+        return;
+    // What was sent must have reached the server: a socket that is closed over unread events may
+    // take it along.
+    owner("CLIPBOARD");
+    xcb_disconnect(m_connection);
     m_connection = nullptr;
 }
 

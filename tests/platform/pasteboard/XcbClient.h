@@ -79,6 +79,8 @@ public:
     void die();
 
     qsizetype sentBytes() const { return m_sentBytes; }
+    /// Whether it has sent so much and no transfer is under way.
+    bool hasSent(qsizetype bytes) const { return m_sentBytes == bytes && m_sending.empty(); }
 
 private:
     struct Sending
