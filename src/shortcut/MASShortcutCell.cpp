@@ -1,6 +1,5 @@
 #include "shortcut/MASShortcutCell.h"
 
-#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainter>
