@@ -42,7 +42,8 @@ public:
     void save();
 
     /// See ClipStore.
-    bool emptyLog() { return m_store.emptyLog(); }
+    [[nodiscard]] bool emptyLog() { return m_store.emptyLog(); }
+    void prepareLog() { m_store.prepareLog(); }
     void vacuum() { m_store.vacuum(); }
 
     // Values as saved; ClipItem puts its unsaved ones before them.

@@ -14,9 +14,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Shorter than a frame, so that indexing is never seen.
-constexpr auto kIndexSlice = 4ms;
-constexpr auto kLogDelay = 5s;
+/// Shorter than a frame, so that work while idle is never seen.
+constexpr auto kIdleSlice = 4ms;
+constexpr auto kLogDelay = 1min;
 
 const QString kFilePrefix = QStringLiteral("file:");
 
@@ -30,11 +30,11 @@ bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipIte
 ClipHistory::ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings)
     : m_clock(clock), m_settings(settings), m_context(storeFolder), m_index(m_context)
 {
-    m_indexTimer.setInterval(0);
-    connect(&m_indexTimer, &QTimer::timeout, this, &ClipHistory::indexSome);
+    m_idleTimer.setInterval(0);
+    connect(&m_idleTimer, &QTimer::timeout, this, &ClipHistory::workWhileIdle);
     m_logTimer.setSingleShot(true);
     m_logTimer.setInterval(kLogDelay);
-    connect(&m_logTimer, &QTimer::timeout, this, [this] { m_context.emptyLog(); });
+    connect(&m_logTimer, &QTimer::timeout, this, &ClipHistory::emptyLog);
 }
 
 ClipHistory::~ClipHistory() = default;
@@ -63,14 +63,24 @@ void ClipHistory::fetch()
     if (!std::is_sorted(m_history.begin(), m_history.end(), isNewer))
         std::sort(m_history.begin(), m_history.end(), isNewer);
     m_index.enqueue(m_history);
-    m_indexTimer.start();
+    m_idleTimer.start();
 }
 
-void ClipHistory::indexSome()
+void ClipHistory::workWhileIdle()
 {
-    m_index.work(kIndexSlice);
-    if (m_index.isComplete())
-        m_indexTimer.stop();
+    m_index.work(kIdleSlice);
+    if (!m_index.isComplete())
+        return;
+    m_idleTimer.stop();
+    m_context.prepareLog();
+}
+
+void ClipHistory::emptyLog()
+{
+    if (m_context.emptyLog())
+        m_idleTimer.start();
+    else
+        m_logTimer.start();
 }
 
 void ClipHistory::saveContext()
@@ -156,7 +166,8 @@ void ClipHistory::removeOldest()
     const std::shared_ptr<ClipItem> oldest = m_history.back();
     m_history.pop_back();
     forget(oldest);
-    m_logTimer.start();
+    if (!m_logTimer.isActive())
+        m_logTimer.start();
 }
 
 void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
@@ -178,7 +189,7 @@ void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
     std::erase(m_found, deleted);
     forget(deleted);
     saveContext();
-    m_context.emptyLog();
+    emptyLog();
     Q_EMIT clipItemArrChanged();
 }
 
@@ -186,7 +197,7 @@ void ClipHistory::clearAll()
 {
     maxItemsModified(0);
     m_context.vacuum();
-    m_context.emptyLog();
+    emptyLog();
 }
 
 void ClipHistory::maxItemsModified(qint64 maxItems)
@@ -204,7 +215,7 @@ void ClipHistory::maxItemsModified(qint64 maxItems)
     saveContext();
     loadClipItems();
     if (isTooLong)
-        m_context.emptyLog();
+        emptyLog();
 }
 
 void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)

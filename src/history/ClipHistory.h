@@ -82,7 +82,8 @@ private:
     double stamp() const;
     void removeOldest();
     void forget(const std::shared_ptr<ClipItem> &item);
-    void indexSome();
+    void workWhileIdle();
+    void emptyLog();
 
     Clock &m_clock;
     CaptureSettings &m_settings;
@@ -93,6 +94,6 @@ private:
     Items m_found;
     const Items *m_shown = &m_found; ///< The list: m_history or m_found.
     std::shared_ptr<ClipItem> m_lastClipItem;
-    QTimer m_indexTimer; ///< Fires while there is nothing else to do.
-    QTimer m_logTimer;   ///< Empties the write-ahead log some time after clips were trimmed.
+    QTimer m_idleTimer; ///< Fires while there is nothing else to do.
+    QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.
 };

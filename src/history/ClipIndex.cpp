@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr qint64 kLongestFolded = 64 * 1024;    // bytes of one text
+constexpr qint64 kLongestFolded = 1024 * 1024;  // bytes of one text
 constexpr qint64 kAllFolded = 32 * 1024 * 1024; // bytes of all texts
 constexpr qsizetype kHashedBytes = 4 * 1024;    // of a text's beginning
 constexpr int kItemsBetweenLooks = 32;

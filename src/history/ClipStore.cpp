@@ -1,6 +1,7 @@
 #include "history/ClipStore.h"
 
 #include "history/HistoryLog.h"
+#include "history/StoreModel.h"
 #include "history/StoreOpening.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -259,6 +260,13 @@ bool ClipStore::emptyLog()
     closeTextStart();
     return sqlite3_wal_checkpoint_v2(m_database->getHandle(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
                                      nullptr, nullptr) == SQLITE_OK;
+}
+
+void ClipStore::prepareLog()
+{
+    closeTextStart();
+    // Any commit will do; one that fails leaves the log as it was.
+    m_database->tryExec("PRAGMA user_version = " + std::to_string(StoreModel::kMajorVersion));
 }
 
 void ClipStore::vacuum()

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kMajorVersion = 1;
-
 struct Attribute
 {
     const char *name;

@@ -11,6 +11,8 @@ class Database;
 /// its major version: a higher one than ours was written by a program whose shape we cannot infer.
 namespace StoreModel {
 
+inline constexpr int kMajorVersion = 1;
+
 enum class Fit {
     Ready,     ///< Nothing to change.
     Adaptable, ///< Empty, or something is missing that can be added.

@@ -174,7 +174,10 @@ private:
     void shrink()
     {
         const int maxItems = pick(12);
-        m_rig->history.maxItemsModified(maxItems);
+        if (maxItems == 0)
+            m_rig->history.clearAll();
+        else
+            m_rig->history.maxItemsModified(maxItems);
         m_naive.shrink(static_cast<std::size_t>(maxItems));
     }
 

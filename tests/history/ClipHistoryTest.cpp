@@ -1,6 +1,5 @@
 #include "history/HistoryRig.h"
 
-#include <QRegularExpression>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -106,19 +105,6 @@ TEST_F(ClipHistoryTest, aFullHistoryLosesExactlyItsOldestClip)
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("D E"));
 }
 
-TEST_F(ClipHistoryTest, whileASearchIsShownItsResultDecidesAboutTrimming)
-{
-    for (const char *text : {"A1", "A2", "B1"})
-        m_rig.add(QString::fromUtf8(text));
-    m_rig.settings.maxItems = 2;
-    m_rig.history.filterClipItemArr(QStringLiteral("b"));
-    m_rig.add(QStringLiteral("B2"));
-    EXPECT_EQ(m_rig.texts(), list("B2 B1 A2 A1"));
-    m_rig.history.filterClipItemArr(QStringLiteral("b"));
-    m_rig.add(QStringLiteral("B3"));
-    EXPECT_EQ(m_rig.texts(), list("B3 B2 B1 A2"));
-}
-
 TEST_F(ClipHistoryTest, aDeletedLatestClipIsStillTheLatestUntilTheNextLoad)
 {
     m_rig.add(QStringLiteral("A"));
@@ -134,25 +120,6 @@ TEST_F(ClipHistoryTest, aDeletedLatestClipIsStillTheLatestUntilTheNextLoad)
     EXPECT_EQ(m_rig.texts(), list("B A"));
     m_rig.history.deleteItem(deleted);
     EXPECT_EQ(m_rig.texts(), list("B A"));
-}
-
-TEST_F(ClipHistoryTest, clearingAndShrinkingActOnWhatIsShown)
-{
-    for (const char *text : {"A1", "B1", "A2", "B2", "A3"})
-        m_rig.add(QString::fromUtf8(text));
-    m_rig.history.maxItemsModified(5);
-    EXPECT_EQ(m_rig.texts(), list("A3 B2 A2 B1 A1"));
-    m_rig.history.filterClipItemArr(QStringLiteral("A"));
-    m_rig.history.maxItemsModified(2);
-    EXPECT_EQ(m_rig.texts(), list("A3 B2 A2 B1"));
-    m_rig.history.filterClipItemArr(QStringLiteral("B"));
-    m_rig.history.clearAll();
-    EXPECT_EQ(m_rig.texts(), list("A3 A2"));
-    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A3 A2"));
-    m_rig.history.clearAll();
-    EXPECT_EQ(m_rig.texts(), QStringList());
-    EXPECT_EQ(m_rig.history.lastClipItem(), nullptr);
-    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList());
 }
 
 TEST_F(ClipHistoryTest, aSearchShowsWhatItFindsUntilTheNextLoad)

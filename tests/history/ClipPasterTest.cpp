@@ -195,15 +195,6 @@ TEST_F(ClipPasterTest, aSwopExchangesTheSelectionForTheClip)
     EXPECT_EQ(m_rig.texts(), before);
 }
 
-TEST_F(ClipPasterTest, aSwopWithoutASelectionIsAnOrdinaryPaste)
-{
-    m_rig.paster.swop();
-    m_rig.paster.performPaste(kPlain, {});
-    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
-    EXPECT_EQ(m_rig.platform.clock.waits().size(), 1);
-    EXPECT_FALSE(m_rig.swopState.performSwop);
-}
-
 TEST_F(ClipPasterTest, aCopyThatCameBeforeTheSwopIsRecorded)
 {
     m_rig.capture.setPaused(true);

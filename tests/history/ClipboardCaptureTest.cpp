@@ -62,14 +62,6 @@ TEST_F(ClipboardCaptureTest, changesThatWaitedAreExaminedOnceEachAndInOrder)
     EXPECT_EQ(m_rig.texts().size(), 99);
 }
 
-TEST_F(ClipboardCaptureTest, ofOurOwnWritesTheLatestIsRecorded)
-{
-    m_rig.paster.setPasteboardString(QStringLiteral("first"), {});
-    m_rig.paster.setPasteboardString(QStringLiteral("second"), {});
-    m_rig.capture.timeout();
-    EXPECT_EQ(m_rig.texts(), QStringList{QStringLiteral("second")});
-}
-
 struct IgnoreRow
 {
     const char *name;
