@@ -84,8 +84,8 @@ private:
     void addEntry(const std::filesystem::path &file, const QString &id);
 
     QSet<QString> m_ids;
-    QSet<quint64>
-        m_entered; ///< Inodes of the folders above, so that a link cannot lead in circles.
+    /// Inodes of the folders above, so that a link cannot lead in circles.
+    QSet<quint64> m_entered;
 };
 
 QString textOf(const std::filesystem::path &path)

@@ -1,6 +1,6 @@
 #include "platform/freedesktop/FreedesktopLoginItems.h"
-#include "platform/freedesktop/RegularFile.h"
 #include "platform/freedesktop/AutostartEntry.h"
+#include "platform/freedesktop/RegularFile.h"
 
 #include "support/ExpectedWarnings.h"
 
@@ -33,8 +33,7 @@ protected:
 
     QByteArray ours() const
     {
-        return readRegularFile(path("org.quillmarsh.Quillmarsh.desktop"))
-            .value_or(QByteArray());
+        return readRegularFile(path("org.quillmarsh.Quillmarsh.desktop")).value_or(QByteArray());
     }
 
     QTemporaryDir m_folder;
