@@ -22,9 +22,8 @@ void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel(
     MASShortcutValidator::sharedValidator().setMainMenu(statusMenu);
 }
 
-QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
+QString GlobalShortcuts::wordName(const MASShortcut &shortcut)
 {
-    // The names printed on a Linux keyboard.
     static const std::array<std::pair<quint64, QString>, 4> kModifierNames{{
         {ModifierFlags::kCommand, QStringLiteral("Super")},
         {ModifierFlags::kControl, QStringLiteral("Ctrl")},
@@ -37,7 +36,12 @@ QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
             words.append(name);
     }
     words.append(shortcut.keyCodeString());
-    return QStringLiteral("%1 (%2)").arg(shortcut.description(), words.join(QStringLiteral(" + ")));
+    return words.join(QStringLiteral(" + "));
+}
+
+QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
+{
+    return QStringLiteral("%1 (%2)").arg(shortcut.description(), wordName(shortcut));
 }
 
 std::optional<QString> GlobalShortcuts::storedSentenceName(const SettingsStore &settings,

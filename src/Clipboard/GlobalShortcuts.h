@@ -18,6 +18,9 @@ namespace GlobalShortcuts {
 /// `statusMenu` tells the menu whose entries a new shortcut must not clash with.
 void connect(Platform &platform, const std::function<MenuModel()> &statusMenu);
 
+/// A shortcut in words, as the keys of a Linux keyboard are called: "Super + Shift + V".
+QString wordName(const MASShortcut &shortcut);
+
 /// How a sentence names a shortcut to the user, in signs and in words: "⇧⌘V (Super + Shift + V)".
 QString sentenceName(const MASShortcut &shortcut);
 

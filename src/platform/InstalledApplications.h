@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 /// An application that a person can choose by name and icon.
 struct InstalledApplication
 {
@@ -30,6 +32,10 @@ public:
     /// As they are installed now, without those that hide themselves from menus, by name. Two may
     /// bear the same name.
     virtual QList<InstalledApplication> applications() = 0;
+
+    /// What a file stands for that somebody chose by hand: a desktop entry for the application that
+    /// it describes, a program for an application of its file name. Absent for any other file.
+    virtual std::optional<InstalledApplication> applicationAtPath(const QString &path) = 0;
 
     /// The application's icon, drawn when it is first painted; a plain one when it has none that
     /// can be used.

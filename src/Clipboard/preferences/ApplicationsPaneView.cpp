@@ -3,18 +3,29 @@
 #include "Clipboard/preferences/PaneParts.h"
 
 #include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
 #include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr QSize kSize(460, 320);
+constexpr QSize kSize(480, 340);
+
+QString joined(const QStringList &names)
+{
+    if (names.size() < 2)
+        return names.join(QString());
+    return ApplicationsPaneView::tr("%1 and %2")
+        .arg(names.mid(0, names.size() - 1).join(QStringLiteral(", ")), names.last());
+}
 
 } // namespace
 
 ApplicationsPaneView::ApplicationsPaneView(int rowHeight)
-    : table(new QTableView), add(new QToolButton), remove(new QToolButton)
+    : table(new QTableView), add(new QToolButton), remove(new QToolButton),
+      suggest(new QPushButton), m_emptyState(new QWidget(table)), m_emptyNote(new PaneNote)
 {
     table->setAccessibleName(tr("Ignored applications"));
     add->setText(QStringLiteral("+"));
@@ -25,10 +36,36 @@ ApplicationsPaneView::ApplicationsPaneView(int rowHeight)
     remove->setToolTip(tr("Remove application"));
     for (QToolButton *button : {add, remove}) {
         button->setFocusPolicy(Qt::StrongFocus);
-        button->setFixedSize(28, 24);
+        button->setFixedSize(30, 26);
     }
     setUpTable(rowHeight);
+    setUpEmptyState();
     layOut();
+}
+
+void ApplicationsPaneView::showEmptyState(const QStringList &suggestions)
+{
+    suggest->setVisible(!suggestions.isEmpty());
+    suggest->setText(suggestions.size() > 2
+                         ? tr("Ignore %1 password managers").arg(suggestions.size())
+                         : tr("Ignore %1").arg(joined(suggestions)));
+    m_emptyNote->setText(suggestions.isEmpty()
+                             ? tr("Add an application whose copies shall stay private.")
+                             : tr("What is copied from %1 is recorded like any other text. "
+                                  "You may want to keep passwords out of the history.")
+                                   .arg(joined(suggestions)));
+    m_emptyState->show();
+}
+
+void ApplicationsPaneView::hideEmptyState()
+{
+    m_emptyState->hide();
+}
+
+void ApplicationsPaneView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    Q_EMIT appeared();
 }
 
 void ApplicationsPaneView::setUpTable(int rowHeight)
@@ -46,6 +83,26 @@ void ApplicationsPaneView::setUpTable(int rowHeight)
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+}
+
+void ApplicationsPaneView::setUpEmptyState()
+{
+    auto *title = new QLabel(tr("No application is ignored"));
+    title->setAlignment(Qt::AlignCenter);
+    m_emptyNote->setAlignment(Qt::AlignHCenter);
+    auto *column = new QVBoxLayout(m_emptyState);
+    column->setContentsMargins(24, 16, 24, 16);
+    column->setSpacing(8);
+    column->addStretch();
+    column->addWidget(title);
+    column->addWidget(m_emptyNote);
+    column->addSpacing(6);
+    column->addWidget(suggest, 0, Qt::AlignHCenter);
+    column->addStretch();
+    auto *fill = new QVBoxLayout(table);
+    fill->setContentsMargins(0, 0, 0, 0);
+    fill->addWidget(m_emptyState);
+    m_emptyState->hide();
 }
 
 void ApplicationsPaneView::layOut()

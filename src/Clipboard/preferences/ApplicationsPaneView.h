@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 
-class QAbstractItemModel;
+class PaneNote;
 class QPushButton;
 class QTableView;
 class QToolButton;
@@ -14,13 +15,31 @@ class ApplicationsPaneView : public QWidget
     Q_OBJECT
 
 public:
+    /// `rowHeight` is in points.
     explicit ApplicationsPaneView(int rowHeight);
+
+    /// What an empty list says in the middle of its table, with a button that adds the
+    /// applications of these names, if there are any. Without a call the table's rows are shown.
+    void showEmptyState(const QStringList &suggestions);
+    void hideEmptyState();
 
     QTableView *table;
     QToolButton *add;
     QToolButton *remove;
+    QPushButton *suggest; ///< Adds the suggested applications.
+
+Q_SIGNALS:
+    void appeared();
+
+protected:
+    // ^QWidget
+    void showEvent(QShowEvent *event) override;
 
 private:
     void setUpTable(int rowHeight);
+    void setUpEmptyState();
     void layOut();
+
+    QWidget *m_emptyState;
+    PaneNote *m_emptyNote;
 };

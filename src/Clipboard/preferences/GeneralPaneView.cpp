@@ -1,5 +1,6 @@
 #include "Clipboard/preferences/GeneralPaneView.h"
 
+#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PaneParts.h"
 #include "shortcut/MASShortcutView.h"
@@ -11,59 +12,73 @@
 
 namespace {
 
-constexpr int kWidth = 560;
+constexpr int kWidth = 600;
 constexpr int kMargin = 24;
-constexpr int kRowSpacing = 8;
-constexpr int kSectionSpacing = 14;
+constexpr int kSpacing = 3;
+constexpr int kRowSpace = 8;
+constexpr int kSectionSpace = 5;
 
-/// Fills the grid from top to bottom: what a row is about on the left, its control on the right.
+/// Fills the grid from top to bottom: what a row is about on the left, its control on the right
+/// with what there is to say about it below.
 class Rows
 {
 public:
     explicit Rows(QWidget &pane) : m_grid(new QGridLayout(&pane))
     {
-        m_grid->setContentsMargins(kMargin, kMargin - 4, kMargin, kMargin);
+        m_grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin / 4);
         m_grid->setHorizontalSpacing(10);
-        m_grid->setVerticalSpacing(kRowSpacing);
+        m_grid->setVerticalSpacing(kSpacing);
         m_grid->setColumnStretch(1, 1);
-        m_grid->setSizeConstraint(QLayout::SetMinimumSize);
     }
 
-    void add(const QString &subject, QWidget *control, Qt::Alignment alignment = Qt::AlignVCenter)
+    /// `lineHeight` aligns the words with a control that has more below the line.
+    void add(const QString &subject, const QList<QWidget *> &controls, PaneNote *note = nullptr,
+             int lineHeight = 0)
     {
         auto *label = new QLabel(subject);
-        label->setBuddy(control);
-        m_grid->addWidget(label, m_row, 0, alignment | Qt::AlignRight);
-        m_grid->addWidget(control, m_row++, 1, Qt::AlignLeft | Qt::AlignVCenter);
-    }
-
-    void add(const QString &subject, QWidget *control, const QList<QWidget *> &besides,
-             Qt::Alignment alignment = Qt::AlignVCenter)
-    {
-        auto *label = new QLabel(subject);
-        label->setBuddy(control);
-        m_grid->addWidget(label, m_row, 0, alignment | Qt::AlignRight);
+        label->setBuddy(controls.first());
+        const Qt::Alignment vertical = lineHeight ? Qt::AlignTop : Qt::AlignVCenter;
         auto *line = new QHBoxLayout;
         line->setSpacing(8);
-        line->addWidget(control, 0, alignment);
-        for (QWidget *beside : besides)
-            line->addWidget(beside, 0, alignment);
+        for (QWidget *control : controls) {
+            if (qobject_cast<QLabel *>(control))
+                control->setMinimumHeight(lineHeight);
+            line->addWidget(control, 0, vertical);
+        }
         line->addStretch();
+        label->setMinimumHeight(lineHeight);
+        m_grid->addWidget(label, m_row, 0, Qt::AlignRight | vertical);
         m_grid->addLayout(line, m_row++, 1);
+        if (note)
+            m_grid->addWidget(note, m_row++, 1);
+        addSpace(kRowSpace);
     }
-
-    void addNote(PaneNote *note) { m_grid->addWidget(note, m_row++, 1); }
 
     void addSeparator()
     {
-        m_grid->setRowMinimumHeight(m_row, kSectionSpacing);
-        m_grid->addWidget(new PaneSeparator, m_row++, 0, 1, 2, Qt::AlignVCenter);
+        addSpace(kSectionSpace);
+        m_grid->addWidget(new PaneSeparator, m_row++, 0, 1, 2);
+        addSpace(kRowSpace + kSectionSpace);
     }
 
 private:
+    void addSpace(int height) { m_grid->setRowMinimumHeight(m_row++, height); }
+
     QGridLayout *m_grid;
     int m_row = 0;
 };
+
+/// Says the recorder's signs in the words that a Linux keyboard bears.
+PaneNote *inWords(MASShortcutView &recorder)
+{
+    auto *note = new PaneNote;
+    note->setWordWrap(false);
+    recorder.setShortcutValueChange([note](const MASShortcutView &changed) {
+        const auto &shortcut = changed.shortcutValue();
+        note->setText(shortcut ? GlobalShortcuts::wordName(*shortcut) : QString());
+    });
+    return note;
+}
 
 } // namespace
 
@@ -72,7 +87,8 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
       notifications(new QCheckBox(tr("Show &notifications"))), maxItems(new HistorySizeSlider),
       maxItemsLabel(new QLabel), maxItemsUnit(new QLabel(tr("clips"))), maxItemsNote(new PaneNote),
       maxStringSize(new QLineEdit), maxStringSizeReading(new PaneNote),
-      openShortcut(new MASShortcutView(&settings)), swopShortcut(new MASShortcutView(&settings))
+      openShortcut(new MASShortcutView(&settings)), swopShortcut(new MASShortcutView(&settings)),
+      m_shortcutNote(new PaneNote)
 {
     openAtLogin->setAccessibleName(tr("Open at login"));
     notifications->setAccessibleName(tr("Show notifications"));
@@ -87,30 +103,45 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
     maxStringSize->setAlignment(Qt::AlignRight);
     maxStringSize->setFixedWidth(fontMetrics().averageCharWidth() * 16);
     maxItemsLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("100,000")));
-    maxItemsLabel->setAlignment(Qt::AlignRight);
-    // The window's size is settled when the pane comes in; notes that appear later have their
-    // room already.
+    maxItemsLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     maxStringSizeReading->setWordWrap(false);
-    maxItemsNote->setMinimumHeight(2 * maxItemsNote->fontMetrics().lineSpacing());
-    maxItemsNote->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    // The window's size is settled when the pane comes in; longer words have their room already.
+    for (PaneNote *note : {maxItemsNote, m_shortcutNote}) {
+        note->setMinimumHeight(2 * note->fontMetrics().lineSpacing());
+        note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    }
+    for (MASShortcutView *recorder : {openShortcut, swopShortcut})
+        connect(recorder, &MASShortcutView::isWaitingForKeyChanged, this,
+                &GeneralPaneView::explainShortcuts);
+    explainShortcuts();
     layOut();
+}
+
+void GeneralPaneView::explainShortcuts()
+{
+    const bool isWaiting = openShortcut->isWaitingForKey() || swopShortcut->isWaitingForKey();
+    m_shortcutNote->setText(
+        isWaiting ? tr("Still waiting for a key. A combination that the desktop keeps for itself "
+                       "never gets here; choose another one.")
+                  : tr("Swop pastes a clip over the selected text and keeps that text as the "
+                       "newest clip."));
+    m_shortcutNote->setEmphasised(isWaiting);
 }
 
 void GeneralPaneView::layOut()
 {
     Rows rows(*this);
-    rows.add(tr("Start-up:"), openAtLogin);
-    rows.add(tr("Messages:"), notifications);
-    rows.addNote(new PaneNote(tr("Tell you when a copy was too large to be recorded. "
-                                 "Turned off, they stay off until Quillmarsh quits.")));
+    rows.add(tr("Start-up:"), {openAtLogin});
+    rows.add(tr("Messages:"), {notifications},
+             new PaneNote(tr("Tell you when a copy was too large to be recorded. "
+                             "Turned off, they stay off until Quillmarsh quits.")));
     rows.addSeparator();
-    rows.add(tr("&History size:"), maxItems, {maxItemsLabel, maxItemsUnit}, Qt::AlignTop);
-    rows.addNote(maxItemsNote);
-    rows.add(tr("Largest &text:"), maxStringSize, {new QLabel(tr("bytes")), maxStringSizeReading});
-    rows.addNote(new PaneNote(tr("A longer copy is not recorded.")));
+    rows.add(tr("&History size:"), {maxItems, maxItemsLabel, maxItemsUnit}, maxItemsNote,
+             maxItems->grooveHeight());
+    rows.add(tr("Largest &text:"), {maxStringSize, new QLabel(tr("bytes")), maxStringSizeReading},
+             new PaneNote(tr("A longer copy is not recorded.")));
     rows.addSeparator();
-    rows.add(tr("&Open history:"), openShortcut);
-    rows.add(tr("S&wop:"), swopShortcut);
-    rows.addNote(new PaneNote(tr("Swop pastes a clip over the selected text and keeps that "
-                                 "text as the newest clip.")));
+    rows.add(tr("&Open history:"), {openShortcut, inWords(*openShortcut)});
+    rows.add(tr("S&wop:"), {swopShortcut, inWords(*swopShortcut)}, m_shortcutNote);
+    resize(kWidth, layout()->totalHeightForWidth(kWidth));
 }

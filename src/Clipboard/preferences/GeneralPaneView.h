@@ -32,5 +32,8 @@ public:
     MASShortcutView *swopShortcut;
 
 private:
+    void explainShortcuts();
     void layOut();
+
+    PaneNote *m_shortcutNote;
 };

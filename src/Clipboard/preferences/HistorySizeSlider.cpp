@@ -87,10 +87,14 @@ HistorySizeSlider::HistorySizeSlider(QWidget *parent) : QSlider(Qt::Horizontal, 
     setFocusPolicy(Qt::StrongFocus);
 }
 
+int HistorySizeSlider::grooveHeight() const
+{
+    return QSlider::sizeHint().height();
+}
+
 QSize HistorySizeSlider::sizeHint() const
 {
-    const QSize bare = QSlider::sizeHint();
-    return {320, bare.height() + tickHeight()};
+    return {320, grooveHeight() + tickHeight()};
 }
 
 void HistorySizeSlider::initStyleOption(QStyleOptionSlider *option) const

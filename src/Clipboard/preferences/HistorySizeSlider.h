@@ -18,6 +18,9 @@ public:
 
     explicit HistorySizeSlider(QWidget *parent = nullptr);
 
+    /// Height of the part above the ticks.
+    int grooveHeight() const;
+
     // ^QSlider
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

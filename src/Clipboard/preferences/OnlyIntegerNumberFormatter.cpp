@@ -21,14 +21,14 @@ bool OnlyIntegerNumberFormatter::isPartialStringValid(const QString &partialStri
     return isValid;
 }
 
-qint64 OnlyIntegerNumberFormatter::integerValue(const QString &digits)
+qint64 OnlyIntegerNumberFormatter::integerValue(const QString &text)
 {
     constexpr qint64 kLargest = std::numeric_limits<qint64>::max();
     qint64 number = 0;
-    for (const char32_t character : digits.toUcs4()) {
-        const int digit = QChar::digitValue(character);
-        if (digit < 0)
+    for (const char32_t character : text.toUcs4()) {
+        if (!QChar::isDigit(character))
             break;
+        const int digit = QChar::digitValue(character);
         if (number > (kLargest - digit) / 10)
             return kLargest;
         number = number * 10 + digit;

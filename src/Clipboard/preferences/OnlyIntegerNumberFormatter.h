@@ -19,9 +19,9 @@ public:
     /// Whether `partialString` may stand in the field; beeps when it may not.
     bool isPartialStringValid(const QString &partialString) const;
 
-    /// The number that digits stand for; what is too large to be told counts as the largest there
-    /// is, and no digits as 0.
-    static qint64 integerValue(const QString &digits);
+    /// The number that the leading digits stand for; what is too large to be told counts as the
+    /// largest there is, and no digits as 0.
+    static qint64 integerValue(const QString &text);
 
     // ^QValidator
     State validate(QString &input, int &position) const override;

@@ -3,6 +3,13 @@
 #include <QPainter>
 #include <QStyle>
 
+// Outside of any namespace, as the macro wants it: a static library's resources are dropped unless
+// somebody names them.
+static void loadResources()
+{
+    Q_INIT_RESOURCE(preferences);
+}
+
 namespace {
 
 constexpr qreal kNoteScale = 0.9;
@@ -58,6 +65,8 @@ void PaneSeparator::paintEvent(QPaintEvent *)
 
 QIcon generalPreferencesIcon()
 {
+    static const bool isLoaded = (loadResources(), true);
+    Q_UNUSED(isLoaded);
     return QIcon::fromTheme(QStringLiteral("preferences-system"),
-                            QIcon(QStringLiteral(":/preferencesGeneral")));
+                            QIcon(QStringLiteral(":/preferences/preferences.svg")));
 }

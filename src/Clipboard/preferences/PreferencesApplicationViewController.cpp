@@ -1,10 +1,13 @@
 #include "Clipboard/preferences/PreferencesApplicationViewController.h"
 
+#include "Clipboard/preferences/ApplicationChooser.h"
 #include "Clipboard/preferences/ApplicationsPaneView.h"
 #include "Clipboard/preferences/PaneParts.h"
 #include "platform/KeyedArchive.h"
 #include "platform/Platform.h"
 
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QToolButton>
 
 #include <algorithm>
@@ -58,24 +61,25 @@ void PreferencesApplicationViewController::savePreferences()
     m_platform.settings->setValue(preferenceKey, KeyedArchive::archive(objects));
 }
 
-void PreferencesApplicationViewController::addApplication() {}
+void PreferencesApplicationViewController::addApplication()
+{
+    if (!m_chooser) {
+        m_chooser = new ApplicationChooser(*m_platform.installedApplications, view()->window());
+        m_chooser->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_chooser, &ApplicationChooser::ended, this,
+                &PreferencesApplicationViewController::openPanelEnded);
+    }
+    m_chooser->show();
+    m_chooser->raise();
+    m_chooser->activateWindow();
+}
 
 void PreferencesApplicationViewController::openPanelEnded(bool isOk, const QString &bundleFileName,
                                                           const QString &path)
 {
     const qsizetype dot = bundleFileName.lastIndexOf(u'.');
-    if (!isOk || dot < 0)
-        return;
-    const QString name = bundleFileName.left(dot);
-    // Names and not paths identify entries: capture compares names.
-    const bool isKnown =
-        std::any_of(m_data.cbegin(), m_data.cend(),
-                    [&](const ApplicationDef &known) { return known.name == name; });
-    if (isKnown)
-        return;
-    m_data.append({name, path});
-    listChanged();
-    savePreferences();
+    if (isOk && dot >= 0)
+        append({bundleFileName.left(dot), path});
 }
 
 void PreferencesApplicationViewController::removeApplication()
@@ -86,6 +90,14 @@ void PreferencesApplicationViewController::removeApplication()
     m_data.removeAt(row);
     listChanged();
     savePreferences();
+    // The next row takes its place, so that several can be removed in a row.
+    if (!m_data.isEmpty())
+        tableView->selectRow(std::min(row, numberOfRowsInTableView() - 1));
+}
+
+ApplicationChooser *PreferencesApplicationViewController::chooser() const
+{
+    return m_chooser;
 }
 
 QString PreferencesApplicationViewController::preferenceIdentifier() const
@@ -111,18 +123,88 @@ QWidget *PreferencesApplicationViewController::view()
     return m_view.get();
 }
 
+bool PreferencesApplicationViewController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (tableView && watched == tableView && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<const QKeyEvent &>(*event).key();
+        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
+            removeApplication();
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
 void PreferencesApplicationViewController::loadView()
 {
     m_view = std::make_unique<ApplicationsPaneView>(static_cast<int>(kRowHeight));
     tableView = m_view->table;
     m_view->table->setModel(&m_model);
+    m_view->table->installEventFilter(this);
     connect(m_view->add, &QToolButton::clicked, this,
             &PreferencesApplicationViewController::addApplication);
     connect(m_view->remove, &QToolButton::clicked, this,
             &PreferencesApplicationViewController::removeApplication);
+    connect(m_view->suggest, &QPushButton::clicked, this,
+            &PreferencesApplicationViewController::addSuggestions);
+    connect(m_view->table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &PreferencesApplicationViewController::selectionChanged);
+    // What is installed is asked when somebody looks, not at start.
+    connect(m_view.get(), &ApplicationsPaneView::appeared, this,
+            &PreferencesApplicationViewController::offerSuggestions);
+    listChanged();
 }
 
 void PreferencesApplicationViewController::listChanged()
 {
     m_model.reloadData();
+    if (!m_view)
+        return;
+    selectionChanged();
+    offerSuggestions();
+}
+
+void PreferencesApplicationViewController::selectionChanged()
+{
+    m_view->remove->setEnabled(tableView && tableView->currentIndex().isValid());
+}
+
+void PreferencesApplicationViewController::offerSuggestions()
+{
+    m_suggestions.clear();
+    if (!m_data.isEmpty()) {
+        m_view->hideEmptyState();
+        return;
+    }
+    if (m_view->isVisible()) {
+        for (const InstalledApplication &application :
+             m_platform.installedApplications->applications()) {
+            if (application.isPasswordManager)
+                m_suggestions.append(application);
+        }
+    }
+    QStringList names;
+    for (const InstalledApplication &application : std::as_const(m_suggestions))
+        names.append(application.name);
+    m_view->showEmptyState(names);
+}
+
+void PreferencesApplicationViewController::addSuggestions()
+{
+    const auto suggestions = m_suggestions;
+    for (const InstalledApplication &application : suggestions)
+        append({application.name, application.path});
+}
+
+void PreferencesApplicationViewController::append(const ApplicationDef &application)
+{
+    // Names and not paths identify entries: capture compares names.
+    const bool isKnown =
+        std::any_of(m_data.cbegin(), m_data.cend(),
+                    [&](const ApplicationDef &known) { return known.name == application.name; });
+    if (isKnown)
+        return;
+    m_data.append(application);
+    listChanged();
+    savePreferences();
 }

@@ -3,6 +3,7 @@
 #include "Clipboard/preferences/ApplicationDef.h"
 #include "Clipboard/preferences/IgnoredApplicationsModel.h"
 #include "Clipboard/preferences/SettingsKeys.h"
+#include "platform/InstalledApplications.h"
 #include "preferenceswindow/CCNPreferencesWindowControllerProtocol.h"
 
 #include <QList>
@@ -13,6 +14,7 @@
 #include <memory>
 
 class AppDelegate;
+class ApplicationChooser;
 class ApplicationsPaneView;
 struct Platform;
 
@@ -56,6 +58,12 @@ public:
     /// Null before the view is loaded.
     QPointer<QTableView> tableView;
 
+    /// The open chooser; null while there is none.
+    ApplicationChooser *chooser() const;
+
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
     // ^CCNPreferencesWindowControllerProtocol
     QString preferenceIdentifier() const override;
     QString preferenceTitle() const override;
@@ -65,10 +73,17 @@ public:
 private:
     void loadView();
     void listChanged();
+    void selectionChanged();
+    void offerSuggestions();
+    void addSuggestions();
+    /// Adds an entry unless its name is in the list.
+    void append(const ApplicationDef &application);
 
     Platform &m_platform;
     AppDelegate *m_appDelegate = nullptr;
     QList<ApplicationDef> m_data;
     IgnoredApplicationsModel m_model;
+    QList<InstalledApplication> m_suggestions; ///< Offered by the empty list.
     std::unique_ptr<ApplicationsPaneView> m_view;
+    QPointer<ApplicationChooser> m_chooser; ///< While it is open; deletes itself.
 };

@@ -1,5 +1,6 @@
 #include "platform/freedesktop/FreedesktopInstalledApplications.h"
 
+#include "platform/freedesktop/DesktopEntry.h"
 #include "platform/freedesktop/DesktopEntryCatalog.h"
 #include "platform/freedesktop/DesktopEntryIcon.h"
 
@@ -71,6 +72,23 @@ QList<InstalledApplication> FreedesktopInstalledApplications::applications()
         return QString::compare(left.name, right.name, Qt::CaseInsensitive) < 0;
     });
     return list;
+}
+
+std::optional<InstalledApplication>
+FreedesktopInstalledApplications::applicationAtPath(const QString &path)
+{
+    const QFileInfo file(path);
+    if (file.suffix() == u"desktop") {
+        const auto entry = DesktopEntry::read(path);
+        const QString name =
+            entry ? entry->text("Name").value_or(QString()).simplified() : QString();
+        if (name.isEmpty())
+            return std::nullopt;
+        return InstalledApplication{name, path, entry->text("Icon").value_or(QString()), false};
+    }
+    if (!file.isFile() || !file.isExecutable())
+        return std::nullopt;
+    return InstalledApplication{file.fileName(), path, {}, false};
 }
 
 QIcon FreedesktopInstalledApplications::icon(const InstalledApplication &application)

@@ -14,6 +14,7 @@ public:
 
     // ^InstalledApplications
     QList<InstalledApplication> applications() override;
+    std::optional<InstalledApplication> applicationAtPath(const QString &path) override;
     QIcon icon(const InstalledApplication &application) override;
 
 private:

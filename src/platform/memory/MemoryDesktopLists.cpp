@@ -36,3 +36,13 @@ void MemoryLoginItems::remove(const LoginItem &item)
 {
     m_items.removeIf([&](const auto &known) { return known.first == item; });
 }
+
+std::optional<InstalledApplication>
+MemoryInstalledApplications::applicationAtPath(const QString &path)
+{
+    for (const InstalledApplication &file : std::as_const(m_files)) {
+        if (file.path == path)
+            return file;
+    }
+    return std::nullopt;
+}

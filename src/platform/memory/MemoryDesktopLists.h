@@ -10,13 +10,17 @@ class MemoryInstalledApplications : public InstalledApplications
 {
 public:
     void setApplications(const QList<InstalledApplication> &list) { m_applications = list; }
+    /// A file that can be chosen by hand.
+    void addFile(const InstalledApplication &file) { m_files.append(file); }
 
     // ^InstalledApplications
     QList<InstalledApplication> applications() override { return m_applications; }
+    std::optional<InstalledApplication> applicationAtPath(const QString &path) override;
     QIcon icon(const InstalledApplication &) override { return {}; }
 
 private:
     QList<InstalledApplication> m_applications;
+    QList<InstalledApplication> m_files;
 };
 
 /// Login items by the program they start; an empty program does not resolve.

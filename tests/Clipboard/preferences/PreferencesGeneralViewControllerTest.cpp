@@ -1,0 +1,306 @@
+#include "Clipboard/preferences/PreferencesGeneralViewController.h"
+
+#include "Clipboard/AppDelegate.h"
+#include "Clipboard/preferences/HistorySizeSlider.h"
+#include "platform/memory/MemoryPlatform.h"
+#include "preferenceswindow/CCNPreferencesWindow.h"
+#include "preferenceswindow/CCNPreferencesWindowController.h"
+#include "shortcut/MASShortcut.h"
+#include "shortcut/MASShortcutBinder.h"
+#include "shortcut/MASShortcutView.h"
+#include "support/ExpectedWarnings.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+constexpr qint64 kNoLimit = std::numeric_limits<qint64>::max();
+
+class GeneralPane : public testing::Test
+{
+protected:
+    PreferencesGeneralViewController &start()
+    {
+        delegate = std::make_unique<AppDelegate>(
+            memory.platform,
+            Info{QStringLiteral("org.example.Test"), QStringLiteral("1"), QStringLiteral("1")},
+            folder.path());
+        delegate->applicationDidFinishLaunching();
+        return delegate->generalPane();
+    }
+
+    void copy(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            PasteboardContents contents;
+            contents.text = QStringLiteral("clip %1").arg(++copies);
+            memory.pasteboard.copyFromOutside(contents);
+        }
+    }
+
+    size_t clipCount() const { return delegate->getClipItemArr().size(); }
+    QVariant stored(const QString &key) const { return memory.settings.value(key); }
+    void openPane() { delegate->openPreferences(); }
+    void leavePane() { delegate->preferences()->dismissPreferencesWindow(); }
+    QString note(const char *name) const
+    {
+        return delegate->generalPane()
+            .view()
+            ->findChild<QLabel *>(QString::fromLatin1(name))
+            ->text();
+    }
+    void retype(QLineEdit &field, const QString &text)
+    {
+        field.selectAll();
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClicks(&field, text);
+    }
+
+    QTemporaryDir folder;
+    MemoryPlatform memory;
+    int copies = 0;
+    std::unique_ptr<AppDelegate> delegate;
+};
+
+TEST_F(GeneralPane, writesEveryDefaultOnAFreshAccount)
+{
+    const PreferencesGeneralViewController &pane = start();
+    const quint64 commandShift = ModifierFlags::kCommand | ModifierFlags::kShift;
+    EXPECT_EQ(stored(QStringLiteral("openAtLogin")), QVariant(true));
+    EXPECT_EQ(stored(QStringLiteral("maxItems")), QVariant(qlonglong(1000)));
+    EXPECT_EQ(stored(QStringLiteral("maxStringSize")), QVariant(qlonglong(10000)));
+    EXPECT_EQ(stored(QStringLiteral("notificationsEnabled")), QVariant(true));
+    EXPECT_EQ(stored(QStringLiteral("SUUpdaterIsInTestMode")), QVariant(true));
+    EXPECT_EQ(stored(QStringLiteral("SUUpdaterChecksForBetaUpdates")), QVariant(true));
+    EXPECT_EQ(MASShortcut::unarchive(stored(QStringLiteral("openShortCut")).toByteArray()),
+              MASShortcut(9, commandShift));
+    EXPECT_EQ(MASShortcut::unarchive(stored(QStringLiteral("swopShortCut")).toByteArray()),
+              MASShortcut(7, commandShift));
+    EXPECT_FALSE(memory.settings.contains(QStringLiteral("welcomeWindowShown")));
+    EXPECT_EQ(pane.getMaxItems(), 1000);
+    EXPECT_EQ(pane.getMaxStringSize(), 10000);
+    EXPECT_TRUE(pane.isNotificationsEnabled());
+    EXPECT_TRUE(pane.openAtLoginCB->isChecked());
+}
+
+TEST_F(GeneralPane, showsWhatIsStoredAndForcesTheTestSwitchesOfTheUpdater)
+{
+    memory.settings.setValue(QStringLiteral("openAtLogin"), false);
+    memory.settings.setValue(QStringLiteral("maxItems"), qlonglong(1234));
+    memory.settings.setValue(QStringLiteral("maxStringSize"), qlonglong(55));
+    memory.settings.setValue(QStringLiteral("notificationsEnabled"), false);
+    memory.settings.setValue(QStringLiteral("welcomeWindowShown"), true);
+    memory.settings.setValue(QStringLiteral("SUUpdaterIsInTestMode"), false);
+    const PreferencesGeneralViewController &pane = start();
+    EXPECT_FALSE(pane.openAtLoginCB->isChecked());
+    EXPECT_EQ(pane.getMaxItems(), 1234);
+    EXPECT_EQ(pane.getMaxStringSize(), 55);
+    EXPECT_FALSE(pane.isNotificationsEnabled());
+    EXPECT_TRUE(pane.welcomeWindowShown());
+    EXPECT_EQ(stored(QStringLiteral("SUUpdaterIsInTestMode")), QVariant(true));
+    EXPECT_EQ(stored(QStringLiteral("maxItems")), QVariant(qlonglong(1234)));
+}
+
+TEST_F(GeneralPane, tellsWhatItLoadsInItsOrder)
+{
+    start();
+    QStringList told;
+    for (const QString &message : ExpectedWarnings::messages()) {
+        if (message.startsWith(QStringLiteral("Loading ")))
+            told.append(message);
+    }
+    const QStringList expected{
+        QStringLiteral("Loading Open at Login preference"),
+        QStringLiteral("Loading launch shortcut preference"),
+        QStringLiteral("Loading swop shortcut preference"),
+        QStringLiteral("Loading max items preference"),
+        QStringLiteral("Loading max string size preference"),
+        QStringLiteral("Loading notifications preference"),
+        QStringLiteral("Loading welcomeWindow preference"),
+    };
+    EXPECT_EQ(told, expected);
+}
+
+TEST(GeneralPaneAlone, stopsItsLoadWithoutARecorder)
+{
+    MemoryPlatform memory;
+    MASShortcutBinder::connectShared(memory.settings);
+    PreferencesGeneralViewController pane(memory.platform);
+    pane.loadView();
+    delete pane.swopShortcut.data();
+    pane.loadPreferences();
+    EXPECT_EQ(pane.openShortcut->associatedUserDefaultsKey(), QStringLiteral("openShortCut"));
+    EXPECT_FALSE(memory.settings.contains(QStringLiteral("SUUpdaterIsInTestMode")));
+    EXPECT_FALSE(MASShortcutBinder::sharedBinder()->isRegisteredAction(pane.openShortCutPrefKey));
+}
+
+TEST(GeneralPaneAlone, stopsItsLoadWithoutTheSlidersLabel)
+{
+    MemoryPlatform memory;
+    MASShortcutBinder::connectShared(memory.settings);
+    PreferencesGeneralViewController pane(memory.platform);
+    pane.loadView();
+    delete pane.sliderLabel.data();
+    pane.loadPreferences();
+    EXPECT_TRUE(memory.settings.contains(pane.maxItemsPrefKey));
+    EXPECT_FALSE(memory.settings.contains(pane.maxStringSizePrefKey));
+}
+
+TEST(GeneralPaneDeathTest, aLimitCannotBeAskedWithoutItsControl)
+{
+    MemoryPlatform memory;
+    const PreferencesGeneralViewController pane(memory.platform);
+    EXPECT_DEATH((void)pane.getMaxItems(), "maxItemsSlider");
+    EXPECT_DEATH((void)pane.getMaxStringSize(), "maxStringSizeTextField");
+    EXPECT_DEATH((void)pane.isNotificationsEnabled(), "notificationsCheckbox");
+}
+
+struct StoredMaximum
+{
+    const char *name;
+    QVariant stored;
+    qint64 maxItems;
+    size_t left; ///< Of 8 clips, after the pane was opened and left.
+};
+
+class StoredMaxItems : public GeneralPane, public testing::WithParamInterface<StoredMaximum>
+{
+};
+
+TEST_P(StoredMaxItems, removesClipsOnlyWhenItIsASizeThatTheSliderCanShow)
+{
+    start();
+    copy(8);
+    delegate.reset();
+    memory.settings.setValue(QStringLiteral("maxItems"), GetParam().stored);
+    const PreferencesGeneralViewController &pane = start();
+    EXPECT_EQ(pane.getMaxItems(), GetParam().maxItems);
+    openPane();
+    leavePane();
+    EXPECT_EQ(clipCount(), GetParam().left);
+    EXPECT_EQ(stored(QStringLiteral("maxItems")), GetParam().stored);
+
+    pane.maxItemsSlider->setValue(3);
+    EXPECT_EQ(pane.getMaxItems(), 3);
+    openPane();
+    leavePane();
+    EXPECT_EQ(clipCount(), 3U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, StoredMaxItems,
+                         testing::Values(StoredMaximum{"inRange", qlonglong(5), 5, 5},
+                                         StoredMaximum{"beyondReach", qlonglong(250'000), 250'000,
+                                                       8},
+                                         StoredMaximum{"zero", qlonglong(0), kNoLimit, 8},
+                                         StoredMaximum{"negative", qlonglong(-4), kNoLimit, 8},
+                                         StoredMaximum{"text", QStringLiteral("4"), kNoLimit, 8},
+                                         StoredMaximum{"real", 4.5, kNoLimit, 8},
+                                         StoredMaximum{"boolean", true, kNoLimit, 8},
+                                         StoredMaximum{"data", QByteArray("4"), kNoLimit, 8}),
+                         [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(GeneralPane, saysHowManyClipsWillGoAndRemovesThemOnlyWhenThePaneIsLeft)
+{
+    const PreferencesGeneralViewController &pane = start();
+    copy(8);
+    openPane();
+    pane.maxItemsSlider->setValue(5);
+    EXPECT_TRUE(note("maxItemsNote").startsWith(QStringLiteral("The 3 oldest clips will be")));
+    EXPECT_EQ(clipCount(), 8U);
+    delegate->preferences()->toolbarItemAction(QStringLiteral("ApplicationPreferencesIdentifier"));
+    EXPECT_EQ(clipCount(), 5U);
+    EXPECT_FALSE(note("maxItemsNote").contains(QStringLiteral("will be removed")));
+}
+
+TEST_F(GeneralPane, countsTheClipsThatArriveWhileItIsOpen)
+{
+    const PreferencesGeneralViewController &pane = start();
+    pane.maxItemsSlider->setValue(2);
+    memory.settings.setValue(QStringLiteral("maxItems"), qlonglong(2));
+    copy(2);
+    pane.maxItemsSlider->setValue(1);
+    EXPECT_TRUE(note("maxItemsNote").startsWith(QStringLiteral("The oldest clip will be")));
+}
+
+TEST_F(GeneralPane, keepsTheSlidersNumberAtOnce)
+{
+    const PreferencesGeneralViewController &pane = start();
+    QTest::keyClick(pane.maxItemsSlider, Qt::Key_PageUp);
+    EXPECT_EQ(stored(QStringLiteral("maxItems")), QVariant(qlonglong(10'000)));
+    EXPECT_EQ(pane.sliderLabel->text(), QLocale().toString(10'000));
+}
+
+TEST_F(GeneralPane, storesNothingWhenOnlyTheSlidersActionRuns)
+{
+    PreferencesGeneralViewController &pane = start();
+    pane.sliderMoved(77);
+    EXPECT_EQ(pane.sliderLabel->text(), QStringLiteral("77"));
+    EXPECT_EQ(stored(QStringLiteral("maxItems")), QVariant(qlonglong(1000)));
+    EXPECT_EQ(pane.getMaxItems(), 1000);
+}
+
+TEST_F(GeneralPane, keepsTheSizeWhileItIsTypedAndPutsTheLastOneBackIntoAnEmptyField)
+{
+    const PreferencesGeneralViewController &pane = start();
+    QLineEdit &field = *pane.maxStringSizeTextField;
+    retype(field, QStringLiteral("2500"));
+    EXPECT_EQ(pane.getMaxStringSize(), 2500);
+    EXPECT_EQ(stored(QStringLiteral("maxStringSize")), QVariant(qlonglong(2500)));
+    EXPECT_EQ(note("maxStringSizeReading"), QStringLiteral("= 2.5 KB"));
+    retype(field, QString());
+    EXPECT_EQ(pane.getMaxStringSize(), 2500);
+    openPane();
+    leavePane();
+    EXPECT_EQ(field.text(), QStringLiteral("2500"));
+    EXPECT_EQ(stored(QStringLiteral("maxStringSize")), QVariant(qlonglong(2500)));
+}
+
+TEST_F(GeneralPane, clampsASizeOfTwentyDigits)
+{
+    const PreferencesGeneralViewController &pane = start();
+    retype(*pane.maxStringSizeTextField, QStringLiteral("99999999999999999999"));
+    EXPECT_EQ(pane.getMaxStringSize(), std::numeric_limits<qint64>::max());
+    QTest::keyClick(pane.maxStringSizeTextField, Qt::Key_Return);
+    EXPECT_EQ(pane.maxStringSizeTextField->text(), QStringLiteral("9223372036854775807"));
+}
+
+TEST_F(GeneralPane, silencesNotificationsOnlyUntilTheNextStart)
+{
+    const PreferencesGeneralViewController &pane = start();
+    pane.notificationsCheckbox->click();
+    EXPECT_FALSE(pane.isNotificationsEnabled());
+    EXPECT_EQ(stored(QStringLiteral("notificationsEnabled")), QVariant(true));
+    delegate.reset();
+    EXPECT_TRUE(start().isNotificationsEnabled());
+}
+
+TEST_F(GeneralPane, storesWhetherToOpenAtLogin)
+{
+    const PreferencesGeneralViewController &pane = start();
+    pane.openAtLoginCB->click();
+    EXPECT_EQ(stored(QStringLiteral("openAtLogin")), QVariant(false));
+    delegate->generalPane().setOpenAtLogin(true);
+    EXPECT_EQ(stored(QStringLiteral("openAtLogin")), QVariant(true));
+    EXPECT_TRUE(pane.openAtLoginCB->isChecked());
+}
+
+TEST_F(GeneralPane, putsTheWelcomesMessageOnThePasteboardOnlyOnce)
+{
+    PreferencesGeneralViewController &pane = start();
+    pane.setWelcomeWindowShown();
+    pane.setWelcomeWindowShown();
+    EXPECT_TRUE(pane.welcomeWindowShown());
+    EXPECT_EQ(stored(QStringLiteral("welcomeWindowShown")), QVariant(true));
+    ASSERT_EQ(memory.pasteboard.writes().size(), 1);
+    EXPECT_EQ(memory.pasteboard.writes().first().text, QStringLiteral("Quillmarsh setup complete"));
+    EXPECT_FALSE(memory.pasteboard.writes().first().rtf);
+}
+
+} // namespace
