@@ -253,7 +253,7 @@ void PasteboardService::publishClipboard(const FetchedSelection &fetched)
 {
     const qint64 changeCount = publish(fetched, m_clipboardApplication);
     std::shared_ptr<const SelectionOffer> offer = SelectionOffer::of(fetched);
-    if (!fetched.isConcealed && !offer->isEmpty())
+    if (!offer->isEmpty())
         m_kept = Kept{changeCount, std::move(offer)};
     m_managerRole.answerWaiting();
 }

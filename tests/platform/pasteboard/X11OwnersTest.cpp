@@ -234,14 +234,17 @@ INSTANTIATE_TEST_SUITE_P(
                     LargeRow{"keptForItsOwnersDeath", 10'000, 3'000'000, {}, 3'000'000}),
     [](const auto &row) { return std::string(row.param.name); });
 
-TEST(X11Owners, aSecretIsNotAskedForAndNotKeptAlive)
+TEST(X11Owners, aSecretIsNotAskedForAndNeitherItNorWhatWasBeforeOutlivesItsOwner)
 {
     X11Stage stage;
     XcbClient owner;
-    owner.own("CLIPBOARD", {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}});
-    EXPECT_TRUE(stage.change(1, {&owner}).isConcealed);
-    EXPECT_EQ(owner.sentBytes(), 0);
+    owner.copy("before");
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
     stage->judge(1, Pasteboard::Judgement::Keep);
+    owner.own("CLIPBOARD", {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}});
+    EXPECT_TRUE(stage.change(2, {&owner}).isConcealed);
+    EXPECT_TRUE(owner.hasSent(qstrlen("before")));
+    stage->judge(2, Pasteboard::Judgement::Keep);
     owner.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
 }

@@ -155,14 +155,17 @@ TEST(X11Serving, primaryIsPublishedOnlyForTheClientThatOwnsIt)
     XcbClient other;
     terminal.own("PRIMARY", {{"UTF8_STRING", "marked"}});
     stage->publishPrimary(other.window());
+    // Had anything been asked for, it would have been answered before this.
+    other.copy("copied");
+    EXPECT_EQ(stage.change(1, {&terminal, &other}).text, QStringLiteral("copied"));
     stage->publishPrimary(terminal.window());
-    EXPECT_EQ(stage.change(1, {&terminal, &other}).text, QStringLiteral("marked"));
-    EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
+    EXPECT_EQ(stage.change(2, {&terminal, &other}).text, QStringLiteral("marked"));
     // What was published is no copy: nothing of it is taken over.
-    stage->judge(1, Pasteboard::Judgement::Keep);
+    stage->judge(2, Pasteboard::Judgement::Keep);
     terminal.die();
+    other.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
-    EXPECT_EQ(stage->changeCount(), 1);
+    EXPECT_EQ(stage->changeCount(), 2);
 }
 
 } // namespace
