@@ -61,4 +61,9 @@ function(quillmarsh_desktop_run program)
   add_test(NAME ${RUN_NAME} COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/desktop.py
     ${RUN_WITH} -- env QT_QPA_PLATFORM=xcb $<TARGET_FILE:${program}>)
   set_tests_properties(${RUN_NAME} PROPERTIES TIMEOUT 180 LABELS desktop)
+  if(QUILLMARSH_TSAN)
+    # Tests start programs while threads run, which the sanitizer refuses unless told otherwise.
+    set_tests_properties(${RUN_NAME} PROPERTIES ENVIRONMENT
+      "TSAN_OPTIONS=die_after_fork=0 suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp")
+  endif()
 endfunction()

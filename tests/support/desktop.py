@@ -86,6 +86,12 @@ class Desktop:
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = pipe.readline().strip()
 
     def _start_window_manager(self):
+        if self.wm == "openbox":
+            # It announces itself before it manages the screen; this command runs afterwards.
+            managed = os.path.join(self.home, "managed")
+            self.start(["openbox", "--startup", f"touch {managed}"], quiet=True)
+            self.wait_for(lambda: os.path.exists(managed), "openbox")
+            return
         self.start([self.wm], quiet=True)
         self.wait_for(lambda: self._root_property("_NET_SUPPORTING_WM_CHECK"),
                       "a window manager")
