@@ -1,7 +1,7 @@
 #include "platform/x11/X11Connection.h"
 
+#include <algorithm>
 #include <cstring>
-#include <vector>
 
 X11Connection::X11Connection() : m_connection(xcb_connect(nullptr, &m_screenNumber))
 {
@@ -30,13 +30,20 @@ QByteArray X11Connection::property(xcb_window_t window, xcb_atom_t property, xcb
             xcb_get_property_value_length(reply.get())};
 }
 
-quint32 X11Connection::firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+std::vector<quint32> X11Connection::elements(xcb_window_t window, xcb_atom_t property,
+                                             xcb_atom_t type) const
 {
     const QByteArray value = this->property(window, property, type);
-    quint32 first = 0;
-    if (value.size() >= qsizetype(sizeof first))
-        std::memcpy(&first, value.constData(), sizeof first);
-    return first;
+    std::vector<quint32> elements(std::size_t(value.size()) / sizeof(quint32));
+    std::copy_n(value.constData(), elements.size() * sizeof(quint32),
+                reinterpret_cast<char *>(elements.data()));
+    return elements;
+}
+
+quint32 X11Connection::firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+{
+    const std::vector<quint32> all = elements(window, property, type);
+    return all.empty() ? 0 : all.front();
 }
 
 void X11Connection::roundTrip() const

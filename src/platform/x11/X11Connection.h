@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <initializer_list>
 #include <memory>
+#include <vector>
 
 struct FreeReply
 {
@@ -48,6 +49,9 @@ public:
     /// A property's whole value; empty when the window or the property does not exist or the
     /// property has another type. `type` may be XCB_ATOM_ANY.
     QByteArray property(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
+
+    /// The 32-bit elements of such a property.
+    std::vector<quint32> elements(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
 
     /// The first 32-bit element of such a property, else 0 (no window, no atom).
     quint32 firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;

@@ -64,7 +64,6 @@ void X11HotKeys::unregisterHotKey(HotKeyId id)
             return;
         m_ids.erase(combination);
         m_grabs.remove(combination);
-        m_connection.roundTrip();
     });
 }
 

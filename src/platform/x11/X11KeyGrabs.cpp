@@ -141,7 +141,8 @@ void X11KeyGrabs::ungrab(const X11Combination &combination)
         if (!isUsedByAnother(combination, mask))
             xcb_ungrab_key(m_connection.get(), combination.keycode, m_connection.root(), mask);
     }
-    xcb_flush(m_connection.get());
+    // Another program may take the combination as soon as we said that we let go of it.
+    m_connection.roundTrip();
 }
 
 void X11KeyGrabs::grabWanted()

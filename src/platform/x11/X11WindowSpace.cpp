@@ -182,10 +182,8 @@ QRect X11WindowSpace::withoutPanels(const QRect &frame) const
         xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, m_connection.root()), nullptr));
     if (!desktop)
         return frame;
-    const QByteArray list =
-        m_connection.property(m_connection.root(), m_atoms.clientList, XCB_ATOM_WINDOW);
-    std::vector<xcb_window_t> clients(list.size() / sizeof(xcb_window_t));
-    std::memcpy(clients.data(), list.constData(), clients.size() * sizeof(xcb_window_t));
+    const std::vector<xcb_window_t> clients =
+        m_connection.elements(m_connection.root(), m_atoms.clientList, XCB_ATOM_WINDOW);
     QRect rest = frame;
     for (const xcb_window_t client : clients) {
         const Strut strut =

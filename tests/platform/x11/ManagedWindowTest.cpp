@@ -10,9 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <vector>
-
 namespace {
 
 /// A panel along the lower edge of the screen.
@@ -44,11 +41,9 @@ QList<QByteArray> statesOf(WId window)
 {
     const X11Connection connection;
     const xcb_atom_t property = connection.atoms({"_NET_WM_STATE"})[0];
-    const QByteArray value = connection.property(xcb_window_t(window), property, XCB_ATOM_ATOM);
-    std::vector<xcb_atom_t> states(value.size() / sizeof(xcb_atom_t));
-    std::memcpy(states.data(), value.constData(), value.size());
     QList<QByteArray> names;
-    for (const xcb_atom_t state : states) {
+    for (const xcb_atom_t state :
+         connection.elements(xcb_window_t(window), property, XCB_ATOM_ATOM)) {
         const XcbPointer<xcb_get_atom_name_reply_t> reply(xcb_get_atom_name_reply(
             connection.get(), xcb_get_atom_name(connection.get(), state), nullptr));
         names.append(
