@@ -5,6 +5,7 @@
 #include "platform/freedesktop/DesktopEntryIcon.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QSet>
 #include <QStyle>
 
