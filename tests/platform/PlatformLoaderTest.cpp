@@ -1,0 +1,81 @@
+#include "platform/PlatformLoader.h"
+
+#include "support/ExpectedWarnings.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+namespace {
+
+/// The variables that say which displays there are, put back afterwards.
+class PlatformLoaderTest : public testing::Test
+{
+protected:
+    ~PlatformLoaderTest() override
+    {
+        for (const auto &[name, value] : saved)
+            set(name, value);
+    }
+
+    static void set(const char *name, const QByteArray &value)
+    {
+        if (value.isNull())
+            qunsetenv(name);
+        else
+            qputenv(name, value);
+    }
+
+    const std::pair<const char *, QByteArray> saved[3] = {
+        {"DISPLAY", qgetenv("DISPLAY")},
+        {"WAYLAND_DISPLAY", qgetenv("WAYLAND_DISPLAY")},
+        {"QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM")},
+    };
+    const QByteArray here = qgetenv("DISPLAY");
+};
+
+TEST_F(PlatformLoaderTest, aDisplayThatCannotBeUsedGivesAMessageThatNamesIt)
+{
+    const std::tuple<QByteArray, QByteArray, const char *> rows[] = {
+        {QByteArray(), QByteArray(), "DISPLAY is not set"},
+        {QByteArray(), "wayland-0", "Xwayland"},
+        {":54321", QByteArray(), ":54321 cannot be reached"},
+        {"nonsense", QByteArray(), "nonsense cannot be reached"},
+    };
+    for (const auto &[x11, wayland, expected] : rows) {
+        SCOPED_TRACE(expected);
+        set("DISPLAY", x11);
+        set("WAYLAND_DISPLAY", wayland);
+        const auto problem = PlatformLoader::chooseDisplay();
+        ASSERT_TRUE(problem);
+        EXPECT_TRUE(problem->contains(QLatin1String(expected))) << qPrintable(*problem);
+    }
+}
+
+TEST_F(PlatformLoaderTest, underWaylandALineSaysWhatWillNotWork)
+{
+    EXPECT_FALSE(PlatformLoader::chooseDisplay());
+    EXPECT_TRUE(ExpectedWarnings::messages().isEmpty());
+    set("WAYLAND_DISPLAY", "wayland-0");
+    EXPECT_FALSE(PlatformLoader::chooseDisplay());
+    EXPECT_EQ(ExpectedWarnings::messages().filter(QStringLiteral("Wayland")).size(), 1);
+}
+
+TEST_F(PlatformLoaderTest, thePlatformIsCompleteAndTheChoiceIsKeptFromOtherPrograms)
+{
+    for (const QByteArray &before : {QByteArray(), QByteArray("wayland")}) {
+        set("QT_QPA_PLATFORM", before);
+        ASSERT_FALSE(PlatformLoader::chooseDisplay());
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
+        const auto platform = PlatformLoader::makePlatform();
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), before);
+
+        const auto &[clock, settings, names, installed, login, notifications, workspace, space,
+                     layout, hotKeys, symbolic, front, pasteboard, sender, bar] = *platform;
+        EXPECT_TRUE(clock && settings && names && installed && login && notifications);
+        EXPECT_TRUE(workspace && space && layout && hotKeys && symbolic && front);
+        EXPECT_TRUE(pasteboard && sender && bar);
+    }
+}
+
+} // namespace
