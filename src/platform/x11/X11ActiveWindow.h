@@ -24,13 +24,14 @@ public:
     /// Whether the keyboard input goes to `window` or to a window inside it.
     bool hasInputFocus(xcb_window_t window) const;
 
+    bool exists(xcb_window_t window) const;
+
     /// What the window tells; absent when it does not exist any more.
     std::optional<WindowIdentity> identityOf(xcb_window_t window) const;
 
 private:
     xcb_window_t inputFocus() const;
     xcb_window_t parentOf(xcb_window_t window) const;
-    bool exists(xcb_window_t window) const;
     QString processNameOf(xcb_window_t window) const;
 
     const X11Connection &m_connection;

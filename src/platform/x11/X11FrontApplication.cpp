@@ -90,8 +90,10 @@ bool X11FrontApplication::returnToTarget(milliseconds limit)
         return false;
     if (xcb_connection_t *qt = qtX11Connection())
         xcb_flush(qt);
+    // Asked before the events are awaited, because the answer is one itself.
+    const xcb_timestamp_t time = serverTime();
     selectTargetEvents(true);
-    const bool isBack = m_active.identityOf(m_target).has_value() && waitForTarget(limit);
+    const bool isBack = m_active.exists(m_target) && waitForTarget(limit, time);
     selectTargetEvents(false);
     return isBack;
 }
@@ -138,7 +140,7 @@ bool X11FrontApplication::isTargetBack() const
            m_active.hasInputFocus(m_target);
 }
 
-bool X11FrontApplication::waitForTarget(milliseconds limit)
+bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time)
 {
     const Steady::time_point start = Steady::now();
     const Steady::time_point deadline = start + limit;
@@ -153,7 +155,7 @@ bool X11FrontApplication::waitForTarget(milliseconds limit)
         if (now >= deadline || m_connection.isBroken())
             return false;
         if (now >= askAt) {
-            askForTarget();
+            askForTarget(time);
             askAt = Steady::time_point::max();
             continue;
         }
@@ -175,11 +177,10 @@ bool X11FrontApplication::isTargetDestroyed()
     return isDestroyed;
 }
 
-void X11FrontApplication::askForTarget()
+void X11FrontApplication::askForTarget(xcb_timestamp_t time)
 {
     if (m_active.isManaged()) {
-        sendActivation(m_connection.get(), m_connection.root(), m_activeWindowAtom, m_target,
-                       serverTime());
+        sendActivation(m_connection.get(), m_connection.root(), m_activeWindowAtom, m_target, time);
         return;
     }
     xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_PARENT, m_targetFocus,

@@ -37,9 +37,9 @@ public:
 private:
     bool isOurs(xcb_window_t window) const;
     bool isTargetBack() const;
-    bool waitForTarget(std::chrono::milliseconds limit);
+    bool waitForTarget(std::chrono::milliseconds limit, xcb_timestamp_t time);
     bool isTargetDestroyed();
-    void askForTarget();
+    void askForTarget(xcb_timestamp_t time);
     void selectTargetEvents(bool isSelected);
     xcb_timestamp_t serverTime();
     xcb_timestamp_t userTime();

@@ -13,9 +13,9 @@
 #include <vector>
 
 /// Hot keys as key grabs on the root window. They have a thread and a connection of their own:
-/// the server freezes nobody's keyboard while the main thread is busy, and what is typed for the
-/// user goes out on the connection that holds the grabs, in one order with giving the keyboard
-/// back. Everything below the line in the class belongs to the thread.
+/// a press is noticed while the main thread is busy, and what is typed for the user goes out on
+/// the connection that holds the grabs, in one order with giving the keyboard back. Registrations
+/// are kept on both sides: the main thread delivers only what it still knows.
 class X11HotKeys : public HotKeys
 {
     Q_OBJECT
@@ -57,6 +57,7 @@ private:
     std::optional<X11Combination> combinationOf(quint32 keyCode, quint32 carbonModifiers) const;
     void deliver(const HotKeyEvent &event, bool isPress);
 
+    // On the thread.
     void handle(const xcb_generic_event_t &event);
     void handlePress(const xcb_key_press_event_t &event);
     void endHold(xcb_keycode_t keycode, HotKeyEvent event);
@@ -64,12 +65,10 @@ private:
     void giveKeyboardBack();
     void report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress);
 
-    /// The registrations as the main thread knows them: what arrives late for a released one is
-    /// not delivered.
     std::map<HotKeyId, X11Combination> m_registrations;
     bool m_isSuspended = false;
 
-    // The thread's.
+    // The thread's, but for the connection's unchanging setup.
     X11Connection m_connection;
     const bool m_canType;
     X11Keyboard m_keyboard;

@@ -4,6 +4,7 @@
 #include "platform/x11/X11Connection.h"
 
 #include <QGuiApplication>
+#include <QProcess>
 #include <QScreen>
 #include <QTest>
 #include <QWidget>
@@ -12,18 +13,18 @@
 
 namespace {
 
-/// A panel along the lower edge of the screen.
+/// A panel along the lower edge of the desktop, below the columns from `left` on.
 class Panel
 {
 public:
-    explicit Panel(quint32 height) : m_window(xcb_generate_id(m_connection.get()))
+    explicit Panel(quint32 height, quint32 left = 0) : m_window(xcb_generate_id(m_connection.get()))
     {
         xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, m_window, m_connection.root(),
                           0, 0, 10, uint16_t(height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                           XCB_COPY_FROM_PARENT, 0, nullptr);
         const auto atoms = m_connection.atoms(
             {"_NET_WM_STRUT_PARTIAL", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK"});
-        const quint32 strut[12] = {0, 0, 0, height, 0, 0, 0, 0, 0, 0, 0, 9};
+        const quint32 strut[12] = {0, 0, 0, height, 0, 0, 0, 0, 0, 0, left, left + 9};
         xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, atoms[0],
                             XCB_ATOM_CARDINAL, 32, 12, strut);
         xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, atoms[1],
@@ -62,6 +63,34 @@ TEST(ManagedWindow, aPanelIsNotPartOfTheVisibleFrame)
     const Panel panel(48);
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return space.visibleFrame(screen) == screen.geometry().adjusted(0, 0, 0, -48); }));
+}
+
+TEST(ManagedWindow, aPanelOnOneScreenLeavesTheOtherWhole)
+{
+    if (!X11ActiveWindow(X11Connection()).isManaged())
+        GTEST_SKIP() << "no window manager";
+    const auto xrandr = [](const char *arguments) {
+        EXPECT_EQ(QProcess::execute(QStringLiteral("xrandr"),
+                                    QString::fromLatin1(arguments).split(QLatin1Char(' '))),
+                  0);
+    };
+    const auto hasScreens = [](qsizetype count) {
+        return QTest::qWaitFor([=] { return QGuiApplication::screens().size() == count; });
+    };
+    xrandr("--setmonitor left 640/170x800/210+0+0 screen");
+    xrandr("--setmonitor right 640/170x800/210+640+0 none");
+    ASSERT_TRUE(hasScreens(2));
+    const X11WindowSpace space;
+    const Panel panel(48, 640);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const QScreen &right = *QGuiApplication::screenAt(QPoint(700, 10));
+        return space.visibleFrame(right) == QRect(640, 0, 640, 800 - 48);
+    }));
+    const QScreen &left = *QGuiApplication::screenAt(QPoint(10, 10));
+    EXPECT_EQ(space.visibleFrame(left), QRect(0, 0, 640, 800));
+    xrandr("--delmonitor right");
+    xrandr("--delmonitor left");
+    EXPECT_TRUE(hasScreens(1));
 }
 
 TEST(ManagedWindow, aUtilityWindowStaysOutOfTheTaskbarEachTimeItIsShown)
