@@ -5,6 +5,8 @@
 
 #include <QAccessible>
 
+#include <utility>
+
 ClipTableModel::ClipTableModel(const ViewController &dataSource, QObject *parent)
     : QAbstractTableModel(parent), m_dataSource(dataSource)
 {
@@ -13,8 +15,9 @@ ClipTableModel::ClipTableModel(const ViewController &dataSource, QObject *parent
 bool ClipTableModel::reloadData()
 {
     const int count = m_dataSource.numberOfRowsInTableView();
-    // Assistive technology keeps what it has read of the rows, so it is told each time.
-    if (count == m_rowCount && !QAccessible::isActive())
+    // As many other rows are just drawn; assistive technology keeps what it has read of them.
+    const bool isOutdated = std::exchange(m_isStale, false) && QAccessible::isActive();
+    if (count == m_rowCount && !isOutdated)
         return false;
     beginResetModel();
     m_rowCount = count;

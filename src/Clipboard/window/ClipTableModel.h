@@ -17,7 +17,9 @@ public:
 
     ClipTableModel(const ViewController &dataSource, QObject *parent);
 
-    /// True when the number of rows was another one, so that the table was laid out anew.
+    /// The rows told so far are out of date.
+    void setStale() { m_isStale = true; }
+    /// Tells the rows anew if need be. True when the table was laid out anew.
     bool reloadData();
 
     // ^QAbstractTableModel
@@ -28,4 +30,5 @@ public:
 private:
     const ViewController &m_dataSource;
     int m_rowCount = 0;
+    bool m_isStale = false;
 };

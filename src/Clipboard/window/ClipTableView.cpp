@@ -89,6 +89,11 @@ void ClipTableView::updateMetrics()
     sizeLastColumnToFit();
 }
 
+void ClipTableView::setStale()
+{
+    m_model->setStale();
+}
+
 void ClipTableView::reloadData()
 {
     if (m_model->reloadData())

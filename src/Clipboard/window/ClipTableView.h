@@ -42,8 +42,10 @@ public:
 
     void setColors(const ClipColors &colors);
 
-    /// Tells the view that the list may be another one; costs the same for any length unless the
-    /// number of rows has changed.
+    /// The list is another one since the last reloadData().
+    void setStale();
+    /// Shows the list as it is now; costs the same for any length unless the number of rows has
+    /// changed.
     void reloadData();
     /// Selects one row; no row when it lies outside the list.
     void selectRowIndex(int row);

@@ -12,24 +12,23 @@ namespace {
 constexpr int kPictureExtent = 64;
 constexpr int kWidestText = 420;
 
-QLabel *makeLabel(QWidget *parent, qreal fontScale)
+constexpr qreal kTitleScale = 1.35;
+
+QLabel *makeLabel(QWidget *parent)
 {
     auto *label = new QLabel(parent);
     label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setFixedWidth(kWidestText);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * fontScale);
-    label->setFont(font);
     return label;
 }
 
 } // namespace
 
 EmptyStateView::EmptyStateView(QWidget *parent)
-    : QWidget(parent), m_picture(new QLabel(this)), m_title(makeLabel(this, 1.35)),
-      m_hint(makeLabel(this, 1.0))
+    : QWidget(parent), m_picture(new QLabel(this)), m_title(makeLabel(this)),
+      m_hint(makeLabel(this))
 {
     setObjectName(QStringLiteral("emptyStateView"));
     auto *column = new QVBoxLayout(this);
@@ -73,6 +72,9 @@ void EmptyStateView::showState(const QString &icon, const QString &title, const 
 void EmptyStateView::setColors(const ClipColors &colors)
 {
     m_colors = colors;
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * kTitleScale);
+    m_title->setFont(large);
     QPalette text;
     text.setColor(QPalette::WindowText, colors.text);
     m_title->setPalette(text);

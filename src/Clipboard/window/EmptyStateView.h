@@ -21,6 +21,7 @@ public:
     /// For a search without results.
     void showNothingMatches(const QString &searchText);
 
+    /// Takes on the colours, and the desktop's font.
     void setColors(const ClipColors &colors);
 
     QString title() const;

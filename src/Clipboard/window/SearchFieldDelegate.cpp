@@ -65,12 +65,6 @@ std::optional<QString> SearchFieldDelegate::commandForKey(const QKeyEvent &event
         return QStringLiteral("moveUp:");
     case Qt::Key_Down:
         return QStringLiteral("moveDown:");
-    case Qt::Key_P:
-        return held == Qt::ControlModifier ? std::optional(QStringLiteral("moveUp:"))
-                                           : std::nullopt;
-    case Qt::Key_N:
-        return held == Qt::ControlModifier ? std::optional(QStringLiteral("moveDown:"))
-                                           : std::nullopt;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return held & Qt::AltModifier ? QStringLiteral("insertNewlineIgnoringFieldEditor:")

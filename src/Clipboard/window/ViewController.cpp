@@ -341,6 +341,7 @@ void ViewController::filterDataArray(const std::optional<QString> &text)
 
 void ViewController::clipItemArrChanged()
 {
+    m_clipTableView->setStale();
     // Hidden, the list is read anew when the window appears.
     if (m_isChangingList || !m_mainView->isVisible())
         return;
@@ -377,6 +378,14 @@ bool ViewController::moveByKey(const QKeyEvent &event)
     const bool isEditing = m_searchTextField->hasFocus() && !m_searchTextField->text().isEmpty();
     const bool isJump = held == Qt::ControlModifier || (held == Qt::NoModifier && !isEditing);
     switch (event.key()) {
+    case Qt::Key_P:
+        if (held == Qt::ControlModifier)
+            previous();
+        return held == Qt::ControlModifier;
+    case Qt::Key_N:
+        if (held == Qt::ControlModifier)
+            next();
+        return held == Qt::ControlModifier;
     case Qt::Key_PageUp:
         selectRow(selectedRow() - m_clipTableView->rowsPerPage());
         return true;

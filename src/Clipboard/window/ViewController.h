@@ -89,8 +89,8 @@ public:
     void splitViewDidResizeSubviews();
     void positionRightHandTextView();
 
-    /// Moves the selection by Page Up and Down, Ctrl-Home and Ctrl-End, and Home and End where they
-    /// have nothing to edit. False for any other key.
+    /// Moves the selection by Ctrl-N and Ctrl-P as every picker does, Page Up and Down, Ctrl-Home
+    /// and Ctrl-End, and by Home and End where they have nothing to edit. False for any other key.
     bool moveByKey(const QKeyEvent &event);
     /// Goes on typing in the search field with a key that reached another control.
     void typeIntoSearchField(const QKeyEvent &event);

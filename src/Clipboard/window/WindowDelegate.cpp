@@ -76,6 +76,9 @@ void WindowDelegate::showWindow()
     if (!m_isPrepared) {
         m_window->winId();
         platform.windowSpace->prepareUtilityWindow(m_window->windowHandle());
+        // Another screen may have another scale, for which the icons are drawn anew.
+        connect(m_window->windowHandle(), &QWindow::screenChanged, m_viewController.get(),
+                &ViewController::applyTheme);
         m_isPrepared = true;
     }
     m_window->setFrame(ClipboardWindow::placedFrame(visibleFrame(), m_window->frame().width()));
