@@ -131,6 +131,30 @@ int ClipTableView::rowsPerPage() const
     return qMax(1, viewport()->height() / m_rowDelegate.rowHeight());
 }
 
+std::optional<int> ClipTableView::rowAfterKey(const QKeyEvent &event, bool isEditing) const
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    const bool isControl = held == Qt::ControlModifier;
+    const bool isJump = isControl || (held == Qt::NoModifier && !isEditing);
+    const int row = m_selectedIdx.value_or(0);
+    switch (event.key()) {
+    case Qt::Key_P:
+        return isControl ? std::optional(row - 1) : std::nullopt;
+    case Qt::Key_N:
+        return isControl ? std::optional(row + 1) : std::nullopt;
+    case Qt::Key_PageUp:
+        return row - rowsPerPage();
+    case Qt::Key_PageDown:
+        return row + rowsPerPage();
+    case Qt::Key_Home:
+        return isJump ? std::optional(0) : std::nullopt;
+    case Qt::Key_End:
+        return isJump ? std::optional(m_model->rowCount() - 1) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
 void ClipTableView::doubleClick()
 {
     if (m_clickedRow >= 0)

@@ -54,6 +54,11 @@ public:
     /// How many rows the viewport shows whole.
     int rowsPerPage() const;
 
+    /// The row that a key asks for: Ctrl-N and Ctrl-P as in every picker, Page Up and Down,
+    /// Ctrl-Home and Ctrl-End, and Home and End unless they are needed to edit a text. Absent for
+    /// any other key; the row may lie outside the list.
+    std::optional<int> rowAfterKey(const QKeyEvent &event, bool isEditing) const;
+
     /// Pastes the row that was clicked.
     void doubleClick();
     void processUpKey();

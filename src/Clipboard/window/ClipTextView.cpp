@@ -2,6 +2,7 @@
 
 #include "Clipboard/window/ScrollBars.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QTextBlock>
@@ -24,6 +25,33 @@ qsizetype shownLength(const QString &text)
     const bool splitsPair =
         limit > 0 && limit < text.size() && text.at(limit - 1).isHighSurrogate();
     return splitsPair ? limit - 1 : limit;
+}
+
+/// Keys with which a person reads and copies from the text preview; any other key is meant for the
+/// list or the search field.
+bool isReadingKey(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll))
+        return true;
+    switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_Meta:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -76,6 +104,14 @@ void ClipTextView::setColors(const ClipColors &colors)
     quiet.setColor(QPalette::WindowText, colors.quietText);
     m_moreLabel->setPalette(quiet);
     ScrollBars::makeSlim(*this, colors);
+}
+
+void ClipTextView::keyPressEvent(QKeyEvent *event)
+{
+    if (isReadingKey(*event))
+        QPlainTextEdit::keyPressEvent(event);
+    else
+        Q_EMIT otherKeyPressed(*event);
 }
 
 void ClipTextView::resizeEvent(QResizeEvent *event)

@@ -27,7 +27,12 @@ public:
     /// The line that says how much of the clip is not shown; hidden when all of it is.
     QLabel *moreLabel() const { return m_moreLabel; }
 
+Q_SIGNALS:
+    /// A key that is neither for reading nor for copying from the preview.
+    void otherKeyPressed(const QKeyEvent &event);
+
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

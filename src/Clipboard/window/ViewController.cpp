@@ -10,7 +10,6 @@
 #include "Clipboard/window/EmptyStateView.h"
 #include "Clipboard/window/FileViewController.h"
 #include "Clipboard/window/PreviewPane.h"
-#include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/SearchFieldDelegate.h"
 #include "history/ClipItem.h"
@@ -20,106 +19,35 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSplitter>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
-namespace {
-
-constexpr int kDividerWidth = 1;
-constexpr int kListWidth = 320;
-constexpr int kListPadding = 6; ///< Points above and below the list.
-
-/// Keys with which a person reads and copies from the text preview; any other key is meant for the
-/// list or the search field.
-bool isReadingKey(const QKeyEvent &event)
-{
-    if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll))
-        return true;
-    switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_Meta:
-        return true;
-    default:
-        return false;
-    }
-}
-
-} // namespace
-
 ViewController::ViewController(AppDelegate &appDelegate)
-    : m_appDelegate(appDelegate), m_fileViewController(std::make_unique<FileViewController>())
+    : m_appDelegate(appDelegate), m_views(*appDelegate.platform().clock),
+      m_fileViewController(std::make_unique<FileViewController>())
 {
-    loadView();
     viewDidLoad();
 }
 
 ViewController::~ViewController() = default;
 
-void ViewController::loadView()
-{
-    m_mainView = std::make_unique<ClipboardView>();
-    ClipboardView *const content = m_mainView.get();
-    m_searchTextField = new SearchField(content);
-    m_splitView = new QSplitter(Qt::Horizontal, content);
-    m_tableViewView = new QWidget;
-    m_clipTableView = new ClipTableView(m_tableViewView);
-    m_textFieldView = new PreviewPane(*m_appDelegate.platform().clock);
-    m_emptyStateView = new EmptyStateView(content);
-
-    auto *listColumn = new QVBoxLayout(m_tableViewView);
-    listColumn->setContentsMargins(0, kListPadding, 0, kListPadding);
-    listColumn->addWidget(m_clipTableView);
-
-    m_splitView->setHandleWidth(kDividerWidth);
-    m_splitView->setChildrenCollapsible(false);
-    m_splitView->addWidget(m_tableViewView);
-    m_splitView->addWidget(m_textFieldView);
-    m_splitView->setStretchFactor(1, 1);
-    m_splitView->setSizes({kListWidth, 10 * kListWidth});
-
-    // The hairline around the window lies in the margin.
-    auto *column = new QVBoxLayout(content);
-    column->setContentsMargins(1, 1, 1, 1);
-    column->setSpacing(0);
-    column->addWidget(m_searchTextField);
-    column->addWidget(m_splitView, 1);
-}
-
 void ViewController::viewDidLoad()
 {
     m_searchFieldDelegate = new SearchFieldDelegate(this);
-    m_searchFieldDelegate->attach(m_searchTextField);
-    m_clipTableView->setDelegate(this);
-    m_tableViewView->setMinimumWidth(qRound(splitViewConstrainMinCoordinate()));
-    m_tableViewView->setMaximumWidth(qRound(splitViewConstrainMaxCoordinate()));
-    connect(m_splitView, &QSplitter::splitterMoved, this,
+    m_searchFieldDelegate->attach(m_views.searchTextField);
+    m_views.clipTableView->setDelegate(this);
+    m_views.tableViewView->setMinimumWidth(qRound(splitViewConstrainMinCoordinate()));
+    m_views.tableViewView->setMaximumWidth(qRound(splitViewConstrainMaxCoordinate()));
+    connect(m_views.splitView, &QSplitter::splitterMoved, this,
             &ViewController::splitViewDidResizeSubviews);
-    connect(m_textFieldView, &PreviewPane::resized, this,
+    connect(m_views.textFieldView, &PreviewPane::resized, this,
             &ViewController::splitViewDidResizeSubviews);
-    connect(m_mainView.get(), &ClipboardView::resized, this, [this] {
-        m_emptyStateView->setGeometry(
-            m_mainView->rect().adjusted(1, 1 + m_searchTextField->height(), -1, -1));
-    });
     m_fileViewController->setAppDelegate(&m_appDelegate);
     m_fileViewController->view()->hide();
-    m_fileViewController->view()->setParent(m_textFieldView);
-    textView()->installEventFilter(this);
+    m_fileViewController->view()->setParent(m_views.textFieldView);
+    connect(textView(), &ClipTextView::otherKeyPressed, this, &ViewController::typeIntoSearchField);
     connect(&m_appDelegate, &AppDelegate::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
-    QWidget::setTabOrder(m_searchTextField, m_clipTableView);
     applyTheme();
     updateEmptyState();
 }
@@ -127,31 +55,24 @@ void ViewController::viewDidLoad()
 void ViewController::applyTheme()
 {
     const ClipColors colors = ClipColors::ofPalette(QApplication::palette());
-    m_mainView->setColors(colors);
-    m_searchTextField->setColors(colors);
-    m_clipTableView->setColors(colors);
-    ScrollBars::makeSlim(*m_clipTableView, colors);
-    m_splitView->setStyleSheet(
-        QStringLiteral("QSplitter::handle { background: %1; }").arg(colors.separator.name()));
-    m_textFieldView->setColors(colors);
+    m_views.setColors(colors);
     m_fileViewController->setColors(colors);
-    m_emptyStateView->setColors(colors);
 }
 
 ClipTextView *ViewController::textView() const
 {
-    return m_textFieldView->textView();
+    return m_views.textFieldView->textView();
 }
 
 void ViewController::viewDidAppear()
 {
     selectRow(0);
-    m_searchTextField->setFocus(Qt::ActiveWindowFocusReason);
+    m_views.searchTextField->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 int ViewController::selectedRow() const
 {
-    const std::optional<int> row = m_clipTableView->selectedIdx();
+    const std::optional<int> row = m_views.clipTableView->selectedIdx();
     if (!row)
         qFatal("The clip table has no selected index");
     return *row;
@@ -191,7 +112,7 @@ void ViewController::hide()
         const QScopedValueRollback<bool> hiding(m_isHiding, true);
         m_appDelegate.hide();
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_searchTextField->clear();
+        m_views.searchTextField->clear();
         m_appDelegate.filterClipItemArr(QString());
         selectRow(0);
     }
@@ -235,17 +156,17 @@ void ViewController::selectRow(int row, bool forceViewUpdate)
     else if (row >= count)
         row = count - 1;
 
-    m_clipTableView->reloadData();
-    m_clipTableView->scrollRowToVisible(row);
-    m_clipTableView->setSelectedIdx(row);
-    m_clipTableView->selectRowIndex(row);
+    m_views.clipTableView->reloadData();
+    m_views.clipTableView->scrollRowToVisible(row);
+    m_views.clipTableView->setSelectedIdx(row);
+    m_views.clipTableView->selectRowIndex(row);
     updateEmptyState();
     if (list.empty()) {
         showEmptyPreview();
         return;
     }
     const std::shared_ptr<ClipItem> item = list.at(static_cast<size_t>(row));
-    m_textFieldView->infoLine()->setClipItem(item);
+    m_views.textFieldView->infoLine()->setClipItem(item);
     speakSelection(*item, row);
     if (m_previousClipItem && !forceViewUpdate && item == m_previousClipItem)
         return;
@@ -272,18 +193,18 @@ void ViewController::showEmptyPreview()
     textView()->setString(QString());
     textView()->show();
     m_fileViewController->view()->hide();
-    m_textFieldView->infoLine()->setClipItem(nullptr);
+    m_views.textFieldView->infoLine()->setClipItem(nullptr);
     m_previousClipItem.reset();
 }
 
 void ViewController::updateEmptyState()
 {
     if (!getDataArray().empty())
-        m_emptyStateView->hide();
-    else if (m_searchTextField->text().isEmpty())
-        m_emptyStateView->showEmptyHistory(m_openShortcutText);
+        m_views.emptyStateView->hide();
+    else if (m_views.searchTextField->text().isEmpty())
+        m_views.emptyStateView->showEmptyHistory(m_openShortcutText);
     else
-        m_emptyStateView->showNothingMatches(m_searchTextField->text());
+        m_views.emptyStateView->showNothingMatches(m_views.searchTextField->text());
 }
 
 void ViewController::speakSelection(const ClipItem &item, int row)
@@ -291,7 +212,7 @@ void ViewController::speakSelection(const ClipItem &item, int row)
     // The keyboard stays in the search field, so a screen reader learns of the selected row from
     // the field's description.
     if (QAccessible::isActive())
-        m_searchTextField->setAccessibleDescription(tr("%1: %2").arg(row + 1).arg(
+        m_views.searchTextField->setAccessibleDescription(tr("%1: %2").arg(row + 1).arg(
             ClipRowDelegate::recognisableText(item.shortText().value_or(QString()))));
 }
 
@@ -341,15 +262,15 @@ void ViewController::filterDataArray(const std::optional<QString> &text)
 
 void ViewController::clipItemArrChanged()
 {
-    m_clipTableView->setStale();
+    m_views.clipTableView->setStale();
     // Hidden, the list is read anew when the window appears.
-    if (m_isChangingList || !m_mainView->isVisible())
+    if (m_isChangingList || !m_views.mainView->isVisible())
         return;
     // The list is the whole history again, so the field must not claim a search; Undo in the field
     // brings the search back.
-    if (!m_searchTextField->text().isEmpty()) {
+    if (!m_views.searchTextField->text().isEmpty()) {
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_searchTextField->replaceText(QString());
+        m_views.searchTextField->replaceText(QString());
     }
     const auto &list = getDataArray();
     const auto found = std::find(list.begin(), list.end(), m_previousClipItem);
@@ -360,65 +281,32 @@ void ViewController::clipItemArrChanged()
 
 void ViewController::splitViewDidResizeSubviews()
 {
-    m_clipTableView->resize(m_tableViewView->width(), m_clipTableView->height());
-    m_clipTableView->sizeLastColumnToFit();
+    m_views.clipTableView->resize(m_views.tableViewView->width(), m_views.clipTableView->height());
+    m_views.clipTableView->sizeLastColumnToFit();
     positionRightHandTextView();
 }
 
 void ViewController::positionRightHandTextView()
 {
     const QRect text = textView()->geometry();
-    const int width = m_splitView->width() - m_clipTableView->width() - kDividerWidth;
+    const int width =
+        m_views.splitView->width() - m_views.clipTableView->width() - HistoryViews::kDividerWidth;
     m_fileViewController->resizeView(QRect(text.x(), text.y(), width, text.height()));
 }
 
 bool ViewController::moveByKey(const QKeyEvent &event)
 {
-    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
-    const bool isEditing = m_searchTextField->hasFocus() && !m_searchTextField->text().isEmpty();
-    const bool isJump = held == Qt::ControlModifier || (held == Qt::NoModifier && !isEditing);
-    switch (event.key()) {
-    case Qt::Key_P:
-        if (held == Qt::ControlModifier)
-            previous();
-        return held == Qt::ControlModifier;
-    case Qt::Key_N:
-        if (held == Qt::ControlModifier)
-            next();
-        return held == Qt::ControlModifier;
-    case Qt::Key_PageUp:
-        selectRow(selectedRow() - m_clipTableView->rowsPerPage());
-        return true;
-    case Qt::Key_PageDown:
-        selectRow(selectedRow() + m_clipTableView->rowsPerPage());
-        return true;
-    case Qt::Key_Home:
-        if (isJump)
-            selectRow(0);
-        return isJump;
-    case Qt::Key_End:
-        if (isJump)
-            selectRow(numberOfRowsInTableView() - 1);
-        return isJump;
-    default:
-        return false;
-    }
+    const bool isEditing =
+        m_views.searchTextField->hasFocus() && !m_views.searchTextField->text().isEmpty();
+    const std::optional<int> row = m_views.clipTableView->rowAfterKey(event, isEditing);
+    if (row)
+        selectRow(*row);
+    return row.has_value();
 }
 
 void ViewController::typeIntoSearchField(const QKeyEvent &event)
 {
-    m_searchTextField->setFocus(Qt::OtherFocusReason);
+    m_views.searchTextField->setFocus(Qt::OtherFocusReason);
     const std::unique_ptr<QKeyEvent> copy(event.clone());
-    QCoreApplication::sendEvent(m_searchTextField, copy.get());
-}
-
-bool ViewController::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() != QEvent::KeyPress)
-        return QObject::eventFilter(watched, event);
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (isReadingKey(*key))
-        return false;
-    typeIntoSearchField(*key);
-    return true;
+    QCoreApplication::sendEvent(m_views.searchTextField, copy.get());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Clipboard/window/HistoryViews.h"
+
 #include <QObject>
 #include <QString>
 #include <QUrl>
@@ -10,15 +12,9 @@
 
 class AppDelegate;
 class ClipItem;
-class ClipTableView;
 class ClipTextView;
-class ClipboardView;
-class EmptyStateView;
 class FileViewController;
-class PreviewPane;
 class QKeyEvent;
-class QSplitter;
-class SearchField;
 class SearchFieldDelegate;
 
 /// The history window's content controller: lists the clips, keeps the one selection that every
@@ -42,18 +38,18 @@ public:
     AppDelegate &appDelegate() const { return m_appDelegate; }
 
     /// The whole content. Stands in a window that outlives the controller, but goes with it.
-    ClipboardView *mainView() const { return m_mainView.get(); }
+    ClipboardView *mainView() const { return m_views.mainView.get(); }
     /// The list, which is its own scroll view.
-    ClipTableView *clipTableView() const { return m_clipTableView; }
-    SearchField *searchTextField() const { return m_searchTextField; }
-    QSplitter *splitView() const { return m_splitView; }
+    ClipTableView *clipTableView() const { return m_views.clipTableView; }
+    SearchField *searchTextField() const { return m_views.searchTextField; }
+    QSplitter *splitView() const { return m_views.splitView; }
     /// The list's side and the preview's side of the split view.
-    QWidget *tableViewView() const { return m_tableViewView; }
-    PreviewPane *textFieldView() const { return m_textFieldView; }
+    QWidget *tableViewView() const { return m_views.tableViewView; }
+    PreviewPane *textFieldView() const { return m_views.textFieldView; }
     /// The text preview, which is its own scroll view.
     ClipTextView *textView() const;
     FileViewController &fileViewController() const { return *m_fileViewController; }
-    EmptyStateView *emptyStateView() const { return m_emptyStateView; }
+    EmptyStateView *emptyStateView() const { return m_views.emptyStateView; }
 
     /// Whether the window is shown and has the keyboard: decides what the open shortcut does.
     bool isWindowKey() const { return m_isWindowKey; }
@@ -89,8 +85,8 @@ public:
     void splitViewDidResizeSubviews();
     void positionRightHandTextView();
 
-    /// Moves the selection by Ctrl-N and Ctrl-P as every picker does, Page Up and Down, Ctrl-Home
-    /// and Ctrl-End, and by Home and End where they have nothing to edit. False for any other key.
+    /// Moves the selection by a key for longer ways (ClipTableView::rowAfterKey); false for any
+    /// other key.
     bool moveByKey(const QKeyEvent &event);
     /// Goes on typing in the search field with a key that reached another control.
     void typeIntoSearchField(const QKeyEvent &event);
@@ -104,10 +100,6 @@ public:
 Q_SIGNALS:
     /// The window was closed and the history is whole again.
     void didHide();
-
-protected:
-    // ^QObject
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     /// What a file preview is given, by the established name; the preview takes the plain path
@@ -123,7 +115,6 @@ private:
         QUrl m_url;
     };
 
-    void loadView();
     void viewDidLoad();
     void clipItemArrChanged();
     void showPreview(const std::shared_ptr<ClipItem> &item);
@@ -134,13 +125,7 @@ private:
     int selectedRow() const;
 
     AppDelegate &m_appDelegate;
-    std::unique_ptr<ClipboardView> m_mainView;
-    SearchField *m_searchTextField = nullptr;
-    QSplitter *m_splitView = nullptr;
-    QWidget *m_tableViewView = nullptr;
-    ClipTableView *m_clipTableView = nullptr;
-    PreviewPane *m_textFieldView = nullptr;
-    EmptyStateView *m_emptyStateView = nullptr;
+    HistoryViews m_views;
     SearchFieldDelegate *m_searchFieldDelegate = nullptr;
     std::unique_ptr<FileViewController> m_fileViewController;
     std::shared_ptr<ClipItem> m_previousClipItem; ///< Whose preview is shown; null for none.

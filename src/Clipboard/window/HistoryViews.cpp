@@ -1,0 +1,65 @@
+#include "Clipboard/window/HistoryViews.h"
+
+#include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/ClipboardView.h"
+#include "Clipboard/window/EmptyStateView.h"
+#include "Clipboard/window/PreviewPane.h"
+#include "Clipboard/window/ScrollBars.h"
+#include "Clipboard/window/SearchField.h"
+
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kListWidth = 320;
+constexpr int kListPadding = 6; ///< Points above and below the list.
+
+} // namespace
+
+HistoryViews::HistoryViews(Clock &clock)
+    : mainView(std::make_unique<ClipboardView>()), searchTextField(new SearchField(mainView.get())),
+      splitView(new QSplitter(Qt::Horizontal, mainView.get())), tableViewView(new QWidget),
+      clipTableView(new ClipTableView(tableViewView)), textFieldView(new PreviewPane(clock)),
+      emptyStateView(new EmptyStateView(mainView.get()))
+{
+    auto *listColumn = new QVBoxLayout(tableViewView);
+    listColumn->setContentsMargins(0, kListPadding, 0, kListPadding);
+    listColumn->addWidget(clipTableView);
+
+    splitView->setHandleWidth(kDividerWidth);
+    splitView->setChildrenCollapsible(false);
+    splitView->addWidget(tableViewView);
+    splitView->addWidget(textFieldView);
+    splitView->setStretchFactor(1, 1);
+    splitView->setSizes({kListWidth, 10 * kListWidth});
+
+    // The hairline around the window lies in the margin.
+    auto *column = new QVBoxLayout(mainView.get());
+    column->setContentsMargins(1, 1, 1, 1);
+    column->setSpacing(0);
+    column->addWidget(searchTextField);
+    column->addWidget(splitView, 1);
+    QWidget::setTabOrder(searchTextField, clipTableView);
+
+    const auto placeEmptyState = [this] {
+        emptyStateView->setGeometry(
+            mainView->rect().adjusted(1, 1 + searchTextField->height(), -1, -1));
+    };
+    QObject::connect(mainView.get(), &ClipboardView::resized, emptyStateView, placeEmptyState);
+}
+
+HistoryViews::~HistoryViews() = default;
+
+void HistoryViews::setColors(const ClipColors &colors)
+{
+    mainView->setColors(colors);
+    searchTextField->setColors(colors);
+    clipTableView->setColors(colors);
+    ScrollBars::makeSlim(*clipTableView, colors);
+    splitView->setStyleSheet(
+        QStringLiteral("QSplitter::handle { background: %1; }").arg(colors.separator.name()));
+    textFieldView->setColors(colors);
+    emptyStateView->setColors(colors);
+}
