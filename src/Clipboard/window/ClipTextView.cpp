@@ -82,6 +82,10 @@ void ClipTextView::setString(const QString &text)
     QString part = text.left(shown);
     // The text engine takes NUL for the end of what it draws.
     part.replace(QChar(u'\0'), QChar::ReplacementCharacter);
+    // Each paragraph finds its own direction, but all share one side to start from.
+    QTextOption option = document()->defaultTextOption();
+    option.setAlignment(part.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+    document()->setDefaultTextOption(option);
     setPlainText(part);
 
     const qsizetype rest = text.size() - shown;

@@ -131,10 +131,12 @@ void ViewController::deleteItem()
         item = list.front();
         row = -1;
     } else {
-        item = list.at(static_cast<size_t>(row));
+        item = itemAt(row);
         if (row > 0 && row == count - 1)
             --row;
     }
+    if (!item)
+        return;
     {
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
         m_appDelegate.deleteItem(item);
