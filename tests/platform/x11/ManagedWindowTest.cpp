@@ -53,6 +53,14 @@ QList<QByteArray> statesOf(WId window)
     return names;
 }
 
+bool isShownByManager(WId window)
+{
+    constexpr quint32 kNormalState = 1;
+    const X11Connection connection;
+    const xcb_atom_t state = connection.atoms({"WM_STATE"})[0];
+    return connection.firstOf(xcb_window_t(window), state, state) == kNormalState;
+}
+
 TEST(ManagedWindow, aPanelIsNotPartOfTheVisibleFrame)
 {
     if (!X11ActiveWindow(X11Connection()).isManaged())
@@ -101,10 +109,11 @@ TEST(ManagedWindow, aUtilityWindowStaysOutOfTheTaskbarEachTimeItIsShown)
     QWidget window;
     window.setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     window.winId();
+    const X11Connection server;
     space.prepareUtilityWindow(window.windowHandle());
     for (int i = 0; i < 2; ++i) {
         window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isShownByManager(window.winId()); }));
         const auto hasAll = [&] {
             const QList<QByteArray> states = statesOf(window.winId());
             return states.contains("_NET_WM_STATE_SKIP_TASKBAR") &&
@@ -115,7 +124,11 @@ TEST(ManagedWindow, aUtilityWindowStaysOutOfTheTaskbarEachTimeItIsShown)
             << "shown the " << i + 1
             << ". time: " << statesOf(window.winId()).join(' ').constData();
         window.hide();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return statesOf(window.winId()).isEmpty(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !isShownByManager(window.winId()); }));
+        // As window managers do by the convention, some a little later.
+        xcb_delete_property(server.get(), xcb_window_t(window.winId()),
+                            server.atoms({"_NET_WM_STATE"})[0]);
+        server.roundTrip();
     }
 }
 
