@@ -48,8 +48,8 @@ struct PasteboardItem
 
 /// The system pasteboard with the semantics of a pasteboard server: it counts changes, keeps
 /// contents after their owner exits, and answers at once whatever the main thread does. Owned by
-/// Platform; used from the main thread only. No operation blocks on another program, except
-/// write(), which waits for the display server to confirm ownership (below a millisecond).
+/// Platform; used from the main thread only. No operation blocks on another program;
+/// write() and clear() wait for the display server's confirmation (below a millisecond).
 ///
 /// Changes of other clients are kept, in order, until they are judged, so none is lost between
 /// two looks; of own writes only the latest is kept. Ownership is never taken because something

@@ -1,6 +1,7 @@
 #include "platform/x11/PasteboardChanges.h"
 
 #include <algorithm>
+#include <utility>
 
 qint64 PasteboardChanges::changeCount() const
 {
@@ -53,6 +54,18 @@ qint64 PasteboardChanges::publishCleared()
     const std::lock_guard lock(m_mutex);
     m_contents.reset();
     return ++m_changeCount;
+}
+
+void PasteboardChanges::announce(qint64 changeCount)
+{
+    const std::lock_guard lock(m_mutex);
+    m_unannounced.append(changeCount);
+}
+
+QList<qint64> PasteboardChanges::takeUnannounced()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_unannounced, {});
 }
 
 void PasteboardChanges::judge(qint64 changeCount, Pasteboard::Judgement judgement)

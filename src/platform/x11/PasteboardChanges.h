@@ -23,6 +23,11 @@ public:
     /// The pasteboard was emptied: a change without contents.
     qint64 publishCleared();
 
+    /// Notes a change of another client for the main thread to announce.
+    void announce(qint64 changeCount);
+    /// The changes noted since the last call, oldest first.
+    QList<qint64> takeUnannounced();
+
     void judge(qint64 changeCount, Pasteboard::Judgement judgement);
 
 private:
@@ -31,4 +36,5 @@ private:
     qint64 m_largestUsefulText = PasteboardLimits::kLargestFormat;
     std::optional<PasteboardContents> m_contents;
     QList<PasteboardContents> m_unjudged;
+    QList<qint64> m_unannounced;
 };

@@ -6,6 +6,8 @@
 #include "platform/x11/SelectionConnection.h"
 #include "platform/x11/X11EventThread.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLoggingCategory>
 
 #include <future>
@@ -18,8 +20,9 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
       m_changes(std::make_unique<PasteboardChanges>())
 {
     const auto announce = [this](qint64 changeCount) {
-        QMetaObject::invokeMethod(
-            this, [this, changeCount] { Q_EMIT changed(changeCount); }, Qt::QueuedConnection);
+        m_changes->announce(changeCount);
+        // The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     };
     m_service =
         std::make_unique<PasteboardService>(*m_connection, *m_changes, names, m_limits, announce);
@@ -38,10 +41,17 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
 
 X11Pasteboard::~X11Pasteboard() = default;
 
+void X11Pasteboard::customEvent(QEvent *)
+{
+    const QList<qint64> changeCounts = m_changes->takeUnannounced();
+    for (const qint64 changeCount : changeCounts)
+        Q_EMIT changed(changeCount);
+}
+
 void X11Pasteboard::offerPrimary()
 {
-    if (m_thread) [[maybe_unused]]
-        const bool isDone = m_thread->run([this] { m_service->offerPrimary(); });
+    if (m_thread && !m_thread->run([this] { m_service->offerPrimary(); }))
+        qCDebug(lcPasteboard, "PRIMARY is not offered: the connection is lost");
 }
 
 void X11Pasteboard::publishPrimary(xcb_window_t target)

@@ -46,6 +46,10 @@ public:
     void clear() override;
     void shutDown() override;
 
+protected:
+    // ^QObject: announces what the service has published.
+    void customEvent(QEvent *event) override;
+
 private:
     PasteboardLimits m_limits;
     std::unique_ptr<SelectionConnection> m_connection;
