@@ -12,19 +12,22 @@ namespace {
 
 constexpr int kMargin = 14;
 
-/// Length of the part of `text` that is shown: whole lines where they are short enough, never half
-/// a character.
+/// Length of the part of `text` that is shown, never half a character.
 qsizetype shownLength(const QString &text)
 {
-    const qsizetype limit = qMin(text.size(), ClipTextView::kShownCharacters);
+    const qsizetype most = qMin(text.size(), ClipTextView::kShownCharacters);
     qsizetype lines = 0;
-    for (qsizetype i = 0; i < limit; ++i) {
-        if (text.at(i) == u'\n' && ++lines == ClipTextView::kShownLines)
-            return i;
+    qsizetype lineStart = 0;
+    qsizetype end = 0;
+    for (; end < most && end - lineStart < ClipTextView::kShownOfLine; ++end) {
+        if (text.at(end) != u'\n')
+            continue;
+        lineStart = end + 1;
+        if (++lines == ClipTextView::kShownLines)
+            return end;
     }
-    const bool splitsPair =
-        limit > 0 && limit < text.size() && text.at(limit - 1).isHighSurrogate();
-    return splitsPair ? limit - 1 : limit;
+    const bool splitsPair = end > 0 && end < text.size() && text.at(end - 1).isHighSurrogate();
+    return splitsPair ? end - 1 : end;
 }
 
 /// Keys with which a person reads and copies from the text preview; any other key is meant for the

@@ -16,6 +16,9 @@ public:
     /// More than anybody reads in a preview, and laid out within a frame.
     static constexpr qsizetype kShownCharacters = 20'000;
     static constexpr qsizetype kShownLines = 2'000;
+    /// Nothing after so many characters without a line break: the time to break a line grows with
+    /// the square of its length.
+    static constexpr qsizetype kShownOfLine = 4'000;
 
     explicit ClipTextView(QWidget *parent = nullptr);
 

@@ -26,15 +26,16 @@ TEST(ClipTextView, onlyABoundedBeginningIsLaidOut)
         QString text;
         qsizetype shown;
     };
-    const QString line(99, u'x');
     const Row kRows[] = {
         {"fifty million characters on one line", QString(50'000'000, u'x'),
+         ClipTextView::kShownOfLine},
+        {"many long lines", QString(QString(99, u'x') + u'\n').repeated(1'000),
          ClipTextView::kShownCharacters},
         {"many short lines", QStringLiteral("x\n").repeated(10'000),
          2 * ClipTextView::kShownLines - 1},
         {"a character of two units across the bound",
-         QString(ClipTextView::kShownCharacters - 1, u'x') + QStringLiteral("🎉🎉"),
-         ClipTextView::kShownCharacters - 1},
+         QString(ClipTextView::kShownOfLine - 1, u'x') + QStringLiteral("🎉🎉"),
+         ClipTextView::kShownOfLine - 1},
     };
     for (const Row &row : kRows) {
         ClipTextView view;
