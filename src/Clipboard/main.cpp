@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QStandardPaths>
-#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -52,10 +51,10 @@ int runApplication(QApplication &application, InstanceDoor &door)
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &delegate,
                      [&delegate] { delegate.saveContext(); });
     QObject::connect(&door, &InstanceDoor::activated, &delegate, &AppDelegate::launch);
-    QTimer::singleShot(0, &delegate, [&] {
-        delegate.applicationDidFinishLaunching();
-        door.open();
-    });
+    // Before the event loop, because a copy that is there already would be captured by an
+    // application whose panes are not loaded yet.
+    delegate.applicationDidFinishLaunching();
+    door.open();
 
     const int status = QApplication::exec();
     g_delegate = nullptr;
