@@ -109,6 +109,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_swopState = std::make_unique<SwopState>();
     m_capture = std::make_unique<ClipboardCapture>(
         *platform.pasteboard, *m_history, *platform.notifications, *m_liveSettings, *m_swopState);
+    // The limits are read from the panes' controls, which start-up loads.
+    m_capture->setPaused(true);
     m_paster = std::make_unique<ClipPaster>(platform, *m_liveSettings, *m_history, *m_capture,
                                             *m_swopState, *m_hotKeyManager, *m_pasteWindow);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
@@ -137,6 +139,8 @@ void AppDelegate::applicationDidFinishLaunching()
     m_viewController = m_windowController->getViewController();
     loadPreferences();
     logTrace(QStringLiteral("load preferences complete"));
+    m_capture->setPaused(false);
+    m_capture->readFromPasteboard();
     logTrace(QStringLiteral("devmate setup complete"));
     askAboutDamagedSettings();
 }

@@ -80,6 +80,9 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "quillmarsh: %s\n", qUtf8Printable(*problem));
         return EXIT_FAILURE;
     }
+    // A log line is its text and nothing else, unless somebody who looks for a fault asks for more.
+    if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
+        qSetMessagePattern(QStringLiteral("%{message}"));
     QApplication application(argc, argv);
     // WM_CLASS and the icon follow from these two.
     QCoreApplication::setApplicationName(QStringLiteral("quillmarsh"));

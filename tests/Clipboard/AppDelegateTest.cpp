@@ -112,6 +112,14 @@ TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened
     EXPECT_TRUE(m_delegate->window()->isVisible());
 }
 
+TEST_F(AppDelegateTest, aCopyThatIsSeenBeforeThePanesAreLoadedIsRecordedOnceTheyAre)
+{
+    m_delegate = std::make_unique<AppDelegate>(m_platform.platform, info(), m_folder.path());
+    copy(QStringLiteral("early"));
+    m_delegate->applicationDidFinishLaunching();
+    EXPECT_EQ(clips(), QStringList{QStringLiteral("early")});
+}
+
 TEST_F(AppDelegateTest, theOpenShortcutStepsDownWhileTheHistoryIsOpen)
 {
     start();

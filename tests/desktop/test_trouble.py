@@ -50,6 +50,7 @@ class StoreTrouble(Journey):
         copy(self.desktop, "a secret of an ignored application")
         aside = settings.with_name(settings.name + ".damaged-1")
         self.assertTrue(aside.exists())
+        self.app.wait_until_active(self.app.window())
         self.app.key("Return")  # the question's default button: start with fresh settings
         self.wait_for(settings.exists, "fresh settings")
         self.copy("after the answer")

@@ -11,6 +11,7 @@
 #include <QLoggingCategory>
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <thread>
 #include <utility>
 
@@ -58,6 +59,18 @@ QDBusConnection findSessionBus()
     QDBusConnection bus = QDBusConnection::sessionBus();
     qunsetenv(kAddress);
     return bus;
+}
+
+QDBusMessage callFor(const DoorMessage &message)
+{
+    const bool isAction = !message.action.isEmpty();
+    auto call = QDBusMessage::createMethodCall(Info::main().bundleIdentifier, kPath, kInterface,
+                                               isAction ? QStringLiteral("ActivateAction")
+                                                        : QStringLiteral("Activate"));
+    if (isAction)
+        call << message.action << QVariantList();
+    call << ApplicationAdaptor::platformData(message.activationToken);
+    return call;
 }
 
 } // namespace
@@ -110,6 +123,28 @@ InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
         qCInfo(lcDoor, "no session bus: only starting quillmarsh again reaches this instance");
         return Entry::First;
     }
+    const auto deadline = Clock::now() + kAnswerLimit;
+    for (;;) {
+        if (ownsNameOn(bus))
+            return Entry::First;
+        // An instance with another runtime folder: the bus is all that it shares with us. Or one
+        // that has just died, whose name the bus is about to take back.
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        const QDBusMessage answer =
+            bus.call(callFor(message), QDBus::Block, std::max(static_cast<int>(left.count()), 1));
+        if (answer.type() == QDBusMessage::ReplyMessage)
+            return Entry::Forwarded;
+        if (Clock::now() >= deadline) {
+            qCWarning(lcDoor, "the running instance did not take the action: %s",
+                      qUtf8Printable(answer.errorMessage()));
+            return Entry::Unreachable;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+}
+
+bool DBusInstanceDoor::ownsNameOn(QDBusConnection &bus)
+{
     // First the object, then the name: whoever sees the name may call at once.
     bus.registerObject(kPath, this, QDBusConnection::ExportAdaptors);
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> name =
@@ -117,24 +152,11 @@ InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
                                          QDBusConnectionInterface::DontQueueService,
                                          QDBusConnectionInterface::DontAllowReplacement);
     m_ownsName = name.isValid() && name.value() == QDBusConnectionInterface::ServiceRegistered;
+    // A bus that cannot answer the question hands nobody a name; the lock alone decides then.
     if (m_ownsName || !name.isValid())
-        return Entry::First;
-
-    // An instance with another runtime folder: the bus is all that it shares with us.
+        return true;
     bus.unregisterObject(kPath);
-    const bool isAction = !message.action.isEmpty();
-    auto call = QDBusMessage::createMethodCall(Info::main().bundleIdentifier, kPath, kInterface,
-                                               isAction ? QStringLiteral("ActivateAction")
-                                                        : QStringLiteral("Activate"));
-    if (isAction)
-        call << message.action << QVariantList();
-    call << ApplicationAdaptor::platformData(message.activationToken);
-    const auto answer = bus.call(call, QDBus::Block, static_cast<int>(kAnswerLimit.count()));
-    if (answer.type() == QDBusMessage::ReplyMessage)
-        return Entry::Forwarded;
-    qCWarning(lcDoor, "the running instance did not take the action: %s",
-              qUtf8Printable(answer.errorMessage()));
-    return Entry::Unreachable;
+    return false;
 }
 
 void DBusInstanceDoor::open()

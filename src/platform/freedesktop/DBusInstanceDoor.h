@@ -3,6 +3,7 @@
 #include "platform/InstanceDoor.h"
 #include "platform/freedesktop/InstanceSocket.h"
 
+#include <QDBusConnection>
 #include <QList>
 
 /// org.freedesktop.Application on the session bus for other programs, and the lock with its socket
@@ -28,6 +29,8 @@ private:
     Entry enterBySocket(const DoorMessage &message);
     /// Takes the bus name, or hands the message to the one who has it.
     Entry enterByBus(const DoorMessage &message);
+    /// Whether nobody else has the name, so that it is ours.
+    bool ownsNameOn(QDBusConnection &bus);
 
     bool receive(const DoorMessage &message);
     void deliver(const DoorMessage &message);
