@@ -16,6 +16,7 @@
 #include "history/HistoryWindow.h"
 #include "history/HotKeyManager.h"
 #include "history/SwopState.h"
+#include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 
 #include <QApplication>
@@ -24,6 +25,7 @@
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 
 #include <chrono>
@@ -156,6 +158,9 @@ void AppDelegate::loadPreferences()
     m_preferencesGeneral->loadPreferences();
     m_preferences->setPreferencesViewControllers(
         {m_preferencesGeneral.get(), m_preferencesApplication.get()});
+    const auto *quitting =
+        new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), m_preferences->window());
+    connect(quitting, &QShortcut::activated, this, &AppDelegate::quit);
     showOpenShortcut();
     connect(m_platform.settings.get(), &SettingsStore::valueChanged, this,
             [this](const QString &key) {

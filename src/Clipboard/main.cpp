@@ -51,6 +51,11 @@ int runApplication(QApplication &application, InstanceDoor &door)
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &delegate,
                      [&delegate] { delegate.saveContext(); });
     QObject::connect(&door, &InstanceDoor::activated, &delegate, &AppDelegate::launch);
+    QObject::connect(&door, &InstanceDoor::actionRequested, &delegate,
+                     [&delegate](const QString &action) {
+                         if (action == u"preferences")
+                             delegate.openPreferences();
+                     });
     // Before the event loop, because a copy that is there already would be captured by an
     // application whose panes are not loaded yet.
     delegate.applicationDidFinishLaunching();

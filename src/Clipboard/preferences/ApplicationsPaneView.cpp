@@ -12,6 +12,7 @@
 namespace {
 
 constexpr QSize kSize(480, 340);
+constexpr QSize kRoomAroundText(24, 6);
 
 QString joined(const QStringList &names)
 {
@@ -49,6 +50,8 @@ void ApplicationsPaneView::showEmptyState(const QStringList &suggestions)
     suggest->setText(suggestions.size() > 2
                          ? tr("Ignore %1 password managers").arg(suggestions.size())
                          : tr("Ignore %1").arg(joined(suggestions)));
+    suggest->setMinimumSize({0, 0});
+    suggest->setMinimumSize(suggest->sizeHint() + kRoomAroundText);
     m_emptyNote->setText(suggestions.isEmpty()
                              ? tr("Add an application whose copies shall stay private.")
                              : tr("What is copied from %1 is recorded like any other text. "

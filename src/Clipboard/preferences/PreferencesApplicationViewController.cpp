@@ -37,7 +37,12 @@ PreferencesApplicationViewController::PreferencesApplicationViewController(Platf
 {
 }
 
-PreferencesApplicationViewController::~PreferencesApplicationViewController() = default;
+PreferencesApplicationViewController::~PreferencesApplicationViewController()
+{
+    // The last events of a table that is being taken apart are no key presses for us.
+    if (m_view)
+        m_view->table->removeEventFilter(this);
+}
 
 void PreferencesApplicationViewController::loadPreferences()
 {

@@ -62,7 +62,12 @@ PreferencesGeneralViewController::PreferencesGeneralViewController(Platform &pla
 {
 }
 
-PreferencesGeneralViewController::~PreferencesGeneralViewController() = default;
+PreferencesGeneralViewController::~PreferencesGeneralViewController()
+{
+    // A pane that is being taken apart has not been left.
+    if (m_view)
+        m_view->removeEventFilter(this);
+}
 
 void PreferencesGeneralViewController::setAppDelegate(AppDelegate *appDelegate)
 {
@@ -324,8 +329,7 @@ void PreferencesGeneralViewController::showMaxItemsNote(qint64 maxItems)
     const qint64 excess = isReachable ? std::max<qint64>(0, count - maxItems) : 0;
     QString text;
     if (maxItems == kNoLimit)
-        text = tr("The stored size is not one that can be used. "
-                  "No clip is removed until you choose a size.");
+        text = tr("The stored size cannot be used. No clip is removed until you choose one.");
     else if (!isReachable)
         text = tr("The stored size is larger than this slider reaches. "
                   "It holds until you move the slider.");

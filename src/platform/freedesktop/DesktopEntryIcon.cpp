@@ -27,5 +27,7 @@ QIcon iconOfTheme(QString name)
 
 QIcon desktopEntryIcon(const QString &icon)
 {
+    if (icon.contains(QChar::Null))
+        return {};
     return icon.startsWith(u'/') ? iconOfFile(icon) : iconOfTheme(icon);
 }
