@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// A pane of a given size without anything in it.
+/// A pane of a given size that is one dark area.
 class FakePane : public CCNPreferencesWindowControllerProtocol
 {
 public:
@@ -12,6 +12,8 @@ public:
         : m_identifier(identifier), m_title(title)
     {
         m_view.resize(size);
+        m_view.setPalette(QPalette(Qt::black, Qt::black));
+        m_view.setAutoFillBackground(true);
     }
 
     // ^CCNPreferencesWindowControllerProtocol
