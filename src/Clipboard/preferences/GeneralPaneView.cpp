@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/GeneralPaneView.h"
 
 #include "Clipboard/GlobalShortcuts.h"
+#include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PaneParts.h"
 #include "shortcut/MASShortcutView.h"
@@ -9,6 +10,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 
 namespace {
 
@@ -85,10 +87,10 @@ PaneNote *inWords(MASShortcutView &recorder)
 GeneralPaneView::GeneralPaneView(SettingsStore &settings)
     : openAtLogin(new QCheckBox(tr("Open Quillmarsh at &login"))),
       notifications(new QCheckBox(tr("Show &notifications"))), maxItems(new HistorySizeSlider),
-      maxItemsLabel(new QLabel), maxItemsUnit(new QLabel(tr("clips"))), maxItemsNote(new PaneNote),
-      maxStringSize(new QLineEdit), maxStringSizeReading(new PaneNote),
+      maxItemsLabel(new QLabel), maxStringSize(new QLineEdit),
       openShortcut(new MASShortcutView(&settings)), swopShortcut(new MASShortcutView(&settings)),
-      m_shortcutNote(new PaneNote)
+      m_maxItemsUnit(new QLabel(tr("clips"))), m_maxItemsNote(new PaneNote),
+      m_maxStringSizeReading(new PaneNote), m_shortcutNote(new PaneNote)
 {
     openAtLogin->setAccessibleName(tr("Open at login"));
     notifications->setAccessibleName(tr("Show notifications"));
@@ -97,16 +99,16 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
     openShortcut->setAccessibleName(tr("Open history shortcut"));
     swopShortcut->setAccessibleName(tr("Swop shortcut"));
     maxItemsLabel->setObjectName(QStringLiteral("sliderLabel"));
-    maxItemsNote->setObjectName(QStringLiteral("maxItemsNote"));
-    maxStringSizeReading->setObjectName(QStringLiteral("maxStringSizeReading"));
+    m_maxItemsNote->setObjectName(QStringLiteral("maxItemsNote"));
+    m_maxStringSizeReading->setObjectName(QStringLiteral("maxStringSizeReading"));
 
     maxStringSize->setAlignment(Qt::AlignRight);
     maxStringSize->setFixedWidth(fontMetrics().averageCharWidth() * 16);
     maxItemsLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("100,000")));
     maxItemsLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    maxStringSizeReading->setWordWrap(false);
+    m_maxStringSizeReading->setWordWrap(false);
     // The window's size is settled when the pane comes in; longer words have their room already.
-    for (PaneNote *note : {maxItemsNote, m_shortcutNote}) {
+    for (PaneNote *note : {m_maxItemsNote, m_shortcutNote}) {
         note->setMinimumHeight(2 * note->fontMetrics().lineSpacing());
         note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     }
@@ -115,6 +117,38 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
                 &GeneralPaneView::explainShortcuts);
     explainShortcuts();
     layOut();
+}
+
+void GeneralPaneView::explainMaxItems(const std::optional<qint64> &size, qint64 clips)
+{
+    const bool isReachable = size && *size <= HistorySizeSlider::kMaximum;
+    const qint64 excess = isReachable ? clips - *size : 0;
+    QString text;
+    if (!size)
+        text = tr("The stored size cannot be used. No clip is removed until you choose one.");
+    else if (!isReachable)
+        text = tr("The stored size is larger than this slider reaches. "
+                  "It holds until you move the slider.");
+    else if (excess == 1)
+        text = tr("The oldest clip will be removed when you leave this page.");
+    else if (excess > 1)
+        text = tr("The %1 oldest clips will be removed when you leave this page.")
+                   .arg(QLocale().toString(excess));
+    else
+        text = tr("When the history is full, each new copy replaces the oldest clip.");
+    m_maxItemsUnit->setVisible(size.has_value());
+    m_maxItemsNote->setText(text);
+    m_maxItemsNote->setEmphasised(excess > 0);
+}
+
+void GeneralPaneView::explainMaxStringSize(qint64 bytes)
+{
+    QString reading;
+    if (bytes == 0)
+        reading = tr("Nothing is recorded.");
+    else if (bytes >= 1000)
+        reading = QStringLiteral("= ") + byteCount(bytes);
+    m_maxStringSizeReading->setText(reading);
 }
 
 void GeneralPaneView::explainShortcuts()
@@ -136,9 +170,9 @@ void GeneralPaneView::layOut()
              new PaneNote(tr("Tell you when a copy was too large to be recorded. "
                              "Turned off, they stay off until Quillmarsh quits.")));
     rows.addSeparator();
-    rows.add(tr("&History size:"), {maxItems, maxItemsLabel, maxItemsUnit}, maxItemsNote,
+    rows.add(tr("&History size:"), {maxItems, maxItemsLabel, m_maxItemsUnit}, m_maxItemsNote,
              maxItems->grooveHeight());
-    rows.add(tr("Largest &text:"), {maxStringSize, new QLabel(tr("bytes")), maxStringSizeReading},
+    rows.add(tr("Largest &text:"), {maxStringSize, new QLabel(tr("bytes")), m_maxStringSizeReading},
              new PaneNote(tr("A longer copy is not recorded.")));
     rows.addSeparator();
     rows.add(tr("&Open history:"), {openShortcut, inWords(*openShortcut)});

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class HistorySizeSlider;
 class MASShortcutView;
 class PaneNote;
@@ -24,16 +26,21 @@ public:
     QCheckBox *notifications;
     HistorySizeSlider *maxItems;
     QLabel *maxItemsLabel;
-    QLabel *maxItemsUnit;
-    PaneNote *maxItemsNote; ///< What the chosen size will do, when there is something to say.
     QLineEdit *maxStringSize;
-    PaneNote *maxStringSizeReading; ///< The size as people say it.
     MASShortcutView *openShortcut;
     MASShortcutView *swopShortcut;
+
+    /// Says what a history of that size does to the `clips` there are; absent: it has no limit.
+    void explainMaxItems(const std::optional<qint64> &size, qint64 clips);
+    /// Says the size as people do.
+    void explainMaxStringSize(qint64 bytes);
 
 private:
     void explainShortcuts();
     void layOut();
 
+    QLabel *m_maxItemsUnit;
+    PaneNote *m_maxItemsNote;
+    PaneNote *m_maxStringSizeReading;
     PaneNote *m_shortcutNote;
 };

@@ -1,7 +1,6 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/GeneralPaneView.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
@@ -100,7 +99,7 @@ void PreferencesGeneralViewController::loadView()
             &PreferencesGeneralViewController::maxStringSizeLeft);
     if (m_appDelegate)
         connect(m_appDelegate, &AppDelegate::clipItemArrChanged, m_view.get(),
-                [this] { showMaxItemsNote(getMaxItems()); });
+                [this] { explainMaxItems(getMaxItems()); });
 }
 
 void PreferencesGeneralViewController::loadPreferences()
@@ -269,7 +268,7 @@ void PreferencesGeneralViewController::loadMaxStringSize()
     QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
     field.setText(QString::number(m_maxStringSize));
     field.setValidator(new OnlyIntegerNumberFormatter(&field));
-    showMaxStringSizeReading();
+    m_view->explainMaxStringSize(getMaxStringSize());
 }
 
 void PreferencesGeneralViewController::loadNotifications()
@@ -300,7 +299,7 @@ void PreferencesGeneralViewController::maxStringSizeEdited(const QString &text)
         m_maxStringSize = OnlyIntegerNumberFormatter::integerValue(text);
         m_platform.settings->setValue(maxStringSizePrefKey, qlonglong(m_maxStringSize));
     }
-    showMaxStringSizeReading();
+    m_view->explainMaxStringSize(getMaxStringSize());
 }
 
 /// The field is left with the number that counts: the last one when it is empty, the largest there
@@ -309,7 +308,7 @@ void PreferencesGeneralViewController::maxStringSizeLeft()
 {
     QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
     field.setText(QString::number(m_maxStringSize));
-    showMaxStringSizeReading();
+    m_view->explainMaxStringSize(getMaxStringSize());
 }
 
 void PreferencesGeneralViewController::showMaxItems(qint64 maxItems)
@@ -317,42 +316,14 @@ void PreferencesGeneralViewController::showMaxItems(qint64 maxItems)
     const bool hasLimit = maxItems != kNoLimit;
     required(sliderLabel, "sliderLabel")
         .setText(hasLimit ? QLocale().toString(maxItems) : tr("No limit"));
-    m_view->maxItemsUnit->setVisible(hasLimit);
-    showMaxItemsNote(maxItems);
+    explainMaxItems(maxItems);
 }
 
-void PreferencesGeneralViewController::showMaxItemsNote(qint64 maxItems)
+void PreferencesGeneralViewController::explainMaxItems(qint64 maxItems)
 {
-    const qint64 count =
+    const auto clips =
         m_appDelegate ? static_cast<qint64>(m_appDelegate->getClipItemArr().size()) : 0;
-    const bool isReachable = maxItems <= HistorySizeSlider::kMaximum;
-    const qint64 excess = isReachable ? std::max<qint64>(0, count - maxItems) : 0;
-    QString text;
-    if (maxItems == kNoLimit)
-        text = tr("The stored size cannot be used. No clip is removed until you choose one.");
-    else if (!isReachable)
-        text = tr("The stored size is larger than this slider reaches. "
-                  "It holds until you move the slider.");
-    else if (excess == 1)
-        text = tr("The oldest clip will be removed when you leave this page.");
-    else if (excess > 1)
-        text = tr("The %1 oldest clips will be removed when you leave this page.")
-                   .arg(QLocale().toString(excess));
-    else
-        text = tr("When the history is full, each new copy replaces the oldest clip.");
-    m_view->maxItemsNote->setText(text);
-    m_view->maxItemsNote->setEmphasised(excess > 0);
-}
-
-void PreferencesGeneralViewController::showMaxStringSizeReading()
-{
-    const qint64 size = getMaxStringSize();
-    QString reading;
-    if (size == 0)
-        reading = tr("Nothing is recorded.");
-    else if (size >= 1000)
-        reading = QStringLiteral("= ") + byteCount(size);
-    m_view->maxStringSizeReading->setText(reading);
+    m_view->explainMaxItems(maxItems == kNoLimit ? std::nullopt : std::optional(maxItems), clips);
 }
 
 void PreferencesGeneralViewController::viewDidDisappear()

@@ -102,8 +102,7 @@ private:
     void maxStringSizeEdited(const QString &text);
     void maxStringSizeLeft();
     void showMaxItems(qint64 maxItems);
-    void showMaxItemsNote(qint64 maxItems);
-    void showMaxStringSizeReading();
+    void explainMaxItems(qint64 maxItems);
     void viewDidDisappear();
     AppDelegate &requiredAppDelegate() const;
 
