@@ -16,6 +16,7 @@
 #include "history/HistoryWindow.h"
 #include "history/HotKeyManager.h"
 #include "history/SwopState.h"
+#include "hotkey/HotKeyTextField.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 
@@ -107,6 +108,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_liveSettings = std::make_unique<LiveSettings>(*this);
     m_pasteWindow = std::make_unique<PasteWindow>(*this);
     m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
+    m_hotKeyField = std::make_unique<HotKeyTextField>(*platform.hotKeys, *platform.keyboardLayout);
     m_history = std::make_unique<ClipHistory>(storeFolder, *platform.clock, *m_liveSettings);
     m_swopState = std::make_unique<SwopState>();
     m_capture = std::make_unique<ClipboardCapture>(

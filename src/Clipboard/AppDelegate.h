@@ -17,6 +17,7 @@ class ClipPaster;
 class ClipboardCapture;
 class ClipboardWindow;
 class HotKeyManager;
+class HotKeyTextField;
 class PreferencesApplicationViewController;
 class PreferencesGeneralViewController;
 class QTimer;
@@ -117,6 +118,8 @@ public:
         return *m_preferencesApplication;
     }
     StatusMenu &statusMenu() const { return *m_statusMenu; }
+    /// Never shown: it stands ready for whoever records a hot key of the hot-key center.
+    HotKeyTextField &hotKeyField() const { return *m_hotKeyField; }
 
 Q_SIGNALS:
     /// The list has changed by a load, a search or a deletion; rows told before are out of date.
@@ -142,6 +145,7 @@ private:
     std::unique_ptr<LiveSettings> m_liveSettings;
     std::unique_ptr<PasteWindow> m_pasteWindow;
     std::unique_ptr<HotKeyManager> m_hotKeyManager;
+    std::unique_ptr<HotKeyTextField> m_hotKeyField;
     std::unique_ptr<ClipHistory> m_history;
     std::unique_ptr<SwopState> m_swopState;
     std::unique_ptr<ClipboardCapture> m_capture;

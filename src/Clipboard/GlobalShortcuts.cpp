@@ -1,5 +1,6 @@
 #include "Clipboard/GlobalShortcuts.h"
 
+#include "hotkey/HotKeyCenter.h"
 #include "platform/ModifierFlags.h"
 #include "platform/Platform.h"
 #include "shortcut/KeyNames.h"
@@ -17,6 +18,7 @@ void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel(
 {
     KeyNames::current().setKeyboardLayout(platform.keyboardLayout.get());
     MASShortcutMonitor::connectShared(*platform.hotKeys);
+    HotKeyCenter::connectShared(*platform.hotKeys);
     MASShortcutBinder::connectShared(*platform.settings);
     MASShortcutValidator::connectShared(platform.symbolicHotKeys.get(), platform.hotKeys.get());
     MASShortcutValidator::sharedValidator().setMainMenu(statusMenu);

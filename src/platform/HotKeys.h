@@ -26,6 +26,8 @@ struct HotKeyEvent
     /// Pointer position in native pixels of the whole desktop, where the platform tells it.
     int x = 0;
     int y = 0;
+    /// Bits of CarbonModifiers that were held at that moment, Caps Lock among them while it is on.
+    quint32 carbonModifiers = 0;
 };
 
 /// System-wide hot keys: a virtual key with modifiers, reported wherever the keyboard focus is.

@@ -23,6 +23,15 @@ inline constexpr quint64 kShortcutMask = kShift | kControl | kOption | kCommand;
 /// held, its release as not held.
 quint64 ofEvent(const QKeyEvent &event);
 
+/// The same and Caps Lock while it is on.
+quint64 ofEventWithCapsLock(const QKeyEvent &event);
+
+/// The flags of CarbonModifiers bits.
+quint64 ofCarbon(quint32 carbonModifiers);
+
+/// Whether the event is about a modifier key itself, Caps Lock among them.
+bool isModifierKey(const QKeyEvent &event);
+
 } // namespace ModifierFlags
 
 /// Modifier keys as the hot-key service takes them: the bits of Carbon's Events.h.

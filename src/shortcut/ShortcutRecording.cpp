@@ -1,5 +1,6 @@
 #include "shortcut/ShortcutRecording.h"
 
+#include "platform/ModifierFlags.h"
 #include "shortcut/MASShortcutMonitor.h"
 #include "shortcut/MASShortcutView.h"
 
@@ -14,23 +15,6 @@ namespace {
 // A held key is reported as let go and pressed anew at the same moment, but the two do not always
 // arrive together, and Qt then takes them for real.
 constexpr std::chrono::milliseconds kRepetitionGap{25};
-
-bool isModifierKey(const QKeyEvent &event)
-{
-    switch (event.key()) {
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_AltGr:
-    case Qt::Key_Meta:
-    case Qt::Key_Super_L:
-    case Qt::Key_Super_R:
-    case Qt::Key_CapsLock:
-        return true;
-    default:
-        return false;
-    }
-}
 
 } // namespace
 
@@ -124,7 +108,7 @@ bool ShortcutRecording::eventFilter(QObject *watched, QEvent *event)
 bool ShortcutRecording::monitorKey(QKeyEvent &event)
 {
     const bool isPress = event.type() != QEvent::KeyRelease;
-    if (!m_recorder || (!isPress && !isModifierKey(event)))
+    if (!m_recorder || (!isPress && !ModifierFlags::isModifierKey(event)))
         return false;
     // A key that is merely held says nothing new. And a shortcut of the application may be about to
     // steal the key: claimed, it comes as a press.

@@ -5,6 +5,8 @@
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/ViewController.h"
 #include "history/ClipItem.h"
+#include "hotkey/HotKeyCenter.h"
+#include "hotkey/HotKeyTextField.h"
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
 #include "platform/memory/MemoryPlatform.h"
@@ -118,6 +120,17 @@ TEST_F(AppDelegateTest, aCopyThatIsSeenBeforeThePanesAreLoadedIsRecordedOnceThey
     copy(QStringLiteral("early"));
     m_delegate->applicationDidFinishLaunching();
     EXPECT_EQ(clips(), QStringList{QStringLiteral("early")});
+}
+
+TEST_F(AppDelegateTest, itsOneHotKeyFieldAndTheSharedCenterStandOnThePlatform)
+{
+    EXPECT_EQ(start().hotKeyField().hotKeys(), &m_platform.hotKeys);
+    int runs = 0;
+    const auto hotKey = HotKeyCenter::sharedHotKeyCenter()->registerHotKeyWithKeyCode(
+        VirtualKey::kC, ModifierFlags::kCommand, [&runs](const KeyUpEvent &) { ++runs; });
+    m_platform.hotKeys.release(VirtualKey::kC, CarbonModifiers::kCommand);
+    EXPECT_EQ(runs, 1);
+    HotKeyCenter::sharedHotKeyCenter()->unregisterHotKey(hotKey);
 }
 
 TEST_F(AppDelegateTest, theOpenShortcutStepsDownWhileTheHistoryIsOpen)

@@ -31,6 +31,7 @@ void MemoryHotKeys::report(quint32 keyCode, quint32 carbonModifiers, bool isPres
     for (const HotKeyId id : idsOf(keyCode, carbonModifiers)) {
         HotKeyEvent event;
         event.id = id;
+        event.carbonModifiers = carbonModifiers;
         if (isPress)
             Q_EMIT pressed(event);
         else

@@ -136,7 +136,7 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
         handlePress(reinterpret_cast<const xcb_key_press_event_t &>(event));
     } else if (type == XCB_KEY_RELEASE) {
         const auto &release = reinterpret_cast<const xcb_key_release_event_t &>(event);
-        endHold(release.detail, {{}, release.time, release.root_x, release.root_y});
+        endHold(release.detail, eventOf(release));
     }
 }
 
@@ -152,11 +152,16 @@ void X11HotKeys::handlePress(const xcb_key_press_event_t &event)
     }
     if (hold.ids.empty())
         return;
-    hold.press = {{}, event.time, event.root_x, event.root_y};
+    hold.press = eventOf(event);
     report(hold.ids, hold.press, true);
     m_holds.emplace(event.detail, std::move(hold));
     // Most presses are followed by typing for the user, which must not wait for the keymap then.
     m_keyboard.keymap();
+}
+
+HotKeyEvent X11HotKeys::eventOf(const xcb_key_press_event_t &event) const
+{
+    return {{}, event.time, event.root_x, event.root_y, m_grabs.modifiers().carbonOf(event.state)};
 }
 
 void X11HotKeys::endHold(xcb_keycode_t keycode, HotKeyEvent event)
@@ -187,6 +192,7 @@ void X11HotKeys::endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime)
         if (pointer) {
             event.x = pointer->root_x;
             event.y = pointer->root_y;
+            event.carbonModifiers = m_grabs.modifiers().carbonOf(pointer->mask);
         }
         endHold(keycode, event);
     }

@@ -60,6 +60,8 @@ private:
     // On the thread.
     void handle(const xcb_generic_event_t &event);
     void handlePress(const xcb_key_press_event_t &event);
+    /// Press or release, of no id yet.
+    HotKeyEvent eventOf(const xcb_key_press_event_t &event) const;
     void endHold(xcb_keycode_t keycode, HotKeyEvent event);
     void endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime = std::nullopt);
     void giveKeyboardBack();

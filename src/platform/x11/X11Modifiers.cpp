@@ -120,6 +120,17 @@ quint16 X11Modifiers::maskOf(quint32 carbonModifiers) const
     return mask;
 }
 
+quint32 X11Modifiers::carbonOf(quint16 state) const
+{
+    quint32 carbon = state & XCB_MOD_MASK_LOCK ? CarbonModifiers::kCapsLock : 0;
+    for (const quint32 modifier : {CarbonModifiers::kShift, CarbonModifiers::kControl,
+                                   CarbonModifiers::kOption, CarbonModifiers::kCommand}) {
+        if (state & maskOf(modifier))
+            carbon |= modifier;
+    }
+    return carbon;
+}
+
 std::vector<quint16> X11Modifiers::lockVariants(quint32 carbonModifiers) const
 {
     const bool needsCapsLock = carbonModifiers & CarbonModifiers::kCapsLock;

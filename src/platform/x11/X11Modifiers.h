@@ -29,6 +29,9 @@ struct X11Modifiers
     /// The modifier mask of Carbon bits, Caps Lock left aside.
     quint16 maskOf(quint32 carbonModifiers) const;
 
+    /// The Carbon bits that an event's state stands for, Caps Lock among them while it is on.
+    quint32 carbonOf(quint16 state) const;
+
     /// Every combination of the locks, that of none included. Those with Caps Lock only, when the
     /// combination asks for Caps Lock.
     std::vector<quint16> lockVariants(quint32 carbonModifiers) const;

@@ -151,7 +151,7 @@ TEST_F(X11HotKeysTest, theReleaseIsReportedAlthoughTheKeyboardWasGivenBack)
     EXPECT_EQ(m_released.size(), 2U);
 }
 
-TEST_F(X11HotKeysTest, anEventTellsWhenAndWhere)
+TEST_F(X11HotKeysTest, anEventTellsWhenWhereAndWithWhat)
 {
     ASSERT_TRUE(registerOpen());
     const X11Connection server;
@@ -162,6 +162,8 @@ TEST_F(X11HotKeysTest, anEventTellsWhenAndWhere)
     ASSERT_EQ(m_released.size(), 1U);
     EXPECT_EQ(QPoint(m_pressed[0].x, m_pressed[0].y), QPoint(321, 123));
     EXPECT_EQ(QPoint(m_released[0].x, m_released[0].y), QPoint(321, 123));
+    EXPECT_EQ(m_pressed[0].carbonModifiers, kSuperShift);
+    EXPECT_EQ(m_released[0].carbonModifiers, CarbonModifiers::kCommand) << "Shift went up first";
     EXPECT_NE(m_pressed[0].timestamp, 0U);
     EXPECT_GE(m_released[0].timestamp, m_pressed[0].timestamp);
 }

@@ -1,0 +1,3 @@
+#include "hotkey/HotKeyLog.h"
+
+Q_LOGGING_CATEGORY(hotKeyLog, "quillmarsh.hotkey")
