@@ -159,7 +159,7 @@ void MASShortcutView::showTakenAlert(const MASShortcut &shortcut, const QString 
 {
     ShortcutRecording::shared().pause();
     auto *alert = new QMessageBox(
-        QMessageBox::Critical, QCoreApplication::applicationName(),
+        QMessageBox::Critical, tr("Shortcut"),
         tr("The key combination %1 cannot be used").arg(shortcut.description()), {}, this);
     alert->setInformativeText(explanation);
     alert->setTextFormat(Qt::PlainText);

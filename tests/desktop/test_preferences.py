@@ -2,6 +2,7 @@
 
 import pathlib
 import plistlib
+import subprocess
 import unittest
 
 import dbus
@@ -88,6 +89,85 @@ class PreferencesJourney(Journey):
         self.app = Quillmarsh(self.desktop, BINARY)
         self.app.key("ctrl+alt+k")
         self.app.wait_until_active(self.app.window())
+
+    def record(self, *keys):
+        """Records in the open shortcut's recorder."""
+        self.app.key("alt+o", "space", *keys)
+
+    def test_a_combination_of_the_desktop_is_refused_and_recording_goes_on(self):
+        self.assertEqual(self.app.quit(), 0)
+        shortcuts = pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], "kglobalshortcutsrc")
+        shortcuts.write_text("[kwin]\nOverview=Ctrl+Alt+J,none,Toggle Overview\n")
+        self.app = Quillmarsh(self.desktop, BINARY, {"XDG_CURRENT_DESKTOP": "KDE"})
+        before = self.setting("openShortCut")
+        self.open_preferences()
+        self.record("a")  # a letter alone only beeps
+        self.app.key("ctrl+alt+j")
+        alert = self.app.window("Shortcut")
+        self.app.wait_until_active(alert)
+        self.app.key("Return")
+        self.app.wait_until_hidden("Shortcut")
+        self.assertEqual(self.setting("openShortCut"), before)
+        self.app.wait_until_active(self.app.window("Preferences"))
+        self.app.key("ctrl+alt+m")
+        self.wait_for(lambda: self.setting("openShortCut") != before, "the next combination")
+
+    def test_a_recorder_is_cancelled_cleared_and_gives_way_to_the_other(self):
+        before = self.setting("openShortCut"), self.setting("swopShortCut")
+        window = self.open_preferences()
+        self.record("Escape")
+        self.app.wait_until_active(window)
+        self.assertEqual((self.setting("openShortCut"), self.setting("swopShortCut")), before)
+        self.record()
+        self.click(window, 190, 373)  # the swop recorder, below
+        self.app.key("ctrl+alt+m")
+        self.wait_for(lambda: self.setting("swopShortCut") != before[1], "the recorded shortcut")
+        self.assertEqual(self.setting("openShortCut"), before[0])
+        self.record("BackSpace")
+        self.wait_for(lambda: self.setting("openShortCut") != before[0], "no shortcut")
+        self.app.key("Escape")
+        self.app.wait_until_hidden("Preferences")
+        self.app.key("super+shift+v")
+        self.copy("in between")
+        self.assertIsNone(self.app.window(wait=False))
+
+    def test_super_w_and_super_q_go_through_a_recording(self):
+        self.open_preferences()
+        self.record("super+w")
+        self.app.wait_until_hidden("Preferences")
+        self.open_preferences()
+        self.record("super+q")
+        self.assertEqual(self.app.process.wait(10), 0)
+        self.app.wait_for_log("Exit")
+
+    def test_unticked_notifications_are_silent_now_and_back_after_a_restart(self):
+        told = pathlib.Path(self.desktop.home, "bus.txt")
+        with open(told, "wb") as log:
+            self.desktop.start(["dbus-monitor", "--session",
+                                "interface='org.freedesktop.Notifications',member='Notify'"],
+                               stdout=log)
+        self.desktop.start(["dunst"], quiet=True)
+        self.wait_for(lambda: dbus.bus.BusConnection(
+            self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]).name_has_owner(
+                "org.freedesktop.Notifications"), "a notification server")
+
+        def warnings():
+            return told.read_text(errors="replace").count("The text is too large.")
+
+        copy(self.desktop, "a" * 10001)
+        self.wait_for(lambda: warnings() == 1, "the first warning")
+        self.open_preferences()
+        self.app.key("alt+n")
+        # The box is drawn pressed for a moment and takes an Escape for itself meanwhile.
+        self.wait_for(lambda: self.app.key("Escape") or not self.app.window("Preferences", False),
+                      "the window to close")
+        copy(self.desktop, "b" * 10001)
+        self.copy("recorded after the large one")
+        self.assertEqual(warnings(), 1)
+        self.assertEqual(self.app.quit(), 0)
+        self.app = Quillmarsh(self.desktop, BINARY)
+        copy(self.desktop, "c" * 10001)
+        self.wait_for(lambda: warnings() == 2, "a warning after the restart")
 
     def test_an_application_in_the_list_is_not_recorded_until_it_is_taken_out(self):
         window = self.open_applications()
