@@ -15,7 +15,7 @@ class KeyboardLayout;
 /// A text field into which the user types a combination of keys. It shows the combination's name;
 /// while it has the keyboard, the shared editor records what is pressed. Owned by its parent
 /// widget. It is read-only as a line edit: no text comes in by mouse, drop or input method, and it
-/// shows no caret.
+/// shows no caret. Its accessible name is for the owner to set.
 class HotKeyTextField : public QLineEdit
 {
     Q_OBJECT

@@ -24,6 +24,7 @@ public:
 
     /// Null when no field is edited.
     HotKeyTextField *hotKeyField() const;
+    /// What it holds becomes the original; null ends the editing.
     void setHotKeyField(HotKeyTextField *field);
 
     /// The field's record when editing began; null when it had none.

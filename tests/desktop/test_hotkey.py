@@ -1,7 +1,6 @@
 """The hot-key center and its recording field under real keys, in a small program of their own."""
 
 import os
-import pathlib
 import subprocess
 import threading
 import time
@@ -64,7 +63,6 @@ class PressedElsewhere(HotKeyJourney):
         self.wait_for(lambda: len(contents(self.path)) > 5, "a key that repeats")
         self.keys.release("x")
         repeats = time.monotonic() - begin
-        typed = contents(self.path)
 
         self.keys.press("super", "shift", "v")
         self.wait_for_line("pressed")
@@ -73,8 +71,7 @@ class PressedElsewhere(HotKeyJourney):
         self.assertEqual(self.lines, [])
         self.keys.release("super", "shift", "v")
         self.assertEqual(self.released(), [V])
-        self.assertTrue(contents(self.path).startswith(typed))
-        self.assertNotIn("v", contents(self.path).lower())
+        self.assertEqual(set(contents(self.path)), {"x"})
 
     def test_locks_and_layouts_do_not_matter(self):
         self.desktop.run(["setxkbmap", "-layout", "us,ru"])
@@ -110,8 +107,9 @@ class Recorded(HotKeyJourney):
         return self.wait_for_line("idle")[:-1]
 
     def picture(self):
-        return self.desktop.run(["import", "-window", self.window, "rgb:-"],
-                                capture_output=True).stdout
+        """Of the text alone: the field's frame shows where the keyboard is."""
+        return self.desktop.run(["import", "-window", self.window, "-crop", "100x14+16+16",
+                                 "rgb:-"], capture_output=True).stdout
 
     def test_combinations_and_modifiers_alone_are_recorded_from_a_keyboard(self):
         for names, told in (
