@@ -1,7 +1,8 @@
 #include "Clipboard/window/FileViewController.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/window/FileCardRenderer.h"
+#include "Clipboard/preview/FilePreview.h"
+#include "Clipboard/preview/PreviewRegistry.h"
 #include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/PathLabel.h"
 #include "Clipboard/window/WindowIcons.h"
@@ -20,7 +21,7 @@ constexpr QSize kFirstSize(440, 380);
 } // namespace
 
 FileViewController::FileViewController()
-    : m_renderer(std::make_unique<FileCardRenderer>()), m_view(std::make_unique<QWidget>()),
+    : m_registry(std::make_unique<PreviewRegistry>()), m_view(std::make_unique<QWidget>()),
       m_filepathLabel(new PathLabel(view())), m_separatorLine(new QFrame(view())),
       m_openButton(new PaneButton(tr("Open"), view())),
       m_revealInFinderButton(new PaneButton(tr("Reveal in File Manager"), view())),
@@ -42,20 +43,15 @@ FileViewController::~FileViewController() = default;
 
 void FileViewController::viewDidLoad()
 {
-    m_previewView = m_renderer->makeView(QString(), view());
+    m_previewView = m_registry->makeView(QString(), view());
     resizeView(m_view->geometry());
     m_warningImageView->hide();
     m_fileDoesNotExistLabel->hide();
 }
 
-void FileViewController::setRenderer(std::unique_ptr<PreviewRenderer> renderer)
-{
-    m_renderer = std::move(renderer);
-}
-
 void FileViewController::setPreviewItem(const QString &path)
 {
-    PreviewView *fresh = m_renderer->makeView(path, view());
+    FilePreview *fresh = m_registry->makeView(path, view());
     fresh->setGeometry(m_previewView->geometry());
     fresh->setColors(m_colors);
     delete m_previewView;
@@ -68,6 +64,12 @@ void FileViewController::setPreviewItem(const QString &path)
     // so that they do not flicker from file to file.
     m_warningImageView->hide();
     m_fileDoesNotExistLabel->hide();
+    askExistence(path);
+    connect(m_previewView, &FilePreview::fileChanged, this, [this, path] { askExistence(path); });
+}
+
+void FileViewController::askExistence(const QString &path)
+{
     const quint64 question = ++m_question;
     m_appDelegate->platform().workspace->askFileExists(path, this, [this, question](bool exists) {
         if (question == m_question)

@@ -10,10 +10,10 @@
 #include <memory>
 
 class AppDelegate;
+class FilePreview;
 class PaneButton;
 class PathLabel;
-class PreviewRenderer;
-class PreviewView;
+class PreviewRegistry;
 class QFrame;
 class QLabel;
 
@@ -31,13 +31,10 @@ public:
     /// Must be called once, before the first file is shown.
     void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
 
-    /// Shows files by `renderer` from the next one on.
-    void setRenderer(std::unique_ptr<PreviewRenderer> renderer);
-
     /// The whole pane. May be put into another widget, which must outlive this object.
     QWidget *view() const { return m_view.get(); }
     /// The view of the current file; another one for every file.
-    PreviewView *previewView() const { return m_previewView; }
+    FilePreview *previewView() const { return m_previewView; }
     PathLabel *filepathLabel() const { return m_filepathLabel; }
     QFrame *separatorLine() const { return m_separatorLine; }
     PaneButton *openButton() const { return m_openButton; }
@@ -45,8 +42,8 @@ public:
     QLabel *fileDoesNotExistLabel() const { return m_fileDoesNotExistLabel; }
     QLabel *warningImageView() const { return m_warningImageView; }
 
-    /// Shows the file at `path` in a fresh view. Whether it exists is asked without waiting; the
-    /// buttons or the warning follow the answer.
+    /// Shows the file at `path` in a fresh view. Whether it exists is asked without waiting, and
+    /// again whenever it changes; the buttons or the warning follow the answer.
     void setPreviewItem(const QString &path);
 
     /// Gives the pane the frame `rect` and the preview the space above the separator.
@@ -73,12 +70,13 @@ private:
 
     void viewDidLoad();
     void layOutBelowSeparator(const QSize &size);
+    void askExistence(const QString &path);
     void existenceKnown(bool exists);
 
     AppDelegate *m_appDelegate = nullptr;
-    std::unique_ptr<PreviewRenderer> m_renderer;
-    const std::unique_ptr<QWidget> m_view;
-    PreviewView *m_previewView = nullptr;
+    const std::unique_ptr<PreviewRegistry> m_registry;
+    const std::unique_ptr<QWidget> m_view; ///< Ends before the registry that its parts use.
+    FilePreview *m_previewView = nullptr;
     PathLabel *m_filepathLabel;
     QFrame *m_separatorLine;
     PaneButton *m_openButton;

@@ -1,5 +1,7 @@
 #include "Clipboard/window/FileViewController.h"
-#include "Clipboard/window/FileCardRenderer.h"
+#include "Clipboard/preview/FileCard.h"
+#include "Clipboard/preview/FilePreview.h"
+#include "Clipboard/preview/PreviewRenderer.h"
 #include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/PathLabel.h"
 #include "WindowRig.h"
@@ -7,8 +9,6 @@
 #include <QFile>
 #include <QFrame>
 #include <QPointer>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -77,7 +77,7 @@ TEST_F(FileViewControllerTest, aLateAnswerAboutAnotherFileIsVoid)
     bool hasWarned = false;
     ASSERT_TRUE(QTest::qWaitFor([&] {
         hasWarned = hasWarned || pane.warningImageView()->isVisible();
-        return qobject_cast<FileCard *>(pane.previewView())->lines().size() > 1;
+        return pane.previewView()->body() != nullptr;
     }));
     EXPECT_FALSE(hasWarned);
     EXPECT_EQ(shown(), QStringLiteral("buttons"));
@@ -88,31 +88,30 @@ TEST_F(FileViewControllerTest, eachFileGetsAViewOfItsOwn)
     addFile(QStringLiteral("first.txt"));
     addFile(QStringLiteral("second.bin"), QByteArray(2048, 'x'));
     delegate.launch();
-    const QPointer<PreviewView> first = pane.previewView();
+    const QPointer<FilePreview> first = pane.previewView();
     controller->next();
     EXPECT_TRUE(first.isNull());
     EXPECT_TRUE(pane.previewView()->isVisible());
 }
 
-TEST_F(FileViewControllerTest, theCardTellsKindAndSize)
+TEST_F(FileViewControllerTest, theCardOfAnUnreadableKindTellsKindAndSize)
 {
-    addFile(QStringLiteral("notes.txt"), QByteArray(2048, 'x'));
+    addFile(QStringLiteral("data.bin"), QByteArray(2048, '\0'));
     delegate.launch();
-    const auto *card = qobject_cast<FileCard *>(pane.previewView());
-    ASSERT_TRUE(card);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !card->lines().isEmpty(); }));
-    EXPECT_TRUE(card->lines().at(0).contains(QStringLiteral("text"), Qt::CaseInsensitive));
+    const FileCard *card = pane.previewView()->card();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return card->isVisible(); }));
+    ASSERT_EQ(card->lines().size(), 3);
     EXPECT_EQ(card->lines().at(1), QLocale().formattedDataSize(2048));
 }
 
-TEST_F(FileViewControllerTest, aPipeIsToldWithoutReadingFromIt)
+TEST_F(FileViewControllerTest, aFileDeletedWhileItIsShownBringsTheWarning)
 {
-    const QString path = folder.filePath(QStringLiteral("pipe"));
-    ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    const std::optional<FileFacts> facts = FileFacts::read(path);
-    ASSERT_TRUE(facts);
-    EXPECT_EQ(facts->size, std::nullopt);
-    EXPECT_EQ(FileFacts::read(folder.filePath(QStringLiteral("nothing"))), std::nullopt);
+    const QString path = addFile(QStringLiteral("there.txt"));
+    delegate.launch();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane.previewView()->body() != nullptr; }));
+    memory.workspace.removeFile(path);
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_TRUE(waitFor(QStringLiteral("warning")));
 }
 
 TEST_F(FileViewControllerTest, thePreviewFillsThePaneDownToThreePointsAboveTheSeparator)

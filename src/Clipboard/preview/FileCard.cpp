@@ -1,4 +1,4 @@
-#include "Clipboard/window/FileCardRenderer.h"
+#include "Clipboard/preview/FileCard.h"
 
 #include "Clipboard/window/WindowIcons.h"
 
@@ -15,19 +15,9 @@ constexpr int kGap = 14;
 
 } // namespace
 
-PreviewView *FileCardRenderer::makeView(const QString &path, QWidget *parent)
-{
-    return new FileCard(path, parent);
-}
+FileCard::FileCard(QString path, QWidget *parent) : QWidget(parent), m_path(std::move(path)) {}
 
-FileCard::FileCard(QString path, QWidget *parent) : PreviewView(parent), m_path(std::move(path)) {}
-
-void FileCard::refresh()
-{
-    FileFacts::ask(m_path, this, [this](const std::optional<FileFacts> &facts) { receive(facts); });
-}
-
-void FileCard::receive(const std::optional<FileFacts> &facts)
+void FileCard::setFacts(const std::optional<FileFacts> &facts)
 {
     m_facts = facts.value_or(FileFacts());
     m_lines.clear();

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Clipboard/preview/FileFacts.h"
+#include "Clipboard/window/ClipColors.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+/// Shows any file as a plain card: its icon, name, kind, size and date. Owned by its FilePreview.
+class FileCard : public QWidget
+{
+    Q_OBJECT
+
+public:
+    FileCard(QString path, QWidget *parent);
+
+    /// The lines under the file's name; empty before they were read.
+    const QStringList &lines() const { return m_lines; }
+
+    /// Tells what is known of the file; none when it does not exist.
+    void setFacts(const std::optional<FileFacts> &facts);
+
+    void setColors(const ClipColors &colors);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void updatePicture();
+
+    const QString m_path;
+    FileFacts m_facts;
+    QStringList m_lines;
+    ClipColors m_colors;
+    QPixmap m_picture;
+};

@@ -1,0 +1,119 @@
+#include "Clipboard/preview/FilePreview.h"
+
+#include "Clipboard/preview/FileCard.h"
+#include "Clipboard/preview/PreviewRegistry.h"
+#include "Clipboard/preview/PreviewRenderer.h"
+
+#include <QFileInfo>
+#include <QResizeEvent>
+
+namespace {
+
+/// Long enough that a file that is read at once does not flash its card before.
+constexpr int kPatienceMs = 400;
+constexpr int kSettlingMs = 150;
+/// Sizes are asked for in steps, so that a dragged divider does not read a picture anew each time.
+constexpr int kPixelStep = 256;
+
+} // namespace
+
+FilePreview::FilePreview(PreviewRegistry &registry, QString path, QWidget *parent)
+    : QWidget(parent), m_registry(registry), m_path(std::move(path)),
+      m_card(new FileCard(m_path, this))
+{
+    m_card->hide();
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kPatienceMs);
+    connect(&m_patience, &QTimer::timeout, this, &FilePreview::showCard);
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(kSettlingMs);
+    connect(&m_settling, &QTimer::timeout, this, &FilePreview::refresh);
+    const auto changed = [this] {
+        m_settling.start();
+        Q_EMIT fileChanged();
+    };
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, changed);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, changed);
+}
+
+FilePreview::~FilePreview() = default;
+
+void FilePreview::refresh()
+{
+    if (m_path.isEmpty())
+        return;
+    if (!m_body && !m_card->isVisible())
+        m_patience.start();
+    m_askedPixels = wantedPixels();
+    m_ticket = m_registry.ask(m_path, m_askedPixels,
+                              [this](const PreviewResult &result) { receive(result); });
+}
+
+void FilePreview::receive(const PreviewResult &result)
+{
+    m_patience.stop();
+    watch(result.facts.has_value());
+    m_card->setFacts(result.facts);
+    if (!result.content) {
+        showCard();
+        return;
+    }
+    // The same content in the same widget keeps its place.
+    if (m_body && result.content == m_content)
+        return;
+    delete m_body;
+    m_content = result.content;
+    m_body = m_content->makeBody(m_registry.threads(), this);
+    m_body->setGeometry(rect());
+    m_body->setColors(m_colors);
+    m_card->hide();
+    m_body->show();
+}
+
+void FilePreview::showCard()
+{
+    delete m_body;
+    m_body = nullptr;
+    m_content.reset();
+    m_card->show();
+}
+
+void FilePreview::watch(bool exists)
+{
+    // A file that has gone is waited for in its folder. Both have answered just now.
+    const QString watched = exists ? m_path : QFileInfo(m_path).path();
+    const QStringList before = m_watcher.files() + m_watcher.directories();
+    if (before == QStringList{watched})
+        return;
+    if (!before.isEmpty())
+        m_watcher.removePaths(before);
+    if (exists || QFileInfo::exists(watched))
+        m_watcher.addPath(watched);
+}
+
+void FilePreview::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    m_card->setColors(colors);
+    if (m_body)
+        m_body->setColors(colors);
+}
+
+QSize FilePreview::wantedPixels() const
+{
+    const QSize pixels = size() * devicePixelRatioF();
+    const auto stepped = [](int extent) {
+        return (qMax(extent, 1) + kPixelStep - 1) / kPixelStep * kPixelStep;
+    };
+    return {stepped(pixels.width()), stepped(pixels.height())};
+}
+
+void FilePreview::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_card->setGeometry(rect());
+    if (m_body)
+        m_body->setGeometry(rect());
+    if (m_content && m_content->dependsOnSize() && wantedPixels() != m_askedPixels)
+        m_settling.start();
+}

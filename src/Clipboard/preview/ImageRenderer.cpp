@@ -1,0 +1,91 @@
+#include "Clipboard/preview/ImageRenderer.h"
+
+#include "Clipboard/preview/ImageBody.h"
+#include "Clipboard/preview/PreviewFile.h"
+#include "Clipboard/preview/PreviewThreads.h"
+
+#include <QImageReader>
+#include <QMimeType>
+
+#include <numeric>
+
+namespace {
+
+constexpr qint64 kMostAnimationBytes = 48 << 20;
+constexpr size_t kMostFrames = 200;
+constexpr int kMostMegabytes = 512; ///< Of one picture while it is decoded.
+constexpr int kShortestFrame = 20;
+constexpr int kUsualFrame = 100; ///< For frames that claim to stand no time at all.
+
+QImage fitted(const QImage &image, QSize pixels)
+{
+    if (image.width() <= pixels.width() && image.height() <= pixels.height())
+        return image;
+    return image.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+/// The size to decode at, before the picture is turned upright.
+QSize decodedSize(const QImageReader &reader, QSize pixels)
+{
+    if (reader.transformation() & QImageIOHandler::TransformationRotate90)
+        pixels.transpose();
+    return reader.size().scaled(pixels, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
+} // namespace
+
+bool ImageRenderer::accepts(const QMimeType &type) const
+{
+    return QImageReader::supportedMimeTypes().contains(type.name().toLatin1());
+}
+
+std::shared_ptr<const PreviewContent> ImageRenderer::read(PreviewFile &file, const QMimeType &type,
+                                                          QSize pixels,
+                                                          const PreviewStop &stop) const
+{
+    const QList<QByteArray> formats = QImageReader::imageFormatsForMimeType(type.name().toLatin1());
+    QImageReader reader(&file, formats.value(0));
+    reader.setAutoTransform(true);
+    QImageReader::setAllocationLimit(kMostMegabytes);
+    const QSize whole = reader.size();
+    if (qint64(whole.width()) * whole.height() > kMostPixels)
+        return nullptr;
+    const bool isAnimation = reader.supportsAnimation();
+    if (!isAnimation && (whole.width() > pixels.width() || whole.height() > pixels.height()))
+        reader.setScaledSize(decodedSize(reader, pixels));
+
+    std::vector<ImageContent::Frame> frames;
+    bool isReduced = reader.scaledSize().isValid();
+    qint64 bytes = 0;
+    do {
+        const QImage read = reader.read();
+        if (read.isNull())
+            break;
+        const QImage image = fitted(read, pixels);
+        isReduced = isReduced || image.size() != read.size();
+        bytes += image.sizeInBytes();
+        const int delay = reader.nextImageDelay();
+        frames.push_back({image, delay < kShortestFrame ? kUsualFrame : delay});
+    } while (isAnimation && frames.size() < kMostFrames && bytes < kMostAnimationBytes &&
+             !stop.isDue());
+    if (frames.empty())
+        return nullptr;
+    return std::make_shared<ImageContent>(std::move(frames), isReduced);
+}
+
+ImageContent::ImageContent(std::vector<Frame> frames, bool isReduced)
+    : m_frames(std::move(frames)), m_isReduced(isReduced)
+{
+}
+
+PreviewBody *ImageContent::makeBody(PreviewThreads &, QWidget *parent) const
+{
+    return new ImageBody(m_frames, parent);
+}
+
+qint64 ImageContent::byteCount() const
+{
+    return std::accumulate(
+        m_frames.begin(), m_frames.end(), qint64(0),
+        [](qint64 sum, const Frame &frame) { return sum + frame.image.sizeInBytes(); });
+}

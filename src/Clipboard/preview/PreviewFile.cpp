@@ -1,0 +1,58 @@
+#include "Clipboard/preview/PreviewFile.h"
+
+#include "Clipboard/preview/PreviewThreads.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+PreviewFile::PreviewFile(QString path, const PreviewStop &stop)
+    : m_path(std::move(path)), m_stop(stop)
+{
+}
+
+PreviewFile::~PreviewFile()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+bool PreviewFile::openRegular()
+{
+    const QByteArray name = QFile::encodeName(m_path);
+    struct stat status = {};
+    // Opening a device can already have an effect, so it is looked at before.
+    if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return false;
+    // Between the two it may have become a pipe, whose opening would wait for a writer.
+    m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    // The files of /proc say that they are empty; reading one may wait.
+    if (m_descriptor < 0 || ::fstat(m_descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_size == 0)
+        return false;
+    m_size = status.st_size;
+    return open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+qint64 PreviewFile::readData(char *data, qint64 maxSize)
+{
+    if (m_bytesLeft <= 0 || m_stop.isDue())
+        return -1;
+    // In parts, so that a stop is noticed within a long read.
+    constexpr qint64 kPart = 1 << 20;
+    const qint64 wanted = std::min({maxSize, m_bytesLeft, kPart});
+    const ssize_t got = ::pread(m_descriptor, data, static_cast<size_t>(wanted), pos());
+    if (got > 0)
+        m_bytesLeft -= got;
+    return got;
+}
+
+qint64 PreviewFile::writeData(const char *, qint64)
+{
+    return -1;
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QIODevice>
+
+class PreviewStop;
+
+/// A regular file opened for a preview. Reading it never waits for a writer, changes nothing, and
+/// fails once the preview is no longer wanted, its time is up or its bytes are used up; a library
+/// that decodes from it then gives up by itself. Used on the thread that made it.
+class PreviewFile : public QIODevice
+{
+    Q_OBJECT
+
+public:
+    /// `stop` must outlive the file.
+    PreviewFile(QString path, const PreviewStop &stop);
+    ~PreviewFile() override;
+
+    /// Opens the file. False for anything but a regular file with content that may be read.
+    [[nodiscard]] bool openRegular();
+
+    QString path() const { return m_path; }
+
+    /// Bytes that may be read in all from now on.
+    void setByteLimit(qint64 bytes) { m_bytesLeft = bytes; }
+
+    // ^QIODevice
+    bool isSequential() const override { return false; }
+    qint64 size() const override { return m_size; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+    qint64 writeData(const char *data, qint64 size) override;
+
+private:
+    static constexpr qint64 kMostBytes = 256 << 20;
+
+    const QString m_path;
+    const PreviewStop &m_stop;
+    int m_descriptor = -1;
+    qint64 m_size = 0;
+    qint64 m_bytesLeft = kMostBytes;
+};

@@ -1,0 +1,88 @@
+#include "Clipboard/preview/PreviewRegistry.h"
+
+#include "Clipboard/preview/FilePreview.h"
+#include "Clipboard/preview/ImageRenderer.h"
+#include "Clipboard/preview/PreviewFile.h"
+#include "Clipboard/preview/PreviewRenderer.h"
+#include "Clipboard/preview/TextRenderer.h"
+
+#include <QMimeDatabase>
+
+#include <algorithm>
+
+PreviewRegistry::PreviewRegistry()
+{
+    // The first that accepts a type and can read the file shows it, so the special come before the
+    // general: an SVG picture is a text as well.
+    auto renderers = std::make_shared<Renderers>();
+    renderers->push_back(std::make_unique<ImageRenderer>());
+    renderers->push_back(std::make_unique<TextRenderer>());
+    m_renderers = std::move(renderers);
+}
+
+PreviewRegistry::~PreviewRegistry() = default;
+
+FilePreview *PreviewRegistry::makeView(const QString &path, QWidget *parent)
+{
+    return new FilePreview(*this, path, parent);
+}
+
+PreviewTicket PreviewRegistry::ask(const QString &path, QSize pixels,
+                                   std::function<void(const PreviewResult &)> receive)
+{
+    return m_threads.run([this, renderers = m_renderers, path, pixels, known = kept(path),
+                          receive = std::move(receive)](const PreviewStop &stop) {
+        PreviewResult result = read(*renderers, path, pixels, known, stop);
+        return [this, path, pixels, receive, result = std::move(result)] {
+            if (result.content)
+                keep({path, pixels, result});
+            receive(result);
+        };
+    });
+}
+
+PreviewResult PreviewRegistry::read(const Renderers &renderers, const QString &path, QSize pixels,
+                                    const std::optional<Kept> &kept, const PreviewStop &stop)
+{
+    PreviewResult result;
+    PreviewFile file(path, stop);
+    QMimeType type;
+    result.facts = FileFacts::read(file, &type);
+    if (!result.facts || (!result.facts->isFolder && !file.isOpen()))
+        return result;
+    if (kept && kept->result.facts == result.facts &&
+        (kept->pixels == pixels || !kept->result.content->dependsOnSize())) {
+        result.content = kept->result.content;
+        return result;
+    }
+    for (const auto &renderer : renderers) {
+        if (!renderer->accepts(type) || stop.isDue())
+            continue;
+        if (file.isOpen())
+            file.seek(0);
+        result.content = renderer->read(file, type, pixels, stop);
+        if (result.content)
+            break;
+    }
+    return result;
+}
+
+std::optional<PreviewRegistry::Kept> PreviewRegistry::kept(const QString &path) const
+{
+    const auto found = std::find_if(m_kept.begin(), m_kept.end(),
+                                    [&path](const Kept &one) { return one.path == path; });
+    return found == m_kept.end() ? std::nullopt : std::optional<Kept>(*found);
+}
+
+void PreviewRegistry::keep(Kept fresh)
+{
+    m_kept.remove_if([&fresh](const Kept &one) { return one.path == fresh.path; });
+    m_kept.push_front(std::move(fresh));
+    qint64 bytes = 0;
+    size_t count = 0;
+    const auto firstTooMany = std::find_if(m_kept.begin(), m_kept.end(), [&](const Kept &one) {
+        bytes += one.result.content->byteCount();
+        return ++count > kMostKept || bytes > kMostKeptBytes;
+    });
+    m_kept.erase(firstTooMany, m_kept.end());
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "Clipboard/preview/FileFacts.h"
+#include "Clipboard/preview/PreviewThreads.h"
+
+#include <QSize>
+
+#include <list>
+#include <memory>
+#include <vector>
+
+class FilePreview;
+class PreviewContent;
+class PreviewRenderer;
+class QWidget;
+
+/// What was found of a file. A value.
+struct PreviewResult
+{
+    std::optional<FileFacts> facts;                ///< None when there is no such file.
+    std::shared_ptr<const PreviewContent> content; ///< Null where only a card can be shown.
+};
+
+/// Chooses, by the type of a file, the renderer that reads it, and keeps the latest results. Owned
+/// by FileViewController. A kept result is shown only if the file is still as it was.
+class PreviewRegistry
+{
+public:
+    static constexpr size_t kMostKept = 32;
+    static constexpr qint64 kMostKeptBytes = 96 << 20;
+
+    PreviewRegistry();
+    ~PreviewRegistry();
+
+    /// An empty view for the file at `path`, a child of `parent`. The file itself is not touched
+    /// before the view's refresh().
+    FilePreview *makeView(const QString &path, QWidget *parent);
+
+    /// Reads the file for a view of `pixels` on a preview thread and hands the result to `receive`
+    /// on the main thread, while the ticket is held. A file system that hangs never answers.
+    [[nodiscard]] PreviewTicket ask(const QString &path, QSize pixels,
+                                    std::function<void(const PreviewResult &)> receive);
+
+    PreviewThreads &threads() { return m_threads; }
+
+    /// Number of results kept.
+    size_t keptCount() const { return m_kept.size(); }
+
+private:
+    using Renderers = std::vector<std::unique_ptr<const PreviewRenderer>>;
+    struct Kept
+    {
+        QString path;
+        QSize pixels;
+        PreviewResult result;
+    };
+
+    static PreviewResult read(const Renderers &renderers, const QString &path, QSize pixels,
+                              const std::optional<Kept> &kept, const PreviewStop &stop);
+    std::optional<Kept> kept(const QString &path) const;
+    void keep(Kept fresh);
+
+    std::shared_ptr<const Renderers> m_renderers; ///< Shared with threads that hang.
+    std::list<Kept> m_kept;                       ///< The latest first.
+    PreviewThreads m_threads;
+};

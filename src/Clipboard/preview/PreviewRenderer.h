@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+
+class PreviewFile;
+class PreviewStop;
+class PreviewThreads;
+class QMimeType;
+struct ClipColors;
+
+/// The widget that shows a file's content. Owned by its FilePreview.
+class PreviewBody : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    virtual void setColors(const ClipColors &colors) = 0;
+};
+
+/// What was read of a file, ready to be shown. Made on a preview thread, immutable from then on,
+/// and kept for when the file is looked at again.
+class PreviewContent
+{
+public:
+    PreviewContent() = default;
+    PreviewContent(const PreviewContent &) = delete;
+    PreviewContent &operator=(const PreviewContent &) = delete;
+    virtual ~PreviewContent() = default;
+
+    /// A widget that shows it, a child of `parent`; on the main thread, within a frame. What it
+    /// still has to read it reads on `threads`.
+    virtual PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const = 0;
+
+    /// Bytes of memory it holds, roughly.
+    virtual qint64 byteCount() const = 0;
+
+    /// Whether it was made for a view of one size and must be made anew for a larger one.
+    virtual bool dependsOnSize() const { return false; }
+};
+
+/// Knows how to read files of some kinds. Owned by PreviewRegistry; without state, because reads
+/// run on several threads at once.
+class PreviewRenderer
+{
+public:
+    PreviewRenderer() = default;
+    PreviewRenderer(const PreviewRenderer &) = delete;
+    PreviewRenderer &operator=(const PreviewRenderer &) = delete;
+    virtual ~PreviewRenderer() = default;
+
+    virtual bool accepts(const QMimeType &type) const = 0;
+
+    /// Reads what a view of `pixels` needs, on a preview thread; none when the file is not what its
+    /// type says, or too much. `file` is open at its beginning, but for folders, which it only
+    /// names. A read that takes long asks `stop` now and then.
+    virtual std::shared_ptr<const PreviewContent>
+    read(PreviewFile &file, const QMimeType &type, QSize pixels, const PreviewStop &stop) const = 0;
+};

@@ -1,0 +1,98 @@
+#include "Clipboard/preview/TextBody.h"
+
+#include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/ScrollBars.h"
+
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+namespace {
+
+constexpr int kMargin = 14;
+
+/// A document that shows only what it holds: what it refers to is neither read nor fetched.
+class ClosedDocument : public QTextDocument
+{
+public:
+    using QTextDocument::QTextDocument;
+
+protected:
+    QVariant loadResource(int, const QUrl &) override { return {}; }
+};
+
+QAbstractScrollArea *makePlainView(const TextContent &content, QWidget *parent)
+{
+    auto *view = new QPlainTextEdit(parent);
+    view->setReadOnly(true);
+    view->setUndoRedoEnabled(false);
+    view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    view->document()->setDocumentMargin(kMargin);
+    if (content.form() == TextContent::Form::Code)
+        view->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QTextOption option = view->document()->defaultTextOption();
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    view->document()->setDefaultTextOption(option);
+    view->setPlainText(content.text());
+    return view;
+}
+
+QAbstractScrollArea *makeMarkdownView(const TextContent &content, QWidget *parent)
+{
+    auto *view = new QTextEdit(parent);
+    auto *document = new ClosedDocument(view);
+    document->setUndoRedoEnabled(false);
+    document->setDocumentMargin(kMargin);
+    document->setMarkdown(content.text());
+    view->setReadOnly(true);
+    view->setDocument(document);
+    return view;
+}
+
+} // namespace
+
+TextBody::TextBody(const TextContent &content, QWidget *parent)
+    : PreviewBody(parent),
+      m_view(content.form() == TextContent::Form::Markdown ? makeMarkdownView(content, this)
+                                                           : makePlainView(content, this)),
+      m_moreLabel(new QLabel(tr("… the file goes on"), this))
+{
+    m_view->setAccessibleName(tr("Beginning of the text"));
+    m_view->setFrameShape(QFrame::NoFrame);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->viewport()->setAutoFillBackground(false);
+    // The keyboard stays with the search field and the list.
+    m_view->setFocusPolicy(Qt::NoFocus);
+    m_moreLabel->setContentsMargins(kMargin, 2, kMargin, 2);
+    m_moreLabel->setVisible(content.isCut());
+}
+
+QString TextBody::plainText() const
+{
+    if (const auto *plain = qobject_cast<const QPlainTextEdit *>(m_view))
+        return plain->toPlainText();
+    return qobject_cast<const QTextEdit *>(m_view)->toPlainText();
+}
+
+void TextBody::setColors(const ClipColors &colors)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::Highlight, colors.selected);
+    palette.setColor(QPalette::HighlightedText, colors.selectedText);
+    m_view->setPalette(palette);
+    QPalette quiet;
+    quiet.setColor(QPalette::WindowText, colors.quietText);
+    m_moreLabel->setPalette(quiet);
+    ScrollBars::makeSlim(*m_view, colors);
+}
+
+void TextBody::resizeEvent(QResizeEvent *event)
+{
+    PreviewBody::resizeEvent(event);
+    const int below = m_moreLabel->isHidden() ? 0 : m_moreLabel->sizeHint().height();
+    m_view->setGeometry(0, 0, width(), height() - below);
+    m_moreLabel->setGeometry(0, height() - below, width(), below);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Clipboard/preview/PreviewRegistry.h"
+#include "Clipboard/preview/PreviewRenderer.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+/// Reads files as the pane does, without showing them.
+class PreviewRig : public testing::Test
+{
+protected:
+    static QString sample(const char *name)
+    {
+        return QStringLiteral(TEST_DATA_DIR "/preview/") + QString::fromLatin1(name);
+    }
+
+    QString write(const QString &name, const QByteArray &content)
+    {
+        const QString path = folder.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(content), content.size());
+        return path;
+    }
+
+    PreviewResult read(const QString &path, QSize pixels = QSize(512, 512))
+    {
+        std::optional<PreviewResult> got;
+        const PreviewTicket ticket =
+            registry.ask(path, pixels, [&got](const PreviewResult &result) { got = result; });
+        EXPECT_TRUE(QTest::qWaitFor([&got] { return got.has_value(); }, kBoundMs))
+            << path.toStdString();
+        return got.value_or(PreviewResult());
+    }
+
+    /// The content as its renderer made it; null for any other.
+    template <typename Content>
+    std::shared_ptr<const Content> readAs(const QString &path, QSize pixels = QSize(512, 512))
+    {
+        return std::dynamic_pointer_cast<const Content>(read(path, pixels).content);
+    }
+
+    /// Within which even a hostile file is told; generous, for a sanitized run on a busy machine.
+    static constexpr int kBoundMs = 8000;
+
+    QTemporaryDir folder;
+    PreviewRegistry registry;
+};

@@ -1,0 +1,203 @@
+#include "Clipboard/preview/FileCard.h"
+#include "Clipboard/preview/FilePreview.h"
+#include "Clipboard/preview/ImageBody.h"
+#include "Clipboard/preview/TextBody.h"
+#include "PreviewRig.h"
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+using PreviewTest = PreviewRig;
+
+TEST_F(PreviewTest, whatIsNoReadableFileGivesACardInBoundedTime)
+{
+    const QString pipe = folder.filePath(QStringLiteral("pipe.txt"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString unreadable = write(QStringLiteral("secret.txt"), "secret");
+    ASSERT_EQ(::chmod(QFile::encodeName(unreadable).constData(), 0), 0);
+    const QString sparse = write(QStringLiteral("sparse.log"), "");
+    ASSERT_EQ(::truncate(QFile::encodeName(sparse).constData(), qint64(4) << 30), 0);
+    const QString socketPath = folder.filePath(QStringLiteral("socket"));
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, QFile::encodeName(socketPath).constData(), sizeof address.sun_path);
+    ASSERT_EQ(::bind(socket, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+
+    QStringList paths = {pipe,
+                         sparse,
+                         socketPath,
+                         QStringLiteral("/dev/zero"),
+                         QStringLiteral("/proc/self/maps"),
+                         QStringLiteral("/proc/kmsg"),
+                         write(QStringLiteral("empty.png"), "")};
+    // Nothing is unreadable to the superuser.
+    if (::geteuid() != 0)
+        paths.append(unreadable);
+    for (const QString &path : paths) {
+        const PreviewResult result = read(path);
+        EXPECT_TRUE(result.facts) << path.toStdString();
+        EXPECT_FALSE(result.content) << path.toStdString();
+    }
+    EXPECT_FALSE(read(folder.filePath(QStringLiteral("nothing"))).facts);
+    ::close(socket);
+}
+
+TEST_F(PreviewTest, aBrokenOrHostileFileGivesACardInBoundedTime)
+{
+    for (const char *name :
+         {"truncated.png", "huge_claim.png", "truncated.gif", "text_as.png", "binary.txt"}) {
+        const PreviewResult result = read(sample(name));
+        EXPECT_TRUE(result.facts) << name;
+        EXPECT_FALSE(result.content) << name;
+    }
+}
+
+TEST_F(PreviewTest, namesNeedNotBeText)
+{
+    for (const QString &name : {QStringLiteral("line\nbreak.txt"), QStringLiteral("100%20%s.txt"),
+                                QStringLiteral("<b>.txt")})
+        EXPECT_TRUE(readAs<TextContent>(write(name, "content"))) << name.toStdString();
+}
+
+TEST_F(PreviewTest, aPhotographIsTurnedUprightAndReadAtTheSizeOfTheView)
+{
+    const auto small = readAs<ImageContent>(sample("turned.jpg"), QSize(10, 10));
+    ASSERT_TRUE(small);
+    EXPECT_EQ(small->frames().front().image.size(), QSize(5, 10));
+    EXPECT_TRUE(small->dependsOnSize());
+
+    const auto upright = readAs<ImageContent>(sample("turned.jpg"));
+    ASSERT_TRUE(upright);
+    const QImage image = upright->frames().front().image;
+    EXPECT_EQ(image.size(), QSize(20, 40));
+    EXPECT_GT(image.pixelColor(10, 5).red(), 200);
+    EXPECT_GT(image.pixelColor(10, 35).blue(), 200);
+}
+
+TEST_F(PreviewTest, anAnimationMoves)
+{
+    FilePreview view(registry, sample("moving.gif"), nullptr);
+    view.resize(100, 100);
+    view.show();
+    view.refresh();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
+    const auto *body = qobject_cast<ImageBody *>(view.body());
+    ASSERT_TRUE(body);
+    for (const size_t frame : {2U, 0U})
+        EXPECT_TRUE(QTest::qWaitFor([&] { return body->frame() == frame; }));
+}
+
+TEST_F(PreviewTest, transparencyShowsACheckerboard)
+{
+    FilePreview view(registry, sample("clear.png"), nullptr);
+    view.resize(100, 100);
+    view.show();
+    view.refresh();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
+    const QImage shown = view.grab().toImage();
+    // Neighbouring squares below the same half-clear red.
+    EXPECT_NE(shown.pixel(45, 45), shown.pixel(53, 45));
+    EXPECT_GT(shown.pixelColor(45, 45).red(), shown.pixelColor(45, 45).blue() + 80);
+}
+
+TEST_F(PreviewTest, aTextIsReadInTheEncodingItIsWrittenIn)
+{
+    const struct
+    {
+        const char *name;
+        const char *part;
+    } kTable[] = {
+        {"utf16.txt", "Grüße, 漢字"},
+        {"latin1.txt", "Die Straße führt über"},
+        {"shift_jis.txt", "これは日本語の文章です"},
+        {"cut_utf8.txt", "ab"},
+    };
+    for (const auto &row : kTable) {
+        const auto text = readAs<TextContent>(sample(row.name));
+        ASSERT_TRUE(text) << row.name;
+        EXPECT_TRUE(text->text().contains(QString::fromUtf8(row.part)))
+            << row.name << ": " << text->text().toStdString();
+    }
+}
+
+TEST_F(PreviewTest, ofALongTextTheBeginningIsShown)
+{
+    const QByteArray line = QByteArray(79, 'x') + '\n';
+    const auto lines =
+        readAs<TextContent>(write(QStringLiteral("long.log"), line.repeated(50'000)));
+    ASSERT_TRUE(lines);
+    EXPECT_TRUE(lines->isCut());
+    EXPECT_EQ(lines->text().size(), TextRenderer::kMostCharacters);
+    const auto one =
+        readAs<TextContent>(write(QStringLiteral("min.js"), "var a;" + QByteArray(1'000'000, 'x')));
+    ASSERT_TRUE(one);
+    EXPECT_TRUE(one->isCut());
+    EXPECT_EQ(one->text().size(), TextRenderer::kMostOfLine + 1);
+    const auto whole = readAs<TextContent>(write(QStringLiteral("short.txt"), "a\r\nb\n"));
+    ASSERT_TRUE(whole);
+    EXPECT_FALSE(whole->isCut());
+    EXPECT_EQ(whole->text(), QStringLiteral("a\nb\n"));
+}
+
+TEST_F(PreviewTest, markdownAndPagesAreShownAsTheyRead)
+{
+    const auto notes = readAs<TextContent>(sample("notes.md"));
+    ASSERT_TRUE(notes);
+    const std::unique_ptr<PreviewBody> body(notes->makeBody(registry.threads(), nullptr));
+    const QString read = qobject_cast<TextBody *>(body.get())->plainText();
+    EXPECT_TRUE(read.contains(QStringLiteral("Some emphasis and code."))) << read.toStdString();
+    EXPECT_FALSE(read.contains(u'#'));
+
+    const auto page = readAs<TextContent>(sample("page.html"));
+    ASSERT_TRUE(page);
+    EXPECT_TRUE(page->text().contains(QStringLiteral("Body & text")));
+    EXPECT_FALSE(page->text().contains(QStringLiteral("hidden")));
+}
+
+TEST_F(PreviewTest, theLatestResultsAreKeptWhileTheirFilesStay)
+{
+    const QString first = write(QStringLiteral("first.txt"), "first");
+    const auto before = read(first).content;
+    EXPECT_EQ(read(first).content, before);
+    write(QStringLiteral("first.txt"), "changed");
+    const auto after = readAs<TextContent>(first);
+    ASSERT_TRUE(after);
+    EXPECT_EQ(after->text(), QStringLiteral("changed"));
+    for (size_t i = 0; i < PreviewRegistry::kMostKept; ++i)
+        read(write(QStringLiteral("%1.txt").arg(i), "content"));
+    EXPECT_EQ(registry.keptCount(), PreviewRegistry::kMostKept);
+    EXPECT_NE(read(first).content, std::shared_ptr<const PreviewContent>(after));
+}
+
+TEST_F(PreviewTest, aViewFollowsItsFile)
+{
+    const QString path = write(QStringLiteral("file.txt"), "before");
+    FilePreview view(registry, path, nullptr);
+    view.show();
+    view.refresh();
+    const auto shows = [&view](const QString &text) {
+        return QTest::qWaitFor([&] {
+            const auto *body = qobject_cast<TextBody *>(view.body());
+            return body && body->plainText() == text;
+        });
+    };
+    EXPECT_TRUE(shows(QStringLiteral("before")));
+    write(QStringLiteral("file.txt"), "written");
+    EXPECT_TRUE(shows(QStringLiteral("written")));
+    // As editors save.
+    const QString other = write(QStringLiteral("other"), "replaced");
+    ASSERT_EQ(::rename(QFile::encodeName(other).constData(), QFile::encodeName(path).constData()),
+              0);
+    EXPECT_TRUE(shows(QStringLiteral("replaced")));
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.card()->isVisible() && !view.body(); }));
+    write(QStringLiteral("file.txt"), "back again");
+    EXPECT_TRUE(shows(QStringLiteral("back again")));
+}
+
+} // namespace
