@@ -111,8 +111,9 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_hotKeyField = std::make_unique<HotKeyTextField>(*platform.hotKeys, *platform.keyboardLayout);
     m_history = std::make_unique<ClipHistory>(storeFolder, *platform.clock, *m_liveSettings);
     m_swopState = std::make_unique<SwopState>();
-    m_capture = std::make_unique<ClipboardCapture>(
-        *platform.pasteboard, *m_history, *platform.notifications, *m_liveSettings, *m_swopState);
+    m_capture = std::make_unique<ClipboardCapture>(*platform.pasteboard, *platform.frontApplication,
+                                                   *m_history, *platform.notifications,
+                                                   *m_liveSettings, *m_swopState);
     // The limits are read from the panes' controls, which start-up loads.
     m_capture->setPaused(true);
     m_paster = std::make_unique<ClipPaster>(platform, *m_liveSettings, *m_history, *m_capture,

@@ -4,6 +4,7 @@
 #include "history/ClipHistory.h"
 #include "history/HistoryLog.h"
 #include "history/SwopState.h"
+#include "platform/FrontApplication.h"
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 
@@ -15,11 +16,11 @@ const QString kPasswordManager = QStringLiteral("1Password");
 
 } // namespace
 
-ClipboardCapture::ClipboardCapture(Pasteboard &pasteboard, ClipHistory &history,
-                                   Notifications &notifications, CaptureSettings &settings,
-                                   SwopState &swopState)
-    : m_pasteboard(pasteboard), m_history(history), m_notifications(notifications),
-      m_settings(settings), m_swopState(swopState)
+ClipboardCapture::ClipboardCapture(Pasteboard &pasteboard, const FrontApplication &frontApplication,
+                                   ClipHistory &history, Notifications &notifications,
+                                   CaptureSettings &settings, SwopState &swopState)
+    : m_pasteboard(pasteboard), m_frontApplication(frontApplication), m_history(history),
+      m_notifications(notifications), m_settings(settings), m_swopState(swopState)
 {
     connect(&m_pasteboard, &Pasteboard::changed, this, &ClipboardCapture::readFromPasteboard);
 }
@@ -40,10 +41,21 @@ void ClipboardCapture::readFromPasteboard()
         return;
     const QList<PasteboardContents> changes = m_pasteboard.changesAfter(m_previousChangeCount);
     m_previousChangeCount = changeCount;
-    for (const PasteboardContents &contents : changes) {
+    for (PasteboardContents contents : changes) {
+        // Written while our own window was still going away.
+        if (contents.isOwnWrite)
+            contents.applicationName = m_applicationAfterPause;
         m_previousChangeCount = std::max(m_previousChangeCount, contents.changeCount);
         examine(contents);
     }
+}
+
+void ClipboardCapture::setPaused(bool isPaused)
+{
+    // Not at the next step, because our own window may be in front again by then.
+    if (m_isPaused && !isPaused)
+        m_applicationAfterPause = m_frontApplication.applicationName();
+    m_isPaused = isPaused;
 }
 
 void ClipboardCapture::tellLargestUsefulText()

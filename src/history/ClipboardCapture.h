@@ -5,6 +5,7 @@
 
 class CaptureSettings;
 class ClipHistory;
+class FrontApplication;
 class Notifications;
 class Pasteboard;
 class SwopState;
@@ -20,8 +21,9 @@ class ClipboardCapture : public QObject
     Q_OBJECT
 
 public:
-    ClipboardCapture(Pasteboard &pasteboard, ClipHistory &history, Notifications &notifications,
-                     CaptureSettings &settings, SwopState &swopState);
+    ClipboardCapture(Pasteboard &pasteboard, const FrontApplication &frontApplication,
+                     ClipHistory &history, Notifications &notifications, CaptureSettings &settings,
+                     SwopState &swopState);
 
     /// Both run the capture step; nothing happens while paused.
     void timeout();
@@ -31,8 +33,9 @@ public:
     /// pasteboard held before we started.
     qint64 previousChangeCount() const { return m_previousChangeCount; }
 
-    /// While paused, changes wait: a paste must not see its own writes halfway.
-    void setPaused(bool isPaused) { m_isPaused = isPaused; }
+    /// While paused, changes wait: a paste must not see its own writes halfway. What it wrote
+    /// counts as copied in the application that is in front when the pause ends.
+    void setPaused(bool isPaused);
     bool isPaused() const { return m_isPaused; }
 
 private:
@@ -43,11 +46,13 @@ private:
     bool isTooLarge(const PasteboardContents &contents) const;
 
     Pasteboard &m_pasteboard;
+    const FrontApplication &m_frontApplication;
     ClipHistory &m_history;
     Notifications &m_notifications;
     CaptureSettings &m_settings;
     SwopState &m_swopState;
     qint64 m_previousChangeCount = 0;
-    qint64 m_toldLargestText = -1; ///< Bytes; -1 before the pasteboard was told any.
+    qint64 m_toldLargestText = -1;   ///< Bytes; -1 before the pasteboard was told any.
+    QString m_applicationAfterPause; ///< Empty before the first pause.
     bool m_isPaused = false;
 };

@@ -17,6 +17,9 @@ class PasteJourney(Journey):
                 path = self.editor(kind)
                 self.paste_with("Return", filter_text="heron")
                 self.wait_for_text(path, "the heron waits")
+        self.wait_for(lambda: self.app.clips("strValue, applicationName")[0]
+                      == ("the heron waits", "qt_editor"),
+                      "the clip to come from where it was pasted")
         with self.subTest("xterm"):
             path = self.terminal()
             self.paste_with("Return", filter_text="heron")

@@ -108,6 +108,20 @@ TEST_F(ClipPasterTest, theClipChosenIsPastedAlthoughHidingTheWindowResetsTheList
     EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
 }
 
+TEST_F(ClipPasterTest, aPastedClipComesFromTheApplicationItWasPastedInto)
+{
+    m_rig.window.whenHidden = [this] {
+        m_rig.platform.frontApplication.setApplicationName(QStringLiteral("Target"));
+    };
+    m_rig.platform.frontApplication.setApplicationName(QStringLiteral("Quillmarsh"));
+    m_rig.paster.performPaste(kPlain, QStringLiteral("upper"));
+    // The history is open again by the time of the next step.
+    m_rig.platform.frontApplication.setApplicationName(QStringLiteral("Quillmarsh"));
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.at(0)->strValue(), QStringLiteral("STRASSE"));
+    EXPECT_EQ(m_rig.at(0)->applicationName(), QStringLiteral("Target"));
+}
+
 TEST_F(ClipPasterTest, aRowBeyondTheListPastesNothing)
 {
     m_rig.paster.performPaste(3, {});

@@ -104,7 +104,8 @@ class PasteRig : public HistoryRig
 public:
     explicit PasteRig(const QString &folder)
         : HistoryRig(folder), hotKeyManager(platform.keySender),
-          capture(platform.pasteboard, history, platform.notifications, settings, swopState),
+          capture(platform.pasteboard, platform.frontApplication, history, platform.notifications,
+                  settings, swopState),
           paster(platform.platform, settings, history, capture, swopState, hotKeyManager, window)
     {
     }
