@@ -89,8 +89,8 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
         qSetMessagePattern(QStringLiteral("%{message}"));
     QApplication application(argc, argv);
-    // WM_CLASS and the icon follow from these two.
-    QCoreApplication::setApplicationName(QStringLiteral("quillmarsh"));
+    // WM_CLASS's class, which the desktop entry names, and the icon follow from these two.
+    QCoreApplication::setApplicationName(QStringLiteral("Quillmarsh"));
     QGuiApplication::setDesktopFileName(QStringLiteral(QUILLMARSH_BUNDLE_IDENTIFIER));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon")));
     QGuiApplication::setQuitOnLastWindowClosed(false);

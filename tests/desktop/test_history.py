@@ -90,6 +90,12 @@ class HistoryJourney(Journey):
         self.assertEqual(second.returncode, 0)
         self.app.wait_until_active(self.app.window())
 
+    def test_the_window_belongs_to_the_desktop_entry_and_not_to_the_taskbar(self):
+        told = self.desktop.run(["xprop", "-id", self.app.open_history(), "WM_CLASS",
+                                 "_NET_WM_STATE"], capture_output=True, text=True).stdout
+        self.assertIn('"quillmarsh", "Quillmarsh"', told)
+        self.assertIn("_NET_WM_STATE_SKIP_TASKBAR, _NET_WM_STATE_SKIP_PAGER", told)
+
 
 class TwoMonitors(Journey):
     desktop_options = {"screen": "1600x900"}
