@@ -369,6 +369,10 @@ void AppDelegate::deleteItem(const std::shared_ptr<ClipItem> &item)
 
 void AppDelegate::performPaste(int row, const std::optional<QString> &format)
 {
+    // Return where nothing matches ends a swop like closing the window does: the selection that it
+    // holds may be replaced by the next paste and stand nowhere else.
+    if (row < 0)
+        m_paster->cancelSwop();
     m_paster->performPaste(row, format);
 }
 

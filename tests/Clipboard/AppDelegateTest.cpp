@@ -188,6 +188,22 @@ TEST_F(AppDelegateTest, aSwopClosedWithoutAChoiceKeepsTheSelectionAndGoesOnRecor
                                     QStringLiteral("clip")}));
 }
 
+TEST_F(AppDelegateTest, aSwopEndedByReturnWhereNothingMatchesKeepsTheSelection)
+{
+    AppDelegate &delegate = start();
+    copy(QStringLiteral("clip"));
+    m_platform.keySender.setReaction([&](quint32 key) {
+        if (key == VirtualKey::kC)
+            copy(QStringLiteral("selection"));
+    });
+    press(VirtualKey::kX);
+    delegate.viewController()->filterDataArray(QStringLiteral("no such clip"));
+    delegate.viewController()->paste();
+    EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
+    copy(QStringLiteral("recorded again"));
+    EXPECT_EQ(clips().front(), QStringLiteral("recorded again"));
+}
+
 TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWindow)
 {
     start();
