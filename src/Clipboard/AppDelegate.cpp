@@ -265,6 +265,9 @@ void AppDelegate::swop()
 
 void AppDelegate::openPreferences()
 {
+    // A paste that is chosen while the preferences are in front goes to whom they took the place
+    // of.
+    m_platform.frontApplication->rememberTarget();
     if (m_preferences)
         m_preferences->showPreferencesWindow();
 }

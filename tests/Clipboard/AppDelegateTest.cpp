@@ -204,6 +204,12 @@ TEST_F(AppDelegateTest, aSwopEndedByReturnWhereNothingMatchesKeepsTheSelection)
     EXPECT_EQ(clips().front(), QStringLiteral("recorded again"));
 }
 
+TEST_F(AppDelegateTest, theApplicationThatThePreferencesCoverIsTheTargetOfAPaste)
+{
+    start().openPreferences();
+    EXPECT_EQ(m_platform.frontApplication.rememberCount(), 1);
+}
+
 TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWindow)
 {
     start();
