@@ -70,6 +70,10 @@ class Journey(unittest.TestCase):
         process = self.desktop.start([*command, path, *arguments], stdout=subprocess.PIPE,
                                      stderr=subprocess.DEVNULL, text=True)
         self.assertEqual(process.stdout.readline(), "ready\n")
+        # The window manager gives the keyboard first and says so afterwards.
+        self.wait_for(lambda: self.desktop.run(
+            ["xdotool", "getactivewindow", "getwindowpid"], capture_output=True,
+            text=True).stdout.strip() == str(process.pid), f"the {kind} editor in front")
         return path
 
     def terminal(self):
