@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr qint64 kLargestIcon = 4 * 1024 * 1024;
+constexpr qint64 kLargestIcon = qint64(4) * 1024 * 1024;
 
 QIcon iconOfFile(const QString &path)
 {

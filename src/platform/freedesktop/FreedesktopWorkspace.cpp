@@ -121,7 +121,7 @@ QIcon FreedesktopWorkspace::iconForFile(const QString &path)
         if (file.suffix() == QLatin1String("desktop")) {
             const auto entry = DesktopEntry::read(path);
             const auto name = entry ? entry->text("Icon") : std::nullopt;
-            if (const QIcon icon = desktopEntryIcon(name.value_or(QString())); !icon.isNull())
+            if (QIcon icon = desktopEntryIcon(name.value_or(QString())); !icon.isNull())
                 return icon;
             names << QStringLiteral("application-x-executable");
         } else if (file.isDir()) {

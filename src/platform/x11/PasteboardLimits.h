@@ -18,7 +18,7 @@ struct PasteboardLimits
     std::chrono::milliseconds handover{2'000};
 
     /// Never more than this of one format.
-    static constexpr qint64 kLargestFormat = 64 * 1024 * 1024;
+    static constexpr qint64 kLargestFormat = qint64(64) * 1024 * 1024;
     /// A text that is no use to the application is still worth keeping alive, up to this size.
-    static constexpr qint64 kLargestIdleText = 4 * 1024 * 1024;
+    static constexpr qint64 kLargestIdleText = qint64(4) * 1024 * 1024;
 };

@@ -2,7 +2,6 @@
 
 #include <QElapsedTimer>
 #include <QSemaphore>
-#include <QTemporaryFile>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -90,17 +89,6 @@ TEST_F(FileProbeTest, aQuestionWithoutWaitingIsAnsweredOnceAndNotAfterItsContext
     EXPECT_TRUE(QTest::qWaitFor([this] { return disk->running == 0; }));
     QCoreApplication::processEvents();
     EXPECT_EQ(answers, (QList<bool>{true, false}));
-}
-
-TEST(FileProbeOnDisk, realFilesAndFoldersAreFound)
-{
-    FileProbe probe;
-    QTemporaryFile file;
-    ASSERT_TRUE(file.open());
-    EXPECT_TRUE(probe.exists(file.fileName()));
-    EXPECT_TRUE(probe.exists(QStringLiteral("/")));
-    EXPECT_FALSE(probe.exists(file.fileName() + QStringLiteral(".not")));
-    EXPECT_FALSE(probe.exists(QString()));
 }
 
 } // namespace

@@ -121,19 +121,6 @@ TEST_F(InstanceSocketTest, aKilledInstanceLocksNobodyOut)
     ::close(ready[1]);
 }
 
-TEST_F(InstanceSocketTest, noiseAtTheDoorIsRefusedAndTheNextMessageHeard)
-{
-    InstanceSocket first;
-    InstanceSocket second;
-    ASSERT_EQ(first.claim(), Claim::Taken);
-    ASSERT_EQ(second.claim(), Claim::Held);
-    EXPECT_FALSE(second.forward({QStringLiteral("two\nlines"), QString()}, milliseconds(1)));
-    EXPECT_FALSE(second.forward(kMessage, milliseconds(1)));
-    ExpectedWarnings::expect(QStringLiteral("not understood"));
-    EXPECT_FALSE(first.receive());
-    EXPECT_TRUE(first.receive());
-}
-
 TEST_F(InstanceSocketTest, withoutARuntimeFolderOneOfOurOwnIsMadeForThisUserOnly)
 {
     for (const QString &unusable : {QString(), folder.filePath(QStringLiteral("none"))}) {

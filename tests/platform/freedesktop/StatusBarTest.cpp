@@ -2,14 +2,11 @@
 
 #include "BusService.h"
 
-#include <QDBusMessage>
 #include <QMenu>
 #include <QPixmap>
 #include <QTest>
 
 #include <gtest/gtest.h>
-
-#include <atomic>
 
 class FakeWatcher : public QObject
 {
