@@ -57,9 +57,8 @@ std::optional<qsizetype> WindowDelegate::screenAt(const QList<QRect> &frames,
     return found == frames.end() ? std::nullopt : std::optional<qsizetype>(found - frames.begin());
 }
 
-QRect WindowDelegate::visibleFrame() const
+QRect WindowDelegate::visibleFrameAtPointer(const WindowSpace &space)
 {
-    const WindowSpace &space = *m_appDelegate.platform().windowSpace;
     const QList<QScreen *> screens = QGuiApplication::screens();
     QList<QRect> frames;
     for (const QScreen *screen : screens)
@@ -81,7 +80,8 @@ void WindowDelegate::showWindow()
                 &ViewController::applyTheme);
         m_isPrepared = true;
     }
-    m_window->setFrame(ClipboardWindow::placedFrame(visibleFrame(), m_window->frame().width()));
+    m_window->setFrame(ClipboardWindow::placedFrame(visibleFrameAtPointer(*platform.windowSpace),
+                                                    m_window->frame().width()));
     m_viewController->setIsWindowKey(true);
     m_window->show();
     m_window->raise();

@@ -11,6 +11,7 @@ class AppDelegate;
 class ClipboardWindow;
 class QScreen;
 class ViewController;
+class WindowSpace;
 
 /// Controls the history window: shows it on the pointer's screen, and closes it again when it
 /// loses the keyboard to another window. Owned by AppDelegate; owns the window, which lives as
@@ -39,11 +40,13 @@ public:
     static std::optional<qsizetype> screenAt(const QList<QRect> &frames,
                                              const std::optional<QPoint> &point);
 
+    /// The free part of the screen under the pointer, else of the main screen.
+    static QRect visibleFrameAtPointer(const WindowSpace &space);
+
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QRect visibleFrame() const;
     void windowDeactivated();
     bool hasFocusInOwnDialog() const;
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QPixmap>
+#include <QRect>
+#include <QWidget>
+
+class WindowSpace;
+
+/// A window without a title bar, with rounded corners and a shadow of its own. Its frame is what
+/// the user sees as the window; the widget is larger by the margin that the shadow needs. Without
+/// compositing there is no shadow and the widget is masked to the rounded frame.
+class FramelessWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Points.
+    static constexpr int kCornerRadius = 5;
+
+    /// `space` must outlive the window. `flags` are those besides the ones that make it frameless.
+    explicit FramelessWindow(WindowSpace &space, Qt::WindowFlags flags = {});
+
+    /// The visible window in screen coordinates, without its shadow.
+    QRect frame() const;
+    /// Moves and resizes so that the visible window covers `frame`.
+    void setFrame(const QRect &frame);
+
+    /// The visible window in the widget's own coordinates.
+    QRect contentRect() const;
+
+Q_SIGNALS:
+    /// The desktop's colours or font have changed.
+    void themeChanged();
+
+protected:
+    /// Fills the frame with `content`, which becomes a child of the window.
+    void setContentWidget(QWidget *content);
+
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void compositingChanged(bool isCompositing);
+    QMargins shadowMargins() const;
+    void updateMask();
+
+    bool m_hasShadow;
+    QWidget *m_content = nullptr;
+    QPixmap m_shadow; ///< Made for the scale of the screen it was last painted on.
+};
