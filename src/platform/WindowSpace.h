@@ -28,6 +28,9 @@ public:
     /// translucent pixel is black.
     virtual bool isCompositing() const = 0;
 
+    /// False when the desktop's user wants nothing to move that need not move.
+    virtual bool areAnimationsEnabled() const = 0;
+
     /// Called once for each window of the history kind before it is first shown: keeps it out of
     /// task bar, pager and window switcher.
     virtual void prepareUtilityWindow(QWindow *window) = 0;

@@ -137,11 +137,13 @@ public:
     /// Overrides the visible frame of every screen.
     void setVisibleFrame(const QRect &frame) { m_visibleFrame = frame; }
     void setCompositing(bool isCompositing);
+    void setAnimationsEnabled(bool areEnabled) { m_areAnimationsEnabled = areEnabled; }
 
     // ^WindowSpace
     std::optional<QPoint> pointerPosition() const override { return m_pointer; }
     QRect visibleFrame(const QScreen &screen) const override;
     bool isCompositing() const override { return m_isCompositing; }
+    bool areAnimationsEnabled() const override { return m_areAnimationsEnabled; }
     void prepareUtilityWindow(QWindow *) override {}
     void prepareFixedWindow(QWindow *) override {}
 
@@ -149,6 +151,7 @@ private:
     std::optional<QPoint> m_pointer = QPoint(1, 1);
     std::optional<QRect> m_visibleFrame;
     bool m_isCompositing = true;
+    bool m_areAnimationsEnabled = true;
 };
 
 /// A US keyboard unless names are set.

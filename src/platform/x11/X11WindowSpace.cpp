@@ -1,6 +1,7 @@
 #include "platform/x11/X11WindowSpace.h"
 
 #include "platform/x11/QtX11Connection.h"
+#include "platform/x11/XSettings.h"
 
 #include <xcb/xfixes.h>
 
@@ -91,6 +92,18 @@ QRect X11WindowSpace::visibleFrame(const QScreen &screen) const
             (QSizeF(left.size()) / scale).toSize()};
 }
 
+bool X11WindowSpace::areAnimationsEnabled() const
+{
+    xcb_connection_t *xcb = m_connection.get();
+    const XcbPointer<xcb_get_selection_owner_reply_t> daemon(xcb_get_selection_owner_reply(
+        xcb, xcb_get_selection_owner(xcb, m_atoms.settingsOwner), nullptr));
+    if (!daemon || daemon->owner == XCB_NONE)
+        return true;
+    const QByteArray settings =
+        m_connection.property(daemon->owner, m_atoms.settings, m_atoms.settings);
+    return XSettings::integer(settings, QByteArrayLiteral("Gtk/EnableAnimations")).value_or(1) != 0;
+}
+
 void X11WindowSpace::prepareUtilityWindow(QWindow *window)
 {
     window->installEventFilter(this);
@@ -129,14 +142,16 @@ bool X11WindowSpace::eventFilter(QObject *watched, QEvent *event)
 
 X11WindowSpace::Atoms X11WindowSpace::internAtoms(const X11Connection &connection)
 {
-    const QByteArray compositor =
-        QByteArrayLiteral("_NET_WM_CM_S") + QByteArray::number(connection.screenNumber());
-    const auto atoms = connection.atoms({compositor.constData(), "_NET_CLIENT_LIST",
-                                         "_NET_WM_STRUT", "_NET_WM_STRUT_PARTIAL", "_NET_WM_STATE",
-                                         "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER",
-                                         "_KDE_NET_WM_STATE_SKIP_SWITCHER", "_MOTIF_WM_HINTS"});
-    return {atoms[0], atoms[1], atoms[2], atoms[3], atoms[4],
-            atoms[5], atoms[6], atoms[7], atoms[8]};
+    const QByteArray screen = QByteArray::number(connection.screenNumber());
+    const QByteArray compositor = QByteArrayLiteral("_NET_WM_CM_S") + screen;
+    const QByteArray settingsOwner = QByteArrayLiteral("_XSETTINGS_S") + screen;
+    const auto atoms =
+        connection.atoms({compositor.constData(), "_NET_CLIENT_LIST", "_NET_WM_STRUT",
+                          "_NET_WM_STRUT_PARTIAL", "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR",
+                          "_NET_WM_STATE_SKIP_PAGER", "_KDE_NET_WM_STATE_SKIP_SWITCHER",
+                          "_MOTIF_WM_HINTS", settingsOwner.constData(), "_XSETTINGS_SETTINGS"});
+    return {atoms[0], atoms[1], atoms[2], atoms[3], atoms[4], atoms[5],
+            atoms[6], atoms[7], atoms[8], atoms[9], atoms[10]};
 }
 
 bool X11WindowSpace::hasCompositor() const

@@ -17,6 +17,7 @@ public:
     std::optional<QPoint> pointerPosition() const override;
     QRect visibleFrame(const QScreen &screen) const override;
     bool isCompositing() const override { return m_isCompositing; }
+    bool areAnimationsEnabled() const override;
     void prepareUtilityWindow(QWindow *window) override;
     void prepareFixedWindow(QWindow *window) override;
 
@@ -27,7 +28,7 @@ private:
     struct Atoms
     {
         xcb_atom_t compositor, clientList, strut, partialStrut, windowState, skipTaskbar, skipPager,
-            skipSwitcher, motifHints;
+            skipSwitcher, motifHints, settingsOwner, settings;
     };
 
     static Atoms internAtoms(const X11Connection &connection);
