@@ -4,8 +4,13 @@
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/preferences/PreferencesApplicationViewController.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
+#include "Clipboard/welcome/TourGuide.h"
+#include "Clipboard/welcome/WelcomeWindowController.h"
 #include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/PreviewPane.h"
+#include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
 #include "Clipboard/window/WindowDelegate.h"
 #include "history/CaptureSettings.h"
@@ -100,11 +105,14 @@ private:
 };
 
 AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFolder)
-    : m_platform(platform), m_info(std::move(info))
+    : m_platform(platform), m_info(std::move(info)),
+      m_launchAtLogin(*platform.loginItems, [this](const QString &line) { logTrace(line); })
 {
     GlobalShortcuts::connect(platform, [this] { return m_statusMenu->model(); });
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(platform);
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
+    m_welcomeWindowController = std::make_unique<WelcomeWindowController>(platform, storeFolder);
+    m_tourGuide = std::make_unique<TourGuide>();
     m_liveSettings = std::make_unique<LiveSettings>(*this);
     m_pasteWindow = std::make_unique<PasteWindow>(*this);
     m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
@@ -144,6 +152,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_viewController = m_windowController->getViewController();
     loadPreferences();
     logTrace(QStringLiteral("load preferences complete"));
+    m_welcomeWindowController->setAppDelegate(this);
     m_capture->setPaused(false);
     m_capture->readFromPasteboard();
     logTrace(QStringLiteral("devmate setup complete"));
@@ -206,7 +215,10 @@ void AppDelegate::initStatusBar()
     StatusMenu::Actions actions;
     actions.checkForUpdates = [this] { checkForUpdates(); };
     actions.openPreferences = [this] { openPreferences(); };
-    actions.launch = [this] { launch(); };
+    // Later, because the welcome may keep it for long, and the menu's own call must not last.
+    actions.launch = [this] {
+        QMetaObject::invokeMethod(this, &AppDelegate::launch, Qt::QueuedConnection);
+    };
     actions.clearAll = [this] { clearAll(); };
     actions.help = [this] { help(); };
     actions.showFeedbackDialog = [this] { showFeedbackDialog(); };
@@ -260,11 +272,15 @@ void AppDelegate::launch()
 
 void AppDelegate::swop()
 {
+    if (isTakenByWelcome())
+        return;
     m_paster->swop();
 }
 
 void AppDelegate::openPreferences()
 {
+    if (isTakenByWelcome())
+        return;
     // A paste that is chosen while the preferences are in front goes to whom they took the place
     // of.
     m_platform.frontApplication->rememberTarget();
@@ -298,10 +314,44 @@ void AppDelegate::checkForUpdates() {}
 
 void AppDelegate::showFeedbackDialog() {}
 
+void AppDelegate::showWelcomeWindow(bool force)
+{
+    if (force || !m_preferencesGeneral->welcomeWindowShown())
+        m_welcomeWindowController->showWelcomeWindow();
+}
+
 bool AppDelegate::handleWelcomeWindow()
 {
+    if (!m_preferencesGeneral->welcomeWindowShown()) {
+        showWelcomeWindow(false);
+        return true;
+    }
+    if (m_welcomeWindowController->isWindowOpen())
+        m_welcomeWindowController->closeWindow();
     return false;
 }
+
+/// While the welcome runs modally no other window takes input, so none is opened beside it.
+bool AppDelegate::isTakenByWelcome()
+{
+    if (!m_welcomeWindowController->isModal())
+        return false;
+    m_welcomeWindowController->showWelcomeWindow();
+    return true;
+}
+
+void AppDelegate::startTour()
+{
+    if (!m_viewController)
+        qFatal("There is no history window to tour");
+    setWindowVisible();
+    m_viewController->selectRow(0, true);
+    m_tourGuide->setAppDelegate(this);
+    m_tourGuide->startTour(m_viewController->searchTextField(), m_viewController->clipTableView(),
+                           m_viewController->textFieldView());
+}
+
+void AppDelegate::setCheckForUpdates(bool) {}
 
 void AppDelegate::setWindowVisible()
 {
@@ -389,4 +439,12 @@ void AppDelegate::setPasteboardString(const QString &text, const std::optional<Q
     m_paster->setPasteboardString(text, rtf);
 }
 
-void AppDelegate::launchAtStartup(bool) {}
+LaunchAtLogin::Lookup AppDelegate::applicationIsInStartUpItems() const
+{
+    return m_launchAtLogin.applicationIsInStartUpItems();
+}
+
+void AppDelegate::launchAtStartup(bool isOn)
+{
+    m_launchAtLogin.launchAtStartup(isOn);
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clipboard/LaunchAtLogin.h"
 #include "platform/Info.h"
 #include "platform/Platform.h"
 
@@ -23,7 +24,9 @@ class PreferencesGeneralViewController;
 class QTimer;
 class StatusMenu;
 class SwopState;
+class TourGuide;
 class ViewController;
+class WelcomeWindowController;
 class WindowDelegate;
 
 /// The one long-lived owner: builds the rooms' objects in their order, keeps them until the
@@ -72,9 +75,15 @@ public:
     void showFeedbackDialog();
 
     // First run
-    /// True when the welcome took the open shortcut, so that the history must not open. There is
-    /// no welcome yet: false.
+    /// Shows the welcome, or brings it to the front; returns when it has reached its last page or
+    /// was closed. Nothing when it was completed before, unless `force` says so all the same.
+    void showWelcomeWindow(bool force);
+    /// True when the welcome took the open shortcut, so that the history must not open.
     bool handleWelcomeWindow();
+    /// Opens the history window and points out its parts. Without that window the program ends.
+    void startTour();
+    /// Switches the periodic check for updates. Does nothing until there is an updater.
+    void setCheckForUpdates(bool isOn);
 
     // History window
     void setWindowVisible();
@@ -105,6 +114,8 @@ public:
     /// Puts a text of our own on the pasteboard; capture records it like any copy.
     void setPasteboardString(const QString &text, const std::optional<QString> &rtf);
 
+    /// Our entry among the session's login items and the end of their list.
+    LaunchAtLogin::Lookup applicationIsInStartUpItems() const;
     /// Adds the application to the session's login items or takes it out.
     void launchAtStartup(bool isOn);
 
@@ -120,6 +131,8 @@ public:
     StatusMenu &statusMenu() const { return *m_statusMenu; }
     /// Never shown: it stands ready for whoever records a hot key of the hot-key center.
     HotKeyTextField &hotKeyField() const { return *m_hotKeyField; }
+    WelcomeWindowController &welcomeWindowController() const { return *m_welcomeWindowController; }
+    TourGuide &tourGuide() const { return *m_tourGuide; }
 
 Q_SIGNALS:
     /// The list has changed by a load, a search or a deletion; rows told before are out of date.
@@ -134,12 +147,14 @@ private:
     void loadPreferences();
     void showOpenShortcut();
     void askAboutDamagedSettings();
+    bool isTakenByWelcome();
 
     Platform &m_platform;
     const Info m_info;
     bool m_trace = false;
     bool m_hasTerminated = false;
 
+    LaunchAtLogin m_launchAtLogin;
     std::unique_ptr<PreferencesApplicationViewController> m_preferencesApplication;
     std::unique_ptr<PreferencesGeneralViewController> m_preferencesGeneral;
     std::unique_ptr<LiveSettings> m_liveSettings;
@@ -156,4 +171,6 @@ private:
     ClipboardWindow *m_window = nullptr;        ///< The window controller's.
     ViewController *m_viewController = nullptr; ///< The window's content controller.
     std::unique_ptr<CCNPreferencesWindowController> m_preferences;
+    std::unique_ptr<WelcomeWindowController> m_welcomeWindowController;
+    std::unique_ptr<TourGuide> m_tourGuide;
 };

@@ -9,8 +9,6 @@
 #include "shortcut/MASShortcutMonitor.h"
 #include "shortcut/MASShortcutValidator.h"
 
-#include <QStringList>
-
 #include <array>
 #include <utility>
 
@@ -24,7 +22,25 @@ void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel(
     MASShortcutValidator::sharedValidator().setMainMenu(statusMenu);
 }
 
-QString GlobalShortcuts::wordName(const MASShortcut &shortcut)
+MASShortcut GlobalShortcuts::defaultOpenShortcut()
+{
+    return {VirtualKey::kV, ModifierFlags::kCommand | ModifierFlags::kShift};
+}
+
+MASShortcut GlobalShortcuts::defaultSwopShortcut()
+{
+    return {VirtualKey::kX, ModifierFlags::kCommand | ModifierFlags::kShift};
+}
+
+std::optional<MASShortcut> GlobalShortcuts::storedShortcut(const SettingsStore &settings,
+                                                           const QString &key)
+{
+    const std::optional<MASShortcut> shortcut =
+        KeyedUnarchiveTransformer().transformedValue(settings.value(key));
+    return shortcut && !shortcut->keyCodeString().isEmpty() ? shortcut : std::nullopt;
+}
+
+QStringList GlobalShortcuts::keyCaps(const MASShortcut &shortcut)
 {
     static const std::array<std::pair<quint64, QString>, 4> kModifierNames{{
         {ModifierFlags::kCommand, QStringLiteral("Super")},
@@ -38,7 +54,12 @@ QString GlobalShortcuts::wordName(const MASShortcut &shortcut)
             words.append(name);
     }
     words.append(shortcut.keyCodeString());
-    return words.join(QStringLiteral(" + "));
+    return words;
+}
+
+QString GlobalShortcuts::wordName(const MASShortcut &shortcut)
+{
+    return keyCaps(shortcut).join(QStringLiteral(" + "));
 }
 
 QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
@@ -49,9 +70,6 @@ QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
 std::optional<QString> GlobalShortcuts::storedSentenceName(const SettingsStore &settings,
                                                            const QString &key)
 {
-    const std::optional<MASShortcut> shortcut =
-        KeyedUnarchiveTransformer().transformedValue(settings.value(key));
-    if (!shortcut || shortcut->keyCodeString().isEmpty())
-        return std::nullopt;
-    return sentenceName(*shortcut);
+    const std::optional<MASShortcut> shortcut = storedShortcut(settings, key);
+    return shortcut ? std::optional(sentenceName(*shortcut)) : std::nullopt;
 }

@@ -4,8 +4,10 @@
 #include "shortcut/MenuModel.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
+#include <optional>
 
 struct Platform;
 class SettingsStore;
@@ -20,6 +22,16 @@ void connect(Platform &platform, const std::function<MenuModel()> &statusMenu);
 
 /// A shortcut in words, as the keys of a Linux keyboard are called: "Super + Shift + V".
 QString wordName(const MASShortcut &shortcut);
+
+/// The shortcuts that open the history and start a swop unless the user sets others.
+MASShortcut defaultOpenShortcut();
+MASShortcut defaultSwopShortcut();
+
+/// The shortcut stored under `key`; absent when there is none.
+std::optional<MASShortcut> storedShortcut(const SettingsStore &settings, const QString &key);
+
+/// The keys to press, by the names printed on a Linux keyboard: "Super", "Shift", "V".
+QStringList keyCaps(const MASShortcut &shortcut);
 
 /// How a sentence names a shortcut to the user, in signs and in words: "⇧⌘V (Super + Shift + V)".
 QString sentenceName(const MASShortcut &shortcut);

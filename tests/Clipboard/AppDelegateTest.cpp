@@ -1,6 +1,7 @@
 #include "Clipboard/AppDelegate.h"
 
 #include "Clipboard/StatusMenu.h"
+#include "Clipboard/preferences/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/ViewController.h"
@@ -30,7 +31,11 @@ Info info()
 class AppDelegateTest : public testing::Test
 {
 protected:
-    AppDelegateTest() { m_platform.frontApplication.setApplicationName(QStringLiteral("Editor")); }
+    AppDelegateTest()
+    {
+        m_platform.frontApplication.setApplicationName(QStringLiteral("Editor"));
+        m_platform.settings.setValue(SettingsKeys::kWelcomeWindowShown, true);
+    }
 
     AppDelegate &start()
     {

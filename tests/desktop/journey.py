@@ -20,9 +20,10 @@ PYTHON = "/usr/bin/python3"
 
 class Journey(unittest.TestCase):
     """`self.desktop` and `self.app`; a class that wants to start the program itself sets
-    `starts_app` to False."""
+    `starts_app` to False, and one for a user who has never seen the welcome `welcomed`."""
 
     starts_app = True
+    welcomed = True
     desktop_options = {}
 
     def setUp(self):
@@ -32,7 +33,7 @@ class Journey(unittest.TestCase):
         self.addCleanup(self.desktop.close)
         self.addCleanup(self._keep_screen)
         if self.starts_app:
-            self.app = Quillmarsh(self.desktop, BINARY)
+            self.app = Quillmarsh(self.desktop, BINARY, welcomed=self.welcomed)
 
     def _problems(self):
         return len(self._outcome.result.errors) + len(self._outcome.result.failures)

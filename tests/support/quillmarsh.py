@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import plistlib
 import sqlite3
 import subprocess
 import threading
@@ -10,12 +11,16 @@ BUNDLE = "org.quillmarsh.Quillmarsh"
 
 
 class Quillmarsh:
-    """Starts the program on `desktop` and waits until it is ready. Its log is in `log`."""
+    """Starts the program on `desktop` and waits until it is ready. Its log is in `log`. Its user has
+    completed the welcome, unless `welcomed` is false or there are settings already."""
 
-    def __init__(self, desktop, binary, environment=None, wait=True):
+    def __init__(self, desktop, binary, environment=None, wait=True, welcomed=True):
         self.desktop = desktop
         self.binary = binary
         self.log = []
+        if welcomed and not self.settings.exists():
+            self.settings.parent.mkdir(parents=True, exist_ok=True)
+            self.settings.write_bytes(plistlib.dumps({"welcomeWindowShown": True}))
         variables = dict(desktop.environment, QUILLMARSH_TRACE="1", **(environment or {}))
         self.process = desktop.start([binary], env=variables, stdout=subprocess.PIPE,
                                      stderr=subprocess.STDOUT)
@@ -41,6 +46,14 @@ class Quillmarsh:
             return sum(text in line for line in self.log)
 
         self.desktop.wait_for(seen, f"the log line '{text}'", seconds)
+
+    @property
+    def settings(self):
+        return pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], BUNDLE + ".plist")
+
+    def setting(self, key):
+        """The stored value under `key`; None when there is none."""
+        return plistlib.loads(self.settings.read_bytes()).get(key)
 
     @property
     def store(self):

@@ -44,8 +44,9 @@ class Tour:
 
     def walk(self):
         started = time.monotonic()
-        self.app = Quillmarsh(self.desktop, self.binary)
+        self.app = Quillmarsh(self.desktop, self.binary, welcomed=False)
         self.step(f"Quillmarsh runs ({(time.monotonic() - started) * 1000:.0f} ms to ready)")
+        self.welcome()
         self.copy_some()
         self.open_editor()
         self.paste()
@@ -53,6 +54,18 @@ class Tour:
         self.swop()
         self.app.quit()
         self.step("Quillmarsh saved its history and quit")
+
+    def welcome(self):
+        self.app.key("super+shift+v")
+        window = self.app.window("Welcome to Quillmarsh")
+        self.app.wait_until_active(window)
+        self.step("The first Super+Shift+V brings the welcome", "welcome")
+        self.app.key("Right", "Right", "Right")
+        self.check(lambda: self.app.setting("welcomeWindowShown"), "the welcome's last page")
+        self.app.key("Return")
+        self.app.wait_until_hidden("Welcome to Quillmarsh")
+        self.app.wait_for_clip("Quillmarsh setup complete")
+        self.step("Its four pages are read, and it does not come again")
 
     def copy_some(self):
         for text in COPIES:

@@ -1,11 +1,11 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
 #include "Clipboard/AppDelegate.h"
+#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/GeneralPaneView.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
 #include "Clipboard/preferences/PaneParts.h"
-#include "platform/VirtualKeys.h"
 #include "shortcut/MASShortcut.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutView.h"
@@ -112,9 +112,9 @@ void PreferencesGeneralViewController::loadPreferences()
     qCInfo(preferencesLog, "Loading Open at Login preference");
     loadOpenAtLogin();
     qCInfo(preferencesLog, "Loading launch shortcut preference");
-    loadShortcut(openShortCutPrefKey, VirtualKey::kV);
+    loadShortcut(openShortCutPrefKey, GlobalShortcuts::defaultOpenShortcut());
     qCInfo(preferencesLog, "Loading swop shortcut preference");
-    loadShortcut(swopShortCutPrefKey, VirtualKey::kX);
+    loadShortcut(swopShortCutPrefKey, GlobalShortcuts::defaultSwopShortcut());
     qCInfo(preferencesLog, "Loading max items preference");
     if (!loadMaxItems())
         return;
@@ -232,12 +232,10 @@ void PreferencesGeneralViewController::loadOpenAtLogin()
     required(openAtLoginCB, "openAtLoginCB").setChecked(settings.boolForKey(openAtLoginPrefKey));
 }
 
-void PreferencesGeneralViewController::loadShortcut(const QString &key, quint64 keyCode)
+void PreferencesGeneralViewController::loadShortcut(const QString &key, const MASShortcut &shortcut)
 {
-    if (m_platform.settings->contains(key))
-        return;
-    const MASShortcut shortcut(keyCode, ModifierFlags::kCommand | ModifierFlags::kShift);
-    m_platform.settings->setValue(key, shortcut.archive());
+    if (!m_platform.settings->contains(key))
+        m_platform.settings->setValue(key, shortcut.archive());
 }
 
 bool PreferencesGeneralViewController::loadMaxItems()

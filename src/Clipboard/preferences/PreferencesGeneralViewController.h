@@ -13,6 +13,7 @@
 class AppDelegate;
 class GeneralPaneView;
 class HistorySizeSlider;
+class MASShortcut;
 class MASShortcutView;
 class QCheckBox;
 class QLineEdit;
@@ -92,7 +93,7 @@ public:
 private:
     bool bindShortcuts();
     void loadOpenAtLogin();
-    void loadShortcut(const QString &key, quint64 keyCode);
+    void loadShortcut(const QString &key, const MASShortcut &shortcut);
     bool loadMaxItems();
     void loadMaxStringSize();
     void loadNotifications();

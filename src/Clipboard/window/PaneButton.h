@@ -4,7 +4,8 @@
 
 #include <QPushButton>
 
-/// A quiet button of the history window, the same under every desktop style.
+/// A quiet button of our own windows, the same under every desktop style. An emphasised one is what
+/// most people press.
 class PaneButton : public QPushButton
 {
     Q_OBJECT
@@ -13,6 +14,7 @@ public:
     explicit PaneButton(const QString &text, QWidget *parent = nullptr);
 
     void setColors(const ClipColors &colors);
+    void setEmphasised(bool isEmphasised);
 
     QSize sizeHint() const override;
 
@@ -21,5 +23,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    QColor faceColor() const;
+
     ClipColors m_colors;
+    bool m_isEmphasised = false;
 };

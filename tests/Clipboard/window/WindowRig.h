@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clipboard/AppDelegate.h"
+#include "Clipboard/preferences/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/ClipboardWindow.h"
@@ -23,6 +24,7 @@ protected:
         : delegate(memory.platform, {QStringLiteral("org.example.Test"), QStringLiteral("1"), {}},
                    folder.path())
     {
+        memory.settings.setValue(SettingsKeys::kWelcomeWindowShown, true);
         delegate.applicationDidFinishLaunching();
         controller = delegate.viewController();
         table = controller->clipTableView();

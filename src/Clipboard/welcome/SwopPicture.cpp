@@ -1,0 +1,92 @@
+#include "Clipboard/welcome/SwopPicture.h"
+
+#include "Clipboard/welcome/PictureParts.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int kSideMargin = 22;
+constexpr int kMiddle = 148; ///< Width of the part between the two states, in points.
+constexpr int kPadding = 12;
+
+} // namespace
+
+SwopPicture::SwopPicture(QWidget *parent) : WelcomeStage(parent), m_keys(new KeyCaps({}, this)) {}
+
+void SwopPicture::setColors(const ClipColors &colors)
+{
+    WelcomeStage::setColors(colors);
+    m_keys->setColors(KeyCapColors::ofScheme(colors));
+    placeKeys();
+}
+
+void SwopPicture::placeKeys()
+{
+    m_keys->resize(m_keys->sizeHint());
+    m_keys->move((width() - m_keys->width()) / 2, height() / 2 + 8);
+}
+
+void SwopPicture::resizeEvent(QResizeEvent *event)
+{
+    WelcomeStage::resizeEvent(event);
+    placeKeys();
+}
+
+void SwopPicture::paintEvent(QPaintEvent *event)
+{
+    WelcomeStage::paintEvent(event);
+    const QString monday = tr("Monday");
+    const QString thursday = tr("Thursday");
+    const QString time = tr("at half past two");
+    const QString place = tr("Reed Lane 7");
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal side = (width() - kMiddle) / 2.0 - kSideMargin;
+    const QRectF left(kSideMargin, 0, side, height());
+    const QRectF right(width() - kSideMargin - side, 0, side, height());
+    drawState(painter, left, {tr("Before"), monday, {time, thursday, place}, 1});
+    drawState(painter, right, {tr("After"), thursday, {monday, time, thursday}, 0});
+    const QPointF middle = QRectF(rect()).center();
+    PictureParts::drawArrow(painter, middle - QPointF(26, 8), middle + QPointF(26, -8),
+                            colors().selected);
+}
+
+void SwopPicture::drawState(QPainter &painter, const QRectF &place, const State &state) const
+{
+    const qreal line = fontMetrics().height() + 10;
+    const qreal documentHeight = 2 * line + kPadding;
+    const qreal clipsHeight = static_cast<qreal>(state.clips.size()) * line;
+    const qreal total = line + documentHeight + 10 + clipsHeight;
+    const QRectF heading(place.left(), place.center().y() - total / 2, place.width(), line);
+    painter.setPen(colors().quietText);
+    painter.drawText(heading, Qt::AlignLeft | Qt::AlignVCenter, state.heading);
+
+    const QRectF document(place.left(), heading.bottom(), place.width(), documentHeight);
+    PictureParts::drawCard(painter, document, colors());
+    const QPointF writing = document.topLeft() + QPointF(kPadding, kPadding / 2.0);
+    const QString words = tr("See you on") + QLatin1Char(' ');
+    const qreal wordsWidth = fontMetrics().horizontalAdvance(words);
+    const qreal markedWidth = fontMetrics().horizontalAdvance(state.inDocument);
+    painter.setPen(colors().text);
+    painter.drawText(QRectF(writing, QSizeF(wordsWidth, line)), Qt::AlignVCenter, words);
+    const QRectF marked(writing + QPointF(wordsWidth, 0), QSizeF(markedWidth, line));
+    QColor mark = colors().selected;
+    mark.setAlphaF(0.28F);
+    painter.fillRect(marked.adjusted(-2, 3, 2, -3), mark);
+    painter.drawText(marked, Qt::AlignVCenter, state.inDocument);
+    painter.drawText(QRectF(writing + QPointF(0, line), QSizeF(place.width(), line)),
+                     Qt::AlignVCenter, tr("by the old mill."));
+
+    const QRectF clips(place.left(), document.bottom() + 10, place.width(), clipsHeight);
+    PictureParts::drawCard(painter, clips, colors());
+    for (int row = 0; row < state.clips.size(); ++row) {
+        const QRectF rowPlace(clips.left() + 1, clips.top() + row * line, clips.width() - 2, line);
+        if (row == state.marked)
+            painter.fillRect(rowPlace.adjusted(0, 1, 0, -1), colors().selected);
+        painter.setPen(row == state.marked ? colors().selectedText : colors().text);
+        painter.drawText(rowPlace.adjusted(kPadding, 0, -kPadding, 0), Qt::AlignVCenter,
+                         QStringLiteral("%1   %2").arg(row + 1).arg(state.clips.at(row)));
+    }
+}

@@ -1,0 +1,104 @@
+#include "Clipboard/welcome/TourViewController.h"
+
+#include "Clipboard/welcome/KeyCaps.h"
+#include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/PaneButton.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kTextWidth = 262;
+constexpr qreal kTitleScale = 1.2;
+
+QLabel *makeLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QColor translucent(const QColor &color, int alpha)
+{
+    return QColor(color.red(), color.green(), color.blue(), alpha);
+}
+
+} // namespace
+
+TourViewController::TourViewController(const Content &content, QWidget *parent)
+    : QWidget(parent), m_next(new PaneButton(content.next, this))
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(7);
+    setFixedWidth(kTextWidth);
+
+    QLabel *title = makeLabel(content.title, this);
+    title->setObjectName(QStringLiteral("tourTitle"));
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * kTitleScale);
+    large.setWeight(QFont::DemiBold);
+    title->setFont(large);
+    column->addWidget(title);
+    if (!content.text.isEmpty())
+        column->addWidget(makeLabel(content.text, this));
+    addKeys(content.keys);
+
+    auto *bar = new QHBoxLayout;
+    bar->addWidget(makeLabel(content.progress, this), 1);
+    bar->addWidget(m_next);
+    column->addSpacing(3);
+    column->addLayout(bar);
+    connect(m_next, &QPushButton::clicked, this, &TourViewController::nextClicked);
+}
+
+void TourViewController::addKeys(const QList<Keys> &keys)
+{
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(5);
+    grid->setColumnStretch(1, 1);
+    for (const Keys &row : keys) {
+        const int place = grid->rowCount();
+        m_keyCaps.append(new KeyCaps(row.caps, this));
+        grid->addWidget(m_keyCaps.last(), place, 0, Qt::AlignLeft | Qt::AlignVCenter);
+        grid->addWidget(makeLabel(row.meaning, this), place, 1);
+    }
+    static_cast<QVBoxLayout *>(layout())->addLayout(grid);
+}
+
+QString TourViewController::title() const
+{
+    return findChild<QLabel *>(QStringLiteral("tourTitle"))->text();
+}
+
+void TourViewController::setColors(const ClipColors &colors)
+{
+    const QColor ink = colors.selectedText;
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::WindowText, ink);
+    setPalette(palette);
+
+    // The popover's ground is the colour that selected rows have.
+    ClipColors onGround = colors;
+    onGround.text = ink;
+    onGround.control = translucent(ink, 40);
+    onGround.controlHover = translucent(ink, 70);
+    onGround.separator = translucent(ink, 110);
+    onGround.selected = ink;
+    m_next->setColors(onGround);
+    for (KeyCaps *caps : std::as_const(m_keyCaps))
+        caps->setColors({translucent(ink, 240), QColor(0, 0, 0, 90), QColor(0x1d, 0x1d, 0x1f)});
+}
+
+void TourViewController::focusNext()
+{
+    m_next->setFocus();
+}
+
+void TourViewController::nextClicked()
+{
+    Q_EMIT nextRequested();
+}

@@ -1,0 +1,62 @@
+#include "Clipboard/welcome/WelcomePage.h"
+
+#include "Clipboard/welcome/WelcomeStage.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int kSideMargin = 24;
+constexpr qreal kTitleScale = 1.7;
+
+QLabel *makeLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+WelcomePage::WelcomePage(WelcomeStage *stage, const QString &title, const QString &text)
+    : m_stage(stage), m_title(makeLabel(title, this)), m_text(makeLabel(text, this)),
+      m_column(new QVBoxLayout(this))
+{
+    m_column->setContentsMargins(kSideMargin, kSideMargin, kSideMargin, 6);
+    m_column->setSpacing(8);
+    m_column->addWidget(stage, 1);
+    m_column->addSpacing(10);
+    m_column->addWidget(m_title);
+    m_column->addWidget(m_text);
+    stage->show();
+}
+
+QString WelcomePage::title() const
+{
+    return m_title->text();
+}
+
+QString WelcomePage::text() const
+{
+    return m_text->text();
+}
+
+void WelcomePage::setText(const QString &text)
+{
+    m_text->setText(text);
+}
+
+void WelcomePage::setColors(const ClipColors &colors)
+{
+    m_stage->setColors(colors);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * kTitleScale);
+    large.setWeight(QFont::DemiBold);
+    m_title->setFont(large);
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::WindowText, colors.text);
+    palette.setColor(QPalette::Text, colors.text);
+    setPalette(palette);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Clipboard/window/ClipColors.h"
+
+#include <QWidget>
+
+class QLabel;
+class QVBoxLayout;
+class WelcomeStage;
+
+/// What the welcome's pages have in common: a stage, below it a heading and a few words. Owned by
+/// the slider that shows it.
+class WelcomePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The page becomes the stage's parent.
+    WelcomePage(WelcomeStage *stage, const QString &title, const QString &text);
+
+    WelcomeStage *stage() const { return m_stage; }
+    QString title() const;
+    QString text() const;
+    void setText(const QString &text);
+    void setColors(const ClipColors &colors);
+
+protected:
+    /// Takes more below the words.
+    QVBoxLayout *column() const { return m_column; }
+
+private:
+    WelcomeStage *m_stage;
+    QLabel *m_title;
+    QLabel *m_text;
+    QVBoxLayout *m_column;
+};

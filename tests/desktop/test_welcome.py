@@ -1,0 +1,176 @@
+"""The first minutes of a user: the welcome, the tour, and the entry that starts Quillmarsh at login."""
+
+import os
+import pathlib
+import subprocess
+import unittest
+
+from journey import BINARY, BUNDLE, Journey, Quillmarsh, copy
+
+WELCOME = "Welcome to Quillmarsh"
+MESSAGE = "Quillmarsh setup complete"
+
+
+class WelcomeJourney(Journey):
+    welcomed = False
+
+    def show_welcome(self):
+        self.app.key("super+shift+v")
+        window = self.app.window(WELCOME)
+        self.app.wait_until_active(window)
+        return window
+
+    def to_the_last_page(self):
+        self.app.key("Right", "Right", "Right")
+        self.wait_for(lambda: self.app.setting("welcomeWindowShown"), "the last page")
+
+    @property
+    def autostart(self):
+        return pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], "autostart",
+                            BUNDLE + ".desktop")
+
+
+class FirstPress(WelcomeJourney):
+    def test_copies_are_recorded_while_the_welcome_shows_and_the_second_press_opens_the_history(self):
+        path = self.editor("gtk")
+        self.show_welcome()
+        self.assertIsNone(self.app.window(wait=False))
+        self.copy("recorded meanwhile")
+        self.to_the_last_page()
+        self.app.wait_for_clip(MESSAGE)
+        self.app.open_history()
+        self.app.wait_until_hidden(WELCOME)
+        self.app.key("Down", "Return")
+        self.wait_for_text(path, "recorded meanwhile")
+        self.assertEqual(self.app.clips(), [MESSAGE, "recorded meanwhile"])
+
+    def test_the_message_is_the_first_clip_and_comes_once(self):
+        self.show_welcome()
+        self.to_the_last_page()
+        self.app.wait_for_clip(MESSAGE)
+        self.app.key("Left", "Right", "Return")
+        self.app.wait_until_hidden(WELCOME)
+        self.copy("after")
+        self.assertEqual(self.app.clips(), ["after", MESSAGE])
+        self.assertEqual(self.app.quit(), 0)
+        self.app = Quillmarsh(self.desktop, BINARY, welcomed=False)
+        self.app.open_history()
+        self.assertEqual(self.app.clips(), ["after", MESSAGE])
+
+    def test_closed_on_any_earlier_page_it_comes_again_from_the_first(self):
+        for keys in (["Escape"], ["Right", "Escape"], ["Return", "Return", "super+w"]):
+            with self.subTest(keys):
+                self.show_welcome()
+                self.app.key(*keys)
+                self.app.wait_until_hidden(WELCOME)
+                self.assertIsNone(self.app.setting("welcomeWindowShown"))
+        self.show_welcome()
+        self.app.key("alt+F4")  # the window manager's
+        self.app.wait_until_hidden(WELCOME)
+        self.assertIsNone(self.app.window(wait=False))
+
+    def test_pressed_again_meanwhile_the_shortcut_brings_the_welcome_back_to_the_front(self):
+        window = self.show_welcome()
+        self.editor("gtk")
+        self.app.key("super+shift+v")
+        self.app.wait_until_active(window)
+        self.app.key("super+shift+x")
+        self.desktop.run([BINARY])
+        self.app.key("Escape")
+        self.app.wait_until_hidden(WELCOME)
+        # One press, one session: nothing is left to come back.
+        self.copy("over")
+        self.assertIsNone(self.app.window(WELCOME, wait=False))
+        self.assertIsNone(self.app.window(wait=False))
+
+
+class Ends(WelcomeJourney):
+    def test_a_quit_a_signal_and_the_sessions_end_are_clean_during_it(self):
+        for end in ("key", "terminate"):
+            with self.subTest(end):
+                self.show_welcome()
+                self.copy(f"kept through {end}")
+                if end == "key":
+                    self.app.key("super+q")
+                    code = self.app.process.wait(10)
+                else:
+                    code = self.app.quit()
+                self.assertEqual(code, 0)
+                self.wait_for(lambda: "Exit" in "\n".join(self.app.log), "the last line")
+                self.assertEqual(self.app.clips()[0], f"kept through {end}")
+                self.app = Quillmarsh(self.desktop, BINARY, welcomed=False)
+
+
+class Login(WelcomeJourney):
+    def untick(self):
+        self.app.key("shift+Tab", "shift+Tab", "space")
+
+    def test_the_box_adds_the_entry_and_unticked_removes_it(self):
+        self.show_welcome()
+        self.app.key("Right")
+        self.wait_for(self.autostart.exists, "the entry")
+        self.assertEqual(subprocess.run(["desktop-file-validate", self.autostart], check=False,
+                                        capture_output=True).stdout, b"")
+        self.assertIn(f"Exec={os.path.realpath(BINARY)}\n", self.autostart.read_text())
+        self.wait_for(lambda: "Application was added to login items" in self.app.log, "its line")
+        self.app.key("Left")
+        self.untick()
+        self.app.key("Right")
+        self.wait_for(lambda: not self.autostart.exists(), "the entry's removal")
+        self.assertIs(self.app.setting("openAtLogin"), False)
+        self.wait_for(lambda: "Application was removed from login items" in self.app.log,
+                      "its line")
+
+    def test_the_entry_starts_it_without_a_window(self):
+        self.show_welcome()
+        self.to_the_last_page()
+        self.assertEqual(self.app.quit(), 0)
+        entry = self.autostart.read_text()
+        command = [line for line in entry.splitlines() if line.startswith("Exec=")][0][5:]
+        self.app = Quillmarsh(self.desktop, command)
+        copy(self.desktop, "after login")
+        self.app.wait_for_clip("after login")
+        self.assertIsNone(self.app.window(wait=False))
+        self.assertIsNone(self.app.window(WELCOME, wait=False))
+
+    def test_what_cannot_be_written_is_told_and_the_welcome_goes_on(self):
+        folder = self.autostart.parent
+        folder.mkdir(parents=True)
+        self.autostart.mkdir()  # A folder in the entry's place; root is refused by nothing else.
+        (folder / "broken.desktop").write_bytes(b"\xfe" * 1000)
+        self.show_welcome()
+        self.to_the_last_page()
+        self.app.wait_for_log("could not be written")
+        self.assertIn("Unknown login application", self.app.log)
+        self.app.open_history()
+
+
+class Tour(WelcomeJourney):
+    def test_the_tour_is_offered_at_the_end_and_leaves_the_history_usable(self):
+        path = self.editor("gtk")
+        self.show_welcome()
+        self.to_the_last_page()
+        self.app.wait_for_clip(MESSAGE)
+        self.app.key("shift+Tab", "Return")
+        self.app.wait_until_hidden(WELCOME)
+        self.app.wait_until_active(self.app.window())
+        self.app.key("Return", "Right", "Return", "Return")  # Four popovers, then none.
+        self.app.type("setup")
+        self.app.key("Return")
+        self.wait_for_text(path, MESSAGE)
+
+    def test_escape_ends_the_tour_first_and_closes_the_history_then(self):
+        self.show_welcome()
+        self.to_the_last_page()
+        self.app.key("shift+Tab", "Return")
+        window = self.app.window()
+        self.app.wait_until_active(window)
+        self.app.key("Right", "Escape")
+        self.app.type("zz")
+        self.assertEqual(self.app.window(wait=False), window)
+        self.app.key("Escape")
+        self.app.wait_until_hidden()
+
+
+if __name__ == "__main__":
+    unittest.main()
