@@ -147,10 +147,16 @@ bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time
     // Without a window manager nobody else gives the keyboard back.
     Steady::time_point askAt = start + (m_active.isManaged() ? kPatience : milliseconds(0));
     for (;;) {
-        if (isTargetDestroyed())
+        if (takeNews(xcb_poll_for_event) == News::TargetDestroyed)
             return false;
         if (isTargetBack())
             return true;
+        // What arrived along with the answers is off the socket, which stays silent about it.
+        const News meanwhile = takeNews(xcb_poll_for_queued_event);
+        if (meanwhile == News::TargetDestroyed)
+            return false;
+        if (meanwhile == News::Other)
+            continue;
         const Steady::time_point now = Steady::now();
         if (now >= deadline || m_connection.isBroken())
             return false;
@@ -166,15 +172,18 @@ bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time
     }
 }
 
-bool X11FrontApplication::isTargetDestroyed()
+X11FrontApplication::News
+X11FrontApplication::takeNews(xcb_generic_event_t *(*nextEvent)(xcb_connection_t *))
 {
-    bool isDestroyed = false;
-    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
-        isDestroyed |=
+    News news = News::None;
+    while (const XcbPointer<xcb_generic_event_t> event{nextEvent(m_connection.get())}) {
+        const bool isDestroyed =
             (event->response_type & kEventMask) == XCB_DESTROY_NOTIFY &&
             reinterpret_cast<const xcb_destroy_notify_event_t &>(*event).window == m_target;
+        if (isDestroyed || news == News::None)
+            news = isDestroyed ? News::TargetDestroyed : News::Other;
     }
-    return isDestroyed;
+    return news;
 }
 
 void X11FrontApplication::askForTarget(xcb_timestamp_t time)

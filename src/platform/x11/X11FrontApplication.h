@@ -35,10 +35,13 @@ public:
     bool isInFront(const QWindow &window) const override;
 
 private:
+    enum class News { None, Other, TargetDestroyed };
+
     bool isOurs(xcb_window_t window) const;
     bool isTargetBack() const;
     bool waitForTarget(std::chrono::milliseconds limit, xcb_timestamp_t time);
-    bool isTargetDestroyed();
+    /// Reads the events that `nextEvent` gives and tells the gravest.
+    News takeNews(xcb_generic_event_t *(*nextEvent)(xcb_connection_t *));
     void askForTarget(xcb_timestamp_t time);
     void selectTargetEvents(bool isSelected);
     xcb_timestamp_t serverTime();
