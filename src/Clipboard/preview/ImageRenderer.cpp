@@ -36,7 +36,10 @@ QSize decodedSize(const QImageReader &reader, QSize pixels)
 
 bool ImageRenderer::accepts(const QMimeType &type) const
 {
-    return QImageReader::supportedMimeTypes().contains(type.name().toLatin1());
+    // Of drawings and documents there are plug-ins as well, which know none of our bounds.
+    return !type.inherits(QStringLiteral("image/svg+xml")) &&
+           !type.inherits(QStringLiteral("application/pdf")) &&
+           QImageReader::supportedMimeTypes().contains(type.name().toLatin1());
 }
 
 std::shared_ptr<const PreviewContent> ImageRenderer::read(PreviewFile &file, const QMimeType &type,

@@ -1,10 +1,15 @@
 #include "Clipboard/preview/PreviewRegistry.h"
 
 #include "Clipboard/preview/FilePreview.h"
+#include "Clipboard/preview/FolderRenderer.h"
+#include "Clipboard/preview/FontRenderer.h"
 #include "Clipboard/preview/ImageRenderer.h"
+#include "Clipboard/preview/PdfRenderer.h"
 #include "Clipboard/preview/PreviewFile.h"
 #include "Clipboard/preview/PreviewRenderer.h"
+#include "Clipboard/preview/SvgRenderer.h"
 #include "Clipboard/preview/TextRenderer.h"
+#include "Clipboard/preview/ThumbnailRenderer.h"
 
 #include <QMimeDatabase>
 
@@ -15,8 +20,13 @@ PreviewRegistry::PreviewRegistry()
     // The first that accepts a type and can read the file shows it, so the special come before the
     // general: an SVG picture is a text as well.
     auto renderers = std::make_shared<Renderers>();
+    renderers->push_back(std::make_unique<SvgRenderer>());
     renderers->push_back(std::make_unique<ImageRenderer>());
+    renderers->push_back(std::make_unique<PdfRenderer>());
+    renderers->push_back(std::make_unique<FolderRenderer>());
+    renderers->push_back(std::make_unique<FontRenderer>());
     renderers->push_back(std::make_unique<TextRenderer>());
+    renderers->push_back(std::make_unique<ThumbnailRenderer>());
     m_renderers = std::move(renderers);
 }
 

@@ -7,9 +7,14 @@
 
 void ScrollBars::makeSlim(QAbstractScrollArea &area, const ClipColors &colors)
 {
+    makeSlim(*area.verticalScrollBar(), colors);
+}
+
+void ScrollBars::makeSlim(QScrollBar &bar, const ClipColors &colors)
+{
     const QString handle = colors.isDark ? QStringLiteral("rgba(255, 255, 255, %1)")
                                          : QStringLiteral("rgba(0, 0, 0, %1)");
-    area.verticalScrollBar()->setStyleSheet(
+    bar.setStyleSheet(
         QStringLiteral("QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }"
                        "QScrollBar::handle:vertical { background: %1; border-radius: 3px;"
                        " margin: 2px 2px 2px 2px; min-height: 28px; }"

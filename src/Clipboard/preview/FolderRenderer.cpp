@@ -1,0 +1,99 @@
+#include "Clipboard/preview/FolderRenderer.h"
+
+#include "Clipboard/preview/ListBody.h"
+#include "Clipboard/preview/PreviewFile.h"
+#include "Clipboard/preview/PreviewThreads.h"
+
+#include <QCollator>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QLocale>
+#include <QMimeType>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kMostMilliseconds = 300;
+
+/// What a folder holds, as far as it was counted.
+struct Count
+{
+    QStringList entries;
+    qint64 entryCount = 0;
+    qint64 bytes = 0;
+    bool isWhole = true;
+};
+
+Count counted(const QString &path, const PreviewStop &stop)
+{
+    Count count;
+    QElapsedTimer timer;
+    timer.start();
+    int looked = 0;
+    const auto isEnough = [&] {
+        count.isWhole = count.isWhole && ++looked <= FolderRenderer::kMostCounted &&
+                        timer.elapsed() < kMostMilliseconds && !stop.isDue();
+        return !count.isWhole;
+    };
+    constexpr QDir::Filters kAll = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
+    QDirIterator entries(path, kAll);
+    while (entries.hasNext() && !isEnough()) {
+        const QFileInfo entry = entries.nextFileInfo();
+        ++count.entryCount;
+        count.entries.append(entry.isDir() ? entry.fileName() + u'/' : entry.fileName());
+    }
+    QDirIterator files(path, kAll | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext() && !isEnough()) {
+        const QFileInfo file = files.nextFileInfo();
+        if (file.isFile() && !file.isSymLink())
+            count.bytes += file.size();
+    }
+    return count;
+}
+
+QStringList firstSorted(QStringList entries)
+{
+    QCollator collator;
+    collator.setNumericMode(true);
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::sort(entries.begin(), entries.end(), [&collator](const QString &a, const QString &b) {
+        const bool isFolder = a.endsWith(u'/');
+        if (isFolder != b.endsWith(u'/'))
+            return isFolder;
+        return collator.compare(a, b) < 0;
+    });
+    entries.resize(qMin(entries.size(), FolderRenderer::kMostEntries));
+    return entries;
+}
+
+} // namespace
+
+bool FolderRenderer::accepts(const QMimeType &type) const
+{
+    return type.inherits(QStringLiteral("inode/directory"));
+}
+
+std::shared_ptr<const PreviewContent> FolderRenderer::read(PreviewFile &file, const QMimeType &,
+                                                           QSize, const PreviewStop &stop) const
+{
+    const Count count = counted(file.path(), stop);
+    const QString size = QLocale().formattedDataSize(count.bytes);
+    const QString entries =
+        count.entryCount == 1
+            ? ListBody::tr("1 entry")
+            : ListBody::tr("%1 entries").arg(QLocale().toString(count.entryCount));
+    const QString summary = count.isWhole ? ListBody::tr("%1, %2").arg(entries, size)
+                                          : ListBody::tr("%1, %2 or more").arg(entries, size);
+    return std::make_shared<ListContent>(summary, firstSorted(count.entries));
+}
+
+ListContent::ListContent(QString summary, QStringList entries)
+    : m_summary(std::move(summary)), m_entries(std::move(entries))
+{
+}
+
+PreviewBody *ListContent::makeBody(PreviewThreads &, QWidget *parent) const
+{
+    return new ListBody(*this, parent);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Clipboard/preview/PreviewRenderer.h"
+
+#include <QStringList>
+
+/// Folders: how much they hold, as far as it was counted in a moment, and the first entries.
+class FolderRenderer : public PreviewRenderer
+{
+public:
+    static constexpr qsizetype kMostEntries = 200; ///< Shown.
+    static constexpr int kMostCounted = 20'000;    ///< Looked at, in the folders below as well.
+
+    // ^PreviewRenderer
+    bool accepts(const QMimeType &type) const override;
+    std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
+                                               QSize pixels,
+                                               const PreviewStop &stop) const override;
+};
+
+/// A line that sums up, and the names of entries, folders with a slash at their end.
+class ListContent : public PreviewContent
+{
+public:
+    ListContent(QString summary, QStringList entries);
+
+    const QString &summary() const { return m_summary; }
+    const QStringList &entries() const { return m_entries; }
+
+    // ^PreviewContent
+    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    qint64 byteCount() const override { return m_entries.size() * 256; }
+
+private:
+    const QString m_summary;
+    const QStringList m_entries;
+};

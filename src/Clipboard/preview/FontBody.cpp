@@ -1,0 +1,36 @@
+#include "Clipboard/preview/FontBody.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int kMargin = 18;
+constexpr int kGap = 6;
+
+} // namespace
+
+FontBody::FontBody(const FontContent &content, QWidget *parent)
+    : PreviewBody(parent), m_lines(content.lines())
+{
+    setAccessibleName(tr("Specimen of the font %1").arg(content.family()));
+}
+
+void FontBody::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    update();
+}
+
+void FontBody::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    qreal y = kMargin;
+    for (const FontContent::Line &line : m_lines) {
+        painter.save();
+        painter.translate(kMargin, y + line.ascent);
+        painter.fillPath(line.outline, m_colors.text);
+        painter.restore();
+        y += line.height + kGap;
+    }
+}

@@ -1,0 +1,62 @@
+#include "Clipboard/preview/ListBody.h"
+
+#include "Clipboard/preview/FolderRenderer.h"
+#include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/ScrollBars.h"
+#include "Clipboard/window/WindowIcons.h"
+
+#include <QLabel>
+#include <QListWidget>
+
+namespace {
+
+constexpr int kMargin = 14;
+constexpr int kIconExtent = 16;
+
+} // namespace
+
+ListBody::ListBody(const ListContent &content, QWidget *parent)
+    : PreviewBody(parent), m_summary(new QLabel(content.summary(), this)),
+      m_list(new QListWidget(this))
+{
+    m_summary->setTextFormat(Qt::PlainText);
+    m_list->setAccessibleName(tr("Entries of the folder"));
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setSelectionMode(QAbstractItemView::NoSelection);
+    m_list->setFocusPolicy(Qt::NoFocus);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setTextElideMode(Qt::ElideMiddle);
+    m_list->setUniformItemSizes(true);
+    m_list->setIconSize(QSize(kIconExtent, kIconExtent));
+    m_list->viewport()->setAutoFillBackground(false);
+    m_list->addItems(content.entries());
+}
+
+void ListBody::setColors(const ClipColors &colors)
+{
+    const auto icon = [&](const QString &name) {
+        return QIcon(WindowIcons::pixmap(name, kIconExtent, colors.quietText, devicePixelRatioF()));
+    };
+    const QIcon folder = icon(QStringLiteral("folder"));
+    const QIcon document = icon(QStringLiteral("document"));
+    for (int row = 0; row < m_list->count(); ++row) {
+        QListWidgetItem *item = m_list->item(row);
+        item->setIcon(item->text().endsWith(u'/') ? folder : document);
+    }
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::WindowText, colors.quietText);
+    m_list->setPalette(palette);
+    m_summary->setPalette(palette);
+    ScrollBars::makeSlim(*m_list, colors);
+}
+
+void ListBody::resizeEvent(QResizeEvent *event)
+{
+    PreviewBody::resizeEvent(event);
+    const int height = m_summary->sizeHint().height();
+    m_summary->setGeometry(kMargin, kMargin, width() - 2 * kMargin, height);
+    const int top = kMargin + height + kMargin / 2;
+    m_list->setGeometry(kMargin - 4, top, width() - kMargin + 4, this->height() - top);
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Clipboard/preview/PreviewRenderer.h"
+
+class ListContent;
+class QLabel;
+class QListWidget;
+
+/// Shows what a folder holds.
+class ListBody : public PreviewBody
+{
+    Q_OBJECT
+
+public:
+    ListBody(const ListContent &content, QWidget *parent);
+
+    // ^PreviewBody
+    void setColors(const ClipColors &colors) override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QLabel *m_summary;
+    QListWidget *m_list;
+};

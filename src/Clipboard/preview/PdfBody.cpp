@@ -1,0 +1,129 @@
+#include "Clipboard/preview/PdfBody.h"
+
+#include "Clipboard/window/ScrollBars.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMargin = 14;
+constexpr int kGap = 10;
+constexpr int kKeptAround = 4; ///< Pages before and after those in sight.
+constexpr qreal kLongestRatio = 8;
+
+} // namespace
+
+PdfBody::PdfBody(const PdfContent &content, PreviewThreads &threads, QWidget *parent)
+    : PreviewBody(parent), m_path(content.path()), m_pageSizes(content.pageSizes()),
+      m_pageCount(content.pageCount()), m_threads(threads),
+      m_scrollBar(new QScrollBar(Qt::Vertical, this))
+{
+    setAccessibleName(tr("Document of %n pages", nullptr, m_pageCount));
+    m_pages.emplace(0, QPixmap::fromImage(content.first()));
+    m_scrollBar->setFocusPolicy(Qt::NoFocus);
+    connect(m_scrollBar, &QScrollBar::valueChanged, this, [this] {
+        update();
+        readNextInSight();
+    });
+}
+
+int PdfBody::columnWidth() const
+{
+    return qMax(1, width() - 2 * kMargin);
+}
+
+void PdfBody::layOut()
+{
+    m_rects.clear();
+    int y = kMargin;
+    for (const QSizeF &size : m_pageSizes) {
+        const qreal ratio = std::min(size.height() / size.width(), kLongestRatio);
+        m_rects.emplace_back(kMargin, y, columnWidth(), qMax(1, qRound(columnWidth() * ratio)));
+        y = m_rects.back().bottom() + 1 + kGap;
+    }
+    m_scrollBar->setGeometry(width() - 10, 0, 10, height());
+    m_scrollBar->setPageStep(height());
+    m_scrollBar->setSingleStep(40);
+    m_scrollBar->setRange(0, qMax(0, y - kGap + kMargin - height()));
+    m_scrollBar->setVisible(m_scrollBar->maximum() > 0);
+}
+
+std::pair<int, int> PdfBody::inSight() const
+{
+    const int top = m_scrollBar->value();
+    const auto first = std::find_if(m_rects.begin(), m_rects.end(),
+                                    [top](const QRect &rect) { return rect.bottom() >= top; });
+    const auto last = std::find_if(first, m_rects.end(), [this, top](const QRect &rect) {
+        return rect.top() > top + height();
+    });
+    return {static_cast<int>(first - m_rects.begin()), static_cast<int>(last - m_rects.begin())};
+}
+
+void PdfBody::readNextInSight()
+{
+    const auto [first, end] = inSight();
+    std::erase_if(m_pages, [first = first, end = end](const auto &page) {
+        return page.first < first - kKeptAround || page.first >= end + kKeptAround;
+    });
+    if (m_isReading)
+        return;
+    for (int page = first; page < end; ++page) {
+        if (m_pages.contains(page) || m_failed.contains(page))
+            continue;
+        m_isReading = true;
+        const int pixels = qRound(columnWidth() * devicePixelRatioF());
+        m_ticket = m_threads.run([this, path = m_path, page, pixels](const PreviewStop &stop) {
+            return [this, page, image = PdfContent::page(path, page, pixels, stop)] {
+                m_isReading = false;
+                if (image.isNull())
+                    m_failed.insert(page);
+                else
+                    m_pages[page] = QPixmap::fromImage(image);
+                update();
+                readNextInSight();
+            };
+        });
+        return;
+    }
+}
+
+void PdfBody::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    ScrollBars::makeSlim(*m_scrollBar, colors);
+    update();
+}
+
+void PdfBody::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const auto [first, end] = inSight();
+    for (int page = first; page < end; ++page) {
+        const QRect rect = m_rects[static_cast<size_t>(page)].translated(0, -m_scrollBar->value());
+        const auto drawn = m_pages.find(page);
+        if (drawn == m_pages.end())
+            painter.fillRect(rect, Qt::white);
+        else
+            painter.drawPixmap(rect, drawn->second);
+        painter.setPen(m_colors.separator);
+        painter.drawRect(rect.adjusted(-1, -1, 0, 0));
+    }
+}
+
+void PdfBody::resizeEvent(QResizeEvent *event)
+{
+    PreviewBody::resizeEvent(event);
+    layOut();
+    readNextInSight();
+}
+
+void PdfBody::wheelEvent(QWheelEvent *event)
+{
+    QCoreApplication::sendEvent(m_scrollBar, event);
+}

@@ -1,0 +1,51 @@
+#include "Clipboard/preview/ThumbnailRenderer.h"
+
+#include "Clipboard/preview/ImageRenderer.h"
+#include "Clipboard/preview/PreviewFile.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QMimeType>
+#include <QStandardPaths>
+#include <QUrl>
+
+bool ThumbnailRenderer::accepts(const QMimeType &type) const
+{
+    const QString name = type.name();
+    for (const char *prefix :
+         {"audio/", "video/", "application/vnd.oasis.opendocument", "application/msword",
+          "application/vnd.ms-", "application/vnd.openxmlformats-officedocument", "image/",
+          "application/epub", "application/postscript"})
+        if (name.startsWith(QLatin1String(prefix)))
+            return true;
+    return false;
+}
+
+std::shared_ptr<const PreviewContent> ThumbnailRenderer::read(PreviewFile &file, const QMimeType &,
+                                                              QSize, const PreviewStop &stop) const
+{
+    constexpr qint64 kMostBytes = 8 << 20;
+    constexpr int kMostExtent = 1024; ///< Of the largest kind of thumbnail.
+    const QByteArray address = QUrl::fromLocalFile(file.path()).toEncoded();
+    const QString name = QString::fromLatin1(
+        QCryptographicHash::hash(address, QCryptographicHash::Md5).toHex() + ".png");
+    const QString written =
+        QString::number(QFileInfo(file.path()).lastModified().toSecsSinceEpoch());
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    for (const char *size : {"xx-large", "x-large", "large", "normal"}) {
+        PreviewFile thumbnail(
+            QStringLiteral("%1/thumbnails/%2/%3").arg(cache, QLatin1String(size), name), stop);
+        if (!thumbnail.openRegular())
+            continue;
+        thumbnail.setByteLimit(kMostBytes);
+        QImageReader reader(&thumbnail, "png");
+        if (reader.size().width() > kMostExtent || reader.size().height() > kMostExtent)
+            continue;
+        const QImage image = reader.read();
+        if (image.isNull() || image.text(QStringLiteral("Thumb::MTime")) != written)
+            continue;
+        return std::make_shared<ImageContent>(std::vector<ImageContent::Frame>{{image, 0}}, false);
+    }
+    return nullptr;
+}
