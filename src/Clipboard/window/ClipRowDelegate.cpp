@@ -10,6 +10,8 @@ namespace {
 constexpr int kPaddingLeft = 10;
 constexpr int kPaddingRight = 14;
 constexpr int kNumberGap = 12;
+constexpr int kIconExtent = 16;
+constexpr int kIconGap = 6;
 
 /// More characters than a row can show at any width; the rest is not even looked at.
 constexpr qsizetype kShownCharacters = 400;
@@ -52,7 +54,7 @@ QString ClipRowDelegate::recognisableText(const QString &displayText)
     return shown;
 }
 
-void ClipRowDelegate::paint(QPainter &painter, const Row &row) const
+void ClipRowDelegate::paint(QPainter &painter, const Row &row)
 {
     QColor numberColor = m_colors.quietText;
     if (row.isSelected) {
@@ -65,13 +67,21 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row) const
     painter.drawText(row.numberRect.adjusted(0, 0, -kNumberGap, 0),
                      Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, row.number);
 
-    const QRect rect = row.valueRect.adjusted(0, 0, -kPaddingRight, 0);
+    QRect rect = row.valueRect.adjusted(0, 0, -kPaddingRight, 0);
+    if (row.filepath) {
+        const QColor color = row.isSelected ? m_colors.selectedText : m_colors.quietText;
+        painter.drawPixmap(rect.left(), rect.top() + (rect.height() - kIconExtent) / 2,
+                           m_fileIcons.pixmap(*row.filepath, kIconExtent, color,
+                                              painter.device()->devicePixelRatioF()));
+        rect.setLeft(rect.left() + kIconExtent + kIconGap);
+    }
     const QString text = recognisableText(row.value);
     const bool isRightToLeft = text.isRightToLeft();
     painter.setFont(m_font);
     painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.text);
     painter.setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    // The end of a path tells more than its middle.
     painter.drawText(rect, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
                      QFontMetrics(m_font).elidedText(
-                         text, row.isFile ? Qt::ElideMiddle : Qt::ElideRight, rect.width()));
+                         text, row.filepath ? Qt::ElideMiddle : Qt::ElideRight, rect.width()));
 }

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/FileIcons.h"
 
 #include <QFont>
 #include <QRect>
 #include <QString>
+
+#include <optional>
 
 class QPainter;
 
@@ -19,7 +22,7 @@ public:
         QRect valueRect;
         QString number;
         QString value;
-        bool isFile = false; ///< The end of a path tells more than its middle.
+        std::optional<QString> filepath; ///< Of a copied file.
         bool isSelected = false;
     };
 
@@ -30,7 +33,7 @@ public:
     /// Width that the running numbers of a list of `rowCount` clips need.
     int numberWidth(int rowCount) const;
 
-    void paint(QPainter &painter, const Row &row) const;
+    void paint(QPainter &painter, const Row &row);
 
     /// What a row shows of a display text: its beginning without leading blanks, on one line.
     static QString recognisableText(const QString &displayText);
@@ -39,4 +42,5 @@ private:
     ClipColors m_colors;
     QFont m_font;
     QFont m_numberFont;
+    FileIcons m_fileIcons;
 };

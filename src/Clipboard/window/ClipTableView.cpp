@@ -253,7 +253,7 @@ void ClipTableView::paintEvent(QPaintEvent *event)
             m_delegate->tableView(ViewController::TableColumn::Row, row).value_or(QString());
         drawn.value =
             m_delegate->tableView(ViewController::TableColumn::Value, row).value_or(QString());
-        drawn.isFile = m_delegate->isFileClip(row);
+        drawn.filepath = m_delegate->filepath(row);
         drawn.isSelected = row == m_selectedIdx;
         if (drawn.isSelected) {
             painter.setPen(Qt::NoPen);

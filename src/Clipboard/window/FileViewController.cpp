@@ -135,6 +135,10 @@ void FileViewController::setColors(const ClipColors &colors)
     QPalette palette;
     palette.setColor(QPalette::WindowText, colors.quietText);
     palette.setColor(QPalette::Window, colors.separator);
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, colors.quietText);
+    palette.setColor(QPalette::Highlight, colors.selected);
+    palette.setColor(QPalette::HighlightedText, colors.selectedText);
     m_filepathLabel->setPalette(palette);
     m_separatorLine->setPalette(palette);
     QPalette warning;

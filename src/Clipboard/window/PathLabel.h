@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QLabel>
+#include <QLineEdit>
 
 /// A label that shows a path on one line, elided in the middle where it does not fit, and whole in
-/// its tool tip. Its text stays the whole path.
-class PathLabel : public QLabel
+/// its tool tip. Clicked, it shows the whole path selected, ready to be copied. Its text stays the
+/// whole path.
+class PathLabel : public QLineEdit
 {
     Q_OBJECT
 
@@ -17,4 +18,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    bool m_isEntered = false; ///< The click that brought the keyboard is still held.
 };

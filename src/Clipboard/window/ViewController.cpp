@@ -231,10 +231,10 @@ std::optional<QString> ViewController::tableView(TableColumn column, int row) co
     return item ? item->shortText() : std::nullopt;
 }
 
-bool ViewController::isFileClip(int row) const
+std::optional<QString> ViewController::filepath(int row) const
 {
     const std::shared_ptr<ClipItem> item = itemAt(row);
-    return item && item->filepath().has_value();
+    return item ? item->filepath() : std::nullopt;
 }
 
 std::shared_ptr<ClipItem> ViewController::itemAt(int row) const

@@ -74,8 +74,8 @@ public:
     int numberOfRowsInTableView() const;
     /// A cell's text; none outside the list.
     std::optional<QString> tableView(TableColumn column, int row) const;
-    /// Whether the row holds a copied file.
-    bool isFileClip(int row) const;
+    /// Path of the file that the row's clip copied; none for any other clip.
+    std::optional<QString> filepath(int row) const;
     const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;
     void filterDataArray(const std::optional<QString> &text);
 

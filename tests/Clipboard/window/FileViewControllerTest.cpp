@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <QFrame>
+#include <QLabel>
 #include <QPointer>
 
 namespace {
@@ -112,6 +113,16 @@ TEST_F(FileViewControllerTest, aFileDeletedWhileItIsShownBringsTheWarning)
     memory.workspace.removeFile(path);
     ASSERT_TRUE(QFile::remove(path));
     EXPECT_TRUE(waitFor(QStringLiteral("warning")));
+}
+
+TEST_F(FileViewControllerTest, aClickOnThePathSelectsTheWholeOfIt)
+{
+    const QString path = addFile(QStringLiteral("there.txt"));
+    open();
+    QTest::mouseClick(pane.filepathLabel(), Qt::LeftButton);
+    EXPECT_EQ(pane.filepathLabel()->selectedText(), path);
+    field->setFocus();
+    EXPECT_FALSE(pane.filepathLabel()->hasSelectedText());
 }
 
 TEST_F(FileViewControllerTest, thePreviewFillsThePaneDownToThreePointsAboveTheSeparator)
