@@ -85,8 +85,8 @@ class FirstPress(WelcomeJourney):
 
 
 class Ends(WelcomeJourney):
-    def test_a_quit_a_signal_and_the_sessions_end_are_clean_during_it(self):
-        for end in ("key", "terminate"):
+    def test_a_quit_and_a_signal_during_it_are_clean(self):
+        for end in ("key", "signal"):
             with self.subTest(end):
                 self.show_welcome()
                 self.copy(f"kept through {end}")

@@ -2,14 +2,16 @@
 
 #include "Clipboard/welcome/PictureParts.h"
 
-#include <QEvent>
 #include <QPainter>
+#include <QtMath>
 
 namespace {
 
 constexpr int kSideMargin = 22;
-constexpr int kMiddle = 148; ///< Width of the part between the two states, in points.
+constexpr int kAroundKeys = 12; ///< Points on either side of the keys.
 constexpr int kPadding = 12;
+constexpr int kGap = 10; ///< Points between the document and the clips.
+constexpr int kClips = 3;
 
 } // namespace
 
@@ -19,7 +21,19 @@ void SwopPicture::setColors(const ClipColors &colors)
 {
     WelcomeStage::setColors(colors);
     m_keys->setColors(KeyCapColors::ofScheme(colors));
+    setMinimumHeight(qMax(minimumHeight(), qCeil(stateHeight()) + 2 * kSideMargin));
     placeKeys();
+}
+
+qreal SwopPicture::lineHeight() const
+{
+    return fontMetrics().height() + 10;
+}
+
+qreal SwopPicture::stateHeight() const
+{
+    // The heading, two lines of the document, the clips.
+    return (1 + 2 + kClips) * lineHeight() + kPadding + kGap;
 }
 
 void SwopPicture::placeKeys()
@@ -43,7 +57,7 @@ void SwopPicture::paintEvent(QPaintEvent *event)
     const QString place = tr("Reed Lane 7");
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal side = (width() - kMiddle) / 2.0 - kSideMargin;
+    const qreal side = (width() - m_keys->width()) / 2.0 - kAroundKeys - kSideMargin;
     const QRectF left(kSideMargin, 0, side, height());
     const QRectF right(width() - kSideMargin - side, 0, side, height());
     drawState(painter, left, {tr("Before"), monday, {time, thursday, place}, 1});
@@ -55,11 +69,9 @@ void SwopPicture::paintEvent(QPaintEvent *event)
 
 void SwopPicture::drawState(QPainter &painter, const QRectF &place, const State &state) const
 {
-    const qreal line = fontMetrics().height() + 10;
+    const qreal line = lineHeight();
     const qreal documentHeight = 2 * line + kPadding;
-    const qreal clipsHeight = static_cast<qreal>(state.clips.size()) * line;
-    const qreal total = line + documentHeight + 10 + clipsHeight;
-    const QRectF heading(place.left(), place.center().y() - total / 2, place.width(), line);
+    const QRectF heading(place.left(), place.center().y() - stateHeight() / 2, place.width(), line);
     painter.setPen(colors().quietText);
     painter.drawText(heading, Qt::AlignLeft | Qt::AlignVCenter, state.heading);
 
@@ -79,9 +91,9 @@ void SwopPicture::drawState(QPainter &painter, const QRectF &place, const State 
     painter.drawText(QRectF(writing + QPointF(0, line), QSizeF(place.width(), line)),
                      Qt::AlignVCenter, tr("by the old mill."));
 
-    const QRectF clips(place.left(), document.bottom() + 10, place.width(), clipsHeight);
+    const QRectF clips(place.left(), document.bottom() + kGap, place.width(), kClips * line);
     PictureParts::drawCard(painter, clips, colors());
-    for (int row = 0; row < state.clips.size(); ++row) {
+    for (int row = 0; row < kClips; ++row) {
         const QRectF rowPlace(clips.left() + 1, clips.top() + row * line, clips.width() - 2, line);
         if (row == state.marked)
             painter.fillRect(rowPlace.adjusted(0, 1, 0, -1), colors().selected);

@@ -34,6 +34,8 @@ private:
     };
 
     void drawState(QPainter &painter, const QRectF &place, const State &state) const;
+    qreal lineHeight() const;
+    qreal stateHeight() const;
     void placeKeys();
 
     KeyCaps *m_keys;

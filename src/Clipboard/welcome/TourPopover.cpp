@@ -68,7 +68,8 @@ void TourPopover::place()
     QWidget *const anchor = m_anchor;
     if (!anchor)
         return;
-    const QSize content = m_content->sizeHint().expandedTo(m_content->minimumSize());
+    const int width = m_content->minimumWidth();
+    const QSize content(width, m_content->heightForWidth(width));
     m_content->resize(content);
     const int around = 2 * (kAway + kPadding);
     const QSize whole(content.width() + around, content.height() + around);

@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr int kTextWidth = 262;
+constexpr int kLeastWidth = 262;
+constexpr int kCharactersAcross = 37;
 constexpr qreal kTitleScale = 1.2;
 
 QLabel *makeLabel(const QString &text, QWidget *parent)
@@ -33,7 +34,7 @@ TourViewController::TourViewController(const Content &content, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(7);
-    setFixedWidth(kTextWidth);
+    setFixedWidth(qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth()));
 
     QLabel *title = makeLabel(content.title, this);
     title->setObjectName(QStringLiteral("tourTitle"));

@@ -26,26 +26,18 @@ WelcomePage::WelcomePage(WelcomeStage *stage, const QString &title, const QStrin
 {
     m_column->setContentsMargins(kSideMargin, kSideMargin, kSideMargin, 6);
     m_column->setSpacing(8);
-    m_column->addWidget(stage, 1);
+    m_column->addWidget(stage);
     m_column->addSpacing(10);
     m_column->addWidget(m_title);
     m_column->addWidget(m_text);
+    m_column->addStretch();
     stage->show();
 }
 
-QString WelcomePage::title() const
+void WelcomePage::addBelow(QLayout *layout)
 {
-    return m_title->text();
-}
-
-QString WelcomePage::text() const
-{
-    return m_text->text();
-}
-
-void WelcomePage::setText(const QString &text)
-{
-    m_text->setText(text);
+    m_column->insertSpacing(m_column->count() - 1, 6);
+    m_column->insertLayout(m_column->count() - 1, layout);
 }
 
 void WelcomePage::setColors(const ClipColors &colors)

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QLabel;
+class QLayout;
 class QVBoxLayout;
 class WelcomeStage;
 
@@ -18,15 +19,11 @@ public:
     /// The page becomes the stage's parent.
     WelcomePage(WelcomeStage *stage, const QString &title, const QString &text);
 
-    WelcomeStage *stage() const { return m_stage; }
-    QString title() const;
-    QString text() const;
-    void setText(const QString &text);
-    void setColors(const ClipColors &colors);
+    virtual void setColors(const ClipColors &colors);
 
 protected:
-    /// Takes more below the words.
-    QVBoxLayout *column() const { return m_column; }
+    /// Puts more below the words.
+    void addBelow(QLayout *layout);
 
 private:
     WelcomeStage *m_stage;

@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QHBoxLayout>
-#include <QVBoxLayout>
 
 WelcomePage1Controller::WelcomePage1Controller()
     : WelcomePage(new RecordPicture, tr("Everything you copy, at hand"),
@@ -20,6 +19,16 @@ WelcomePage1Controller::WelcomePage1Controller()
     choices->addWidget(openAtLogin);
     choices->addWidget(checkForUpdates);
     choices->addStretch();
-    column()->addSpacing(6);
-    column()->addLayout(choices);
+    addBelow(choices);
+}
+
+void WelcomePage1Controller::setColors(const ClipColors &colors)
+{
+    WelcomePage::setColors(colors);
+    // The page is darker than the windows that a dark desktop's style draws its boxes for.
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Window, colors.quietText);
+    palette.setColor(QPalette::Base, colors.isDark ? colors.control : colors.paper);
+    openAtLogin->setPalette(palette);
+    checkForUpdates->setPalette(palette);
 }

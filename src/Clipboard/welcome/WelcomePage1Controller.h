@@ -13,6 +13,9 @@ class WelcomePage1Controller : public WelcomePage
 public:
     WelcomePage1Controller();
 
+    // ^WelcomePage
+    void setColors(const ClipColors &colors) override;
+
     QCheckBox *openAtLogin;
     QCheckBox *checkForUpdates;
 };

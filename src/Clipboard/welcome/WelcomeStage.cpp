@@ -6,14 +6,14 @@
 namespace {
 
 constexpr qreal kRadius = 8;
-constexpr int kLeastHeight = 232;
+constexpr int kLeastHeight = 256;
 
 } // namespace
 
 WelcomeStage::WelcomeStage(QWidget *parent) : QWidget(parent)
 {
     setMinimumHeight(kLeastHeight);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void WelcomeStage::setColors(const ClipColors &colors)
