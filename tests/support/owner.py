@@ -31,6 +31,7 @@ class Owner:
         self.transfers = {}
         self.after_first_chunk = None
         self.answers = True
+        self.was_fetched = False
 
     def atom(self, name):
         if name not in self.atoms:
@@ -40,6 +41,7 @@ class Owner:
     def own(self, formats):
         """`formats`: target name to bytes."""
         self.formats = {self.atom(name): data for name, data in formats.items()}
+        self.was_fetched = False
         self.window.set_selection_owner(self.atom("CLIPBOARD"), X.CurrentTime)
         self.display.flush()
 
@@ -52,6 +54,13 @@ class Owner:
             if wait is not None and wait <= 0:
                 return
             select.select([self.display.fileno()], [], [], wait)
+
+    def serve_until_fetched(self, seconds):
+        """A text that its owner replaces before answering for it was never to be had by anybody;
+        on a busy machine that takes this program longer than the interval."""
+        limit = time.monotonic() + seconds
+        while not self.was_fetched and time.monotonic() < limit:
+            self.serve(0.001)
 
     def handle(self, happened):
         if happened.type == X.SelectionRequest and self.answers:
@@ -73,6 +82,7 @@ class Owner:
                                                                 request.target, data, 0]
             else:
                 request.requestor.change_property(given, request.target, 8, data)
+                self.was_fetched = True
         else:
             given = X.NONE
         request.requestor.send_event(event.SelectionNotify(
@@ -114,6 +124,7 @@ def main():
         for i in range(count):
             owner.own({"UTF8_STRING": f"burst copy {i}".encode()})
             owner.serve(interval / 1000)
+            owner.serve_until_fetched(1)
         print("owner", flush=True)
         owner.serve(2)
         return
