@@ -1,7 +1,10 @@
 #include "Clipboard/AppDelegate.h"
 
 #include "Clipboard/GlobalShortcuts.h"
+#include "Clipboard/HelpPage.h"
+#include "Clipboard/LiveSettings.h"
 #include "Clipboard/StatusMenu.h"
+#include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/PreferencesApplicationViewController.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/welcome/TourGuide.h"
@@ -13,7 +16,6 @@
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
 #include "Clipboard/window/WindowDelegate.h"
-#include "history/CaptureSettings.h"
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/ClipPaster.h"
@@ -26,11 +28,8 @@
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QShortcut>
 #include <QTimer>
 
@@ -42,48 +41,7 @@ Q_LOGGING_CATEGORY(lcApplication, "quillmarsh.application")
 
 constexpr std::chrono::milliseconds kPollInterval{1000};
 
-/// The help page lies beside the program, in the build tree as after installation.
-QUrl helpPageUrl()
-{
-    const QString path =
-        QDir(QCoreApplication::applicationDirPath())
-            .absoluteFilePath(QStringLiteral("../share/quillmarsh/help/index.html"));
-    return QFileInfo::exists(path) ? QUrl::fromLocalFile(QDir::cleanPath(path)) : QUrl();
-}
-
 } // namespace
-
-/// What capture asks for: the values that the two preference panes show at that moment.
-class AppDelegate::LiveSettings : public CaptureSettings
-{
-public:
-    explicit LiveSettings(const AppDelegate &delegate) : m_delegate(delegate) {}
-
-    // ^CaptureSettings
-    qint64 getMaxItems() const override { return m_delegate.m_preferencesGeneral->getMaxItems(); }
-    qint64 getMaxStringSize() const override
-    {
-        return m_delegate.m_preferencesGeneral->getMaxStringSize();
-    }
-    bool isNotificationsEnabled() const override
-    {
-        return m_delegate.m_preferencesGeneral->isNotificationsEnabled();
-    }
-    QStringList ignoredNames() const override
-    {
-        QStringList names;
-        for (const ApplicationDef &application : m_delegate.m_preferencesApplication->data())
-            names.append(application.name);
-        return names;
-    }
-    bool isRecordingAllowed() const override
-    {
-        return !m_delegate.m_platform.settings->areSettingsDamaged();
-    }
-
-private:
-    const AppDelegate &m_delegate;
-};
 
 /// The window operations that a paste needs.
 class AppDelegate::PasteWindow : public HistoryWindow
@@ -93,11 +51,7 @@ public:
 
     // ^HistoryWindow
     void hideApp() override { m_delegate.hideApp(); }
-    void cancelOperation() override
-    {
-        if (m_delegate.m_windowController)
-            m_delegate.m_windowController->cancelOperation();
-    }
+    void cancelOperation() override { m_delegate.hideApp(); }
     void showAtMouse() override { m_delegate.setWindowVisible(); }
 
 private:
@@ -113,7 +67,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(platform, storeFolder);
     m_tourGuide = std::make_unique<TourGuide>();
-    m_liveSettings = std::make_unique<LiveSettings>(*this);
+    m_liveSettings = std::make_unique<LiveSettings>(*m_preferencesGeneral,
+                                                    *m_preferencesApplication, *platform.settings);
     m_pasteWindow = std::make_unique<PasteWindow>(*this);
     m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
     m_hotKeyField = std::make_unique<HotKeyTextField>(*platform.hotKeys, *platform.keyboardLayout);
@@ -233,22 +188,8 @@ void AppDelegate::askAboutDamagedSettings()
 {
     if (!m_platform.settings->areSettingsDamaged())
         return;
-    auto *question = new QMessageBox(QMessageBox::Warning, appName(),
-                                     tr("Your settings could not be read"), QMessageBox::NoButton);
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    question->setInformativeText(
-        tr("They were set aside beside %1. The list of ignored applications was among them, so "
-           "nothing is recorded until you decide.")
-            .arg(m_platform.settings->location()));
-    const QAbstractButton *fresh =
-        question->addButton(tr("Start with fresh settings"), QMessageBox::AcceptRole);
-    question->addButton(tr("Quit"), QMessageBox::RejectRole);
-    connect(question, &QMessageBox::buttonClicked, this, [this, fresh](QAbstractButton *clicked) {
-        if (clicked == fresh)
-            m_platform.settings->acceptFreshSettings();
-        else
-            quit();
-    });
+    auto *question = new DamagedSettingsQuestion(*m_platform.settings);
+    connect(question, &DamagedSettingsQuestion::quitChosen, this, &AppDelegate::quit);
     question->open();
 }
 
@@ -295,13 +236,7 @@ void AppDelegate::clearAll()
 
 void AppDelegate::help()
 {
-    const QUrl page = helpPageUrl();
-    if (!page.isValid()) {
-        qCWarning(lcApplication, "invalid help url");
-        return;
-    }
-    if (m_platform.workspace->openUrl(page))
-        qCInfo(lcApplication, "url help successfully opened");
+    openHelpPage(*m_platform.workspace);
 }
 
 void AppDelegate::quit()

@@ -19,6 +19,7 @@ class ClipboardCapture;
 class ClipboardWindow;
 class HotKeyManager;
 class HotKeyTextField;
+class LiveSettings;
 class PreferencesApplicationViewController;
 class PreferencesGeneralViewController;
 class QTimer;
@@ -139,7 +140,6 @@ Q_SIGNALS:
     void clipItemArrChanged();
 
 private:
-    class LiveSettings;
     class PasteWindow;
 
     void timeout();

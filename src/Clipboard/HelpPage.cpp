@@ -1,0 +1,35 @@
+#include "Clipboard/HelpPage.h"
+
+#include "platform/Workspace.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QUrl>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcHelp, "quillmarsh.help")
+
+/// The help page lies beside the program, in the build tree as after installation.
+QUrl helpPageUrl()
+{
+    const QString path =
+        QDir(QCoreApplication::applicationDirPath())
+            .absoluteFilePath(QStringLiteral("../share/quillmarsh/help/index.html"));
+    return QFileInfo::exists(path) ? QUrl::fromLocalFile(QDir::cleanPath(path)) : QUrl();
+}
+
+} // namespace
+
+void openHelpPage(Workspace &workspace)
+{
+    const QUrl page = helpPageUrl();
+    if (!page.isValid()) {
+        qCWarning(lcHelp, "invalid help url");
+        return;
+    }
+    if (workspace.openUrl(page))
+        qCInfo(lcHelp, "url help successfully opened");
+}
