@@ -18,34 +18,40 @@ class Quillmarsh:
         self.desktop = desktop
         self.binary = binary
         self.log = []
+        self._has_ended = False
+        self._log_grew = threading.Condition()
         if welcomed and not self.settings.exists():
             self.settings.parent.mkdir(parents=True, exist_ok=True)
             self.settings.write_bytes(plistlib.dumps({"welcomeWindowShown": True}))
         variables = dict(desktop.environment, QUILLMARSH_TRACE="1", **(environment or {}))
         self.process = desktop.start([binary], env=variables, stdout=subprocess.PIPE,
                                      stderr=subprocess.STDOUT)
-        self._reader = threading.Thread(target=self._read, daemon=True)
-        self._reader.start()
+        threading.Thread(target=self._read, daemon=True).start()
         if wait:
             self.wait_for_log("devmate setup complete")
 
     def _read(self):
         try:
             for line in self.process.stdout:
-                self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
+                with self._log_grew:
+                    self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
+                    self._log_grew.notify_all()
         except ValueError:
             pass  # closed with the desktop
+        with self._log_grew:
+            self._has_ended = True
+            self._log_grew.notify_all()
 
     def wait_for_log(self, text, count=1, seconds=10):
         def seen():
-            if self.process.poll() is not None and count_of() < count:
-                raise AssertionError("Quillmarsh ended:\n" + "\n".join(self.log))
-            return count_of() >= count
+            return sum(text in line for line in self.log) >= count
 
-        def count_of():
-            return sum(text in line for line in self.log)
-
-        self.desktop.wait_for(seen, f"the log line '{text}'", seconds)
+        with self._log_grew:
+            if self._log_grew.wait_for(lambda: seen() or self._has_ended, seconds):
+                if not seen():
+                    raise AssertionError("Quillmarsh ended:\n" + "\n".join(self.log))
+                return
+        raise TimeoutError(f"the log line '{text}' did not come within {seconds:g} s")
 
     @property
     def settings(self):
