@@ -6,6 +6,7 @@ find_package(SQLite3 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 
 pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(archive REQUIRED IMPORTED_TARGET libarchive)
 pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-xfixes xcb-xtest xcb-xkb xcb-xinput)
 pkg_check_modules(xkbcommon REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11)
 if(QUILLMARSH_TESTS)

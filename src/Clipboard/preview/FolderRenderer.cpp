@@ -16,18 +16,9 @@ namespace {
 
 constexpr qint64 kMostMilliseconds = 300;
 
-/// What a folder holds, as far as it was counted.
-struct Count
+ListCount counted(const QString &path, QStringList *names, const PreviewStop &stop)
 {
-    QStringList entries;
-    qint64 entryCount = 0;
-    qint64 bytes = 0;
-    bool isWhole = true;
-};
-
-Count counted(const QString &path, const PreviewStop &stop)
-{
-    Count count;
+    ListCount count;
     QElapsedTimer timer;
     timer.start();
     int looked = 0;
@@ -40,8 +31,8 @@ Count counted(const QString &path, const PreviewStop &stop)
     QDirIterator entries(path, kAll);
     while (entries.hasNext() && !isEnough()) {
         const QFileInfo entry = entries.nextFileInfo();
-        ++count.entryCount;
-        count.entries.append(entry.isDir() ? entry.fileName() + u'/' : entry.fileName());
+        ++count.entries;
+        names->append(entry.isDir() ? entry.fileName() + u'/' : entry.fileName());
     }
     QDirIterator files(path, kAll | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext() && !isEnough()) {
@@ -63,8 +54,18 @@ QStringList firstSorted(QStringList entries)
             return isFolder;
         return collator.compare(a, b) < 0;
     });
-    entries.resize(qMin(entries.size(), FolderRenderer::kMostEntries));
+    entries.resize(qMin(entries.size(), ListContent::kMostEntries));
     return entries;
+}
+
+QString summed(const ListCount &count)
+{
+    const QString size = QLocale().formattedDataSize(count.bytes);
+    const QString entries = count.entries == 1
+                                ? ListBody::tr("1 entry")
+                                : ListBody::tr("%1 entries").arg(QLocale().toString(count.entries));
+    return count.isWhole ? ListBody::tr("%1, %2").arg(entries, size)
+                         : ListBody::tr("%1, %2 or more").arg(entries, size);
 }
 
 } // namespace
@@ -77,19 +78,13 @@ bool FolderRenderer::accepts(const QMimeType &type) const
 std::shared_ptr<const PreviewContent> FolderRenderer::read(PreviewFile &file, const QMimeType &,
                                                            QSize, const PreviewStop &stop) const
 {
-    const Count count = counted(file.path(), stop);
-    const QString size = QLocale().formattedDataSize(count.bytes);
-    const QString entries =
-        count.entryCount == 1
-            ? ListBody::tr("1 entry")
-            : ListBody::tr("%1 entries").arg(QLocale().toString(count.entryCount));
-    const QString summary = count.isWhole ? ListBody::tr("%1, %2").arg(entries, size)
-                                          : ListBody::tr("%1, %2 or more").arg(entries, size);
-    return std::make_shared<ListContent>(summary, firstSorted(count.entries));
+    QStringList names;
+    const ListCount count = counted(file.path(), &names, stop);
+    return std::make_shared<ListContent>(count, firstSorted(std::move(names)));
 }
 
-ListContent::ListContent(QString summary, QStringList entries)
-    : m_summary(std::move(summary)), m_entries(std::move(entries))
+ListContent::ListContent(const ListCount &count, QStringList entries)
+    : m_summary(summed(count)), m_entries(std::move(entries))
 {
 }
 

@@ -8,8 +8,7 @@
 class FolderRenderer : public PreviewRenderer
 {
 public:
-    static constexpr qsizetype kMostEntries = 200; ///< Shown.
-    static constexpr int kMostCounted = 20'000;    ///< Looked at, in the folders below as well.
+    static constexpr int kMostCounted = 20'000; ///< Looked at, in the folders below as well.
 
     // ^PreviewRenderer
     bool accepts(const QMimeType &type) const override;
@@ -18,11 +17,21 @@ public:
                                                const PreviewStop &stop) const override;
 };
 
+/// How much a folder or an archive holds. A value.
+struct ListCount
+{
+    qint64 entries = 0;
+    qint64 bytes = 0;    ///< Unpacked.
+    bool isWhole = true; ///< False when there is more than was counted.
+};
+
 /// A line that sums up, and the names of entries, folders with a slash at their end.
 class ListContent : public PreviewContent
 {
 public:
-    ListContent(QString summary, QStringList entries);
+    static constexpr qsizetype kMostEntries = 200; ///< Shown.
+
+    ListContent(const ListCount &count, QStringList entries);
 
     const QString &summary() const { return m_summary; }
     const QStringList &entries() const { return m_entries; }

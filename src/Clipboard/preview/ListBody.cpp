@@ -8,10 +8,24 @@
 #include <QLabel>
 #include <QListWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kMargin = 14;
 constexpr int kIconExtent = 16;
+
+/// A name may hold line breaks and other characters that would distort its line.
+QString inOneLine(QString name)
+{
+    const auto isControl = [](QChar character) {
+        const QChar::Category category = character.category();
+        return category == QChar::Other_Control || category == QChar::Separator_Line ||
+               category == QChar::Separator_Paragraph;
+    };
+    std::replace_if(name.begin(), name.end(), isControl, QChar(QChar::ReplacementCharacter));
+    return name;
+}
 
 } // namespace
 
@@ -20,7 +34,7 @@ ListBody::ListBody(const ListContent &content, QWidget *parent)
       m_list(new QListWidget(this))
 {
     m_summary->setTextFormat(Qt::PlainText);
-    m_list->setAccessibleName(tr("Entries of the folder"));
+    m_list->setAccessibleName(tr("Entries"));
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setSelectionMode(QAbstractItemView::NoSelection);
     m_list->setFocusPolicy(Qt::NoFocus);
@@ -29,7 +43,8 @@ ListBody::ListBody(const ListContent &content, QWidget *parent)
     m_list->setUniformItemSizes(true);
     m_list->setIconSize(QSize(kIconExtent, kIconExtent));
     m_list->viewport()->setAutoFillBackground(false);
-    m_list->addItems(content.entries());
+    for (const QString &entry : content.entries())
+        m_list->addItem(inOneLine(entry));
 }
 
 void ListBody::setColors(const ClipColors &colors)

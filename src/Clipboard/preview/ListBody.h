@@ -6,7 +6,7 @@ class ListContent;
 class QLabel;
 class QListWidget;
 
-/// Shows what a folder holds.
+/// Shows what a folder or an archive holds.
 class ListBody : public PreviewBody
 {
     Q_OBJECT

@@ -1,5 +1,6 @@
 #include "Clipboard/preview/PreviewRegistry.h"
 
+#include "Clipboard/preview/ArchiveRenderer.h"
 #include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/FolderRenderer.h"
 #include "Clipboard/preview/FontRenderer.h"
@@ -24,6 +25,7 @@ PreviewRegistry::PreviewRegistry()
     renderers->push_back(std::make_unique<ImageRenderer>());
     renderers->push_back(std::make_unique<PdfRenderer>());
     renderers->push_back(std::make_unique<FolderRenderer>());
+    renderers->push_back(std::make_unique<ArchiveRenderer>());
     renderers->push_back(std::make_unique<FontRenderer>());
     renderers->push_back(std::make_unique<TextRenderer>());
     renderers->push_back(std::make_unique<ThumbnailRenderer>());

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Clipboard/preview/PreviewRenderer.h"
+
+/// Archives: their entries in the order of the archive, as far as they were read in a moment.
+/// Nothing is unpacked but what must be skipped, and no other program is asked.
+class ArchiveRenderer : public PreviewRenderer
+{
+public:
+    static constexpr int kMostCounted = 20'000;
+
+    // ^PreviewRenderer
+    bool accepts(const QMimeType &type) const override;
+    std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
+                                               QSize pixels,
+                                               const PreviewStop &stop) const override;
+};
