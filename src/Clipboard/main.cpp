@@ -1,10 +1,15 @@
 #include "Clipboard/AppDelegate.h"
+#include "Clipboard/CommandLine.h"
+#include "Clipboard/DoorActions.h"
+#include "history/StoredClips.h"
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
+#include <QSessionManager>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -34,7 +39,8 @@ QString storeFolder(const Info &info)
            info.bundleIdentifier;
 }
 
-int runApplication(QApplication &application, InstanceDoor &door)
+/// `action` is what this start was asked for, performed once everything stands.
+int runApplication(QApplication &application, InstanceDoor &door, const QString &action)
 {
     const Info info = Info::main();
     const std::unique_ptr<Platform> platform = PlatformLoader::makePlatform();
@@ -50,15 +56,16 @@ int runApplication(QApplication &application, InstanceDoor &door)
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &delegate,
                      [&delegate] { delegate.saveContext(); });
-    QObject::connect(&door, &InstanceDoor::activated, &delegate, &AppDelegate::launch);
-    QObject::connect(&door, &InstanceDoor::actionRequested, &delegate,
-                     [&delegate](const QString &action) {
-                         if (action == u"preferences")
-                             delegate.openPreferences();
-                     });
+    // Whether it starts at login is a setting; a session must not start it beside that.
+    QObject::connect(
+        &application, &QGuiApplication::saveStateRequest, &delegate,
+        [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartNever); });
+    DoorActions actions(delegate, door);
     // Before the event loop, because a copy that is there already would be captured by an
     // application whose panes are not loaded yet.
     delegate.applicationDidFinishLaunching();
+    QMetaObject::invokeMethod(
+        &actions, [&actions, action] { actions.perform(action); }, Qt::QueuedConnection);
     door.open();
 
     const int status = QApplication::exec();
@@ -66,13 +73,28 @@ int runApplication(QApplication &application, InstanceDoor &door)
     return status;
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+/// The words of the command line without the program's name.
+QStringList wordsOf(int argc, char **argv)
 {
-    // First of all, so that a second start is over before it talks to the display.
-    std::unique_ptr<InstanceDoor> entered = PlatformLoader::makeDoor();
-    switch (entered->enter(QString())) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(QFile::decodeName(argv[i]));
+    return words;
+}
+
+/// The exit code of a start that ends before it becomes the application; absent when it becomes it.
+std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
+{
+    if (line.answer) {
+        std::fputs(qUtf8Printable(*line.answer), stdout);
+        return EXIT_SUCCESS;
+    }
+    if (line.problem) {
+        std::fprintf(stderr, "quillmarsh: %s; quillmarsh --help tells what there is\n",
+                     qUtf8Printable(*line.problem));
+        return CommandLine::kNotUnderstood;
+    }
+    switch (door.enter(line.action)) {
     case InstanceDoor::Entry::First:
         break;
     case InstanceDoor::Entry::Forwarded:
@@ -81,6 +103,24 @@ int main(int argc, char **argv)
         std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
         return EXIT_FAILURE;
     }
+    // Nobody runs, and nobody need: the clips are on disk.
+    if (line.action == u"clear-all")
+        return StoredClips::clear(storeFolder(Info::main())) ? EXIT_SUCCESS : EXIT_FAILURE;
+    if (line.action == u"quit")
+        return EXIT_SUCCESS;
+    return std::nullopt;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // First of all, so that a second start is over before it talks to the display.
+    const CommandLine line =
+        CommandLine::parse(wordsOf(argc, argv), *Info::main().bundleShortVersionString);
+    std::unique_ptr<InstanceDoor> entered = PlatformLoader::makeDoor();
+    if (const std::optional<int> status = endEarly(line, *entered))
+        return *status;
     if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {
         std::fprintf(stderr, "quillmarsh: %s\n", qUtf8Printable(*problem));
         return EXIT_FAILURE;
@@ -96,5 +136,5 @@ int main(int argc, char **argv)
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // The door listens on the application's event loop and so is closed before it.
     const std::unique_ptr<InstanceDoor> door = std::move(entered);
-    return runApplication(application, *door);
+    return runApplication(application, *door, line.action);
 }

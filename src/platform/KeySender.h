@@ -18,6 +18,10 @@ public:
     /// Whether keystrokes can be sent at all on this display.
     virtual bool isAvailable() const = 0;
 
+    /// Whether somebody has a key down that is no modifier. Another program's shortcut may keep the
+    /// keyboard until its key is let go, and what is typed meanwhile goes to that program.
+    virtual bool isKeyHeld() const = 0;
+
     /// Sends the desktop's copy or paste keystroke: `keyCode` is the virtual key C or V, combined
     /// with the modifier that the desktop uses for commands. Returns once the display server has
     /// taken the events. False when they could not be sent.

@@ -14,7 +14,8 @@ class Quillmarsh:
     """Starts the program on `desktop` and waits until it is ready. Its log is in `log`. Its user has
     completed the welcome, unless `welcomed` is false or there are settings already."""
 
-    def __init__(self, desktop, binary, environment=None, wait=True, welcomed=True):
+    def __init__(self, desktop, binary, environment=None, wait=True, welcomed=True,
+                 words=()):
         self.desktop = desktop
         self.binary = binary
         self.log = []
@@ -24,7 +25,7 @@ class Quillmarsh:
             self.settings.parent.mkdir(parents=True, exist_ok=True)
             self.settings.write_bytes(plistlib.dumps({"welcomeWindowShown": True}))
         variables = dict(desktop.environment, QUILLMARSH_TRACE="1", **(environment or {}))
-        self.process = desktop.start([binary], env=variables, stdout=subprocess.PIPE,
+        self.process = desktop.start([binary, *words], env=variables, stdout=subprocess.PIPE,
                                      stderr=subprocess.STDOUT)
         threading.Thread(target=self._read, daemon=True).start()
         if wait:

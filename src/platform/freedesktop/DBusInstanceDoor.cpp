@@ -67,6 +67,8 @@ QDBusMessage callFor(const DoorMessage &message)
     auto call = QDBusMessage::createMethodCall(Info::main().bundleIdentifier, kPath, kInterface,
                                                isAction ? QStringLiteral("ActivateAction")
                                                         : QStringLiteral("Activate"));
+    // The bus may know how to start us; what it started would wait for this very process.
+    call.setAutoStartService(false);
     if (isAction)
         call << message.action << QVariantList();
     call << ApplicationAdaptor::platformData(message.activationToken);

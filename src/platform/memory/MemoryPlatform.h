@@ -45,6 +45,7 @@ public:
 
     // ^KeySender
     bool isAvailable() const override { return m_isAvailable; }
+    bool isKeyHeld() const override { return false; }
     bool sendCommand(quint32 keyCode) override;
 
 private:

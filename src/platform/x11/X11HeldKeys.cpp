@@ -10,17 +10,19 @@ constexpr uint16_t kNeededMajor = 2;
 /// Since 2.1 raw events come while another client has the keyboard, too.
 constexpr uint16_t kNeededMinor = 1;
 
-bool hasKeyDown(xcb_input_query_device_state_reply_t &state, xcb_keycode_t keycode)
+X11HeldKeys::Keys keysDown(xcb_input_query_device_state_reply_t &state)
 {
+    X11HeldKeys::Keys down;
     xcb_input_input_state_iterator_t classes =
         xcb_input_query_device_state_classes_iterator(&state);
     for (; classes.rem > 0; xcb_input_input_state_next(&classes)) {
         if (classes.data->class_id != XCB_INPUT_INPUT_CLASS_KEY)
             continue;
         const auto *keys = reinterpret_cast<const xcb_input_key_state_t *>(classes.data);
-        return keys->keys[keycode / 8] & (1U << (keycode % 8));
+        for (size_t keycode = 0; keycode < down.size(); ++keycode)
+            down[keycode] = keys->keys[keycode / 8] & (1U << (keycode % 8));
     }
-    return false;
+    return down;
 }
 
 } // namespace
@@ -41,15 +43,15 @@ X11HeldKeys::X11HeldKeys(const X11Connection &connection) : m_connection(connect
         m_opcode = extension->major_opcode;
 }
 
-bool X11HeldKeys::isDown(xcb_keycode_t keycode) const
+X11HeldKeys::Keys X11HeldKeys::down() const
 {
     if (m_opcode == 0)
-        return false;
+        return {};
     xcb_connection_t *xcb = m_connection.get();
     const XcbPointer<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
         xcb, xcb_input_xi_query_device(xcb, XCB_INPUT_DEVICE_ALL), nullptr));
     if (!devices)
-        return false;
+        return {};
     std::vector<xcb_input_query_device_state_cookie_t> cookies;
     xcb_input_xi_device_info_iterator_t device =
         xcb_input_xi_query_device_infos_iterator(devices.get());
@@ -59,13 +61,14 @@ bool X11HeldKeys::isDown(xcb_keycode_t keycode) const
             type == XCB_INPUT_DEVICE_TYPE_FLOATING_SLAVE)
             cookies.push_back(xcb_input_query_device_state(xcb, uint8_t(device.data->deviceid)));
     }
-    bool isAnyDown = false;
+    Keys down;
     for (const auto &cookie : cookies) {
         const XcbPointer<xcb_input_query_device_state_reply_t> state(
             xcb_input_query_device_state_reply(xcb, cookie, nullptr));
-        isAnyDown |= state && hasKeyDown(*state, keycode);
+        if (state)
+            down |= keysDown(*state);
     }
-    return isAnyDown;
+    return down;
 }
 
 void X11HeldKeys::setListening(bool isListening)

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11Connection.h"
 
+#include <bitset>
 #include <optional>
 
 /// Tells whether a key is down under somebody's finger, and when it comes up, although the server
@@ -13,8 +14,12 @@ public:
     /// `connection` must outlive this object.
     explicit X11HeldKeys(const X11Connection &connection);
 
-    /// Whether any keyboard device has the key down; false where the server cannot tell.
-    bool isDown(xcb_keycode_t keycode) const;
+    /// One bit a keycode.
+    using Keys = std::bitset<256>;
+
+    /// What any keyboard device has down; nothing where the server cannot tell.
+    Keys down() const;
+    bool isDown(xcb_keycode_t keycode) const { return down().test(keycode); }
 
     /// Starts or stops reports of every key that comes up, whoever has the keyboard. Only for as
     /// long as a hot key is held: what else is typed is nobody's business.

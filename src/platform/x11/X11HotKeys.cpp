@@ -98,6 +98,17 @@ bool X11HotKeys::typeFreely(const std::function<void(const Typing &)> &type)
     });
 }
 
+bool X11HotKeys::isKeyHeld()
+{
+    bool isHeld = false;
+    return m_thread.run([&] {
+        X11HeldKeys::Keys down = m_heldKeys.down();
+        for (const xcb_keycode_t modifier : m_grabs.modifiers().heldKeys)
+            down.reset(modifier);
+        isHeld = down.any();
+    }) && isHeld;
+}
+
 std::optional<X11Combination> X11HotKeys::combinationOf(quint32 keyCode,
                                                         quint32 carbonModifiers) const
 {

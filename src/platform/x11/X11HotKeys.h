@@ -38,6 +38,9 @@ public:
     /// would come to us, then runs `type` on the thread. False when the server is gone.
     [[nodiscard]] bool typeFreely(const std::function<void(const Typing &)> &type);
 
+    /// Whether a key that is no modifier is down under somebody's finger.
+    bool isKeyHeld();
+
     // ^HotKeys
     bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
     void unregisterHotKey(HotKeyId id) override;

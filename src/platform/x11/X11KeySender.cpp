@@ -41,6 +41,11 @@ bool X11KeySender::isAvailable() const
     return m_hotKeys.canType();
 }
 
+bool X11KeySender::isKeyHeld() const
+{
+    return m_hotKeys.isKeyHeld();
+}
+
 bool X11KeySender::sendCommand(quint32 keyCode)
 {
     const bool isCopy = keyCode == VirtualKey::kC;

@@ -30,6 +30,7 @@ public:
 
     // ^KeySender
     bool isAvailable() const override;
+    bool isKeyHeld() const override;
     [[nodiscard]] bool sendCommand(quint32 keyCode) override;
 
 private:

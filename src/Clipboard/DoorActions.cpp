@@ -1,0 +1,60 @@
+#include "Clipboard/DoorActions.h"
+
+#include "Clipboard/AppDelegate.h"
+#include "Clipboard/window/ViewController.h"
+#include "platform/InstanceDoor.h"
+#include "platform/KeySender.h"
+
+#include <chrono>
+
+namespace {
+
+constexpr std::chrono::milliseconds kHeldKeyInterval{10};
+/// A key that is held for longer is stuck, or no shortcut's.
+constexpr int kHeldKeyLooks = 200;
+
+} // namespace
+
+DoorActions::DoorActions(AppDelegate &appDelegate, InstanceDoor &door) : m_appDelegate(appDelegate)
+{
+    connect(&door, &InstanceDoor::activated, &appDelegate, &AppDelegate::launch);
+    connect(&door, &InstanceDoor::actionRequested, this, &DoorActions::perform);
+    m_heldKeyTimer.setInterval(kHeldKeyInterval);
+    connect(&m_heldKeyTimer, &QTimer::timeout, this, &DoorActions::swopWhenKeysAreUp);
+}
+
+void DoorActions::perform(const QString &action)
+{
+    if (action == u"launch")
+        m_appDelegate.launch();
+    else if (action == u"swop")
+        swopWhenKeysAreUp();
+    else if (action == u"preferences")
+        m_appDelegate.openPreferences();
+    else if (action == u"clear-all")
+        clearAll();
+    else if (action == u"quit")
+        m_appDelegate.quit();
+}
+
+// A window manager whose key called us has the keyboard until that key is let go, and would get the
+// keystroke that copies the selection.
+void DoorActions::swopWhenKeysAreUp()
+{
+    if (m_heldKeyLooks++ < kHeldKeyLooks && m_appDelegate.platform().keySender->isKeyHeld()) {
+        m_heldKeyTimer.start();
+        return;
+    }
+    m_heldKeyTimer.stop();
+    m_heldKeyLooks = 0;
+    m_appDelegate.swop();
+}
+
+void DoorActions::clearAll()
+{
+    // Whoever calls from outside means every clip and not what a search happens to show. As in the
+    // menu there is no question.
+    if (m_appDelegate.viewController())
+        m_appDelegate.viewController()->hide();
+    m_appDelegate.clearAll();
+}
