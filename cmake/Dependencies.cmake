@@ -1,10 +1,12 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg Pdf)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network DBus Svg Pdf)
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(SQLiteCpp REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 
+pkg_check_modules(archive REQUIRED IMPORTED_TARGET libarchive)
+pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
 pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
 pkg_check_modules(archive REQUIRED IMPORTED_TARGET libarchive)
 pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb xcb-xfixes xcb-xtest xcb-xkb xcb-xinput)

@@ -7,6 +7,16 @@ option(QUILLMARSH_HEADER_CHECK "Compile every header alone" OFF)
 
 set(QUILLMARSH_BUNDLE_IDENTIFIER "org.quillmarsh.Quillmarsh")
 
+# Where updates come from; both or neither (docs/publishing.md).
+set(QUILLMARSH_FEED_URL "" CACHE STRING "HTTPS address of the update feed")
+set(QUILLMARSH_FEED_KEY "" CACHE STRING "Ed25519 public key of the update feed, base64")
+if(QUILLMARSH_FEED_URL AND NOT QUILLMARSH_FEED_URL MATCHES "^https://[^\"\\]+$")
+  message(FATAL_ERROR "QUILLMARSH_FEED_URL must be an https address")
+endif()
+if(QUILLMARSH_FEED_URL AND NOT QUILLMARSH_FEED_KEY MATCHES "^[A-Za-z0-9+/]+=$")
+  message(FATAL_ERROR "QUILLMARSH_FEED_URL needs QUILLMARSH_FEED_KEY, a public key in base64")
+endif()
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
