@@ -11,7 +11,8 @@
 //
 // Each prints one JSON line: {"runs": n, "min": ms, "median": ms, "max": ms}.
 
-#include <xcb/xcb.h>
+#include "XcbClient.h"
+
 #include <xcb/xtest.h>
 
 #include <poll.h>
@@ -32,22 +33,6 @@ namespace {
 using Time = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-template <typename T>
-struct Free
-{
-    void operator()(T *pointer) const { std::free(pointer); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Free<T>>;
-
-// X key codes by position (evdev + 8).
-constexpr xcb_keycode_t kKeyV = 55;
-constexpr xcb_keycode_t kKeySuper = 133;
-constexpr xcb_keycode_t kKeyShift = 50;
-constexpr xcb_keycode_t kKeyReturn = 36;
-constexpr xcb_keycode_t kKeyEscape = 9;
-constexpr xcb_keycode_t kKeyBackspace = 22;
-
 class Probe
 {
 public:
@@ -57,10 +42,10 @@ public:
         if (xcb_connection_has_error(m_connection))
             throw std::runtime_error("no display");
         m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
-        m_clipboard = atom("CLIPBOARD");
-        m_utf8 = atom("UTF8_STRING");
-        m_targets = atom("TARGETS");
-        m_property = atom("QUILLMARSH_PROBE");
+        m_clipboard = atom(m_connection, "CLIPBOARD");
+        m_utf8 = atom(m_connection, "UTF8_STRING");
+        m_targets = atom(m_connection, "TARGETS");
+        m_property = atom(m_connection, "QUILLMARSH_PROBE");
         m_window = xcb_generate_id(m_connection);
         const uint32_t values[] = {m_screen->white_pixel, XCB_EVENT_MASK_KEY_PRESS |
                                                               XCB_EVENT_MASK_FOCUS_CHANGE |
@@ -209,13 +194,6 @@ public:
     }
 
 private:
-    xcb_atom_t atom(const char *name)
-    {
-        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-            m_connection, xcb_intern_atom(m_connection, 0, std::strlen(name), name), nullptr));
-        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    }
-
     void handle(xcb_generic_event_t *event)
     {
         switch (event->response_type & 0x7F) {
@@ -247,13 +225,6 @@ private:
 
     void answer(const xcb_selection_request_event_t &request)
     {
-        xcb_selection_notify_event_t notify{};
-        notify.response_type = XCB_SELECTION_NOTIFY;
-        notify.time = request.time;
-        notify.requestor = request.requestor;
-        notify.selection = request.selection;
-        notify.target = request.target;
-        notify.property = request.property;
         if (request.target == m_targets) {
             const xcb_atom_t offered[] = {m_targets, m_utf8};
             xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, request.requestor,
@@ -266,24 +237,15 @@ private:
                                 request.property, m_utf8, 8, static_cast<uint32_t>(m_text.size()),
                                 m_text.data());
         } else {
-            notify.property = XCB_ATOM_NONE;
+            return notify(m_connection, request, XCB_ATOM_NONE);
         }
-        xcb_send_event(m_connection, 0, request.requestor, 0, reinterpret_cast<char *>(&notify));
-        xcb_flush(m_connection);
+        notify(m_connection, request, request.property);
     }
 
-    void receive(const xcb_selection_notify_event_t &notify)
+    void receive(const xcb_selection_notify_event_t &event)
     {
-        if (notify.property == XCB_ATOM_NONE)
-            return;
-        const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-            m_connection,
-            xcb_get_property(m_connection, 1, m_window, m_property, XCB_ATOM_ANY, 0, 1 << 20),
-            nullptr));
-        if (reply) {
-            m_pasted.assign(static_cast<char *>(xcb_get_property_value(reply.get())),
-                            static_cast<size_t>(xcb_get_property_value_length(reply.get())));
-        }
+        if (event.property != XCB_ATOM_NONE)
+            m_pasted = takeProperty(m_connection, m_window, m_property);
     }
 
     xcb_connection_t *m_connection = nullptr;

@@ -32,13 +32,13 @@ endfunction()
 # support library brings main(), which makes the application object and turns an unexpected
 # warning into a failure.
 function(quillmarsh_test name)
-  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;LABELS" ${ARGN})
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
   target_link_libraries(${name} PRIVATE quillmarsh_flags test_support ${TEST_LINKS})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" TIMEOUT 60 LABELS "unit;${TEST_LABELS}")
+    PROPERTIES TIMEOUT 60 LABELS unit)
 endfunction()
 
 # The same for what needs a display: each run gets a private X server, window manager, session bus

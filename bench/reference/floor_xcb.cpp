@@ -6,7 +6,8 @@
 //
 //   floor_xcb [FILE]    FILE: one text a line, the history to start with
 
-#include <xcb/xcb.h>
+#include "../XcbClient.h"
+
 #include <xcb/xfixes.h>
 #include <xcb/xtest.h>
 
@@ -25,18 +26,9 @@
 
 namespace {
 
-template <typename T>
-struct Free
-{
-    void operator()(T *pointer) const { std::free(pointer); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, Free<T>>;
-
 constexpr uint16_t kWidth = 700;
 constexpr uint16_t kHeight = 486;
 constexpr int kRows = 20;
-constexpr xcb_keycode_t kKeyV = 55;
 constexpr uint16_t kHotKeyModifiers = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
 
 class Floor
@@ -53,10 +45,10 @@ public:
             for (std::string line; std::getline(lines, line);)
                 m_texts.push_back(line);
         }
-        m_clipboard = atom("CLIPBOARD");
-        m_targets = atom("TARGETS");
-        m_utf8 = atom("UTF8_STRING");
-        m_property = atom("FLOOR");
+        m_clipboard = atom(m_connection, "CLIPBOARD");
+        m_targets = atom(m_connection, "TARGETS");
+        m_utf8 = atom(m_connection, "UTF8_STRING");
+        m_property = atom(m_connection, "FLOOR");
         makeWindow();
         watch();
         filter();
@@ -90,13 +82,6 @@ public:
     }
 
 private:
-    xcb_atom_t atom(const char *name)
-    {
-        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-            m_connection, xcb_intern_atom(m_connection, 0, std::strlen(name), name), nullptr));
-        return reply->atom;
-    }
-
     void makeWindow()
     {
         m_window = xcb_generate_id(m_connection);
@@ -158,57 +143,44 @@ private:
         xcb_convert_selection(m_connection, m_window, m_clipboard, target, m_property, time);
     }
 
-    void receive(const xcb_selection_notify_event_t &notify)
+    void receive(const xcb_selection_notify_event_t &event)
     {
-        if (notify.property == XCB_NONE)
+        if (event.property == XCB_NONE)
             return;
-        const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-            m_connection,
-            xcb_get_property(m_connection, 1, m_window, m_property, XCB_ATOM_ANY, 0, 1 << 20),
-            nullptr));
-        if (notify.target == m_targets) {
-            ask(m_utf8, notify.time);
-        } else if (reply) {
-            m_texts.insert(
-                m_texts.begin(),
-                std::string(static_cast<char *>(xcb_get_property_value(reply.get())),
-                            static_cast<size_t>(xcb_get_property_value_length(reply.get()))));
-            ++m_recorded;
-            filter();
+        std::string text = takeProperty(m_connection, m_window, m_property);
+        if (event.target == m_targets) {
+            ask(m_utf8, event.time);
+            return;
         }
+        m_texts.insert(m_texts.begin(), std::move(text));
+        ++m_recorded;
+        filter();
     }
 
     void answer(const xcb_selection_request_event_t &request)
     {
-        xcb_selection_notify_event_t notify{};
-        notify.response_type = XCB_SELECTION_NOTIFY;
-        notify.time = request.time;
-        notify.requestor = request.requestor;
-        notify.selection = request.selection;
-        notify.target = request.target;
-        if (request.target == m_utf8 && !m_shown.empty()) {
-            notify.property = request.property;
+        const bool isAnswered = request.target == m_utf8 && !m_shown.empty();
+        if (isAnswered) {
             const std::string &text = *m_shown.front();
             xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, request.requestor,
                                 request.property, m_utf8, 8, static_cast<uint32_t>(text.size()),
                                 text.data());
         }
-        xcb_send_event(m_connection, 0, request.requestor, 0, reinterpret_cast<char *>(&notify));
+        notify(m_connection, request, isAnswered ? request.property : xcb_atom_t{XCB_ATOM_NONE});
     }
 
     void press(const xcb_key_press_event_t &event)
     {
-        constexpr xcb_keycode_t kEscape = 9, kBackspace = 22, kReturn = 36;
         if (event.detail == kKeyV && (event.state & kHotKeyModifiers) == kHotKeyModifiers) {
             open();
-        } else if (event.detail == kEscape) {
+        } else if (event.detail == kKeyEscape) {
             hide();
-        } else if (event.detail == kReturn) {
+        } else if (event.detail == kKeyReturn) {
             paste();
         } else {
             // Letters of the home row's neighbourhood suffice to measure typing.
             static constexpr char kLetters[] = "qwertyuiop[]\r\0asdfghjkl;'`\0\\zxcvbnm";
-            if (event.detail == kBackspace)
+            if (event.detail == kKeyBackspace)
                 m_term.clear();
             else if (event.detail >= 24 && event.detail < 24 + sizeof(kLetters))
                 m_term += kLetters[event.detail - 24];
@@ -238,11 +210,10 @@ private:
     {
         hide();
         xcb_set_selection_owner(m_connection, m_window, m_clipboard, XCB_CURRENT_TIME);
-        constexpr xcb_keycode_t kControl = 37;
-        for (const auto &[type, key] : {std::pair{XCB_KEY_PRESS, kControl},
+        for (const auto &[type, key] : {std::pair{XCB_KEY_PRESS, kKeyControl},
                                         {XCB_KEY_PRESS, kKeyV},
                                         {XCB_KEY_RELEASE, kKeyV},
-                                        {XCB_KEY_RELEASE, kControl}})
+                                        {XCB_KEY_RELEASE, kKeyControl}})
             xcb_test_fake_input(m_connection, type, key, XCB_CURRENT_TIME, m_screen->root, 0, 0, 0);
     }
 

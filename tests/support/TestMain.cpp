@@ -58,6 +58,14 @@ class WarningListener : public testing::EmptyTestEventListener
 
 } // namespace
 
+/// What the leak sanitizer need not report; nobody calls it in other builds.
+extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions()
+{
+    // QtPdf 6.4 forgets what it had begun to read of a document that turns out to be broken.
+    return "leak:QPdfDocumentPrivate::initiateAsyncLoadWithTotalSizeKnown\n"
+           "leak:QPdfDocumentPrivate::tryLoadDocument\n";
+}
+
 void ExpectedWarnings::expect(const QString &text)
 {
     const QMutexLocker lock(&g_mutex);
@@ -74,6 +82,7 @@ int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    qputenv("LC_ALL", "C.UTF-8");
     // Listing the tests at build time must not need a display either.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
