@@ -7,11 +7,13 @@ import subprocess
 import unittest
 import urllib.parse
 
-from journey import Journey, copy
+from journey import BINARY, Journey, Quillmarsh, copy
 
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
 SCREENSHOTS = os.environ.get("QUILLMARSH_SCREENSHOTS")
 PAPER_PART = (320, 60, 380, 290)  # of the window: within the preview, above its separator
+BUTTONS_PART = (325, 410, 300, 40)  # the warning or the buttons
+WARNING = "C96A00"
 
 
 class PreviewJourney(Journey):
@@ -29,16 +31,16 @@ class PreviewJourney(Journey):
         self.desktop.run(["import", "-window", window, path])
         return path
 
-    def colours(self, window):
+    def colours(self, window, part=PAPER_PART):
         """The colours seen in the preview, as a set of RRGGBB."""
-        x, y, width, height = PAPER_PART
+        x, y, width, height = part
         told = self.desktop.run(
             ["convert", self.picture(window, "seen"), "-crop", f"{width}x{height}+{x}+{y}",
              "-depth", "8", "-unique-colors", "txt:-"], capture_output=True, text=True).stdout
         return {part.split()[0] for part in told.split("#")[1:]}
 
-    def wait_for_colour(self, window, colour):
-        self.wait_for(lambda: any(seen.startswith(colour) for seen in self.colours(window)),
+    def wait_for_colour(self, window, colour, part=PAPER_PART):
+        self.wait_for(lambda: any(seen.startswith(colour) for seen in self.colours(window, part)),
                       f"the colour {colour} in the preview")
 
     def test_each_kind_shows_itself(self):
@@ -58,6 +60,26 @@ class PreviewJourney(Journey):
         self.wait_for_colour(window, "FF0000")
         os.remove(path)
         self.wait_for(lambda: "FF0000" not in self.colours(window), "the drawing gone")
+
+    def test_a_mount_that_hangs_keeps_only_its_own_preview_back(self):
+        mount = self.file("mount")
+        os.mkdir(mount)
+        shutil.copy(SAMPLES / "pages.pdf", mount)
+        self.app.quit()
+        self.app = Quillmarsh(self.desktop, BINARY, {"LD_PRELOAD": os.environ["HUNG_FILES"],
+                                                     "HUNG_FOLDER": mount})
+        self.copy_file(self.sample("drawing.svg"))
+        self.copy_file(os.path.join(mount, "pages.pdf"))
+        window = self.app.open_history()
+        self.wait_for_colour(window, "0000FF")
+        pathlib.Path(mount + ".hung").touch()
+        self.app.key("Down")
+        self.wait_for_colour(window, "FF0000")
+        self.app.key("Up")
+        self.wait_for_colour(window, WARNING, BUTTONS_PART)
+        self.app.key("Down")
+        self.wait_for_colour(window, "FF0000")
+        self.assertEqual([line for line in self.app.log if "main thread asked" in line], [])
 
     def test_a_search_for_files_finds_only_files(self):
         self.copy_file(self.sample("drawing.svg"))

@@ -4,7 +4,6 @@
 #include "Clipboard/preview/PreviewRegistry.h"
 #include "Clipboard/preview/PreviewRenderer.h"
 
-#include <QFileInfo>
 #include <QResizeEvent>
 
 namespace {
@@ -19,7 +18,7 @@ constexpr int kPixelStep = 256;
 
 FilePreview::FilePreview(PreviewRegistry &registry, QString path, QWidget *parent)
     : QWidget(parent), m_registry(registry), m_path(std::move(path)),
-      m_card(new FileCard(m_path, this))
+      m_card(new FileCard(m_path, this)), m_watch(m_path)
 {
     m_card->hide();
     m_patience.setSingleShot(true);
@@ -27,13 +26,12 @@ FilePreview::FilePreview(PreviewRegistry &registry, QString path, QWidget *paren
     connect(&m_patience, &QTimer::timeout, this, &FilePreview::showCard);
     m_settling.setSingleShot(true);
     m_settling.setInterval(kSettlingMs);
-    connect(&m_settling, &QTimer::timeout, this, &FilePreview::refresh);
-    const auto changed = [this] {
-        m_settling.start();
-        Q_EMIT fileChanged();
-    };
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, changed);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, changed);
+    connect(&m_settling, &QTimer::timeout, this, &FilePreview::settle);
+    connect(&m_watch, &FileWatch::changed, this, [this] {
+        // A file that never rests is shown now and then.
+        if (!m_settling.isActive())
+            m_settling.start();
+    });
 }
 
 FilePreview::~FilePreview() = default;
@@ -45,14 +43,14 @@ void FilePreview::refresh()
     if (!m_body && !m_card->isVisible())
         m_patience.start();
     m_askedPixels = wantedPixels();
-    m_ticket = m_registry.ask(m_path, m_askedPixels,
-                              [this](const PreviewResult &result) { receive(result); });
+    m_ticket = m_registry.ask(
+        m_path, m_askedPixels, [this](const PreviewResult &result) { receive(result); },
+        m_watch.descriptor());
 }
 
 void FilePreview::receive(const PreviewResult &result)
 {
     m_patience.stop();
-    watch(result.facts.has_value());
     m_card->setFacts(result.facts);
     if (!result.content) {
         showCard();
@@ -78,17 +76,20 @@ void FilePreview::showCard()
     m_card->show();
 }
 
-void FilePreview::watch(bool exists)
+void FilePreview::settle()
 {
-    // A file that has gone is waited for in its folder. Both have answered just now.
-    const QString watched = exists ? m_path : QFileInfo(m_path).path();
-    const QStringList before = m_watcher.files() + m_watcher.directories();
-    if (before == QStringList{watched})
+    m_isStale = !isVisible();
+    if (m_isStale)
         return;
-    if (!before.isEmpty())
-        m_watcher.removePaths(before);
-    if (exists || QFileInfo::exists(watched))
-        m_watcher.addPath(watched);
+    refresh();
+    Q_EMIT fileChanged();
+}
+
+void FilePreview::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_isStale)
+        settle();
 }
 
 void FilePreview::setColors(const ClipColors &colors)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Clipboard/preview/FileWatch.h"
 #include "Clipboard/preview/PreviewThreads.h"
 #include "Clipboard/window/ClipColors.h"
 
-#include <QFileSystemWatcher>
 #include <QTimer>
 #include <QWidget>
 
@@ -15,7 +15,7 @@ struct PreviewResult;
 
 /// A view of one file, made fresh for each file that is shown: its content where a renderer can
 /// read it, else its card. Owned by its parent widget; the registry must outlive it. Follows the
-/// file's changes. Ending it cancels what is being read for it.
+/// file's changes while it is visible. Ending it cancels what is being read for it.
 class FilePreview : public QWidget
 {
     Q_OBJECT
@@ -40,11 +40,12 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void receive(const PreviewResult &result);
     void showCard();
-    void watch(bool exists);
+    void settle();
     QSize wantedPixels() const;
 
     PreviewRegistry &m_registry;
@@ -57,5 +58,6 @@ private:
     PreviewTicket m_ticket;
     QTimer m_patience; ///< Until the card is shown in place of a content that does not come.
     QTimer m_settling; ///< Until a change of the file or of the size has come to rest.
-    QFileSystemWatcher m_watcher;
+    FileWatch m_watch;
+    bool m_isStale = false; ///< Changed while it was hidden.
 };

@@ -40,10 +40,14 @@ FilePreview *PreviewRegistry::makeView(const QString &path, QWidget *parent)
 }
 
 PreviewTicket PreviewRegistry::ask(const QString &path, QSize pixels,
-                                   std::function<void(const PreviewResult &)> receive)
+                                   std::function<void(const PreviewResult &)> receive,
+                                   std::shared_ptr<FileWatch::Descriptor> watch)
 {
     return m_threads.run([this, renderers = m_renderers, path, pixels, known = kept(path),
-                          receive = std::move(receive)](const PreviewStop &stop) {
+                          receive = std::move(receive),
+                          watch = std::move(watch)](const PreviewStop &stop) {
+        if (watch)
+            FileWatch::follow(*watch);
         PreviewResult result = read(*renderers, path, pixels, known, stop);
         return [this, path, pixels, receive, result = std::move(result)] {
             if (result.content)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/FileFacts.h"
+#include "Clipboard/preview/FileWatch.h"
 #include "Clipboard/preview/PreviewThreads.h"
 
 #include <QSize>
@@ -37,9 +38,11 @@ public:
     FilePreview *makeView(const QString &path, QWidget *parent);
 
     /// Reads the file for a view of `pixels` on a preview thread and hands the result to `receive`
-    /// on the main thread, while the ticket is held. A file system that hangs never answers.
+    /// on the main thread, while the ticket is held. A file system that hangs never answers. The
+    /// file is followed by `watch`, unless null, from before it is read.
     [[nodiscard]] PreviewTicket ask(const QString &path, QSize pixels,
-                                    std::function<void(const PreviewResult &)> receive);
+                                    std::function<void(const PreviewResult &)> receive,
+                                    std::shared_ptr<FileWatch::Descriptor> watch = nullptr);
 
     PreviewThreads &threads() { return m_threads; }
 
