@@ -17,6 +17,12 @@ if(QUILLMARSH_FEED_URL AND NOT QUILLMARSH_FEED_KEY MATCHES "^[A-Za-z0-9+/]+=$")
   message(FATAL_ERROR "QUILLMARSH_FEED_URL needs QUILLMARSH_FEED_KEY, a public key in base64")
 endif()
 
+# Where feedback and reports go; without it they become a file and a mail.
+set(QUILLMARSH_FEEDBACK_URL "" CACHE STRING "HTTPS address that receives feedback and reports")
+if(QUILLMARSH_FEEDBACK_URL AND NOT QUILLMARSH_FEEDBACK_URL MATCHES "^https://[^\"\\]+$")
+  message(FATAL_ERROR "QUILLMARSH_FEEDBACK_URL must be an https address")
+endif()
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -26,6 +26,7 @@
 #include "hotkey/HotKeyTextField.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
+#include "updates/DevMateKit.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -67,6 +68,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(platform, storeFolder);
     m_tourGuide = std::make_unique<TourGuide>();
+    m_devMateKit = std::make_unique<DevMateKit>(platform, m_info, storeFolder);
+    connect(m_devMateKit.get(), &DevMateKit::quitRequested, this, &AppDelegate::quit);
     m_liveSettings = std::make_unique<LiveSettings>(*m_preferencesGeneral,
                                                     *m_preferencesApplication, *platform.settings);
     m_pasteWindow = std::make_unique<PasteWindow>(*this);
@@ -110,6 +113,8 @@ void AppDelegate::applicationDidFinishLaunching()
     m_welcomeWindowController->setAppDelegate(this);
     m_capture->setPaused(false);
     m_capture->readFromPasteboard();
+    m_devMateKit->sendTrackingReport();
+    m_devMateKit->setupIssuesController(DevMateKit::UnhandledIssues::Reported);
     logTrace(QStringLiteral("devmate setup complete"));
     askAboutDamagedSettings();
 }
@@ -247,7 +252,13 @@ void AppDelegate::quit()
 
 void AppDelegate::checkForUpdates() {}
 
-void AppDelegate::showFeedbackDialog() {}
+void AppDelegate::showFeedbackDialog()
+{
+    if (isTakenByWelcome())
+        return;
+    m_platform.frontApplication->rememberTarget();
+    m_devMateKit->showFeedbackDialog(DevMateKit::FeedbackMode::Dialog);
+}
 
 void AppDelegate::showWelcomeWindow(bool force)
 {

@@ -17,6 +17,7 @@ class ClipItem;
 class ClipPaster;
 class ClipboardCapture;
 class ClipboardWindow;
+class DevMateKit;
 class HotKeyManager;
 class HotKeyTextField;
 class LiveSettings;
@@ -72,7 +73,6 @@ public:
     void quit();
     /// Does nothing until there is an updater.
     void checkForUpdates();
-    /// Does nothing until there is a feedback dialog.
     void showFeedbackDialog();
 
     // First run
@@ -173,4 +173,5 @@ private:
     std::unique_ptr<CCNPreferencesWindowController> m_preferences;
     std::unique_ptr<WelcomeWindowController> m_welcomeWindowController;
     std::unique_ptr<TourGuide> m_tourGuide;
+    std::unique_ptr<DevMateKit> m_devMateKit;
 };

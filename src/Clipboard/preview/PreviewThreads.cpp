@@ -1,5 +1,7 @@
 #include "Clipboard/preview/PreviewThreads.h"
 
+#include "platform/SignalStack.h"
+
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -75,6 +77,7 @@ void PreviewThreads::startNext()
 
 void PreviewThreads::work(const Order &order, const std::shared_ptr<Link> &link)
 {
+    const SignalStack signalStack;
     Delivery delivery;
     if (!order.stop->isCancelled())
         delivery = order.job(*order.stop);

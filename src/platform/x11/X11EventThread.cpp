@@ -1,5 +1,7 @@
 #include "platform/x11/X11EventThread.h"
 
+#include "platform/SignalStack.h"
+
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -63,6 +65,7 @@ bool X11EventThread::run(const Task &task)
 
 void X11EventThread::loop()
 {
+    const SignalStack signalStack;
     while (!m_connection.isBroken()) {
         // Both, always: a reply that a task waited for may have brought events along, for which
         // the descriptor will not wake us again.

@@ -1,0 +1,90 @@
+#include "updates/DevMateKit.h"
+
+#include "platform/Platform.h"
+#include "updates/CrashReporter.h"
+#include "updates/FeedbackDelivery.h"
+#include "updates/FeedbackDialog.h"
+#include "updates/FeedbackMessage.h"
+#include "updates/IssueReportDialog.h"
+
+#include <QShortcut>
+
+#include <utility>
+
+namespace {
+
+QString productLine(const Info &info)
+{
+    return QStringLiteral("Quillmarsh ") + info.bundleShortVersionString.value_or(QString());
+}
+
+} // namespace
+
+DevMateKit::DevMateKit(Platform &platform, Info info, QString folder)
+    : m_platform(platform), m_info(std::move(info)), m_folder(std::move(folder)),
+      m_reports(m_folder + QStringLiteral("/crashes"))
+{
+}
+
+DevMateKit::~DevMateKit() = default;
+
+void DevMateKit::sendTrackingReport()
+{
+    if (m_info.feedbackUrl.isEmpty())
+        return;
+    FeedbackMessage message;
+    message.kind = FeedbackMessage::Kind::Usage;
+    message.text = productLine(m_info);
+    m_usage = std::make_unique<FeedbackDelivery>(m_info, *m_platform.workspace, m_folder);
+    m_usage->deliver(message);
+}
+
+void DevMateKit::setupIssuesController(UnhandledIssues unhandledIssues)
+{
+    if (unhandledIssues == UnhandledIssues::Reported)
+        m_crashReporter = std::make_unique<CrashReporter>(m_reports.folder(), productLine(m_info));
+    // Later, so that no window delays the start.
+    QMetaObject::invokeMethod(this, &DevMateKit::offerWhatIsLeft, Qt::QueuedConnection);
+}
+
+void DevMateKit::showFeedbackDialog(FeedbackMode)
+{
+    FeedbackDialog &dialog = feedbackDialog();
+    dialog.prepare();
+    dialog.setAttribute(Qt::WA_ShowWithoutActivating, false);
+    dialog.show();
+    dialog.raise();
+    m_platform.frontApplication->activate(dialog.windowHandle());
+}
+
+FeedbackDialog &DevMateKit::feedbackDialog()
+{
+    if (!m_feedbackDialog) {
+        m_feedbackDialog =
+            std::make_unique<FeedbackDialog>(m_info, *m_platform.workspace, m_folder);
+        addQuitShortcut(*m_feedbackDialog);
+    }
+    return *m_feedbackDialog;
+}
+
+void DevMateKit::offerWhatIsLeft()
+{
+    m_reports.tidy();
+    if (m_reports.count() > 0) {
+        m_issueDialog =
+            std::make_unique<IssueReportDialog>(m_info, *m_platform.workspace, m_folder, m_reports);
+        addQuitShortcut(*m_issueDialog);
+        m_issueDialog->show();
+    }
+    if (FeedbackDialog::isRefusedTextIn(m_folder) && !feedbackDialog().isVisible()) {
+        feedbackDialog().prepare();
+        feedbackDialog().setAttribute(Qt::WA_ShowWithoutActivating);
+        feedbackDialog().show();
+    }
+}
+
+void DevMateKit::addQuitShortcut(QDialog &dialog)
+{
+    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), &dialog), &QShortcut::activated, this,
+            &DevMateKit::quitRequested);
+}

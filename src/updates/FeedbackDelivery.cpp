@@ -1,0 +1,74 @@
+#include "updates/FeedbackDelivery.h"
+
+#include "platform/Info.h"
+#include "updates/FeedbackMessage.h"
+#include "updates/HttpsExchange.h"
+
+#include <QDir>
+
+namespace {
+
+QString inHome(const QString &path)
+{
+    const QString home = QDir::homePath() + u'/';
+    return path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path;
+}
+
+} // namespace
+
+FeedbackDelivery::FeedbackDelivery(const Info &info, Workspace &workspace, const QString &folder,
+                                   QObject *parent)
+    : QObject(parent), m_address(info.feedbackUrl), m_authorities(info.certificateAuthorities),
+      m_mail(workspace, folder)
+{
+}
+
+FeedbackDelivery::~FeedbackDelivery() = default;
+
+QString FeedbackDelivery::wayInWords() const
+{
+    if (hasServer())
+        return {};
+    return tr("This build knows no address to send to: the text is saved in %1 and opened in your "
+              "mail program.")
+        .arg(inHome(m_mail.folder()));
+}
+
+void FeedbackDelivery::deliver(const FeedbackMessage &message)
+{
+    if (hasServer())
+        post(message.toJson());
+    else
+        handOver(message);
+}
+
+void FeedbackDelivery::cancel()
+{
+    m_exchange.reset();
+}
+
+void FeedbackDelivery::post(const QByteArray &json)
+{
+    m_exchange = std::make_unique<HttpsExchange>(m_authorities, HttpsExchange::Limits());
+    connect(m_exchange.get(), &HttpsExchange::succeeded, this,
+            [this] { Q_EMIT delivered(tr("Sent. Thank you.")); });
+    connect(m_exchange.get(), &HttpsExchange::failed, this, &FeedbackDelivery::failed);
+    // Otherwise Qt would name itself and the user's language.
+    m_exchange->setHeader("User-Agent", "Quillmarsh");
+    m_exchange->setHeader("Accept-Language", "*");
+    m_exchange->post(m_address, "application/json", json);
+}
+
+void FeedbackDelivery::handOver(const FeedbackMessage &message)
+{
+    const std::optional<MailHandOver::Result> result = m_mail.handOver(message);
+    if (!result)
+        Q_EMIT failed(tr("No file could be written in %1.").arg(inHome(m_mail.folder())));
+    else if (result->isOpen)
+        Q_EMIT delivered(tr("Saved as %1 and opened in your mail program; send it from there.")
+                             .arg(inHome(result->path)));
+    else
+        Q_EMIT delivered(tr("Saved as %1. No mail program could be opened; please send the file "
+                            "yourself.")
+                             .arg(inHome(result->path)));
+}

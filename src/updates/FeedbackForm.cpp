@@ -1,0 +1,92 @@
+#include "updates/FeedbackForm.h"
+
+#include "updates/QuietLabel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMargin = 24;
+constexpr int kMostMailCharacters = 254;
+constexpr int kLinesOfText = 9;
+constexpr int kCharactersAcross = 66;
+
+class BoundedTextEdit : public QPlainTextEdit
+{
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+protected:
+    // ^QPlainTextEdit
+    void insertFromMimeData(const QMimeData *source) override
+    {
+        const int selected = textCursor().selectionEnd() - textCursor().selectionStart();
+        const int room =
+            FeedbackForm::kMostCharacters - document()->characterCount() + 1 + selected;
+        insertPlainText(source->text().left(std::max(room, 0)));
+    }
+};
+
+} // namespace
+
+FeedbackForm::FeedbackForm(const QString &systemLine, const QString &way, QWidget *parent)
+    : QWidget(parent), text(new BoundedTextEdit), mail(new QLineEdit),
+      system(new QCheckBox(tr("Send this &line too:"))), status(new QLabel),
+      close(new QPushButton(tr("Close"))), send(new QPushButton(tr("&Send")))
+{
+    text->setAccessibleName(tr("Message"));
+    text->setTabChangesFocus(true);
+    text->setMinimumSize(kCharactersAcross * fontMetrics().averageCharWidth(),
+                         kLinesOfText * fontMetrics().lineSpacing());
+    mail->setAccessibleName(tr("Mail address"));
+    mail->setPlaceholderText(tr("optional, for an answer"));
+    mail->setMaxLength(kMostMailCharacters);
+    system->setAccessibleName(tr("Send version and desktop"));
+    system->setAccessibleDescription(systemLine);
+    status->setObjectName(QStringLiteral("status"));
+    status->setTextFormat(Qt::PlainText);
+    status->setWordWrap(true);
+    // Return belongs to the text.
+    close->setAutoDefault(false);
+    send->setAutoDefault(false);
+    send->setToolTip(tr("Ctrl + Return"));
+    layOut(systemLine, way);
+}
+
+void FeedbackForm::layOut(const QString &systemLine, const QString &way)
+{
+    auto *textLabel = new QLabel(tr("&Message:"));
+    textLabel->setBuddy(text);
+    auto *mailLabel = new QLabel(tr("Mail &address:"));
+    mailLabel->setBuddy(mail);
+    QString promise = tr("Only what you see here is sent, never a clip.");
+    if (!way.isEmpty())
+        promise += u' ' + way;
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(status, 1);
+    buttons->addWidget(close, 0, Qt::AlignBottom);
+    buttons->addWidget(send, 0, Qt::AlignBottom);
+
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin - 4);
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(8);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(0, 1);
+    grid->addWidget(textLabel, 0, 0, Qt::AlignRight | Qt::AlignTop);
+    grid->addWidget(text, 0, 1);
+    grid->addWidget(mailLabel, 1, 0, Qt::AlignRight);
+    grid->addWidget(mail, 1, 1);
+    grid->addWidget(system, 2, 1);
+    grid->addWidget(new QuietLabel(systemLine), 3, 1);
+    grid->addWidget(new QuietLabel(promise), 4, 1);
+    grid->setRowMinimumHeight(5, 6);
+    grid->addLayout(buttons, 6, 0, 1, 2);
+}
