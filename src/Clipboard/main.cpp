@@ -1,5 +1,6 @@
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/CommandLine.h"
+#include "Clipboard/DesktopLooks.h"
 #include "Clipboard/DoorActions.h"
 #include "history/StoredClips.h"
 #include "platform/Info.h"
@@ -44,6 +45,7 @@ int runApplication(QApplication &application, InstanceDoor &door, const QString 
 {
     const Info info = Info::main();
     const std::unique_ptr<Platform> platform = PlatformLoader::makePlatform();
+    const DesktopLooks looks(*platform->appearance);
     AppDelegate delegate(*platform, info, storeFolder(info));
     delegate.setTrace(isTraceWanted(*platform->settings));
     g_delegate = &delegate;

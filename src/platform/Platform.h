@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Appearance.h"
 #include "platform/ApplicationNames.h"
 #include "platform/Clock.h"
 #include "platform/FrontApplication.h"
@@ -25,6 +26,7 @@ struct Platform
 {
     std::unique_ptr<Clock> clock;
     std::unique_ptr<SettingsStore> settings;
+    std::unique_ptr<Appearance> appearance;
     std::unique_ptr<ApplicationNames> applicationNames;
     std::unique_ptr<InstalledApplications> installedApplications;
     std::unique_ptr<LoginItems> loginItems;

@@ -9,6 +9,7 @@
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
 #include "platform/freedesktop/FreedesktopSymbolicHotKeys.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
+#include "platform/freedesktop/PortalAppearance.h"
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/SystemClock.h"
 #include "platform/x11/X11FrontApplication.h"
@@ -111,6 +112,7 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     const auto entries = std::make_shared<DesktopEntryCatalog>();
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
+    platform->appearance = std::make_unique<PortalAppearance>();
     platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
     platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(entries);
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();

@@ -297,7 +297,7 @@ void CCNPreferencesWindowController::activateViewController(Pane *pane, bool ani
                                                                   : pane->preferenceTitle());
     m_window->setContentOpacity(0);
     m_window->setContentView(view);
-    if (animate && m_window->isVisible())
+    if (animate && m_window->isVisible() && m_platform.windowSpace->areAnimationsEnabled())
         m_animation.start();
     else
         finishSwitch();

@@ -86,6 +86,9 @@ TEST_F(PreferencesController, thePaneIsActiveOnlyWhenItsAnimationHasEnded)
     EXPECT_EQ(controller.activeViewController(), &tall);
     EXPECT_TRUE(low.view()->isVisible());
     EXPECT_TRUE(waitForPane(low));
+    memory.windowSpace.setAnimationsEnabled(false);
+    controller.toolbarItemAction(QStringLiteral("tall"));
+    EXPECT_EQ(controller.activeViewController(), &tall);
 }
 
 TEST_F(PreferencesController, choosingTheLeavingPaneTurnsBack)

@@ -49,8 +49,7 @@ void WelcomeRows::setColors(const ClipColors &colors)
     WelcomeStage::setColors(colors);
     for (KeyCaps *keys : std::as_const(m_keys))
         keys->setColors(KeyCapColors::ofScheme(colors));
-    const QColor accent = colors.isDark ? colors.selected.lighter(150) : colors.selected;
     for (const Icon &icon : std::as_const(m_icons))
         icon.label->setPixmap(
-            WindowIcons::pixmap(icon.name, kIconExtent, accent, devicePixelRatioF()));
+            WindowIcons::pixmap(icon.name, kIconExtent, colors.accentText, devicePixelRatioF()));
 }

@@ -2,7 +2,13 @@
 
 #include "Clipboard/window/ClipTableView.h"
 
+#include <QApplication>
 #include <QPalette>
+#include <QStyle>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
 
 namespace {
 
@@ -19,7 +25,8 @@ ClipColors lightColors()
     colors.selectedText = Qt::white;
     colors.control = QColor(0xef, 0xef, 0xf2);
     colors.controlHover = QColor(0xe4, 0xe4, 0xe9);
-    colors.warning = QColor(0xc9, 0x6a, 0x00);
+    colors.warning = QColor(0xa8, 0x57, 0x00);
+    colors.disabledText = QColor(0xa3, 0xa3, 0xa9);
     return colors;
 }
 
@@ -39,14 +46,70 @@ ClipColors darkColors()
     colors.control = QColor(0x32, 0x34, 0x39);
     colors.controlHover = QColor(0x3d, 0x40, 0x46);
     colors.warning = QColor(0xff, 0xb2, 0x4d);
+    colors.disabledText = QColor(0x6c, 0x6d, 0x74);
     return colors;
+}
+
+double luminance(const QColor &color)
+{
+    const auto linear = [](float part) {
+        return part <= 0.04045F ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+/// `color`, darker or lighter by as much as it takes to be readable with `other`.
+QColor readableWith(const QColor &other, QColor color)
+{
+    constexpr int kStep = 104; // per cent
+    const bool darkens = other.lightnessF() > 0.5F;
+    // Black would become no lighter.
+    color = color.toHsl();
+    if (color.lightness() == 0)
+        color.setHsl(color.hslHue(), color.hslSaturation(), 1);
+    for (int step = 0; step < 120; ++step) {
+        if (ClipColors::contrast(color, other) >= ClipColors::kLeastContrast)
+            break;
+        color = darkens ? color.darker(kStep) : color.lighter(kStep);
+    }
+    return color.toRgb();
+}
+
+/// Absent when the colour is merely what the style has brought along.
+std::optional<QColor> chosenHighlight(const QPalette &palette)
+{
+    const QColor told = palette.color(QPalette::Active, QPalette::Highlight);
+    const QStyle *style = QApplication::style();
+    if (style && told == style->standardPalette().color(QPalette::Active, QPalette::Highlight))
+        return std::nullopt;
+    return told;
 }
 
 } // namespace
 
 ClipColors ClipColors::ofPalette(const QPalette &palette)
 {
-    const bool isDark = palette.color(QPalette::Window).lightness() <
-                        palette.color(QPalette::WindowText).lightness();
-    return isDark ? darkColors() : lightColors();
+    return ofScheme(isDarkPalette(palette), palette);
+}
+
+ClipColors ClipColors::ofScheme(bool isDark, const QPalette &palette)
+{
+    ClipColors colors = isDark ? darkColors() : lightColors();
+    colors.selected =
+        readableWith(colors.selectedText, chosenHighlight(palette).value_or(colors.selected));
+    colors.accentText = readableWith(colors.paper, colors.selected);
+    return colors;
+}
+
+bool ClipColors::isDarkPalette(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() <
+           palette.color(QPalette::WindowText).lightness();
+}
+
+double ClipColors::contrast(const QColor &first, const QColor &second)
+{
+    const auto [dark, light] = std::minmax({luminance(first), luminance(second)});
+    return (light + 0.05) / (dark + 0.05);
 }

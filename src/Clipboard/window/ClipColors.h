@@ -20,7 +20,19 @@ struct ClipColors
     QColor control;      ///< A button at rest.
     QColor controlHover; ///< A button under the pointer.
     QColor warning;      ///< The warning sign.
+    QColor accentText;   ///< Links and signs in the colour of the selection; readable on `paper`.
+    QColor disabledText; ///< What cannot be used now.
 
-    /// The scheme that fits `palette`: dark when its windows are darker than their text.
+    /// The scheme that fits `palette`, with the colour that it marks selections with.
     static ClipColors ofPalette(const QPalette &palette);
+    /// One scheme, with the selection colour of `palette` if somebody chose it and else our own.
+    static ClipColors ofScheme(bool isDark, const QPalette &palette);
+
+    /// Whether the palette's windows are darker than their text.
+    static bool isDarkPalette(const QPalette &palette);
+
+    /// The least contrast of text to what lies behind it.
+    static constexpr double kLeastContrast = 4.5;
+    /// From 1 (none) to 21 (black on white), by relative luminance.
+    static double contrast(const QColor &first, const QColor &second);
 };

@@ -78,7 +78,8 @@ void ClipTableView::setColors(const ClipColors &colors)
 
 QColor ClipTableView::selectionColor() const
 {
-    return m_colors.isDark ? m_colors.selected : m_selectedBlue;
+    // One that was set here wins over the desktop's.
+    return m_selectedBlue == defaultSelectedBlue() ? m_colors.selected : m_selectedBlue;
 }
 
 void ClipTableView::updateMetrics()

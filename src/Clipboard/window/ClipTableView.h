@@ -36,7 +36,7 @@ public:
     {
         return QColor::fromRgbF(0.0F, 0.41015625F, 0.84765625F, 1.0F);
     }
-    /// The selected row's colour in the light scheme.
+    /// The selected row's colour; while it is the default one, the scheme's.
     QColor selectedBlue() const { return m_selectedBlue; }
     void setSelectedBlue(const QColor &color);
 

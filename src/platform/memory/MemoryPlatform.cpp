@@ -41,6 +41,18 @@ void MemoryFrontApplication::activate(QWindow *window)
         window->requestActivate();
 }
 
+void MemoryAppearance::setColorScheme(ColorScheme colorScheme)
+{
+    if (std::exchange(m_colorScheme, colorScheme) != colorScheme)
+        Q_EMIT changed();
+}
+
+void MemoryAppearance::setAccentColor(const std::optional<QColor> &color)
+{
+    if (std::exchange(m_accentColor, color) != color)
+        Q_EMIT changed();
+}
+
 void MemoryWorkspace::askFileExists(const QString &path, QObject *context,
                                     std::function<void(bool)> answer)
 {
@@ -112,6 +124,7 @@ void MemoryStatusBar::showItem(const QIcon &, const QString &toolTip, QMenu *men
 MemoryPlatform::MemoryPlatform()
     : clock(put<MemoryClock>(platform.clock)),
       settings(put<MemorySettingsStore>(platform.settings)),
+      appearance(put<MemoryAppearance>(platform.appearance)),
       installedApplications(put<MemoryInstalledApplications>(platform.installedApplications)),
       loginItems(put<MemoryLoginItems>(platform.loginItems)),
       notifications(put<MemoryNotifications>(platform.notifications)),

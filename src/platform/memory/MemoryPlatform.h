@@ -84,6 +84,25 @@ private:
     QPointer<QWindow> m_activated;
 };
 
+class MemoryAppearance : public Appearance
+{
+    Q_OBJECT
+
+public:
+    using Appearance::Appearance;
+
+    void setColorScheme(ColorScheme colorScheme);
+    void setAccentColor(const std::optional<QColor> &color);
+
+    // ^Appearance
+    ColorScheme colorScheme() const override { return m_colorScheme; }
+    std::optional<QColor> accentColor() const override { return m_accentColor; }
+
+private:
+    ColorScheme m_colorScheme = ColorScheme::Unspecified;
+    std::optional<QColor> m_accentColor;
+};
+
 class MemoryNotifications : public Notifications
 {
 public:
@@ -211,6 +230,7 @@ struct MemoryPlatform
     Platform platform;
     MemoryClock &clock;
     MemorySettingsStore &settings;
+    MemoryAppearance &appearance;
     MemoryInstalledApplications &installedApplications;
     MemoryLoginItems &loginItems;
     MemoryNotifications &notifications;

@@ -1,3 +1,5 @@
+#include "Clipboard/DesktopLooks.h"
+#include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/WindowDelegate.h"
 #include "WindowRig.h"
 
@@ -104,20 +106,56 @@ TEST_F(ClipboardWindowTest, aDialogOfTheWindowDoesNotCloseIt)
     EXPECT_TRUE(delegate.window()->isVisible());
 }
 
-TEST_F(ClipboardWindowTest, theColoursFollowTheDesktopLive)
+TEST_F(ClipboardWindowTest, theColoursFollowTheDesktopLiveAndStayReadable)
 {
+    using Scheme = Appearance::ColorScheme;
+    struct Row
+    {
+        const char *name;
+        Scheme scheme;
+        std::optional<QColor> accent;
+        bool isDark;
+    };
+    const std::array rows{
+        Row{"nothing said", Scheme::Unspecified, std::nullopt, false},
+        Row{"dark", Scheme::Dark, std::nullopt, true},
+        Row{"dark with yellow", Scheme::Dark, QColor(0xe5, 0xc1, 0x00), true},
+        Row{"light with yellow", Scheme::Light, QColor(0xe5, 0xc1, 0x00), false},
+        Row{"black", Scheme::Light, QColor(Qt::black), false},
+        Row{"light again", Scheme::Light, std::nullopt, false},
+    };
     add(QStringLiteral("a"));
     delegate.launch();
-    const auto ground = [this] {
-        return delegate.window()->grab().toImage().pixelColor(delegate.window()->rect().center() -
-                                                              QPoint(200, 0));
-    };
-    EXPECT_GT(ground().lightness(), 200);
     const QPalette before = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x34), QColor(0x2a, 0x2a, 0x2e)));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return ground().lightness() < 80; }));
+    const DesktopLooks looks(memory.appearance);
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        memory.appearance.setColorScheme(row.scheme);
+        memory.appearance.setAccentColor(row.accent);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            const QImage shown = delegate.window()->grab().toImage();
+            const QPoint place = delegate.window()->rect().center() - QPoint(200, 0);
+            return (shown.pixelColor(place).lightness() < 80) == row.isDark;
+        }));
+        const ClipColors colors = ClipColors::ofPalette(QApplication::palette());
+        const std::array<std::pair<QColor, QColor>, 7> pairs{
+            {{colors.text, colors.paper},
+             {colors.text, colors.panel},
+             {colors.quietText, colors.panel},
+             {colors.quietText, colors.paper},
+             {colors.selectedText, colors.selected},
+             {colors.accentText, colors.paper},
+             {colors.warning, colors.paper}}};
+        for (const auto &[text, ground] : pairs)
+            EXPECT_GE(ClipColors::contrast(text, ground), ClipColors::kLeastContrast)
+                << qUtf8Printable(text.name() + u' ' + ground.name());
+        if (row.accent) {
+            EXPECT_NEAR(colors.selected.hslHueF(), row.accent->hslHueF(), 0.02);
+        } else if (!row.isDark) {
+            EXPECT_EQ(colors.selected.rgb(), ClipTableView::defaultSelectedBlue().rgb());
+        }
+    }
     QApplication::setPalette(before);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return ground().lightness() > 200; }));
 }
 
 TEST_F(ClipboardWindowTest, theSelectedRowIsDrawnInItsColourAndNoOther)

@@ -1,0 +1,72 @@
+#include "Clipboard/DesktopLooks.h"
+
+#include "Clipboard/window/ClipColors.h"
+#include "platform/Appearance.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPalette>
+#include <QScopedValueRollback>
+
+namespace {
+
+/// For a desktop whose own palette is of the other scheme.
+QPalette paletteOf(const ClipColors &colors)
+{
+    // Derives the shades of frames and grooves from the two.
+    QPalette palette(colors.control, colors.panel);
+    const auto setAll = [&palette](const QList<QPalette::ColorRole> &roles, const QColor &color) {
+        for (const QPalette::ColorRole role : roles)
+            palette.setColor(role, color);
+    };
+    setAll({QPalette::Base, QPalette::ToolTipBase}, colors.paper);
+    setAll({QPalette::AlternateBase}, colors.panel);
+    setAll({QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText},
+           colors.text);
+    setAll({QPalette::PlaceholderText}, colors.quietText);
+    setAll({QPalette::Link, QPalette::LinkVisited}, colors.accentText);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, colors.disabledText);
+    return palette;
+}
+
+} // namespace
+
+DesktopLooks::DesktopLooks(const Appearance &appearance, QObject *parent)
+    : QObject(parent), m_appearance(appearance)
+{
+    connect(&appearance, &Appearance::changed, this, &DesktopLooks::apply);
+    qApp->installEventFilter(this);
+    apply();
+}
+
+bool DesktopLooks::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && !m_isApplying)
+        apply();
+    return QObject::eventFilter(watched, event);
+}
+
+void DesktopLooks::apply()
+{
+    const QScopedValueRollback<bool> applying(m_isApplying, true);
+    QApplication::setPalette(QPalette()); // the desktop's own again
+    const QPalette desktops = QApplication::palette();
+    const bool isDark = ClipColors::isDarkPalette(desktops);
+    const Appearance::ColorScheme asked = m_appearance.colorScheme();
+    const bool isDarkWanted = asked == Appearance::ColorScheme::Unspecified
+                                  ? isDark
+                                  : asked == Appearance::ColorScheme::Dark;
+
+    QPalette accented = desktops;
+    if (const std::optional<QColor> accent = m_appearance.accentColor())
+        accented.setColor(QPalette::Highlight, *accent);
+    // A role that is not set here goes on to follow the desktop's palette.
+    const ClipColors colors = ClipColors::ofScheme(isDarkWanted, accented);
+    QPalette palette = isDarkWanted == isDark ? QPalette() : paletteOf(colors);
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Highlight, colors.selected);
+        palette.setColor(group, QPalette::HighlightedText, colors.selectedText);
+    }
+    QApplication::setPalette(palette);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Appearance.h"
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+
+class QDBusVariant;
+
+/// The desktop portal's setting org.freedesktop.appearance, followed while it changes. Nothing here
+/// waits: without a portal, or a portal that says nothing, all stays unspecified.
+class PortalAppearance : public Appearance
+{
+    Q_OBJECT
+
+public:
+    explicit PortalAppearance(QDBusConnection bus = QDBusConnection::sessionBus());
+
+    // ^Appearance
+    ColorScheme colorScheme() const override { return m_colorScheme; }
+    std::optional<QColor> accentColor() const override { return m_accentColor; }
+
+private Q_SLOTS:
+    void settingChanged(const QString &space, const QString &key, const QDBusVariant &value);
+
+private:
+    void readAll();
+    void take(ColorScheme colorScheme, const std::optional<QColor> &accentColor);
+
+    QDBusConnection m_bus;
+    QDBusServiceWatcher m_portalWatcher;
+    ColorScheme m_colorScheme = ColorScheme::Unspecified;
+    std::optional<QColor> m_accentColor;
+};
