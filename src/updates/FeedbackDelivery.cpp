@@ -3,6 +3,7 @@
 #include "platform/Info.h"
 #include "updates/FeedbackMessage.h"
 #include "updates/HttpsExchange.h"
+#include "updates/UpdatesLog.h"
 
 #include <QDir>
 
@@ -25,6 +26,11 @@ FeedbackDelivery::FeedbackDelivery(const Info &info, Workspace &workspace, const
 
 FeedbackDelivery::~FeedbackDelivery() = default;
 
+QString FeedbackDelivery::actionInWords() const
+{
+    return hasServer() ? tr("&Send") : tr("&Save and Mail…");
+}
+
 QString FeedbackDelivery::wayInWords() const
 {
     if (hasServer())
@@ -37,7 +43,7 @@ QString FeedbackDelivery::wayInWords() const
 void FeedbackDelivery::deliver(const FeedbackMessage &message)
 {
     if (hasServer())
-        post(message.toJson());
+        post(message);
     else
         handOver(message);
 }
@@ -47,16 +53,20 @@ void FeedbackDelivery::cancel()
     m_exchange.reset();
 }
 
-void FeedbackDelivery::post(const QByteArray &json)
+void FeedbackDelivery::post(const FeedbackMessage &message)
 {
     m_exchange = std::make_unique<HttpsExchange>(m_authorities, HttpsExchange::Limits());
     connect(m_exchange.get(), &HttpsExchange::succeeded, this,
             [this] { Q_EMIT delivered(tr("Sent. Thank you.")); });
-    connect(m_exchange.get(), &HttpsExchange::failed, this, &FeedbackDelivery::failed);
+    connect(m_exchange.get(), &HttpsExchange::failed, this,
+            [this, kind = message.kindName()](const QString &reason) {
+                qCInfo(updatesLog).noquote() << kind << "was not sent:" << reason;
+                Q_EMIT failed(reason);
+            });
     // Otherwise Qt would name itself and the user's language.
     m_exchange->setHeader("User-Agent", "Quillmarsh");
     m_exchange->setHeader("Accept-Language", "*");
-    m_exchange->post(m_address, "application/json", json);
+    m_exchange->post(m_address, "application/json", message.toJson());
 }
 
 void FeedbackDelivery::handOver(const FeedbackMessage &message)

@@ -27,6 +27,8 @@ public:
     ~FeedbackDelivery() override;
 
     bool hasServer() const { return !m_address.isEmpty(); }
+    /// What a button that delivers says.
+    QString actionInWords() const;
     /// What the user should know about the way before choosing it; empty when there is a server.
     QString wayInWords() const;
 
@@ -41,7 +43,7 @@ Q_SIGNALS:
     void failed(const QString &reason);
 
 private:
-    void post(const QByteArray &json);
+    void post(const FeedbackMessage &message);
     void handOver(const FeedbackMessage &message);
 
     const QUrl m_address; ///< Empty without a server.

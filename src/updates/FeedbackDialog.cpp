@@ -34,7 +34,7 @@ bool isMailAddress(const QString &text)
 FeedbackDialog::FeedbackDialog(const Info &info, Workspace &workspace, const QString &folder)
     : m_draftPath(draftPathIn(folder)), m_systemLine(systemLine(info)),
       m_delivery(info, workspace, folder + QStringLiteral("/feedback")),
-      m_form(new FeedbackForm(m_systemLine, m_delivery.wayInWords(), this))
+      m_form(new FeedbackForm(m_systemLine, m_delivery, this))
 {
     setWindowTitle(tr("Send Feedback"));
     setSizeGripEnabled(false);

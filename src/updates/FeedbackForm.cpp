@@ -1,5 +1,6 @@
 #include "updates/FeedbackForm.h"
 
+#include "updates/FeedbackDelivery.h"
 #include "updates/QuietLabel.h"
 
 #include <QCheckBox>
@@ -36,10 +37,11 @@ protected:
 
 } // namespace
 
-FeedbackForm::FeedbackForm(const QString &systemLine, const QString &way, QWidget *parent)
-    : QWidget(parent), text(new BoundedTextEdit), mail(new QLineEdit),
-      system(new QCheckBox(tr("Send this &line too:"))), status(new QLabel),
-      close(new QPushButton(tr("Close"))), send(new QPushButton(tr("&Send")))
+FeedbackForm::FeedbackForm(const QString &systemLine, const FeedbackDelivery &delivery,
+                           QWidget *parent)
+    : QWidget(parent), text(new BoundedTextEdit), mail(new QLineEdit), system(new QCheckBox),
+      status(new QLabel), close(new QPushButton(tr("Close"))),
+      send(new QPushButton(delivery.actionInWords()))
 {
     text->setAccessibleName(tr("Message"));
     text->setTabChangesFocus(true);
@@ -48,6 +50,8 @@ FeedbackForm::FeedbackForm(const QString &systemLine, const QString &way, QWidge
     mail->setAccessibleName(tr("Mail address"));
     mail->setPlaceholderText(tr("optional, for an answer"));
     mail->setMaxLength(kMostMailCharacters);
+    system->setText(
+        tr("Add the &line “%1”").arg(QString(systemLine).replace(u'&', QLatin1String("&&"))));
     system->setAccessibleName(tr("Send version and desktop"));
     system->setAccessibleDescription(systemLine);
     status->setObjectName(QStringLiteral("status"));
@@ -57,10 +61,10 @@ FeedbackForm::FeedbackForm(const QString &systemLine, const QString &way, QWidge
     close->setAutoDefault(false);
     send->setAutoDefault(false);
     send->setToolTip(tr("Ctrl + Return"));
-    layOut(systemLine, way);
+    layOut(delivery.wayInWords());
 }
 
-void FeedbackForm::layOut(const QString &systemLine, const QString &way)
+void FeedbackForm::layOut(const QString &way)
 {
     auto *textLabel = new QLabel(tr("&Message:"));
     textLabel->setBuddy(text);
@@ -70,6 +74,7 @@ void FeedbackForm::layOut(const QString &systemLine, const QString &way)
     if (!way.isEmpty())
         promise += u' ' + way;
     auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
     buttons->addWidget(status, 1);
     buttons->addWidget(close, 0, Qt::AlignBottom);
     buttons->addWidget(send, 0, Qt::AlignBottom);
@@ -85,8 +90,7 @@ void FeedbackForm::layOut(const QString &systemLine, const QString &way)
     grid->addWidget(mailLabel, 1, 0, Qt::AlignRight);
     grid->addWidget(mail, 1, 1);
     grid->addWidget(system, 2, 1);
-    grid->addWidget(new QuietLabel(systemLine), 3, 1);
-    grid->addWidget(new QuietLabel(promise), 4, 1);
-    grid->setRowMinimumHeight(5, 6);
-    grid->addLayout(buttons, 6, 0, 1, 2);
+    grid->addWidget(new QuietLabel(promise), 3, 1);
+    grid->setRowMinimumHeight(4, 6);
+    grid->addLayout(buttons, 5, 0, 1, 2);
 }

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class FeedbackDelivery;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -17,8 +18,8 @@ class FeedbackForm : public QWidget
 public:
     static constexpr int kMostCharacters = 10000;
 
-    /// `systemLine` is shown in full. `way` says how the text travels; empty for the ordinary way.
-    FeedbackForm(const QString &systemLine, const QString &way, QWidget *parent);
+    /// `systemLine` is shown in full.
+    FeedbackForm(const QString &systemLine, const FeedbackDelivery &delivery, QWidget *parent);
 
     /// Bounds a paste, and nothing that was typed.
     QPlainTextEdit *const text;
@@ -29,5 +30,5 @@ public:
     QPushButton *const send;
 
 private:
-    void layOut(const QString &systemLine, const QString &way);
+    void layOut(const QString &way);
 };

@@ -3,9 +3,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-namespace {
-
-QLatin1String nameOf(FeedbackMessage::Kind kind)
+QLatin1String FeedbackMessage::kindName() const
 {
     switch (kind) {
     case FeedbackMessage::Kind::Feedback:
@@ -18,12 +16,10 @@ QLatin1String nameOf(FeedbackMessage::Kind kind)
     Q_UNREACHABLE();
 }
 
-} // namespace
-
 QByteArray FeedbackMessage::toJson() const
 {
     QJsonObject fields;
-    fields[QLatin1String("kind")] = nameOf(kind);
+    fields[QLatin1String("kind")] = kindName();
     fields[QLatin1String("text")] = text;
     if (mail)
         fields[QLatin1String("mail")] = *mail;

@@ -19,6 +19,7 @@ struct FeedbackMessage
     std::optional<QString> mail;   ///< Where an answer may go to.
     std::optional<QString> system; ///< Version and desktop in one line.
 
+    QLatin1String kindName() const;
     QByteArray toJson() const;
     /// The same for a person to read.
     QString toPlainText() const;

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr int kMargin = 24;
-constexpr int kCharactersAcross = 66;
+constexpr int kCharactersAcross = 76;
 constexpr int kLinesOfReport = 14;
 
 } // namespace
@@ -23,7 +23,8 @@ IssueReportDialog::IssueReportDialog(const Info &info, Workspace &workspace, con
     : m_reports(reports), m_delivery(info, workspace, folder + QStringLiteral("/feedback")),
       m_headline(new QLabel), m_explanation(new QuietLabel), m_report(new QPlainTextEdit),
       m_status(new QLabel), m_show(new QPushButton(tr("Show &Report"))),
-      m_decline(new QPushButton(tr("&Do Not Send"))), m_send(new QPushButton(tr("&Send")))
+      m_decline(new QPushButton(tr("&Do Not Send"))),
+      m_send(new QPushButton(m_delivery.actionInWords()))
 {
     setWindowTitle(tr("Problem Report"));
     setSizeGripEnabled(false);
@@ -45,6 +46,7 @@ IssueReportDialog::IssueReportDialog(const Info &info, Workspace &workspace, con
     m_report->setTabChangesFocus(true);
     m_report->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_report->setPlainText(m_reports.text());
+    m_report->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_report->setMinimumHeight(kLinesOfReport * m_report->fontMetrics().lineSpacing());
     m_report->hide();
     m_status->setObjectName(QStringLiteral("status"));

@@ -42,12 +42,10 @@ MailHandOver::MailHandOver(Workspace &workspace, QString folder)
 
 std::optional<MailHandOver::Result> MailHandOver::handOver(const FeedbackMessage &message) const
 {
-    const QString kind = message.kind == FeedbackMessage::Kind::Issue ? QStringLiteral("problem")
-                                                                      : QStringLiteral("feedback");
     const QString moment =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hhmmss-zzz"));
     Result result;
-    result.path = QStringLiteral("%1/%2-%3.txt").arg(m_folder, kind, moment);
+    result.path = QStringLiteral("%1/%2-%3.txt").arg(m_folder, message.kindName(), moment);
     const QString text = message.toPlainText();
     if (!PrivateFile::write(result.path, text.toUtf8()))
         return std::nullopt;
