@@ -27,10 +27,13 @@ void FontBody::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     qreal y = kMargin;
     for (const FontContent::Line &line : m_lines) {
+        // A line that is too long for the view becomes smaller as a whole.
+        const qreal scale = qMin(1.0, (width() - 2 * kMargin) / qMax(1.0, line.width));
         painter.save();
-        painter.translate(kMargin, y + line.ascent);
+        painter.translate(kMargin, y + line.ascent * scale);
+        painter.scale(scale, scale);
         painter.fillPath(line.outline, m_colors.text);
         painter.restore();
-        y += line.height + kGap;
+        y += line.height * scale + kGap;
     }
 }

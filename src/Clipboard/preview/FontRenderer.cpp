@@ -20,6 +20,7 @@ FontContent::Line lineOf(const QRawFont &font, const QString &text)
         line.outline.addPath(font.pathForGlyph(glyphs.at(i)).translated(x, 0));
         x += advances.at(i).x();
     }
+    line.width = qMax(x, line.outline.boundingRect().right());
     line.ascent = qBound(0.0, font.ascent(), 4 * font.pixelSize());
     line.height = qBound(font.pixelSize(), line.ascent + font.descent(), 6 * font.pixelSize());
     return line;

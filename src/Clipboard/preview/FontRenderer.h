@@ -24,7 +24,8 @@ public:
     struct Line
     {
         QPainterPath outline; ///< From the left end of its base line.
-        qreal height = 0;     ///< In points, as `ascent`.
+        qreal width = 0;      ///< In points, as `height` and `ascent`.
+        qreal height = 0;
         qreal ascent = 0;
     };
 

@@ -16,6 +16,8 @@
 
 #include <algorithm>
 
+#include <malloc.h>
+
 PreviewRegistry::PreviewRegistry()
 {
     // The first that accepts a type and can read the file shows it, so the special come before the
@@ -54,6 +56,16 @@ PreviewTicket PreviewRegistry::ask(const QString &path, QSize pixels,
                 keep({path, pixels, result});
             receive(result);
         };
+    });
+}
+
+void PreviewRegistry::forget()
+{
+    m_kept.clear();
+    // What the threads have freed would else stay with the process, ready for the next of them.
+    m_trimming = m_threads.run([](const PreviewStop &) {
+        ::malloc_trim(0);
+        return PreviewThreads::Delivery();
     });
 }
 

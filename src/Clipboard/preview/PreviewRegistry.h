@@ -44,6 +44,9 @@ public:
                                     std::function<void(const PreviewResult &)> receive,
                                     std::shared_ptr<FileWatch::Descriptor> watch = nullptr);
 
+    /// Lets go of the results that are kept, and of their memory.
+    void forget();
+
     PreviewThreads &threads() { return m_threads; }
 
     /// Number of results kept.
@@ -66,4 +69,5 @@ private:
     std::shared_ptr<const Renderers> m_renderers; ///< Shared with threads that hang.
     std::list<Kept> m_kept;                       ///< The latest first.
     PreviewThreads m_threads;
+    PreviewTicket m_trimming;
 };

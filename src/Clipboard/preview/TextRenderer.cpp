@@ -18,6 +18,8 @@ namespace {
 constexpr qsizetype kTellingBytes = 32 << 10;
 /// A web page has more markup than text.
 constexpr qsizetype kMostOfPage = 60'000;
+/// Unlike that of plain text, all of its layout is made at once.
+constexpr qsizetype kMostOfMarkdown = 10'000;
 
 std::optional<QString> decodedAs(const QByteArray &bytes, QStringConverter::Encoding encoding)
 {
@@ -55,7 +57,7 @@ std::optional<QString> decodedByStatistics(const QByteArray &bytes)
 }
 
 /// The beginning of `text` that a view can lay out within a frame, long lines shortened.
-QString shownPart(const QString &text, bool *isCut)
+QString shownPart(const QString &text, qsizetype mostCharacters, bool *isCut)
 {
     QString shown;
     qsizetype lines = 0;
@@ -64,8 +66,7 @@ QString shownPart(const QString &text, bool *isCut)
         const qsizetype found = text.indexOf(u'\n', start);
         const qsizetype end = found < 0 ? text.size() : found;
         const qsizetype length = qMin(end - start, TextRenderer::kMostOfLine);
-        if (++lines > TextRenderer::kMostLines ||
-            shown.size() + length > TextRenderer::kMostCharacters)
+        if (++lines > TextRenderer::kMostLines || shown.size() + length > mostCharacters)
             break;
         shown += QStringView(text).mid(start, length);
         if (length < end - start) {
@@ -125,8 +126,10 @@ std::shared_ptr<const PreviewContent> TextRenderer::read(PreviewFile &file, cons
         text = QTextDocumentFragment::fromHtml(text->left(kMostOfPage)).toPlainText();
     }
     text->replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    const QString shown = shownPart(*text, &isCut);
-    return std::make_shared<TextContent>(shown, formOf(type), isCut);
+    const TextContent::Form form = formOf(type);
+    const qsizetype most = form == TextContent::Form::Markdown ? kMostOfMarkdown : kMostCharacters;
+    const QString shown = shownPart(*text, most, &isCut);
+    return std::make_shared<TextContent>(shown, form, isCut);
 }
 
 TextContent::TextContent(QString text, Form form, bool isCut)

@@ -7,6 +7,7 @@
 #include "Clipboard/window/PathLabel.h"
 #include "Clipboard/window/WindowIcons.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 
@@ -17,6 +18,8 @@ constexpr int kSpacing = 8;
 constexpr int kWarningExtent = 20;
 constexpr int kAboveSeparator = 3; ///< Points between the preview and the separator.
 constexpr QSize kFirstSize(440, 380);
+/// Long enough that nothing is read twice while somebody looks through the history.
+constexpr std::chrono::seconds kForgetAfter{30};
 
 } // namespace
 
@@ -36,6 +39,10 @@ FileViewController::FileViewController()
     connect(m_openButton, &QPushButton::clicked, this, &FileViewController::openClicked);
     connect(m_revealInFinderButton, &QPushButton::clicked, this,
             &FileViewController::revealClicked);
+    m_forgetting.setSingleShot(true);
+    m_forgetting.setInterval(kForgetAfter);
+    connect(&m_forgetting, &QTimer::timeout, this, [this] { m_registry->forget(); });
+    m_view->installEventFilter(this);
     viewDidLoad();
 }
 
@@ -114,6 +121,15 @@ void FileViewController::layOutBelowSeparator(const QSize &size)
     const int textLeft = kMargin + kWarningExtent + kSpacing;
     m_fileDoesNotExistLabel->setGeometry(textLeft, buttonRow, size.width() - kMargin - textLeft,
                                          buttonHeight);
+}
+
+bool FileViewController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show)
+        m_forgetting.stop();
+    else if (event->type() == QEvent::Hide)
+        m_forgetting.start();
+    return QObject::eventFilter(watched, event);
 }
 
 void FileViewController::openClicked()

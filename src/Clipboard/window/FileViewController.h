@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QUrl>
 #include <QWidget>
 
@@ -54,6 +55,9 @@ public:
 
     void setColors(const ClipColors &colors);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     /// What a file preview is given, by the established name; the preview takes the plain path
     /// instead, and the type is kept beside it.
@@ -75,6 +79,7 @@ private:
 
     AppDelegate *m_appDelegate = nullptr;
     const std::unique_ptr<PreviewRegistry> m_registry;
+    QTimer m_forgetting; ///< From when the pane is hidden until what it has read is forgotten.
     const std::unique_ptr<QWidget> m_view; ///< Ends before the registry that its parts use.
     FilePreview *m_previewView = nullptr;
     PathLabel *m_filepathLabel;
