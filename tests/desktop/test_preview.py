@@ -3,17 +3,19 @@
 import os
 import pathlib
 import shutil
+import sqlite3
 import subprocess
 import unittest
 import urllib.parse
 
-from journey import BINARY, Journey, Quillmarsh, copy
+from journey import BINARY, PYTHON, SUPPORT, HeldKeys, Journey, Quillmarsh, contents, copy
 
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
 SCREENSHOTS = os.environ.get("QUILLMARSH_SCREENSHOTS")
 PAPER_PART = (320, 60, 380, 290)  # of the window: within the preview, above its separator
 BUTTONS_PART = (325, 410, 300, 40)  # the warning or the buttons
 WARNING = "C96A00"
+OPEN, REVEAL = (366, 429), (480, 429)
 
 
 class PreviewJourney(Journey):
@@ -59,7 +61,8 @@ class PreviewJourney(Journey):
         window = self.app.open_history()
         self.wait_for_colour(window, "FF0000")
         os.remove(path)
-        self.wait_for(lambda: "FF0000" not in self.colours(window), "the drawing gone")
+        self.wait_for_colour(window, WARNING, BUTTONS_PART)
+        self.assertNotIn("FF0000", self.colours(window))
 
     def test_a_mount_that_hangs_keeps_only_its_own_preview_back(self):
         mount = self.file("mount")
@@ -87,6 +90,117 @@ class PreviewJourney(Journey):
         editor = self.editor("gtk")
         self.paste_with("Return", filter_text="file:drawing")
         self.wait_for_text(editor, "drawing.svg")
+
+    def file_manager(self, folder):
+        """Thunar showing `folder`, with the keyboard."""
+        self.desktop.start(["thunar", folder], quiet=True)
+        title = os.path.basename(folder)
+        return self.wait_for(lambda: self.desktop.run(
+            ["xdotool", "search", "--onlyvisible", "--name", f"^{title}", "windowactivate", "--sync"],
+            capture_output=True).returncode == 0, f"the file manager at {folder}")
+
+    def press_until(self, keys, condition, what):
+        """A file manager does not say when it has read a folder and can be asked."""
+        def pressed():
+            self.app.key(*keys)
+            try:
+                return self.wait_for(condition, what, 1)
+            except TimeoutError:
+                return False
+
+        self.wait_for(pressed, what, 20)
+
+    def test_files_copied_in_a_file_manager_are_pasted_into_another_folder(self):
+        source, target = self.file("Source"), self.file("Target")
+        os.mkdir(source)
+        os.mkdir(target)
+        for name in ("drawing.svg", "clear.png"):
+            shutil.copy(SAMPLES / name, source)
+        self.file_manager(source)
+        self.press_until(("ctrl+a", "ctrl+c"), lambda: self.app.clips("filepath, strValue")[:1],
+                         "the copied files")
+        # Of several files the first is kept, and the names of all.
+        path, text = self.app.clips("filepath, strValue")[0]
+        names = sorted(os.listdir(source))
+        self.assertIn(os.path.basename(path), names)
+        self.assertEqual(sorted(map(os.path.basename, text.split("\n"))), names)
+        self.file_manager(target)
+        self.app.open_history()
+        self.app.key("Return")
+        self.app.wait_until_hidden()
+        pasted = os.path.join(target, os.path.basename(path))
+        self.wait_for(lambda: os.path.exists(pasted) and os.path.getsize(pasted), "the pasted file")
+        self.assertEqual(pathlib.Path(pasted).read_bytes(), pathlib.Path(path).read_bytes())
+        self.assertEqual(os.listdir(target), [os.path.basename(path)])
+        self.assertEqual(sorted(os.listdir(source)), names)
+
+    def opened(self):
+        """What the desktop's default application was given, an argument a line."""
+        return contents(self.file("opened")) or ""
+
+    def set_default_application(self):
+        """Makes a recorder the default for drawings and folders."""
+        recorder = pathlib.Path(self.file("recorder"))
+        recorder.write_text(f'#!/bin/sh\nprintf "%s\\n" "$1" >> "{self.file("opened")}"\n')
+        recorder.chmod(0o755)
+        applications = pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], "applications")
+        applications.mkdir(parents=True, exist_ok=True)
+        (applications / "recorder.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Recorder\nExec={recorder} %f\n"
+            "MimeType=image/svg+xml;inode/directory;\n")
+        pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], "mimeapps.list").write_text(
+            "[Default Applications]\nimage/svg+xml=recorder.desktop\n"
+            "inode/directory=recorder.desktop\n")
+
+    def click(self, window, x, y):
+        self.desktop.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1"])
+
+    def test_open_and_reveal_hand_the_file_to_the_desktop(self):
+        self.set_default_application()
+        asked = self.file("asked")
+        path = shutil.copy(SAMPLES / "drawing.svg", self.file("100% drawn & more.svg"))
+        self.copy_file(path)
+        manager = [PYTHON, str(SUPPORT / "file_manager.py"), asked]
+        service = self.desktop.start(manager, stdout=subprocess.PIPE, text=True)
+        service.stdout.readline()
+        window = self.app.open_history()
+        self.wait_for_colour(window, "FF0000")
+        self.click(window, *REVEAL)
+        address = "file://" + urllib.parse.quote(path, safe="/&")
+        self.wait_for(lambda: contents(asked) == address + "\n", "the file shown")
+        # Where no file manager can show a file, its folder is opened.
+        service.terminate()
+        service.wait()
+        service = self.desktop.start([*manager, "--refuses"], stdout=subprocess.PIPE, text=True)
+        service.stdout.readline()
+        self.click(window, *REVEAL)
+        self.wait_for(lambda: self.opened() == self.desktop.home + "\n", "the folder opened")
+        self.assertIsNotNone(self.app.window(wait=False))
+        self.click(window, *OPEN)
+        self.app.wait_until_hidden()
+        self.wait_for(lambda: self.opened().splitlines()[1:] == [path], "the file opened")
+
+    def test_a_held_key_steps_through_a_hundred_files(self):
+        self.app.quit()
+        samples = [name for name in sorted(os.listdir(SAMPLES)) if name != "drawing.svg"]
+        clips = []
+        for number in range(100):
+            name = samples[number % len(samples)] if number else "drawing.svg"
+            clips.append((name, shutil.copy(SAMPLES / name, self.file(f"{number}-{name}")),
+                          "Files", 1000.0 + number))
+        with sqlite3.connect(self.app.store) as store:
+            store.executemany("INSERT INTO ClipItem (strValue, filepath, applicationName, "
+                              "createDate) VALUES (?, ?, ?, ?)", clips)
+        store.close()
+        self.app = Quillmarsh(self.desktop, BINARY)
+        window = self.app.open_history()
+        keys = HeldKeys(self.desktop.environment)
+        keys.press("down")
+        self.wait_for_colour(window, "FF0000")
+        keys.release("down")
+        self.app.key("Escape")
+        self.app.wait_until_hidden()
+        self.assertEqual(self.app.quit(), 0)
 
     @unittest.skipUnless(SCREENSHOTS, "only for those who want pictures")
     def test_pictures_of_every_kind(self):
