@@ -125,13 +125,16 @@ void FeedbackDialog::say(const QString &sentence)
 
 void FeedbackDialog::textChanged()
 {
-    const qsizetype excess =
-        m_form->text->document()->characterCount() - 1 - FeedbackForm::kMostCharacters;
-    m_form->send->setEnabled(m_state == State::Writing && !draft().isEmpty() && excess <= 0);
+    // The document counts an end of its own.
+    const int length = m_form->text->document()->characterCount() - 1;
+    const bool isTooLong = length > FeedbackForm::kMostCharacters;
+    m_form->send->setEnabled(m_state == State::Writing && !draft().isEmpty() && !isTooLong);
     if (m_state != State::Writing)
         return;
-    say(excess > 0 ? tr("%n character(s) too many.", nullptr, static_cast<int>(excess))
-                   : QString());
+    say(isTooLong ? tr("Too long: %1 of at most %2 characters.")
+                        .arg(length)
+                        .arg(FeedbackForm::kMostCharacters)
+                  : QString());
     m_draftTimer.start();
 }
 
