@@ -71,14 +71,10 @@ void FeedbackDelivery::post(const FeedbackMessage &message)
 
 void FeedbackDelivery::handOver(const FeedbackMessage &message)
 {
-    const std::optional<MailHandOver::Result> result = m_mail.handOver(message);
-    if (!result)
-        Q_EMIT failed(tr("No file could be written in %1.").arg(inHome(m_mail.folder())));
-    else if (result->isOpen)
-        Q_EMIT delivered(tr("Saved as %1 and opened in your mail program; send it from there.")
-                             .arg(inHome(result->path)));
+    if (const std::optional<QString> path = m_mail.handOver(message))
+        Q_EMIT delivered(tr("Saved as %1. Send it from the mail program that opens; if none does, "
+                            "send the file.")
+                             .arg(inHome(*path)));
     else
-        Q_EMIT delivered(tr("Saved as %1. No mail program could be opened; please send the file "
-                            "yourself.")
-                             .arg(inHome(result->path)));
+        Q_EMIT failed(tr("No file could be written in %1.").arg(inHome(m_mail.folder())));
 }

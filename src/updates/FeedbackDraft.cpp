@@ -3,6 +3,7 @@
 #include "updates/PrivateFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -19,7 +20,7 @@ constexpr QLatin1String kRefused("refused");
 FeedbackDraft FeedbackDraft::load(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
     const QJsonObject fields = QJsonDocument::fromJson(file.read(kMostBytes)).object();
     FeedbackDraft draft;

@@ -40,18 +40,17 @@ MailHandOver::MailHandOver(Workspace &workspace, QString folder)
 {
 }
 
-std::optional<MailHandOver::Result> MailHandOver::handOver(const FeedbackMessage &message) const
+std::optional<QString> MailHandOver::handOver(const FeedbackMessage &message) const
 {
     const QString moment =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hhmmss-zzz"));
-    Result result;
-    result.path = QStringLiteral("%1/%2-%3.txt").arg(m_folder, message.kindName(), moment);
+    const QString path = QStringLiteral("%1/%2-%3.txt").arg(m_folder, message.kindName(), moment);
     const QString text = message.toPlainText();
-    if (!PrivateFile::write(result.path, text.toUtf8()))
+    if (!PrivateFile::write(path, text.toUtf8()))
         return std::nullopt;
     QUrl url = mailUrl(text);
     if (url.toEncoded().size() > kMostBytesOfAddress)
-        url = mailUrl(tr("(Please attach the file %1)").arg(result.path));
-    result.isOpen = m_workspace.openUrl(url);
-    return result;
+        url = mailUrl(tr("(Please attach the file %1)").arg(path));
+    m_workspace.openUrl(url);
+    return path;
 }

@@ -12,17 +12,12 @@ struct FeedbackMessage;
 class MailHandOver
 {
 public:
-    struct Result
-    {
-        QString path;        ///< The file that was written.
-        bool isOpen = false; ///< A mail program could be started.
-    };
-
     MailHandOver(Workspace &workspace, QString folder);
 
     const QString &folder() const { return m_folder; }
-    /// Absent, with a log line, when the file could not be written.
-    std::optional<Result> handOver(const FeedbackMessage &message) const;
+    /// The new file's path; absent, with a log line, when it could not be written. Whether a mail
+    /// program opens, nobody tells.
+    std::optional<QString> handOver(const FeedbackMessage &message) const;
 
 private:
     Workspace &m_workspace;

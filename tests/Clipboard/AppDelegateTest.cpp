@@ -209,10 +209,14 @@ TEST_F(AppDelegateTest, aSwopEndedByReturnWhereNothingMatchesKeepsTheSelection)
     EXPECT_EQ(clips().front(), QStringLiteral("recorded again"));
 }
 
-TEST_F(AppDelegateTest, theApplicationThatThePreferencesCoverIsTheTargetOfAPaste)
+TEST_F(AppDelegateTest, theApplicationThatOneOfOurWindowsCoversIsTheTargetOfAPaste)
 {
     start().openPreferences();
     EXPECT_EQ(m_platform.frontApplication.rememberCount(), 1);
+    m_delegate->statusMenu().menu()->actions().at(9)->trigger();
+    EXPECT_EQ(m_platform.frontApplication.rememberCount(), 2);
+    EXPECT_EQ(m_platform.frontApplication.activatedWindow()->title(),
+              QStringLiteral("Send Feedback"));
 }
 
 TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWindow)
