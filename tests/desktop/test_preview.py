@@ -1,5 +1,6 @@
 """Copied files in the history window: each kind looked at, found, opened, and missed when gone."""
 
+import hashlib
 import os
 import pathlib
 import shutil
@@ -14,7 +15,7 @@ SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
 SCREENSHOTS = os.environ.get("QUILLMARSH_SCREENSHOTS")
 PAPER_PART = (320, 60, 380, 290)  # of the window: within the preview, above its separator
 BUTTONS_PART = (325, 410, 300, 40)  # the warning or the buttons
-WARNING = "C96A00"
+WARNING = "A85700"
 OPEN, REVEAL = (366, 429), (480, 429)
 
 
@@ -96,8 +97,8 @@ class PreviewJourney(Journey):
         self.desktop.start(["thunar", folder], quiet=True)
         title = os.path.basename(folder)
         return self.wait_for(lambda: self.desktop.run(
-            ["xdotool", "search", "--onlyvisible", "--name", f"^{title}", "windowactivate", "--sync"],
-            capture_output=True).returncode == 0, f"the file manager at {folder}")
+            ["xdotool", "search", "--onlyvisible", "--name", f"^{title}", "windowactivate",
+             "--sync"], capture_output=True).returncode == 0, f"the file manager at {folder}")
 
     def press_until(self, keys, condition, what):
         """A file manager does not say when it has read a folder and can be asked."""
@@ -202,27 +203,68 @@ class PreviewJourney(Journey):
         self.app.wait_until_hidden()
         self.assertEqual(self.app.quit(), 0)
 
-    @unittest.skipUnless(SCREENSHOTS, "only for those who want pictures")
-    def test_pictures_of_every_kind(self):
+    def film(self):
+        """A film, or what passes for one, of which a file manager has made a thumbnail."""
+        film = pathlib.Path(self.file("Harbour.mp4"))
+        film.write_bytes(bytes(4096))
+        thumbnails = pathlib.Path(self.desktop.environment["XDG_CACHE_HOME"], "thumbnails/large")
+        thumbnails.mkdir(parents=True)
+        name = hashlib.md5(film.as_uri().encode()).hexdigest()
+        subprocess.run(["convert", "-size", "256x144", "plasma:navy-orange", "-blur", "0x4", "-set",
+                        "Thumb::MTime", str(int(film.stat().st_mtime)), thumbnails / f"{name}.png"],
+                       check=True)
+        return film
+
+    def every_kind(self):
+        """A file of each kind, by the kind's name."""
         folder = pathlib.Path(self.file("Holiday"))
         (folder / "Letters").mkdir(parents=True)
         for number in range(1, 13):
             (folder / f"Picture {number}.jpg").write_bytes(b"x" * 4000 * number)
-        code = shutil.copy(SAMPLES.parent.parent / "desktop" / "journey.py", self.file("journey.py"))
-        font = shutil.copy("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf", self.file("serif.ttf"))
-        photo = self.file("photo.jpg")
-        subprocess.run(["convert", "-size", "1600x1000", "plasma:seagreen-gold", photo], check=True)
-        binary = pathlib.Path(self.file("archive.bin"))
-        binary.write_bytes(bytes(50_000))
-        for path in (photo, code, self.sample("notes.md"), self.sample("pages.pdf"),
-                     self.sample("clear.png"), folder, font, binary):
+        photo, clear = self.file("Meadow.jpg"), self.file("Glass.png")
+        subprocess.run(["convert", "-size", "1600x1000", "plasma:seagreen-gold", "-blur", "0x9",
+                        photo], check=True)
+        subprocess.run(["convert", "-size", "300x200", "radial-gradient:red-transparent", clear],
+                       check=True)
+        letter = pathlib.Path(self.file("Letter.txt"))
+        letter.write_text("Dear reader,\n\n" + "this is a letter of some length. " * 40)
+        blob = pathlib.Path(self.file("firmware.bin"))
+        blob.write_bytes(bytes(50_000))
+        gone = pathlib.Path(self.file("Gone.txt"))
+        gone.touch()
+        return {
+            "photo": photo, "transparency": clear, "drawing": self.sample("drawing.svg"),
+            "text": letter, "code": shutil.copy(__file__, self.file("journey.py")),
+            "markdown": shutil.copy(SAMPLES.parents[2] / "README.md", self.file("README.md")),
+            "page": self.sample("page.html"), "document": self.sample("pages.pdf"),
+            "folder": folder, "archive": shutil.make_archive(
+                self.file("Holiday"), "gztar", self.desktop.home, folder.name),
+            "font": shutil.copy("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf",
+                                self.file("Serif.ttf")),
+            "film": self.film(), "card": blob, "missing": gone}
+
+    @unittest.skipUnless(SCREENSHOTS, "only for those who want pictures")
+    def test_pictures_of_every_kind(self):
+        self.app.quit()
+        portal = self.desktop.start([PYTHON, str(SUPPORT / "portal.py")], stdin=subprocess.PIPE,
+                                    stdout=subprocess.PIPE, text=True)
+        portal.stdout.readline()
+        self.app = Quillmarsh(self.desktop, BINARY)
+        for kind, path in self.every_kind().items():
             self.copy_file(path)
-            window = self.app.open_history()
-            self.wait_for(lambda: len(self.colours(window)) > 3, "something to look at")
-            name = pathlib.Path(path).suffix.lstrip(".") or "folder"
-            shutil.copy(self.picture(window, name), pathlib.Path(SCREENSHOTS, f"preview-{name}.png"))
-            self.app.key("Escape")
-            self.app.wait_until_hidden()
+            if kind == "missing":
+                path.unlink()
+            for number, scheme in ((2, "light"), (1, "dark")):
+                portal.stdin.write(f"scheme {number}\n")
+                portal.stdin.flush()
+                window = self.app.open_history()
+                paper = "FF" if scheme == "light" else "1E"
+                self.wait_for_colour(window, paper, (325, 445, 300, 8))
+                self.wait_for(lambda: len(self.colours(window)) > 3, "something to look at")
+                picture = pathlib.Path(SCREENSHOTS, f"preview-{kind}-{scheme}.png")
+                self.desktop.run(["convert", self.picture(window, kind), "-strip", picture])
+                self.app.key("Escape")
+                self.app.wait_until_hidden()
 
 
 if __name__ == "__main__":

@@ -127,6 +127,8 @@ QString nameOf(archive_entry *entry)
     if (!name)
         name = archive_entry_pathname(entry);
     QString shown = QString::fromUtf8(name ? name : "\xEF\xBF\xBD");
+    if (shown.startsWith(QLatin1String("./")) && shown.size() > 2)
+        shown.remove(0, 2);
     if (archive_entry_filetype(entry) == AE_IFDIR && !shown.endsWith(u'/'))
         shown += u'/';
     return shown;

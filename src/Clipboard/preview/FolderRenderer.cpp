@@ -45,7 +45,8 @@ ListCount counted(const QString &path, QStringList *names, const PreviewStop &st
 
 QStringList firstSorted(QStringList entries)
 {
-    QCollator collator;
+    // Numbers have their order only in a language.
+    QCollator collator(QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale());
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(entries.begin(), entries.end(), [&collator](const QString &a, const QString &b) {

@@ -52,10 +52,11 @@ std::shared_ptr<const PreviewContent> FontRenderer::read(PreviewFile &file, cons
     font.setPixelSize(22);
     for (const QString &text : texts)
         lines.push_back(lineOf(font, text));
-    for (const qreal size : {12.0, 16.0, 24.0, 32.0}) {
+    // The larger, the shorter, so that each fits beside the list.
+    const QString sentence = QStringLiteral("The quick brown fox jumps over the lazy dog");
+    for (const auto &[size, length] : {std::pair(12, 43), {16, 43}, {24, 25}, {36, 19}}) {
         font.setPixelSize(size);
-        lines.push_back(
-            lineOf(font, QStringLiteral("The quick brown fox jumps over the lazy dog")));
+        lines.push_back(lineOf(font, sentence.left(length)));
     }
     return std::make_shared<FontContent>(font.familyName(), std::move(lines));
 }

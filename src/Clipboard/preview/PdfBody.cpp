@@ -72,11 +72,13 @@ void PdfBody::readNextInSight()
     });
     if (m_isReading)
         return;
+    const int pixels = qRound(columnWidth() * devicePixelRatioF());
     for (int page = first; page < end; ++page) {
-        if (m_pages.contains(page) || m_failed.contains(page))
+        // A page of another width is shown until the one that is as sharp as can be has come.
+        const auto drawn = m_pages.find(page);
+        if ((drawn != m_pages.end() && drawn->second.width() == pixels) || m_failed.contains(page))
             continue;
         m_isReading = true;
-        const int pixels = qRound(columnWidth() * devicePixelRatioF());
         m_ticket = m_threads.run([this, path = m_path, page, pixels](const PreviewStop &stop) {
             return [this, page, image = PdfContent::page(path, page, pixels, stop)] {
                 m_isReading = false;

@@ -19,7 +19,15 @@ public:
     using QTextDocument::QTextDocument;
 
 protected:
-    QVariant loadResource(int, const QUrl &) override { return {}; }
+    QVariant loadResource(int type, const QUrl &) override
+    {
+        if (type != ImageResource)
+            return {};
+        // Without any picture a broken one would be shown.
+        QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
+        nothing.fill(Qt::transparent);
+        return nothing;
+    }
 };
 
 QAbstractScrollArea *makePlainView(const TextContent &content, QWidget *parent)
