@@ -1,5 +1,6 @@
 #include "Clipboard/AppDelegate.h"
 
+#include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/HelpPage.h"
 #include "Clipboard/LiveSettings.h"
@@ -26,6 +27,7 @@
 #include "hotkey/HotKeyTextField.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
+#include "updates/DMHelperAppDelegate.h"
 #include "updates/DevMateKit.h"
 
 #include <QApplication>
@@ -68,6 +70,11 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(platform, storeFolder);
     m_tourGuide = std::make_unique<TourGuide>();
+    m_updates = std::make_unique<ApplicationUpdates>(
+        platform, m_info,
+        ApplicationUpdates::Answers{[this] { return updaterShouldCheckForBetaUpdates(); },
+                                    [this] { quit(); }});
+    m_checkForUpdatesMI = m_updates->checkForUpdatesMI();
     m_devMateKit = std::make_unique<DevMateKit>(platform, m_info, storeFolder);
     connect(m_devMateKit.get(), &DevMateKit::quitRequested, this, &AppDelegate::quit);
     m_liveSettings = std::make_unique<LiveSettings>(*m_preferencesGeneral,
@@ -250,7 +257,19 @@ void AppDelegate::quit()
     QCoreApplication::quit();
 }
 
-void AppDelegate::checkForUpdates() {}
+void AppDelegate::checkForUpdates()
+{
+    if (isTakenByWelcome())
+        return;
+    if (!m_checkForUpdatesMI)
+        qFatal("The menu item that checks for updates is missing");
+    m_checkForUpdatesMI->trigger();
+}
+
+DMHelperAppDelegate &AppDelegate::dmManager() const
+{
+    return m_updates->dmManager();
+}
 
 void AppDelegate::showFeedbackDialog()
 {
@@ -297,7 +316,10 @@ void AppDelegate::startTour()
                            m_viewController->textFieldView());
 }
 
-void AppDelegate::setCheckForUpdates(bool) {}
+void AppDelegate::setCheckForUpdates(bool isOn)
+{
+    dmManager().checkForUpdates(isOn);
+}
 
 void AppDelegate::setWindowVisible()
 {

@@ -4,7 +4,9 @@
 #include "platform/Info.h"
 #include "platform/Platform.h"
 
+#include <QAction>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
@@ -17,6 +19,8 @@ class ClipItem;
 class ClipPaster;
 class ClipboardCapture;
 class ClipboardWindow;
+class ApplicationUpdates;
+class DMHelperAppDelegate;
 class DevMateKit;
 class HotKeyManager;
 class HotKeyTextField;
@@ -71,7 +75,7 @@ public:
     void clearAll();
     void help();
     void quit();
-    /// Does nothing until there is an updater.
+    /// Does what the menu item checkForUpdatesMI() does; without that item the program ends.
     void checkForUpdates();
     void showFeedbackDialog();
 
@@ -83,8 +87,11 @@ public:
     bool handleWelcomeWindow();
     /// Opens the history window and points out its parts. Without that window the program ends.
     void startTour();
-    /// Switches the periodic check for updates. Does nothing until there is an updater.
+    /// Switches the periodic check of the update that dmManager() has in progress; there is none in
+    /// the application itself, so this deliberately changes nothing.
     void setCheckForUpdates(bool isOn);
+    /// Always: whoever runs the application is told of its betas.
+    bool updaterShouldCheckForBetaUpdates() const { return true; }
 
     // History window
     void setWindowVisible();
@@ -129,6 +136,9 @@ public:
     {
         return *m_preferencesApplication;
     }
+    DMHelperAppDelegate &dmManager() const;
+    /// Starts the updater's interactive check; the status menu's entry triggers it.
+    QAction *checkForUpdatesMI() const { return m_checkForUpdatesMI; }
     StatusMenu &statusMenu() const { return *m_statusMenu; }
     /// Never shown: it stands ready for whoever records a hot key of the hot-key center.
     HotKeyTextField &hotKeyField() const { return *m_hotKeyField; }
@@ -173,5 +183,7 @@ private:
     std::unique_ptr<CCNPreferencesWindowController> m_preferences;
     std::unique_ptr<WelcomeWindowController> m_welcomeWindowController;
     std::unique_ptr<TourGuide> m_tourGuide;
+    std::unique_ptr<ApplicationUpdates> m_updates;
+    QPointer<QAction> m_checkForUpdatesMI; ///< m_updates has it.
     std::unique_ptr<DevMateKit> m_devMateKit;
 };

@@ -11,6 +11,7 @@
 #include "platform/LoginItems.h"
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
+#include "platform/RunningApplications.h"
 #include "platform/SettingsStore.h"
 #include "platform/StatusBar.h"
 #include "platform/SymbolicHotKeys.h"
@@ -30,6 +31,7 @@ struct Platform
     std::unique_ptr<ApplicationNames> applicationNames;
     std::unique_ptr<InstalledApplications> installedApplications;
     std::unique_ptr<LoginItems> loginItems;
+    std::unique_ptr<RunningApplications> runningApplications;
     std::unique_ptr<Notifications> notifications;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<WindowSpace> windowSpace;

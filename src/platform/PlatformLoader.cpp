@@ -10,6 +10,7 @@
 #include "platform/freedesktop/FreedesktopSymbolicHotKeys.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/PortalAppearance.h"
+#include "platform/freedesktop/ProcRunningApplications.h"
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/SystemClock.h"
 #include "platform/x11/X11FrontApplication.h"
@@ -116,10 +117,23 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
     platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(entries);
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();
+    platform->runningApplications = std::make_unique<ProcRunningApplications>();
     platform->notifications = std::make_unique<FreedesktopNotifications>();
     platform->workspace = std::make_unique<FreedesktopWorkspace>();
     platform->symbolicHotKeys = std::make_unique<FreedesktopSymbolicHotKeys>();
     makeX11Adapters(*platform);
+    platform->statusBar =
+        std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
+    return platform;
+}
+
+std::unique_ptr<Platform> PlatformLoader::makeHelperPlatform()
+{
+    restoreEnvironment();
+    auto platform = std::make_unique<Platform>();
+    platform->clock = std::make_unique<SystemClock>();
+    platform->settings = std::make_unique<FreedesktopSettingsStore>();
+    platform->runningApplications = std::make_unique<ProcRunningApplications>();
     platform->statusBar =
         std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
     return platform;

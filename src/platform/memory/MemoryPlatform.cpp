@@ -127,6 +127,7 @@ MemoryPlatform::MemoryPlatform()
       appearance(put<MemoryAppearance>(platform.appearance)),
       installedApplications(put<MemoryInstalledApplications>(platform.installedApplications)),
       loginItems(put<MemoryLoginItems>(platform.loginItems)),
+      runningApplications(put<MemoryRunningApplications>(platform.runningApplications)),
       notifications(put<MemoryNotifications>(platform.notifications)),
       workspace(put<MemoryWorkspace>(platform.workspace)),
       windowSpace(put<MemoryWindowSpace>(platform.windowSpace)),

@@ -222,6 +222,18 @@ public:
     }
 };
 
+class MemoryRunningApplications : public RunningApplications
+{
+public:
+    void setBundlePaths(const QStringList &paths) { m_paths = paths; }
+
+    // ^RunningApplications
+    QStringList bundlePaths(const QString &) const override { return m_paths; }
+
+private:
+    QStringList m_paths;
+};
+
 /// A whole platform of fakes. The references stay valid while `platform` lives.
 struct MemoryPlatform
 {
@@ -233,6 +245,7 @@ struct MemoryPlatform
     MemoryAppearance &appearance;
     MemoryInstalledApplications &installedApplications;
     MemoryLoginItems &loginItems;
+    MemoryRunningApplications &runningApplications;
     MemoryNotifications &notifications;
     MemoryWorkspace &workspace;
     MemoryWindowSpace &windowSpace;

@@ -1,0 +1,64 @@
+#include "Clipboard/ApplicationUpdates.h"
+
+#include "platform/Platform.h"
+#include "updates/DMHelperAppDelegate.h"
+#include "updates/DM_SUUpdater.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+ApplicationUpdates::ApplicationUpdates(Platform &platform, const Info &info, Answers answers)
+    : m_answers(std::move(answers)), m_dmManager(std::make_unique<DMHelperAppDelegate>(
+                                         platform, info, QCoreApplication::applicationFilePath())),
+      m_updater(DM_SUUpdater::updaterForMainBundle(platform, info))
+{
+    m_updater->setDelegate(this);
+    m_checkForUpdatesMI.setText(QCoreApplication::translate("StatusMenu", "Check For Updates..."));
+    QObject::connect(&m_checkForUpdatesMI, &QAction::triggered, m_updater.get(),
+                     &DM_SUUpdater::checkForUpdates);
+}
+
+ApplicationUpdates::~ApplicationUpdates() = default;
+
+bool ApplicationUpdates::updaterShouldCheckForBetaUpdates(const DM_SUUpdater &)
+{
+    return m_answers.shouldCheckForBetaUpdates();
+}
+
+bool ApplicationUpdates::isUpdaterInTestMode(const DM_SUUpdater &updater)
+{
+    return m_dmManager->isUpdaterInTestMode(updater);
+}
+
+bool ApplicationUpdates::updaterShouldRelaunchApplication(const DM_SUUpdater &)
+{
+    return true;
+}
+
+void ApplicationUpdates::updaterWillInstallUpdateOnQuit(const DM_SUUpdater &, const QString &,
+                                                        std::function<void()> immediateInstallation)
+{
+    immediateInstallation();
+}
+
+QString ApplicationUpdates::pathToRelaunchForUpdater(const DM_SUUpdater &)
+{
+    return QCoreApplication::applicationFilePath();
+}
+
+bool ApplicationUpdates::updaterMayShowModalAlert(const DM_SUUpdater &)
+{
+    return true;
+}
+
+void ApplicationUpdates::updaterDidAbortWithError(const DM_SUUpdater &,
+                                                  const std::optional<UpdateError> &)
+{
+    // The updater has logged it and, where the user asked, shown it.
+}
+
+void ApplicationUpdates::updaterWillRelaunchApplication(const DM_SUUpdater &)
+{
+    m_answers.quit();
+}

@@ -1,0 +1,21 @@
+#include "platform/freedesktop/ProcRunningApplications.h"
+
+#include <QDir>
+#include <QFile>
+
+QStringList ProcRunningApplications::bundlePaths(const QString &bundleIdentifier) const
+{
+    const QString program = QStringLiteral("/bin/") + bundleIdentifier.section(u'.', -1).toLower();
+    QStringList paths;
+    for (const QString &process : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        const QString link = QStringLiteral("/proc/%1/exe").arg(process);
+        QString executable = process.front().isDigit() ? QFile::symLinkTarget(link) : QString();
+        // A running program may have been replaced on the disk.
+        const auto kGone = QStringLiteral(" (deleted)");
+        if (executable.endsWith(kGone))
+            executable.chop(kGone.size());
+        if (executable.endsWith(program))
+            paths.append(executable.chopped(program.size()));
+    }
+    return paths;
+}

@@ -1,0 +1,125 @@
+#include "updates/Installation.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+const auto kVersions = QStringLiteral("versions");
+
+QString systemCommand()
+{
+    struct Manager
+    {
+        QString program;
+        QString command;
+    };
+    static const QList<Manager> kManagers{
+        {QStringLiteral("/usr/bin/apt"),
+         QStringLiteral("sudo apt install --only-upgrade quillmarsh")},
+        {QStringLiteral("/usr/bin/dnf"), QStringLiteral("sudo dnf upgrade quillmarsh")},
+        {QStringLiteral("/usr/bin/zypper"), QStringLiteral("sudo zypper update quillmarsh")},
+        {QStringLiteral("/usr/bin/pacman"), QStringLiteral("sudo pacman -Syu quillmarsh")},
+    };
+    for (const Manager &manager : kManagers) {
+        if (QFileInfo::exists(manager.program))
+            return manager.command;
+    }
+    return {};
+}
+
+bool isBelow(const QString &path, const QString &folder)
+{
+    return path == folder || path.startsWith(folder + u'/');
+}
+
+} // namespace
+
+Installation::Evidence Installation::Evidence::of(const QString &bundlePath)
+{
+    return {QFileInfo(bundlePath).canonicalFilePath(), qEnvironmentVariable("APPIMAGE"),
+            qEnvironmentVariable("APPDIR")};
+}
+
+Installation Installation::of(const Evidence &evidence)
+{
+    Installation installation;
+    installation.bundlePath = evidence.bundlePath;
+    const QString appDir = QFileInfo(evidence.appDir).canonicalFilePath();
+    // An image that we were merely started from hands these variables down, too.
+    if (QFileInfo(evidence.appImage).isFile() && !appDir.isEmpty() &&
+        isBelow(evidence.bundlePath, appDir)) {
+        installation.kind = Kind::AppImage;
+        installation.path = QFileInfo(evidence.appImage).canonicalFilePath();
+        return installation;
+    }
+    const QFileInfo folder(QFileInfo(evidence.bundlePath).path());
+    if (folder.fileName() == kVersions &&
+        QFileInfo(folder.path() + QStringLiteral("/current")).isSymLink()) {
+        installation.kind = Kind::Prefix;
+        installation.path = folder.path();
+        return installation;
+    }
+    const bool isLocal = isBelow(evidence.bundlePath, QStringLiteral("/usr/local"));
+    if (isBelow(evidence.bundlePath, QStringLiteral("/usr")) && !isLocal) {
+        installation.kind = Kind::PackageManager;
+        installation.command = systemCommand();
+    }
+    return installation;
+}
+
+QString Installation::kindName() const
+{
+    switch (kind) {
+    case Kind::AppImage:
+        return QStringLiteral("appimage");
+    case Kind::Prefix:
+        return QStringLiteral("prefix");
+    default:
+        return {};
+    }
+}
+
+std::optional<QString> Installation::obstacle() const
+{
+    switch (kind) {
+    case Kind::PackageManager:
+        return tr("Quillmarsh was installed by your system's package manager, which also updates "
+                  "it.");
+    case Kind::Unknown:
+        return tr("Quillmarsh was not installed in a way that it could update itself. Updates come "
+                  "from where you got it.");
+    default:
+        break;
+    }
+    const QString folder = kind == Kind::AppImage ? QFileInfo(path).path() : path;
+    const bool isWritable =
+        QFileInfo(folder).isWritable() &&
+        (kind == Kind::AppImage || QFileInfo(path + u'/' + kVersions).isWritable());
+    if (!isWritable)
+        return tr("The folder %1 cannot be written to.").arg(QDir::toNativeSeparators(folder));
+    return std::nullopt;
+}
+
+QString Installation::lockPath() const
+{
+    return kind == Kind::AppImage ? QFileInfo(path).path() + QStringLiteral("/.") +
+                                        QFileInfo(path).fileName() + QStringLiteral(".update-lock")
+                                  : path + QStringLiteral("/.update-lock");
+}
+
+std::optional<QString> Installation::nextVersion() const
+{
+    if (kind != Kind::Prefix)
+        return std::nullopt;
+    return QFileInfo(QFileInfo(path + QStringLiteral("/current")).canonicalFilePath()).fileName();
+}
+
+QString Installation::lastingPath(const QString &programPath) const
+{
+    if (kind == Kind::AppImage)
+        return path;
+    if (kind == Kind::Prefix && isBelow(programPath, bundlePath))
+        return path + QStringLiteral("/current") + programPath.mid(bundlePath.size());
+    return programPath;
+}

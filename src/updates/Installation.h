@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <optional>
+
+/// How the program at hand was installed, and so whether and how it can be replaced. A value.
+struct Installation
+{
+    Q_DECLARE_TR_FUNCTIONS(Installation)
+
+public:
+    enum class Kind {
+        AppImage,       ///< `path` is one file.
+        Prefix,         ///< `path` holds versions/X for each version and a link current to one.
+        PackageManager, ///< The system's; `command` updates it where it is known.
+        Unknown,        ///< None of these.
+    };
+
+    /// What decides, apart from the file system.
+    struct Evidence
+    {
+        QString bundlePath; ///< The prefix that holds bin/quillmarsh, without links.
+        QString appImage;   ///< $APPIMAGE; empty when not set.
+        QString appDir;     ///< $APPDIR; empty when not set.
+
+        /// The same for a bundle of this process.
+        static Evidence of(const QString &bundlePath);
+    };
+
+    static Installation of(const Evidence &evidence);
+
+    /// "appimage" or "prefix", as feeds say it; empty when it cannot be replaced.
+    QString kindName() const;
+    /// Why it cannot be replaced by us, as a sentence for the user; nothing when it can.
+    std::optional<QString> obstacle() const;
+    /// Who has it locked may replace it.
+    QString lockPath() const;
+    /// The version that starts next; differs from the running one after an update. Nothing when it
+    /// cannot be known without starting it.
+    std::optional<QString> nextVersion() const;
+    /// Where a program of this installation is found whatever version is installed.
+    QString lastingPath(const QString &programPath) const;
+
+    Kind kind = Kind::Unknown;
+    QString path;
+    QString bundlePath;
+    QString command;
+};

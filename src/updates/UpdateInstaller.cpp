@@ -1,0 +1,206 @@
+#include "updates/UpdateInstaller.h"
+
+#include "updates/ArchiveExtraction.h"
+#include "updates/UpdateSignature.h"
+#include "updates/UpdatesLog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+/// What a run leaves unfinished has names that begin like this.
+const auto kStaging = QStringLiteral(".staging-");
+
+void enterStage(const char *name)
+{
+    qCInfo(updatesLog, "update stage: %s", name);
+}
+
+QString writeProblem()
+{
+    if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)
+        return UpdateInstaller::tr("There is not enough room on the disk.");
+    return UpdateInstaller::tr("The update could not be put in its place: %1.")
+        .arg(QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+bool sync(const QString &path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool isDone = ::fsync(file) == 0;
+    ::close(file);
+    return isDone;
+}
+
+/// Replaces what has the name `to`, at once.
+bool replace(const QString &from, const QString &to)
+{
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) ==
+               0 &&
+           sync(QFileInfo(to).path());
+}
+
+/// A link is removed and not followed.
+void removeFolder(const QString &path)
+{
+    if (QFileInfo(path).isSymLink())
+        QFile::remove(path);
+    else
+        QDir(path).removeRecursively();
+}
+
+/// QFile::copy would go on without the last block on a full disk.
+bool copy(QFile &from, const QString &to, const std::atomic<bool> &isCancelled)
+{
+    constexpr qint64 kBlockBytes = 1024 * 1024;
+    QFile copied(to);
+    if (!from.seek(0) ||
+        !copied.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered,
+                     QFile::permissions(from.fileName())))
+        return false;
+    while (!from.atEnd()) {
+        const QByteArray block = from.read(kBlockBytes);
+        errno = 0;
+        if (block.isEmpty() || isCancelled || copied.write(block) != block.size())
+            return false;
+    }
+    return ::fsync(copied.handle()) == 0;
+}
+
+} // namespace
+
+UpdateInstaller::UpdateInstaller(Installation installation, UpdateItem item, QByteArray publicKey)
+    : m_installation(std::move(installation)), m_item(std::move(item)),
+      m_publicKey(std::move(publicKey))
+{
+}
+
+std::optional<QString> UpdateInstaller::install(const QString &download,
+                                                const std::atomic<bool> &isCancelled)
+{
+    enterStage("verify");
+    // The same open file is checked and installed.
+    QFile file(download);
+    if (!file.open(QIODevice::ReadOnly))
+        return tr("The downloaded file is gone.");
+    if (const auto problem = check(file))
+        return problem;
+    return m_installation.kind == Installation::Kind::AppImage ? installImage(file, isCancelled)
+                                                               : installPrefix(file, isCancelled);
+}
+
+std::optional<QString> UpdateInstaller::check(QFile &download) const
+{
+    if (download.size() != m_item.size)
+        return tr("The downloaded file has not the size that was announced.");
+    if (!download.seek(0) ||
+        !UpdateSignature::isValid(m_item, UpdateSignature::digest(download), m_publicKey))
+        return tr("The signature of the downloaded file is not the publisher's. It was not "
+                  "installed.");
+    return std::nullopt;
+}
+
+std::optional<QString> UpdateInstaller::installImage(QFile &download,
+                                                     const std::atomic<bool> &isCancelled)
+{
+    const QString image = m_installation.path;
+    const QString unfinished =
+        QFileInfo(image).path() + QStringLiteral("/.") + QFileInfo(image).fileName() + kStaging;
+    const QString fresh = unfinished + QStringLiteral("new");
+    const QString kept = unfinished + QStringLiteral("previous");
+    enterStage("clean");
+    QFile::remove(fresh);
+    QFile::remove(kept);
+    enterStage("write");
+    if (!copy(download, fresh, isCancelled)) {
+        const QString problem = isCancelled ? tr("The update was cancelled.") : writeProblem();
+        QFile::remove(fresh);
+        return problem;
+    }
+    // What was written is checked once more, because it is what will run.
+    QFile written(fresh);
+    if (!written.open(QIODevice::ReadOnly) || check(written) ||
+        !written.setPermissions(QFile::permissions(image) | QFile::ExeOwner)) {
+        QFile::remove(fresh);
+        return tr("The update could not be written correctly.");
+    }
+    written.close();
+    enterStage("keep");
+    QFile installed(image);
+    const std::atomic<bool> isNeverCancelled = false;
+    if (!installed.open(QIODevice::ReadOnly) || !copy(installed, kept, isNeverCancelled) ||
+        !replace(kept, image + QStringLiteral(".previous"))) {
+        const QString problem = writeProblem();
+        QFile::remove(fresh);
+        QFile::remove(kept);
+        return problem;
+    }
+    enterStage("switch");
+    if (!replace(fresh, image))
+        return writeProblem();
+    enterStage("done");
+    return std::nullopt;
+}
+
+std::optional<QString> UpdateInstaller::installPrefix(QFile &download,
+                                                      const std::atomic<bool> &isCancelled)
+{
+    const QString root = m_installation.path;
+    const QString versions = root + QStringLiteral("/versions/");
+    const QString staging = versions + kStaging + m_item.version;
+    const QString place = versions + m_item.version;
+    const QString link = root + QStringLiteral("/.current-new");
+    enterStage("clean");
+    for (const QString &name :
+         QDir(versions).entryList({kStaging + u'*'}, QDir::Dirs | QDir::Hidden))
+        removeFolder(versions + name);
+    QFile::remove(link);
+    if (m_installation.nextVersion() == m_item.version)
+        return tr("This version is installed already. It starts the next time.");
+    // Unpacked by a run that was killed before the switch, or gone back from: made anew.
+    removeFolder(place);
+
+    enterStage("unpack");
+    if (!QDir().mkdir(staging))
+        return writeProblem();
+    std::optional<QString> problem = ArchiveExtraction::extract(download, staging, isCancelled);
+    if (!problem && !QFileInfo(staging + QStringLiteral("/bin/quillmarsh")).isExecutable())
+        problem = tr("The update holds no program.");
+    if (problem) {
+        removeFolder(staging);
+        return problem;
+    }
+    enterStage("place");
+    if (!replace(staging, place))
+        return writeProblem();
+    enterStage("switch");
+    if (::symlink(QFile::encodeName(QStringLiteral("versions/") + m_item.version).constData(),
+                  QFile::encodeName(link).constData()) != 0 ||
+        !replace(link, root + QStringLiteral("/current")))
+        return writeProblem();
+    enterStage("prune");
+    prune();
+    enterStage("done");
+    return std::nullopt;
+}
+
+/// Keeps the new version and the running one, to go back to.
+void UpdateInstaller::prune() const
+{
+    const QString versions = m_installation.path + QStringLiteral("/versions/");
+    const QString running = QFileInfo(m_installation.bundlePath).fileName();
+    for (const QString &name : QDir(versions).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (name != running && name != m_item.version)
+            removeFolder(versions + name);
+    }
+}

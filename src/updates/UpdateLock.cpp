@@ -1,0 +1,31 @@
+#include "updates/UpdateLock.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+UpdateLock::~UpdateLock()
+{
+    release();
+}
+
+bool UpdateLock::take(const QString &path)
+{
+    release();
+    // The file stays: removed, it could be locked by two at once under one name.
+    m_file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW,
+                    0600);
+    if (m_file >= 0 && ::flock(m_file, LOCK_EX | LOCK_NB) == 0)
+        return true;
+    release();
+    return false;
+}
+
+void UpdateLock::release()
+{
+    if (m_file >= 0)
+        ::close(m_file);
+    m_file = -1;
+}

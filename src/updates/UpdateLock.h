@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+/// Held while an installation is being replaced, so that no two processes do it at once. The system
+/// lets go of it when the process ends in whatever way.
+class UpdateLock
+{
+public:
+    UpdateLock() = default;
+    ~UpdateLock();
+    UpdateLock(const UpdateLock &) = delete;
+    UpdateLock &operator=(const UpdateLock &) = delete;
+
+    /// False when another holds it, or the file cannot be made.
+    [[nodiscard]] bool take(const QString &path);
+    void release();
+
+private:
+    int m_file = -1;
+};

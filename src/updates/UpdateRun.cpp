@@ -1,0 +1,112 @@
+#include "updates/UpdateRun.h"
+
+#include "updates/UpdateFeed.h"
+#include "updates/UpdateInstaller.h"
+#include "updates/UpdateSignature.h"
+#include "updates/UpdatesLog.h"
+
+#include <QFile>
+#include <QSysInfo>
+
+#include <gnu/libc-version.h>
+
+#include <utility>
+
+namespace {
+
+HttpsExchange::Limits feedLimits()
+{
+    HttpsExchange::Limits limits;
+    limits.mostBytes = UpdateFeed::kMostBytes;
+    return limits;
+}
+
+} // namespace
+
+UpdateRun::UpdateRun(Setup setup)
+    : m_setup(std::move(setup)), m_publicKey(QByteArray::fromBase64(m_setup.info.feedKey)),
+      m_feed(m_setup.info.certificateAuthorities, feedLimits())
+{
+    connect(&m_feed, &HttpsExchange::received, this,
+            [this](const QByteArray &bytes) { m_feedBytes += bytes; });
+    connect(&m_feed, &HttpsExchange::succeeded, this,
+            [this] { readFeed(std::exchange(m_feedBytes, {})); });
+    connect(&m_feed, &HttpsExchange::failed, this, &UpdateRun::failed);
+}
+
+UpdateRun::~UpdateRun()
+{
+    // It looks at this between two blocks, so this is no long wait.
+    m_isCancelled = true;
+    if (m_thread)
+        m_thread->wait();
+}
+
+void UpdateRun::check()
+{
+    qCInfo(updatesLog, "update stage: check");
+    m_feed.get(QUrl(m_setup.info.feedUrl, QUrl::StrictMode));
+}
+
+void UpdateRun::readFeed(const QByteArray &xml)
+{
+    const auto parsed = UpdateFeed::parse(xml);
+    if (const auto *problem = std::get_if<QString>(&parsed)) {
+        Q_EMIT failed(*problem);
+        return;
+    }
+    UpdateFeed::Wanted wanted;
+    wanted.installedVersion = m_setup.info.bundleVersion.value_or(QString());
+    wanted.system = QString::fromLatin1(gnu_get_libc_version());
+    wanted.kind = m_setup.installation.kindName();
+    wanted.machine = QSysInfo::currentCpuArchitecture();
+    wanted.withBeta = m_setup.withBeta;
+    wanted.withTest = m_setup.withTest;
+    const UpdateItem *newest = UpdateFeed::newest(std::get<QList<UpdateItem>>(parsed), wanted);
+    if (!newest) {
+        Q_EMIT foundNothing();
+        return;
+    }
+    m_item = *newest;
+    Q_EMIT found();
+}
+
+void UpdateRun::download()
+{
+    qCInfo(updatesLog, "update stage: download");
+    if (!m_lock.take(m_setup.installation.lockPath())) {
+        Q_EMIT failed(tr("Another update of Quillmarsh is under way."));
+        return;
+    }
+    m_download = std::make_unique<UpdateDownload>(m_item, m_setup.downloadFolder,
+                                                  m_setup.info.certificateAuthorities);
+    connect(m_download.get(), &UpdateDownload::progressed, this, &UpdateRun::progressed);
+    connect(m_download.get(), &UpdateDownload::succeeded, this, &UpdateRun::downloaded);
+    connect(m_download.get(), &UpdateDownload::failed, this, &UpdateRun::failed);
+    m_download->start();
+}
+
+void UpdateRun::install()
+{
+    if (!UpdateSignature::initialise() || m_publicKey.size() != UpdateSignature::kKeyBytes) {
+        Q_EMIT failed(tr("Signatures cannot be checked, so nothing is installed."));
+        return;
+    }
+    m_thread.reset(QThread::create([this, path = m_download->path()] {
+        UpdateInstaller installer(m_setup.installation, m_item, m_publicKey);
+        m_problem = installer.install(path, m_isCancelled);
+    }));
+    connect(m_thread.get(), &QThread::finished, this, &UpdateRun::installationEnded);
+    m_thread->start();
+}
+
+void UpdateRun::installationEnded()
+{
+    // Good or bad, it is of no further use.
+    QFile::remove(m_download->path());
+    m_lock.release();
+    if (m_problem)
+        Q_EMIT failed(*m_problem);
+    else
+        Q_EMIT installed();
+}

@@ -1,0 +1,36 @@
+#include "platform/Info.h"
+#include "platform/PlatformLoader.h"
+#include "platform/freedesktop/TerminationSignals.h"
+#include "updates/DMHelperAppDelegate.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+#include <cstdlib>
+
+// The update helper: a status item of its own, from which the main application is updated while it
+// does not run.
+int main(int argc, char **argv)
+{
+    if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {
+        std::fprintf(stderr, "quillmarsh-updater: %s\n", qUtf8Printable(*problem));
+        return EXIT_FAILURE;
+    }
+    if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
+        qSetMessagePattern(QStringLiteral("%{message}"));
+    QApplication application(argc, argv);
+    const Info info = Info::main();
+    QCoreApplication::setApplicationName(QStringLiteral("Quillmarsh Updater"));
+    QGuiApplication::setDesktopFileName(info.bundleIdentifier);
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon")));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+
+    const std::unique_ptr<Platform> platform = PlatformLoader::makeHelperPlatform();
+    DMHelperAppDelegate delegate(*platform, info, QCoreApplication::applicationFilePath());
+    const TerminationSignals termination;
+    QObject::connect(&termination, &TerminationSignals::terminationRequested, &application,
+                     &QCoreApplication::quit);
+    delegate.applicationDidFinishLaunching();
+    return QApplication::exec();
+}

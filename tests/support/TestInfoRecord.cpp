@@ -1,0 +1,63 @@
+// The record of the programs that the update journeys run: where the feed is, whom it trusts and
+// which version this is come from outside. Linked into nothing that people run.
+
+#include "platform/Info.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/resource.h>
+
+namespace {
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The version lies in the prefix, so that one program can stand for an old and a new one.
+QString version()
+{
+    return QString::fromUtf8(
+               contents(
+                   QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).section(u'/', 0, -3) +
+                   QStringLiteral("/share/quillmarsh/test-version")))
+        .trimmed();
+}
+
+/// At the stage of an update that a test has named, the program is killed or the disk is full.
+void watchStages(QtMsgType, const QMessageLogContext &, const QString &message)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+    const QString stage = QStringLiteral("update stage: ");
+    if (!message.startsWith(stage))
+        return;
+    const QString name = message.mid(stage.size());
+    if (name == qEnvironmentVariable("QUILLMARSH_TEST_KILL_AT"))
+        std::raise(SIGKILL);
+    if (name == qEnvironmentVariable("QUILLMARSH_TEST_FULL_AT")) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit nothing{0, 0};
+        setrlimit(RLIMIT_FSIZE, &nothing);
+    }
+}
+
+} // namespace
+
+Info Info::main()
+{
+    static const bool isWatched = (qInstallMessageHandler(&watchStages), true);
+    Q_UNUSED(isWatched);
+    Info info;
+    info.bundleIdentifier = QStringLiteral("org.quillmarsh.Quillmarsh");
+    info.bundleVersion = version();
+    info.bundleShortVersionString = info.bundleVersion;
+    info.feedUrl = qEnvironmentVariable("QUILLMARSH_TEST_FEED_URL");
+    info.feedKey = qgetenv("QUILLMARSH_TEST_FEED_KEY");
+    info.feedbackUrl = qEnvironmentVariable("QUILLMARSH_TEST_FEEDBACK_URL");
+    info.certificateAuthorities = contents(qEnvironmentVariable("QUILLMARSH_TEST_AUTHORITIES"));
+    return info;
+}
