@@ -38,6 +38,8 @@ class Feedback(Journey):
     def start(self, **options):
         environment = {"QUILLMARSH_TEST_FEEDBACK_URL": self.server.url + "/take",
                        "QUILLMARSH_TEST_AUTHORITIES": self.server.authority,
+                       # A sanitizer would keep the crash for itself.
+                       "ASAN_OPTIONS": "handle_segv=0",
                        "XDG_CURRENT_DESKTOP": "XFCE", "XDG_SESSION_TYPE": "x11", **options}
         self.app = Quillmarsh(self.desktop, TEST_BUILD, environment)
 
