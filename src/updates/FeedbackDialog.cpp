@@ -61,8 +61,8 @@ FeedbackDialog::FeedbackDialog(const Info &info, Workspace &workspace, const QSt
 
 FeedbackDialog::~FeedbackDialog()
 {
-    if (isVisible()) [[maybe_unused]]
-        const bool isKept = keepDraft();
+    if (isVisible())
+        keepDraft();
 }
 
 bool FeedbackDialog::isRefusedTextIn(const QString &folder)
@@ -72,7 +72,7 @@ bool FeedbackDialog::isRefusedTextIn(const QString &folder)
 
 void FeedbackDialog::prepare()
 {
-    if (isVisible())
+    if (isVisible() && m_state != State::Done)
         return;
     const FeedbackDraft draft = FeedbackDraft::load(m_draftPath);
     m_form->text->setPlainText(draft.text);

@@ -23,7 +23,8 @@ public:
 
     /// Whether a text that was to be sent waits in `folder` and has not been shown since.
     static bool isRefusedTextIn(const QString &folder);
-    /// Shows the draft, if there is one. Does nothing to a dialog that is open.
+    /// Shows the draft, if there is one. Does nothing to a dialog in which something is being
+    /// written or sent.
     void prepare();
 
     // ^QDialog

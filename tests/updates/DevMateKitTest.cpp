@@ -112,9 +112,10 @@ TEST_F(DevMateKitTest, withoutAnAddressTheTextBecomesAPrivateFileAndAMail)
     EXPECT_EQ(mailed(), QStringList(kText + QStringLiteral("\n\nada@example.org")));
     EXPECT_EQ(mailBody().remove(u'\r'), mailed().value(0));
     EXPECT_TRUE(status(dialog()).contains(folder() + QStringLiteral("/feedback/feedback-")));
-    restart();
+    // The same window again, ready for another text.
     open();
     EXPECT_EQ(text().toPlainText(), QString());
+    EXPECT_TRUE(text().isEnabled());
 }
 
 TEST_F(DevMateKitTest, aTextTooLongForAMailsAddressIsAttached)
