@@ -1,7 +1,7 @@
 /// Preloaded into a program, makes the folder that HUNG_FOLDER names a mount whose server does not
 /// answer once there is a file of that name with ".hung" behind it: whoever then asks for something
-/// in the folder waits for ever. The main thread is let off with an error and reported, at any
-/// time, because it must never ask.
+/// in the folder waits for ever. The kernel's table of mounts is the file with ".mounts" behind it.
+/// The main thread is let off with an error and reported, at any time, because it must never ask.
 
 #include <cerrno>
 #include <climits>
@@ -20,24 +20,36 @@
 
 namespace {
 
-bool hasHung(const char *folder)
+const char *const folder = std::getenv("HUNG_FOLDER");
+
+bool hasHung()
 {
     char name[PATH_MAX];
     std::snprintf(name, sizeof name, "%s.hung", folder);
     return ::syscall(SYS_access, name, F_OK) == 0;
 }
 
+/// The file to open for `path`.
+const char *inPlaceOf(const char *path)
+{
+    static char table[PATH_MAX];
+    if (!folder || std::strcmp(path, "/proc/self/mountinfo") != 0)
+        return path;
+    std::snprintf(table, sizeof table, "%s.mounts", folder);
+    return table;
+}
+
 bool isRefused(const char *call, const char *path)
 {
-    static const char *const folder = std::getenv("HUNG_FOLDER");
-    if (!folder || !path || std::strncmp(path, folder, std::strlen(folder)) != 0)
+    if (!folder || !path || std::strncmp(path, folder, std::strlen(folder)) != 0 ||
+        path[std::strlen(folder)] == '.')
         return false;
     if (::gettid() == ::getpid()) {
         std::fprintf(stderr, "the main thread asked: %s %s\n", call, path);
         errno = ENOENT;
         return true;
     }
-    while (hasHung(folder))
+    while (hasHung())
         ::pause();
     return false;
 }
@@ -78,7 +90,7 @@ HANG(int, inotify_add_watch, path, -1, (int number, const char *path, uint32_t m
         va_start(rest, flags);                                                                     \
         const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) ? va_arg(rest, mode_t) : 0;            \
         va_end(rest);                                                                              \
-        return isRefused(#name, path) ? -1 : real(#name, &name)(path, flags, mode);                \
+        return isRefused(#name, path) ? -1 : real(#name, &name)(inPlaceOf(path), flags, mode);     \
     }
 
 HANG_OPEN(open)

@@ -28,6 +28,12 @@ public:
     /// it has come. Where nothing comes in time, the card without facts is shown.
     void refresh();
 
+    /// Whether it was ever refreshed.
+    bool isAsked() const { return m_askedPixels.isValid(); }
+
+    /// Shows the card in place of the content.
+    void showCard();
+
     void setColors(const ClipColors &colors);
 
     /// What is shown of the content; null while there is only the card.
@@ -44,7 +50,6 @@ protected:
 
 private:
     void receive(const PreviewResult &result);
-    void showCard();
     void settle();
     QSize wantedPixels() const;
 

@@ -50,6 +50,12 @@ PreviewTicket PreviewThreads::run(Job job)
     return PreviewTicket(std::move(stop));
 }
 
+bool PreviewThreads::isHanging() const
+{
+    return std::any_of(m_running.begin(), m_running.end(),
+                       [](const auto &stop) { return stop->isDue(); });
+}
+
 void PreviewThreads::startNext()
 {
     std::erase_if(m_waiting, [](const Order &order) { return order.stop->isCancelled(); });

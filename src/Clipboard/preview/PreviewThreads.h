@@ -72,6 +72,9 @@ public:
 
     [[nodiscard]] PreviewTicket run(Job job);
 
+    /// Whether a job that should have given up has not: its file system may hang.
+    bool isHanging() const;
+
 private:
     struct Order
     {

@@ -64,7 +64,10 @@ void FileViewController::setPreviewItem(const QString &path)
     delete m_previewView;
     m_previewView = fresh;
     m_previewView->show();
-    m_previewView->refresh();
+    // While a read hangs, only files that have answered are read, so that no further thread is
+    // lost.
+    if (!m_registry->threads().isHanging())
+        m_previewView->refresh();
     m_filepathLabel->setPath(path);
 
     // Until the answer has come nothing is claimed about this file; the buttons stay as they are,
@@ -90,6 +93,12 @@ void FileViewController::existenceKnown(bool exists)
     m_fileDoesNotExistLabel->setVisible(!exists);
     m_openButton->setVisible(exists);
     m_revealInFinderButton->setVisible(exists);
+    if (m_previewView->isAsked())
+        return;
+    if (exists)
+        m_previewView->refresh();
+    else
+        m_previewView->showCard();
 }
 
 void FileViewController::resizeView(const QRect &rect)
