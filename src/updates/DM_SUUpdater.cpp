@@ -121,6 +121,7 @@ void DM_SUUpdater::start(Manner manner)
     m_run = std::make_unique<UpdateRun>(std::move(setup));
     connect(m_run.get(), &UpdateRun::found, this, &DM_SUUpdater::runFound);
     connect(m_run.get(), &UpdateRun::foundNothing, this, [this] {
+        qCInfo(updatesLog, "no newer version");
         if (hasWindow())
             m_window->showUpToDate(m_info.bundleVersion.value_or(QString()));
         abort(std::nullopt);

@@ -1,14 +1,18 @@
 """An update from the feed to the relaunch, against a server of our own; and that nothing but the
 publisher's file is ever installed."""
 
+import fcntl
 import os
 import pathlib
+import re
+import shutil
 import signal
+import tarfile
 import unittest
 
 from journey import BINARY, Journey, Quillmarsh
 from tray import Tray
-from update_feed import Publisher, Server, archive, feed, fill_prefix
+from update_feed import Proxy, Publisher, Server, archive, feed, fill_prefix
 
 
 class UpdateJourney(Journey):
@@ -67,21 +71,278 @@ class UpdateJourney(Journey):
         self.app.wait_until_active(window)
         return window
 
+    def versions(self):
+        return sorted(os.listdir(self.root / "versions"))
+
     def current(self):
         return os.readlink(self.root / "current")
 
 
 class WholeWay(UpdateJourney):
+    def install(self):
+        self.check()
+        self.app.wait_for_log("update found")
+        self.app.key("alt+i")
+
+    def wait_until_running(self, prefix):
+        program = str(prefix) + "/bin/quillmarsh"
+        self.wait_for(lambda: list(self.programs().values()) == [program], program)
+
     def test_an_update_is_found_installed_and_running(self):
         self.offer()
         self.start()
-        self.check()
-        self.app.wait_for_log("update found: 1.1.0")
-        self.app.key("alt+i")
-        self.app.wait_for_log("update installed: 1.1.0", seconds=30)
-        self.assertEqual(self.app.process.wait(10), 0)
-        self.assertEqual(self.current(), "versions/1.1.0")
+        self.install()
+        self.assertEqual(self.app.process.wait(20), 0)
+        self.wait_until_running(self.root / "versions/1.1.0")
         self.app.wait_for_log("devmate setup complete", count=2)
+        self.assertEqual(self.current(), "versions/1.1.0")
+        self.assertEqual(self.versions(), ["1.0.0", "1.1.0"])
+
+    def test_an_image_is_replaced_and_the_previous_one_kept(self):
+        def image(name, version):
+            prefix = self.root / version
+            fill_prefix(prefix, version)
+            path = pathlib.Path(self.file(name))
+            path.write_text(f"#!/bin/sh\nexport APPIMAGE='{self.root}/Quillmarsh.AppImage' "
+                            f"APPDIR='{prefix}'\nexec '{prefix}/bin/quillmarsh'\n")
+            path.chmod(0o755)
+            return path
+
+        installed = self.root / "Quillmarsh.AppImage"
+        image("old", "image-1.0.0").rename(installed)
+        (self.root / "image-1.0.0/share/quillmarsh/test-version").write_text("1.0.0")
+        before = installed.read_bytes()
+        new = image("new", "image-1.1.0")
+        (self.root / "image-1.1.0/share/quillmarsh/test-version").write_text("1.1.0")
+        self.offer(file=new, kind="appimage")
+        self.start(installed)
+        self.install()
+        self.assertEqual(self.app.process.wait(20), 0)
+        self.wait_until_running(self.root / "image-1.1.0")
+        self.assertEqual(installed.read_bytes(), new.read_bytes())
+        self.assertEqual(pathlib.Path(f"{installed}.previous").read_bytes(), before)
+
+    def test_a_broken_download_goes_on_where_it_stopped_and_through_the_proxy(self):
+        self.offer()
+        content = self.server.answers["/update"]
+
+        def half(handler):
+            handler.send_response(200)
+            handler.send_header("Content-Length", str(len(content)))
+            handler.end_headers()
+            handler.wfile.write(content[:len(content) // 2])
+            handler.close_connection = True
+
+        proxy = Proxy()
+        self.addCleanup(proxy.close)
+        self.server.answers["/update"] = half
+        self.start(https_proxy=f"http://127.0.0.1:{proxy.port}")
+        self.install()
+        self.app.wait_for_log("update ended: The server ended the connection.")
+        self.server.answers["/update"] = content
+        self.app.key("Escape")
+        self.app.wait_until_hidden("Software Update")
+        self.install()
+        self.assertEqual(self.app.process.wait(20), 0)
+        self.assertEqual(self.current(), "versions/1.1.0")
+        first, second = [wanted for path, wanted in self.server.asked if path == "/update"]
+        self.assertIsNone(first)
+        self.assertGreater(int(second[6:-1]), 100000)
+        self.assertEqual(set(proxy.connected), {f"localhost:{self.server.port}"})
+
+    def test_killed_at_any_stage_the_old_or_the_new_version_starts(self):
+        self.offer()
+        for stage, version in (("check", "1.0.0"), ("download", "1.0.0"), ("verify", "1.0.0"),
+                               ("clean", "1.0.0"), ("unpack", "1.0.0"), ("place", "1.0.0"),
+                               ("switch", "1.0.0"), ("prune", "1.1.0")):
+            with self.subTest(stage):
+                self.start(QUILLMARSH_TEST_KILL_AT=stage)
+                if stage == "check":
+                    self.tray.choose(self.app.process.pid, "Check For Updates...")
+                else:
+                    self.install()
+                self.assertEqual(self.app.process.wait(20), -9)
+                self.assertEqual(self.current(), "versions/" + version)
+                self.start()
+                self.assertEqual(self.app.quit(), 0)
+        # What the killed ones left behind is gone after the next that ends well.
+        self.offer("1.2.0")
+        self.start()
+        self.install()
+        self.assertEqual(self.app.process.wait(20), 0)
+        self.assertEqual(self.versions(), ["1.1.0", "1.2.0"])
+        self.assertEqual(sorted(os.listdir(self.root)), [".update-lock", "current", "versions"])
+
+
+class Helper(UpdateJourney):
+    def start_helper(self):
+        path = self.root / "current/libexec/quillmarsh/quillmarsh-updater"
+        self.app = self.helper = Quillmarsh(self.desktop, str(path), self.variables, wait=False)
+
+    def update(self):
+        self.tray.choose(self.helper.process.pid, "Update in background")
+
+    def test_it_updates_the_application_and_starts_itself_anew(self):
+        self.offer()
+        self.start_helper()
+        self.update()
+        self.assertEqual(self.helper.process.wait(20), 0)
+        self.assertEqual(self.current(), "versions/1.1.0")
+        program = str(self.root / "versions/1.1.0/libexec/quillmarsh/quillmarsh-updater")
+        self.wait_for(lambda: list(self.programs().values()) == [program], program)
+
+    def test_it_refuses_a_second_run_and_a_running_application(self):
+        self.server.answers["/feed.xml"] = lambda handler: handler.rfile.read()  # no answer
+        self.start_helper()
+        self.update()
+        self.helper.wait_for_log("update stage: check")
+        self.update()
+        self.helper.wait_for_log("ERROR: 1 - Updating process is in progress.")
+        self.update()
+        self.helper.wait_for_log("update stage: check", count=2)
+        self.update()
+        self.helper.wait_for_log("ERROR: 1 - Updating process is in progress.", count=2)
+        self.start()
+        self.update()
+        self.helper.wait_for_log("ERROR: 1 - Main application is running. It should update itself.")
+
+
+class NothingIsInstalled(UpdateJourney):
+    """Each case leaves everything as it was and says why."""
+
+    def problem(self, reason, is_found=True):
+        """Checks, chooses to install when something is found, and waits for the reason."""
+        before = len(self.app.log)
+        self.check()
+        told = lambda text: any(text in line for line in self.app.log[before:])  # noqa: E731
+        if is_found:
+            self.wait_for(lambda: told("update found"), "an update")
+            self.app.key("alt+i")
+        try:
+            self.wait_for(lambda: told(reason), reason, 40)
+        except TimeoutError as problem:
+            raise AssertionError(f"{problem}: {self.app.log[before:]}") from None
+        self.assertEqual(self.current(), "versions/1.0.0")
+        self.assertEqual(self.versions(), ["1.0.0"])
+        self.assertFalse(os.path.exists(self.file("evil")))
+        self.app.key("Escape")
+        self.app.wait_until_hidden("Software Update")
+
+    def cases_of_the_feed(self):
+        def redirect(handler):
+            handler.send_response(302)
+            handler.send_header("Location", self.server.url("/feed.xml", "http"))
+            handler.send_header("Content-Length", "0")
+            handler.end_headers()
+
+        def endless(handler):
+            handler.send_response(200)
+            handler.end_headers()
+            for _ in range(1600):
+                handler.wfile.write(b"<!-- " + b"x" * 65536)
+
+        good = self.server.answers["/feed.xml"].decode()
+        unsigned = re.sub('signature="[^"]*"', "", good)
+        return (
+            ("gone", None, "The server does not have the file."),
+            ("redirected to http", redirect, "redirects to an address that is not secure"),
+            ("malformed", b"<updates><item><version>2", "It is damaged in line 1."),
+            ("another document", b"<html/>", "It is not a list of updates."),
+            ("100 MB", endless, "sends more than was announced"),
+            ("no number", good.replace("1.1.0", "latest").encode(), "version that is not a number"),
+            ("older", good.replace("1.1.0", "0.9").encode(), "no newer version"),
+            ("unsigned", unsigned.encode(), "Version 1.1.0 is not signed."),
+            ("file over http", good.replace("https:", "http:").encode(), "not at a secure address"),
+            ("silent", lambda handler: handler.rfile.read(), "The server stopped answering."),
+        )
+
+    def cases_of_the_file(self):
+        """Each a content and the item that offers it."""
+        url = self.server.url("/update")
+        stranger = Publisher(self.file("stranger"))
+        prefix = self.root / "versions/1.0.0"
+        good = archive(self.file("good"), prefix, "1.1.0")
+        content = pathlib.Path(good).read_bytes()
+        item = self.publisher.item(good, url, "1.1.0")
+        old = self.publisher.item(good, url, "1.0.5").replace("1.0.5", "1.1.0")
+
+        def signed(name, *entries, cut=None):
+            members = []
+            for path, kind, target in entries:
+                entry = tarfile.TarInfo(path)
+                entry.type, entry.linkname, entry.mode = kind, target, 0o755
+                entry.size = 4 if kind == tarfile.REGTYPE else 0
+                members.append((entry, b"evil"))
+            path = archive(self.file(name), extra=members)
+            packed = pathlib.Path(path).read_bytes()[:cut]
+            pathlib.Path(path).write_bytes(packed)
+            return packed, self.publisher.item(path, url, "1.1.0")
+
+        file, link, hard = tarfile.REGTYPE, tarfile.SYMTYPE, tarfile.LNKTYPE
+        not_ours = "files that do not belong"
+        yield "changed", (content[:-9] + b"x" + content[-8:], item), "not the publisher's"
+        yield "foreign key", (content, stranger.item(good, url, "1.1.0")), "not the publisher's"
+        yield "an old file anew", (content, old), "not the publisher's"
+        yield "too short", (content[:-1], item), "sent less than was announced"
+        yield "too long", (content + b"x", item), "sends more than was announced"
+        yield "no program", signed("a", ("bin/other", file, "")), "holds no program"
+        yield "cut", signed("b", ("bin/quillmarsh", file, ""), cut=40), "is damaged"
+        yield "up", signed("c", ("bin/../../../../evil", file, "")), not_ours
+        yield "absolute", signed("d", (self.file("evil"), file, "")), not_ours
+        yield "link out", signed("e", ("bin", link, self.desktop.home)), not_ours
+        yield "through a link", signed("f", ("b", link, "bin"), ("b/evil", file, "")), not_ours
+        yield "hard link", signed("g", ("bin/quillmarsh", hard, "/bin/sh")), not_ours
+        yield "device", signed("h", ("bin/quillmarsh", tarfile.CHRTYPE, "")), not_ours
+
+    def test_from_a_bad_feed(self):
+        self.offer()
+        self.start()
+        for name, answer, reason in self.cases_of_the_feed():
+            with self.subTest(name):
+                self.server.answers["/feed.xml"] = answer
+                self.problem(reason, is_found=False)
+
+    def test_from_a_bad_file(self):
+        self.start()
+        for name, (content, item), reason in self.cases_of_the_file():
+            with self.subTest(name):
+                self.server.answers.update({"/update": content, "/feed.xml": feed(item)})
+                self.problem(reason)
+
+    def test_from_a_server_with_another_certificate(self):
+        self.offer()
+        self.variables["QUILLMARSH_TEST_AUTHORITIES"] = str(
+            Publisher(self.file("stranger")).authority)
+        self.start()
+        self.problem("could not prove who it is", is_found=False)
+        self.assertEqual(self.server.asked, [])
+
+    def test_while_another_update_is_under_way(self):
+        self.offer()
+        self.start()
+        with open(self.root / ".update-lock", "w", encoding="utf-8") as lock:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            self.problem("Another update of Quillmarsh is under way.")
+
+    def test_on_a_full_disk(self):
+        self.offer()
+        for stage in ("download", "unpack"):
+            with self.subTest(stage):
+                self.start(QUILLMARSH_TEST_FULL_AT=stage)
+                self.problem("not enough room on the disk" if stage == "unpack" else
+                             "could not be written")
+                self.assertEqual(self.app.quit(), 0)
+
+    def test_by_the_program_that_people_run_whatever_the_environment_says(self):
+        """It has no feed, and nothing at run time gives it one."""
+        self.offer()
+        shutil.rmtree(self.root / "versions/1.0.0")
+        fill_prefix(self.root / "versions/1.0.0", "1.0.0", program=BINARY)
+        self.variables.update({name.replace("TEST_", ""): value
+                               for name, value in self.variables.items()})
+        self.start()
+        self.problem("no address to look for updates at", is_found=False)
+        self.assertEqual(self.server.asked, [])
 
 
 if __name__ == "__main__":

@@ -3,7 +3,6 @@
 
 #include "platform/Info.h"
 
-#include <QCoreApplication>
 #include <QFile>
 
 #include <csignal>
@@ -18,13 +17,14 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The version lies in the prefix, so that one program can stand for an old and a new one.
+/// The version lies in the prefix, so that one program can stand for an old and a new one. The
+/// helper lies one folder deeper than the program.
 QString version()
 {
-    return QString::fromUtf8(
-               contents(
-                   QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).section(u'/', 0, -3) +
-                   QStringLiteral("/share/quillmarsh/test-version")))
+    const QString program = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+    const int levels = program.contains(QStringLiteral("/libexec/")) ? 4 : 3;
+    const QString prefix = program.section(u'/', 0, -levels);
+    return QString::fromUtf8(contents(prefix + QStringLiteral("/share/quillmarsh/test-version")))
         .trimmed();
 }
 

@@ -7,14 +7,29 @@ import io
 import os
 import pathlib
 import shutil
+import socket
 import ssl
 import subprocess
 import tarfile
+import tempfile
 import threading
 
 SIGNER = os.environ.get("SIGNER", "build/dev/tools/quillmarsh-sign")
 UPDATABLE = os.environ.get("UPDATABLE", "build/dev/tests/desktop/quillmarsh_updatable")
 UPDATER = os.environ.get("UPDATER", "build/dev/tests/desktop/updater_updatable")
+
+
+_stripped = {}
+
+
+def stripped(program):
+    """A copy without debug information; small enough to be packed often."""
+    if program not in _stripped:
+        folder = tempfile.TemporaryDirectory(prefix="quillmarsh-stripped-")
+        path = os.path.join(folder.name, "program")
+        subprocess.run(["strip", "-o", path, program], check=True)
+        _stripped[program] = folder, path
+    return _stripped[program][1]
 
 
 def openssl(*arguments):
@@ -62,14 +77,13 @@ def feed(*items):
     return ("<?xml version='1.0'?><updates>" + "".join(items) + "</updates>").encode()
 
 
-def fill_prefix(prefix, version):
+def fill_prefix(prefix, version, program=UPDATABLE):
     """The program and its helper as an installation has them; `version` is what they report."""
-    for place, source in (("bin/quillmarsh", UPDATABLE),
+    for place, source in (("bin/quillmarsh", program),
                           ("libexec/quillmarsh/quillmarsh-updater", UPDATER)):
         path = pathlib.Path(prefix, place)
         path.parent.mkdir(parents=True, exist_ok=True)
-        shutil.copy(source, path)
-        subprocess.run(["strip", str(path)], check=True)
+        shutil.copy(stripped(source), path)
     path = pathlib.Path(prefix, "share/quillmarsh/test-version")
     path.parent.mkdir(parents=True)
     path.write_text(version)
@@ -143,3 +157,41 @@ class Server:
     def close(self):
         self.http.shutdown()
         self.http.server_close()
+
+
+class Proxy:
+    """Passes CONNECT on; where to is in `connected`."""
+
+    def __init__(self):
+        self.connected = []
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.port = self.listener.getsockname()[1]
+        threading.Thread(target=self._accept, daemon=True).start()
+
+    def _accept(self):
+        while True:
+            try:
+                client, _ = self.listener.accept()
+            except OSError:
+                return
+            request = client.recv(4096).split()
+            self.connected.append(request[1].decode())
+            host, port = self.connected[-1].rsplit(":", 1)
+            server = socket.create_connection((host, int(port)))
+            client.sendall(b"HTTP/1.1 200 OK\r\n\r\n")
+            for pair in ((client, server), (server, client)):
+                threading.Thread(target=self._pass, args=pair, daemon=True).start()
+
+    @staticmethod
+    def _pass(source, target):
+        try:
+            while data := source.recv(65536):
+                target.sendall(data)
+            # The other thread reads from one of them, which keeps it open unless it is shut down.
+            for end in (source, target):
+                end.shutdown(socket.SHUT_RDWR)
+        except OSError:
+            pass
+
+    def close(self):
+        self.listener.close()
