@@ -35,5 +35,5 @@ private:
     SettingsStore &m_settings;
     const Clock &m_clock;
     const bool m_isPossible;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };

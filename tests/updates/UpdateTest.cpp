@@ -1,0 +1,252 @@
+#include "platform/memory/MemoryPlatform.h"
+#include "support/ExpectedWarnings.h"
+#include "updates/DMHelperAppDelegate.h"
+#include "updates/DM_SUUpdater.h"
+#include "updates/Installation.h"
+#include "updates/UpdateFeed.h"
+#include "updates/UpdateSchedule.h"
+#include "updates/UpdateVersion.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString text(const char *utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+/// A prefix that holds a program.
+QString makePrefix(const QString &path)
+{
+    QDir().mkpath(path + QStringLiteral("/bin"));
+    QFile program(path + QStringLiteral("/bin/quillmarsh"));
+    EXPECT_TRUE(program.open(QIODevice::WriteOnly));
+    program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path;
+}
+
+TEST(UpdateVersion, isOrderedByItsNumbersAndABetaComesBeforeItsRelease)
+{
+    const QStringList ordered{text("0.9"), text("1.0b"),  text("1.0"),  text("1.0.1"),
+                              text("1.9"), text("1.10b"), text("1.10"), text("2")};
+    for (qsizetype i = 0; i < ordered.size(); ++i) {
+        for (qsizetype j = 0; j < ordered.size(); ++j) {
+            const auto left = UpdateVersion::parse(ordered[i]);
+            const auto right = UpdateVersion::parse(ordered[j]);
+            ASSERT_TRUE(left && right);
+            EXPECT_EQ(*left < *right, i < j)
+                << qPrintable(ordered[i]) << " and " << qPrintable(ordered[j]);
+        }
+    }
+    EXPECT_EQ(UpdateVersion::parse(text("1.2")), UpdateVersion::parse(text("1.2.0")));
+    for (const char *other : {"", "b", "1.", ".1", "1..2", "1.2b3", "1.2 ", "01", "-1", "1.2a",
+                              "1.2\n", "../1", "99999999999", "1.2.3.4.5.6.7.8.9"})
+        EXPECT_FALSE(UpdateVersion::parse(text(other))) << other;
+}
+
+TEST(UpdateFeed, offersTheNewestThatSuitsAndNeverADowngrade)
+{
+    const QString signature = QString::fromLatin1(QByteArray(64, 's').toBase64());
+    const auto item = [&](const char *version, const char *channel, const char *system = "",
+                          const char *kind = "prefix", const char *machine = "x86_64") {
+        return text("<item><version>%1</version><channel>%2</channel><minimumSystem>%3"
+                    "</minimumSystem><later>x</later><file kind='%4' machine='%5' size='9' "
+                    "url='https://example.org/f' signature='%6'/></item>")
+            .arg(text(version), text(channel), text(system), text(kind), text(machine), signature);
+    };
+    const QString feed = text("<updates>") + item("1.1", "release") + item("1.3b", "beta") +
+                         item("1.4", "test") + item("1.2", "release") +
+                         item("8", "release", "99.1") + item("9", "release", "", "appimage") +
+                         item("9", "release", "", "prefix", "arm64") + text("</updates>");
+    const auto parsed = UpdateFeed::parse(feed.toUtf8());
+    ASSERT_TRUE(std::holds_alternative<QList<UpdateItem>>(parsed))
+        << qPrintable(std::get<QString>(parsed));
+    const auto &items = std::get<QList<UpdateItem>>(parsed);
+    struct Row
+    {
+        const char *installed;
+        bool withBeta;
+        bool withTest;
+        const char *offered;
+    };
+    for (const Row &row : {Row{"1.0", false, false, "1.2"}, Row{"1.0", true, false, "1.3b"},
+                           Row{"1.0", true, true, "1.4"}, Row{"1.0", false, true, "1.4"},
+                           Row{"1.2", false, false, ""}, Row{"1.3", true, false, ""},
+                           Row{"1.2b", false, false, "1.2"}, Row{"odd", true, true, ""}}) {
+        const UpdateItem *newest =
+            UpdateFeed::newest(items, {text(row.installed), text("2.36"), text("prefix"),
+                                       text("x86_64"), row.withBeta, row.withTest});
+        EXPECT_EQ(newest ? newest->version : QString(), text(row.offered)) << row.installed;
+    }
+}
+
+TEST(Installation, isReplacedOnlyWhereItIsOurs)
+{
+    const QTemporaryDir folder;
+    const QString root = QFileInfo(folder.path()).canonicalFilePath();
+    const QString prefix = makePrefix(root + text("/versions/1.0"));
+    const QString plain = makePrefix(root + text("/plain"));
+    const QString image = root + text("/plain/bin/quillmarsh");
+    ASSERT_TRUE(QFile::link(text("versions/1.0"), root + text("/current")));
+    struct Row
+    {
+        const char *name;
+        Installation::Evidence evidence;
+        Installation::Kind kind;
+        QString lasting;
+    };
+    const QString program = text("/bin/quillmarsh");
+    for (const Row &row : {
+             Row{"a prefix",
+                 {prefix, {}, {}},
+                 Installation::Kind::Prefix,
+                 root + text("/current") + program},
+             Row{"an image", {plain, image, plain}, Installation::Kind::AppImage, image},
+             Row{"started from another image",
+                 {prefix, image, plain},
+                 Installation::Kind::Prefix,
+                 root + text("/current") + program},
+             Row{"somewhere", {plain, {}, {}}, Installation::Kind::Unknown, plain + program},
+             Row{"the system's",
+                 {text("/usr"), {}, {}},
+                 Installation::Kind::PackageManager,
+                 text("/usr") + program},
+             Row{"the machine's own",
+                 {text("/usr/local"), {}, {}},
+                 Installation::Kind::Unknown,
+                 text("/usr/local") + program},
+         }) {
+        const Installation installation = Installation::of(row.evidence);
+        EXPECT_EQ(installation.kind, row.kind) << row.name;
+        EXPECT_EQ(installation.lastingPath(row.evidence.bundlePath + program), row.lasting)
+            << row.name;
+        EXPECT_EQ(installation.obstacle().has_value(), installation.kindName().isEmpty())
+            << row.name;
+    }
+}
+
+TEST(UpdateSchedule, isDueOnceADayAndOnlyWhenItWasSwitchedOn)
+{
+    MemoryPlatform platform;
+    const auto nextIn = [&](bool isPossible) {
+        const UpdateSchedule schedule(platform.settings, platform.clock, isPossible);
+        const QTimer *timer = schedule.findChild<QTimer *>();
+        return timer->isActive()
+                   ? std::chrono::duration_cast<std::chrono::minutes>(timer->intervalAsDuration())
+                         .count()
+                   : -1;
+    };
+    EXPECT_EQ(nextIn(true), -1);
+    UpdateSchedule schedule(platform.settings, platform.clock, true);
+    schedule.setEnabled(true);
+    EXPECT_EQ(nextIn(false), -1);
+    EXPECT_LE(nextIn(true), 65) << "never looked: soon";
+    schedule.checked();
+    EXPECT_GE(nextIn(true), 24 * 60);
+    EXPECT_LE(nextIn(true), 25 * 60);
+    platform.clock.advance(std::chrono::hours(20));
+    EXPECT_GE(nextIn(true), 4 * 60);
+    EXPECT_LE(nextIn(true), 5 * 60);
+    platform.clock.advance(-std::chrono::hours(500));
+    EXPECT_LE(nextIn(true), 25 * 60) << "a clock that was set back";
+}
+
+class DMHelperAppDelegateTest : public testing::Test
+{
+protected:
+    DMHelperAppDelegateTest()
+    {
+        m_info.bundleIdentifier = text("org.quillmarsh.Quillmarsh");
+        m_info.bundleVersion = text("1.0");
+    }
+
+    /// Runs the menu's update in a helper inside `prefix`, and keeps the errors that it presents.
+    std::unique_ptr<DMHelperAppDelegate> launch(const QString &prefix)
+    {
+        auto helper = std::make_unique<DMHelperAppDelegate>(
+            m_platform.platform, m_info, prefix + text("/libexec/quillmarsh/quillmarsh-updater"));
+        helper->setErrorPresenter([this](const UpdateError &error) { m_errors.append(error); });
+        helper->applicationDidFinishLaunching();
+        return helper;
+    }
+
+    MemoryPlatform m_platform;
+    QTemporaryDir m_folder;
+    Info m_info;
+    QList<UpdateError> m_errors;
+};
+
+TEST_F(DMHelperAppDelegateTest, itsMenuHasTheUpdateASeparatorAndQuit)
+{
+    const auto helper = launch(text("/opt/q"));
+    QStringList titles;
+    for (const QAction *action : m_platform.statusBar.menu()->actions())
+        titles.append(action->isSeparator() ? text("-") : action->text());
+    EXPECT_EQ(titles, (QStringList{text("Update in background"), text("-"), text("Quit")}));
+    EXPECT_EQ(helper->mainAppBundlePath(), text("/opt/q"));
+    EXPECT_EQ(helper->mainAppUpdater(), nullptr);
+}
+
+TEST_F(DMHelperAppDelegateTest, anUpdateThatCannotBeginSaysWhyWithItsCode)
+{
+    struct Row
+    {
+        QString prefix;
+        bool isRunning;
+        int code;
+        const char *description;
+        QString domain;
+    };
+    const QString there = makePrefix(m_folder.path() + text("/q"));
+    const QString cocoa = text("NSCocoaErrorDomain");
+    for (const Row &row :
+         {Row{m_folder.path(), true, 2, "Main application bundle could not be located", cocoa},
+          Row{there, true, 1, "Main application is running. It should update itself.", cocoa},
+          Row{there, false, 1,
+              "This Quillmarsh has no address to look for updates at. Update it with your "
+              "system's package manager, or from where you got it.",
+              UpdateError::updaterDomain()}}) {
+        m_platform.runningApplications.setBundlePaths({row.isRunning ? row.prefix : QString()});
+        ExpectedWarnings::expect(text("ERROR: %1 - %2").arg(row.code).arg(text(row.description)));
+        m_errors.clear();
+        const auto helper = launch(row.prefix);
+        helper->updateMainApp();
+        ASSERT_EQ(m_errors.size(), 1) << row.description;
+        EXPECT_EQ(m_errors.front().code, row.code);
+        EXPECT_EQ(m_errors.front().localizedDescription, text(row.description));
+        EXPECT_EQ(m_errors.front().domain, row.domain);
+        EXPECT_EQ(helper->mainAppUpdater(), nullptr);
+        EXPECT_EQ(helper->isMainAppRunning(), row.isRunning && row.prefix == there);
+    }
+}
+
+TEST_F(DMHelperAppDelegateTest, asksForBetasOnlyAfterAFinalBAndForTestsOnlyWhenTold)
+{
+    const auto updater = DM_SUUpdater::updaterForMainBundle(m_platform.platform, m_info);
+    for (const auto &[version, isBeta] :
+         {std::pair("2.1b", true), {"2.1", false}, {"2.1b2", false}}) {
+        m_info.bundleShortVersionString = text(version);
+        EXPECT_EQ(launch(m_folder.path())->updaterShouldCheckForBetaUpdates(*updater), isBeta)
+            << version;
+    }
+    EXPECT_EQ(ExpectedWarnings::messages().filter(text("beta")),
+              QStringList(text("update check for beta version enabled\n")));
+    const auto helper = launch(m_folder.path());
+    EXPECT_FALSE(helper->isUpdaterInTestMode(*updater));
+    m_platform.settings.setValue(text("SUUpdaterIsInTestMode"), true);
+    EXPECT_FALSE(helper->isUpdaterInTestMode(*updater));
+    m_platform.settings.setValue(text("checkForTestUpdates"), true);
+    EXPECT_TRUE(helper->isUpdaterInTestMode(*updater));
+    helper->checkForUpdates(true);
+    EXPECT_FALSE(updater->automaticallyChecksForUpdates()) << "no update in progress";
+}
+
+} // namespace
