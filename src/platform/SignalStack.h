@@ -15,7 +15,7 @@ public:
     ~SignalStack();
 
 private:
-    static constexpr size_t kSizeInBytes = 128 * 1024;
+    static constexpr size_t kSizeInBytes = size_t{128} * 1024;
 
     void *m_memory = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "updates/CrashReportWriter.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -63,7 +64,7 @@ std::pair<const unsigned char *, size_t> buildIdentifier(const void *start, uint
     for (int i = 0; i < header->e_phnum; ++i) {
         if (segments[i].p_type != PT_NOTE)
             continue;
-        const auto *note = reinterpret_cast<const unsigned char *>(bias + segments[i].p_vaddr);
+        const auto *note = std::bit_cast<const unsigned char *>(bias + segments[i].p_vaddr);
         const unsigned char *end = note + segments[i].p_memsz;
         while (note + sizeof(ElfW(Nhdr)) <= end) {
             const auto *head = reinterpret_cast<const ElfW(Nhdr) *>(note);
@@ -107,7 +108,7 @@ void CrashBackTrace::writeFrame(Walk &walk, uintptr_t address) const
 {
     dl_find_object found = {};
     // Unlike dladdr() it takes no lock, so it is safe here.
-    if (::_dl_find_object(reinterpret_cast<void *>(address), &found) != 0)
+    if (::_dl_find_object(std::bit_cast<void *>(address), &found) != 0)
         return;
     const char *name = found.dlfo_link_map->l_name;
     const char *path = name && *name ? name : m_program.data();

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qint64 kMostBytesEach = 64 * 1024;
+constexpr qint64 kMostBytesEach = qint64{64} * 1024;
 
 } // namespace
 

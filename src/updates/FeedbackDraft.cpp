@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 kMostBytes = 1024 * 1024;
+constexpr qint64 kMostBytes = qint64{1024} * 1024;
 constexpr QLatin1String kText("text");
 constexpr QLatin1String kMail("mail");
 constexpr QLatin1String kSystem("system");

@@ -13,7 +13,7 @@
 namespace {
 
 /// Longer addresses are cut or refused on their way to a mail program.
-constexpr qsizetype kMostBytesOfAddress = 8 * 1024;
+constexpr qsizetype kMostBytesOfAddress = qsizetype{8} * 1024;
 
 QString tr(const char *text)
 {
