@@ -184,7 +184,8 @@ void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
     if (std::find(shown.begin(), shown.end(), item) == shown.end())
         return;
     // By value: the argument may be an element of the list.
-    const std::shared_ptr<ClipItem> deleted = item;
+    const std::shared_ptr<ClipItem> deleted(
+        item); // NOLINT(performance-unnecessary-copy-initialization)
     std::erase(m_history, deleted);
     std::erase(m_found, deleted);
     forget(deleted);

@@ -14,7 +14,7 @@ struct HotKeyId
     quint32 signature = 0;
     quint32 id = 0;
 
-    auto operator<=>(const HotKeyId &) const = default;
+    auto operator<=>(const HotKeyId &) const = default; // NOLINT(modernize-use-nullptr): it errs
 };
 
 /// What a hot-key press or release tells.

@@ -208,7 +208,7 @@ Tree treeAt(const QVariant &value, int depth)
 
 QByteArray taken(char *bytes, uint32_t length)
 {
-    const QByteArray copy(bytes, static_cast<qsizetype>(length));
+    QByteArray copy(bytes, static_cast<qsizetype>(length));
     free(bytes);
     return copy;
 }

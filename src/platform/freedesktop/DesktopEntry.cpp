@@ -8,36 +8,18 @@ namespace {
 
 QString unescaped(const QByteArray &value)
 {
+    static constexpr QStringView kEscapes = u"sntr\\";
+    static constexpr QStringView kMeanings = u" \n\t\r\\";
     const QString raw = QString::fromUtf8(value);
-    if (!raw.contains(u'\\'))
-        return raw;
     QString text;
+    text.reserve(raw.size());
     for (qsizetype i = 0; i < raw.size(); ++i) {
-        if (raw[i] != u'\\' || i + 1 == raw.size()) {
-            text += raw[i];
-            continue;
-        }
-        switch (raw[++i].unicode()) {
-        case u's':
-            text += u' ';
-            break;
-        case u'n':
-            text += u'\n';
-            break;
-        case u't':
-            text += u'\t';
-            break;
-        case u'r':
-            text += u'\r';
-            break;
-        case u'\\':
-            text += u'\\';
-            break;
-        default:
-            // "\;" belongs to lists, anything else to nobody: both stay as they are.
-            text += u'\\';
-            text += raw[i];
-        }
+        const qsizetype escape =
+            raw[i] == u'\\' && i + 1 < raw.size() ? kEscapes.indexOf(raw[i + 1]) : -1;
+        // "\;" belongs to lists, any other to nobody: both stay as they are.
+        text += escape < 0 ? raw[i] : kMeanings[escape];
+        if (escape >= 0)
+            ++i;
     }
     return text;
 }

@@ -43,7 +43,7 @@ DesktopEntryCatalog::waitForIndex(std::unique_lock<std::mutex> &lock)
 std::shared_ptr<const DesktopEntryIndex> DesktopEntryCatalog::index()
 {
     std::unique_lock lock(m_mutex);
-    const auto known = waitForIndex(lock);
+    auto known = waitForIndex(lock);
     if (!m_isRefreshing && std::chrono::steady_clock::now() - m_lastRefresh >= kRefreshInterval) {
         m_isRefreshing = true;
         m_thread.start([this] { refresh(); });

@@ -94,7 +94,7 @@ FreedesktopInstalledApplications::applicationAtPath(const QString &path)
 
 QIcon FreedesktopInstalledApplications::icon(const InstalledApplication &application)
 {
-    const QIcon icon = desktopEntryIcon(application.iconName);
+    QIcon icon = desktopEntryIcon(application.iconName);
     if (!icon.isNull())
         return icon;
     return QIcon::fromTheme(QStringLiteral("application-x-executable"),
