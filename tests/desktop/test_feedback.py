@@ -10,7 +10,7 @@ import unittest
 from journey import BUNDLE, Journey, Quillmarsh
 from tls_server import TlsServer, make_authority
 
-TEST_BUILD = os.environ.get("QUILLMARSH_TEST_BUILD", "build/dev/tests/desktop/quillmarsh_test_build")
+UPDATABLE = os.environ.get("UPDATABLE", "build/dev/tests/desktop/quillmarsh_updatable")
 HEADERS = {"Host", "Connection", "Content-Type", "Content-Length", "User-Agent", "Accept-Encoding",
            "Accept-Language"}
 USAGE = {"kind": "usage", "text": "Quillmarsh 1.0.0"}
@@ -41,7 +41,7 @@ class Feedback(Journey):
                        # A sanitizer would keep the crash for itself.
                        "ASAN_OPTIONS": "handle_segv=0",
                        "XDG_CURRENT_DESKTOP": "XFCE", "XDG_SESSION_TYPE": "x11", **options}
-        self.app = Quillmarsh(self.desktop, TEST_BUILD, environment)
+        self.app = Quillmarsh(self.desktop, UPDATABLE, environment)
 
     def sent(self):
         """The one message that has arrived."""

@@ -1,5 +1,6 @@
-// The record of the programs that the update journeys run: where the feed is, whom it trusts and
-// which version this is come from outside. Linked into nothing that people run.
+// The record of the programs that journeys run against servers of their own: which addresses they
+// ask, whom they trust and which version they are comes from outside. Linked into nothing that
+// people run.
 
 #include "platform/Info.h"
 
@@ -24,8 +25,8 @@ QString version()
     const QString program = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
     const int levels = program.contains(QStringLiteral("/libexec/")) ? 4 : 3;
     const QString prefix = program.section(u'/', 0, -levels);
-    return QString::fromUtf8(contents(prefix + QStringLiteral("/share/quillmarsh/test-version")))
-        .trimmed();
+    const QByteArray told = contents(prefix + QStringLiteral("/share/quillmarsh/test-version"));
+    return told.isEmpty() ? QStringLiteral("1.0.0") : QString::fromUtf8(told).trimmed();
 }
 
 /// At the stage of an update that a test has named, the program is killed or the disk is full.
