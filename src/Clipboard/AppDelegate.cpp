@@ -5,6 +5,7 @@
 #include "Clipboard/HelpPage.h"
 #include "Clipboard/LiveSettings.h"
 #include "Clipboard/StatusMenu.h"
+#include "Clipboard/TraylessHint.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/PreferencesApplicationViewController.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
@@ -123,6 +124,8 @@ void AppDelegate::applicationDidFinishLaunching()
     m_devMateKit->sendTrackingReport();
     m_devMateKit->setupIssuesController(DevMateKit::UnhandledIssues::Reported);
     logTrace(QStringLiteral("devmate setup complete"));
+    m_traylessHint = std::make_unique<TraylessHint>(
+        m_platform, [this] { return m_liveSettings->isNotificationsEnabled(); });
     askAboutDamagedSettings();
 }
 
@@ -192,8 +195,10 @@ void AppDelegate::initStatusBar()
     actions.quit = [this] { quit(); };
     m_statusMenu = std::make_unique<StatusMenu>(
         appName() + QStringLiteral(" v") + *m_info.bundleVersion, actions);
-    m_platform.statusBar->showItem(QIcon(QStringLiteral(":/stackImage")), appName(),
-                                   m_statusMenu->menu());
+    // By its name where it is installed, so that panels draw it themselves, in their own colour.
+    const QIcon icon = QIcon::fromTheme(m_info.bundleIdentifier + QStringLiteral("-symbolic"),
+                                        QIcon(QStringLiteral(":/stackImage")));
+    m_platform.statusBar->showItem(icon, appName(), m_statusMenu->menu());
 }
 
 void AppDelegate::askAboutDamagedSettings()

@@ -31,6 +31,7 @@ class QTimer;
 class StatusMenu;
 class SwopState;
 class TourGuide;
+class TraylessHint;
 class ViewController;
 class WelcomeWindowController;
 class WindowDelegate;
@@ -186,4 +187,5 @@ private:
     std::unique_ptr<ApplicationUpdates> m_updates;
     QPointer<QAction> m_checkForUpdatesMI; ///< m_updates has it.
     std::unique_ptr<DevMateKit> m_devMateKit;
+    std::unique_ptr<TraylessHint> m_traylessHint;
 };

@@ -7,6 +7,8 @@ import subprocess
 import sys
 import unittest
 
+import dbus.bus
+
 SUPPORT = pathlib.Path(__file__).resolve().parent.parent / "support"
 sys.path.insert(0, str(SUPPORT))
 from desktop import Desktop  # noqa: E402
@@ -76,6 +78,19 @@ class Journey(unittest.TestCase):
             ["xdotool", "getactivewindow", "getwindowpid"], capture_output=True,
             text=True).stdout.strip() == str(process.pid), f"the {kind} editor in front")
         return path
+
+    def notifications(self):
+        """Starts a notification server; the answer tells all that it has been sent."""
+        told = self.file("bus.txt")
+        with open(told, "wb") as log:
+            self.desktop.start(["dbus-monitor", "--session",
+                                "interface='org.freedesktop.Notifications',member='Notify'"],
+                               stdout=log)
+        self.desktop.start(["dunst"], quiet=True)
+        self.wait_for(lambda: dbus.bus.BusConnection(
+            self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]).name_has_owner(
+                "org.freedesktop.Notifications"), "a notification server")
+        return lambda: pathlib.Path(told).read_text(encoding="utf-8", errors="replace")
 
     def terminal(self):
         """xterm running cat into a file, with the keyboard; returns that file's path."""

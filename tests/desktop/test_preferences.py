@@ -141,18 +141,10 @@ class PreferencesJourney(Journey):
         self.app.wait_for_log("Exit")
 
     def test_unticked_notifications_are_silent_now_and_back_after_a_restart(self):
-        told = pathlib.Path(self.desktop.home, "bus.txt")
-        with open(told, "wb") as log:
-            self.desktop.start(["dbus-monitor", "--session",
-                                "interface='org.freedesktop.Notifications',member='Notify'"],
-                               stdout=log)
-        self.desktop.start(["dunst"], quiet=True)
-        self.wait_for(lambda: dbus.bus.BusConnection(
-            self.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]).name_has_owner(
-                "org.freedesktop.Notifications"), "a notification server")
+        told = self.notifications()
 
         def warnings():
-            return told.read_text(errors="replace").count("The text is too large.")
+            return told().count("The text is too large.")
 
         copy(self.desktop, "a" * 10001)
         self.wait_for(lambda: warnings() == 1, "the first warning")

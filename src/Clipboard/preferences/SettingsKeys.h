@@ -13,6 +13,7 @@ inline const QString kMaxStringSize = QStringLiteral("maxStringSize");
 inline const QString kNotificationsEnabled = QStringLiteral("notificationsEnabled");
 inline const QString kWelcomeWindowShown = QStringLiteral("welcomeWindowShown");
 inline const QString kWelcomeMessageShown = QStringLiteral("welcomeMessageShown");
+inline const QString kTraylessHintShown = QStringLiteral("traylessHintShown");
 inline const QString kApplicationsToIgnore = QStringLiteral("applicationsToIgnore");
 inline const QString kUpdaterIsInTestMode = QStringLiteral("SUUpdaterIsInTestMode");
 inline const QString kUpdaterChecksForBetaUpdates = QStringLiteral("SUUpdaterChecksForBetaUpdates");

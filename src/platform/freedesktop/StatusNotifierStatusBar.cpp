@@ -6,6 +6,7 @@
 #include <QDBusVariant>
 #include <QLoggingCategory>
 #include <QMenu>
+#include <QPainter>
 
 namespace {
 
@@ -15,6 +16,23 @@ const auto kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const auto kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 /// A watcher that takes longer counts as none until it says otherwise.
 constexpr int kAnswerLimitMs = 2000;
+/// Pixels; trays scale items down, never up.
+constexpr int kItemSizes[] = {16, 22, 24, 32, 48, 64};
+
+/// The icon's shape in one colour.
+QIcon inColor(const QIcon &icon, const QColor &color)
+{
+    QIcon colored;
+    for (const int size : kItemSizes) {
+        QPixmap pixmap = icon.pixmap(QSize(size, size), 1.0);
+        QPainter painter(&pixmap);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(pixmap.rect(), color);
+        painter.end();
+        colored.addPixmap(pixmap);
+    }
+    return colored;
+}
 
 } // namespace
 
@@ -33,7 +51,7 @@ void StatusNotifierStatusBar::showItem(const QIcon &icon, const QString &toolTip
     m_toolTip = toolTip;
     m_menu = menu;
     if (m_item) {
-        m_item->setIcon(icon);
+        m_item->setIcon(itemIcon());
         m_item->setToolTip(toolTip);
         m_item->setContextMenu(menu);
     }
@@ -43,9 +61,14 @@ void StatusNotifierStatusBar::showItem(const QIcon &icon, const QString &toolTip
 
 void StatusNotifierStatusBar::watchForHosts()
 {
-    if (m_trayArea)
+    if (m_trayArea) {
         connect(m_trayArea.get(), &TrayArea::isPresentChanged, this,
                 &StatusNotifierStatusBar::update);
+        connect(m_trayArea.get(), &TrayArea::foregroundChanged, this, [this] {
+            if (m_item)
+                m_item->setIcon(itemIcon());
+        });
+    }
     if (!m_bus.isConnected()) {
         setHasHost(false);
         return;
@@ -116,6 +139,15 @@ void StatusNotifierStatusBar::update()
     Q_EMIT isItemVisibleChanged(isWanted);
 }
 
+// A panel gives a symbolic icon its own colour. In a tray the item is a window of ours, and nobody
+// but us can do so.
+QIcon StatusNotifierStatusBar::itemIcon() const
+{
+    const std::optional<QColor> color =
+        m_kind == Kind::Embedded ? m_trayArea->foreground() : std::nullopt;
+    return color ? inColor(m_icon, *color) : m_icon;
+}
+
 void StatusNotifierStatusBar::makeItem()
 {
     if (m_kind == Kind::Unsettled)
@@ -129,4 +161,7 @@ void StatusNotifierStatusBar::makeItem()
                     Q_EMIT activated();
             });
     m_item->show();
+    // Once the tray is known to Qt, which would stop us listening to its colours.
+    if (m_kind == Kind::Embedded)
+        m_item->setIcon(itemIcon());
 }

@@ -42,6 +42,7 @@ private:
     void update();
     bool hasPlace() const;
     void makeItem();
+    QIcon itemIcon() const;
 
     std::unique_ptr<TrayArea> m_trayArea;
     QDBusConnection m_bus;

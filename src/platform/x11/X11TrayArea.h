@@ -19,14 +19,17 @@ public:
 
     // ^TrayArea
     bool isPresent() const override { return m_isPresent; }
+    std::optional<QColor> foreground() override;
 
     // ^QAbstractNativeEventFilter
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
 
 private:
     void setPresent(bool isPresent);
+    xcb_window_t tray() const;
 
     xcb_atom_t m_selection = XCB_ATOM_NONE;
+    xcb_atom_t m_colors = XCB_ATOM_NONE;
     /// The event that tells a selection's new owner; 0 when the server has none.
     int m_ownerChange = 0;
     bool m_isPresent = false;

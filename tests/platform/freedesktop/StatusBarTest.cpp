@@ -51,6 +51,7 @@ class FakeTrayArea : public TrayArea
 {
 public:
     bool isPresent() const override { return true; }
+    std::optional<QColor> foreground() override { return std::nullopt; }
 };
 
 class StatusNotifierStatusBarTest : public testing::Test
