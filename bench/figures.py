@@ -195,9 +195,7 @@ class Figures:
                               capture_output=True, text=True, check=False)
         for result in json.loads(told.stdout)["benchmarks"]:
             value = result["real_time"] / {"ns": 1e6, "us": 1e3, "ms": 1}[result["time_unit"]]
-            row = (f"add a copy ({result['name']})", "", "", f"{value:.2f} ms")
-            self.rows.append(row)
-            print("| " + " | ".join(row) + " |", flush=True)
+            self.tell(f"add a copy ({result['name']})", "", "", f"{value:.2f} ms")
 
     def memory(self):
         for count in (self.options.sizes[0], self.options.sizes[-1]):
@@ -221,6 +219,22 @@ class Figures:
 
         self.each("start → ready", measure)
 
+    def second_start(self):
+        """From the start of a further process to its end, which it reaches once it was answered."""
+        with Desktop() as desktop:
+            subject = Subject("quillmarsh", desktop, self.binaries, 0)
+            values = []
+            for _ in range(self.options.runs):
+                started = time.monotonic()
+                desktop.run([subject.program.binary, "launch"]).check_returncode()
+                values.append((time.monotonic() - started) * 1000)
+        self.tell("second start → handed over", "", "",
+                  f"{sorted(values)[len(values) // 2]:.1f} ms")
+
+    def tell(self, *row):
+        self.rows.append(row)
+        print("| " + " | ".join(row) + " |", flush=True)
+
     def idle(self):
         def measure(_, subject):
             time.sleep(3)
@@ -233,7 +247,7 @@ class Figures:
 
 def main():
     names = ["request", "burst", "short_owner", "opening", "typing", "pasting", "adding", "memory",
-             "start", "idle"]
+             "start", "second_start", "idle"]
     parser = argparse.ArgumentParser()
     parser.add_argument("bin_dir")
     parser.add_argument("--sizes", default="1000,10000,100000")
