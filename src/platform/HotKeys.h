@@ -14,7 +14,8 @@ struct HotKeyId
     quint32 signature = 0;
     quint32 id = 0;
 
-    auto operator<=>(const HotKeyId &) const = default; // NOLINT(modernize-use-nullptr): it errs
+    // NOLINTNEXTLINE(modernize-use-nullptr): it errs
+    auto operator<=>(const HotKeyId &) const = default;
 };
 
 /// What a hot-key press or release tells.

@@ -266,6 +266,8 @@ void PasteboardService::adoptIfJudged()
     claim(m_connection.atoms().clipboard, m_kept->offer, *std::exchange(m_ownerDied, std::nullopt));
 }
 
+// By value: an event that is handled meanwhile may drop the kept offer that was passed.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool PasteboardService::claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
                               xcb_timestamp_t time)
 {

@@ -13,6 +13,7 @@ struct X11Combination
     xcb_keycode_t keycode = 0;
     quint32 carbonModifiers = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): it errs
     auto operator<=>(const X11Combination &) const = default;
 };
 
