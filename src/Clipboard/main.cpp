@@ -117,6 +117,9 @@ std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
 
 int main(int argc, char **argv)
 {
+    // A log line is its text and nothing else, unless somebody who looks for a fault asks for more.
+    if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
+        qSetMessagePattern(QStringLiteral("%{message}"));
     // First of all, so that a second start is over before it talks to the display.
     const CommandLine line =
         CommandLine::parse(wordsOf(argc, argv), *Info::main().bundleShortVersionString);
@@ -127,9 +130,6 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "quillmarsh: %s\n", qUtf8Printable(*problem));
         return EXIT_FAILURE;
     }
-    // A log line is its text and nothing else, unless somebody who looks for a fault asks for more.
-    if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
-        qSetMessagePattern(QStringLiteral("%{message}"));
     QApplication application(argc, argv);
     // WM_CLASS's class, which the desktop entry names, and the icon follow from these two.
     QCoreApplication::setApplicationName(QStringLiteral("Quillmarsh"));

@@ -24,5 +24,8 @@ bool StoredClips::clear(const QString &storeFolder)
     }
     // What the deleted clips leave in the files goes with them.
     store.vacuum();
-    return store.emptyLog();
+    if (store.emptyLog())
+        return true;
+    qCCritical(lcHistory, "the deleted clips are still in the store's log: another program reads");
+    return false;
 }
