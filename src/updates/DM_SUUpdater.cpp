@@ -70,10 +70,16 @@ std::optional<QString> DM_SUUpdater::obstacle() const
     if (m_installation.kind == Installation::Kind::PackageManager)
         return m_installation.obstacle();
     if (m_info.feedUrl.isEmpty()) {
-        return tr("This Quillmarsh has no address to look for updates at. Update it with your "
-                  "system's package manager, or from where you got it.");
+        return tr("This Quillmarsh has no address to look for updates at. Updates come with your "
+                  "system's package manager.");
     }
     return m_installation.obstacle();
+}
+
+QString DM_SUUpdater::commandOfSystem() const
+{
+    const bool isSystems = m_installation.kind == Installation::Kind::PackageManager;
+    return isSystems || m_info.feedUrl.isEmpty() ? m_installation.command : QString();
 }
 
 void DM_SUUpdater::checkForUpdatesInBackground()
@@ -106,7 +112,7 @@ void DM_SUUpdater::start(Manner manner)
     if (const auto reason = obstacle()) {
         qCInfo(updatesLog).noquote() << "no update:" << *reason;
         if (manner == Manner::Interactive)
-            openWindow().showElsewhere(*reason, m_installation.command);
+            openWindow().showElsewhere(*reason, commandOfSystem());
         else
             abort(reason);
         return;

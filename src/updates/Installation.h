@@ -14,7 +14,7 @@ public:
     enum class Kind {
         AppImage,       ///< `path` is one file.
         Prefix,         ///< `path` holds versions/X for each version and a link current to one.
-        PackageManager, ///< The system's; `command` updates it where it is known.
+        PackageManager, ///< The system's.
         Unknown,        ///< None of these.
     };
 
@@ -46,5 +46,5 @@ public:
     Kind kind = Kind::Unknown;
     QString path;
     QString bundlePath;
-    QString command;
+    QString command; ///< Of the system's package manager, to update us; may be empty.
 };

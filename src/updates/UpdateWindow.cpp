@@ -16,7 +16,8 @@
 
 namespace {
 
-constexpr int kWidth = 480;
+constexpr int kLeastWidth = 480;
+constexpr int kCharactersAcross = 66;
 constexpr int kMargin = 20;
 constexpr int kIconExtent = 56;
 constexpr int kNoteLines = 9;
@@ -86,10 +87,10 @@ void UpdateWindow::layOut()
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(kMargin, kMargin, kMargin, kMargin - 4);
     row->setSpacing(kMargin);
-    row->setSizeConstraint(QLayout::SetMinimumSize);
+    // The window is given its size for each state; a layout of its own would forget wrapped lines.
+    row->setSizeConstraint(QLayout::SetNoConstraint);
     row->addWidget(m_icon, 0, Qt::AlignTop);
     row->addLayout(column, 1);
-    setFixedWidth(kWidth);
 }
 
 void UpdateWindow::begin(const QString &headline, const QString &text)
@@ -109,8 +110,9 @@ void UpdateWindow::offer(QPushButton *defaultButton, std::initializer_list<QPush
         button->setVisible(std::find(buttons.begin(), buttons.end(), button) != buttons.end());
     defaultButton->setDefault(true);
     defaultButton->setFocus();
-    const int height = layout()->totalHeightForWidth(kWidth);
-    setFixedHeight(qMax(height, layout()->totalMinimumSize().height()));
+    const int width = qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth());
+    layout()->invalidate();
+    setFixedSize(width, layout()->totalHeightForWidth(width));
 }
 
 void UpdateWindow::showChecking()
@@ -181,7 +183,7 @@ void UpdateWindow::showProblem(const QString &reason)
 
 void UpdateWindow::showElsewhere(const QString &explanation, const QString &command)
 {
-    begin(tr("Updates come from elsewhere"), explanation);
+    begin(tr("%1 does not update itself here").arg(m_appName), explanation);
     m_command->setText(command);
     m_command->setCursorPosition(0);
     m_command->setVisible(!command.isEmpty());

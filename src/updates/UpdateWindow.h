@@ -30,7 +30,7 @@ public:
     void showInstalled();
     /// `reason` is a sentence.
     void showProblem(const QString &reason);
-    /// Somebody else brings updates; `command` may be empty.
+    /// It is not for us to update; `command` does it, where there is one.
     void showElsewhere(const QString &explanation, const QString &command);
 
     /// The choice to look once a day; not offered until it was set.

@@ -309,6 +309,18 @@ class NothingIsInstalled(UpdateJourney):
                 self.server.answers.update({"/update": content, "/feed.xml": feed(item)})
                 self.problem(reason)
 
+    def test_when_it_is_put_off_or_skipped(self):
+        self.offer()
+        self.start()
+        for times, key in enumerate(("alt+l", "Escape", "alt+s"), 1):
+            self.check()
+            self.app.wait_for_log("update found", count=times)
+            self.app.key(key)
+            self.app.wait_until_hidden("Software Update")
+        self.assertEqual(self.app.setting("skippedUpdateVersion"), "1.1.0")
+        self.assertEqual({path for path, _ in self.server.asked}, {"/feed.xml"})
+        self.assertEqual(self.versions(), ["1.0.0"])
+
     def test_from_a_server_with_another_certificate(self):
         self.offer()
         self.variables["QUILLMARSH_TEST_AUTHORITIES"] = str(

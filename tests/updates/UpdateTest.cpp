@@ -211,8 +211,8 @@ TEST_F(DMHelperAppDelegateTest, anUpdateThatCannotBeginSaysWhyWithItsCode)
          {Row{m_folder.path(), true, 2, "Main application bundle could not be located", cocoa},
           Row{there, true, 1, "Main application is running. It should update itself.", cocoa},
           Row{there, false, 1,
-              "This Quillmarsh has no address to look for updates at. Update it with your "
-              "system's package manager, or from where you got it.",
+              "This Quillmarsh has no address to look for updates at. Updates come with your "
+              "system's package manager.",
               UpdateError::updaterDomain()}}) {
         m_platform.runningApplications.setBundlePaths({row.isRunning ? row.prefix : QString()});
         ExpectedWarnings::expect(text("ERROR: %1 - %2").arg(row.code).arg(text(row.description)));

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -24,6 +25,18 @@ QString resolved(const QString &path)
 {
     const QString canonical = QFileInfo(path).canonicalFilePath();
     return canonical.isEmpty() ? path : canonical;
+}
+
+/// Where a program lies whatever version of it is installed: the updater keeps versions in folders
+/// beside a link to the one that counts, and removes the old ones in time.
+QString lasting(const QString &path)
+{
+    static const QRegularExpression kVersioned(QStringLiteral("\\A(.*)/versions/([^/]+)(/.*)\\z"));
+    const auto match = kVersioned.match(path);
+    const QString link = match.captured(1) + QStringLiteral("/current");
+    if (!match.hasMatch() || QFile::symLinkTarget(link).section(u'/', -1) != match.captured(2))
+        return path;
+    return link + match.captured(3);
 }
 
 bool makeFolder(const QString &folder)
@@ -120,7 +133,7 @@ void FreedesktopLoginItems::insertLast(const QString &path)
     if (QFileInfo(target).isSymLink())
         QFile::remove(target);
     QSaveFile file(target);
-    const QByteArray bytes = AutostartEntry::compose(path, former);
+    const QByteArray bytes = AutostartEntry::compose(lasting(path), former);
     const bool isWritten =
         file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
         file.setFileTime(QDateTime::fromMSecsSinceEpoch(time), QFileDevice::FileModificationTime) &&

@@ -71,6 +71,25 @@ TEST_F(FreedesktopLogin, whatTheUserAddedMovesAlongAndWhatSwitchedItOffDoesNot)
                                         .toStdString());
 }
 
+TEST_F(FreedesktopLogin, anEntryOutlivesTheVersionThatWroteIt)
+{
+    for (const char *version : {"1.0", "1.1"}) {
+        ASSERT_TRUE(QDir(m_folder.path()).mkpath(path("versions/") + QLatin1String(version)));
+        ASSERT_TRUE(QFile::copy(QStringLiteral("/usr/bin/true"),
+                                path("versions/") + QLatin1String(version) +
+                                    QStringLiteral("/quillmarsh")));
+    }
+    ASSERT_TRUE(QFile::link(QStringLiteral("versions/1.0"), path("current")));
+    FreedesktopLoginItems items(m_folder.path(), path("versions/1.0/quillmarsh"));
+    items.insertLast(path("versions/1.0/quillmarsh"));
+    EXPECT_EQ(items.resolvedPath(items.snapshot().value().first()),
+              path("versions/1.0/quillmarsh"));
+    QFile::remove(path("current"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("versions/1.1"), path("current")));
+    EXPECT_EQ(items.resolvedPath(items.snapshot().value().first()),
+              path("versions/1.1/quillmarsh"));
+}
+
 TEST_F(FreedesktopLogin, aHiddenEntryIsNotInTheListAndIsShownAgainByInserting)
 {
     put("org.quillmarsh.Quillmarsh.desktop", "[Desktop Entry]\nHidden=true\nX-Mine=1\n");
