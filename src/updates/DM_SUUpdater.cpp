@@ -36,14 +36,16 @@ std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForBundle(const QString &bund
 {
     if (!isBundle(bundlePath))
         return nullptr;
-    return std::unique_ptr<DM_SUUpdater>(new DM_SUUpdater(bundlePath, platform, info));
+    return std::unique_ptr<DM_SUUpdater>(
+        new DM_SUUpdater(bundlePath, platform, info, Owner::Helper));
 }
 
 std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForMainBundle(Platform &platform,
                                                                  const Info &info)
 {
     const QString prefix = QCoreApplication::applicationFilePath().section(u'/', 0, -3);
-    return std::unique_ptr<DM_SUUpdater>(new DM_SUUpdater(prefix, platform, info));
+    return std::unique_ptr<DM_SUUpdater>(
+        new DM_SUUpdater(prefix, platform, info, Owner::MainBundle));
 }
 
 bool DM_SUUpdater::isBundle(const QString &bundlePath)
@@ -52,10 +54,10 @@ bool DM_SUUpdater::isBundle(const QString &bundlePath)
     return program.isFile() && program.isExecutable();
 }
 
-DM_SUUpdater::DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info)
+DM_SUUpdater::DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info, Owner owner)
     : m_platform(platform), m_info(std::move(info)),
       m_installation(Installation::of(Installation::Evidence::of(bundlePath))),
-      m_schedule(*platform.settings, *platform.clock, !obstacle())
+      m_schedule(*platform.settings, *platform.clock, owner == Owner::MainBundle && !obstacle())
 {
     connect(&m_schedule, &UpdateSchedule::due, this, [this] {
         if (!m_run)
@@ -93,7 +95,7 @@ void DM_SUUpdater::checkForUpdates()
     if (m_run) {
         // One that nobody saw goes on before the user's eyes.
         if (!hasWindow())
-            openWindow().showInstalling();
+            openWindow().showChecking();
         m_manner = Manner::Interactive;
         openWindow();
         return;
@@ -117,7 +119,9 @@ void DM_SUUpdater::start(Manner manner)
             abort(reason);
         return;
     }
-    m_schedule.checked();
+    // A helper leaves no trace in settings that are another program's.
+    if (manner != Manner::Background)
+        m_schedule.checked();
     UpdateRun::Setup setup;
     setup.info = m_info;
     setup.installation = m_installation;
@@ -150,8 +154,11 @@ void DM_SUUpdater::runFound()
     const QString version = m_run->item().version;
     qCInfo(updatesLog).noquote() << "update found:" << version;
     if (m_installation.nextVersion() == version) {
-        // Installed by another process, or while nobody restarted this one.
-        runInstalled();
+        // Installed by another process, or while nobody restarted this one; when to do so is the
+        // user's choice.
+        if (hasWindow())
+            m_window->showInstalled();
+        abort(std::nullopt);
         return;
     }
     if (m_manner == Manner::Background) {

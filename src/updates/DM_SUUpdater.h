@@ -62,7 +62,10 @@ private:
         Interactive, ///< A window for everything.
     };
 
-    DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info);
+    /// Only the program itself looks once a day.
+    enum class Owner { MainBundle, Helper };
+
+    DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info, Owner owner);
 
     std::optional<QString> obstacle() const;
     /// That updates it where the system does; else empty.

@@ -63,9 +63,6 @@ void FeedbackDelivery::post(const FeedbackMessage &message)
                 qCInfo(updatesLog).noquote() << kind << "was not sent:" << reason;
                 Q_EMIT failed(reason);
             });
-    // Otherwise Qt would name itself and the user's language.
-    m_exchange->setHeader("User-Agent", "Quillmarsh");
-    m_exchange->setHeader("Accept-Language", "*");
     m_exchange->post(m_address, "application/json", message.toJson());
 }
 

@@ -51,6 +51,9 @@ HttpsExchange::HttpsExchange(const QByteArray &authorities, const Limits &limits
 {
     // Compressed, an answer could be longer than its bytes.
     m_request.setRawHeader("Accept-Encoding", "identity");
+    // Otherwise Qt would name itself and the user's language.
+    m_request.setRawHeader("User-Agent", "Quillmarsh");
+    m_request.setRawHeader("Accept-Language", "*");
     connect(&m_stallTimer, &QTimer::timeout, this, &HttpsExchange::checkProgress);
     m_totalTimer.setSingleShot(true);
     connect(&m_totalTimer, &QTimer::timeout, this,

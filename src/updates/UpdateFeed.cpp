@@ -9,6 +9,7 @@ namespace {
 constexpr qint64 kMostFileBytes = 1024LL * 1024 * 1024;
 constexpr qsizetype kMostItems = 1000;
 constexpr qsizetype kMostNoteCharacters = 20000;
+constexpr qsizetype kMostNameCharacters = 40;
 constexpr qsizetype kSignatureBytes = 64;
 
 /// One <item>, with a file for each kind of installation.
@@ -80,7 +81,8 @@ std::variant<QList<UpdateItem>, QString> UpdateFeed::parse(const QByteArray &xml
         if (reader.hasError())
             break;
         if (release.files.isEmpty())
-            return refused(tr("Version %1 has no file.").arg(release.common.version.left(40)));
+            return refused(tr("Version %1 has no file.")
+                               .arg(release.common.version.left(kMostNameCharacters)));
         for (const UpdateItem &file : release.files) {
             UpdateItem item = release.common;
             if (item.shortVersion.isEmpty())
@@ -105,8 +107,11 @@ std::variant<QList<UpdateItem>, QString> UpdateFeed::parse(const QByteArray &xml
 std::optional<QString> UpdateFeed::faultOf(const UpdateItem &item)
 {
     if (!UpdateVersion::parse(item.version)) {
-        return tr("It offers a version that is not a number: “%1”.").arg(item.version.left(40));
+        return tr("It offers a version that is not a number: “%1”.")
+            .arg(item.version.left(kMostNameCharacters));
     }
+    if (item.shortVersion.size() > kMostNameCharacters)
+        return tr("Version %1 has an impossible name.").arg(item.version);
     if (item.channel != u"release" && item.channel != u"beta" && item.channel != u"test")
         return tr("Version %1 has no known channel.").arg(item.version);
     if (!item.minimumSystem.isEmpty() && !UpdateVersion::parse(item.minimumSystem))

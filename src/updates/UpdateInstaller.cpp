@@ -69,8 +69,8 @@ bool copy(QFile &from, const QString &to, const std::atomic<bool> &isCancelled)
                      QFile::permissions(from.fileName())))
         return false;
     while (!from.atEnd()) {
-        const QByteArray block = from.read(kBlockBytes);
         errno = 0;
+        const QByteArray block = from.read(kBlockBytes);
         if (block.isEmpty() || isCancelled || copied.write(block) != block.size())
             return false;
     }

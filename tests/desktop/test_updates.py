@@ -7,11 +7,11 @@ import pathlib
 import re
 import shutil
 import signal
+import subprocess
 import tarfile
 import unittest
 
-from journey import BINARY, Journey, Quillmarsh
-from tray import Tray
+from journey import BINARY, SUPPORT, Journey, Quillmarsh
 from update_feed import Proxy, Publisher, Server, archive, feed, fill_prefix
 
 
@@ -33,7 +33,9 @@ class UpdateJourney(Journey):
             "QUILLMARSH_TEST_FEED_KEY": self.publisher.public,
             "QUILLMARSH_TEST_AUTHORITIES": str(self.publisher.authority),
         }
-        self.tray = Tray(self.desktop)
+        self.panel = self.desktop.start(
+            ["/usr/bin/python3", str(SUPPORT / "panel.py")], stdin=subprocess.PIPE,
+            stdout=subprocess.DEVNULL, text=True)
         self.addCleanup(self.end_programs)
 
     def programs(self):
@@ -64,9 +66,14 @@ class UpdateJourney(Journey):
         self.app = Quillmarsh(self.desktop, str(program or self.root / "current/bin/quillmarsh"),
                               {**self.variables, **variables})
 
+    def choose(self, title, program=None):
+        """Clicks an entry of the status item's menu."""
+        self.panel.stdin.write(f"{(program or self.app).process.pid}\t{title}\n")
+        self.panel.stdin.flush()
+
     def check(self):
         """Chooses the menu's check and returns its window."""
-        self.tray.choose(self.app.process.pid, "Check For Updates...")
+        self.choose("Check For Updates...")
         window = self.app.window("Software Update")
         self.app.wait_until_active(window)
         return window
@@ -158,7 +165,7 @@ class WholeWay(UpdateJourney):
             with self.subTest(stage):
                 self.start(QUILLMARSH_TEST_KILL_AT=stage)
                 if stage == "check":
-                    self.tray.choose(self.app.process.pid, "Check For Updates...")
+                    self.choose("Check For Updates...")
                 else:
                     self.install()
                 self.assertEqual(self.app.process.wait(20), -9)
@@ -180,7 +187,7 @@ class Helper(UpdateJourney):
         self.app = self.helper = Quillmarsh(self.desktop, str(path), self.variables, wait=False)
 
     def update(self):
-        self.tray.choose(self.helper.process.pid, "Update in background")
+        self.choose("Update in background", self.helper)
 
     def test_it_updates_the_application_and_starts_itself_anew(self):
         self.offer()

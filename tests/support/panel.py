@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """A panel with a status area, as small as can be: StatusNotifierWatcher and host in one. It prints
 a line of JSON for each item that registers: what a panel would show of it. Lines on its standard
-input are texts of entries of the item's menu, which it activates.
+input are texts of entries of the item's menu, which it activates; after a process id and a tab, of
+the item of that process, as soon as there is one.
 
 usage: panel.py
 """
@@ -24,11 +25,19 @@ class Watcher(dbus.service.Object):
         super().__init__(bus, "/StatusNotifierWatcher")
         self.bus = bus
         self.item = None
+        self.items = {}  # by process id
+        self.wanted = {}  # the same, for those that are yet to come
 
     @dbus.service.method(WATCHER, in_signature="s", sender_keyword="sender")
     def RegisterStatusNotifierItem(self, service, sender=None):
         self.item = sender if service.startswith("/") else service
+        process = str(self.bus.call_blocking(dbus.BUS_DAEMON_NAME, dbus.BUS_DAEMON_PATH,
+                                             dbus.BUS_DAEMON_IFACE, "GetConnectionUnixProcessID",
+                                             "s", (sender,)))
+        self.items[process] = self.item
         GLib.idle_add(self.tell)
+        if process in self.wanted:
+            GLib.idle_add(self.choose, f"{process}\t{self.wanted.pop(process)}")
 
     @dbus.service.method(WATCHER, in_signature="s")
     def RegisterStatusNotifierHost(self, service):
@@ -48,20 +57,28 @@ class Watcher(dbus.service.Object):
                             f'<interface name="{WATCHER}"><property access="read" type="b" '
                             'name="IsStatusNotifierHostRegistered"/>')
 
-    def menu(self):
-        menu = dbus.Interface(self.bus.get_object(self.item, "/MenuBar", introspect=False), MENU)
+    def menu(self, item):
+        menu = dbus.Interface(self.bus.get_object(item, "/MenuBar", introspect=False), MENU)
         return menu, menu.GetLayout(0, -1, dbus.Array([], signature="s"))[1][2]
 
     def tell(self):
         item = self.bus.get_object(self.item, "/StatusNotifierItem", introspect=False)
-        told = item.GetAll(ITEM, dbus_interface=dbus.PROPERTIES_IFACE)
+        try:
+            told = item.GetAll(ITEM, dbus_interface=dbus.PROPERTIES_IFACE)
+        except dbus.DBusException:
+            return  # gone again
         print(json.dumps({"icon": told["IconName"], "pixmaps": len(told["IconPixmap"]),
                           "title": told["ToolTip"][2],
-                          "menu": [entry[1].get("label", "-") for entry in self.menu()[1]]}),
+                          "menu": [entry[1].get("label", "-") for entry in self.menu(self.item)[1]]}),
               flush=True)
 
-    def choose(self, text):
-        menu, entries = self.menu()
+    def choose(self, line):
+        process, _, text = line.rpartition("\t")
+        item = self.items.get(process) if process else self.item
+        if item is None:
+            self.wanted[process] = text
+            return
+        menu, entries = self.menu(item)
         for number, facts, _ in entries:
             if facts.get("label") == text:
                 menu.Event(number, "clicked", dbus.String("", variant_level=1), dbus.UInt32(0))
