@@ -1,4 +1,4 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network DBus Svg Pdf)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Network DBus Svg Pdf LinguistTools)
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(SQLiteCpp REQUIRED)

@@ -14,12 +14,13 @@ namespace {
 QPalette paletteOf(const ClipColors &colors)
 {
     // Derives the shades of frames and grooves from the two.
-    QPalette palette(colors.control, colors.panel);
+    QPalette palette(colors.isDark ? colors.controlHover : colors.control, colors.panel);
     const auto setAll = [&palette](const QList<QPalette::ColorRole> &roles, const QColor &color) {
         for (const QPalette::ColorRole role : roles)
             palette.setColor(role, color);
     };
-    setAll({QPalette::Base, QPalette::ToolTipBase}, colors.paper);
+    // In the dark a field and a box stand out by being lighter than their window.
+    setAll({QPalette::Base, QPalette::ToolTipBase}, colors.isDark ? colors.control : colors.paper);
     setAll({QPalette::AlternateBase}, colors.panel);
     setAll({QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText},
            colors.text);
@@ -28,6 +29,17 @@ QPalette paletteOf(const ClipColors &colors)
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, colors.disabledText);
     return palette;
+}
+
+/// The style draws the outline of a box or a field somewhat darker than the window, which in the
+/// dark nobody sees.
+void outlineBoxes(bool isDark, const ClipColors &colors)
+{
+    QPalette palette;
+    if (isDark)
+        palette.setColor(QPalette::Window, colors.quietText);
+    for (const char *box : {"QCheckBox", "QRadioButton", "QLineEdit", "QPlainTextEdit", "QSlider"})
+        QApplication::setPalette(palette, box);
 }
 
 } // namespace
@@ -69,4 +81,5 @@ void DesktopLooks::apply()
         palette.setColor(group, QPalette::HighlightedText, colors.selectedText);
     }
     QApplication::setPalette(palette);
+    outlineBoxes(isDarkWanted, colors);
 }

@@ -1,5 +1,6 @@
 #include "Clipboard/GlobalShortcuts.h"
 
+#include "Clipboard/window/ReadingDirection.h"
 #include "hotkey/HotKeyCenter.h"
 #include "platform/ModifierFlags.h"
 #include "platform/Platform.h"
@@ -9,8 +10,19 @@
 #include "shortcut/MASShortcutMonitor.h"
 #include "shortcut/MASShortcutValidator.h"
 
+#include <QCoreApplication>
+
 #include <array>
 #include <utility>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("GlobalShortcuts", text);
+}
+
+} // namespace
 
 void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel()> &statusMenu)
 {
@@ -42,14 +54,14 @@ std::optional<MASShortcut> GlobalShortcuts::storedShortcut(const SettingsStore &
 
 QStringList GlobalShortcuts::keyCaps(const MASShortcut &shortcut)
 {
-    static const std::array<std::pair<quint64, QString>, 4> kModifierNames{{
-        {ModifierFlags::kCommand, QStringLiteral("Super")},
-        {ModifierFlags::kControl, QStringLiteral("Ctrl")},
-        {ModifierFlags::kOption, QStringLiteral("Alt")},
-        {ModifierFlags::kShift, QStringLiteral("Shift")},
+    const std::array<std::pair<quint64, QString>, 4> modifierNames{{
+        {ModifierFlags::kCommand, tr("Super")},
+        {ModifierFlags::kControl, tr("Ctrl")},
+        {ModifierFlags::kOption, tr("Alt")},
+        {ModifierFlags::kShift, tr("Shift")},
     }};
     QStringList words;
-    for (const auto &[flag, name] : kModifierNames) {
+    for (const auto &[flag, name] : modifierNames) {
         if (shortcut.modifierFlags() & flag)
             words.append(name);
     }
@@ -64,7 +76,8 @@ QString GlobalShortcuts::wordName(const MASShortcut &shortcut)
 
 QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
 {
-    return QStringLiteral("%1 (%2)").arg(shortcut.description(), wordName(shortcut));
+    return ReadingDirection::leftToRight(
+        QStringLiteral("%1 (%2)").arg(shortcut.description(), wordName(shortcut)));
 }
 
 std::optional<QString> GlobalShortcuts::storedSentenceName(const SettingsStore &settings,

@@ -2,6 +2,7 @@
 #include "Clipboard/CommandLine.h"
 #include "Clipboard/DesktopLooks.h"
 #include "Clipboard/DoorActions.h"
+#include "Clipboard/Translations.h"
 #include "history/StoredClips.h"
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
@@ -131,6 +132,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
     QApplication application(argc, argv);
+    const Translations translations;
     // WM_CLASS's class, which the desktop entry names, and the icon follow from these two.
     QCoreApplication::setApplicationName(QStringLiteral("Quillmarsh"));
     QGuiApplication::setDesktopFileName(QStringLiteral(QUILLMARSH_BUNDLE_IDENTIFIER));

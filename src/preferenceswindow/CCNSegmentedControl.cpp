@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScopedValueRollback>
 #include <QStyle>
 
 #include <algorithm>
@@ -98,13 +99,17 @@ CCNSegmentedControl::CCNSegmentedControl(const QStringList &titles, QWidget *par
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     measure(titles);
     for (qsizetype i = 0; i < titles.size(); ++i) {
-        auto *segment = new Segment(titles[i], i == 0, i == titles.size() - 1, this);
+        const qsizetype place = isRightToLeft() ? titles.size() - 1 - i : i;
+        auto *segment = new Segment(titles[i], place == 0, place == titles.size() - 1, this);
         // One point between two segments, and one on either side of the row.
-        segment->setGeometry(static_cast<int>(1 + i * (m_segmentSize.width() + 1)), 0,
+        segment->setGeometry(static_cast<int>(1 + place * (m_segmentSize.width() + 1)), 0,
                              m_segmentSize.width(), m_segmentSize.height());
         m_segments.append(segment);
-        connect(segment, &QAbstractButton::clicked, this,
-                [this, i] { Q_EMIT segmentClicked(static_cast<int>(i)); });
+        // Not its click: assistive technology turns a segment on without one.
+        connect(segment, &QAbstractButton::toggled, this, [this, i](bool isOn) {
+            if (isOn && !m_isSelecting)
+                Q_EMIT segmentClicked(static_cast<int>(i));
+        });
     }
     resize(sizeHint());
 }
@@ -123,6 +128,7 @@ int CCNSegmentedControl::selectedSegment() const
 
 void CCNSegmentedControl::setSelectedSegment(int segment)
 {
+    const QScopedValueRollback<bool> selecting(m_isSelecting, true);
     if (segment >= 0 && segment < m_segments.size())
         m_segments[segment]->setChecked(true);
 }

@@ -30,12 +30,13 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// The user chose a segment, be it the selected one again.
+    /// The user chose another segment.
     void segmentClicked(int segment);
 
 private:
     void measure(const QStringList &titles);
 
     QSize m_segmentSize;
+    bool m_isSelecting = false; ///< By the program, not by the user.
     QList<QAbstractButton *> m_segments;
 };

@@ -193,6 +193,9 @@ void drawTitle(QPainter &painter, QFont font, const MASShortcutCell::State &stat
         font.setLetterSpacing(QFont::AbsoluteSpacing, kGlyphSpacing);
         rect.translate(kGlyphSpacing / 2, 0);
     }
+    // Signs and keys keep their order in every language.
+    if (!state.isPrompt)
+        painter.setLayoutDirection(Qt::LeftToRight);
     painter.setFont(font);
     painter.setPen(state.isPrompt ? colors.prompt : colors.title);
     const QString text =

@@ -255,6 +255,8 @@ void MASShortcutView::refresh()
     if (QAccessible::isActive()) {
         QAccessibleValueChangeEvent change(this, title());
         QAccessible::updateAccessibility(&change);
+        QAccessibleEvent description(this, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&description);
     }
 }
 

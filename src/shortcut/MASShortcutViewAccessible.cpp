@@ -21,7 +21,11 @@ void MASShortcutViewAccessible::install()
 
 QString MASShortcutViewAccessible::text(QAccessible::Text kind) const
 {
-    return kind == QAccessible::Value ? view().title() : QAccessibleWidget::text(kind);
+    // The description as well, because the bridge to assistive technology passes on the value of
+    // numbers only.
+    return kind == QAccessible::Value || kind == QAccessible::Description
+               ? view().title()
+               : QAccessibleWidget::text(kind);
 }
 
 QStringList MASShortcutViewAccessible::actionNames() const

@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/ApplicationsPaneView.h"
 
 #include "Clipboard/preferences/PaneParts.h"
+#include "Clipboard/window/Looks.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -47,9 +48,9 @@ ApplicationsPaneView::ApplicationsPaneView(int rowHeight)
 void ApplicationsPaneView::showEmptyState(const QStringList &suggestions)
 {
     suggest->setVisible(!suggestions.isEmpty());
-    suggest->setText(suggestions.size() > 2
-                         ? tr("Ignore %1 password managers").arg(suggestions.size())
-                         : tr("Ignore %1").arg(joined(suggestions)));
+    suggest->setText(suggestions.size() > 2 ? tr("Ignore %Ln password managers", nullptr,
+                                                 static_cast<int>(suggestions.size()))
+                                            : tr("Ignore %1").arg(joined(suggestions)));
     suggest->setMinimumSize({0, 0});
     suggest->setMinimumSize(suggest->sizeHint() + kRoomAroundText);
     m_emptyNote->setText(suggestions.isEmpty()
@@ -117,7 +118,7 @@ void ApplicationsPaneView::layOut()
     buttons->addStretch();
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(24, 20, 24, 20);
+    column->setContentsMargins(Looks::kPageMargin, 20, Looks::kPageMargin, 20);
     column->setSpacing(8);
     column->addWidget(new PaneNote(
         tr("What is copied while one of these applications is in front is never recorded.")));

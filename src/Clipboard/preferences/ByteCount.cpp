@@ -9,7 +9,11 @@ QString byteCount(qint64 bytes)
 {
     if (bytes == 1)
         return QCoreApplication::translate("ByteCount", "1 byte");
-    constexpr std::array kUnits{"bytes", "KB", "MB", "GB", "TB", "PB", "EB"};
+    constexpr std::array kUnits{
+        QT_TRANSLATE_NOOP("ByteCount", "bytes"), QT_TRANSLATE_NOOP("ByteCount", "KB"),
+        QT_TRANSLATE_NOOP("ByteCount", "MB"),    QT_TRANSLATE_NOOP("ByteCount", "GB"),
+        QT_TRANSLATE_NOOP("ByteCount", "TB"),    QT_TRANSLATE_NOOP("ByteCount", "PB"),
+        QT_TRANSLATE_NOOP("ByteCount", "EB")};
     constexpr double kThousandAfterRounding = 999.95;
     size_t unit = 0;
     auto amount = static_cast<double>(bytes);

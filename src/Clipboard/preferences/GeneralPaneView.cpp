@@ -4,18 +4,18 @@
 #include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PaneParts.h"
+#include "Clipboard/window/Looks.h"
 #include "shortcut/MASShortcutView.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 
 namespace {
 
 constexpr int kWidth = 600;
-constexpr int kMargin = 24;
+constexpr int kMargin = Looks::kPageMargin;
 constexpr int kSpacing = 3;
 constexpr int kRowSpace = 8;
 constexpr int kSectionSpace = 5;
@@ -132,8 +132,8 @@ void GeneralPaneView::explainMaxItems(const std::optional<qint64> &size, qint64 
     else if (excess == 1)
         text = tr("The oldest clip will be removed when you leave this page.");
     else if (excess > 1)
-        text = tr("The %1 oldest clips will be removed when you leave this page.")
-                   .arg(QLocale().toString(excess));
+        text = tr("The %Ln oldest clips will be removed when you leave this page.", nullptr,
+                  int(excess));
     else
         text = tr("When the history is full, each new copy replaces the oldest clip.");
     m_maxItemsUnit->setVisible(size.has_value());

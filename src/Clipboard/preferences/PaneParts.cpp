@@ -1,5 +1,7 @@
 #include "Clipboard/preferences/PaneParts.h"
 
+#include "Clipboard/window/Looks.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -12,7 +14,7 @@ static void loadResources()
 
 namespace {
 
-constexpr qreal kNoteScale = 0.9;
+constexpr qreal kNoteScale = Looks::kSmallScale;
 constexpr float kNoteOpacity = 0.7F;
 constexpr float kLineOpacity = 0.15F;
 

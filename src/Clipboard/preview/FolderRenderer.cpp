@@ -62,9 +62,9 @@ QStringList firstSorted(QStringList entries)
 QString summed(const ListCount &count)
 {
     const QString size = QLocale().formattedDataSize(count.bytes);
-    const QString entries = count.entries == 1
-                                ? ListBody::tr("1 entry")
-                                : ListBody::tr("%1 entries").arg(QLocale().toString(count.entries));
+    const QString entries =
+        count.entries == 1 ? ListBody::tr("1 entry")
+                           : ListBody::tr("%Ln entries", nullptr, static_cast<int>(count.entries));
     return count.isWhole ? ListBody::tr("%1, %2").arg(entries, size)
                          : ListBody::tr("%1, %2 or more").arg(entries, size);
 }

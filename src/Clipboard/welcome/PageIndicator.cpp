@@ -22,7 +22,7 @@ void PageIndicator::paintEvent(QPaintEvent *)
     QColor colour = m_colors.selected;
     if (!isChecked()) {
         colour = m_colors.quietText;
-        colour.setAlphaF(0.4F);
+        colour.setAlphaF(0.75F); // as much as a sign needs to be told from its ground
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -1,6 +1,7 @@
 #include "Clipboard/welcome/PictureParts.h"
 
 #include "Clipboard/window/ClipColors.h"
+#include "Clipboard/window/Looks.h"
 
 #include <QLineF>
 #include <QPainter>
@@ -8,7 +9,7 @@
 
 namespace {
 
-constexpr qreal kRadius = 5;
+constexpr qreal kRadius = Looks::kControlRadius;
 constexpr int kShadowSteps = 6;
 constexpr qreal kBow = 18; ///< Points that an arrow rises above its straight line.
 constexpr qreal kHead = 7; ///< Points of an arrow head's sides.

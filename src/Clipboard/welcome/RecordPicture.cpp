@@ -28,6 +28,8 @@ void RecordPicture::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(QRectF(rect()).center());
+    if (isRightToLeft())
+        painter.scale(-1, 1);
     drawSource(painter, {-212, -44}, -6, 1);
     drawSource(painter, {-206, 54}, 5, 2);
     drawTarget(painter);

@@ -60,10 +60,14 @@ void SwopPicture::paintEvent(QPaintEvent *event)
     const qreal side = (width() - m_keys->width()) / 2.0 - kAroundKeys - kSideMargin;
     const QRectF left(kSideMargin, 0, side, height());
     const QRectF right(width() - kSideMargin - side, 0, side, height());
-    drawState(painter, left, {tr("Before"), monday, {time, thursday, place}, 1});
-    drawState(painter, right, {tr("After"), thursday, {monday, time, thursday}, 0});
+    const bool isMirrored = isRightToLeft();
+    drawState(painter, isMirrored ? right : left,
+              {tr("Before"), monday, {time, thursday, place}, 1});
+    drawState(painter, isMirrored ? left : right,
+              {tr("After"), thursday, {monday, time, thursday}, 0});
     const QPointF middle = QRectF(rect()).center();
-    PictureParts::drawArrow(painter, middle - QPointF(26, 8), middle + QPointF(26, -8),
+    const qreal reach = isMirrored ? -26 : 26;
+    PictureParts::drawArrow(painter, middle - QPointF(reach, 8), middle + QPointF(reach, -8),
                             colors().selected);
 }
 
@@ -77,19 +81,28 @@ void SwopPicture::drawState(QPainter &painter, const QRectF &place, const State 
 
     const QRectF document(place.left(), heading.bottom(), place.width(), documentHeight);
     PictureParts::drawCard(painter, document, colors());
+    // Placed as in a document that begins at the left.
+    const auto placed = [&](const QRectF &rect) {
+        if (isRightToLeft())
+            return rect.translated(document.left() + document.right() - rect.left() - rect.right(),
+                                   0);
+        return rect;
+    };
     const QPointF writing = document.topLeft() + QPointF(kPadding, kPadding / 2.0);
     const QString words = tr("See you on") + QLatin1Char(' ');
     const qreal wordsWidth = fontMetrics().horizontalAdvance(words);
     const qreal markedWidth = fontMetrics().horizontalAdvance(state.inDocument);
     painter.setPen(colors().text);
-    painter.drawText(QRectF(writing, QSizeF(wordsWidth, line)), Qt::AlignVCenter, words);
-    const QRectF marked(writing + QPointF(wordsWidth, 0), QSizeF(markedWidth, line));
+    painter.drawText(placed(QRectF(writing, QSizeF(wordsWidth, line))), Qt::AlignVCenter, words);
+    const QRectF marked =
+        placed(QRectF(writing + QPointF(wordsWidth, 0), QSizeF(markedWidth, line)));
     QColor mark = colors().selected;
     mark.setAlphaF(0.28F);
     painter.fillRect(marked.adjusted(-2, 3, 2, -3), mark);
     painter.drawText(marked, Qt::AlignVCenter, state.inDocument);
-    painter.drawText(QRectF(writing + QPointF(0, line), QSizeF(place.width(), line)),
-                     Qt::AlignVCenter, tr("by the old mill."));
+    const QSizeF secondLine(document.width() - 2 * kPadding, line);
+    painter.drawText(placed(QRectF(writing + QPointF(0, line), secondLine)), Qt::AlignVCenter,
+                     tr("by the old mill."));
 
     const QRectF clips(place.left(), document.bottom() + kGap, place.width(), kClips * line);
     PictureParts::drawCard(painter, clips, colors());

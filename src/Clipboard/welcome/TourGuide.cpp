@@ -11,11 +11,6 @@ constexpr int kFirstRowsHeight = 60;
 
 using Content = TourViewController::Content;
 
-QString key(const char *name)
-{
-    return QString::fromUtf8(name);
-}
-
 std::array<Content, TourGuide::kPopovers> contents()
 {
     std::array<Content, TourGuide::kPopovers> contents;
@@ -32,11 +27,11 @@ std::array<Content, TourGuide::kPopovers> contents()
         TourGuide::tr("The whole clip, or the copied file itself, before you paste it.");
     contents[3].title = TourGuide::tr("Paste");
     contents[3].keys = {
-        {{key("Return")}, TourGuide::tr("paste")},
-        {{key("Shift"), key("Return")}, TourGuide::tr("UPPER CASE")},
-        {{key("Alt"), key("Return")}, TourGuide::tr("lower case")},
-        {{key("Super"), key("Backspace")}, TourGuide::tr("delete")},
-        {{key("Esc")}, TourGuide::tr("close")},
+        {{TourGuide::tr("Return")}, TourGuide::tr("paste")},
+        {{TourGuide::tr("Shift"), TourGuide::tr("Return")}, TourGuide::tr("UPPER CASE")},
+        {{TourGuide::tr("Alt"), TourGuide::tr("Return")}, TourGuide::tr("lower case")},
+        {{TourGuide::tr("Super"), TourGuide::tr("Backspace")}, TourGuide::tr("delete")},
+        {{TourGuide::tr("Esc")}, TourGuide::tr("close")},
     };
     for (int i = 0; i < TourGuide::kPopovers; ++i) {
         Content &content = contents.at(static_cast<size_t>(i));

@@ -1,6 +1,7 @@
 #include "Clipboard/welcome/TourPopover.h"
 
 #include "Clipboard/welcome/TourViewController.h"
+#include "Clipboard/window/Looks.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -15,7 +16,7 @@ namespace {
 constexpr int kArrow = 11;  ///< Length of the arrow, and half the width of its foot.
 constexpr int kShadow = 10; ///< Room for the shadow around the bubble.
 constexpr int kPadding = 16;
-constexpr int kRadius = 8;
+constexpr int kRadius = Looks::kSurfaceRadius;
 constexpr int kAway = kShadow + kArrow; ///< From our edge to the bubble's.
 
 } // namespace
@@ -40,6 +41,9 @@ void TourPopover::showRelativeTo(QWidget *anchor, const QRect &part, Side side)
     m_anchor = anchor;
     m_part = part;
     m_side = side;
+    // The list and the preview have changed places.
+    if (isRightToLeft() && side != Side::Below)
+        m_side = side == Side::Left ? Side::Right : Side::Left;
     anchor->installEventFilter(this);
     place();
     show();

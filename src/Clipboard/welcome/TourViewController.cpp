@@ -85,8 +85,9 @@ void TourViewController::setColors(const ClipColors &colors)
     // The popover's ground is the colour that selected rows have.
     ClipColors onGround = colors;
     onGround.text = ink;
-    onGround.control = translucent(ink, 40);
-    onGround.controlHover = translucent(ink, 70);
+    // Darker and not lighter, so that white stays readable on it.
+    onGround.control = QColor(0, 0, 0, 40);
+    onGround.controlHover = QColor(0, 0, 0, 70);
     onGround.separator = translucent(ink, 110);
     onGround.selected = ink;
     m_next->setColors(onGround);

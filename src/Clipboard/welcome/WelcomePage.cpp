@@ -1,14 +1,15 @@
 #include "Clipboard/welcome/WelcomePage.h"
 
 #include "Clipboard/welcome/WelcomeStage.h"
+#include "Clipboard/window/Looks.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int kSideMargin = 24;
-constexpr qreal kTitleScale = 1.7;
+constexpr int kSideMargin = Looks::kPageMargin;
+constexpr qreal kTitleScale = Looks::kHeadlineScale;
 
 QLabel *makeLabel(const QString &text, QWidget *parent)
 {

@@ -4,6 +4,7 @@
 #include "Clipboard/welcome/SwopPicture.h"
 #include "Clipboard/welcome/WelcomePage.h"
 #include "Clipboard/welcome/WelcomeRows.h"
+#include "Clipboard/window/ReadingDirection.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -35,9 +36,9 @@ WelcomePages::KeysPage WelcomePages::makePage2()
     rows->addKeys({key("m"), key("i"), key("l"), key("l")},
                   tr("typing narrows it: part of a word is enough"));
     rows->addKeys({key("↑"), key("↓")}, tr("choose a clip"));
-    rows->addKeys({key("Return")}, tr("pastes it where you were typing"));
-    rows->addKeys({key("Shift"), key("Return")}, tr("pastes it IN UPPER CASE"));
-    rows->addKeys({key("Alt"), key("Return")}, tr("pastes it in lower case"));
+    rows->addKeys({tr("Return")}, tr("pastes it where you were typing"));
+    rows->addKeys({tr("Shift"), tr("Return")}, tr("pastes it IN UPPER CASE"));
+    rows->addKeys({tr("Alt"), tr("Return")}, tr("pastes it in lower case"));
     return {std::make_unique<WelcomePage>(
                 rows, tr("Open, find, paste"),
                 tr("Your hands stay on the keyboard, and the text goes into the window you came "
@@ -58,9 +59,9 @@ WelcomePages::KeysPage WelcomePages::makePage3()
 std::unique_ptr<WelcomePage> WelcomePages::makePage4(const QString &storeFolder)
 {
     auto *rows = new WelcomeRows;
-    rows->addIcon(
-        QStringLiteral("kept"),
-        tr("The history is one file that only you can read, in\n%1.").arg(shortened(storeFolder)));
+    rows->addIcon(QStringLiteral("kept"),
+                  tr("The history is one file that only you can read, in\n%1.")
+                      .arg(ReadingDirection::leftToRight(shortened(storeFolder))));
     rows->addIcon(QStringLiteral("unseen"),
                   tr("Never recorded: what a password manager marks as secret, and copies from the "
                      "applications that you list in Preferences."));

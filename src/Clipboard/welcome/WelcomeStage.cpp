@@ -1,11 +1,13 @@
 #include "Clipboard/welcome/WelcomeStage.h"
 
+#include "Clipboard/window/Looks.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 
 namespace {
 
-constexpr qreal kRadius = 8;
+constexpr qreal kRadius = Looks::kSurfaceRadius;
 constexpr int kLeastHeight = 256;
 
 } // namespace

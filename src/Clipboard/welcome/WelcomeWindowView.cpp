@@ -3,12 +3,14 @@
 #include "Clipboard/welcome/PageIndicator.h"
 #include "Clipboard/welcome/PageSlider.h"
 #include "Clipboard/welcome/WelcomeWindow.h"
+#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/WindowIcons.h"
 
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -17,7 +19,7 @@ namespace {
 
 constexpr int kLeastWidth = 620;
 constexpr int kCharactersAcross = 82;
-constexpr int kMargin = 24;
+constexpr int kMargin = Looks::kPageMargin;
 constexpr int kCloseExtent = 18;
 
 } // namespace
@@ -123,7 +125,8 @@ void WelcomeWindowView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     const int extent = kCloseExtent + 6;
-    closeButton->setGeometry(width() - extent, 0, extent, extent);
+    closeButton->setGeometry(
+        QStyle::visualRect(layoutDirection(), rect(), QRect(width() - extent, 0, extent, extent)));
     closeButton->raise();
 }
 

@@ -20,7 +20,7 @@ ClipColors lightColors()
     colors.border = QColor(0, 0, 0, 46);
     colors.separator = QColor(0xe2, 0xe2, 0xe5);
     colors.text = QColor(0x1d, 0x1d, 0x1f);
-    colors.quietText = QColor(0x71, 0x71, 0x77);
+    colors.quietText = QColor(0x62, 0x62, 0x69);
     colors.selected = ClipTableView::defaultSelectedBlue();
     colors.selectedText = Qt::white;
     colors.control = QColor(0xef, 0xef, 0xf2);
@@ -39,7 +39,7 @@ ClipColors darkColors()
     colors.border = QColor(255, 255, 255, 40);
     colors.separator = QColor(0x38, 0x39, 0x3e);
     colors.text = QColor(0xec, 0xec, 0xee);
-    colors.quietText = QColor(0x9b, 0x9b, 0xa3);
+    colors.quietText = QColor(0xab, 0xab, 0xb3);
     // The light scheme's blue glares on a dark ground; this one keeps white text readable on it.
     colors.selected = QColor(0x2a, 0x6f, 0xcf);
     colors.selectedText = Qt::white;

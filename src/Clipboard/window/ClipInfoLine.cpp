@@ -1,5 +1,6 @@
 #include "Clipboard/window/ClipInfoLine.h"
 
+#include "Clipboard/window/Looks.h"
 #include "history/ClipItem.h"
 #include "platform/Clock.h"
 
@@ -10,7 +11,7 @@
 
 namespace {
 
-constexpr int kMargin = 14;
+constexpr int kMargin = Looks::kTextMargin;
 constexpr int kRefreshSeconds = 20;
 
 QString timesPasted(const ClipItem &item)
@@ -21,7 +22,7 @@ QString timesPasted(const ClipItem &item)
         return ClipInfoLine::tr("not pasted yet");
     if (times == 1)
         return ClipInfoLine::tr("pasted once");
-    return ClipInfoLine::tr("pasted %1 times").arg(QLocale().toString(times));
+    return ClipInfoLine::tr("pasted %Ln times", nullptr, int(times));
 }
 
 QString sizeOf(const ClipItem &item)
@@ -31,7 +32,7 @@ QString sizeOf(const ClipItem &item)
         return {};
     const qsizetype count = item.strValue()->size();
     return count == 1 ? ClipInfoLine::tr("1 character")
-                      : ClipInfoLine::tr("%1 characters").arg(QLocale().toString(count));
+                      : ClipInfoLine::tr("%Ln characters", nullptr, int(count));
 }
 
 QString exactTime(const ClipItem &item)
@@ -83,19 +84,19 @@ QString ClipInfoLine::relativeTime(const QDateTime &time, const QDateTime &now)
         return tr("just now");
     const qint64 minutes = (seconds + 15) / 60;
     if (minutes < 60)
-        return minutes == 1 ? tr("1 minute ago") : tr("%1 minutes ago").arg(minutes);
+        return minutes == 1 ? tr("1 minute ago") : tr("%Ln minutes ago", nullptr, int(minutes));
     const QDateTime local = time.toLocalTime();
     const qint64 days = local.daysTo(now.toLocalTime());
     const QString clock = QLocale().toString(local.time(), QLocale::ShortFormat);
     if (days == 0) {
         const qint64 hours = minutes / 60;
-        return hours == 1 ? tr("1 hour ago") : tr("%1 hours ago").arg(hours);
+        return hours == 1 ? tr("1 hour ago") : tr("%Ln hours ago", nullptr, int(hours));
     }
     if (days == 1)
         return tr("yesterday at %1").arg(clock);
     if (days < 7)
-        return tr("%1 days ago").arg(days);
-    return QLocale().toString(local.date(), QStringLiteral("d MMM yyyy"));
+        return tr("%Ln days ago", nullptr, int(days));
+    return QLocale().toString(local.date(), tr("d MMM yyyy"));
 }
 
 void ClipInfoLine::setColors(const ClipColors &colors)
@@ -107,7 +108,7 @@ void ClipInfoLine::setColors(const ClipColors &colors)
 QFont ClipInfoLine::lineFont() const
 {
     QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.9);
+    small.setPointSizeF(small.pointSizeF() * Looks::kSmallScale);
     return small;
 }
 

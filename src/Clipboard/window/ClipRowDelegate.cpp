@@ -1,16 +1,19 @@
 #include "Clipboard/window/ClipRowDelegate.h"
 
+#include "Clipboard/window/Looks.h"
+
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kPaddingLeft = 10;
-constexpr int kPaddingRight = 14;
+constexpr int kPaddingRight = Looks::kTextMargin;
 constexpr int kNumberGap = 12;
-constexpr int kIconExtent = 16;
+constexpr int kIconExtent = Looks::kIconExtent;
 constexpr int kIconGap = 6;
 
 /// More characters than a row can show at any width; the rest is not even looked at.
@@ -32,7 +35,7 @@ void ClipRowDelegate::setFont(const QFont &font)
 
 int ClipRowDelegate::rowHeight() const
 {
-    return QFontMetrics(m_font).height() + 12;
+    return QFontMetrics(m_font).height() + Looks::kLinePadding;
 }
 
 int ClipRowDelegate::numberWidth(int rowCount) const
@@ -56,25 +59,31 @@ QString ClipRowDelegate::recognisableText(const QString &displayText)
 
 void ClipRowDelegate::paint(QPainter &painter, const Row &row)
 {
-    QColor numberColor = m_colors.quietText;
-    if (row.isSelected) {
-        numberColor = m_colors.selectedText;
-        numberColor.setAlphaF(0.8F);
-    }
     painter.setFont(m_numberFont);
-    painter.setPen(numberColor);
+    painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.quietText);
+    // Places are given as in a window that begins at the left.
+    const Qt::LayoutDirection direction = painter.layoutDirection();
+    const QRect whole = row.numberRect.united(row.valueRect);
+    const auto placed = [&](const QRect &place) {
+        return QStyle::visualRect(direction, whole, place);
+    };
     painter.setLayoutDirection(Qt::LeftToRight);
-    painter.drawText(row.numberRect.adjusted(0, 0, -kNumberGap, 0),
-                     Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, row.number);
+    painter.drawText(placed(placed(row.numberRect).adjusted(0, 0, -kNumberGap, 0)),
+                     (direction == Qt::LeftToRight ? Qt::AlignRight : Qt::AlignLeft) |
+                         Qt::AlignVCenter | Qt::TextSingleLine,
+                     row.number.trimmed());
 
-    QRect rect = row.valueRect.adjusted(0, 0, -kPaddingRight, 0);
+    QRect rect = placed(row.valueRect).adjusted(0, 0, -kPaddingRight, 0);
     if (row.filepath) {
         const QColor color = row.isSelected ? m_colors.selectedText : m_colors.quietText;
-        painter.drawPixmap(rect.left(), rect.top() + (rect.height() - kIconExtent) / 2,
+        const QRect icon(rect.left(), rect.top() + (rect.height() - kIconExtent) / 2, kIconExtent,
+                         kIconExtent);
+        painter.drawPixmap(placed(icon).topLeft(),
                            m_fileIcons.pixmap(*row.filepath, kIconExtent, color,
                                               painter.device()->devicePixelRatioF()));
         rect.setLeft(rect.left() + kIconExtent + kIconGap);
     }
+    rect = placed(rect);
     const QString text = recognisableText(row.value);
     const bool isRightToLeft = text.isRightToLeft();
     painter.setFont(m_font);
@@ -84,4 +93,5 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row)
     painter.drawText(rect, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
                      QFontMetrics(m_font).elidedText(
                          text, row.filepath ? Qt::ElideMiddle : Qt::ElideRight, rect.width()));
+    painter.setLayoutDirection(direction);
 }

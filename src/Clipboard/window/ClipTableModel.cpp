@@ -50,6 +50,9 @@ QVariant ClipTableModel::data(const QModelIndex &index, int role) const
     case Qt::AccessibleTextRole:
         return isRow ? QString::number(index.row() + 1)
                      : ClipRowDelegate::recognisableText(data(index, Qt::DisplayRole).toString());
+    case Qt::AccessibleDescriptionRole:
+        // Beside the text, so that whoever hears it knows how far the list goes on.
+        return isRow ? QVariant() : tr("%1 of %2").arg(index.row() + 1).arg(m_rowCount);
     default:
         return {};
     }

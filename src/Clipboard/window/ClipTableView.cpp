@@ -4,6 +4,7 @@
 #include "Clipboard/window/ViewController.h"
 #include "platform/ModifierFlags.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -111,6 +112,20 @@ void ClipTableView::selectRowIndex(int row)
     else
         selectionModel()->clear();
     viewport()->update();
+    tellSelection(index);
+}
+
+/// The base class tells assistive technology of the running number only, not of the text.
+void ClipTableView::tellSelection(const QModelIndex &index)
+{
+    QAccessibleInterface *list =
+        QAccessible::isActive() ? QAccessible::queryAccessibleInterface(this) : nullptr;
+    if (!list || !list->tableInterface())
+        return;
+    if (QAccessibleInterface *cell = list->tableInterface()->cellAt(index.row(), index.column())) {
+        QAccessibleEvent selected(cell, QAccessible::Selection);
+        QAccessible::updateAccessibility(&selected);
+    }
 }
 
 void ClipTableView::scrollRowToVisible(int row)

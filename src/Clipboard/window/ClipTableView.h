@@ -80,6 +80,7 @@ protected:
 
 private:
     ViewController &delegate() const;
+    void tellSelection(const QModelIndex &index);
     void updateMetrics();
     QColor selectionColor() const;
 

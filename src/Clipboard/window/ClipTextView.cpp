@@ -1,16 +1,16 @@
 #include "Clipboard/window/ClipTextView.h"
 
+#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/ScrollBars.h"
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLocale>
 #include <QTextBlock>
 #include <QTextDocument>
 
 namespace {
 
-constexpr int kMargin = 14;
+constexpr int kMargin = Looks::kTextMargin;
 
 /// Length of the part of `text` that is shown, never half a character.
 qsizetype shownLength(const QString &text)
@@ -95,7 +95,7 @@ void ClipTextView::setString(const QString &text)
     m_moreLabel->setVisible(rest > 0);
     if (rest > 0)
         m_moreLabel->setText(
-            tr("… and %1 more characters, pasted in full").arg(QLocale().toString(rest)));
+            tr("… and %Ln more characters, pasted in full", nullptr, static_cast<int>(rest)));
     placeMoreLabel();
 }
 

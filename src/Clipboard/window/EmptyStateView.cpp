@@ -1,6 +1,7 @@
 #include "Clipboard/window/EmptyStateView.h"
 
 #include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/WindowIcons.h"
 
 #include <QLabel>
@@ -12,7 +13,7 @@ namespace {
 constexpr int kPictureExtent = 64;
 constexpr int kWidestText = 420;
 
-constexpr qreal kTitleScale = 1.35;
+constexpr qreal kTitleScale = Looks::kLargeScale;
 
 QLabel *makeLabel(QWidget *parent)
 {

@@ -3,6 +3,7 @@
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/PreviewRegistry.h"
+#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/PathLabel.h"
 #include "Clipboard/window/WindowIcons.h"
@@ -10,10 +11,11 @@
 #include <QEvent>
 #include <QFrame>
 #include <QLabel>
+#include <QStyle>
 
 namespace {
 
-constexpr int kMargin = 14;
+constexpr int kMargin = Looks::kTextMargin;
 constexpr int kSpacing = 8;
 constexpr int kWarningExtent = 20;
 constexpr int kAboveSeparator = 3; ///< Points between the preview and the separator.
@@ -119,17 +121,19 @@ void FileViewController::layOutBelowSeparator(const QSize &size)
     y -= kSpacing + 1;
     m_separatorLine->setGeometry(0, y, size.width(), 1);
 
+    const auto place = [&](QWidget *widget, const QRect &rect) {
+        widget->setGeometry(QStyle::visualRect(m_view->layoutDirection(), {{}, size}, rect));
+    };
     const QSize open = m_openButton->sizeHint();
     const int left = kMargin + open.width() + kSpacing;
-    m_openButton->setGeometry(QRect(QPoint(kMargin, buttonRow), open));
-    m_revealInFinderButton->setGeometry(
-        left, buttonRow,
-        qMin(m_revealInFinderButton->sizeHint().width(), size.width() - kMargin - left),
-        buttonHeight);
-    m_warningImageView->setGeometry(kMargin, buttonRow, kWarningExtent, buttonHeight);
+    place(m_openButton, QRect(QPoint(kMargin, buttonRow), open));
+    const int revealWidth =
+        qMin(m_revealInFinderButton->sizeHint().width(), size.width() - kMargin - left);
+    place(m_revealInFinderButton, {left, buttonRow, revealWidth, buttonHeight});
+    place(m_warningImageView, {kMargin, buttonRow, kWarningExtent, buttonHeight});
     const int textLeft = kMargin + kWarningExtent + kSpacing;
-    m_fileDoesNotExistLabel->setGeometry(textLeft, buttonRow, size.width() - kMargin - textLeft,
-                                         buttonHeight);
+    place(m_fileDoesNotExistLabel,
+          {textLeft, buttonRow, size.width() - kMargin - textLeft, buttonHeight});
 }
 
 bool FileViewController::eventFilter(QObject *watched, QEvent *event)

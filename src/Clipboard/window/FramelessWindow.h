@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Clipboard/window/Looks.h"
+
 #include <QPixmap>
 #include <QRect>
 #include <QWidget>
@@ -15,7 +17,7 @@ class FramelessWindow : public QWidget
 
 public:
     /// Points.
-    static constexpr int kCornerRadius = 5;
+    static constexpr int kCornerRadius = Looks::kControlRadius;
 
     /// `space` must outlive the window. `flags` are those besides the ones that make it frameless.
     explicit FramelessWindow(WindowSpace &space, Qt::WindowFlags flags = {});

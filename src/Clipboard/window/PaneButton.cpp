@@ -1,12 +1,14 @@
 #include "Clipboard/window/PaneButton.h"
 
+#include "Clipboard/window/Looks.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 
 namespace {
 
-constexpr int kSidePadding = 14;
-constexpr int kRadius = 5;
+constexpr int kSidePadding = Looks::kTextMargin;
+constexpr int kRadius = Looks::kControlRadius;
 
 } // namespace
 
@@ -41,7 +43,7 @@ QColor PaneButton::faceColor() const
 QSize PaneButton::sizeHint() const
 {
     return {fontMetrics().horizontalAdvance(text()) + 2 * kSidePadding,
-            fontMetrics().height() + 12};
+            fontMetrics().height() + Looks::kLinePadding};
 }
 
 void PaneButton::paintEvent(QPaintEvent *)

@@ -67,6 +67,8 @@ void PathLabel::paintEvent(QPaintEvent *event)
     QString line = text();
     std::replace_if(
         line.begin(), line.end(), [](QChar c) { return c.isSpace() || !c.isPrint(); }, QChar(u' '));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+    const Qt::Alignment side = isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
+    painter.setLayoutDirection(Qt::LeftToRight); // of the path, in every language
+    painter.drawText(rect(), side | Qt::AlignVCenter | Qt::TextSingleLine,
                      fontMetrics().elidedText(line, Qt::ElideMiddle, width()));
 }

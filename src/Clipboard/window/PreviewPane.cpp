@@ -25,10 +25,12 @@ void PreviewPane::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_colors.paper);
-    // Of the window's round corners only the lower right one lies here.
+    // Of the window's round corners only the one below at the outer side lies here.
     constexpr int kRadius = ClipboardWindow::kCornerRadius;
     painter.setClipRect(rect());
-    painter.drawRoundedRect(rect().adjusted(-kRadius, -kRadius, 0, 0), kRadius, kRadius);
+    const int left = isRightToLeft() ? 0 : -kRadius;
+    const int right = isRightToLeft() ? kRadius : 0;
+    painter.drawRoundedRect(rect().adjusted(left, -kRadius, right, 0), kRadius, kRadius);
 }
 
 void PreviewPane::resizeEvent(QResizeEvent *event)

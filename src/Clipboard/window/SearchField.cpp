@@ -1,9 +1,11 @@
 #include "Clipboard/window/SearchField.h"
 
+#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/WindowIcons.h"
 
 #include <QApplication>
 #include <QPainter>
+#include <QStyle>
 #include <QToolButton>
 
 namespace {
@@ -23,8 +25,7 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
     setPlaceholderText(tr("Search clips"));
     setFrame(false);
     setFixedHeight(kHeight);
-    setTextMargins(kSideMargin + kIconExtent + kTextGap, 0, kSideMargin + kClearExtent + kTextGap,
-                   0);
+    placeText();
 
     updateFont();
 
@@ -41,10 +42,21 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
             [this](const QString &text) { m_clearButton->setVisible(!text.isEmpty()); });
 }
 
+/// Between the magnifier, where a line begins, and the clear button, where it ends.
+void SearchField::placeText()
+{
+    const int begin = kSideMargin + kIconExtent + kTextGap;
+    const int end = kSideMargin + kClearExtent + kTextGap;
+    if (isRightToLeft())
+        setTextMargins(end, 0, begin, 0);
+    else
+        setTextMargins(begin, 0, end, 0);
+}
+
 void SearchField::updateFont()
 {
     QFont large = QApplication::font();
-    large.setPointSizeF(large.pointSizeF() * 1.35);
+    large.setPointSizeF(large.pointSizeF() * Looks::kLargeScale);
     setFont(large);
 }
 
@@ -91,7 +103,8 @@ void SearchField::paintEvent(QPaintEvent *event)
     if (!qFuzzyCompare(m_magnifier.devicePixelRatio(), devicePixelRatioF()))
         updateIcons();
     QPainter painter(this);
-    painter.drawPixmap(kSideMargin, (height() - kIconExtent) / 2, m_magnifier);
+    const QRect icon(kSideMargin, (height() - kIconExtent) / 2, kIconExtent, kIconExtent);
+    painter.drawPixmap(QStyle::visualRect(layoutDirection(), rect(), icon).topLeft(), m_magnifier);
     painter.fillRect(0, height() - 1, width(), 1, m_colors.separator);
 }
 
@@ -99,6 +112,6 @@ void SearchField::resizeEvent(QResizeEvent *event)
 {
     QLineEdit::resizeEvent(event);
     const int extent = kClearExtent + 8;
-    m_clearButton->setGeometry(width() - kSideMargin - extent + 4, (height() - extent) / 2, extent,
-                               extent);
+    const QRect place(width() - kSideMargin - extent + 4, (height() - extent) / 2, extent, extent);
+    m_clearButton->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
 }

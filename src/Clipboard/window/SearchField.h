@@ -29,6 +29,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void placeText();
     void updateFont();
     void updateIcons();
 

@@ -214,8 +214,10 @@ void ViewController::speakSelection(const ClipItem &item, int row)
     // The keyboard stays in the search field, so a screen reader learns of the selected row from
     // the field's description.
     if (QAccessible::isActive())
-        m_views.searchTextField->setAccessibleDescription(tr("%1: %2").arg(row + 1).arg(
-            ClipRowDelegate::recognisableText(item.shortText().value_or(QString()))));
+        m_views.searchTextField->setAccessibleDescription(
+            tr("%1 of %2: %3")
+                .arg(QString::number(row + 1), QString::number(numberOfRowsInTableView()),
+                     ClipRowDelegate::recognisableText(item.shortText().value_or(QString()))));
 }
 
 int ViewController::numberOfRowsInTableView() const

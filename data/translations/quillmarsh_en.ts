@@ -1,0 +1,92 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>ApplicationsPaneView</name>
+    <message numerus="yes">
+        <source>Ignore %Ln password managers</source>
+        <translation>
+            <numerusform>Ignore %Ln password manager</numerusform>
+            <numerusform>Ignore %Ln password managers</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ClipInfoLine</name>
+    <message numerus="yes">
+        <source>pasted %Ln times</source>
+        <translation>
+            <numerusform>pasted %Ln time</numerusform>
+            <numerusform>pasted %Ln times</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln characters</source>
+        <translation>
+            <numerusform>%Ln character</numerusform>
+            <numerusform>%Ln characters</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln minutes ago</source>
+        <translation>
+            <numerusform>%Ln minute ago</numerusform>
+            <numerusform>%Ln minutes ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln hours ago</source>
+        <translation>
+            <numerusform>%Ln hour ago</numerusform>
+            <numerusform>%Ln hours ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln days ago</source>
+        <translation>
+            <numerusform>%Ln day ago</numerusform>
+            <numerusform>%Ln days ago</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ClipTextView</name>
+    <message numerus="yes">
+        <source>… and %Ln more characters, pasted in full</source>
+        <translation>
+            <numerusform>… and %Ln more character, pasted in full</numerusform>
+            <numerusform>… and %Ln more characters, pasted in full</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>GeneralPaneView</name>
+    <message numerus="yes">
+        <source>The %Ln oldest clips will be removed when you leave this page.</source>
+        <translation>
+            <numerusform>The %Ln oldest clip will be removed when you leave this page.</numerusform>
+            <numerusform>The %Ln oldest clips will be removed when you leave this page.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ListBody</name>
+    <message numerus="yes">
+        <source>%Ln entries</source>
+        <translation>
+            <numerusform>%Ln entry</numerusform>
+            <numerusform>%Ln entries</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PdfBody</name>
+    <message numerus="yes">
+        <source>Document of %n pages</source>
+        <translation>
+            <numerusform>Document of %n page</numerusform>
+            <numerusform>Document of %n pages</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,1461 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>ApplicationChooser</name>
+    <message>
+        <source>&amp;Other…</source>
+        <translation>&amp;Otra…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>&amp;Choose</source>
+        <translation>&amp;Elegir</translation>
+    </message>
+    <message>
+        <source>Choose Application</source>
+        <translation>Elegir una aplicación</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtrar</translation>
+    </message>
+    <message>
+        <source>Filter applications</source>
+        <translation>Filtrar las aplicaciones</translation>
+    </message>
+    <message>
+        <source>Applications</source>
+        <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>“%1” is not an application.</source>
+        <translation>«%1» no es una aplicación.</translation>
+    </message>
+</context>
+<context>
+    <name>ApplicationsPaneView</name>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 y %2</translation>
+    </message>
+    <message>
+        <source>Ignored applications</source>
+        <translation>Aplicaciones ignoradas</translation>
+    </message>
+    <message>
+        <source>Add application</source>
+        <translation>Añadir una aplicación</translation>
+    </message>
+    <message>
+        <source>Remove application</source>
+        <translation>Quitar la aplicación</translation>
+    </message>
+    <message numerus="yes">
+        <source>Ignore %Ln password managers</source>
+        <translation>
+            <numerusform>Ignorar %Ln gestor de contraseñas</numerusform>
+            <numerusform>Ignorar %Ln gestores de contraseñas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ignore %1</source>
+        <translation>Ignorar %1</translation>
+    </message>
+    <message>
+        <source>Add an application whose copies shall stay private.</source>
+        <translation>Añada una aplicación cuyas copias deban seguir siendo privadas.</translation>
+    </message>
+    <message>
+        <source>What is copied from %1 is recorded like any other text. You may want to keep passwords out of the history.</source>
+        <translation>Lo que se copia de %1 se guarda como cualquier otro texto. Quizá prefiera dejar las contraseñas fuera del historial.</translation>
+    </message>
+    <message>
+        <source>No application is ignored</source>
+        <translation>No se ignora ninguna aplicación</translation>
+    </message>
+    <message>
+        <source>What is copied while one of these applications is in front is never recorded.</source>
+        <translation>Lo que se copia mientras una de estas aplicaciones está en primer plano nunca se guarda.</translation>
+    </message>
+</context>
+<context>
+    <name>ArchiveExtraction</name>
+    <message>
+        <source>There is not enough room on the disk.</source>
+        <translation>No hay suficiente espacio en el disco.</translation>
+    </message>
+    <message>
+        <source>A file could not be written: %1.</source>
+        <translation>No se ha podido escribir un archivo: %1.</translation>
+    </message>
+    <message>
+        <source>The update is damaged.</source>
+        <translation>La actualización está dañada.</translation>
+    </message>
+    <message>
+        <source>The update holds files that do not belong into it.</source>
+        <translation>La actualización contiene archivos que no le corresponden.</translation>
+    </message>
+    <message>
+        <source>The update was cancelled.</source>
+        <translation>La actualización se ha cancelado.</translation>
+    </message>
+</context>
+<context>
+    <name>ByteCount</name>
+    <message>
+        <source>1 byte</source>
+        <translation>1 byte</translation>
+    </message>
+    <message>
+        <source>bytes</source>
+        <translation>bytes</translation>
+    </message>
+    <message>
+        <source>KB</source>
+        <translation>KB</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>GB</source>
+        <translation>GB</translation>
+    </message>
+    <message>
+        <source>TB</source>
+        <translation>TB</translation>
+    </message>
+    <message>
+        <source>PB</source>
+        <translation>PB</translation>
+    </message>
+    <message>
+        <source>EB</source>
+        <translation>EB</translation>
+    </message>
+</context>
+<context>
+    <name>CCNPreferencesWindowController</name>
+    <message>
+        <source>Preferences</source>
+        <translation>Preferencias</translation>
+    </message>
+</context>
+<context>
+    <name>ClipInfoLine</name>
+    <message>
+        <source>not pasted yet</source>
+        <translation>aún no pegado</translation>
+    </message>
+    <message>
+        <source>pasted once</source>
+        <translation>pegado una vez</translation>
+    </message>
+    <message numerus="yes">
+        <source>pasted %Ln times</source>
+        <translation>
+            <numerusform>pegado %Ln vez</numerusform>
+            <numerusform>pegado %Ln veces</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 character</source>
+        <translation>1 carácter</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln characters</source>
+        <translation>
+            <numerusform>%Ln carácter</numerusform>
+            <numerusform>%Ln caracteres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Copied on %1</source>
+        <translation>Copiado el %1</translation>
+    </message>
+    <message>
+        <source>just now</source>
+        <translation>ahora mismo</translation>
+    </message>
+    <message>
+        <source>1 minute ago</source>
+        <translation>hace 1 minuto</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln minutes ago</source>
+        <translation>
+            <numerusform>hace %Ln minuto</numerusform>
+            <numerusform>hace %Ln minutos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 hour ago</source>
+        <translation>hace 1 hora</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln hours ago</source>
+        <translation>
+            <numerusform>hace %Ln hora</numerusform>
+            <numerusform>hace %Ln horas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>yesterday at %1</source>
+        <translation>ayer a las %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln days ago</source>
+        <translation>
+            <numerusform>hace %Ln día</numerusform>
+            <numerusform>hace %Ln días</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>d MMM yyyy</source>
+        <translation>d MMM yyyy</translation>
+    </message>
+</context>
+<context>
+    <name>ClipPaster</name>
+    <message>
+        <source>The clip is on the clipboard</source>
+        <translation>El recorte está en el portapapeles</translation>
+    </message>
+    <message>
+        <source>The previous window could not be activated.</source>
+        <translation>No se pudo activar la ventana anterior.</translation>
+    </message>
+    <message>
+        <source>File no longer exists</source>
+        <translation>El archivo ya no existe</translation>
+    </message>
+    <message>
+        <source>The file no longer exists at the copied location.</source>
+        <translation>El archivo ya no existe en la ubicación copiada.</translation>
+    </message>
+</context>
+<context>
+    <name>ClipTableModel</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+</context>
+<context>
+    <name>ClipTableView</name>
+    <message>
+        <source>Clips</source>
+        <translation>Recortes</translation>
+    </message>
+</context>
+<context>
+    <name>ClipTextView</name>
+    <message>
+        <source>Clip text preview</source>
+        <translation>Vista previa del texto</translation>
+    </message>
+    <message numerus="yes">
+        <source>… and %Ln more characters, pasted in full</source>
+        <translation>
+            <numerusform>… y %Ln carácter más; se pega todo</numerusform>
+            <numerusform>… y %Ln caracteres más; se pega todo</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ClipboardCapture</name>
+    <message>
+        <source>The copied text was not recorded</source>
+        <translation>El texto copiado no se ha guardado</translation>
+    </message>
+    <message>
+        <source>The text is too large.</source>
+        <translation>El texto es demasiado largo.</translation>
+    </message>
+</context>
+<context>
+    <name>DMHelperAppDelegate</name>
+    <message>
+        <source>Update in background</source>
+        <translation>Actualizar en segundo plano</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Updating process is in progress.</source>
+        <translation>La actualización está en curso.</translation>
+    </message>
+    <message>
+        <source>Main application bundle could not be located</source>
+        <translation>No se ha encontrado la aplicación principal</translation>
+    </message>
+    <message>
+        <source>Main application is running. It should update itself.</source>
+        <translation>La aplicación principal está en marcha. Debería actualizarse sola.</translation>
+    </message>
+</context>
+<context>
+    <name>DM_SUUpdater</name>
+    <message>
+        <source>This Quillmarsh has no address to look for updates at. Update it with your system's package manager, or from where you got it.</source>
+        <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Actualícelo con el gestor de paquetes del sistema o desde donde lo obtuvo.</translation>
+    </message>
+</context>
+<context>
+    <name>DamagedSettingsQuestion</name>
+    <message>
+        <source>Your settings could not be read</source>
+        <translation>No se han podido leer sus ajustes</translation>
+    </message>
+    <message>
+        <source>They were set aside beside %1. The list of ignored applications was among them, so nothing is recorded until you decide.</source>
+        <translation>Se han apartado junto a %1. La lista de aplicaciones ignoradas estaba entre ellos, así que no se guarda nada hasta que usted decida.</translation>
+    </message>
+    <message>
+        <source>Start with fresh settings</source>
+        <translation>Empezar con ajustes nuevos</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyStateView</name>
+    <message>
+        <source>Nothing copied yet</source>
+        <translation>Aún no se ha copiado nada</translation>
+    </message>
+    <message>
+        <source>Whatever you copy appears here.</source>
+        <translation>Todo lo que copie aparecerá aquí.</translation>
+    </message>
+    <message>
+        <source>Whatever you copy appears here.
+Press %1 to come back to it.</source>
+        <translation>Todo lo que copie aparecerá aquí.
+Pulse %1 para volver a ello.</translation>
+    </message>
+    <message>
+        <source>Nothing matches “%1”</source>
+        <translation>Nada coincide con «%1»</translation>
+    </message>
+    <message>
+        <source>* stands for any text and ? for one character;
+file: lists copied files.</source>
+        <translation>* equivale a cualquier texto y ? a un carácter;
+file: muestra los archivos copiados.</translation>
+    </message>
+</context>
+<context>
+    <name>FeedbackDelivery</name>
+    <message>
+        <source>This build knows no address to send to: the text is saved in %1 and opened in your mail program.</source>
+        <translation>Esta versión no conoce ninguna dirección de envío: el texto se guarda en %1 y se abre en su programa de correo.</translation>
+    </message>
+    <message>
+        <source>Sent. Thank you.</source>
+        <translation>Enviado. Gracias.</translation>
+    </message>
+    <message>
+        <source>No file could be written in %1.</source>
+        <translation>No se ha podido escribir ningún archivo en %1.</translation>
+    </message>
+    <message>
+        <source>&amp;Send</source>
+        <translation>&amp;Enviar</translation>
+    </message>
+    <message>
+        <source>&amp;Save and Mail…</source>
+        <translation>&amp;Guardar y enviar por correo…</translation>
+    </message>
+    <message>
+        <source>Saved as %1. Send it from the mail program that opens; if none does, send the file.</source>
+        <translation>Guardado como %1. Envíelo desde el programa de correo que se abre; si no se abre ninguno, envíe el archivo.</translation>
+    </message>
+</context>
+<context>
+    <name>FeedbackDialog</name>
+    <message>
+        <source>Send Feedback</source>
+        <translation>Enviar comentarios</translation>
+    </message>
+    <message>
+        <source>This has not been sent yet.</source>
+        <translation>Esto aún no se ha enviado.</translation>
+    </message>
+    <message>
+        <source>Kept from last time.</source>
+        <translation>Conservado de la última vez.</translation>
+    </message>
+    <message>
+        <source>The text cannot be kept for later. Copy it elsewhere; closing again discards it.</source>
+        <translation>El texto no se puede conservar. Cópielo en otro lugar; si vuelve a cerrar, se descarta.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>This does not look like a mail address.</source>
+        <translation>Esto no parece una dirección de correo.</translation>
+    </message>
+    <message>
+        <source>Sending…</source>
+        <translation>Enviando…</translation>
+    </message>
+    <message>
+        <source>%1 Your text is kept.</source>
+        <translation>%1 Su texto se conserva.</translation>
+    </message>
+    <message>
+        <source>Too long: %1 of at most %2 characters.</source>
+        <translation>Demasiado largo: %1 de %2 caracteres como máximo.</translation>
+    </message>
+</context>
+<context>
+    <name>FeedbackForm</name>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Mensaje</translation>
+    </message>
+    <message>
+        <source>Mail address</source>
+        <translation>Dirección de correo</translation>
+    </message>
+    <message>
+        <source>optional, for an answer</source>
+        <translation>opcional, para responderle</translation>
+    </message>
+    <message>
+        <source>Send version and desktop</source>
+        <translation>Enviar la versión y el escritorio</translation>
+    </message>
+    <message>
+        <source>Ctrl + Return</source>
+        <translation>Ctrl + Intro</translation>
+    </message>
+    <message>
+        <source>&amp;Message:</source>
+        <translation>&amp;Mensaje:</translation>
+    </message>
+    <message>
+        <source>Mail &amp;address:</source>
+        <translation>&amp;Dirección de correo:</translation>
+    </message>
+    <message>
+        <source>Only what you see here is sent, never a clip.</source>
+        <translation>Solo se envía lo que ve aquí, nunca un recorte.</translation>
+    </message>
+    <message>
+        <source>Add the &amp;line “%1”</source>
+        <translation>Añadir la &amp;línea «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>FileCard</name>
+    <message>
+        <source>Changed %1</source>
+        <translation>Modificado: %1</translation>
+    </message>
+    <message>
+        <source>Links to %1</source>
+        <translation>Enlace a %1</translation>
+    </message>
+</context>
+<context>
+    <name>FileViewController</name>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Reveal in File Manager</source>
+        <translation>Mostrar en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>The file no longer exists.</source>
+        <translation>El archivo ya no existe.</translation>
+    </message>
+    <message>
+        <source>File preview</source>
+        <translation>Vista previa del archivo</translation>
+    </message>
+</context>
+<context>
+    <name>FontBody</name>
+    <message>
+        <source>Specimen of the font %1</source>
+        <translation>Muestra del tipo de letra %1</translation>
+    </message>
+</context>
+<context>
+    <name>GeneralPaneView</name>
+    <message>
+        <source>Open Quillmarsh at &amp;login</source>
+        <translation>Abrir Quillmarsh al &amp;iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Show &amp;notifications</source>
+        <translation>Mostrar &amp;notificaciones</translation>
+    </message>
+    <message>
+        <source>clips</source>
+        <translation>recortes</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Abrir al iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Show notifications</source>
+        <translation>Mostrar notificaciones</translation>
+    </message>
+    <message>
+        <source>Maximum number of items</source>
+        <translation>Número máximo de elementos</translation>
+    </message>
+    <message>
+        <source>Maximum text size in bytes</source>
+        <translation>Tamaño máximo del texto en bytes</translation>
+    </message>
+    <message>
+        <source>Open history shortcut</source>
+        <translation>Atajo para abrir el historial</translation>
+    </message>
+    <message>
+        <source>Swop shortcut</source>
+        <translation>Atajo de intercambio</translation>
+    </message>
+    <message>
+        <source>The stored size cannot be used. No clip is removed until you choose one.</source>
+        <translation>El tamaño guardado no es válido. No se elimina ningún recorte hasta que elija uno.</translation>
+    </message>
+    <message>
+        <source>The stored size is larger than this slider reaches. It holds until you move the slider.</source>
+        <translation>El tamaño guardado supera el alcance del control. Vale hasta que lo mueva.</translation>
+    </message>
+    <message>
+        <source>The oldest clip will be removed when you leave this page.</source>
+        <translation>Al salir de esta página se eliminará el recorte más antiguo.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The %Ln oldest clips will be removed when you leave this page.</source>
+        <translation>
+            <numerusform>Al salir de esta página se eliminará el recorte más antiguo (%Ln).</numerusform>
+            <numerusform>Al salir de esta página se eliminarán los %Ln recortes más antiguos.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>When the history is full, each new copy replaces the oldest clip.</source>
+        <translation>Cuando el historial está lleno, cada copia sustituye al recorte más antiguo.</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded.</source>
+        <translation>No se guarda nada.</translation>
+    </message>
+    <message>
+        <source>Still waiting for a key. A combination that the desktop keeps for itself never gets here; choose another one.</source>
+        <translation>Todavía falta una tecla. Una combinación que el escritorio se reserva nunca llega aquí; elija otra.</translation>
+    </message>
+    <message>
+        <source>Swop pastes a clip over the selected text and keeps that text as the newest clip.</source>
+        <translation>El intercambio pega un recorte sobre el texto seleccionado y conserva ese texto como recorte más reciente.</translation>
+    </message>
+    <message>
+        <source>Start-up:</source>
+        <translation>Inicio:</translation>
+    </message>
+    <message>
+        <source>Messages:</source>
+        <translation>Mensajes:</translation>
+    </message>
+    <message>
+        <source>Tell you when a copy was too large to be recorded. Turned off, they stay off until Quillmarsh quits.</source>
+        <translation>Avisan cuando una copia era demasiado grande para guardarla. Si las desactiva, siguen así hasta que Quillmarsh se cierre.</translation>
+    </message>
+    <message>
+        <source>&amp;History size:</source>
+        <translation>Tamaño del &amp;historial:</translation>
+    </message>
+    <message>
+        <source>Largest &amp;text:</source>
+        <translation>&amp;Texto más largo:</translation>
+    </message>
+    <message>
+        <source>bytes</source>
+        <translation>bytes</translation>
+    </message>
+    <message>
+        <source>A longer copy is not recorded.</source>
+        <translation>Una copia más larga no se guarda.</translation>
+    </message>
+    <message>
+        <source>&amp;Open history:</source>
+        <translation>&amp;Abrir el historial:</translation>
+    </message>
+    <message>
+        <source>S&amp;wop:</source>
+        <translation>Intercam&amp;bio:</translation>
+    </message>
+</context>
+<context>
+    <name>GlobalShortcuts</name>
+    <message>
+        <source>Super</source>
+        <translation>Súper</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Mayús</translation>
+    </message>
+</context>
+<context>
+    <name>HttpsExchange</name>
+    <message>
+        <source>The server redirects to an address that is not secure.</source>
+        <translation>El servidor redirige a una dirección no segura.</translation>
+    </message>
+    <message>
+        <source>The server could not prove who it is, or the connection is not secure.</source>
+        <translation>El servidor no ha podido demostrar su identidad o la conexión no es segura.</translation>
+    </message>
+    <message>
+        <source>The server %1 was not found. Are you connected to the internet?</source>
+        <translation>No se ha encontrado el servidor %1. ¿Está conectado a Internet?</translation>
+    </message>
+    <message>
+        <source>The server %1 cannot be reached.</source>
+        <translation>No se puede acceder al servidor %1.</translation>
+    </message>
+    <message>
+        <source>The server ended the connection.</source>
+        <translation>El servidor ha cerrado la conexión.</translation>
+    </message>
+    <message>
+        <source>The server does not have the file.</source>
+        <translation>El servidor no tiene el archivo.</translation>
+    </message>
+    <message>
+        <source>The server answered with error %1.</source>
+        <translation>El servidor ha respondido con el error %1.</translation>
+    </message>
+    <message>
+        <source>The connection failed: %1.</source>
+        <translation>La conexión ha fallado: %1.</translation>
+    </message>
+    <message>
+        <source>The server took too long to answer.</source>
+        <translation>El servidor ha tardado demasiado en responder.</translation>
+    </message>
+    <message>
+        <source>The address is not a secure one (https).</source>
+        <translation>La dirección no es segura (https).</translation>
+    </message>
+    <message>
+        <source>The server sends more than was announced.</source>
+        <translation>El servidor envía más de lo anunciado.</translation>
+    </message>
+    <message>
+        <source>The server answered with status %1.</source>
+        <translation>El servidor ha respondido con el estado %1.</translation>
+    </message>
+    <message>
+        <source>The server stopped answering.</source>
+        <translation>El servidor ha dejado de responder.</translation>
+    </message>
+</context>
+<context>
+    <name>ImageBody</name>
+    <message>
+        <source>Picture</source>
+        <translation>Imagen</translation>
+    </message>
+</context>
+<context>
+    <name>Installation</name>
+    <message>
+        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <translation>Quillmarsh lo instaló el gestor de paquetes del sistema, que también lo actualiza.</translation>
+    </message>
+    <message>
+        <source>Quillmarsh was not installed in a way that it could update itself. Updates come from where you got it.</source>
+        <translation>Quillmarsh no se instaló de forma que pueda actualizarse solo. Las actualizaciones vienen de donde lo obtuvo.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be written to.</source>
+        <translation>No se puede escribir en la carpeta %1.</translation>
+    </message>
+</context>
+<context>
+    <name>IssueReportDialog</name>
+    <message>
+        <source>Show &amp;Report</source>
+        <translation>Mostrar &amp;informe</translation>
+    </message>
+    <message>
+        <source>&amp;Do Not Send</source>
+        <translation>&amp;No enviar</translation>
+    </message>
+    <message>
+        <source>Problem Report</source>
+        <translation>Informe de problema</translation>
+    </message>
+    <message>
+        <source>Quillmarsh ended unexpectedly</source>
+        <translation>Quillmarsh se ha cerrado inesperadamente</translation>
+    </message>
+    <message>
+        <source>May the report be sent, so that the fault can be found? It says which version failed, how, and at which place in the program. It holds no clip and no other text of yours. If you do not send it, it is deleted.</source>
+        <translation>¿Se puede enviar el informe para encontrar el fallo? Indica qué versión falló, cómo y en qué lugar del programa. No contiene ningún recorte ni otro texto suyo. Si no lo envía, se elimina.</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>Informe</translation>
+    </message>
+    <message>
+        <source>Hide &amp;Report</source>
+        <translation>Ocultar &amp;informe</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Sending…</source>
+        <translation>Enviando…</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>%1 The report is kept, and you will be asked at the next start.</source>
+        <translation>%1 El informe se conserva y se le preguntará en el próximo inicio.</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Reintentar</translation>
+    </message>
+</context>
+<context>
+    <name>ListBody</name>
+    <message>
+        <source>1 entry</source>
+        <translation>1 elemento</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 or more</source>
+        <translation>%1, %2 o más</translation>
+    </message>
+    <message>
+        <source>Entries</source>
+        <translation>Elementos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln entries</source>
+        <translation>
+            <numerusform>%Ln elemento</numerusform>
+            <numerusform>%Ln elementos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MASShortcut</name>
+    <message>
+        <source>Space</source>
+        <translation>Espacio</translation>
+    </message>
+</context>
+<context>
+    <name>MASShortcutValidator</name>
+    <message>
+        <source>This combination cannot be used because it is already used by a system-wide keyboard shortcut.
+If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.</source>
+        <translation>Esta combinación no se puede usar porque ya es un atajo de teclado del sistema.
+Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el apartado Teclado &amp; ratón de las preferencias del sistema.</translation>
+    </message>
+    <message>
+        <source>This shortcut cannot be used because it is already used by the menu item ‘%1’.</source>
+        <translation>Este atajo no se puede usar porque ya lo usa el elemento de menú «%1».</translation>
+    </message>
+</context>
+<context>
+    <name>MASShortcutView</name>
+    <message>
+        <source>Shortcut</source>
+        <translation>Atajo</translation>
+    </message>
+    <message>
+        <source>The key combination %1 cannot be used</source>
+        <translation>No se puede usar la combinación de teclas %1</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Record Shortcut</source>
+        <translation>Grabar atajo</translation>
+    </message>
+    <message>
+        <source>Use Old Shortcut</source>
+        <translation>Usar el atajo anterior</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Type New Shortcut</source>
+        <translation>Pulse el nuevo atajo</translation>
+    </message>
+    <message>
+        <source>Type Shortcut</source>
+        <translation>Pulse el atajo</translation>
+    </message>
+    <message>
+        <source>Delete shortcut</source>
+        <translation>Eliminar el atajo</translation>
+    </message>
+    <message>
+        <source>Click to record new shortcut</source>
+        <translation>Haga clic para grabar un atajo nuevo</translation>
+    </message>
+</context>
+<context>
+    <name>MailHandOver</name>
+    <message>
+        <source>(Please attach the file %1)</source>
+        <translation>(Adjunte el archivo %1)</translation>
+    </message>
+</context>
+<context>
+    <name>PathLabel</name>
+    <message>
+        <source>Path of the file</source>
+        <translation>Ruta del archivo</translation>
+    </message>
+</context>
+<context>
+    <name>PdfBody</name>
+    <message numerus="yes">
+        <source>Document of %n pages</source>
+        <translation>
+            <numerusform>Documento de %n página</numerusform>
+            <numerusform>Documento de %n páginas</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesApplicationViewController</name>
+    <message>
+        <source>Applications</source>
+        <translation>Aplicaciones</translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesGeneralViewController</name>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>No limit</source>
+        <translation>Sin límite</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Search clips</source>
+        <translation>Buscar recortes</translation>
+    </message>
+    <message>
+        <source>Clear search</source>
+        <translation>Borrar la búsqueda</translation>
+    </message>
+</context>
+<context>
+    <name>StatusMenu</name>
+    <message>
+        <source>Check For Updates...</source>
+        <translation>Buscar actualizaciones…</translation>
+    </message>
+    <message>
+        <source>Preferences...</source>
+        <translation>Preferencias…</translation>
+    </message>
+    <message>
+        <source>Launch...</source>
+        <translation>Abrir el historial…</translation>
+    </message>
+    <message>
+        <source>Clear All</source>
+        <translation>Borrar todo</translation>
+    </message>
+    <message>
+        <source>Help...</source>
+        <translation>Ayuda…</translation>
+    </message>
+    <message>
+        <source>Send Feedback...</source>
+        <translation>Enviar comentarios…</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+</context>
+<context>
+    <name>SwopPicture</name>
+    <message>
+        <source>Monday</source>
+        <translation>el lunes</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>el jueves</translation>
+    </message>
+    <message>
+        <source>at half past two</source>
+        <translation>a las dos y media</translation>
+    </message>
+    <message>
+        <source>Reed Lane 7</source>
+        <translation>Calle Junco, 7</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Antes</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Después</translation>
+    </message>
+    <message>
+        <source>See you on</source>
+        <translation>Nos vemos</translation>
+    </message>
+    <message>
+        <source>by the old mill.</source>
+        <translation>en el viejo molino.</translation>
+    </message>
+</context>
+<context>
+    <name>TextBody</name>
+    <message>
+        <source>… the file goes on</source>
+        <translation>… el archivo continúa</translation>
+    </message>
+    <message>
+        <source>Beginning of the text</source>
+        <translation>Principio del texto</translation>
+    </message>
+</context>
+<context>
+    <name>TourGuide</name>
+    <message>
+        <source>Find</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Start typing as soon as the window opens. * stands for any text, ? for one character, and file: lists copied files.</source>
+        <translation>Escriba en cuanto se abra la ventana. * equivale a cualquier texto, ? a un carácter, y file: muestra los archivos copiados.</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Elegir</translation>
+    </message>
+    <message>
+        <source>Your copies, newest first. Move with the arrow keys, or press the open shortcut again to step down.</source>
+        <translation>Sus copias, la más reciente primero. Muévase con las flechas o pulse otra vez el atajo para bajar.</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Mirar</translation>
+    </message>
+    <message>
+        <source>The whole clip, or the copied file itself, before you paste it.</source>
+        <translation>El recorte completo, o el propio archivo copiado, antes de pegarlo.</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Intro</translation>
+    </message>
+    <message>
+        <source>paste</source>
+        <translation>pegar</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Mayús</translation>
+    </message>
+    <message>
+        <source>UPPER CASE</source>
+        <translation>MAYÚSCULAS</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>lower case</source>
+        <translation>minúsculas</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Súper</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Retroceso</translation>
+    </message>
+    <message>
+        <source>delete</source>
+        <translation>eliminar</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>close</source>
+        <translation>cerrar</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Siguiente</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Listo</translation>
+    </message>
+</context>
+<context>
+    <name>TraylessHint</name>
+    <message>
+        <source>Quillmarsh is running</source>
+        <translation>Quillmarsh está en marcha</translation>
+    </message>
+    <message>
+        <source>Press %1 to open the history, or start Quillmarsh again.</source>
+        <translation>Pulse %1 para abrir el historial o vuelva a iniciar Quillmarsh.</translation>
+    </message>
+    <message>
+        <source>Start Quillmarsh again to open the history.</source>
+        <translation>Vuelva a iniciar Quillmarsh para abrir el historial.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateDownload</name>
+    <message>
+        <source>There is no place to download to.</source>
+        <translation>No hay dónde guardar la descarga.</translation>
+    </message>
+    <message>
+        <source>The server has another file than before. Try again.</source>
+        <translation>El servidor tiene un archivo distinto al de antes. Inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The server sends more than was announced.</source>
+        <translation>El servidor envía más de lo anunciado.</translation>
+    </message>
+    <message>
+        <source>The download could not be written: %1.</source>
+        <translation>No se ha podido escribir la descarga: %1.</translation>
+    </message>
+    <message>
+        <source>The server sent less than was announced.</source>
+        <translation>El servidor ha enviado menos de lo anunciado.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateFeed</name>
+    <message>
+        <source>The list of updates cannot be used.</source>
+        <translation>La lista de actualizaciones no se puede usar.</translation>
+    </message>
+    <message>
+        <source>It is not a list of updates.</source>
+        <translation>No es una lista de actualizaciones.</translation>
+    </message>
+    <message>
+        <source>Version %1 has no file.</source>
+        <translation>La versión %1 no tiene archivo.</translation>
+    </message>
+    <message>
+        <source>It is too long.</source>
+        <translation>Es demasiado larga.</translation>
+    </message>
+    <message>
+        <source>It is damaged in line %1.</source>
+        <translation>Está dañada en la línea %1.</translation>
+    </message>
+    <message>
+        <source>It offers a version that is not a number: “%1”.</source>
+        <translation>Ofrece una versión que no es un número: «%1».</translation>
+    </message>
+    <message>
+        <source>Version %1 has no known channel.</source>
+        <translation>La versión %1 no tiene un canal conocido.</translation>
+    </message>
+    <message>
+        <source>Version %1 asks for an unknown system.</source>
+        <translation>La versión %1 pide un sistema desconocido.</translation>
+    </message>
+    <message>
+        <source>Version %1 is not at a secure address (https).</source>
+        <translation>La versión %1 no está en una dirección segura (https).</translation>
+    </message>
+    <message>
+        <source>Version %1 has no possible size.</source>
+        <translation>La versión %1 no tiene un tamaño posible.</translation>
+    </message>
+    <message>
+        <source>Version %1 is not signed.</source>
+        <translation>La versión %1 no está firmada.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateInstaller</name>
+    <message>
+        <source>There is not enough room on the disk.</source>
+        <translation>No hay suficiente espacio en el disco.</translation>
+    </message>
+    <message>
+        <source>The update could not be put in its place: %1.</source>
+        <translation>No se ha podido poner la actualización en su sitio: %1.</translation>
+    </message>
+    <message>
+        <source>The downloaded file is gone.</source>
+        <translation>El archivo descargado ya no está.</translation>
+    </message>
+    <message>
+        <source>The downloaded file has not the size that was announced.</source>
+        <translation>El archivo descargado no tiene el tamaño anunciado.</translation>
+    </message>
+    <message>
+        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <translation>La firma del archivo descargado no es la del editor. No se ha instalado.</translation>
+    </message>
+    <message>
+        <source>The update was cancelled.</source>
+        <translation>La actualización se ha cancelado.</translation>
+    </message>
+    <message>
+        <source>The update could not be written correctly.</source>
+        <translation>La actualización no se ha podido escribir correctamente.</translation>
+    </message>
+    <message>
+        <source>This version is installed already. It starts the next time.</source>
+        <translation>Esta versión ya está instalada. Se iniciará la próxima vez.</translation>
+    </message>
+    <message>
+        <source>The update holds no program.</source>
+        <translation>La actualización no contiene ningún programa.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateRun</name>
+    <message>
+        <source>Another update of Quillmarsh is under way.</source>
+        <translation>Hay otra actualización de Quillmarsh en curso.</translation>
+    </message>
+    <message>
+        <source>Signatures cannot be checked, so nothing is installed.</source>
+        <translation>No se pueden comprobar las firmas, así que no se instala nada.</translation>
+    </message>
+</context>
+<context>
+    <name>UpdateWindow</name>
+    <message>
+        <source>Look for updates once a &amp;day</source>
+        <translation>Buscar actualizaciones una vez al &amp;día</translation>
+    </message>
+    <message>
+        <source>&amp;Skip This Version</source>
+        <translation>&amp;Omitir esta versión</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <translation>&amp;Más tarde</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>&amp;Install</source>
+        <translation>&amp;Instalar</translation>
+    </message>
+    <message>
+        <source>Software Update</source>
+        <translation>Actualización de software</translation>
+    </message>
+    <message>
+        <source>Release notes</source>
+        <translation>Notas de la versión</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Comando</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Progreso</translation>
+    </message>
+    <message>
+        <source>Looking for updates…</source>
+        <translation>Buscando actualizaciones…</translation>
+    </message>
+    <message>
+        <source>You have the newest version</source>
+        <translation>Tiene la versión más reciente</translation>
+    </message>
+    <message>
+        <source>%1 %2 is up to date.</source>
+        <translation>%1 %2 está al día.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is available</source>
+        <translation>%1 %2 está disponible</translation>
+    </message>
+    <message>
+        <source>You have version %1. %2 restarts when the update is installed; your history and your settings stay as they are.</source>
+        <translation>Tiene la versión %1. %2 se reinicia al instalarse la actualización; el historial y los ajustes no cambian.</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>Downloading the update</source>
+        <translation>Descargando la actualización</translation>
+    </message>
+    <message>
+        <source>Installing the update</source>
+        <translation>Instalando la actualización</translation>
+    </message>
+    <message>
+        <source>Its signature is checked first.</source>
+        <translation>Primero se comprueba su firma.</translation>
+    </message>
+    <message>
+        <source>The update is installed</source>
+        <translation>La actualización está instalada</translation>
+    </message>
+    <message>
+        <source>%1 uses it from its next start.</source>
+        <translation>%1 la usará a partir del próximo inicio.</translation>
+    </message>
+    <message>
+        <source>%1 could not be updated</source>
+        <translation>No se ha podido actualizar %1</translation>
+    </message>
+    <message>
+        <source>Updates come from elsewhere</source>
+        <translation>Las actualizaciones vienen de otro sitio</translation>
+    </message>
+</context>
+<context>
+    <name>ViewController</name>
+    <message>
+        <source>%1 of %2: %3</source>
+        <translation>%1 de %2: %3</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePage1Controller</name>
+    <message>
+        <source>Everything you copy, at hand</source>
+        <translation>Todo lo que copia, a mano</translation>
+    </message>
+    <message>
+        <source>Quillmarsh keeps each text and each file you copy, and pastes any of them again wherever you are typing.</source>
+        <translation>Quillmarsh conserva cada texto y cada archivo que copia, y vuelve a pegarlos donde esté escribiendo.</translation>
+    </message>
+    <message>
+        <source>Open Quillmarsh at &amp;login</source>
+        <translation>Abrir Quillmarsh al &amp;iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Check for &amp;updates</source>
+        <translation>&amp;Buscar actualizaciones</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Abrir al iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Check for updates</source>
+        <translation>Buscar actualizaciones</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomePages</name>
+    <message>
+        <source>opens the history over any application</source>
+        <translation>abre el historial sobre cualquier aplicación</translation>
+    </message>
+    <message>
+        <source>typing narrows it: part of a word is enough</source>
+        <translation>escribir la acota: basta parte de una palabra</translation>
+    </message>
+    <message>
+        <source>choose a clip</source>
+        <translation>elegir un recorte</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Intro</translation>
+    </message>
+    <message>
+        <source>pastes it where you were typing</source>
+        <translation>lo pega donde estaba escribiendo</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Mayús</translation>
+    </message>
+    <message>
+        <source>pastes it IN UPPER CASE</source>
+        <translation>lo pega EN MAYÚSCULAS</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>pastes it in lower case</source>
+        <translation>lo pega en minúsculas</translation>
+    </message>
+    <message>
+        <source>Open, find, paste</source>
+        <translation>Abrir, buscar, pegar</translation>
+    </message>
+    <message>
+        <source>Your hands stay on the keyboard, and the text goes into the window you came from.</source>
+        <translation>Sus manos no dejan el teclado y el texto va a la ventana de la que venía.</translation>
+    </message>
+    <message>
+        <source>Swop a selection for a clip</source>
+        <translation>Intercambiar una selección por un recorte</translation>
+    </message>
+    <message>
+        <source>Select a text, press the keys, choose a clip. The clip takes the selection’s place, and the selection becomes your newest clip.</source>
+        <translation>Seleccione un texto, pulse las teclas, elija un recorte. El recorte ocupa el lugar de la selección, que pasa a ser su recorte más reciente.</translation>
+    </message>
+    <message>
+        <source>The history is one file that only you can read, in
+%1.</source>
+        <translation>El historial es un único archivo que solo usted puede leer, en
+%1.</translation>
+    </message>
+    <message>
+        <source>Never recorded: what a password manager marks as secret, and copies from the applications that you list in Preferences.</source>
+        <translation>Nunca se guarda: lo que un gestor de contraseñas marca como secreto ni las copias de las aplicaciones que indique en Preferencias.</translation>
+    </message>
+    <message>
+        <source>To delete a clip for good, press Super + Backspace in the history. To delete them all, choose “Clear All” in the menu.</source>
+        <translation>Para eliminar un recorte del todo, pulse Súper + Retroceso en el historial. Para eliminarlos todos, elija «Borrar todo» en el menú.</translation>
+    </message>
+    <message>
+        <source>Yours alone</source>
+        <translation>Solo suyo</translation>
+    </message>
+    <message>
+        <source>Your clips never leave this computer.</source>
+        <translation>Sus recortes nunca salen de este equipo.</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomeWindow</name>
+    <message>
+        <source>Welcome to Quillmarsh</source>
+        <translation>Bienvenida a Quillmarsh</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomeWindowController</name>
+    <message>
+        <source>Open your history at any time: %1</source>
+        <translation>Abra su historial en cualquier momento: %1</translation>
+    </message>
+    <message>
+        <source>Open your history at any time: %1. The default is %2.</source>
+        <translation>Abra su historial en cualquier momento: %1. El predeterminado es %2.</translation>
+    </message>
+    <message>
+        <source>The shortcut that opens the history, by default %1, is turned off.</source>
+        <translation>El atajo que abre el historial, por defecto %1, está desactivado.</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomeWindowView</name>
+    <message>
+        <source>Previous</source>
+        <translation>Anterior</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Siguiente</translation>
+    </message>
+    <message>
+        <source>Take the tour</source>
+        <translation>Hacer el recorrido</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Listo</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Página %1 de %2</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+</TS>
