@@ -1,0 +1,252 @@
+#!/usr/bin/python3
+"""Pictures of every window of Quillmarsh: light and dark, at 1x and 2x, in several languages. Each
+view is shown once and switched between light and dark while it is open, as a desktop does it.
+
+usage: screens.py QUILLMARSH FOLDER [--scales 1,2] [--languages en,ar] [--accent R,G,B]
+                  [--contrast] [--only WORD] [--test-build QUILLMARSH_TEST_BUILD]
+
+--contrast also measures each text of the dialogs and windows that assistive technology knows, prints
+the least of each view, and fails when one is below 4.5:1. The dialog that sends a report needs the
+program that knows a test's address, build/dev/tests/desktop/quillmarsh_test_build.
+"""
+
+import argparse
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import time
+
+SUPPORT = pathlib.Path(__file__).resolve().parent.parent / "support"
+sys.path.insert(0, str(SUPPORT))
+from accessible import Accessible  # noqa: E402
+from contrast import Picture, contrast_of_writing  # noqa: E402
+from desktop import Desktop  # noqa: E402
+from quillmarsh import Quillmarsh, copy  # noqa: E402
+
+PREVIEWS = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
+LEAST = 4.5
+LEAST_OF_SIGNS = 3
+SIZE = (1100, 720)
+COPIES = [
+    "git rebase --onto main topic~3 topic",
+    "12 Reed Lane, Marshton",
+    "The bittern booms at dusk; you hear it long before you see it.",
+    "#6f8f86",
+    "Quills were cut from the five outer feathers of the left wing.\n\nA left-handed writer "
+    "preferred those of the right.",
+    "https://herons.example.org/nesting?year=2026",
+    "مرحبا بالعالم، هذا نص عربي",
+    "Reed warbler, bittern, marsh harrier",
+    "for path in *.svg; do rsvg-convert \"$path\"; done",
+    "Meeting moved to Thursday, 14:30",
+]
+SCHEMES = {"light": 2, "dark": 1}
+
+
+class Screens:
+    def __init__(self, options, scale, language):
+        self.options = options
+        self.scale = scale
+        self.language = language
+        self.failures = []
+
+    def walk(self):
+        screen = "x".join(str(side * self.scale) for side in SIZE)
+        with Desktop(screen=screen) as self.desktop:
+            self.desktop.run(["xsetroot", "-solid", "#6f8f86"])
+            self.portal = self.desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "portal.py")],
+                                             stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                             text=True)
+            self.portal.stdout.readline()
+            if self.options.accent:
+                self.order("accent " + self.options.accent.replace(",", " "))
+            self.order("scheme 1")
+            self.accessible = Accessible(self.desktop) if self.options.contrast else None
+            self.history()
+            self.preferences()
+            if self.options.test_build:
+                self.dialogs()
+            self.app.quit()
+            self.app.settings.unlink()
+            self.welcome_and_tour()
+            self.app.quit()
+        return self.failures
+
+    def order(self, line):
+        self.portal.stdin.write(line + "\n")
+        self.portal.stdin.flush()
+
+    def start(self, welcomed, binary=None):
+        self.app = Quillmarsh(self.desktop, binary or self.options.binary, {
+            "QUILLMARSH_TEST_FEEDBACK_URL": "https://127.0.0.1:9/",
+            "LANGUAGE": self.language, "LC_ALL": "C.UTF-8", "QT_SCALE_FACTOR": str(self.scale),
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1" if self.options.contrast else "0",
+        }, welcomed=welcomed)
+
+    def active_window(self):
+        """The window of ours that has the keyboard, whatever its title in this language."""
+        def find():
+            told = self.desktop.run(["xdotool", "getactivewindow", "getwindowpid",
+                                     "getactivewindow"], capture_output=True, text=True)
+            lines = told.stdout.split()
+            return lines[1] if told.returncode == 0 and lines[0] == str(
+                self.app.process.pid) else None
+        return self.desktop.wait_for(find, "a window of Quillmarsh in front")
+
+    def captured(self):
+        return self.desktop.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"],
+                                capture_output=True).stdout
+
+    def settled(self, before=None):
+        """The screen once it is another one than `before` and two looks at it agree."""
+        limit = time.monotonic() + 5
+        last = self.captured()
+        while time.monotonic() < limit:
+            time.sleep(0.05)
+            now = self.captured()
+            if now == last and now != before:
+                return now
+            last = now
+        return last
+
+    def shoot(self, view):
+        if self.options.only not in view:
+            return
+        window = self.active_window()
+        shown = self.settled()
+        for scheme in ("dark", "light"):
+            if scheme == "light":
+                self.order("scheme 2")
+                shown = self.settled(before=shown)
+            name = f"{view}-{scheme}-{self.scale}x-{self.language}"
+            path = os.path.join(self.options.folder, name + ".png")
+            self.desktop.run(["import", "-silent", "-window", window, path])
+            if self.accessible:
+                self.measure(name, Picture(shown))
+        self.order("scheme 1")
+        self.settled(before=shown)
+
+    def measure(self, name, picture):
+        results, signs = [], []
+        for node in self.accessible.find():
+            text = node["name"] or node["text"]
+            if not text or not node["box"] or "enabled" not in node["states"]:
+                continue
+            if node["role"] in ("frame", "filler", "panel", "table", "scroll pane", "window"):
+                continue
+            ratio = contrast_of_writing(picture, [side * self.scale for side in node["box"]])
+            if ratio:
+                # The dots that stand for pages are signs, not writing.
+                is_sign = node["role"] == "check box" and "focusable" not in node["states"]
+                (signs if is_sign else results).append(
+                    (round(ratio, 1), node["role"], text[:40].replace("\n", " ")))
+        results.sort()
+        print(f"{name}: {len(results)} texts, least {results[:2] if results else '-'}", flush=True)
+        self.failures += [(name, *result) for result in results if result[0] < LEAST]
+        self.failures += [(name, *sign) for sign in signs if sign[0] < LEAST_OF_SIGNS]
+
+    def hide(self):
+        self.app.key("Escape")
+        self.desktop.wait_for(lambda: self.desktop.run(
+            ["xdotool", "search", "--onlyvisible", "--pid", str(self.app.process.pid)],
+            capture_output=True).returncode != 0, "all windows to close")
+
+    def welcome_and_tour(self):
+        self.start(welcomed=False)
+        self.app.key("super+shift+v")
+        self.active_window()
+        for page in range(1, 5):
+            self.shoot(f"welcome-{page}")
+            self.app.key("Right")
+        self.app.wait_for_clip("Quillmarsh setup complete")
+        welcome = self.active_window()
+        self.app.key("shift+Tab", "Return")
+        self.desktop.wait_for(lambda: self.active_window() != welcome, "the tour")
+        for step in range(1, 5):
+            self.shoot(f"tour-{step}")
+            self.app.key("Return")
+        self.hide()
+
+    def copy_all(self):
+        for text in COPIES:
+            copy(self.desktop, text)
+            self.app.wait_for_clip(text)
+
+    def copy_file(self, path):
+        copy(self.desktop, path.as_uri() + "\r\n", "text/uri-list")
+        self.app.wait_for_clip(path.name)
+
+    def open(self):
+        self.app.key("super+shift+v")
+        self.active_window()
+
+    def history(self):
+        self.start(welcomed=True)
+        self.open()
+        self.shoot("history-empty")
+        self.hide()
+        self.copy_all()
+        self.open()
+        self.app.key("Down", "Down", "Down", "Down", "Down")
+        self.shoot("history")
+        self.app.key("Up", "Up")
+        self.shoot("history-arabic")
+        self.app.type("bit")
+        self.shoot("history-filtered")
+        self.app.type("zz")
+        self.shoot("history-nothing")
+        self.hide()
+        for name in ("notes.md", "drawing.svg", "pages.pdf"):
+            self.copy_file(PREVIEWS / name)
+            self.open()
+            self.shoot("file-" + name.rpartition(".")[2])
+            self.hide()
+
+    def preferences(self):
+        self.desktop.start([self.options.binary, "preferences"], quiet=True).wait(10)
+        self.active_window()
+        self.shoot("preferences-general")
+        self.app.key("Tab")
+        self.app.key("super+w")
+        self.desktop.wait_for(lambda: self.desktop.run(
+            ["xdotool", "search", "--onlyvisible", "--pid", str(self.app.process.pid)],
+            capture_output=True).returncode != 0, "the preferences to close")
+
+    def dialogs(self):
+        self.app.quit()
+        self.start(welcomed=True, binary=self.options.test_build)
+        self.app.process.send_signal(signal.SIGSEGV)
+        self.app.process.wait(10)
+        self.start(welcomed=True, binary=self.options.test_build)
+        dialog = self.desktop.run(["xdotool", "search", "--sync", "--onlyvisible", "--pid",
+                                   str(self.app.process.pid)], capture_output=True, text=True)
+        self.desktop.run(["xdotool", "windowactivate", "--sync", dialog.stdout.split()[-1]])
+        self.active_window()
+        self.shoot("dialog-problem-report")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("binary")
+    parser.add_argument("folder")
+    parser.add_argument("--scales", default="1,2")
+    parser.add_argument("--languages", default="en,ar")
+    parser.add_argument("--accent")
+    parser.add_argument("--contrast", action="store_true")
+    parser.add_argument("--only", default="")
+    parser.add_argument("--test-build")
+    options = parser.parse_args()
+    os.makedirs(options.folder, exist_ok=True)
+    failures = []
+    for scale in map(int, options.scales.split(",")):
+        for language in options.languages.split(","):
+            failures += Screens(options, scale, language).walk()
+    for failure in failures:
+        print("too little contrast:", *failure)
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
