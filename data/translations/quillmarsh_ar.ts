@@ -333,8 +333,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Update it with your system's package manager, or from where you got it.</source>
-        <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. حدّثه بمدير الحزم في نظامك أو من حيث حصلت عليه.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. تأتي التحديثات مع مدير الحزم في نظامك.</translation>
     </message>
 </context>
 <context>
@@ -1192,6 +1192,10 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>Version %1 is not signed.</source>
         <translation>الإصدار %1 غير موقَّع.</translation>
     </message>
+    <message>
+        <source>Version %1 has an impossible name.</source>
+        <translation>للإصدار %1 اسم غير ممكن.</translation>
+    </message>
 </context>
 <context>
     <name>UpdateInstaller</name>
@@ -1334,8 +1338,8 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>تعذّر تحديث %1</translation>
     </message>
     <message>
-        <source>Updates come from elsewhere</source>
-        <translation>التحديثات تأتي من مكان آخر</translation>
+        <source>%1 does not update itself here</source>
+        <translation>لا يحدّث %1 نفسه هنا</translation>
     </message>
 </context>
 <context>

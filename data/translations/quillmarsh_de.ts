@@ -305,8 +305,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Update it with your system's package manager, or from where you got it.</source>
-        <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Aktualisieren Sie es mit der Paketverwaltung Ihres Systems oder von dort, wo Sie es herhaben.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Sie kommen mit der Paketverwaltung Ihres Systems.</translation>
     </message>
 </context>
 <context>
@@ -1152,6 +1152,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <source>Version %1 is not signed.</source>
         <translation>Version %1 ist nicht signiert.</translation>
     </message>
+    <message>
+        <source>Version %1 has an impossible name.</source>
+        <translation>Version %1 hat einen unmöglichen Namen.</translation>
+    </message>
 </context>
 <context>
     <name>UpdateInstaller</name>
@@ -1294,8 +1298,8 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <translation>%1 konnte nicht aktualisiert werden</translation>
     </message>
     <message>
-        <source>Updates come from elsewhere</source>
-        <translation>Aktualisierungen kommen von anderswo</translation>
+        <source>%1 does not update itself here</source>
+        <translation>%1 aktualisiert sich hier nicht selbst</translation>
     </message>
 </context>
 <context>

@@ -305,8 +305,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Update it with your system's package manager, or from where you got it.</source>
-        <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Actualícelo con el gestor de paquetes del sistema o desde donde lo obtuvo.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Llegan con el gestor de paquetes del sistema.</translation>
     </message>
 </context>
 <context>
@@ -1152,6 +1152,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <source>Version %1 is not signed.</source>
         <translation>La versión %1 no está firmada.</translation>
     </message>
+    <message>
+        <source>Version %1 has an impossible name.</source>
+        <translation>La versión %1 tiene un nombre imposible.</translation>
+    </message>
 </context>
 <context>
     <name>UpdateInstaller</name>
@@ -1294,8 +1298,8 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <translation>No se ha podido actualizar %1</translation>
     </message>
     <message>
-        <source>Updates come from elsewhere</source>
-        <translation>Las actualizaciones vienen de otro sitio</translation>
+        <source>%1 does not update itself here</source>
+        <translation>%1 no se actualiza solo aquí</translation>
     </message>
 </context>
 <context>

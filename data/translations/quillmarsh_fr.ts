@@ -305,8 +305,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Update it with your system's package manager, or from where you got it.</source>
-        <translation>Ce Quillmarsh ne connaît aucune adresse de mise à jour. Mettez-le à jour avec le gestionnaire de paquets du système, ou là où vous l’avez obtenu.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <translation>Ce Quillmarsh ne connaît aucune adresse de mise à jour. Les mises à jour viennent du gestionnaire de paquets du système.</translation>
     </message>
 </context>
 <context>
@@ -1152,6 +1152,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <source>Version %1 is not signed.</source>
         <translation>La version %1 n’est pas signée.</translation>
     </message>
+    <message>
+        <source>Version %1 has an impossible name.</source>
+        <translation>La version %1 a un nom impossible.</translation>
+    </message>
 </context>
 <context>
     <name>UpdateInstaller</name>
@@ -1294,8 +1298,8 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <translation>%1 n’a pas pu être mis à jour</translation>
     </message>
     <message>
-        <source>Updates come from elsewhere</source>
-        <translation>Les mises à jour viennent d’ailleurs</translation>
+        <source>%1 does not update itself here</source>
+        <translation>%1 ne se met pas à jour lui-même ici</translation>
     </message>
 </context>
 <context>

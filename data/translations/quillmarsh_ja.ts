@@ -298,8 +298,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Update it with your system's package manager, or from where you got it.</source>
-        <translation>このQuillmarshにはアップデートの確認先がありません。システムのパッケージマネージャー、または入手元から更新してください。</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <translation>このQuillmarshにはアップデートの確認先がありません。アップデートはシステムのパッケージマネージャーから届きます。</translation>
     </message>
 </context>
 <context>
@@ -1142,6 +1142,10 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>Version %1 is not signed.</source>
         <translation>バージョン%1は署名されていません。</translation>
     </message>
+    <message>
+        <source>Version %1 has an impossible name.</source>
+        <translation>バージョン%1の名前があり得ない値です。</translation>
+    </message>
 </context>
 <context>
     <name>UpdateInstaller</name>
@@ -1284,8 +1288,8 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>%1を更新できませんでした</translation>
     </message>
     <message>
-        <source>Updates come from elsewhere</source>
-        <translation>アップデートは別の方法で行われます</translation>
+        <source>%1 does not update itself here</source>
+        <translation>ここでは%1は自分で更新されません</translation>
     </message>
 </context>
 <context>
