@@ -122,6 +122,12 @@ class WholeWay(UpdateJourney):
         new = image("new", "image-1.1.0")
         (self.root / "image-1.1.0/share/quillmarsh/test-version").write_text("1.1.0")
         self.offer(file=new, kind="appimage")
+        for stage in ("write", "keep"):
+            self.start(installed, QUILLMARSH_TEST_FULL_AT=stage)
+            self.install()
+            self.app.wait_for_log("update ended: There is not enough room on the disk.")
+            self.assertEqual(self.app.quit(), 0)
+            self.assertEqual(installed.read_bytes(), before)
         self.start(installed)
         self.install()
         self.assertEqual(self.app.process.wait(20), 0)
@@ -357,6 +363,7 @@ class NothingIsInstalled(UpdateJourney):
         self.offer()
         shutil.rmtree(self.root / "versions/1.0.0")
         fill_prefix(self.root / "versions/1.0.0", "1.0.0", program=BINARY)
+        self.assertNotIn(b"QUILLMARSH_TEST", pathlib.Path(BINARY).read_bytes())
         self.variables.update({name.replace("TEST_", ""): value
                                for name, value in self.variables.items()})
         self.start()
