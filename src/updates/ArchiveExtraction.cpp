@@ -122,7 +122,7 @@ public:
                 return damaged();
             if (count >= ArchiveExtraction::kMostEntries)
                 return refused();
-            if (const auto problem = writeEntry(entry))
+            if (auto problem = writeEntry(entry))
                 return problem;
         }
     }
@@ -183,7 +183,7 @@ private:
                 return refused();
             if (m_isCancelled)
                 return ArchiveExtraction::tr("The update was cancelled.");
-            if (const auto problem =
+            if (auto problem =
                     writeAll(file.number(), block.constData(), static_cast<size_t>(count)))
                 return problem;
         }
@@ -211,7 +211,7 @@ std::optional<QString> ArchiveExtraction::extract(QFile &archive, const QString 
     if (::lseek(archive.handle(), 0, SEEK_SET) != 0 ||
         archive_read_open_fd(source.get(), archive.handle(), kBlockBytes) != ARCHIVE_OK)
         return damaged();
-    if (const auto problem = Extraction(source.get(), target.number(), isCancelled).run())
+    if (auto problem = Extraction(source.get(), target.number(), isCancelled).run())
         return problem;
     // Everything at once, before a name leads to it.
     return ::syncfs(target.number()) == 0 ? std::nullopt : std::optional(systemError());

@@ -93,7 +93,7 @@ std::optional<QString> UpdateInstaller::install(const QString &download,
     QFile file(download);
     if (!file.open(QIODevice::ReadOnly))
         return tr("The downloaded file is gone.");
-    if (const auto problem = check(file))
+    if (auto problem = check(file))
         return problem;
     return m_installation.kind == Installation::Kind::AppImage ? installImage(file, isCancelled)
                                                                : installPrefix(file, isCancelled);

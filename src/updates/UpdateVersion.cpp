@@ -19,7 +19,7 @@ std::strong_ordering UpdateVersion::operator<=>(const UpdateVersion &other) cons
 {
     for (qsizetype i = 0; i < qMax(m_numbers.size(), other.m_numbers.size()); ++i) {
         const auto order = m_numbers.value(i) <=> other.m_numbers.value(i);
-        if (order != 0)
+        if (std::is_neq(order))
             return order;
     }
     return other.m_isBeta <=> m_isBeta;

@@ -18,7 +18,7 @@ public:
     static bool isBeta(const QString &text) { return text.endsWith(u'b'); }
 
     std::strong_ordering operator<=>(const UpdateVersion &other) const;
-    bool operator==(const UpdateVersion &other) const { return (*this <=> other) == 0; }
+    bool operator==(const UpdateVersion &other) const { return std::is_eq(*this <=> other); }
 
 private:
     QList<int> m_numbers;
