@@ -174,20 +174,25 @@ class Proxy:
                 client, _ = self.listener.accept()
             except OSError:
                 return
-            request = client.recv(4096).split()
-            self.connected.append(request[1].decode())
-            host, port = self.connected[-1].rsplit(":", 1)
-            server = socket.create_connection((host, int(port)))
+            threading.Thread(target=self._serve, args=(client,), daemon=True).start()
+
+    def _serve(self, client):
+        request = client.recv(4096).split()
+        self.connected.append(request[1].decode())
+        host, port = self.connected[-1].rsplit(":", 1)
+        with client, socket.create_connection((host, int(port))) as server:
             client.sendall(b"HTTP/1.1 200 OK\r\n\r\n")
-            for pair in ((client, server), (server, client)):
-                threading.Thread(target=self._pass, args=pair, daemon=True).start()
+            upwards = threading.Thread(target=self._pass, args=(client, server), daemon=True)
+            upwards.start()
+            self._pass(server, client)
+            upwards.join()
 
     @staticmethod
     def _pass(source, target):
         try:
             while data := source.recv(65536):
                 target.sendall(data)
-            # The other thread reads from one of them, which keeps it open unless it is shut down.
+            # The other thread reads from one of them, too.
             for end in (source, target):
                 end.shutdown(socket.SHUT_RDWR)
         except OSError:
