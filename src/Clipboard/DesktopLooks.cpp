@@ -24,7 +24,6 @@ QPalette paletteOf(const ClipColors &colors)
     setAll({QPalette::AlternateBase}, colors.panel);
     setAll({QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText},
            colors.text);
-    setAll({QPalette::PlaceholderText}, colors.quietText);
     setAll({QPalette::Link, QPalette::LinkVisited}, colors.accentText);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, colors.disabledText);
@@ -76,6 +75,8 @@ void DesktopLooks::apply()
     // A role that is not set here goes on to follow the desktop's palette.
     const ClipColors colors = ClipColors::ofScheme(isDarkWanted, accented);
     QPalette palette = isDarkWanted == isDark ? QPalette() : paletteOf(colors);
+    // The style's own is half the text's colour, and too pale.
+    palette.setColor(QPalette::PlaceholderText, colors.quietText);
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         palette.setColor(group, QPalette::Highlight, colors.selected);
         palette.setColor(group, QPalette::HighlightedText, colors.selectedText);

@@ -34,7 +34,6 @@ TourViewController::TourViewController(const Content &content, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(7);
-    setFixedWidth(qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth()));
 
     QLabel *title = makeLabel(content.title, this);
     title->setObjectName(QStringLiteral("tourTitle"));
@@ -52,6 +51,9 @@ TourViewController::TourViewController(const Content &content, QWidget *parent)
     bar->addWidget(m_next);
     column->addSpacing(3);
     column->addLayout(bar);
+    // Some languages have long names for their keys.
+    setFixedWidth(qMax(qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth()),
+                       layout()->minimumSize().width()));
     connect(m_next, &QPushButton::clicked, this, &TourViewController::nextClicked);
 }
 

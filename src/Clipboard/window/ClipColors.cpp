@@ -46,7 +46,7 @@ ClipColors darkColors()
     colors.control = QColor(0x32, 0x34, 0x39);
     colors.controlHover = QColor(0x3d, 0x40, 0x46);
     colors.warning = QColor(0xff, 0xb2, 0x4d);
-    colors.disabledText = QColor(0x6c, 0x6d, 0x74);
+    colors.disabledText = QColor(0x85, 0x86, 0x8e);
     return colors;
 }
 
