@@ -50,18 +50,21 @@ def answer_questions():
                           source.get_description()])
 
     def showing(top):
-        """The objects of a tree that are showing, parents first."""
-        rest = [top]
+        """The objects of a tree that are showing, parents first; each with whether its window is
+        the active one."""
+        rest = [(top, False)]
         while rest:
-            node = rest.pop(0)
+            node, is_active = rest.pop(0)
             if not node:
                 continue
             if node.get_role() != Atspi.Role.APPLICATION and not node.get_state_set().contains(
                     Atspi.StateType.SHOWING):
                 continue
-            yield node
+            is_active = is_active or node.get_state_set().contains(Atspi.StateType.ACTIVE)
+            yield node, is_active
             # A long list has as many; a screen shows fewer.
-            rest.extend(node.get_child_at_index(i) for i in range(min(node.get_child_count(), 400)))
+            rest.extend((node.get_child_at_index(i), is_active)
+                        for i in range(min(node.get_child_count(), 400)))
 
     def applications(name):
         desktop = Atspi.get_desktop(0)
@@ -72,11 +75,11 @@ def answer_questions():
 
     def matching(application, role, name):
         for top in applications(application):
-            for node in showing(top):
+            for node, is_active in showing(top):
                 if role in ("", node.get_role_name()) and name in ("", node.get_name()):
-                    yield node
+                    yield node, is_active
 
-    def told(node):
+    def told(node, is_active):
         states = node.get_state_set()
         text = node.get_text_iface()
         action = node.get_action_iface()
@@ -84,10 +87,12 @@ def answer_questions():
         return {
             "role": node.get_role_name(),
             "name": node.get_name(),
+            "in active window": is_active,
             "description": node.get_description(),
             "text": Atspi.Text.get_text(text, 0, -1) if text else None,
             "box": [box.x, box.y, box.width, box.height] if box else None,
-            "states": [name for name in ("focused", "selected", "checked", "focusable", "enabled")
+            "states": [name for name in ("focused", "selected", "checked", "focusable", "enabled",
+                                    "multi_line")
                        if states.contains(getattr(Atspi.StateType, name.upper()))],
             "actions": [Atspi.Action.get_action_name(action, i)
                         for i in range(Atspi.Action.get_n_actions(action))] if action else [],
@@ -104,9 +109,9 @@ def answer_questions():
             answer = heard[:]
             heard.clear()
         elif order == "find":
-            answer = [told(node) for node in matching(*words)]
+            answer = [told(*found) for found in matching(*words)]
         else:
-            node = next(matching(*words))
+            node, _ = next(matching(*words))
             answer = Atspi.Action.do_action(node.get_action_iface(), 0)
         print(json.dumps(answer), flush=True)
         return True

@@ -3,11 +3,11 @@
 view is shown once and switched between light and dark while it is open, as a desktop does it.
 
 usage: screens.py QUILLMARSH FOLDER [--scales 1,2] [--languages en,ar] [--accent R,G,B]
-                  [--contrast] [--only WORD] [--test-build QUILLMARSH_TEST_BUILD]
+                  [--contrast] [--only WORD] [--test-build QUILLMARSH_UPDATABLE]
 
 --contrast also measures each text of the dialogs and windows that assistive technology knows, prints
-the least of each view, and fails when one is below 4.5:1. The dialog that sends a report needs the
-program that knows a test's address, build/dev/tests/desktop/quillmarsh_test_build.
+the least of each view at 2x, and fails when one is below 4.5:1. The dialog that sends a report needs the
+program that knows a test's address, build/dev/tests/desktop/quillmarsh_updatable.
 """
 
 import argparse
@@ -42,7 +42,9 @@ COPIES = [
     "for path in *.svg; do rsvg-convert \"$path\"; done",
     "Meeting moved to Thursday, 14:30",
 ]
-SCHEMES = {"light": 2, "dark": 1}
+# The entries of the status item's menu that open a window.
+MENU = {"en": ("Check For Updates...", "Send Feedback..."),
+        "ar": ("التحقق من التحديثات...", "إرسال ملاحظات...")}
 
 
 class Screens:
@@ -53,21 +55,23 @@ class Screens:
         self.failures = []
 
     def walk(self):
-        screen = "x".join(str(side * self.scale) for side in SIZE)
+        screen = "x".join(str(int(side * self.scale)) for side in SIZE)
         with Desktop(screen=screen) as self.desktop:
             self.desktop.run(["xsetroot", "-solid", "#6f8f86"])
             self.portal = self.desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "portal.py")],
                                              stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                              text=True)
             self.portal.stdout.readline()
+            self.panel = self.desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "panel.py")],
+                                            stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+                                            text=True)
             if self.options.accent:
                 self.order("accent " + self.options.accent.replace(",", " "))
             self.order("scheme 1")
             self.accessible = Accessible(self.desktop) if self.options.contrast else None
             self.history()
             self.preferences()
-            if self.options.test_build:
-                self.dialogs()
+            self.dialogs()
             self.app.quit()
             self.app.settings.unlink()
             self.welcome_and_tour()
@@ -81,7 +85,7 @@ class Screens:
     def start(self, welcomed, binary=None):
         self.app = Quillmarsh(self.desktop, binary or self.options.binary, {
             "QUILLMARSH_TEST_FEEDBACK_URL": "https://127.0.0.1:9/",
-            "LANGUAGE": self.language, "LC_ALL": "C.UTF-8", "QT_SCALE_FACTOR": str(self.scale),
+            "LANGUAGE": self.language, "LC_ALL": "C.UTF-8", "QT_SCALE_FACTOR": f"{self.scale:g}",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1" if self.options.contrast else "0",
         }, welcomed=welcomed)
 
@@ -120,29 +124,42 @@ class Screens:
             if scheme == "light":
                 self.order("scheme 2")
                 shown = self.settled(before=shown)
-            name = f"{view}-{scheme}-{self.scale}x-{self.language}"
+            name = f"{view}-{scheme}-{self.scale:g}x-{self.language}"
             path = os.path.join(self.options.folder, name + ".png")
-            self.desktop.run(["import", "-silent", "-window", window, path])
+            self.desktop.run(["convert", "ppm:-", "-crop", self.place(window), "+repage", path],
+                             input=shown)
             if self.accessible:
                 self.measure(name, Picture(shown))
         self.order("scheme 1")
         self.settled(before=shown)
 
+    def place(self, window):
+        told = self.desktop.run(["xdotool", "getwindowgeometry", "--shell", window],
+                                capture_output=True, text=True).stdout
+        place = dict(line.split("=") for line in told.split())
+        return f"{place['WIDTH']}x{place['HEIGHT']}+{place['X']}+{place['Y']}"
+
     def measure(self, name, picture):
         results, signs = [], []
         for node in self.accessible.find():
             text = node["name"] or node["text"]
-            if not text or not node["box"] or "enabled" not in node["states"]:
+            if not text or not node["box"] or "enabled" not in node["states"] or not node[
+                    "in active window"]:
+                continue
+            if "multi_line" in node["states"] and not node["text"]:
                 continue
             if node["role"] in ("frame", "filler", "panel", "table", "scroll pane", "window"):
                 continue
-            ratio = contrast_of_writing(picture, [side * self.scale for side in node["box"]])
+            ratio = contrast_of_writing(picture, [int(side * self.scale) for side in node["box"]])
             if ratio:
                 # The dots that stand for pages are signs, not writing.
                 is_sign = node["role"] == "check box" and "focusable" not in node["states"]
                 (signs if is_sign else results).append(
                     (round(ratio, 1), node["role"], text[:40].replace("\n", " ")))
         results.sort()
+        # With fewer pixels the strokes of small letters are all blends with the ground.
+        if self.scale == 1:
+            return
         print(f"{name}: {len(results)} texts, least {results[:2] if results else '-'}", flush=True)
         self.failures += [(name, *result) for result in results if result[0] < LEAST]
         self.failures += [(name, *sign) for sign in signs if sign[0] < LEAST_OF_SIGNS]
@@ -206,15 +223,28 @@ class Screens:
 
     def preferences(self):
         self.desktop.start([self.options.binary, "preferences"], quiet=True).wait(10)
-        self.active_window()
+        window = self.active_window()
         self.shoot("preferences-general")
-        self.app.key("Tab")
-        self.app.key("super+w")
-        self.desktop.wait_for(lambda: self.desktop.run(
-            ["xdotool", "search", "--onlyvisible", "--pid", str(self.app.process.pid)],
-            capture_output=True).returncode != 0, "the preferences to close")
+        self.app.key("Left" if self.language == "ar" else "Right")
+        self.shoot("preferences-applications")
+        self.app.key("Tab", "Tab", "space")
+        self.desktop.wait_for(lambda: self.active_window() != window, "the list of applications")
+        self.shoot("preferences-chooser")
+        self.app.key("Escape")
+        self.desktop.wait_for(lambda: self.active_window() == window, "the preferences again")
+        self.hide()
 
     def dialogs(self):
+        for view, title in zip(("updates", "feedback"), MENU.get(self.language, ())):
+            self.panel.stdin.write(f"{self.app.process.pid}\t{title}\n")
+            self.panel.stdin.flush()
+            self.active_window()
+            self.shoot("dialog-" + view)
+            self.hide()
+        if self.options.test_build:
+            self.problem_report()
+
+    def problem_report(self):
         self.app.quit()
         self.start(welcomed=True, binary=self.options.test_build)
         self.app.process.send_signal(signal.SIGSEGV)
@@ -240,7 +270,7 @@ def main():
     options = parser.parse_args()
     os.makedirs(options.folder, exist_ok=True)
     failures = []
-    for scale in map(int, options.scales.split(",")):
+    for scale in map(float, options.scales.split(",")):
         for language in options.languages.split(","):
             failures += Screens(options, scale, language).walk()
     for failure in failures:
