@@ -134,10 +134,11 @@ class Screens:
         self.settled(before=shown)
 
     def place(self, window):
-        told = self.desktop.run(["xdotool", "getwindowgeometry", "--shell", window],
-                                capture_output=True, text=True).stdout
-        place = dict(line.split("=") for line in told.split())
-        return f"{place['WIDTH']}x{place['HEIGHT']}+{place['X']}+{place['Y']}"
+        told = self.desktop.run(["xwininfo", "-id", window], capture_output=True, text=True).stdout
+        place = dict(line.strip().split(":", 1) for line in told.splitlines() if ": " in line)
+        width, height, x, y = (int(place[name]) for name in (
+            "Width", "Height", "Absolute upper-left X", "Absolute upper-left Y"))
+        return f"{width}x{height}+{x}+{y}"
 
     def measure(self, name, picture):
         results, signs = [], []
