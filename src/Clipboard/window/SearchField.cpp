@@ -51,6 +51,10 @@ void SearchField::placeText()
         setTextMargins(end, 0, begin, 0);
     else
         setTextMargins(begin, 0, end, 0);
+    // Else an empty field would show its caret where the keyboard's language begins, away from the
+    // words that say what the field is for.
+    setAlignment(isRightToLeft() ? Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter
+                                 : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void SearchField::updateFont()
