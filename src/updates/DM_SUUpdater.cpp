@@ -153,7 +153,7 @@ void DM_SUUpdater::runFound()
 {
     const QString version = m_run->item().version;
     qCInfo(updatesLog).noquote() << "update found:" << version;
-    if (m_installation.nextVersion() == version) {
+    if (m_installation.startsAtLeast(version)) {
         // Installed by another process, or while nobody restarted this one; when to do so is the
         // user's choice.
         if (hasWindow())
@@ -211,10 +211,12 @@ void DM_SUUpdater::runInstalled()
 void DM_SUUpdater::relaunch()
 {
     const QString program = m_installation.lastingPath(m_delegate->pathToRelaunchForUpdater(*this));
-    if (Relauncher::startAfterExit(program))
+    if (Relauncher::startAfterExit(program)) {
         m_delegate->updaterWillRelaunchApplication(*this);
-    else
-        qCWarning(updatesLog).noquote() << "cannot relaunch" << program;
+        return;
+    }
+    qCWarning(updatesLog).noquote() << "cannot relaunch" << program;
+    m_delegate->updaterDidAbortWithError(*this, std::nullopt);
 }
 
 void DM_SUUpdater::abort(const std::optional<QString> &reason)
@@ -235,9 +237,12 @@ void DM_SUUpdater::abort(const std::optional<QString> &reason)
 
 void DM_SUUpdater::endRun()
 {
+    if (!m_run)
+        return;
+    // An answer of it may be on its way still, and the next run may begin before it is gone.
+    m_run->disconnect(this);
     // Later, because it may be the run that tells us.
-    if (m_run)
-        m_run.release()->deleteLater();
+    m_run.release()->deleteLater();
 }
 
 UpdateWindow &DM_SUUpdater::openWindow()

@@ -1,5 +1,7 @@
 #include "updates/Installation.h"
 
+#include "updates/UpdateVersion.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -112,6 +114,13 @@ std::optional<QString> Installation::nextVersion() const
     if (kind != Kind::Prefix)
         return std::nullopt;
     return QFileInfo(QFileInfo(path + QStringLiteral("/current")).canonicalFilePath()).fileName();
+}
+
+bool Installation::startsAtLeast(const QString &version) const
+{
+    const auto next = UpdateVersion::parse(nextVersion().value_or(QString()));
+    const auto asked = UpdateVersion::parse(version);
+    return next && asked && *next >= *asked;
 }
 
 QString Installation::lastingPath(const QString &programPath) const

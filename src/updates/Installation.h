@@ -40,6 +40,8 @@ public:
     /// The version that starts next; differs from the running one after an update. Nothing when it
     /// cannot be known without starting it.
     std::optional<QString> nextVersion() const;
+    /// Whether what starts next is `version` or a newer one, as far as that can be known.
+    bool startsAtLeast(const QString &version) const;
     /// Where a program of this installation is found whatever version is installed.
     QString lastingPath(const QString &programPath) const;
 

@@ -165,7 +165,8 @@ std::optional<QString> UpdateInstaller::installPrefix(QFile &download,
          QDir(versions).entryList({kStaging + u'*'}, QDir::Dirs | QDir::Hidden))
         removeFolder(versions + name);
     QFile::remove(link);
-    if (m_installation.nextVersion() == m_item.version)
+    // By another process, before we had the lock.
+    if (m_installation.startsAtLeast(m_item.version))
         return tr("This version is installed already. It starts the next time.");
     // Unpacked by a run that was killed before the switch, or gone back from: made anew.
     removeFolder(place);

@@ -6,6 +6,7 @@
 #include "updates/UpdateFeed.h"
 #include "updates/UpdateSchedule.h"
 #include "updates/UpdateVersion.h"
+#include "updates/UpdateWindow.h"
 
 #include <QAction>
 #include <QDir>
@@ -130,6 +131,10 @@ TEST(Installation, isReplacedOnlyWhereItIsOurs)
             << row.name;
         EXPECT_EQ(installation.obstacle().has_value(), installation.kindName().isEmpty())
             << row.name;
+        const bool isPrefix = row.kind == Installation::Kind::Prefix;
+        EXPECT_EQ(installation.startsAtLeast(text("0.9")), isPrefix) << row.name;
+        EXPECT_EQ(installation.startsAtLeast(text("1.0")), isPrefix) << row.name;
+        EXPECT_FALSE(installation.startsAtLeast(text("1.0.1"))) << row.name;
     }
 }
 
@@ -157,6 +162,51 @@ TEST(UpdateSchedule, isDueOnceADayAndOnlyWhenItWasSwitchedOn)
     EXPECT_LE(nextIn(true), 5 * 60);
     platform.clock.advance(-std::chrono::hours(500));
     EXPECT_LE(nextIn(true), 25 * 60) << "a clock that was set back";
+}
+
+/// Keeps how runs ended.
+class EndsOfRuns : public DM_SUUpdaterDelegate
+{
+public:
+    // ^DM_SUUpdaterDelegate
+    bool updaterShouldCheckForBetaUpdates(const DM_SUUpdater &) override { return false; }
+    bool isUpdaterInTestMode(const DM_SUUpdater &) override { return false; }
+    bool updaterShouldRelaunchApplication(const DM_SUUpdater &) override { return false; }
+    void updaterWillInstallUpdateOnQuit(const DM_SUUpdater &, const QString &,
+                                        std::function<void()>) override
+    {
+    }
+    QString pathToRelaunchForUpdater(const DM_SUUpdater &) override { return {}; }
+    bool updaterMayShowModalAlert(const DM_SUUpdater &) override { return true; }
+    void updaterDidAbortWithError(const DM_SUUpdater &,
+                                  const std::optional<UpdateError> &error) override
+    {
+        ends.append(error ? error->localizedDescription : text("cancelled"));
+    }
+    void updaterWillRelaunchApplication(const DM_SUUpdater &) override {}
+
+    QStringList ends;
+};
+
+TEST(DM_SUUpdater, aRunThatWasCancelledSaysNothingMore)
+{
+    const QTemporaryDir folder;
+    const QString root = QFileInfo(folder.path()).canonicalFilePath();
+    const QString prefix = makePrefix(root + text("/versions/1.0"));
+    ASSERT_TRUE(QFile::link(text("versions/1.0"), root + text("/current")));
+    MemoryPlatform platform;
+    Info info;
+    info.feedUrl = text("http://example.org/feed.xml"); // Refused, a moment later.
+    EndsOfRuns delegate;
+    const auto updater = DM_SUUpdater::updaterForBundle(prefix, platform.platform, info);
+    updater->setDelegate(&delegate);
+    updater->checkForUpdates();
+    updater->window()->reject();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(delegate.ends, QStringList(text("cancelled")));
+    updater->checkForUpdates();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(delegate.ends.mid(1), QStringList(text("The address is not a secure one (https).")));
 }
 
 class DMHelperAppDelegateTest : public testing::Test
