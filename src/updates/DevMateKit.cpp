@@ -7,6 +7,8 @@
 #include "updates/FeedbackMessage.h"
 #include "updates/IssueReportDialog.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QShortcut>
 
 #include <utility>
@@ -74,6 +76,7 @@ void DevMateKit::offerWhatIsLeft()
         m_issueDialog =
             std::make_unique<IssueReportDialog>(m_info, *m_platform.workspace, m_folder, m_reports);
         addQuitShortcut(*m_issueDialog);
+        qApp->installEventFilter(this);
         m_issueDialog->show();
     }
     if (FeedbackDialog::isRefusedTextIn(m_folder) && !feedbackDialog().isVisible()) {
@@ -81,6 +84,14 @@ void DevMateKit::offerWhatIsLeft()
         feedbackDialog().setAttribute(Qt::WA_ShowWithoutActivating);
         feedbackDialog().show();
     }
+}
+
+bool DevMateKit::eventFilter(QObject *watched, QEvent *event)
+{
+    // The application's end closes every window, and closing this one would be an answer.
+    if (watched == qApp && event->type() == QEvent::Quit)
+        m_issueDialog->hide();
+    return QObject::eventFilter(watched, event);
 }
 
 void DevMateKit::addQuitShortcut(QDialog &dialog)

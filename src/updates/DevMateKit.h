@@ -45,6 +45,9 @@ public:
     /// Opens the feedback dialog, or brings it to the front.
     void showFeedbackDialog(FeedbackMode mode);
 
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     /// The user asked one of these windows to end the application.
     void quitRequested();

@@ -195,13 +195,22 @@ TEST_F(DevMateKitTest, badInputIsNotSentAndSaysWhy)
     EXPECT_EQ(mailed(), QStringList());
 }
 
-TEST_F(DevMateKitTest, aReportOfACrashGoesByMailToo)
+TEST_F(DevMateKitTest, aReportOfACrashWaitsForAnAnswerAndGoesByMailToo)
 {
     ASSERT_TRUE(QDir().mkpath(folder() + QStringLiteral("/crashes")));
     QFile report(folder() + QStringLiteral("/crashes/crash-1700000000-1.txt"));
     ASSERT_TRUE(report.open(QIODevice::WriteOnly));
     report.write("Quillmarsh 7.7\nSIGSEGV\n");
     report.close();
+    m_kit->setupIssuesController(DevMateKit::UnhandledIssues::Left);
+    QCoreApplication::processEvents();
+    ASSERT_NE(window(QStringLiteral("Problem Report")), nullptr);
+    // The application ends before the user says anything.
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QApplication::exec();
+    EXPECT_TRUE(report.exists());
+
+    restart();
     m_kit->setupIssuesController(DevMateKit::UnhandledIssues::Left);
     QCoreApplication::processEvents();
     QWidget *question = window(QStringLiteral("Problem Report"));
