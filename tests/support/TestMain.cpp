@@ -58,14 +58,6 @@ class WarningListener : public testing::EmptyTestEventListener
 
 } // namespace
 
-/// What the leak sanitizer need not report; nobody calls it in other builds.
-extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions()
-{
-    // QtPdf 6.4 forgets what it had begun to read of a document that turns out to be broken.
-    return "leak:QPdfDocumentPrivate::initiateAsyncLoadWithTotalSizeKnown\n"
-           "leak:QPdfDocumentPrivate::tryLoadDocument\n";
-}
-
 void ExpectedWarnings::expect(const QString &text)
 {
     const QMutexLocker lock(&g_mutex);
