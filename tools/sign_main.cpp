@@ -108,10 +108,14 @@ int sign(const QByteArray &secret, const QString &path, UpdateItem item)
     return EXIT_SUCCESS;
 }
 
-QString textOf(const QString &path)
+/// Empty without a path; nothing when there is no such file.
+std::optional<QString> textOf(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    if (path.isEmpty())
+        return QString();
+    return file.open(QIODevice::ReadOnly) ? std::optional(QString::fromUtf8(file.readAll()))
+                                          : std::nullopt;
 }
 
 } // namespace
@@ -158,6 +162,13 @@ int main(int argc, char **argv)
     item.kind = parser.value(QStringLiteral("kind"));
     item.machine = parser.value(QStringLiteral("machine"));
     item.url = QUrl(parser.value(QStringLiteral("url")), QUrl::StrictMode);
-    item.notes = textOf(parser.value(QStringLiteral("notes"))).trimmed();
+    // An updater passes over what it does not know, so nobody else would notice.
+    if (item.kind != u"prefix" && item.kind != u"appimage")
+        return refuse(QStringLiteral("there is no kind \"%1\"").arg(item.kind));
+    const auto notes = textOf(parser.value(QStringLiteral("notes")));
+    if (!notes)
+        return refuse(
+            QStringLiteral("%1 cannot be read").arg(parser.value(QStringLiteral("notes"))));
+    item.notes = notes->trimmed();
     return sign(*secret, words[2], item);
 }
