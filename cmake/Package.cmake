@@ -30,7 +30,7 @@ password manager marks as secret are not recorded.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-  "default-dbus-session-bus | dbus-session-bus, qt6-image-formats-plugins, qt6-translations-l10n")
+  "default-dbus-session-bus | dbus-session-bus, qt6-image-formats-plugins, qt6-translations-l10n, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS
   "notification-daemon, qt6-gtk-platformtheme, qt6-xdgdesktopportal-platformtheme, xwayland")
 include(CPack)
