@@ -265,6 +265,13 @@
     </message>
 </context>
 <context>
+    <name>ClipRowDelegate</name>
+    <message>
+        <source>(blank)</source>
+        <translation>(فراغ)</translation>
+    </message>
+</context>
+<context>
     <name>ClipTableModel</name>
     <message>
         <source>%1 of %2</source>
@@ -649,6 +656,18 @@ file: lists copied files.</source>
 </context>
 <context>
     <name>GlobalShortcuts</name>
+    <message>
+        <source>Cut</source>
+        <translation>قص</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>لصق</translation>
+    </message>
     <message>
         <source>Super</source>
         <translation>Super</translation>

@@ -241,6 +241,13 @@
     </message>
 </context>
 <context>
+    <name>ClipRowDelegate</name>
+    <message>
+        <source>(blank)</source>
+        <translation>(leer)</translation>
+    </message>
+</context>
+<context>
     <name>ClipTableModel</name>
     <message>
         <source>%1 of %2</source>
@@ -617,6 +624,18 @@ file: zeigt kopierte Dateien.</translation>
 </context>
 <context>
     <name>GlobalShortcuts</name>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
     <message>
         <source>Super</source>
         <translation>Super</translation>

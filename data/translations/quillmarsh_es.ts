@@ -241,6 +241,13 @@
     </message>
 </context>
 <context>
+    <name>ClipRowDelegate</name>
+    <message>
+        <source>(blank)</source>
+        <translation>(en blanco)</translation>
+    </message>
+</context>
+<context>
     <name>ClipTableModel</name>
     <message>
         <source>%1 of %2</source>
@@ -617,6 +624,18 @@ file: muestra los archivos copiados.</translation>
 </context>
 <context>
     <name>GlobalShortcuts</name>
+    <message>
+        <source>Cut</source>
+        <translation>Cortar</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
     <message>
         <source>Super</source>
         <translation>Súper</translation>

@@ -235,6 +235,13 @@
     </message>
 </context>
 <context>
+    <name>ClipRowDelegate</name>
+    <message>
+        <source>(blank)</source>
+        <translation>（空白）</translation>
+    </message>
+</context>
+<context>
     <name>ClipTableModel</name>
     <message>
         <source>%1 of %2</source>
@@ -609,6 +616,18 @@ file: でコピーしたファイルだけを表示します。</translation>
 </context>
 <context>
     <name>GlobalShortcuts</name>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
     <message>
         <source>Super</source>
         <translation>Super</translation>

@@ -31,7 +31,15 @@ void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel(
     HotKeyCenter::connectShared(*platform.hotKeys);
     MASShortcutBinder::connectShared(*platform.settings);
     MASShortcutValidator::connectShared(platform.symbolicHotKeys.get(), platform.hotKeys.get());
-    MASShortcutValidator::sharedValidator().setMainMenu(statusMenu);
+    MASShortcutValidator::sharedValidator().setMainMenu([statusMenu] {
+        MenuModel items = statusMenu();
+        // What every application's own menu has. As a shortcut of ours one of these keys would take
+        // copying and pasting away from all of them, and would answer our own paste.
+        items.push_back({tr("Cut"), QStringLiteral("x"), ModifierFlags::kControl});
+        items.push_back({tr("Copy"), QStringLiteral("c"), ModifierFlags::kControl});
+        items.push_back({tr("Paste"), QStringLiteral("v"), ModifierFlags::kControl});
+        return items;
+    });
 }
 
 MASShortcut GlobalShortcuts::defaultOpenShortcut()
