@@ -2,6 +2,7 @@
 
 #include "Clipboard/window/Looks.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
@@ -54,7 +55,7 @@ QString ClipRowDelegate::recognisableText(const QString &displayText)
         shown.chop(1);
     // A line separator, a tabulator or a control character would break or distort the one line.
     std::replace_if(shown.begin(), shown.end(), isBlank, QChar(u' '));
-    return shown;
+    return shown.isEmpty() ? QCoreApplication::translate("ClipRowDelegate", "(blank)") : shown;
 }
 
 void ClipRowDelegate::paint(QPainter &painter, const Row &row)

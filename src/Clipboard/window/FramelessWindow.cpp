@@ -172,8 +172,11 @@ void FramelessWindow::updateMask()
 
 void FramelessWindow::paintEvent(QPaintEvent *)
 {
-    if (!m_hasShadow)
+    if (!m_hasShadow) {
+        // The content's smooth corners blend with this, else with the black of an empty window.
+        QPainter(this).fillRect(rect(), palette().window());
         return;
+    }
     const qreal scale = devicePixelRatioF();
     if (m_shadow.isNull() || !qFuzzyCompare(m_shadow.devicePixelRatio(), scale))
         m_shadow = makeShadow(scale);
