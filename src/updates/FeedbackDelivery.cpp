@@ -1,6 +1,7 @@
 #include "updates/FeedbackDelivery.h"
 
 #include "platform/Info.h"
+#include "platform/ReadingDirection.h"
 #include "updates/FeedbackMessage.h"
 #include "updates/HttpsExchange.h"
 #include "updates/UpdatesLog.h"
@@ -12,7 +13,8 @@ namespace {
 QString inHome(const QString &path)
 {
     const QString home = QDir::homePath() + u'/';
-    return path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path;
+    return ReadingDirection::leftToRight(
+        path.startsWith(home) ? QStringLiteral("~/") + path.mid(home.size()) : path);
 }
 
 } // namespace

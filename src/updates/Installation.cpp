@@ -1,5 +1,6 @@
 #include "updates/Installation.h"
 
+#include "platform/ReadingDirection.h"
 #include "updates/UpdateVersion.h"
 
 #include <QDir>
@@ -98,7 +99,7 @@ std::optional<QString> Installation::obstacle() const
         QFileInfo(folder).isWritable() &&
         (kind == Kind::AppImage || QFileInfo(path + u'/' + kVersions).isWritable());
     if (!isWritable)
-        return tr("The folder %1 cannot be written to.").arg(QDir::toNativeSeparators(folder));
+        return tr("The folder %1 cannot be written to.").arg(ReadingDirection::leftToRight(folder));
     return std::nullopt;
 }
 
