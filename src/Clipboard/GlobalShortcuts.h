@@ -17,8 +17,8 @@ class SettingsStore;
 namespace GlobalShortcuts {
 
 /// Gives the process-wide shortcut objects their platform. Once, before any of them is used.
-/// `statusMenu` tells the menu whose entries a new shortcut must not clash with; copying, cutting and
-/// pasting are taken besides.
+/// `statusMenu` tells the menu whose entries a new shortcut must not clash with; copying, cutting
+/// and pasting are taken besides.
 void connect(Platform &platform, const std::function<MenuModel()> &statusMenu);
 
 /// A shortcut in words, as the keys of a Linux keyboard are called: "Super + Shift + V".

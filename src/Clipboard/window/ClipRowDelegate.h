@@ -35,8 +35,8 @@ public:
 
     void paint(QPainter &painter, const Row &row);
 
-    /// What a row shows of a display text: its beginning without leading blanks, on one line; a word
-    /// in brackets when there is nothing but blanks.
+    /// What a row shows of a display text: its beginning without leading blanks, on one line; a
+    /// word in brackets when there is nothing but blanks.
     static QString recognisableText(const QString &displayText);
 
 private:
