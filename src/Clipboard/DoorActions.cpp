@@ -2,6 +2,7 @@
 
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/window/ViewController.h"
+#include "platform/FrontApplication.h"
 #include "platform/InstanceDoor.h"
 #include "platform/KeySender.h"
 
@@ -17,8 +18,17 @@ constexpr int kHeldKeyLooks = 200;
 
 DoorActions::DoorActions(AppDelegate &appDelegate, InstanceDoor &door) : m_appDelegate(appDelegate)
 {
-    connect(&door, &InstanceDoor::activated, &appDelegate, &AppDelegate::launch);
-    connect(&door, &InstanceDoor::actionRequested, this, &DoorActions::perform);
+    FrontApplication &front = *appDelegate.platform().frontApplication;
+    front.endStartup(door.activationToken());
+    connect(&door, &InstanceDoor::activated, this, [this, &front](const QString &token) {
+        front.endStartup(token);
+        m_appDelegate.launch();
+    });
+    connect(&door, &InstanceDoor::actionRequested, this,
+            [this, &front](const QString &action, const QString &token) {
+                front.endStartup(token);
+                perform(action);
+            });
     m_heldKeyTimer.setInterval(kHeldKeyInterval);
     connect(&m_heldKeyTimer, &QTimer::timeout, this, &DoorActions::swopWhenKeysAreUp);
 }

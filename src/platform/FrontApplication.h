@@ -40,4 +40,8 @@ public:
     /// Whether `window`, one of our own, is the one in front. It stays so while some program holds
     /// the keyboard for a hot key or a menu, although no key reaches the window then.
     virtual bool isInFront(const QWindow &window) const = 0;
+
+    /// Ends the sign that something is starting (a busy pointer), which the desktop shows for
+    /// whoever was given `activationToken`. Nothing for an empty one.
+    virtual void endStartup(const QString &activationToken) = 0;
 };

@@ -24,6 +24,9 @@ public:
     /// actionRequested; the first instance is left to perform its own.
     virtual Entry enter(const QString &action) = 0;
 
+    /// What the desktop gave this process at its start; empty when it gave nothing.
+    virtual QString activationToken() const = 0;
+
     /// From now on calls from outside are delivered; those that came earlier follow first.
     virtual void open() = 0;
 

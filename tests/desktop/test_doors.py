@@ -8,6 +8,7 @@ import unittest
 
 import dbus
 import dbus.bus
+from Xlib import X, display
 from journey import BINARY, BUNDLE, Desktop, HeldKeys, Journey, Quillmarsh
 
 OBJECT = "/org/quillmarsh/Quillmarsh"
@@ -144,6 +145,28 @@ class Doors(Journey):
                 self.app = Quillmarsh(self.desktop, BINARY)
                 self.say("launch")
                 self.app.window()
+
+    def test_whoever_shows_that_a_start_is_under_way_hears_of_its_end(self):
+        screen = display.Display(self.desktop.environment["DISPLAY"])
+        screen.screen().root.change_attributes(event_mask=X.PropertyChangeMask)
+        screen.sync()
+        self.app = Quillmarsh(self.desktop, BINARY, {"DESKTOP_STARTUP_ID": "quiet_TIME1"})
+        self.word("preferences", env=dict(self.desktop.environment,
+                                          DESKTOP_STARTUP_ID='a "further" start_TIME2'))
+        self.call("launch")
+        begin = screen.intern_atom("_NET_STARTUP_INFO_BEGIN")
+        told = []
+
+        def ended():
+            while screen.pending_events():
+                event = screen.next_event()
+                if event.type == X.ClientMessage:
+                    told.extend([b""] if event.client_type == begin else [])
+                    told[-1] += bytes(event.data[1])
+            return {text.partition(b"\0")[0].decode() for text in told}
+        wanted = {'remove: ID="quiet_TIME1"', 'remove: ID="a \\"further\\" start_TIME2"',
+                  'remove: ID="a_TIME1"'}
+        self.wait_for(lambda: wanted <= ended(), "the end of all three starts")
 
     def test_the_bus_starts_the_program_for_whom_activates_it(self):
         services = os.path.join(self.desktop.environment["XDG_DATA_HOME"], "dbus-1/services")

@@ -90,7 +90,8 @@ DBusInstanceDoor::~DBusInstanceDoor()
 
 InstanceDoor::Entry DBusInstanceDoor::enter(const QString &action)
 {
-    const DoorMessage message{action, ownActivationToken()};
+    m_activationToken = ownActivationToken();
+    const DoorMessage message{action, m_activationToken};
     const Entry entry = enterBySocket(message);
     if (entry != Entry::First)
         return entry;
@@ -121,10 +122,8 @@ InstanceDoor::Entry DBusInstanceDoor::enterBySocket(const DoorMessage &message)
 InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
 {
     QDBusConnection bus = findSessionBus();
-    if (!bus.isConnected()) {
-        qCInfo(lcDoor, "no session bus: only starting quillmarsh again reaches this instance");
+    if (!bus.isConnected())
         return Entry::First;
-    }
     const auto deadline = Clock::now() + kAnswerLimit;
     for (;;) {
         if (ownsNameOn(bus))
@@ -164,6 +163,8 @@ bool DBusInstanceDoor::ownsNameOn(QDBusConnection &bus)
 void DBusInstanceDoor::open()
 {
     m_isOpen = true;
+    if (!QDBusConnection::sessionBus().isConnected())
+        qCInfo(lcDoor, "no session bus: only starting quillmarsh again reaches this instance");
     for (const DoorMessage &message : std::exchange(m_waiting, {}))
         deliver(message);
     if (m_socket.descriptor() < 0)

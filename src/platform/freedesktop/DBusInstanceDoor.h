@@ -22,6 +22,7 @@ public:
 
     // ^InstanceDoor
     Entry enter(const QString &action) override;
+    QString activationToken() const override { return m_activationToken; }
     void open() override;
 
 private:
@@ -35,6 +36,8 @@ private:
     bool receive(const DoorMessage &message);
     void deliver(const DoorMessage &message);
 
+    /// Read before an application object is made, which takes it out of the environment.
+    QString m_activationToken;
     InstanceSocket m_socket;
     bool m_ownsName = false;
     bool m_isOpen = false;

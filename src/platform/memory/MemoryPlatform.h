@@ -75,6 +75,7 @@ public:
     bool returnToTarget(std::chrono::milliseconds) override { return m_returns; }
     void activate(QWindow *window) override;
     bool isInFront(const QWindow &) const override { return m_isInFront; }
+    void endStartup(const QString &) override {}
 
 private:
     QString m_name;

@@ -2,6 +2,7 @@
 
 #include "platform/HotKeys.h"
 #include "platform/x11/QtX11Connection.h"
+#include "platform/x11/StartupNotice.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -122,6 +123,12 @@ void X11FrontApplication::activate(QWindow *window)
 bool X11FrontApplication::isInFront(const QWindow &window) const
 {
     return window.handle() && m_active.current() == window.winId();
+}
+
+void X11FrontApplication::endStartup(const QString &activationToken)
+{
+    if (!activationToken.isEmpty())
+        sendStartupEnd(m_connection, m_timeWindow, activationToken.toUtf8());
 }
 
 bool X11FrontApplication::isOurs(xcb_window_t window) const

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) override;
     void activate(QWindow *window) override;
     bool isInFront(const QWindow &window) const override;
+    void endStartup(const QString &activationToken) override;
 
 private:
     enum class News { None, Other, TargetDestroyed };
