@@ -102,11 +102,18 @@ class TwoMonitors(Journey):
     starts_app = False
 
     def test_it_opens_on_the_monitor_under_the_pointer_one_third_from_the_top(self):
+        self.assert_places("1")
+
+    def test_it_does_so_on_monitors_of_different_scale(self):
+        self.assert_places("2")
+
+    def assert_places(self, scale_of_right):
         for name, geometry in (("left", "800/300x900/300+0+0"), ("right", "800/300x900/300+800+0")):
             self.desktop.run(["xrandr", "--setmonitor", name, geometry,
                               "screen" if name == "left" else "none"])
-        self.app = Quillmarsh(self.desktop, BINARY)
-        for pointer, left in ((300, 0), (1300, 800)):
+        self.app = Quillmarsh(self.desktop, BINARY, {
+            "QT_SCREEN_SCALE_FACTORS": f"left=1;right={scale_of_right}"})
+        for pointer, left in ((300, 0), (1300, 800), (300, 0)):
             with self.subTest(pointer=pointer):
                 self.desktop.run(["xdotool", "mousemove", str(pointer), "450"])
                 window = self.app.open_history()
