@@ -856,7 +856,7 @@ file: lists copied files.</source>
         <source>This combination cannot be used because it is already used by a system-wide keyboard shortcut.
 If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.</source>
         <translation>لا يمكن استخدام هذه التركيبة لأنها مستخدمة بالفعل في اختصار لوحة مفاتيح على مستوى النظام.
-إذا أردت حقًا استخدام هذه التركيبة، فيمكن تغيير معظم الاختصارات في لوحة المفاتيح &amp; الفأرة ضمن تفضيلات النظام.</translation>
+إذا أردت حقًا استخدام هذه التركيبة، فيمكن تغيير معظم الاختصارات في لوحة المفاتيح والفأرة ضمن تفضيلات النظام.</translation>
     </message>
     <message>
         <source>This shortcut cannot be used because it is already used by the menu item ‘%1’.</source>

@@ -820,7 +820,7 @@ file: muestra los archivos copiados.</translation>
         <source>This combination cannot be used because it is already used by a system-wide keyboard shortcut.
 If you really want to use this key combination, most shortcuts can be changed in the Keyboard &amp; Mouse panel in System Preferences.</source>
         <translation>Esta combinación no se puede usar porque ya es un atajo de teclado del sistema.
-Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el apartado Teclado &amp; ratón de las preferencias del sistema.</translation>
+Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el apartado Teclado y ratón de las preferencias del sistema.</translation>
     </message>
     <message>
         <source>This shortcut cannot be used because it is already used by the menu item ‘%1’.</source>
@@ -1363,7 +1363,7 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     </message>
     <message>
         <source>typing narrows it: part of a word is enough</source>
-        <translation>escribir la acota: basta parte de una palabra</translation>
+        <translation>escribir lo acota: basta parte de una palabra</translation>
     </message>
     <message>
         <source>choose a clip</source>
@@ -1436,7 +1436,7 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <name>WelcomeWindow</name>
     <message>
         <source>Welcome to Quillmarsh</source>
-        <translation>Bienvenida a Quillmarsh</translation>
+        <translation>Le damos la bienvenida a Quillmarsh</translation>
     </message>
 </context>
 <context>
