@@ -1,8 +1,9 @@
 """The history window: finding, choosing, deleting, and where it opens."""
 
+import subprocess
 import unittest
 
-from journey import BINARY, Journey, Quillmarsh, copy
+from journey import BINARY, SUPPORT, Journey, Quillmarsh, copy
 
 
 class HistoryJourney(Journey):
@@ -125,6 +126,31 @@ class TwoMonitors(Journey):
                 self.assertAlmostEqual(y, (900 - height) / 3, delta=1)
                 self.app.key("Escape")
                 self.app.wait_until_hidden()
+
+
+class Looks(Journey):
+    starts_app = False
+
+    def colors_of(self, window):
+        told = self.desktop.run(["convert", "x:" + window, "-depth", "8", "-unique-colors", "txt:-"],
+                                capture_output=True, text=True).stdout
+        return {pixel.split()[2] for pixel in told.splitlines()[1:]}
+
+    def test_the_open_window_follows_the_desktops_scheme_and_accent(self):
+        portal = self.desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "portal.py")],
+                                    stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        portal.stdout.readline()
+        print("scheme 1", file=portal.stdin, flush=True)
+        self.app = Quillmarsh(self.desktop, BINARY)
+        self.copy("x")
+        window = self.app.open_history()
+        rows = [("scheme 1", {"#1E1F22", "#2A6FCF"}), ("scheme 2", {"#FFFFFF", "#0069D8"}),
+                ("accent 0.5 0 0.6", {"#FFFFFF", "#800099"}), ("scheme 1", {"#1E1F22", "#800099"}),
+                ("accent -1 -1 -1", {"#1E1F22", "#2A6FCF"}), ("scheme 0", {"#FFFFFF", "#0069D8"})]
+        for order, colors in rows:
+            with self.subTest(order):
+                print(order, file=portal.stdin, flush=True)
+                self.wait_for(lambda: colors <= self.colors_of(window), f"the colours {colors}")
 
 
 if __name__ == "__main__":
