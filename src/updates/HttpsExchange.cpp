@@ -138,6 +138,9 @@ void HttpsExchange::start(const QNetworkProxy &proxy)
     m_request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     m_request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
                            QNetworkRequest::AlwaysNetwork);
+    for (const auto cookies :
+         {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute})
+        m_request.setAttribute(cookies, QNetworkRequest::Manual);
     m_manager = new QNetworkAccessManager(this);
     m_manager->setProxy(proxy);
     m_reply = m_isPost ? m_manager->post(m_request, m_body) : m_manager->get(m_request);
