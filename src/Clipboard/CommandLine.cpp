@@ -14,6 +14,9 @@ constexpr Word kActions[] = {
     {u"launch", u"open the history; the next clip when it is open"},
     {u"swop", u"exchange the selection with a clip"},
     {u"preferences", u"open the preferences"},
+    {u"check-for-updates", u"look for a newer version"},
+    {u"feedback", u"write to those who make it"},
+    {u"help", u"open the help page"},
     {u"clear-all", u"delete every clip, whether Quillmarsh runs or not"},
     {u"quit", u"end the running Quillmarsh, if there is one"},
 };
@@ -26,9 +29,9 @@ QString help()
                                   "it. Without a command the history of the\nrunning one opens, "
                                   "or one starts and waits for its shortcut.\n\n");
     for (const Word &action : kActions)
-        text += QStringLiteral("  %1%2\n").arg(QStringView(action.word), -14).arg(action.effect);
-    return text + QStringLiteral("  --help        show this\n"
-                                 "  --version     show the version\n");
+        text += QStringLiteral("  %1%2\n").arg(QStringView(action.word), -19).arg(action.effect);
+    return text + QStringLiteral("  --help             show this\n"
+                                 "  --version          show the version\n");
 }
 
 bool isAction(const QString &word)

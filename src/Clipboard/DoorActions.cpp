@@ -41,6 +41,12 @@ void DoorActions::perform(const QString &action)
         swopWhenKeysAreUp();
     else if (action == u"preferences")
         m_appDelegate.openPreferences();
+    else if (action == u"check-for-updates")
+        m_appDelegate.checkForUpdates();
+    else if (action == u"feedback")
+        m_appDelegate.showFeedbackDialog();
+    else if (action == u"help")
+        m_appDelegate.help();
     else if (action == u"clear-all")
         clearAll();
     else if (action == u"quit")

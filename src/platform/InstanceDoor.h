@@ -32,6 +32,7 @@ public:
 
 Q_SIGNALS:
     void activated(const QString &activationToken);
-    /// One of "launch", "swop", "preferences", "clear-all", "quit".
+    /// One of "launch", "swop", "preferences", "check-for-updates", "feedback", "help",
+    /// "clear-all", "quit".
     void actionRequested(const QString &action, const QString &activationToken);
 };

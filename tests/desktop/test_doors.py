@@ -54,8 +54,10 @@ class Doors(Journey):
         action("clear-all")
         self.app.wait_until_hidden()
         self.wait_for(lambda: self.app.clips() == [], "an empty history")
-        action("preferences")
-        self.app.window("Preferences")
+        for word, window in (("preferences", "Preferences"), ("feedback", "Send Feedback"),
+                             ("check-for-updates", "Software Update")):
+            action(word)
+            self.app.window(window)
         action("quit")
         self.assertEqual(self.app.process.wait(10), 0)
         self.assertIn("Exit", self.app.log)

@@ -31,6 +31,9 @@ bool isKnown(const QString &action)
         QStringLiteral("launch"),
         QStringLiteral("swop"),
         QStringLiteral("preferences"),
+        QStringLiteral("check-for-updates"),
+        QStringLiteral("feedback"),
+        QStringLiteral("help"),
         QStringLiteral("clear-all"),
         QStringLiteral("quit"),
     };

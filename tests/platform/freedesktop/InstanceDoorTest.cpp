@@ -167,7 +167,8 @@ TEST_F(InstanceDoorOnBus, otherProgramsReachEveryAction)
     door.open();
     EXPECT_TRUE(isAnswered(call("Open", {QStringList{QStringLiteral("file:///x")}, startupId})));
     QStringList expected{QStringLiteral("activate t"), QStringLiteral("activate s")};
-    for (const char *name : {"launch", "swop", "preferences", "clear-all", "quit"}) {
+    for (const char *name : {"launch", "swop", "preferences", "check-for-updates", "feedback",
+                             "help", "clear-all", "quit"}) {
         const QString action = QLatin1String(name);
         EXPECT_TRUE(isAnswered(call("ActivateAction", {action, QVariantList(), token})));
         expected << action + QStringLiteral(" t");
