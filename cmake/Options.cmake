@@ -7,6 +7,13 @@ option(QUILLMARSH_HEADER_CHECK "Compile every header alone" OFF)
 
 set(QUILLMARSH_BUNDLE_IDENTIFIER "org.quillmarsh.Quillmarsh")
 
+# What the program says it is, and what updates are compared with.
+option(QUILLMARSH_BETA "Build a beta of the version, which is older than the version itself" OFF)
+set(QUILLMARSH_VERSION ${PROJECT_VERSION})
+if(QUILLMARSH_BETA)
+  string(APPEND QUILLMARSH_VERSION b)
+endif()
+
 # Where updates come from; both or neither (docs/publishing.md).
 set(QUILLMARSH_FEED_URL "" CACHE STRING "HTTPS address of the update feed")
 set(QUILLMARSH_FEED_KEY "" CACHE STRING "Ed25519 public key of the update feed, base64")
