@@ -136,7 +136,7 @@ int main(int argc, char **argv)
          QStringLiteral("X.Y")},
         {QStringLiteral("kind"), QStringLiteral("prefix or appimage."), QStringLiteral("NAME"),
          QStringLiteral("prefix")},
-        {QStringLiteral("machine"), QStringLiteral("As uname -m says it; else this one's."),
+        {QStringLiteral("machine"), QStringLiteral("x86_64, arm64; else this one's."),
          QStringLiteral("NAME"), QSysInfo::currentCpuArchitecture()},
         {QStringLiteral("url"), QStringLiteral("Where FILE will be."), QStringLiteral("https://…")},
         {QStringLiteral("notes"), QStringLiteral("A text file."), QStringLiteral("FILE")},

@@ -57,7 +57,8 @@ bool DM_SUUpdater::isBundle(const QString &bundlePath)
 DM_SUUpdater::DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info, Owner owner)
     : m_platform(platform), m_info(std::move(info)),
       m_installation(Installation::of(Installation::Evidence::of(bundlePath))),
-      m_schedule(*platform.settings, *platform.clock, owner == Owner::MainBundle && !obstacle())
+      m_schedule(*platform.settings, *platform.clock, owner == Owner::MainBundle && !obstacle(),
+                 this)
 {
     connect(&m_schedule, &UpdateSchedule::due, this, [this] {
         if (!m_run)
@@ -93,11 +94,12 @@ void DM_SUUpdater::checkForUpdatesInBackground()
 void DM_SUUpdater::checkForUpdates()
 {
     if (m_run) {
-        // One that nobody saw goes on before the user's eyes.
-        if (!hasWindow())
-            openWindow().showChecking();
         m_manner = Manner::Interactive;
-        openWindow();
+        // One that nobody saw goes on before the user's eyes.
+        const bool isUnseen = !hasWindow();
+        UpdateWindow &window = openWindow();
+        if (isUnseen)
+            window.showChecking();
         return;
     }
     start(Manner::Interactive);
@@ -152,15 +154,16 @@ void DM_SUUpdater::start(Manner manner)
 void DM_SUUpdater::runFound()
 {
     const QString version = m_run->item().version;
-    qCInfo(updatesLog).noquote() << "update found:" << version;
     if (m_installation.startsAtLeast(version)) {
         // Installed by another process, or while nobody restarted this one; when to do so is the
         // user's choice.
+        qCInfo(updatesLog).noquote() << "installed already:" << version;
         if (hasWindow())
             m_window->showInstalled();
         abort(std::nullopt);
         return;
     }
+    qCInfo(updatesLog).noquote() << "update found:" << version;
     if (m_manner == Manner::Background) {
         m_run->download();
         return;
@@ -242,7 +245,8 @@ void DM_SUUpdater::endRun()
     // An answer of it may be on its way still, and the next run may begin before it is gone.
     m_run->disconnect(this);
     // Later, because it may be the run that tells us.
-    m_run.release()->deleteLater();
+    m_run->setParent(this);
+    m_run.release()->retire();
 }
 
 UpdateWindow &DM_SUUpdater::openWindow()
@@ -266,9 +270,14 @@ UpdateWindow &DM_SUUpdater::openWindow()
             m_window->close();
         });
     }
+    // One that comes by itself leaves the keyboard where the user types: the next Return would
+    // install.
+    const bool isAskedFor = m_manner == Manner::Interactive;
+    m_window->setAttribute(Qt::WA_ShowWithoutActivating, !isAskedFor);
     m_window->show();
     m_window->raise();
-    m_platform.frontApplication->activate(m_window->windowHandle());
+    if (isAskedFor)
+        m_platform.frontApplication->activate(m_window->windowHandle());
     return *m_window;
 }
 

@@ -58,6 +58,18 @@ Release readRelease(QXmlStreamReader &xml)
     return release;
 }
 
+/// Reads up to the first element, by which a document type would have come. It is refused because
+/// it brings entities: the reader bounds the length of each, but not how often they are used.
+bool beginsWithUpdates(QXmlStreamReader &xml)
+{
+    while (!xml.atEnd() && !xml.isStartElement()) {
+        xml.readNext();
+        if (xml.isDTD())
+            return false;
+    }
+    return xml.name() == u"updates";
+}
+
 QString refused(const QString &why)
 {
     return UpdateFeed::tr("The list of updates cannot be used.") + u' ' + why;
@@ -67,9 +79,8 @@ QString refused(const QString &why)
 
 std::variant<QList<UpdateItem>, QString> UpdateFeed::parse(const QByteArray &xml)
 {
-    // Entities of outside are never fetched, and those of inside are bounded by the reader.
     QXmlStreamReader reader(xml);
-    if (!reader.readNextStartElement() || reader.name() != u"updates")
+    if (!beginsWithUpdates(reader))
         return refused(tr("It is not a list of updates."));
     QList<UpdateItem> items;
     while (reader.readNextStartElement()) {

@@ -121,6 +121,10 @@ std::optional<QString> UpdateInstaller::installImage(QFile &download,
     enterStage("clean");
     QFile::remove(fresh);
     QFile::remove(kept);
+    // By another process, before we had the lock: it would be kept in the place of the former one.
+    QFile installed(image);
+    if (installed.open(QIODevice::ReadOnly) && !check(installed))
+        return tr("This version is installed already. It starts the next time.");
     enterStage("write");
     if (!copy(download, fresh, isCancelled)) {
         const QString problem = isCancelled ? tr("The update was cancelled.") : writeProblem();
@@ -136,9 +140,7 @@ std::optional<QString> UpdateInstaller::installImage(QFile &download,
     }
     written.close();
     enterStage("keep");
-    QFile installed(image);
-    const std::atomic<bool> isNeverCancelled = false;
-    if (!installed.open(QIODevice::ReadOnly) || !copy(installed, kept, isNeverCancelled) ||
+    if (!installed.isOpen() || !copy(installed, kept, isCancelled) ||
         !replace(kept, image + QStringLiteral(".previous"))) {
         const QString problem = writeProblem();
         QFile::remove(fresh);
@@ -177,6 +179,8 @@ std::optional<QString> UpdateInstaller::installPrefix(QFile &download,
     std::optional<QString> problem = ArchiveExtraction::extract(download, staging, isCancelled);
     if (!problem && !QFileInfo(staging + QStringLiteral("/bin/quillmarsh")).isExecutable())
         problem = tr("The update holds no program.");
+    if (!problem && isCancelled)
+        problem = tr("The update was cancelled.");
     if (problem) {
         removeFolder(staging);
         return problem;

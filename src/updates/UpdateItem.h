@@ -13,7 +13,7 @@ struct UpdateItem
     QString channel;       ///< "release", "beta" or "test".
     QString minimumSystem; ///< The least version of the C library; empty for any.
     QString kind;          ///< "appimage" or "prefix".
-    QString machine;       ///< As `uname -m` says it.
+    QString machine;       ///< As Qt names what a program is built for: "x86_64", "arm64".
     qint64 size = 0;       ///< Bytes.
     QByteArray signature;  ///< 64 bytes.
     QUrl url;

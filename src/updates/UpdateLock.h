@@ -12,8 +12,13 @@ public:
     UpdateLock(const UpdateLock &) = delete;
     UpdateLock &operator=(const UpdateLock &) = delete;
 
-    /// False when another holds it, or the file cannot be made.
-    [[nodiscard]] bool take(const QString &path);
+    enum class Outcome {
+        Taken,
+        Busy,       ///< Another holds it.
+        Impossible, ///< The file cannot be made or locked.
+    };
+
+    [[nodiscard]] Outcome take(const QString &path);
     void release();
 
 private:

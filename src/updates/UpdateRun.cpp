@@ -1,11 +1,13 @@
 #include "updates/UpdateRun.h"
 
+#include "platform/SignalStack.h"
 #include "updates/UpdateFeed.h"
 #include "updates/UpdateInstaller.h"
 #include "updates/UpdateSignature.h"
 #include "updates/UpdatesLog.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSysInfo>
 
 #include <gnu/libc-version.h>
@@ -42,6 +44,14 @@ UpdateRun::~UpdateRun()
         m_thread->wait();
 }
 
+void UpdateRun::retire()
+{
+    m_isCancelled = true;
+    // A disk that is slow to take a file must not keep the main thread.
+    if (!m_isInstalling)
+        deleteLater();
+}
+
 void UpdateRun::check()
 {
     qCInfo(updatesLog, "update stage: check");
@@ -59,7 +69,7 @@ void UpdateRun::readFeed(const QByteArray &xml)
     wanted.installedVersion = m_setup.info.bundleVersion.value_or(QString());
     wanted.system = QString::fromLatin1(gnu_get_libc_version());
     wanted.kind = m_setup.installation.kindName();
-    wanted.machine = QSysInfo::currentCpuArchitecture();
+    wanted.machine = QSysInfo::buildCpuArchitecture();
     wanted.withBeta = m_setup.withBeta;
     wanted.withTest = m_setup.withTest;
     const UpdateItem *newest = UpdateFeed::newest(std::get<QList<UpdateItem>>(parsed), wanted);
@@ -74,8 +84,12 @@ void UpdateRun::readFeed(const QByteArray &xml)
 void UpdateRun::download()
 {
     qCInfo(updatesLog, "update stage: download");
-    if (!m_lock.take(m_setup.installation.lockPath())) {
-        Q_EMIT failed(tr("Another update of Quillmarsh is under way."));
+    const QString lock = m_setup.installation.lockPath();
+    if (const auto outcome = m_lock.take(lock); outcome != UpdateLock::Outcome::Taken) {
+        Q_EMIT failed(outcome == UpdateLock::Outcome::Busy
+                          ? tr("Another update of Quillmarsh is under way.")
+                          : Installation::tr("The folder %1 cannot be written to.")
+                                .arg(QFileInfo(lock).path()));
         return;
     }
     m_download = std::make_unique<UpdateDownload>(m_item, m_setup.downloadFolder,
@@ -92,7 +106,9 @@ void UpdateRun::install()
         Q_EMIT failed(tr("Signatures cannot be checked, so nothing is installed."));
         return;
     }
+    m_isInstalling = true;
     m_thread.reset(QThread::create([this, path = m_download->path()] {
+        const SignalStack signalStack;
         UpdateInstaller installer(m_setup.installation, m_item, m_publicKey);
         m_problem = installer.install(path, m_isCancelled);
     }));
@@ -105,7 +121,10 @@ void UpdateRun::installationEnded()
     // Good or bad, it is of no further use.
     QFile::remove(m_download->path());
     m_lock.release();
-    if (m_problem)
+    m_isInstalling = false;
+    if (m_isCancelled)
+        deleteLater();
+    else if (m_problem)
         Q_EMIT failed(*m_problem);
     else
         Q_EMIT installed();

@@ -17,7 +17,7 @@
 
 /// One run of an update, from the feed to the installation, without windows: each step is asked for
 /// and answers with one signal. Owned by the updater, which has at most one; main thread.
-/// Destroying it cancels what is under way.
+/// Destroying it cancels what is under way, and waits for an installation.
 class UpdateRun : public QObject
 {
     Q_OBJECT
@@ -34,6 +34,9 @@ public:
 
     explicit UpdateRun(Setup setup);
     ~UpdateRun() override;
+
+    /// Ends the run without a word, and deletes it once nothing of it is at work any more.
+    void retire();
 
     /// Reads the feed; answers with found(), foundNothing() or failed().
     void check();
@@ -68,6 +71,7 @@ private:
     UpdateLock m_lock;
     std::unique_ptr<UpdateDownload> m_download;
     std::atomic<bool> m_isCancelled = false;
+    bool m_isInstalling = false;
     /// Written by the thread, read once it has ended.
     std::optional<QString> m_problem;
     std::unique_ptr<QThread> m_thread;

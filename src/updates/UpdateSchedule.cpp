@@ -16,8 +16,9 @@ constexpr qint64 kSoonestMs = 5LL * 60 * 1000;
 
 } // namespace
 
-UpdateSchedule::UpdateSchedule(SettingsStore &settings, const Clock &clock, bool isPossible)
-    : m_settings(settings), m_clock(clock), m_isPossible(isPossible)
+UpdateSchedule::UpdateSchedule(SettingsStore &settings, const Clock &clock, bool isPossible,
+                               QObject *parent)
+    : QObject(parent), m_settings(settings), m_clock(clock), m_isPossible(isPossible)
 {
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::VeryCoarseTimer);

@@ -19,7 +19,8 @@ public:
     inline static const QString kLastCheckKey = QStringLiteral("lastUpdateCheck");
 
     /// Where nothing can be looked for, `isPossible` is false and it is never due.
-    UpdateSchedule(SettingsStore &settings, const Clock &clock, bool isPossible);
+    UpdateSchedule(SettingsStore &settings, const Clock &clock, bool isPossible,
+                   QObject *parent = nullptr);
 
     bool isEnabled() const;
     void setEnabled(bool isEnabled);

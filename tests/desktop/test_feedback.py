@@ -8,7 +8,7 @@ import signal
 import unittest
 
 from journey import BUNDLE, Journey, Quillmarsh
-from tls_server import TlsServer, make_authority
+from tls_server import TlsServer, make_authority, reply
 
 UPDATABLE = os.environ.get("UPDATABLE", "build/dev/tests/desktop/quillmarsh_updatable")
 HEADERS = {"Host", "Connection", "Content-Type", "Content-Length", "User-Agent", "Accept-Encoding",
@@ -29,14 +29,17 @@ class Feedback(Journey):
         self.folder = pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], BUNDLE)
         self.draft = self.folder / "feedback-draft.json"
 
-    def answer(self, method, path, headers, body):
-        told = json.loads(body)
+    def answer(self, request):
+        headers = request.headers
+        told = json.loads(request.rfile.read(int(headers["Content-Length"])))
         if told != USAGE:
-            self.posts.append((method, path, set(headers), headers["User-Agent"], told))
-        return self.status, {"Location": "http://127.0.0.1/"} if self.status == 307 else {}, b""
+            self.posts.append(
+                (request.command, request.path, set(headers), headers["User-Agent"], told))
+        reply(request, self.status, **({"Location": "http://localhost/"} if self.status == 307
+                                       else {}))
 
     def start(self, **options):
-        environment = {"QUILLMARSH_TEST_FEEDBACK_URL": self.server.url + "/take",
+        environment = {"QUILLMARSH_TEST_FEEDBACK_URL": self.server.url("/take"),
                        "QUILLMARSH_TEST_AUTHORITIES": self.server.authority,
                        # A sanitizer would keep the crash for itself.
                        "ASAN_OPTIONS": "handle_segv=0",

@@ -15,16 +15,23 @@ def make_authority(folder, name="authority"):
     return base + ".pem"
 
 
+def reply(request, status, body=b"", **headers):
+    """A whole answer."""
+    request.send_response(status)
+    for name, value in {"Content_Length": str(len(body)), **headers}.items():
+        request.send_header(name.replace("_", "-"), value)
+    request.end_headers()
+    request.wfile.write(body)
+
+
 class TlsServer:
-    """Serves until close(). `answer(method, path, headers, body)` gives (status, headers, body) for
-    each request, on the server's threads."""
+    """Serves until close(). `answer` is given each request, as http.server's handler, on the
+    server's threads."""
 
     def __init__(self, folder, answer):
-        self.answer = answer
         self.authority = make_authority(folder)
         context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
         context.load_cert_chain(*self._certificate(folder))
-        outer = self
 
         class Handler(http.server.BaseHTTPRequestHandler):
             protocol_version = "HTTP/1.1"
@@ -38,37 +45,34 @@ class TlsServer:
                 super().finish()
                 self.request.close()
 
-            def handle_any(self):
-                body = self.rfile.read(int(self.headers.get("Content-Length", 0)))
-                status, headers, answer = outer.answer(self.command, self.path, self.headers, body)
-                self.send_response(status)
-                for name, value in {"Content-Length": str(len(answer)), **headers}.items():
-                    self.send_header(name, value)
-                self.end_headers()
-                self.wfile.write(answer)
+            def do_GET(self):
+                answer(self)
 
-            do_GET = do_POST = handle_any
+            do_POST = do_GET
 
             def log_message(self, *_):
                 pass
 
         class Server(http.server.ThreadingHTTPServer):
+            daemon_threads = True
+
             def handle_error(self, *_):
                 pass  # A client that breaks off, or trusts another authority, is part of tests.
 
         self._server = Server(("127.0.0.1", 0), Handler)
-        self._thread = threading.Thread(target=self._server.serve_forever, args=(0.05,),
-                                        daemon=True)
-        self._thread.start()
-        self.url = f"https://127.0.0.1:{self._server.server_address[1]}"
+        self.port = self._server.server_address[1]
+        threading.Thread(target=self._server.serve_forever, args=(0.05,), daemon=True).start()
+
+    def url(self, path, scheme="https"):
+        return f"{scheme}://localhost:{self.port}{path}"
 
     def _certificate(self, folder):
         base = os.path.join(folder, "server")
         issuer = self.authority.removesuffix(".pem")
         with open(base + ".ext", "w", encoding="utf-8") as extensions:
-            extensions.write("subjectAltName=IP:127.0.0.1\n")
+            extensions.write("subjectAltName=DNS:localhost\n")
         _openssl("req", *_NEW_KEY, "-keyout", base + ".key", "-out", base + ".csr",
-                 "-subj", "/CN=127.0.0.1")
+                 "-subj", "/CN=localhost")
         _openssl("x509", "-req", "-in", base + ".csr", "-CA", issuer + ".pem", "-CAkey",
                  issuer + ".key", "-CAcreateserial", "-days", "2", "-extfile", base + ".ext",
                  "-out", base + ".pem")

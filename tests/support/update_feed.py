@@ -1,18 +1,18 @@
-"""What an update needs around it: keys, an authority of its own with a TLS server on the loopback,
-prefixes with a program in them, and files signed for a feed."""
+"""What an update needs around it: keys, a server of the feed, prefixes with a program in them, and
+files signed for a feed."""
 
 import base64
-import http.server
 import io
 import os
 import pathlib
 import shutil
 import socket
-import ssl
 import subprocess
 import tarfile
 import tempfile
 import threading
+
+from tls_server import TlsServer, reply
 
 SIGNER = os.environ.get("SIGNER", "build/dev/tools/quillmarsh-sign")
 UPDATABLE = os.environ.get("UPDATABLE", "build/dev/tests/desktop/quillmarsh_updatable")
@@ -32,34 +32,14 @@ def stripped(program):
     return _stripped[program][1]
 
 
-def openssl(*arguments):
-    subprocess.run(["openssl", *arguments], check=True, capture_output=True)
-
-
 class Publisher:
-    """A key pair and an authority under `folder`, and what is made with them."""
+    """A key pair under `folder`, and what is signed with it."""
 
     def __init__(self, folder):
         self.folder = pathlib.Path(folder)
         self.folder.mkdir()
         self.secret = self.folder / "secret"
         self.public = self.sign_tool("make-key", self.secret).strip()
-        self.authority = self.folder / "authority.pem"
-        openssl("req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256", "-nodes",
-                "-days", "2", "-subj", "/CN=Test authority", "-keyout", f"{folder}/authority.key",
-                "-out", str(self.authority))
-        self.certificate = self._certificate()
-
-    def _certificate(self):
-        base = self.folder / "server"
-        extensions = self.folder / "extensions"
-        extensions.write_text("subjectAltName=DNS:localhost,IP:127.0.0.1\n")
-        openssl("req", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256", "-nodes", "-subj",
-                "/CN=localhost", "-keyout", f"{base}.key", "-out", f"{base}.csr")
-        openssl("x509", "-req", "-in", f"{base}.csr", "-days", "2", "-CA", str(self.authority),
-                "-CAkey", f"{self.folder}/authority.key", "-CAcreateserial", "-extfile",
-                str(extensions), "-out", f"{base}.pem")
-        return f"{base}.pem", f"{base}.key"
 
     @staticmethod
     def sign_tool(*arguments):
@@ -103,60 +83,29 @@ def archive(path, prefix=None, version=None, extra=()):
     return path
 
 
-class Server:
-    """Serves `answers`, by path: bytes, or a function that is given the request's handler. What was
-    asked for is in `asked`, with the Range header."""
+class FeedServer(TlsServer):
+    """Serves `answers`, by path: bytes, or a function that is given the request. What was asked for
+    is in `asked`, with the Range header."""
 
-    def __init__(self, certificate):
+    def __init__(self, folder):
         self.answers = {}
         self.asked = []
-        server = self
+        super().__init__(folder, self._answer)
 
-        class Handler(http.server.BaseHTTPRequestHandler):
-            protocol_version = "HTTP/1.1"
-
-            def do_GET(self):
-                wanted = self.headers.get("Range")
-                server.asked.append((self.path, wanted))
-                answer = server.answers.get(self.path)
-                try:
-                    if callable(answer):
-                        answer(self)
-                    elif answer is None:
-                        self.send_error(404)
-                    else:
-                        self.send_bytes(answer, wanted)
-                except OSError:
-                    self.close_connection = True
-
-            def send_bytes(self, content, wanted=None):
-                start = int(wanted[6:].split("-")[0]) if wanted else 0
-                self.send_response(206 if wanted else 200)
-                if wanted:
-                    self.send_header("Content-Range",
-                                     f"bytes {start}-{len(content) - 1}/{len(content)}")
-                self.send_header("Content-Length", str(len(content) - start))
-                self.end_headers()
-                self.wfile.write(content[start:])
-
-            def log_message(self, *_):
-                pass
-
-        context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-        context.load_cert_chain(*certificate)
-        self.http = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        self.http.daemon_threads = True
-        self.http.socket = context.wrap_socket(self.http.socket, server_side=True,
-                                               do_handshake_on_connect=False)
-        self.port = self.http.server_address[1]
-        threading.Thread(target=self.http.serve_forever, daemon=True).start()
-
-    def url(self, path, scheme="https"):
-        return f"{scheme}://localhost:{self.port}{path}"
-
-    def close(self):
-        self.http.shutdown()
-        self.http.server_close()
+    def _answer(self, request):
+        wanted = request.headers.get("Range")
+        self.asked.append((request.path, wanted))
+        answer = self.answers.get(request.path)
+        if callable(answer):
+            answer(request)
+        elif answer is None:
+            reply(request, 404)
+        elif wanted:
+            start = int(wanted[6:].split("-")[0])
+            reply(request, 206, answer[start:],
+                  Content_Range=f"bytes {start}-{len(answer) - 1}/{len(answer)}")
+        else:
+            reply(request, 200, answer)
 
 
 class Proxy:

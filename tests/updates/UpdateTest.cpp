@@ -3,6 +3,7 @@
 #include "updates/DMHelperAppDelegate.h"
 #include "updates/DM_SUUpdater.h"
 #include "updates/Installation.h"
+#include "updates/TlsServer.h"
 #include "updates/UpdateFeed.h"
 #include "updates/UpdateSchedule.h"
 #include "updates/UpdateVersion.h"
@@ -11,9 +12,11 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -32,6 +35,16 @@ QString makePrefix(const QString &path)
     EXPECT_TRUE(program.open(QIODevice::WriteOnly));
     program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return path;
+}
+
+/// A feed that offers 1.1 to a prefix.
+QString feedOf11()
+{
+    return text(
+               "<updates><item><version>1.1</version><channel>release</channel><file kind='prefix' "
+               "machine='%1' size='9' url='https://example.org/f' "
+               "signature='%2'/></item></updates>")
+        .arg(QSysInfo::buildCpuArchitecture(), QString::fromLatin1(QByteArray(64, 's').toBase64()));
 }
 
 TEST(UpdateVersion, isOrderedByItsNumbersAndABetaComesBeforeItsRelease)
@@ -86,6 +99,43 @@ TEST(UpdateFeed, offersTheNewestThatSuitsAndNeverADowngrade)
             UpdateFeed::newest(items, {text(row.installed), text("2.36"), text("prefix"),
                                        text("x86_64"), row.withBeta, row.withTest});
         EXPECT_EQ(newest ? newest->version : QString(), text(row.offered)) << row.installed;
+    }
+}
+
+TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
+{
+    const QString good = feedOf11();
+    ASSERT_TRUE(std::holds_alternative<QList<UpdateItem>>(UpdateFeed::parse(good.toUtf8())));
+    struct Row
+    {
+        const char *what;
+        const char *instead;
+        const char *reason;
+    };
+    for (const Row &row : {
+             Row{"1.1", "latest", "a version that is not a number: “latest”."},
+             Row{"'9'", "'0'", "Version 1.1 has no possible size."},
+             Row{"'9'", "'-9'", "Version 1.1 has no possible size."},
+             Row{"'9'", "'9223372036854775808'", "Version 1.1 has no possible size."},
+             Row{"'9'", "'1073741825'", "Version 1.1 has no possible size."},
+             Row{"https:", "http:", "Version 1.1 is not at a secure address (https)."},
+             Row{"https://example.org", "https://", "Version 1.1 is not at a secure address"},
+             Row{"signature='", "signature='c3Nz", "Version 1.1 is not signed."},
+             Row{"signature", "signed", "Version 1.1 is not signed."},
+             Row{"release", "daily", "Version 1.1 has no known channel."},
+             Row{"<file", "<minimumSystem>new</minimumSystem><file", "an unknown system."},
+             Row{"<file", "<f", "Version 1.1 has no file."},
+             Row{"</item>", "", "It is damaged in line 1."},
+             Row{"<updates>", "<html>", "It is not a list of updates."},
+             Row{"<updates>", "<!DOCTYPE updates [<!ENTITY a 'aaaa'>]><updates>",
+                 "It is not a list of updates."},
+         }) {
+        const QString feed = QString(good).replace(text(row.what), text(row.instead));
+        const auto parsed = UpdateFeed::parse(feed.toUtf8());
+        const QString *problem = std::get_if<QString>(&parsed);
+        ASSERT_TRUE(problem) << row.instead;
+        EXPECT_TRUE(problem->contains(text(row.reason)))
+            << row.instead << ": " << qPrintable(*problem);
     }
 }
 
@@ -188,25 +238,83 @@ public:
     QStringList ends;
 };
 
-TEST(DM_SUUpdater, aRunThatWasCancelledSaysNothingMore)
+/// Version 1.0 in a prefix of its own, where a feed may offer 1.1.
+class UpdaterTest : public testing::Test
 {
-    const QTemporaryDir folder;
-    const QString root = QFileInfo(folder.path()).canonicalFilePath();
-    const QString prefix = makePrefix(root + text("/versions/1.0"));
-    ASSERT_TRUE(QFile::link(text("versions/1.0"), root + text("/current")));
-    MemoryPlatform platform;
-    Info info;
-    info.feedUrl = text("http://example.org/feed.xml"); // Refused, a moment later.
+protected:
+    UpdaterTest()
+    {
+        makePrefix(root() + text("/versions/1.0"));
+        EXPECT_TRUE(QFile::link(text("versions/1.0"), root() + text("/current")));
+        useFeed(m_server.url().toString());
+    }
+
+    void useFeed(const QString &url)
+    {
+        Info info;
+        info.bundleVersion = text("1.0");
+        info.feedUrl = url;
+        info.certificateAuthorities = TlsServer::authority();
+        updater = DM_SUUpdater::updaterForBundle(root() + text("/versions/1.0"),
+                                                 m_platform.platform, info);
+        updater->setDelegate(&delegate);
+    }
+
+    QString root() const { return QFileInfo(m_folder.path()).canonicalFilePath(); }
+
+    const QTemporaryDir m_folder;
+    TlsServer m_server{[](QTcpSocket &connection, const QByteArray &) {
+        TlsServer::reply(connection, feedOf11().toUtf8());
+    }};
+    MemoryPlatform m_platform;
     EndsOfRuns delegate;
-    const auto updater = DM_SUUpdater::updaterForBundle(prefix, platform.platform, info);
-    updater->setDelegate(&delegate);
+    std::unique_ptr<DM_SUUpdater> updater;
+};
+
+TEST_F(UpdaterTest, aLookThatNobodyAskedForLeavesTheKeyboardAndWhatWasSkippedAlone)
+{
+    auto &daily = *updater->findChild<UpdateSchedule *>();
+    Q_EMIT daily.due();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return updater->window() != nullptr; }));
+    EXPECT_EQ(m_platform.frontApplication.activatedWindow(), nullptr);
+    EXPECT_TRUE(updater->window()->testAttribute(Qt::WA_ShowWithoutActivating));
+    Q_EMIT updater->window()->skipChosen();
+    Q_EMIT daily.due();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return delegate.ends.size() == 2; }));
+    EXPECT_EQ(updater->window(), nullptr);
+    updater->checkForUpdates();
+    EXPECT_EQ(m_platform.frontApplication.activatedWindow(), updater->window()->windowHandle());
+}
+
+TEST_F(UpdaterTest, whereNothingIsBuiltInTheCheckGivesTheCommandOfTheSystem)
+{
+    useFeed(QString());
+    updater->checkForUpdates();
+    const auto *command = updater->window()->findChild<QLineEdit *>();
+    EXPECT_EQ(command->text(), Installation::of({text("/usr"), {}, {}}).command);
+    EXPECT_EQ(command->isVisible(), !command->text().isEmpty());
+}
+
+TEST_F(UpdaterTest, aPlaceThatCannotBeLockedIsNotTakenForABusyOne)
+{
+    ASSERT_TRUE(QDir(root()).mkdir(text(".update-lock")));
+    updater->checkForUpdates();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [this] { return ExpectedWarnings::messages().contains(text("update found: 1.1")); }));
+    Q_EMIT updater->window()->installChosen();
+    EXPECT_EQ(delegate.ends, QStringList(text("The folder %1 cannot be written to.").arg(root())));
+}
+
+TEST_F(UpdaterTest, aRunThatWasCancelledSaysNothingMore)
+{
+    useFeed(text("http://example.org/feed.xml")); // Refused, a moment later.
     updater->checkForUpdates();
     updater->window()->reject();
     QCoreApplication::processEvents();
     EXPECT_EQ(delegate.ends, QStringList(text("cancelled")));
     updater->checkForUpdates();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(delegate.ends.mid(1), QStringList(text("The address is not a secure one (https).")));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return delegate.ends.size() == 2; }));
+    EXPECT_EQ(delegate.ends.back(), text("The address is not a secure one (https)."));
 }
 
 class DMHelperAppDelegateTest : public testing::Test
@@ -297,6 +405,14 @@ TEST_F(DMHelperAppDelegateTest, asksForBetasOnlyAfterAFinalBAndForTestsOnlyWhenT
     EXPECT_TRUE(helper->isUpdaterInTestMode(*updater));
     helper->checkForUpdates(true);
     EXPECT_FALSE(updater->automaticallyChecksForUpdates()) << "no update in progress";
+    m_info.feedUrl = text("https://localhost:1/");
+    const QString prefix = QFileInfo(m_folder.path()).canonicalFilePath() + text("/versions/1.0");
+    makePrefix(prefix);
+    ASSERT_TRUE(QFile::link(prefix, m_folder.path() + text("/current")));
+    const auto busy = launch(prefix);
+    busy->updateMainApp();
+    busy->checkForUpdates(true);
+    EXPECT_TRUE(updater->automaticallyChecksForUpdates());
 }
 
 } // namespace
