@@ -41,15 +41,24 @@ bool PreviewFile::openRegular()
 
 qint64 PreviewFile::readData(char *data, qint64 maxSize)
 {
-    if (m_bytesLeft <= 0 || m_stop.isDue())
-        return -1;
-    // In parts, so that a stop is noticed within a long read.
+    // In parts, so that a stop is noticed within a long read; but until all is there, because less
+    // is taken for the end of the file.
     constexpr qint64 kPart = 1 << 20;
-    const qint64 wanted = std::min({maxSize, m_bytesLeft, kPart});
-    const ssize_t got = ::pread(m_descriptor, data, static_cast<size_t>(wanted), pos());
-    if (got > 0)
+    qint64 done = 0;
+    while (done < maxSize) {
+        if (m_bytesLeft <= 0 || m_stop.isDue())
+            return -1;
+        const qint64 wanted = std::min({maxSize - done, m_bytesLeft, kPart});
+        const ssize_t got =
+            ::pread(m_descriptor, data + done, static_cast<size_t>(wanted), pos() + done);
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        done += got;
         m_bytesLeft -= got;
-    return got;
+    }
+    return done;
 }
 
 qint64 PreviewFile::writeData(const char *, qint64)
