@@ -4,11 +4,29 @@
 #include "Clipboard/preview/PreviewFile.h"
 
 #include <QCryptographicHash>
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QMimeType>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <array>
+
+namespace {
+
+/// What a thumbnail of the file is called: by its address, which the two families of file managers
+/// write in two ways.
+std::array<QByteArray, 2> namesOf(const QString &path)
+{
+    const QByteArray escaped = QFile::encodeName(path).toPercentEncoding("!$&'()*+,/:=@");
+    const auto hash = [](const QByteArray &address) {
+        return QCryptographicHash::hash(address, QCryptographicHash::Md5).toHex();
+    };
+    return {hash("file://" + escaped), hash(QUrl::fromLocalFile(path).toEncoded())};
+}
+
+} // namespace
 
 bool ThumbnailRenderer::accepts(const QMimeType &type) const
 {
@@ -16,7 +34,7 @@ bool ThumbnailRenderer::accepts(const QMimeType &type) const
     for (const char *prefix :
          {"audio/", "video/", "application/vnd.oasis.opendocument", "application/msword",
           "application/vnd.ms-", "application/vnd.openxmlformats-officedocument", "image/",
-          "application/epub", "application/postscript"})
+          "application/epub", "application/postscript", "application/rtf"})
         if (name.startsWith(QLatin1String(prefix)))
             return true;
     return false;
@@ -27,25 +45,26 @@ std::shared_ptr<const PreviewContent> ThumbnailRenderer::read(PreviewFile &file,
 {
     constexpr qint64 kMostBytes = 8 << 20;
     constexpr int kMostExtent = 1024; ///< Of the largest kind of thumbnail.
-    const QByteArray address = QUrl::fromLocalFile(file.path()).toEncoded();
-    const QString name = QString::fromLatin1(
-        QCryptographicHash::hash(address, QCryptographicHash::Md5).toHex() + ".png");
     const QString written =
         QString::number(QFileInfo(file.path()).lastModified().toSecsSinceEpoch());
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     for (const char *size : {"xx-large", "x-large", "large", "normal"}) {
-        PreviewFile thumbnail(
-            QStringLiteral("%1/thumbnails/%2/%3").arg(cache, QLatin1String(size), name), stop);
-        if (!thumbnail.openRegular())
-            continue;
-        thumbnail.setByteLimit(kMostBytes);
-        QImageReader reader(&thumbnail, "png");
-        if (reader.size().width() > kMostExtent || reader.size().height() > kMostExtent)
-            continue;
-        const QImage image = reader.read();
-        if (image.isNull() || image.text(QStringLiteral("Thumb::MTime")) != written)
-            continue;
-        return std::make_shared<ImageContent>(std::vector<ImageContent::Frame>{{image, 0}}, false);
+        for (const QByteArray &name : namesOf(file.path())) {
+            PreviewFile thumbnail(QStringLiteral("%1/thumbnails/%2/%3.png")
+                                      .arg(cache, QLatin1String(size), QLatin1String(name)),
+                                  stop);
+            if (!thumbnail.openRegular())
+                continue;
+            thumbnail.setByteLimit(kMostBytes);
+            QImageReader reader(&thumbnail, "png");
+            if (reader.size().width() > kMostExtent || reader.size().height() > kMostExtent)
+                continue;
+            const QImage image = reader.read();
+            if (image.isNull() || image.text(QStringLiteral("Thumb::MTime")) != written)
+                continue;
+            return std::make_shared<ImageContent>(std::vector<ImageContent::Frame>{{image, 0}},
+                                                  false);
+        }
     }
     return nullptr;
 }
