@@ -10,9 +10,10 @@ namespace {
 
 constexpr qint64 kMostBytes = 40 << 20;
 
-FontContent::Line lineOf(const QRawFont &font, const QString &text)
+FontContent::Line lineOf(const QRawFont &font, QString text)
 {
     FontContent::Line line;
+    text.removeIf([&font](QChar c) { return !c.isSurrogate() && !font.supportsCharacter(c); });
     const QList<quint32> glyphs = font.glyphIndexesForString(text);
     const QList<QPointF> advances = font.advancesForGlyphIndexes(glyphs);
     qreal x = 0;
@@ -26,11 +27,51 @@ FontContent::Line lineOf(const QRawFont &font, const QString &text)
     return line;
 }
 
+std::vector<FontContent::Line> latinLines(QRawFont &font)
+{
+    std::vector<FontContent::Line> lines{lineOf(font, font.familyName())};
+    const QStringList texts = {
+        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), QStringLiteral("abcdefghijklmnopqrstuvwxyz"),
+        QStringLiteral("0123456789 .,;:!?&@#%()[]{}"), QStringLiteral("äöüß éèçñ åøæ ŁŽŠ")};
+    font.setPixelSize(22);
+    for (const QString &text : texts)
+        lines.push_back(lineOf(font, text));
+    // The larger, the shorter, so that each fits beside the list.
+    const QString sentence = QStringLiteral("The quick brown fox jumps over the lazy dog");
+    for (const auto &[size, length] : {std::pair(12, 43), {16, 43}, {24, 25}, {36, 19}}) {
+        font.setPixelSize(size);
+        lines.push_back(lineOf(font, sentence.left(length)));
+    }
+    return lines;
+}
+
+/// Of a font for other scripts or for icons: the first characters that it has.
+std::vector<FontContent::Line> otherLines(QRawFont &font)
+{
+    constexpr char32_t kFirst = 0xA1; ///< Almost every font has those below.
+    constexpr qsizetype kRow = 12;
+    constexpr size_t kRows = 7;
+    std::vector<FontContent::Line> lines;
+    QString row;
+    font.setPixelSize(28);
+    for (char32_t character = kFirst;
+         character <= QChar::LastValidCodePoint && lines.size() < kRows; ++character) {
+        if (QChar::isPrint(character) && !QChar::isMark(character) && !QChar::isSpace(character) &&
+            font.supportsCharacter(character))
+            row += QChar::fromUcs4(character);
+        if (row.size() >= kRow || (character == QChar::LastValidCodePoint && !row.isEmpty())) {
+            lines.push_back(lineOf(font, row));
+            row.clear();
+        }
+    }
+    return lines;
+}
+
 } // namespace
 
 bool FontRenderer::accepts(const QMimeType &type) const
 {
-    for (const char *name : {"font/ttf", "font/otf", "font/collection"})
+    for (const char *name : {"font/ttf", "font/otf", "font/collection", "font/woff", "font/woff2"})
         if (type.inherits(QLatin1String(name)))
             return true;
     return false;
@@ -44,20 +85,10 @@ std::shared_ptr<const PreviewContent> FontRenderer::read(PreviewFile &file, cons
     QRawFont font(file.readAll(), 40);
     if (!font.isValid())
         return nullptr;
-    std::vector<FontContent::Line> lines;
-    lines.push_back(lineOf(font, font.familyName()));
-    const QStringList texts = {
-        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), QStringLiteral("abcdefghijklmnopqrstuvwxyz"),
-        QStringLiteral("0123456789 .,;:!?&@#%()[]{}"), QStringLiteral("äöüß éèçñ åøæ ŁŽŠ")};
-    font.setPixelSize(22);
-    for (const QString &text : texts)
-        lines.push_back(lineOf(font, text));
-    // The larger, the shorter, so that each fits beside the list.
-    const QString sentence = QStringLiteral("The quick brown fox jumps over the lazy dog");
-    for (const auto &[size, length] : {std::pair(12, 43), {16, 43}, {24, 25}, {36, 19}}) {
-        font.setPixelSize(size);
-        lines.push_back(lineOf(font, sentence.left(length)));
-    }
+    std::vector<FontContent::Line> lines =
+        font.supportsCharacter(QChar(u'a')) ? latinLines(font) : otherLines(font);
+    if (lines.empty())
+        return nullptr;
     return std::make_shared<FontContent>(font.familyName(), std::move(lines));
 }
 
