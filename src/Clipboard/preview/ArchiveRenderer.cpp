@@ -155,10 +155,14 @@ std::shared_ptr<const PreviewContent> ArchiveRenderer::read(PreviewFile &file,
     while (count.entries < kMostCounted && (result = reading.next(&entry)) != ARCHIVE_EOF) {
         if (result < ARCHIVE_WARN)
             break;
+        // The folder that is packed, or a disk's topmost, is no entry of its own.
+        const QString name = nameOf(entry);
+        if (name == QLatin1String("./"))
+            continue;
         ++count.entries;
         count.bytes += qBound(qint64(0), qint64(archive_entry_size(entry)), kMostClaimed);
         if (entries.size() < ListContent::kMostEntries)
-            entries.append(nameOf(entry));
+            entries.append(name);
     }
     count.isWhole = result == ARCHIVE_EOF;
     if (!count.isWhole && entries.isEmpty())

@@ -32,7 +32,7 @@ void add(archive *made, const char *name, const QByteArray &content, qint64 clai
 {
     archive_entry *entry = archive_entry_new();
     archive_entry_set_pathname(entry, name);
-    archive_entry_set_filetype(entry, AE_IFREG);
+    archive_entry_set_filetype(entry, qstrcmp(name, "./") == 0 ? AE_IFDIR : AE_IFREG);
     archive_entry_set_size(entry, claimed);
     archive_write_header(made, entry);
     archive_write_data(made, content.constData(), static_cast<size_t>(content.size()));
@@ -42,6 +42,7 @@ void add(archive *made, const char *name, const QByteArray &content, qint64 clai
 QByteArray twoFiles(int format, int filter)
 {
     return packed(format, filter, [](archive *made) {
+        add(made, "./", "", 0);
         add(made, "below/first.txt", "content", 7);
         add(made, "b\xFFt\n.zip", QByteArray(1000, 'x'), 1000);
     });
@@ -85,10 +86,19 @@ TEST_F(PreviewArchivesTest, anArchiveTellsItsEntriesHoweverItIsPacked)
     }
 }
 
+TEST_F(PreviewArchivesTest, anArchiveThatOnlyOthersWriteTellsItsEntriesToo)
+{
+    for (const char *name : {"files.rar", "files.7z", "locked.7z"}) {
+        const auto list = readAs<ListContent>(sample(name));
+        ASSERT_TRUE(list) << name;
+        EXPECT_TRUE(list->entries().contains(QStringLiteral("inner.txt"))) << name;
+    }
+}
+
 TEST_F(PreviewArchivesTest, aTruncatedArchiveTellsWhatIsLeftOfItAndABrokenOneNothing)
 {
     QByteArray bytes = twoFiles(ARCHIVE_FORMAT_TAR_GNUTAR, ARCHIVE_FILTER_NONE);
-    bytes.truncate(1024 + 100); // Within the second header.
+    bytes.truncate(1536 + 100); // Within the third header.
     const auto list = readAs<ListContent>(write(QStringLiteral("cut.tar"), bytes));
     ASSERT_TRUE(list);
     EXPECT_EQ(list->entries(), QStringList(QStringLiteral("below/first.txt")));
