@@ -5,6 +5,7 @@
 #include "Clipboard/preview/PreviewRenderer.h"
 
 #include <QResizeEvent>
+#include <QScrollBar>
 
 namespace {
 
@@ -59,6 +60,7 @@ void FilePreview::receive(const PreviewResult &result)
     // The same content in the same widget keeps its place.
     if (m_body && result.content == m_content)
         return;
+    const int place = m_body && m_body->scrollBar() ? m_body->scrollBar()->value() : 0;
     delete m_body;
     m_content = result.content;
     m_body = m_content->makeBody(m_registry.threads(), this);
@@ -66,6 +68,9 @@ void FilePreview::receive(const PreviewResult &result)
     m_body->setColors(m_colors);
     m_card->hide();
     m_body->show();
+    // Whoever reads a file that grows reads on where they are.
+    if (m_body->scrollBar())
+        m_body->scrollBar()->setValue(place);
 }
 
 void FilePreview::showCard()

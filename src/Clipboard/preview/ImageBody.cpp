@@ -7,7 +7,7 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kSquare = 8;
 
-void paintCheckerboard(QPainter &painter, const QRect &rect, bool isDark)
+void paintCheckerboard(QPainter &painter, const QRectF &rect, bool isDark)
 {
     const QColor first = isDark ? QColor(60, 60, 60) : QColor(255, 255, 255);
     const QColor second = isDark ? QColor(80, 80, 80) : QColor(224, 224, 224);
@@ -50,11 +50,12 @@ void ImageBody::paintEvent(QPaintEvent *)
 {
     const QImage &image = m_frames[m_frame].image;
     const QSize room = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin).size();
-    QSize shown = image.size() / devicePixelRatioF();
+    QSizeF shown = QSizeF(image.size()) / devicePixelRatioF();
     if (shown.width() > room.width() || shown.height() > room.height())
         shown.scale(room, Qt::KeepAspectRatio);
-    const QRect target(QPoint((width() - shown.width()) / 2, (height() - shown.height()) / 2),
-                       shown.expandedTo(QSize(1, 1)));
+    shown = shown.expandedTo(QSizeF(1, 1));
+    const QRectF target(onPixel({(width() - shown.width()) / 2, (height() - shown.height()) / 2}),
+                        shown);
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (image.hasAlphaChannel())

@@ -37,6 +37,11 @@ int PdfBody::columnWidth() const
     return qMax(1, width() - 2 * kMargin);
 }
 
+int PdfBody::columnPixels() const
+{
+    return qRound(columnWidth() * devicePixelRatioF());
+}
+
 void PdfBody::layOut()
 {
     m_rects.clear();
@@ -72,7 +77,7 @@ void PdfBody::readNextInSight()
     });
     if (m_isReading)
         return;
-    const int pixels = qRound(columnWidth() * devicePixelRatioF());
+    const int pixels = columnPixels();
     for (int page = first; page < end; ++page) {
         // A page of another width is shown until the one that is as sharp as can be has come.
         const auto drawn = m_pages.find(page);
@@ -109,10 +114,16 @@ void PdfBody::paintEvent(QPaintEvent *)
     for (int page = first; page < end; ++page) {
         const QRect rect = m_rects[static_cast<size_t>(page)].translated(0, -m_scrollBar->value());
         const auto drawn = m_pages.find(page);
-        if (drawn == m_pages.end())
+        if (drawn == m_pages.end()) {
             painter.fillRect(rect, Qt::white);
-        else
-            painter.drawPixmap(rect, drawn->second);
+        } else {
+            const QPixmap &drawing = drawn->second;
+            const QRectF target =
+                drawing.width() == columnPixels()
+                    ? QRectF(onPixel(rect.topLeft()), QSizeF(drawing.size()) / devicePixelRatioF())
+                    : QRectF(rect);
+            painter.drawPixmap(target, drawing, QRectF(drawing.rect()));
+        }
         painter.setPen(m_colors.separator);
         painter.drawRect(rect.adjusted(-1, -1, 0, 0));
     }
@@ -121,7 +132,15 @@ void PdfBody::paintEvent(QPaintEvent *)
 void PdfBody::resizeEvent(QResizeEvent *event)
 {
     PreviewBody::resizeEvent(event);
+    // What is at the top stays there, however wide the pages become.
+    const int page = m_rects.empty() ? -1 : inSight().first;
+    const QRect before = page < 0 ? QRect() : m_rects[static_cast<size_t>(page)];
+    const qreal into = qreal(m_scrollBar->value() - before.top()) / before.height();
     layOut();
+    if (page >= 0) {
+        const QRect &after = m_rects[static_cast<size_t>(page)];
+        m_scrollBar->setValue(after.top() + qRound(into * after.height()));
+    }
     readNextInSight();
 }
 

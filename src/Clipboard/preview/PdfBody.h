@@ -21,12 +21,12 @@ public:
     /// `threads` must outlive the body.
     PdfBody(const PdfContent &content, PreviewThreads &threads, QWidget *parent);
 
-    QScrollBar *scrollBar() const { return m_scrollBar; }
     /// Whether the page, counted from 0, is drawn.
     bool isDrawn(int page) const { return m_pages.contains(page); }
 
     // ^PreviewBody
     void setColors(const ClipColors &colors) override;
+    QScrollBar *scrollBar() const override { return m_scrollBar; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -35,6 +35,7 @@ protected:
 
 private:
     int columnWidth() const;
+    int columnPixels() const;
     void layOut();
     void readNextInSight();
     /// First and one past the last page in sight.

@@ -11,7 +11,7 @@
 class PdfRenderer : public PreviewRenderer
 {
 public:
-    static constexpr int kMostPages = 200; ///< Shown; nobody reads a book in a preview.
+    static constexpr int kMostPages = 5000; ///< Shown.
 
     // ^PreviewRenderer
     bool accepts(const QMimeType &type) const override;
@@ -40,7 +40,6 @@ public:
     // ^PreviewContent
     PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
     qint64 byteCount() const override { return m_first.sizeInBytes(); }
-    bool dependsOnSize() const override { return true; }
 
 private:
     const QString m_path;
