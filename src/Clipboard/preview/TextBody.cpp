@@ -1,5 +1,7 @@
 #include "Clipboard/preview/TextBody.h"
 
+#include "Clipboard/preview/ClosedDocument.h"
+#include "Clipboard/preview/MarkdownText.h"
 #include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ScrollBars.h"
 
@@ -7,28 +9,12 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <QTextTable>
 
 namespace {
 
 constexpr int kMargin = 14;
-
-/// A document that shows only what it holds: what it refers to is neither read nor fetched.
-class ClosedDocument : public QTextDocument
-{
-public:
-    using QTextDocument::QTextDocument;
-
-protected:
-    QVariant loadResource(int type, const QUrl &) override
-    {
-        if (type != ImageResource)
-            return {};
-        // Without any picture a broken one would be shown.
-        QImage nothing(1, 1, QImage::Format_ARGB32_Premultiplied);
-        nothing.fill(Qt::transparent);
-        return nothing;
-    }
-};
+constexpr int kCellPadding = 4;
 
 QAbstractScrollArea *makePlainView(const TextContent &content, QWidget *parent)
 {
@@ -52,10 +38,31 @@ QAbstractScrollArea *makeMarkdownView(const TextContent &content, QWidget *paren
     auto *document = new ClosedDocument(view);
     document->setUndoRedoEnabled(false);
     document->setDocumentMargin(kMargin);
-    document->setMarkdown(content.text());
+    const QTextDocument::MarkdownFeatures features(QTextDocument::MarkdownDialectGitHub);
+    document->setMarkdown(MarkdownText::withoutTags(content.text()),
+                          features | QTextDocument::MarkdownNoHTML);
     view->setReadOnly(true);
     view->setDocument(document);
     return view;
+}
+
+/// The engine's own look of a table is that of the first web pages.
+void drawTables(const QTextDocument &document, const ClipColors &colors)
+{
+    const QList<QTextFrame *> frames = document.rootFrame()->childFrames();
+    for (QTextFrame *frame : frames) {
+        auto *table = qobject_cast<QTextTable *>(frame);
+        if (!table)
+            continue;
+        QTextTableFormat format = table->format();
+        format.setBorder(1);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(colors.separator);
+        format.setBorderCollapse(true);
+        format.setCellPadding(kCellPadding);
+        format.setCellSpacing(0);
+        table->setFormat(format);
+    }
 }
 
 } // namespace
@@ -74,6 +81,11 @@ TextBody::TextBody(const TextContent &content, QWidget *parent)
     m_view->setFocusPolicy(Qt::NoFocus);
     m_moreLabel->setContentsMargins(kMargin, 2, kMargin, 2);
     m_moreLabel->setVisible(content.isCut());
+}
+
+QScrollBar *TextBody::scrollBar() const
+{
+    return m_view->verticalScrollBar();
 }
 
 QString TextBody::plainText() const
@@ -95,6 +107,8 @@ void TextBody::setColors(const ClipColors &colors)
     quiet.setColor(QPalette::WindowText, colors.quietText);
     m_moreLabel->setPalette(quiet);
     ScrollBars::makeSlim(*m_view, colors);
+    if (const auto *rich = qobject_cast<const QTextEdit *>(m_view))
+        drawTables(*rich->document(), colors);
 }
 
 void TextBody::resizeEvent(QResizeEvent *event)

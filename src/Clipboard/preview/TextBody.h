@@ -18,6 +18,7 @@ public:
 
     // ^PreviewBody
     void setColors(const ClipColors &colors) override;
+    QScrollBar *scrollBar() const override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

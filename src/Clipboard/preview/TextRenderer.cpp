@@ -1,5 +1,6 @@
 #include "Clipboard/preview/TextRenderer.h"
 
+#include "Clipboard/preview/ClosedDocument.h"
 #include "Clipboard/preview/PreviewFile.h"
 #include "Clipboard/preview/TextBody.h"
 
@@ -34,16 +35,28 @@ std::optional<QString> decodedAs(const QByteArray &bytes, QStringConverter::Enco
 /// By the likeliest of the encodings that people still have.
 std::optional<QString> decodedByStatistics(const QByteArray &bytes)
 {
+    constexpr int kLikely = 20; ///< Of 100; less is said of any few bytes.
+    constexpr int kSure = 90;
     UErrorCode error = U_ZERO_ERROR;
     const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&error),
                                                                               &ucsdet_close);
     ucsdet_setText(detector.get(), bytes.constData(),
                    static_cast<int32_t>(qMin(bytes.size(), kTellingBytes)), &error);
     const UCharsetMatch *match = ucsdet_detect(detector.get(), &error);
-    if (U_FAILURE(error) || !match)
+    if (U_FAILURE(error))
         return std::nullopt;
+    QByteArray name = match ? ucsdet_getName(match, &error) : "";
+    const int confidence = match ? ucsdet_getConfidence(match, &error) : 0;
+    // No text of one byte a character holds NUL, while data of any kind do.
+    const bool holdsNul = bytes.left(kTellingBytes).contains('\0');
+    if (holdsNul) {
+        if (!name.startsWith("UTF-") || confidence < kSure)
+            return std::nullopt;
+    } else if (confidence < kLikely) {
+        name = "windows-1252";
+    }
     const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
-        ucnv_open(ucsdet_getName(match, &error), &error), &ucnv_close);
+        ucnv_open(name.constData(), &error), &ucnv_close);
     if (U_FAILURE(error))
         return std::nullopt;
     QString text(bytes.size() * 2, Qt::Uninitialized);
@@ -53,6 +66,8 @@ std::optional<QString> decodedByStatistics(const QByteArray &bytes)
     if (U_FAILURE(error))
         return std::nullopt;
     text.truncate(length);
+    if (holdsNul && text.contains(QChar(u'\0')))
+        return std::nullopt;
     return text;
 }
 
@@ -84,12 +99,17 @@ QString shownPart(const QString &text, qsizetype mostCharacters, bool *isCut)
     return shown.replace(QChar(u'\0'), QChar::ReplacementCharacter);
 }
 
+bool isPage(const QMimeType &type)
+{
+    return type.inherits(QStringLiteral("text/html")) ||
+           type.inherits(QStringLiteral("application/xhtml+xml"));
+}
+
 TextContent::Form formOf(const QMimeType &type)
 {
     if (type.inherits(QStringLiteral("text/markdown")))
         return TextContent::Form::Markdown;
-    const bool isProse =
-        type.name() == QLatin1String("text/plain") || type.inherits(QStringLiteral("text/html"));
+    const bool isProse = type.name() == QLatin1String("text/plain") || isPage(type);
     return isProse ? TextContent::Form::Prose : TextContent::Form::Code;
 }
 
@@ -97,19 +117,19 @@ TextContent::Form formOf(const QMimeType &type)
 
 bool TextRenderer::accepts(const QMimeType &type) const
 {
-    return type.inherits(QStringLiteral("text/plain")) ||
-           type.inherits(QStringLiteral("application/xml"));
+    // Rich text is one only to programs.
+    return !type.inherits(QStringLiteral("application/rtf")) &&
+           (type.inherits(QStringLiteral("text/plain")) ||
+            type.inherits(QStringLiteral("application/xml")));
 }
 
 std::optional<QString> TextRenderer::decoded(const QByteArray &bytes)
 {
     if (const auto marked = QStringConverter::encodingForData(bytes))
         return decodedAs(bytes, *marked);
-    // No text of one byte a character holds NUL.
-    if (bytes.left(kTellingBytes).contains('\0'))
-        return std::nullopt;
-    if (std::optional<QString> text = decodedAs(bytes, QStringConverter::Utf8))
-        return text;
+    if (!bytes.left(kTellingBytes).contains('\0'))
+        if (std::optional<QString> text = decodedAs(bytes, QStringConverter::Utf8))
+            return text;
     return decodedByStatistics(bytes);
 }
 
@@ -121,9 +141,11 @@ std::shared_ptr<const PreviewContent> TextRenderer::read(PreviewFile &file, cons
     if (!text)
         return nullptr;
     bool isCut = bytes.size() < file.size();
-    if (type.inherits(QStringLiteral("text/html"))) {
+    if (isPage(type)) {
         isCut = isCut || text->size() > kMostOfPage;
-        text = QTextDocumentFragment::fromHtml(text->left(kMostOfPage)).toPlainText();
+        // By itself the importer would read the style sheets that the page names, devices included.
+        const ClosedDocument nothingElse;
+        text = QTextDocumentFragment::fromHtml(text->left(kMostOfPage), &nothingElse).toPlainText();
     }
     text->replace(QLatin1String("\r\n"), QLatin1String("\n"));
     const TextContent::Form form = formOf(type);
