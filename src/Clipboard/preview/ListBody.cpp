@@ -3,7 +3,6 @@
 #include "Clipboard/preview/FolderRenderer.h"
 #include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ScrollBars.h"
-#include "Clipboard/window/WindowIcons.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -47,16 +46,17 @@ ListBody::ListBody(const ListContent &content, QWidget *parent)
         m_list->addItem(inOneLine(entry));
 }
 
+QScrollBar *ListBody::scrollBar() const
+{
+    return m_list->verticalScrollBar();
+}
+
 void ListBody::setColors(const ClipColors &colors)
 {
-    const auto icon = [&](const QString &name) {
-        return QIcon(WindowIcons::pixmap(name, kIconExtent, colors.quietText, devicePixelRatioF()));
-    };
-    const QIcon folder = icon(QStringLiteral("folder"));
-    const QIcon document = icon(QStringLiteral("document"));
     for (int row = 0; row < m_list->count(); ++row) {
         QListWidgetItem *item = m_list->item(row);
-        item->setIcon(item->text().endsWith(u'/') ? folder : document);
+        item->setIcon(m_icons.pixmap(item->text(), item->text().endsWith(u'/'), kIconExtent,
+                                     colors.quietText, devicePixelRatioF()));
     }
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/PreviewRenderer.h"
+#include "Clipboard/window/FileIcons.h"
 
 class ListContent;
 class QLabel;
@@ -16,6 +17,7 @@ public:
 
     // ^PreviewBody
     void setColors(const ClipColors &colors) override;
+    QScrollBar *scrollBar() const override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -23,4 +25,5 @@ protected:
 private:
     QLabel *m_summary;
     QListWidget *m_list;
+    FileIcons m_icons;
 };

@@ -54,7 +54,7 @@ private:
     std::shared_ptr<PreviewStop> m_stop;
 };
 
-/// Runs what previews read off the main thread, the latest wish first. Owned by PreviewRegistry;
+/// Runs what previews read off the main thread, the latest wish first. Owned by whoever reads;
 /// used from the main thread. A job that hangs, because its file system does, keeps its thread and
 /// no other job waits for it, until too many hang; then nothing is read any more.
 class PreviewThreads : public QObject

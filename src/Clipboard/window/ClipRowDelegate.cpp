@@ -80,7 +80,7 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row)
         const QRect icon(rect.left(), rect.top() + (rect.height() - kIconExtent) / 2, kIconExtent,
                          kIconExtent);
         painter.drawPixmap(placed(icon).topLeft(),
-                           m_fileIcons.pixmap(*row.filepath, kIconExtent, color,
+                           m_fileIcons.pixmap(*row.filepath, row.isFolder, kIconExtent, color,
                                               painter.device()->devicePixelRatioF()));
         rect.setLeft(rect.left() + kIconExtent + kIconGap);
     }

@@ -23,6 +23,7 @@ public:
         QString number;
         QString value;
         std::optional<QString> filepath; ///< Of a copied file.
+        bool isFolder = false;           ///< What `filepath` names.
         bool isSelected = false;
     };
 

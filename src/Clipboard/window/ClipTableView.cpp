@@ -24,7 +24,8 @@ bool isTyping(const QKeyEvent &event)
 
 } // namespace
 
-ClipTableView::ClipTableView(QWidget *parent) : QTableView(parent)
+ClipTableView::ClipTableView(QWidget *parent)
+    : QTableView(parent), m_folders([this] { viewport()->update(); })
 {
     setObjectName(QStringLiteral("clipTableView"));
     setAccessibleName(tr("Clips"));
@@ -270,6 +271,7 @@ void ClipTableView::paintEvent(QPaintEvent *event)
         drawn.value =
             m_delegate->tableView(ViewController::TableColumn::Value, row).value_or(QString());
         drawn.filepath = m_delegate->filepath(row);
+        drawn.isFolder = drawn.filepath && m_folders.contains(*drawn.filepath);
         drawn.isSelected = row == m_selectedIdx;
         if (drawn.isSelected) {
             painter.setPen(Qt::NoPen);
@@ -286,6 +288,12 @@ void ClipTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
     sizeLastColumnToFit();
+}
+
+void ClipTableView::hideEvent(QHideEvent *event)
+{
+    QTableView::hideEvent(event);
+    m_folders.forget();
 }
 
 void ClipTableView::changeEvent(QEvent *event)

@@ -2,6 +2,7 @@
 
 #include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ClipRowDelegate.h"
+#include "Clipboard/window/ListedFolders.h"
 
 #include <QColor>
 #include <QTableView>
@@ -76,6 +77,7 @@ public:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
@@ -87,6 +89,7 @@ private:
     ViewController *m_delegate = nullptr;
     ClipTableModel *m_model = nullptr;
     ClipRowDelegate m_rowDelegate;
+    ListedFolders m_folders;
     ClipColors m_colors;
     QColor m_selectedBlue = defaultSelectedBlue();
     std::optional<int> m_selectedIdx = 0;

@@ -4,13 +4,24 @@
 
 #include <QMimeDatabase>
 
-QPixmap FileIcons::pixmap(const QString &path, int extent, const QColor &color, qreal scale)
+namespace {
+
+QMimeType typeOf(const QString &path, bool isFolder)
 {
     const QMimeDatabase types;
+    if (isFolder)
+        return types.mimeTypeForName(QStringLiteral("inode/directory"));
     const QList<QMimeType> named = types.mimeTypesForFileName(path.mid(path.lastIndexOf(u'/') + 1));
-    const QMimeType type = named.isEmpty()
-                               ? types.mimeTypeForName(QStringLiteral("application/octet-stream"))
-                               : named.first();
+    return named.isEmpty() ? types.mimeTypeForName(QStringLiteral("application/octet-stream"))
+                           : named.first();
+}
+
+} // namespace
+
+QPixmap FileIcons::pixmap(const QString &path, bool isFolder, int extent, const QColor &color,
+                          qreal scale)
+{
+    const QMimeType type = typeOf(path, isFolder);
     auto found = m_icons.find(type.name());
     if (found == m_icons.end())
         found =
@@ -19,6 +30,7 @@ QPixmap FileIcons::pixmap(const QString &path, int extent, const QColor &color, 
                                                        QIcon::fromTheme(type.genericIconName())))
                 .first;
     if (found->second.isNull())
-        return WindowIcons::pixmap(QStringLiteral("document"), extent, color, scale);
+        return WindowIcons::pixmap(isFolder ? QStringLiteral("folder") : QStringLiteral("document"),
+                                   extent, color, scale);
     return found->second.pixmap(QSize(extent, extent), scale);
 }
