@@ -513,6 +513,14 @@ file: lists copied files.</source>
         <source>Links to %1</source>
         <translation>رابط إلى %1</translation>
     </message>
+    <message>
+        <source>File of an unknown kind</source>
+        <translation>ملف من نوع غير معروف</translation>
+    </message>
+    <message>
+        <source>Created %1</source>
+        <translation>أُنشئ في %1</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -485,6 +485,14 @@ file: zeigt kopierte Dateien.</translation>
         <source>Links to %1</source>
         <translation>Verweist auf %1</translation>
     </message>
+    <message>
+        <source>File of an unknown kind</source>
+        <translation>Datei unbekannter Art</translation>
+    </message>
+    <message>
+        <source>Created %1</source>
+        <translation>Erstellt %1</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -485,6 +485,14 @@ file: muestra los archivos copiados.</translation>
         <source>Links to %1</source>
         <translation>Enlace a %1</translation>
     </message>
+    <message>
+        <source>File of an unknown kind</source>
+        <translation>Archivo de tipo desconocido</translation>
+    </message>
+    <message>
+        <source>Created %1</source>
+        <translation>Creado: %1</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

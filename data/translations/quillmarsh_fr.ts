@@ -485,6 +485,14 @@ file: montre les fichiers copiés.</translation>
         <source>Links to %1</source>
         <translation>Lien vers %1</translation>
     </message>
+    <message>
+        <source>File of an unknown kind</source>
+        <translation>Fichier de type inconnu</translation>
+    </message>
+    <message>
+        <source>Created %1</source>
+        <translation>Créé le %1</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -478,6 +478,14 @@ file: でコピーしたファイルだけを表示します。</translation>
         <source>Links to %1</source>
         <translation>リンク先: %1</translation>
     </message>
+    <message>
+        <source>File of an unknown kind</source>
+        <translation>不明な種類のファイル</translation>
+    </message>
+    <message>
+        <source>Created %1</source>
+        <translation>作成日時: %1</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

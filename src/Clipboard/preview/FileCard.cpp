@@ -13,6 +13,11 @@ constexpr int kPictureExtent = 96;
 constexpr int kMargin = 20;
 constexpr int kGap = 14;
 
+QString dated(const QDateTime &time)
+{
+    return QLocale().toString(time, QLocale::ShortFormat);
+}
+
 } // namespace
 
 FileCard::FileCard(QString path, QWidget *parent) : QWidget(parent), m_path(std::move(path)) {}
@@ -22,12 +27,13 @@ void FileCard::setFacts(const std::optional<FileFacts> &facts)
     m_facts = facts.value_or(FileFacts());
     m_lines.clear();
     if (facts) {
-        m_lines.append(m_facts.kind);
+        m_lines.append(m_facts.kind.isEmpty() ? tr("File of an unknown kind") : m_facts.kind);
         if (m_facts.size)
             m_lines.append(QLocale().formattedDataSize(*m_facts.size));
-        m_lines.append(
-            tr("Changed %1")
-                .arg(QLocale().toString(m_facts.modified, QStringLiteral("d MMM yyyy, HH:mm"))));
+        if (m_facts.created.isValid())
+            m_lines.append(tr("Created %1").arg(dated(m_facts.created)));
+        if (m_facts.modified.isValid())
+            m_lines.append(tr("Changed %1").arg(dated(m_facts.modified)));
         if (!m_facts.linkTarget.isEmpty())
             m_lines.append(tr("Links to %1").arg(m_facts.linkTarget));
     }

@@ -5,9 +5,14 @@
 #include <QFileInfo>
 #include <QMimeDatabase>
 
+namespace {
+
+constexpr qint64 kTellingBytes = 16 << 10;
+
+} // namespace
+
 std::optional<FileFacts> FileFacts::read(PreviewFile &file, QMimeType *type)
 {
-    constexpr qint64 kTellingBytes = 16 << 10;
     const QFileInfo info(file.path());
     if (!info.exists() && !info.isSymLink())
         return std::nullopt;
@@ -18,16 +23,25 @@ std::optional<FileFacts> FileFacts::read(PreviewFile &file, QMimeType *type)
         *type = types.mimeTypeForFileNameAndData(info.fileName(), file.peek(kTellingBytes));
     else if (info.isFile())
         *type = types.mimeTypeForFile(info, QMimeDatabase::MatchExtension);
-    else
+    else if (info.exists())
         *type = types.mimeTypeForFile(info);
+    else
+        *type = types.mimeTypeForName(QStringLiteral("inode/symlink"));
     FileFacts facts;
-    facts.kind = type->comment();
+    facts.kind = type->isDefault() ? QString() : type->comment();
     facts.iconName = type->iconName();
     facts.genericIconName = type->genericIconName();
     facts.isFolder = info.isDir();
     if (info.isFile())
         facts.size = info.size();
+    facts.created = info.birthTime();
     facts.modified = info.lastModified();
     facts.linkTarget = info.symLinkTarget();
     return facts;
+}
+
+QMimeType FileFacts::typeByContent(PreviewFile &file)
+{
+    file.seek(0);
+    return QMimeDatabase().mimeTypeForData(file.peek(kTellingBytes));
 }

@@ -21,7 +21,7 @@
 PreviewRegistry::PreviewRegistry()
 {
     // The first that accepts a type and can read the file shows it, so the special come before the
-    // general: an SVG picture is a text as well.
+    // general: an SVG picture is a text as well, and so are some office documents.
     auto renderers = std::make_shared<Renderers>();
     renderers->push_back(std::make_unique<SvgRenderer>());
     renderers->push_back(std::make_unique<ImageRenderer>());
@@ -29,8 +29,8 @@ PreviewRegistry::PreviewRegistry()
     renderers->push_back(std::make_unique<FolderRenderer>());
     renderers->push_back(std::make_unique<ArchiveRenderer>());
     renderers->push_back(std::make_unique<FontRenderer>());
-    renderers->push_back(std::make_unique<TextRenderer>());
     renderers->push_back(std::make_unique<ThumbnailRenderer>());
+    renderers->push_back(std::make_unique<TextRenderer>());
     m_renderers = std::move(renderers);
 }
 
@@ -83,16 +83,30 @@ PreviewResult PreviewRegistry::read(const Renderers &renderers, const QString &p
         result.content = kept->result.content;
         return result;
     }
+    result.content = contentAs(type, renderers, file, pixels, stop);
+    if (!result.content && file.isOpen()) {
+        // Many a picture is named as one of another kind.
+        const QMimeType told = FileFacts::typeByContent(file);
+        if (told != type)
+            result.content = contentAs(told, renderers, file, pixels, stop);
+    }
+    return result;
+}
+
+std::shared_ptr<const PreviewContent> PreviewRegistry::contentAs(const QMimeType &type,
+                                                                 const Renderers &renderers,
+                                                                 PreviewFile &file, QSize pixels,
+                                                                 const PreviewStop &stop)
+{
     for (const auto &renderer : renderers) {
         if (!renderer->accepts(type) || stop.isDue())
             continue;
         if (file.isOpen())
             file.seek(0);
-        result.content = renderer->read(file, type, pixels, stop);
-        if (result.content)
-            break;
+        if (auto content = renderer->read(file, type, pixels, stop))
+            return content;
     }
-    return result;
+    return nullptr;
 }
 
 std::optional<PreviewRegistry::Kept> PreviewRegistry::kept(const QString &path) const

@@ -12,7 +12,9 @@
 
 class FilePreview;
 class PreviewContent;
+class PreviewFile;
 class PreviewRenderer;
+class QMimeType;
 class QWidget;
 
 /// What was found of a file. A value.
@@ -63,6 +65,10 @@ private:
 
     static PreviewResult read(const Renderers &renderers, const QString &path, QSize pixels,
                               const std::optional<Kept> &kept, const PreviewStop &stop);
+    static std::shared_ptr<const PreviewContent> contentAs(const QMimeType &type,
+                                                           const Renderers &renderers,
+                                                           PreviewFile &file, QSize pixels,
+                                                           const PreviewStop &stop);
     std::optional<Kept> kept(const QString &path) const;
     void keep(Kept fresh);
 

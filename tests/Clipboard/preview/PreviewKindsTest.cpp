@@ -22,9 +22,9 @@ protected:
     void writeThumbnail(const QString &path, const QDateTime &modified)
     {
         qputenv("XDG_CACHE_HOME", QFile::encodeName(folder.path()));
-        const QByteArray name =
-            QCryptographicHash::hash(QUrl::fromLocalFile(path).toEncoded(), QCryptographicHash::Md5)
-                .toHex();
+        // As the managers built on GLib write addresses.
+        const QByteArray address = QUrl::fromLocalFile(path).toEncoded().replace('[', "%5B");
+        const QByteArray name = QCryptographicHash::hash(address, QCryptographicHash::Md5).toHex();
         ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("thumbnails/normal")));
         QImage image(12, 8, QImage::Format_RGB32);
         image.fill(Qt::green);
@@ -42,6 +42,10 @@ TEST_F(PreviewKindsTest, aDrawingFillsTheView)
     EXPECT_EQ(image.size(), QSize(256, 128));
     EXPECT_EQ(image.pixelColor(60, 60), QColor(Qt::red));
     EXPECT_EQ(image.pixelColor(200, 60), QColor(Qt::blue));
+    EXPECT_TRUE(readAs<ImageContent>(
+        write(QStringLiteral("large.svg"), "<svg xmlns='http://www.w3.org/2000/svg' width='1' "
+                                           "height='1'><!--" +
+                                               QByteArray(3 << 20, 'x') + "--></svg>")));
 }
 
 TEST_F(PreviewKindsTest, aDrawingNeitherReadsOtherFilesNorGrowsWithoutBounds)
@@ -80,6 +84,10 @@ TEST_F(PreviewKindsTest, aDocumentShowsItsFirstPageAndTheOthersWhenTheyComeIntoS
     EXPECT_FALSE(body->isDrawn(2));
     body->scrollBar()->setValue(body->scrollBar()->maximum());
     EXPECT_TRUE(QTest::qWaitFor([&] { return body->isDrawn(2); }));
+    // Whoever reads the last page reads on when the divider is dragged.
+    view.resize(600, 300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !body->isDrawn(0) || body->isDrawn(2); }));
+    EXPECT_GT(body->scrollBar()->value(), 2 * body->scrollBar()->maximum() / 3);
 }
 
 TEST_F(PreviewKindsTest, aBrokenDocumentOrFontGivesACardAndABrokenDrawingItsText)
@@ -121,8 +129,8 @@ TEST_F(PreviewKindsTest, aFontShowsASpecimen)
 
 TEST_F(PreviewKindsTest, aFilmShowsItsThumbnailIfThatIsOfTheFileAsItIs)
 {
-    const QString fresh = write(QStringLiteral("fresh.mp4"), "film");
-    const QString changed = write(QStringLiteral("changed.mp4"), "film");
+    const QString fresh = write(QStringLiteral("fresh [2020.mp4"), QByteArray("\0film", 5));
+    const QString changed = write(QStringLiteral("changed.mp4"), QByteArray("\0film", 5));
     const QDateTime modified = QFileInfo(fresh).lastModified();
     writeThumbnail(fresh, modified);
     writeThumbnail(changed, QFileInfo(changed).lastModified().addDays(-1));

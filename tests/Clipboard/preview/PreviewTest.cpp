@@ -4,6 +4,9 @@
 #include "Clipboard/preview/TextBody.h"
 #include "PreviewRig.h"
 
+#include <QScrollBar>
+#include <QUrl>
+
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -49,8 +52,7 @@ TEST_F(PreviewTest, whatIsNoReadableFileGivesACardInBoundedTime)
 
 TEST_F(PreviewTest, aBrokenOrHostileFileGivesACardInBoundedTime)
 {
-    for (const char *name :
-         {"truncated.png", "huge_claim.png", "truncated.gif", "text_as.png", "binary.txt"}) {
+    for (const char *name : {"truncated.png", "huge_claim.png", "truncated.gif", "binary.txt"}) {
         const PreviewResult result = read(sample(name));
         EXPECT_TRUE(result.facts) << name;
         EXPECT_FALSE(result.content) << name;
@@ -62,6 +64,16 @@ TEST_F(PreviewTest, namesNeedNotBeText)
     for (const QString &name : {QStringLiteral("line\nbreak.txt"), QStringLiteral("100%20%s.txt"),
                                 QStringLiteral("<b>.txt")})
         EXPECT_TRUE(readAs<TextContent>(write(name, "content"))) << name.toStdString();
+}
+
+TEST_F(PreviewTest, aFileNamedAsAnotherKindIsShownAsWhatItIs)
+{
+    QFile picture(sample("turned.jpg"));
+    ASSERT_TRUE(picture.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(readAs<ImageContent>(write(QStringLiteral("sent.png"), picture.readAll())));
+    EXPECT_TRUE(readAs<TextContent>(sample("text_as.png")));
+    EXPECT_FALSE(read(write(QStringLiteral("letter.rtf"), "{\\rtf1 Dear reader}")).content)
+        << "nobody reads its code";
 }
 
 TEST_F(PreviewTest, aPhotographIsTurnedUprightAndReadAtTheSizeOfTheView)
@@ -123,6 +135,10 @@ TEST_F(PreviewTest, aTextIsReadInTheEncodingItIsWrittenIn)
         EXPECT_TRUE(text->text().contains(QString::fromUtf8(row.part)))
             << row.name << ": " << text->text().toStdString();
     }
+    const QByteArray unmarked("R\0e\0g\0i\0s\0t\0r\0y\0 \0o\0f\0 \0s\0i\0z\0e\0s\0\r\0\n\0", 38);
+    EXPECT_EQ(TextRenderer::decoded(unmarked), QStringLiteral("Registry of sizes\r\n"));
+    // Too few bytes for statistics.
+    EXPECT_EQ(TextRenderer::decoded("Gr\xFC\xDF"), QString::fromUtf8("Grüß"));
 }
 
 TEST_F(PreviewTest, ofALongTextTheBeginningIsShown)
@@ -157,6 +173,45 @@ TEST_F(PreviewTest, markdownAndPagesAreShownAsTheyRead)
     ASSERT_TRUE(page);
     EXPECT_TRUE(page->text().contains(QStringLiteral("Body & text")));
     EXPECT_FALSE(page->text().contains(QStringLiteral("hidden")));
+    const auto strict = readAs<TextContent>(
+        write(QStringLiteral("strict.xhtml"), "<?xml version='1.0'?><html><p>Body</p></html>"));
+    ASSERT_TRUE(strict);
+    EXPECT_EQ(strict->text(), QStringLiteral("Body"));
+}
+
+TEST_F(PreviewTest, tagsInMarkdownTakeNothingWithThem)
+{
+    const struct
+    {
+        const char *text;
+        const char *shown;
+    } kTable[] = {
+        {"one<br>two <img src='x.png'> three", "one\ntwo  three"},
+        {"<p align=center>\n<img src='x.png'>\n</p>\n\nafter", "after"},
+        {"<!-- not\nseen --> `<br>` and List<String>", "<br> and List<String>"},
+        {"~~~\n<p>\n~~~\nafter", "<p>\nafter"},
+        {"<h2 align=center>Title</h2>after", "Title\nafter"},
+    };
+    for (const auto &row : kTable) {
+        const TextContent content(QString::fromUtf8(row.text), TextContent::Form::Markdown, false);
+        const std::unique_ptr<PreviewBody> body(content.makeBody(registry.threads(), nullptr));
+        EXPECT_EQ(qobject_cast<TextBody *>(body.get())->plainText().trimmed().toStdString(),
+                  row.shown);
+    }
+}
+
+TEST_F(PreviewTest, aPageDoesNotReadTheFilesThatItNames)
+{
+    const QString pipe = folder.filePath(QStringLiteral("style.css"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QByteArray address = QUrl::fromLocalFile(pipe).toEncoded();
+    for (const QByteArray &head : {"<link rel='stylesheet' href='" + address + "'>",
+                                   "<style>@import url('" + address + "');</style>"}) {
+        const auto page = readAs<TextContent>(write(
+            QStringLiteral("page.html"), "<html><head>" + head + "</head><p>Body</p></html>"));
+        ASSERT_TRUE(page) << head.toStdString();
+        EXPECT_EQ(page->text(), QStringLiteral("Body"));
+    }
 }
 
 TEST_F(PreviewTest, theLatestResultsAreKeptWhileTheirFilesStay)
@@ -172,6 +227,24 @@ TEST_F(PreviewTest, theLatestResultsAreKeptWhileTheirFilesStay)
         read(write(QStringLiteral("%1.txt").arg(i), "content"));
     EXPECT_EQ(registry.keptCount(), PreviewRegistry::kMostKept);
     EXPECT_NE(read(first).content, std::shared_ptr<const PreviewContent>(after));
+}
+
+TEST_F(PreviewTest, whoeverReadsAFileThatGrowsReadsOnWhereTheyAre)
+{
+    const QByteArray lines = QByteArray("line\n").repeated(500);
+    const QString path = write(QStringLiteral("growing.log"), lines);
+    FilePreview view(registry, path, nullptr);
+    view.resize(300, 200);
+    view.show();
+    view.refresh();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
+    view.body()->scrollBar()->setValue(300);
+    write(QStringLiteral("growing.log"), lines + "the last\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const auto *body = qobject_cast<TextBody *>(view.body());
+        return body && body->plainText().endsWith(QStringLiteral("the last\n"));
+    }));
+    EXPECT_EQ(view.body()->scrollBar()->value(), 300);
 }
 
 TEST_F(PreviewTest, aViewFollowsItsFile)
