@@ -89,16 +89,17 @@ class Screens:
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1" if self.options.contrast else "0",
         }, welcomed=welcomed)
 
-    def find_active_window(self):
-        told = self.desktop.run(["xdotool", "getactivewindow", "getwindowpid", "getactivewindow"],
-                                capture_output=True, text=True)
-        lines = told.stdout.split()
-        return lines[1] if told.returncode == 0 and lines[0] == str(
-            self.app.process.pid) else None
+    def words(self, *command):
+        return self.desktop.run(["xdotool", *command], capture_output=True, text=True).stdout.split()
 
     def active_window(self):
         """The window of ours that has the keyboard, whatever its title in this language."""
-        return self.desktop.wait_for(self.find_active_window, "a window of Quillmarsh in front")
+        def find():
+            # The window manager may go on to name one that has closed.
+            visible = self.words("search", "--onlyvisible", "--pid", str(self.app.process.pid))
+            active = self.words("getactivewindow")
+            return active[0] if active and active[0] in visible else None
+        return self.desktop.wait_for(find, "a window of Quillmarsh in front")
 
     def captured(self):
         return self.desktop.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"],
@@ -171,8 +172,6 @@ class Screens:
         self.desktop.wait_for(lambda: self.desktop.run(
             ["xdotool", "search", "--onlyvisible", "--pid", str(self.app.process.pid)],
             capture_output=True).returncode != 0, "all windows to close")
-        # The window manager says so later, and until then names the one that has closed.
-        self.desktop.wait_for(lambda: self.find_active_window() is None, "no window in front")
 
     def welcome_and_tour(self):
         self.start(welcomed=False)
