@@ -11,8 +11,6 @@
 namespace {
 
 constexpr int kPictureExtent = 64;
-constexpr int kWidestText = 420;
-
 constexpr qreal kTitleScale = Looks::kLargeScale;
 
 QLabel *makeLabel(QWidget *parent)
@@ -21,7 +19,6 @@ QLabel *makeLabel(QWidget *parent)
     label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setFixedWidth(kWidestText);
     return label;
 }
 
@@ -33,12 +30,14 @@ EmptyStateView::EmptyStateView(QWidget *parent)
 {
     setObjectName(QStringLiteral("emptyStateView"));
     auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(Looks::kPageMargin, 0, Looks::kPageMargin, 0);
     column->setSpacing(10);
     column->addStretch(2);
     column->addWidget(m_picture, 0, Qt::AlignHCenter);
     column->addSpacing(4);
-    column->addWidget(m_title, 0, Qt::AlignHCenter);
-    column->addWidget(m_hint, 0, Qt::AlignHCenter);
+    // Over the whole width, because a column asks for the height of its own width.
+    column->addWidget(m_title);
+    column->addWidget(m_hint);
     column->addStretch(3);
 }
 

@@ -4,6 +4,8 @@
 #include "Clipboard/window/SplitViewDelegate.h"
 #include "WindowRig.h"
 
+#include <QApplication>
+#include <QLabel>
 #include <QSplitter>
 
 #include <ostream>
@@ -71,13 +73,19 @@ TEST_F(ViewControllerTest, anEmptyHistoryShowsItsStateAndNoPreview)
     EXPECT_TRUE(memory.keySender.sent().isEmpty());
 }
 
-TEST_F(ViewControllerTest, aSearchWithoutResultsSaysWhatWasSought)
+TEST_F(ViewControllerTest, aSearchWithoutResultsSaysWhatWasSoughtInFull)
 {
     addAll(kThree);
     delegate.launch();
     QTest::keyClicks(field, QStringLiteral("xyz"));
     EXPECT_TRUE(controller->emptyStateView()->isVisible());
     EXPECT_TRUE(controller->emptyStateView()->title().contains(QStringLiteral("xyz")));
+    QFont large = QApplication::font();
+    large.setPointSizeF(large.pointSizeF() * 3);
+    controller->emptyStateView()->setFont(large);
+    QCoreApplication::processEvents();
+    for (const QLabel *label : controller->emptyStateView()->findChildren<QLabel *>())
+        EXPECT_GE(label->height(), label->heightForWidth(label->width())) << "cut";
     field->replaceText(QString());
     EXPECT_FALSE(controller->emptyStateView()->isVisible());
     EXPECT_EQ(listed().size(), 3);
