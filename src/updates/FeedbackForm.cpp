@@ -17,12 +17,19 @@ namespace {
 constexpr int kMargin = 24;
 constexpr int kMostMailCharacters = 254;
 constexpr int kLinesOfText = 9;
+constexpr int kLeastLinesOfText = 3; ///< On a screen that is low for its font.
 constexpr int kCharactersAcross = 66;
 
 class BoundedTextEdit : public QPlainTextEdit
 {
 public:
     using QPlainTextEdit::QPlainTextEdit;
+
+    // ^QPlainTextEdit
+    QSize sizeHint() const override
+    {
+        return {minimumWidth(), kLinesOfText * fontMetrics().lineSpacing()};
+    }
 
 protected:
     // ^QPlainTextEdit
@@ -46,7 +53,7 @@ FeedbackForm::FeedbackForm(const QString &systemLine, const FeedbackDelivery &de
     text->setAccessibleName(tr("Message"));
     text->setTabChangesFocus(true);
     text->setMinimumSize(kCharactersAcross * fontMetrics().averageCharWidth(),
-                         kLinesOfText * fontMetrics().lineSpacing());
+                         kLeastLinesOfText * fontMetrics().lineSpacing());
     mail->setAccessibleName(tr("Mail address"));
     mail->setPlaceholderText(tr("optional, for an answer"));
     mail->setMaxLength(kMostMailCharacters);

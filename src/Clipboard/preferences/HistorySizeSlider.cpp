@@ -117,15 +117,22 @@ void HistorySizeSlider::paintEvent(QPaintEvent *event)
     painter.setPen(colour);
     const QFontMetrics metrics(tickFont());
     const int top = height() - tickHeight();
-    for (const int power : kPowers) {
-        const int x = xOf(power);
-        painter.drawLine(x, top - 2, x, top + 1);
-        const QString text = QLocale().toString(power);
+    const auto boxOf = [&](int power) {
         // The outermost numbers are wider than what is left beside their ticks.
-        const int half = metrics.horizontalAdvance(text) / 2 + 1;
-        const int middle = std::clamp(x, half, std::max(half, width() - half));
-        const QRect box(middle - half, top + 3, 2 * half, metrics.height());
-        painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop, text);
+        const int half = metrics.horizontalAdvance(QLocale().toString(power)) / 2 + 1;
+        const int middle = std::clamp(xOf(power), half, std::max(half, width() - half));
+        return QRect(middle - half, top + 3, 2 * half, metrics.height());
+    };
+    // With a large font not every number has room. The largest is told in any case.
+    QRegion taken;
+    for (auto power = kPowers.rbegin(); power != kPowers.rend(); ++power) {
+        const int x = xOf(*power);
+        painter.drawLine(x, top - 2, x, top + 1);
+        const QRect box = boxOf(*power);
+        if (taken.intersects(box))
+            continue;
+        painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop, QLocale().toString(*power));
+        taken += box;
     }
 }
 
