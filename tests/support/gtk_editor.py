@@ -11,6 +11,10 @@ import sys
 import gi
 
 gi.require_version("Gtk", "3.0")
+from gi.repository import GLib  # noqa: E402
+
+# The window's class is made of it, by which copies name the application.
+GLib.set_prgname("editor")
 from gi.repository import Gtk  # noqa: E402
 
 
@@ -20,6 +24,7 @@ def main():
     window = Gtk.Window(title="GTK editor", default_width=420, default_height=240)
     view = Gtk.TextView()
     view.set_wrap_mode(Gtk.WrapMode.WORD_CHAR)
+    view.set_left_margin(6)
     buffer = view.get_buffer()
     if len(arguments) > 1:
         buffer.set_text(arguments[1])
