@@ -24,6 +24,7 @@ class Feedback(Journey):
         super().setUp()
         self.status = 200
         self.posts = []
+        self.usages = []
         self.server = TlsServer(self.desktop.home, self.answer)
         self.addCleanup(self.server.close)
         self.folder = pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], BUNDLE)
@@ -32,9 +33,8 @@ class Feedback(Journey):
     def answer(self, request):
         headers = request.headers
         told = json.loads(request.rfile.read(int(headers["Content-Length"])))
-        if told != USAGE:
-            self.posts.append(
-                (request.command, request.path, set(headers), headers["User-Agent"], told))
+        known = self.usages if told == USAGE else self.posts
+        known.append((request.command, request.path, set(headers), headers["User-Agent"], told))
         reply(request, self.status, **({"Location": "http://localhost/"} if self.status == 307
                                        else {}))
 
@@ -69,6 +69,8 @@ class Feedback(Journey):
 
     def test_a_crash_is_asked_about_once_beside_the_history_and_its_report_is_sent(self):
         self.start()
+        self.wait_for(lambda: self.usages, "word that this version runs")
+        self.assertEqual(self.usages, [("POST", "/take", HEADERS, "Quillmarsh", USAGE)])
         self.copy("a secret clip")
         self.crash()
         self.start()

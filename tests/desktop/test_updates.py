@@ -122,6 +122,15 @@ class WholeWay(UpdateJourney):
         new = image("new", "image-1.1.0")
         (self.root / "image-1.1.0/share/quillmarsh/test-version").write_text("1.1.0")
         self.offer(file=new, kind="appimage")
+        self.start(installed)
+        self.check()
+        self.app.wait_for_log("update found")
+        installed.write_bytes(new.read_bytes())  # Another process was faster.
+        self.app.key("alt+i")
+        self.app.wait_for_log("update ended: This version is installed already.")
+        self.assertEqual(self.app.quit(), 0)
+        self.assertFalse(os.path.exists(f"{installed}.previous"))
+        installed.write_bytes(before)
         for stage in ("write", "keep"):
             self.start(installed, QUILLMARSH_TEST_FULL_AT=stage)
             self.install()

@@ -120,6 +120,14 @@ TEST_F(CrashReporterTest, aProgramThatCrashesAtEveryStartKeepsFewReports)
     EXPECT_EQ(reports().text(), QStringLiteral("6\n\n5\n\n4\n\n3\n\n2"));
     reports().discard();
     EXPECT_EQ(reports().count(), 0);
+    // What somebody else has put there: much is not read, and a link is not followed.
+    QFile large(folder() + QStringLiteral("/crash-1700000008-1.txt"));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly));
+    large.write(QByteArray(1024 * 1024, '\xff'));
+    large.close();
+    ASSERT_TRUE(
+        QFile::link(QStringLiteral(CRASHER), folder() + QStringLiteral("/crash-1700000009-1.txt")));
+    EXPECT_EQ(reports().text().size(), 64 * 1024);
 }
 
 } // namespace

@@ -386,7 +386,7 @@ TEST_F(DMHelperAppDelegateTest, anUpdateThatCannotBeginSaysWhyWithItsCode)
     }
 }
 
-TEST_F(DMHelperAppDelegateTest, asksForBetasOnlyAfterAFinalBAndForTestsOnlyWhenTold)
+TEST_F(DMHelperAppDelegateTest, answersItsUpdaterByVersionSettingsAndWhatRuns)
 {
     const auto updater = DM_SUUpdater::updaterForMainBundle(m_platform.platform, m_info);
     for (const auto &[version, isBeta] :
@@ -413,6 +413,10 @@ TEST_F(DMHelperAppDelegateTest, asksForBetasOnlyAfterAFinalBAndForTestsOnlyWhenT
     busy->updateMainApp();
     busy->checkForUpdates(true);
     EXPECT_TRUE(updater->automaticallyChecksForUpdates());
+    EXPECT_TRUE(busy->updaterShouldRelaunchApplication(*updater));
+    m_platform.runningApplications.setBundlePaths({prefix});
+    EXPECT_FALSE(busy->updaterShouldRelaunchApplication(*updater));
+    EXPECT_FALSE(busy->updaterMayShowModalAlert(*updater));
 }
 
 } // namespace
