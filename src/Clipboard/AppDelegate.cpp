@@ -223,6 +223,8 @@ void AppDelegate::launch()
         m_viewController->next();
         return;
     }
+    // A clip that was pasted a moment ago is the newest, and would move the rows at the next step.
+    m_capture->readFromPasteboard();
     setWindowVisible();
     if (m_viewController)
         m_viewController->selectRow(0, true);

@@ -160,6 +160,9 @@ TEST_F(AppDelegateTest, aChosenClipIsPastedIntoTheApplicationThatWasInFront)
     EXPECT_FALSE(m_delegate->window()->isVisible());
     EXPECT_EQ(m_platform.pasteboard.contents()->text, QStringLiteral("first"));
     EXPECT_EQ(m_platform.keySender.sent(), QList<quint32>{VirtualKey::kV});
+    press(VirtualKey::kV);
+    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("first"))
+        << "the newest clip, before the next step of the timer";
 }
 
 TEST_F(AppDelegateTest, swopLeavesTheReplacedSelectionNewestAndOnThePasteboard)

@@ -12,14 +12,14 @@ class PasteJourney(Journey):
     def test_return_pastes_into_gtk_qt_and_a_terminal(self):
         self.copy("the heron waits")
         self.copy("newer")
-        for kind in ("gtk", "qt"):
+        for kind in ("qt", "gtk"):
             with self.subTest(kind):
                 path = self.editor(kind)
                 self.paste_with("Return", filter_text="heron")
                 self.wait_for_text(path, "the heron waits")
         self.wait_for(lambda: self.app.clips("strValue, applicationName")[0]
                       == ("the heron waits", "qt_editor"),
-                      "the clip to come from where it was pasted")
+                      "the clip to come from where it was first pasted")
         with self.subTest("xterm"):
             path = self.terminal()
             self.paste_with("Return", filter_text="heron")
