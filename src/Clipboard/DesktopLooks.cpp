@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFile>
+#include <QIcon>
 #include <QPalette>
 #include <QScopedValueRollback>
 
@@ -41,6 +43,19 @@ void outlineBoxes(bool isDark, const ClipColors &colors)
         QApplication::setPalette(palette, box);
 }
 
+/// A bare window manager names no icon theme, and then the one that names only applications' icons
+/// is looked into: files would all look alike.
+void chooseIconTheme()
+{
+    if (const QString named = QIcon::themeName(); !named.isEmpty() && named != u"hicolor")
+        return;
+    const QStringList folders = QIcon::themeSearchPaths();
+    for (const QString &theme : {QStringLiteral("Adwaita"), QStringLiteral("breeze")})
+        for (const QString &folder : folders)
+            if (QFile::exists(folder + u'/' + theme + QStringLiteral("/index.theme")))
+                return QIcon::setThemeName(theme);
+}
+
 } // namespace
 
 DesktopLooks::DesktopLooks(const Appearance &appearance, QObject *parent)
@@ -48,6 +63,7 @@ DesktopLooks::DesktopLooks(const Appearance &appearance, QObject *parent)
 {
     connect(&appearance, &Appearance::changed, this, &DesktopLooks::apply);
     qApp->installEventFilter(this);
+    chooseIconTheme();
     apply();
 }
 
