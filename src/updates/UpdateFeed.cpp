@@ -70,6 +70,22 @@ bool beginsWithUpdates(QXmlStreamReader &xml)
     return xml.name() == u"updates";
 }
 
+/// The reader's time grows with the square of a tag's length, and the main thread waits for it.
+bool hasHugeTag(const QByteArray &xml)
+{
+    constexpr qsizetype kMostBytesOfTag = 8 * 1024;
+    for (qsizetype begin = xml.indexOf('<'); begin >= 0;) {
+        const qsizetype found = xml.indexOf('>', begin);
+        const qsizetype end = found < 0 ? xml.size() : found;
+        // Text that is quoted as a whole may be as long as the feed.
+        const bool isQuoted = xml.mid(begin, 2) == "<!";
+        if (!isQuoted && end - begin > kMostBytesOfTag)
+            return true;
+        begin = xml.indexOf('<', end);
+    }
+    return false;
+}
+
 QString refused(const QString &why)
 {
     return UpdateFeed::tr("The list of updates cannot be used.") + u' ' + why;
@@ -80,7 +96,7 @@ QString refused(const QString &why)
 std::variant<QList<UpdateItem>, QString> UpdateFeed::parse(const QByteArray &xml)
 {
     QXmlStreamReader reader(xml);
-    if (!beginsWithUpdates(reader))
+    if (hasHugeTag(xml) || !beginsWithUpdates(reader))
         return refused(tr("It is not a list of updates."));
     QList<UpdateItem> items;
     while (reader.readNextStartElement()) {

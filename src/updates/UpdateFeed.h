@@ -17,8 +17,7 @@ class UpdateFeed
     Q_DECLARE_TR_FUNCTIONS(UpdateFeed)
 
 public:
-    /// No feed may be longer. The reader's time grows with the square of a tag's length, and the
-    /// main thread waits for it: 2 s for one tag of this size.
+    /// No feed may be longer; the main thread reads it.
     static constexpr qint64 kMostBytes = 256 * 1024;
 
     /// What the running program can make use of.

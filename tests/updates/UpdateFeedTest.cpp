@@ -73,6 +73,7 @@ TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
         const char *instead;
         const char *reason;
     };
+    const QByteArray hugeTag = "<updates note='" + QByteArray(9000, 'x') + "'>";
     for (const Row &row : {
              Row{"1.1", "latest", "a version that is not a number: “latest”."},
              Row{"'9'", "'0'", "Version 1.1 has no possible size."},
@@ -90,6 +91,7 @@ TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
              Row{"<updates>", "<html>", "It is not a list of updates."},
              Row{"<updates>", "<!DOCTYPE updates [<!ENTITY a 'aaaa'>]><updates>",
                  "It is not a list of updates."},
+             Row{"<updates>", hugeTag.constData(), "It is not a list of updates."},
          }) {
         const QString feed = QString(good).replace(text(row.what), text(row.instead));
         const auto parsed = UpdateFeed::parse(feed.toUtf8());
