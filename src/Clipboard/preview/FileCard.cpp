@@ -1,6 +1,7 @@
 #include "Clipboard/preview/FileCard.h"
 
 #include "Clipboard/window/WindowIcons.h"
+#include "platform/ReadingDirection.h"
 
 #include <QFileInfo>
 #include <QIcon>
@@ -35,7 +36,8 @@ void FileCard::setFacts(const std::optional<FileFacts> &facts)
         if (m_facts.modified.isValid())
             m_lines.append(tr("Changed %1").arg(dated(m_facts.modified)));
         if (!m_facts.linkTarget.isEmpty())
-            m_lines.append(tr("Links to %1").arg(m_facts.linkTarget));
+            m_lines.append(
+                tr("Links to %1").arg(ReadingDirection::leftToRight(m_facts.linkTarget)));
     }
     updatePicture();
     update();
@@ -84,8 +86,9 @@ void FileCard::paintEvent(QPaintEvent *)
     constexpr int kFlags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextSingleLine;
     painter.setFont(nameFont);
     painter.setPen(m_colors.text);
+    const QString name = ReadingDirection::leftToRight(QFileInfo(m_path).fileName());
     painter.drawText(QRect(kMargin, y, width, nameMetrics.height()), kFlags,
-                     nameMetrics.elidedText(QFileInfo(m_path).fileName(), Qt::ElideMiddle, width));
+                     nameMetrics.elidedText(name, Qt::ElideMiddle, width));
     y += nameMetrics.height() + kGap / 2;
 
     painter.setFont(font());

@@ -3,9 +3,11 @@
 #include "Clipboard/preview/FolderRenderer.h"
 #include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ScrollBars.h"
+#include "platform/ReadingDirection.h"
 
 #include <QLabel>
 #include <QListWidget>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -42,8 +44,13 @@ ListBody::ListBody(const ListContent &content, QWidget *parent)
     m_list->setUniformItemSizes(true);
     m_list->setIconSize(QSize(kIconExtent, kIconExtent));
     m_list->viewport()->setAutoFillBackground(false);
-    for (const QString &entry : content.entries())
-        m_list->addItem(inOneLine(entry));
+    for (const QString &entry : content.entries()) {
+        const QString name = inOneLine(entry);
+        // A folder's slash stays at its end in a window from right to left, too.
+        auto *item = new QListWidgetItem(ReadingDirection::leftToRight(name), m_list);
+        item->setData(Qt::UserRole, name);
+        item->setData(Qt::AccessibleTextRole, name);
+    }
 }
 
 QScrollBar *ListBody::scrollBar() const
@@ -55,8 +62,9 @@ void ListBody::setColors(const ClipColors &colors)
 {
     for (int row = 0; row < m_list->count(); ++row) {
         QListWidgetItem *item = m_list->item(row);
-        item->setIcon(m_icons.pixmap(item->text(), item->text().endsWith(u'/'), kIconExtent,
-                                     colors.quietText, devicePixelRatioF()));
+        const QString name = item->data(Qt::UserRole).toString();
+        item->setIcon(m_icons.pixmap(name, name.endsWith(u'/'), kIconExtent, colors.quietText,
+                                     devicePixelRatioF()));
     }
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
@@ -73,5 +81,6 @@ void ListBody::resizeEvent(QResizeEvent *event)
     const int height = m_summary->sizeHint().height();
     m_summary->setGeometry(kMargin, kMargin, width() - 2 * kMargin, height);
     const int top = kMargin + height + kMargin / 2;
-    m_list->setGeometry(kMargin - 4, top, width() - kMargin + 4, this->height() - top);
+    const QRect list(kMargin - 4, top, width() - kMargin + 4, this->height() - top);
+    m_list->setGeometry(QStyle::visualRect(layoutDirection(), rect(), list));
 }
