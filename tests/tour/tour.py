@@ -37,6 +37,7 @@ class Tour:
         self.steps += 1
         print(f"  {self.steps}. {told}", flush=True)
         if picture:
+            time.sleep(0.3)  # until it is drawn; what a step does is checked without
             self.app.screenshot(os.path.join(self.screenshots, f"{self.steps}-{picture}.png"))
 
     def check(self, condition, what):
@@ -84,7 +85,6 @@ class Tour:
         self.app.open_history()
         self.step("Super+Shift+V opened the history", "history")
         self.app.type("quills")
-        time.sleep(0.3)  # for the picture only: what is pasted is checked below
         self.step("Typing “quills” narrowed it", "filtered")
         self.app.key("Return")
         self.check(lambda: contents(self.note) == QUOTE, "the pasted text")
