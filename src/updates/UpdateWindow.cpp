@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -61,6 +62,10 @@ UpdateWindow::UpdateWindow(const QString &appName, QWidget *parent)
     connect(m_skip, &QPushButton::clicked, this, &UpdateWindow::skipChosen);
     for (const QPushButton *button : {m_later, m_cancel, m_close})
         connect(button, &QPushButton::clicked, this, &QDialog::reject);
+    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
+            &QDialog::reject);
+    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), this), &QShortcut::activated, qApp,
+            &QCoreApplication::quit);
     connect(this, &QDialog::rejected, this, &UpdateWindow::dismissed);
     connect(m_automatic, &QCheckBox::clicked, this, &UpdateWindow::automaticChosen);
 }

@@ -322,7 +322,7 @@ class NothingIsInstalled(UpdateJourney):
     def test_when_it_is_put_off_or_skipped(self):
         self.offer()
         self.start()
-        for times, key in enumerate(("alt+l", "Escape", "alt+s"), 1):
+        for times, key in enumerate(("alt+l", "Escape", "super+w", "alt+s"), 1):
             self.check()
             self.app.wait_for_log("update found", count=times)
             self.app.key(key)

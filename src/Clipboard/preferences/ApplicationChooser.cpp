@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QVBoxLayout>
 
@@ -59,6 +60,10 @@ ApplicationChooser::ApplicationChooser(InstalledApplications &applications, QWid
     connect(m_list, &QListView::doubleClicked, this, &ApplicationChooser::chooseSelected);
     connect(m_choose, &QPushButton::clicked, this, &ApplicationChooser::chooseSelected);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
+            &QDialog::reject);
+    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), this), &QShortcut::activated, qApp,
+            &QCoreApplication::quit);
     connect(m_other, &QPushButton::clicked, this, &ApplicationChooser::openFileDialog);
     filterChanged({});
 }
