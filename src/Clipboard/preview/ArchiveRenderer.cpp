@@ -1,6 +1,6 @@
 #include "Clipboard/preview/ArchiveRenderer.h"
 
-#include "Clipboard/preview/FolderRenderer.h"
+#include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/PreviewFile.h"
 #include "Clipboard/preview/PreviewThreads.h"
 

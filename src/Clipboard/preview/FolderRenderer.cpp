@@ -1,6 +1,6 @@
 #include "Clipboard/preview/FolderRenderer.h"
 
-#include "Clipboard/preview/ListBody.h"
+#include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/PreviewFile.h"
 #include "Clipboard/preview/PreviewThreads.h"
 
@@ -59,16 +59,6 @@ QStringList firstSorted(QStringList entries)
     return entries;
 }
 
-QString summed(const ListCount &count)
-{
-    const QString size = QLocale().formattedDataSize(count.bytes);
-    const QString entries =
-        count.entries == 1 ? ListBody::tr("1 entry")
-                           : ListBody::tr("%Ln entries", nullptr, static_cast<int>(count.entries));
-    return count.isWhole ? ListBody::tr("%1, %2").arg(entries, size)
-                         : ListBody::tr("%1, %2 or more").arg(entries, size);
-}
-
 } // namespace
 
 bool FolderRenderer::accepts(const QMimeType &type) const
@@ -82,14 +72,4 @@ std::shared_ptr<const PreviewContent> FolderRenderer::read(PreviewFile &file, co
     QStringList names;
     const ListCount count = counted(file.path(), &names, stop);
     return std::make_shared<ListContent>(count, firstSorted(std::move(names)));
-}
-
-ListContent::ListContent(const ListCount &count, QStringList entries)
-    : m_summary(summed(count)), m_entries(std::move(entries))
-{
-}
-
-PreviewBody *ListContent::makeBody(PreviewThreads &, QWidget *parent) const
-{
-    return new ListBody(*this, parent);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/ImageRenderer.h"
+#include "Clipboard/preview/ImageContent.h"
 #include "Clipboard/window/ClipColors.h"
 
 #include <QTimer>

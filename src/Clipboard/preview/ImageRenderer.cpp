@@ -1,13 +1,11 @@
 #include "Clipboard/preview/ImageRenderer.h"
 
-#include "Clipboard/preview/ImageBody.h"
+#include "Clipboard/preview/ImageContent.h"
 #include "Clipboard/preview/PreviewFile.h"
 #include "Clipboard/preview/PreviewThreads.h"
 
 #include <QImageReader>
 #include <QMimeType>
-
-#include <numeric>
 
 namespace {
 
@@ -74,21 +72,4 @@ std::shared_ptr<const PreviewContent> ImageRenderer::read(PreviewFile &file, con
     if (frames.empty())
         return nullptr;
     return std::make_shared<ImageContent>(std::move(frames), isReduced);
-}
-
-ImageContent::ImageContent(std::vector<Frame> frames, bool isReduced)
-    : m_frames(std::move(frames)), m_isReduced(isReduced)
-{
-}
-
-PreviewBody *ImageContent::makeBody(PreviewThreads &, QWidget *parent) const
-{
-    return new ImageBody(m_frames, parent);
-}
-
-qint64 ImageContent::byteCount() const
-{
-    return std::accumulate(
-        m_frames.begin(), m_frames.end(), qint64(0),
-        [](qint64 sum, const Frame &frame) { return sum + frame.image.sizeInBytes(); });
 }

@@ -1,6 +1,6 @@
 #include "Clipboard/preview/ListBody.h"
 
-#include "Clipboard/preview/FolderRenderer.h"
+#include "Clipboard/preview/ListContent.h"
 #include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ScrollBars.h"
 #include "platform/ReadingDirection.h"

@@ -1,6 +1,6 @@
 #include "Clipboard/preview/ThumbnailRenderer.h"
 
-#include "Clipboard/preview/ImageRenderer.h"
+#include "Clipboard/preview/ImageContent.h"
 #include "Clipboard/preview/PreviewFile.h"
 
 #include <QCryptographicHash>

@@ -1,4 +1,4 @@
-#include "Clipboard/preview/FolderRenderer.h"
+#include "Clipboard/preview/ListContent.h"
 #include "PreviewRig.h"
 
 #include <QElapsedTimer>

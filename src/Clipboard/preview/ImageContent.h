@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Clipboard/preview/PreviewRenderer.h"
+
+#include <QImage>
+
+#include <vector>
+
+/// A picture, or the pictures of an animation, each with the time it stands.
+class ImageContent : public PreviewContent
+{
+public:
+    struct Frame
+    {
+        QImage image;
+        int milliseconds = 0;
+    };
+
+    /// `frames` holds at least one; `isReduced` when the file holds a larger picture.
+    ImageContent(std::vector<Frame> frames, bool isReduced);
+
+    const std::vector<Frame> &frames() const { return m_frames; }
+
+    // ^PreviewContent
+    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    qint64 byteCount() const override;
+    bool dependsOnSize() const override { return m_isReduced; }
+
+private:
+    const std::vector<Frame> m_frames;
+    const bool m_isReduced;
+};
