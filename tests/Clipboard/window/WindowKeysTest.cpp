@@ -23,7 +23,7 @@ struct PasteKey
     const char *fromTable;
 };
 
-/// The two ways to paste differ on purpose; each row pastes "Two" out of Three, Two, One.
+/// The two ways to paste differ on purpose; each row pastes "Two".
 const PasteKey kPasteKeys[] = {
     {"Return", Qt::Key_Return, kNone, "Two", "Two"},
     {"keypad Enter", Qt::Key_Enter, Qt::KeypadModifier, "Two", "Two"},
@@ -42,7 +42,9 @@ TEST_F(WindowKeysTest, returnPastesInTheCaseThatItsModifiersSay)
     for (const PasteKey &row : kPasteKeys) {
         for (const bool isTable : {false, true}) {
             delegate.launch();
-            controller->next();
+            // What was pasted last stands above it, in another case perhaps.
+            for (int i = 0; i < 4 && selected() != u"Two"; ++i)
+                controller->next();
             QTest::keyClick(isTable ? static_cast<QWidget *>(table) : field, row.key,
                             row.modifiers);
             EXPECT_EQ(memory.pasteboard.contents()->text,
