@@ -1,7 +1,7 @@
 #include "Clipboard/preview/FilePreview.h"
-#include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/FontRenderer.h"
 #include "Clipboard/preview/ImageContent.h"
+#include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/PdfBody.h"
 #include "Clipboard/preview/SvgRenderer.h"
 #include "Clipboard/preview/TextRenderer.h"
