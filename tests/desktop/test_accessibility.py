@@ -12,10 +12,11 @@ class Accessibility(Journey):
     starts_app = False
 
     def start(self, **environment):
+        # First, as on a real desktop: Qt may miss somebody who begins to listen while it starts.
+        self.screen = Accessible(self.desktop)
         # Otherwise Qt waits until somebody says that a screen reader runs.
         self.app = Quillmarsh(self.desktop, BINARY,
                               {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", **environment})
-        self.screen = Accessible(self.desktop)
 
     def found(self, role, name):
         return self.wait_for(lambda: self.screen.find(role, name), f"the {role} {name!r}")[0]
