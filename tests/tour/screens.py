@@ -13,6 +13,7 @@ program that knows a test's address, build/dev/tests/desktop/quillmarsh_updatabl
 import argparse
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import sys
@@ -194,7 +195,9 @@ class Screens:
             copy(self.desktop, text)
             self.app.wait_for_clip(text)
 
-    def copy_file(self, path):
+    def copy_file(self, name):
+        path = pathlib.Path(self.desktop.home, name)
+        shutil.copy(PREVIEWS / name, path)
         copy(self.desktop, path.as_uri() + "\r\n", "text/uri-list")
         self.app.wait_for_clip(path.name)
 
@@ -219,7 +222,7 @@ class Screens:
         self.shoot("history-nothing")
         self.hide()
         for name in ("notes.md", "drawing.svg", "pages.pdf"):
-            self.copy_file(PREVIEWS / name)
+            self.copy_file(name)
             self.open()
             self.shoot("file-" + name.rpartition(".")[2])
             self.hide()
