@@ -7,6 +7,7 @@
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
+#include "platform/freedesktop/UserFolders.h"
 
 #include <QApplication>
 #include <QFile>
@@ -55,6 +56,7 @@ int runApplication(QApplication &application, InstanceDoor &door, const QString 
     TerminationSignals termination;
     QObject::connect(&termination, &TerminationSignals::terminationRequested, &delegate,
                      &AppDelegate::quit);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &door, &InstanceDoor::close);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &delegate,
@@ -102,6 +104,10 @@ std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
         break;
     case InstanceDoor::Entry::Forwarded:
         return EXIT_SUCCESS;
+    case InstanceDoor::Entry::Refused:
+        std::fprintf(stderr, "quillmarsh: the one that is running does not know \"%s\"\n",
+                     qUtf8Printable(line.action));
+        return EXIT_FAILURE;
     case InstanceDoor::Entry::Unreachable:
         std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
         return EXIT_FAILURE;
@@ -121,10 +127,11 @@ int main(int argc, char **argv)
     // A log line is its text and nothing else, unless somebody who looks for a fault asks for more.
     if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
         qSetMessagePattern(QStringLiteral("%{message}"));
+    UserFolders::settle();
     // First of all, so that a second start is over before it talks to the display.
     const CommandLine line =
         CommandLine::parse(wordsOf(argc, argv), *Info::main().bundleShortVersionString);
-    std::unique_ptr<InstanceDoor> entered = PlatformLoader::makeDoor();
+    std::unique_ptr<InstanceDoor> entered = PlatformLoader::makeDoor(storeFolder(Info::main()));
     if (const std::optional<int> status = endEarly(line, *entered))
         return *status;
     if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {

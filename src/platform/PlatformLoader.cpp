@@ -99,9 +99,9 @@ std::optional<QString> PlatformLoader::chooseDisplay()
     return std::nullopt;
 }
 
-std::unique_ptr<InstanceDoor> PlatformLoader::makeDoor()
+std::unique_ptr<InstanceDoor> PlatformLoader::makeDoor(const QString &storeFolder)
 {
-    return std::make_unique<DBusInstanceDoor>();
+    return std::make_unique<DBusInstanceDoor>(storeFolder);
 }
 
 std::unique_ptr<Platform> PlatformLoader::makePlatform()

@@ -13,7 +13,8 @@ namespace PlatformLoader {
 /// there is none that Quillmarsh can work on; nothing can be built then.
 std::optional<QString> chooseDisplay();
 
-std::unique_ptr<InstanceDoor> makeDoor();
+/// `storeFolder` is the one whose history only one instance may keep.
+std::unique_ptr<InstanceDoor> makeDoor(const QString &storeFolder);
 
 std::unique_ptr<Platform> makePlatform();
 

@@ -1,6 +1,7 @@
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
+#include "platform/freedesktop/UserFolders.h"
 #include "updates/DMHelperAppDelegate.h"
 
 #include <QApplication>
@@ -13,6 +14,7 @@
 // does not run.
 int main(int argc, char **argv)
 {
+    UserFolders::settle();
     if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {
         std::fprintf(stderr, "quillmarsh-updater: %s\n", qUtf8Printable(*problem));
         return EXIT_FAILURE;

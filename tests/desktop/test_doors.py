@@ -148,6 +148,31 @@ class Doors(Journey):
                 self.say("launch")
                 self.app.window()
 
+    def test_one_store_has_one_instance_whatever_the_environment_of_a_start(self):
+        full = self.desktop.environment
+        poor = {name: full[name] for name in ("HOME", "DISPLAY", "PATH")}
+        rows = [("a poorer one", full, poor),
+                ("a richer one", poor, full),
+                ("another place for temporary files", poor, {**poor, "TMPDIR": "/var/tmp"}),
+                ("relative folders", poor, {**poor, "XDG_DATA_HOME": "share",
+                                            "XDG_CONFIG_HOME": "config"})]
+        for name, first, second in rows:
+            with self.subTest(name):
+                self.app = Quillmarsh(self.desktop, "/usr/bin/env",
+                                      words=["-i", "QUILLMARSH_TRACE=1",
+                                             *(f"{key}={value}" for key, value in first.items()),
+                                             BINARY])
+                self.copy("a clip")
+                ended = self.word("launch", env=second, cwd=self.desktop.home)
+                self.assertEqual((ended.returncode, ended.stdout, ended.stderr), (0, "", ""))
+                self.app.window()
+                self.assertEqual(self.word("clear-all", env=second).returncode, 0)
+                self.wait_for(lambda: self.app.clips() == [], "an empty history")
+                # The next start is in time for the end of this one.
+                self.assertEqual(self.word("quit", env=second).returncode, 0)
+        ended = self.word("launch", env={**poor, "DISPLAY": ""})
+        self.assertIn("DISPLAY is not set", ended.stderr)
+
     def test_whoever_shows_that_a_start_is_under_way_hears_of_its_end(self):
         screen = display.Display(self.desktop.environment["DISPLAY"])
         screen.screen().root.change_attributes(event_mask=X.PropertyChangeMask)

@@ -47,6 +47,6 @@ void ApplicationAdaptor::ActivateAction(const QString &action, const QVariantLis
     if (m_receiver({action, activationToken(platformData)}))
         return;
     call.setDelayedReply(true);
-    QDBusConnection::sessionBus().send(call.createErrorReply(
-        QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\".").arg(action)));
+    QDBusConnection::sessionBus().send(
+        call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such action.")));
 }

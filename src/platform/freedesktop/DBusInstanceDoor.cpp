@@ -7,6 +7,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
+#include <QDebug>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSocketNotifier>
@@ -40,12 +41,31 @@ bool isKnown(const QString &action)
     return kActions.contains(action);
 }
 
+/// What a caller wrote, fit for one line of the log.
+QString quoted(const QString &text)
+{
+    constexpr qsizetype kMostCharacters = 64;
+    QString line;
+    QDebug(&line).nospace() << text.left(kMostCharacters);
+    return text.size() > kMostCharacters ? line + QStringLiteral("…") : line;
+}
+
+QString usable(const QString &activationToken)
+{
+    const bool isTooLong = activationToken.size() > DBusInstanceDoor::kLongestToken ||
+                           activationToken.toUtf8().size() > DBusInstanceDoor::kLongestToken;
+    if (isTooLong)
+        qCWarning(lcDoor, "an activation token of %lld characters is ignored",
+                  static_cast<long long>(activationToken.size()));
+    return isTooLong ? QString() : activationToken;
+}
+
 /// What the launcher gave this process, so that the running instance may come to the front in the
 /// name of the user's click.
 QString ownActivationToken()
 {
     const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
-    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+    return usable(token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token);
 }
 
 /// The session's bus. Where there is none, the bus library would start one for us alone, which
@@ -80,15 +100,15 @@ QDBusMessage callFor(const DoorMessage &message)
 
 } // namespace
 
-DBusInstanceDoor::DBusInstanceDoor(QObject *parent) : InstanceDoor(parent)
+DBusInstanceDoor::DBusInstanceDoor(const QString &storeFolder, QObject *parent)
+    : InstanceDoor(parent), m_socket(storeFolder)
 {
     new ApplicationAdaptor(this, [this](const DoorMessage &message) { return receive(message); });
 }
 
 DBusInstanceDoor::~DBusInstanceDoor()
 {
-    if (m_ownsName)
-        QDBusConnection::sessionBus().unregisterService(Info::main().bundleIdentifier);
+    close();
 }
 
 InstanceDoor::Entry DBusInstanceDoor::enter(const QString &action)
@@ -106,20 +126,25 @@ InstanceDoor::Entry DBusInstanceDoor::enter(const QString &action)
 
 InstanceDoor::Entry DBusInstanceDoor::enterBySocket(const DoorMessage &message)
 {
-    const auto deadline = Clock::now() + kAnswerLimit;
+    const auto deadline = Clock::now() + kLeaveLimit;
     for (;;) {
         // Asked anew each time round, because the holder may be on its way out.
         if (m_socket.claim() != InstanceSocket::Claim::Held)
             return Entry::First;
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
-        if (left.count() <= 0)
-            break;
-        if (m_socket.forward(message, left))
+        switch (m_socket.forward(message, kAnswerLimit)) {
+        case InstanceSocket::Answer::Taken:
             return Entry::Forwarded;
-        // The holder may have the lock and not listen yet.
+        case InstanceSocket::Answer::Refused:
+            return Entry::Refused;
+        case InstanceSocket::Answer::None:
+            return Entry::Unreachable;
+        case InstanceSocket::Answer::Nobody:
+            break;
+        }
+        if (Clock::now() >= deadline)
+            return Entry::Unreachable;
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    return Entry::Unreachable;
 }
 
 InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
@@ -131,13 +156,15 @@ InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
     for (;;) {
         if (ownsNameOn(bus))
             return Entry::First;
-        // An instance with another runtime folder: the bus is all that it shares with us. Or one
-        // that has just died, whose name the bus is about to take back.
+        // An instance with another store: the bus is all that it shares with us. Or one that has
+        // just died, whose name the bus is about to take back.
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
         const QDBusMessage answer =
             bus.call(callFor(message), QDBus::Block, std::max(static_cast<int>(left.count()), 1));
         if (answer.type() == QDBusMessage::ReplyMessage)
             return Entry::Forwarded;
+        if (QDBusError(answer).type() == QDBusError::InvalidArgs)
+            return Entry::Refused;
         if (Clock::now() >= deadline) {
             qCWarning(lcDoor, "the running instance did not take the action: %s",
                       qUtf8Printable(answer.errorMessage()));
@@ -174,17 +201,26 @@ void DBusInstanceDoor::open()
         return;
     auto *notifier = new QSocketNotifier(m_socket.descriptor(), QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {
-        if (const auto message = m_socket.receive())
-            receive(*message);
+        m_socket.receive([this](const DoorMessage &message) { return receive(message); });
     });
 }
 
-bool DBusInstanceDoor::receive(const DoorMessage &message)
+void DBusInstanceDoor::close()
+{
+    // Readable for ever once it is closed, or another file's by then.
+    delete findChild<QSocketNotifier *>();
+    m_socket.stopListening();
+    if (std::exchange(m_ownsName, false))
+        QDBusConnection::sessionBus().unregisterService(Info::main().bundleIdentifier);
+}
+
+bool DBusInstanceDoor::receive(DoorMessage message)
 {
     if (!isKnown(message.action)) {
-        qCWarning(lcDoor, "there is no action \"%s\"", qUtf8Printable(message.action));
+        qCWarning(lcDoor, "there is no action %s", qUtf8Printable(quoted(message.action)));
         return false;
     }
+    message.activationToken = usable(message.activationToken);
     if (m_isOpen)
         deliver(message);
     else
@@ -198,6 +234,9 @@ void DBusInstanceDoor::deliver(const DoorMessage &message)
     QMetaObject::invokeMethod(
         this,
         [this, message] {
+            // Whatever comes after this would be taken and not be done.
+            if (message.action == u"quit")
+                close();
             if (message.action.isEmpty())
                 Q_EMIT activated(message.activationToken);
             else

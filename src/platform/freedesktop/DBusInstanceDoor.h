@@ -7,8 +7,9 @@
 #include <QList>
 
 /// org.freedesktop.Application on the session bus for other programs, and the lock with its socket
-/// for a second start, which therefore needs neither a bus nor an application object. Owned by
-/// main. Whatever comes before open() waits: bus calls in a list, other starts in the socket.
+/// beside the store for a second start, which therefore needs neither a bus nor an application
+/// object. Owned by main. Whatever comes before open() waits: bus calls in a list, other starts in
+/// the socket.
 class DBusInstanceDoor : public InstanceDoor
 {
     Q_OBJECT
@@ -16,24 +17,30 @@ class DBusInstanceDoor : public InstanceDoor
 public:
     /// How long the running instance has to take an action.
     static constexpr std::chrono::milliseconds kAnswerLimit{1000};
+    /// How long it has to save and end once it takes nothing more.
+    static constexpr std::chrono::milliseconds kLeaveLimit{5000};
+    /// Longer activation tokens count as none: telling the display of one takes time by its length.
+    static constexpr qsizetype kLongestToken = 1024;
 
-    explicit DBusInstanceDoor(QObject *parent = nullptr);
+    explicit DBusInstanceDoor(const QString &storeFolder, QObject *parent = nullptr);
     ~DBusInstanceDoor() override;
 
     // ^InstanceDoor
     Entry enter(const QString &action) override;
     QString activationToken() const override { return m_activationToken; }
     void open() override;
+    void close() override;
 
 private:
-    /// Becomes the only instance of this user, or hands the message over.
+    /// Becomes the only instance of the store, or hands the message over.
     Entry enterBySocket(const DoorMessage &message);
     /// Takes the bus name, or hands the message to the one who has it.
     Entry enterByBus(const DoorMessage &message);
     /// Whether nobody else has the name, so that it is ours.
     bool ownsNameOn(QDBusConnection &bus);
 
-    bool receive(const DoorMessage &message);
+    /// False when there is no such action.
+    bool receive(DoorMessage message);
     void deliver(const DoorMessage &message);
 
     /// Read before an application object is made, which takes it out of the environment.

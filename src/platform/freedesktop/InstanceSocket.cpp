@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QDir>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -22,12 +23,16 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcInstance, "quillmarsh.platform.instance", QtInfoMsg)
 
-constexpr const char *kLockName = "org.quillmarsh.Quillmarsh.lock";
-constexpr const char *kSocketName = "org.quillmarsh.Quillmarsh.socket";
+constexpr const char *kLockName = "Quillmarsh.lock";
+constexpr const char *kSocketName = "Quillmarsh.socket";
 /// First line of a message; a start of another version that speaks differently is not confirmed.
 constexpr const char *kGreeting = "quillmarsh 1";
-constexpr const char *kConfirmation = "taken";
+constexpr const char *kTaken = "taken";
+constexpr const char *kRefused = "refused";
+constexpr const char *kLeaving = "leaving";
 constexpr qsizetype kLargestMessage = 4096;
+/// Who waits for an answer looks so often whether the holder is gone, which sends no word of it.
+constexpr std::chrono::milliseconds kLookInterval{5};
 
 using Clock = std::chrono::steady_clock;
 
@@ -35,19 +40,6 @@ void closeDescriptor(int &descriptor)
 {
     if (descriptor >= 0)
         ::close(std::exchange(descriptor, -1));
-}
-
-/// A folder that only this user can enter, or -1.
-int openPrivateFolder(const QByteArray &path, int flags)
-{
-    int folder = ::open(path.constData(), O_DIRECTORY | O_RDONLY | O_CLOEXEC | flags);
-    struct stat facts = {};
-    if (folder >= 0 && (::fstat(folder, &facts) != 0 || facts.st_uid != ::geteuid() ||
-                        (facts.st_mode & 077) != 0)) {
-        closeDescriptor(folder);
-        errno = EPERM;
-    }
-    return folder;
 }
 
 /// The socket's address by way of the folder's descriptor, because the longest address is 107
@@ -80,6 +72,17 @@ bool waitFor(int descriptor, short events, Clock::time_point deadline)
 
 } // namespace
 
+/// One message with the name that its answer goes to.
+struct InstanceSocket::Letter
+{
+    ssize_t size = 0; ///< In bytes; none came when it is not positive.
+    char text[kLargestMessage];
+    sockaddr_un sender = {};
+    socklen_t senderSize = sizeof(sockaddr_un);
+};
+
+InstanceSocket::InstanceSocket(QString folder) : m_path(std::move(folder)) {}
+
 InstanceSocket::~InstanceSocket()
 {
     release();
@@ -88,9 +91,7 @@ InstanceSocket::~InstanceSocket()
 void InstanceSocket::release()
 {
     // The lock goes last: while it is held nobody else makes a socket of that name.
-    if (m_socket >= 0)
-        ::unlinkat(m_folder, kSocketName, 0);
-    closeDescriptor(m_socket);
+    stopListening();
     closeDescriptor(m_lock);
     closeDescriptor(m_folder);
 }
@@ -99,36 +100,37 @@ bool InstanceSocket::openFolder()
 {
     if (m_folder >= 0)
         return true;
-    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
-    if (!runtime.isEmpty())
-        m_folder = openPrivateFolder(runtime, 0);
-    if (m_folder >= 0)
-        return true;
-    const QByteArray own =
-        QFile::encodeName(QDir::tempPath()) + "/quillmarsh-" + QByteArray::number(::geteuid());
-    ::mkdir(own.constData(), 0700); // It may exist already; what counts is whose it is.
-    m_folder = openPrivateFolder(own, O_NOFOLLOW);
+    const QByteArray path = QFile::encodeName(m_path);
+    if (::mkdir(path.constData(), S_IRWXU) != 0 && errno == ENOENT &&
+        QDir().mkpath(QFileInfo(m_path).absolutePath()))
+        ::mkdir(path.constData(), S_IRWXU);
+    m_folder = ::open(path.constData(), O_DIRECTORY | O_RDONLY | O_CLOEXEC);
+    struct stat facts = {};
+    if (m_folder >= 0 && ::fstat(m_folder, &facts) == 0 && facts.st_uid != ::geteuid()) {
+        closeDescriptor(m_folder);
+        errno = EPERM;
+    }
     if (m_folder < 0)
-        qCWarning(lcInstance, "no runtime folder: XDG_RUNTIME_DIR is unusable and %s: %s",
-                  own.constData(), std::strerror(errno));
-    return m_folder >= 0;
+        return false;
+    // Whoever may enter it could send messages.
+    if ((facts.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+        ::fchmod(m_folder, S_IRWXU);
+    return true;
 }
 
 InstanceSocket::Claim InstanceSocket::claim()
 {
-    if (!openFolder())
-        return Claim::Unusable;
     // Nobody ever removes the lock file, so everybody locks the same one.
-    if (m_lock < 0)
-        m_lock = ::openat(m_folder, kLockName, O_CREAT | O_RDWR | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (openFolder() && m_lock < 0)
+        m_lock = ::openat(m_folder, kLockName, O_CREAT | O_RDWR | O_NOFOLLOW | O_CLOEXEC,
+                          S_IRUSR | S_IWUSR);
     if (m_lock < 0) {
-        qCWarning(lcInstance, "no lock file: %s", std::strerror(errno));
+        qCWarning(lcInstance, "nothing keeps a second start from the history: no lock in %s: %s",
+                  qUtf8Printable(m_path), std::strerror(errno));
         return Claim::Unusable;
     }
     if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0)
         return errno == EWOULDBLOCK ? Claim::Held : Claim::Unusable;
-    // Says to those who clean runtime folders by age that it is still wanted.
-    ::fchmod(m_lock, S_ISVTX | 0600);
     if (!listen())
         qCWarning(lcInstance, "a second start cannot reach this one: %s", std::strerror(errno));
     return Claim::Taken;
@@ -153,47 +155,86 @@ bool InstanceSocket::listen()
     return true;
 }
 
-bool InstanceSocket::forward(const DoorMessage &message, std::chrono::milliseconds limit) const
+InstanceSocket::Answer InstanceSocket::forward(const DoorMessage &message,
+                                               std::chrono::milliseconds limit)
 {
     const auto deadline = Clock::now() + limit;
     int own = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (own < 0)
-        return false;
+        return Answer::None;
     // A name of the kernel's choosing, so that the answer finds us; once connected, nobody but
     // the instance can send it.
     const sockaddr_un unnamed{AF_UNIX, {}};
     const sockaddr_un address = addressIn(m_folder);
     const QByteArray text = QByteArray(kGreeting) + '\n' + message.action.toUtf8() + '\n' +
-                            message.activationToken.simplified().toUtf8().left(kLargestMessage / 2);
-    bool isTaken = false;
+                            message.activationToken.simplified().toUtf8();
+    Answer answer = Answer::Nobody;
     if (::bind(own, generic(unnamed), sizeof(sa_family_t)) == 0 &&
         ::connect(own, generic(address), sizeof address) == 0) {
         ssize_t sent = ::send(own, text.constData(), static_cast<size_t>(text.size()), 0);
         if (sent < 0 && errno == EAGAIN && waitFor(own, POLLOUT, deadline))
             sent = ::send(own, text.constData(), static_cast<size_t>(text.size()), 0);
-        char answer[16] = {};
-        isTaken = sent == text.size() && waitFor(own, POLLIN, deadline) &&
-                  ::recv(own, answer, sizeof answer - 1, 0) > 0 &&
-                  std::strcmp(answer, kConfirmation) == 0;
+        answer = sent == text.size() ? awaitAnswer(own, deadline) : Answer::None;
     }
     ::close(own);
-    return isTaken;
+    return answer;
 }
 
-std::optional<DoorMessage> InstanceSocket::receive()
+InstanceSocket::Answer InstanceSocket::awaitAnswer(int own, Clock::time_point deadline) const
 {
-    char text[kLargestMessage];
-    sockaddr_un sender = {};
-    socklen_t senderSize = sizeof sender;
-    const ssize_t size = ::recvfrom(m_socket, text, sizeof text, 0,
-                                    reinterpret_cast<sockaddr *>(&sender), &senderSize);
-    if (size <= 0)
-        return std::nullopt;
-    const QList<QByteArray> lines = QByteArray(text, size).split('\n');
+    while (!waitFor(own, POLLIN, std::min(deadline, Clock::now() + kLookInterval))) {
+        // It went without reading what was sent. The lock is ours with that, which is what a
+        // further claim() asks for.
+        if (::flock(m_lock, LOCK_EX | LOCK_NB) == 0)
+            return Answer::Nobody;
+        if (Clock::now() >= deadline)
+            return Answer::None;
+    }
+    char word[16] = {};
+    if (::recv(own, word, sizeof word - 1, 0) <= 0)
+        return Answer::None;
+    if (std::strcmp(word, kTaken) == 0)
+        return Answer::Taken;
+    if (std::strcmp(word, kRefused) == 0)
+        return Answer::Refused;
+    return std::strcmp(word, kLeaving) == 0 ? Answer::Nobody : Answer::None;
+}
+
+InstanceSocket::Letter InstanceSocket::read() const
+{
+    Letter letter;
+    letter.size = ::recvfrom(m_socket, letter.text, sizeof letter.text, MSG_TRUNC,
+                             reinterpret_cast<sockaddr *>(&letter.sender), &letter.senderSize);
+    return letter;
+}
+
+void InstanceSocket::answer(const Letter &letter, const char *word) const
+{
+    ::sendto(m_socket, word, std::strlen(word), 0, generic(letter.sender), letter.senderSize);
+}
+
+void InstanceSocket::receive(const Receiver &receiver)
+{
+    const Letter letter = read();
+    if (letter.size <= 0)
+        return;
+    const bool isWhole = letter.size <= kLargestMessage;
+    const QList<QByteArray> lines =
+        isWhole ? QByteArray(letter.text, letter.size).split('\n') : QList<QByteArray>();
     if (lines.size() != 3 || lines.first() != kGreeting) {
         qCWarning(lcInstance, "a message at the door was not understood");
-        return std::nullopt;
+        return;
     }
-    ::sendto(m_socket, kConfirmation, std::strlen(kConfirmation), 0, generic(sender), senderSize);
-    return DoorMessage{QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))};
+    const bool isTaken = receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))});
+    answer(letter, isTaken ? kTaken : kRefused);
+}
+
+void InstanceSocket::stopListening()
+{
+    if (m_socket < 0)
+        return;
+    ::unlinkat(m_folder, kSocketName, 0);
+    for (Letter letter = read(); letter.size > 0; letter = read())
+        answer(letter, kLeaving);
+    closeDescriptor(m_socket);
 }

@@ -6,7 +6,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QElapsedTimer>
-#include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -67,10 +67,18 @@ struct Visitors
     QObject context;
 };
 
-std::future<Entry> startAgain(const QString &action)
+class InstanceDoorTest : public testing::Test
 {
-    return std::async(std::launch::async, [action] { return DBusInstanceDoor().enter(action); });
-}
+protected:
+    std::future<Entry> startAgain(const QString &action) const
+    {
+        return std::async(std::launch::async,
+                          [this, action] { return DBusInstanceDoor(folder.path()).enter(action); });
+    }
+
+    const QTemporaryDir folder;
+    DBusInstanceDoor door{folder.path()};
+};
 
 Entry entryOf(std::future<Entry> &start)
 {
@@ -79,9 +87,8 @@ Entry entryOf(std::future<Entry> &start)
     return start.get();
 }
 
-TEST(InstanceDoor, whatComesBeforeItIsOpenWaitsInsideOrOutside)
+TEST_F(InstanceDoorTest, whatComesBeforeItIsOpenWaitsInsideOrOutside)
 {
-    DBusInstanceDoor door;
     Visitors visitors(door);
     ASSERT_EQ(door.enter(QString()), Entry::First);
     qputenv("XDG_ACTIVATION_TOKEN", "clicked");
@@ -94,9 +101,8 @@ TEST(InstanceDoor, whatComesBeforeItIsOpenWaitsInsideOrOutside)
     EXPECT_TRUE(visitors.become({QStringLiteral("swop clicked")}));
 }
 
-TEST(InstanceDoor, anInstanceThatHangsIsReportedWithinItsSecond)
+TEST_F(InstanceDoorTest, anInstanceThatHangsIsReportedWithinItsSecond)
 {
-    DBusInstanceDoor door;
     ASSERT_EQ(door.enter(QString()), Entry::First);
     QElapsedTimer timer;
     timer.start();
@@ -105,24 +111,64 @@ TEST(InstanceDoor, anInstanceThatHangsIsReportedWithinItsSecond)
     EXPECT_LT(timer.elapsed(), 2000);
 }
 
-TEST(InstanceDoor, noBusIsLaunchedWhereThereIsNone)
+TEST_F(InstanceDoorTest, noBusIsLaunchedWhereThereIsNone)
 {
     const bool hasBus = !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
-    ASSERT_EQ(DBusInstanceDoor().enter(QString()), Entry::First);
+    ASSERT_EQ(door.enter(QString()), Entry::First);
     EXPECT_EQ(QDBusConnection::sessionBus().isConnected(), hasBus);
     EXPECT_EQ(!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"), hasBus);
 }
 
-TEST(InstanceDoor, anInstanceOnItsWayOutIsSucceeded)
+TEST_F(InstanceDoorTest, anInstanceOnItsWayOutTakesNothingMoreAndIsSucceeded)
 {
-    auto door = std::make_unique<DBusInstanceDoor>();
-    ASSERT_EQ(door->enter(QString()), Entry::First);
-    auto second = startAgain(QString());
-    door.reset();
-    EXPECT_EQ(entryOf(second), Entry::First);
+    auto leaving = std::make_unique<DBusInstanceDoor>(folder.path());
+    Visitors visitors(*leaving);
+    ASSERT_EQ(leaving->enter(QString()), Entry::First);
+    leaving->open();
+    auto quit = startAgain(QStringLiteral("quit"));
+    EXPECT_EQ(entryOf(quit), Entry::Forwarded);
+    EXPECT_TRUE(visitors.become({QStringLiteral("quit ")}));
+    // While it saves.
+    auto next = startAgain(QStringLiteral("launch"));
+    EXPECT_FALSE(QTest::qWaitFor(
+        [&] { return next.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }, 100));
+    leaving.reset();
+    EXPECT_EQ(entryOf(next), Entry::First);
+    EXPECT_EQ(visitors.came.size(), 1);
 }
 
-class InstanceDoorOnBus : public testing::Test
+TEST_F(InstanceDoorTest, aTokenWithoutMeasureCountsAsNone)
+{
+    Visitors visitors(door);
+    ASSERT_EQ(door.enter(QString()), Entry::First);
+    door.open();
+    ExpectedWarnings::expect(QStringLiteral("an activation token of 1025 characters is ignored"));
+    QStringList expected;
+    for (const QByteArray &token : {QByteArray(1024, 't'), QByteArray(1025, 't')}) {
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+        auto second = startAgain(QStringLiteral("launch"));
+        EXPECT_EQ(entryOf(second), Entry::Forwarded);
+        expected << QStringLiteral("launch ") +
+                        (token.size() > 1024 ? QString() : QString::fromLatin1(token));
+        EXPECT_TRUE(visitors.become(expected));
+    }
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST_F(InstanceDoorTest, anActionThatDoesNotExistIsRefusedAndNamedInOneShortLine)
+{
+    ASSERT_EQ(door.enter(QString()), Entry::First);
+    door.open();
+    ExpectedWarnings::expect(QStringLiteral("there is no action \"format\\u001B[2J\""));
+    ExpectedWarnings::expect(QStringLiteral("there is no action \"xx"));
+    auto known = startAgain(QStringLiteral("format\x1B[2J"));
+    EXPECT_EQ(entryOf(known), Entry::Refused);
+    auto endless = startAgain(QString(2000, u'x'));
+    EXPECT_EQ(entryOf(endless), Entry::Refused);
+    EXPECT_LT(ExpectedWarnings::messages().back().size(), 100);
+}
+
+class InstanceDoorOnBus : public InstanceDoorTest
 {
 protected:
     void SetUp() override
@@ -156,7 +202,6 @@ protected:
 
 TEST_F(InstanceDoorOnBus, otherProgramsReachEveryAction)
 {
-    DBusInstanceDoor door;
     Visitors visitors(door);
     ASSERT_EQ(door.enter(QString()), Entry::First);
     const QVariantMap token{{QStringLiteral("activation-token"), QStringLiteral("t")},
@@ -167,6 +212,11 @@ TEST_F(InstanceDoorOnBus, otherProgramsReachEveryAction)
     door.open();
     EXPECT_TRUE(isAnswered(call("Open", {QStringList{QStringLiteral("file:///x")}, startupId})));
     QStringList expected{QStringLiteral("activate t"), QStringLiteral("activate s")};
+    ExpectedWarnings::expect(QStringLiteral("there is no action"));
+    EXPECT_TRUE(isAnswered(
+        call("ActivateAction", {QStringLiteral("format"), QVariantList(), QVariantMap()}), true));
+    EXPECT_TRUE(visitors.become(expected));
+    // The last, because with it the door is closed.
     for (const char *name : {"launch", "swop", "preferences", "check-for-updates", "feedback",
                              "help", "clear-all", "quit"}) {
         const QString action = QLatin1String(name);
@@ -174,19 +224,14 @@ TEST_F(InstanceDoorOnBus, otherProgramsReachEveryAction)
         expected << action + QStringLiteral(" t");
     }
     EXPECT_TRUE(visitors.become(expected));
-
-    ExpectedWarnings::expect(QStringLiteral("there is no action"));
-    EXPECT_TRUE(isAnswered(
-        call("ActivateAction", {QStringLiteral("format"), QVariantList(), QVariantMap()}), true));
-    EXPECT_TRUE(visitors.become(expected));
 }
 
 TEST_F(InstanceDoorOnBus, anInstanceThatSharesOnlyTheBusIsReachedOverIt)
 {
     BusService<FakeInstance> instance(kName, kPath);
     qputenv("DESKTOP_STARTUP_ID", "id");
-    EXPECT_EQ(DBusInstanceDoor().enter(QString()), Entry::Forwarded);
-    EXPECT_EQ(DBusInstanceDoor().enter(QStringLiteral("preferences")), Entry::Forwarded);
+    EXPECT_EQ(door.enter(QString()), Entry::Forwarded);
+    EXPECT_EQ(door.enter(QStringLiteral("preferences")), Entry::Forwarded);
     qunsetenv("DESKTOP_STARTUP_ID");
     EXPECT_EQ(instance.ask([](FakeInstance &fake) { return fake.calls; }),
               (QStringList{QStringLiteral("activate id id"), QStringLiteral("preferences id id")}));
@@ -195,7 +240,7 @@ TEST_F(InstanceDoorOnBus, anInstanceThatSharesOnlyTheBusIsReachedOverIt)
     QElapsedTimer timer;
     timer.start();
     ExpectedWarnings::expect(QStringLiteral("did not take the action"));
-    EXPECT_EQ(DBusInstanceDoor().enter(QString()), Entry::Unreachable);
+    EXPECT_EQ(door.enter(QString()), Entry::Unreachable);
     EXPECT_LT(timer.elapsed(), 2000);
 }
 

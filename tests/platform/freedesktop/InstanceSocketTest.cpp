@@ -19,6 +19,7 @@
 
 namespace {
 
+using Answer = InstanceSocket::Answer;
 using Claim = InstanceSocket::Claim;
 using std::chrono::milliseconds;
 
@@ -34,66 +35,69 @@ mode_t modeOf(const QString &path)
 class InstanceSocketTest : public testing::Test
 {
 protected:
-    InstanceSocketTest()
-    {
-        // Longer than an address of a socket may be.
-        const QString runtime = folder.filePath(QString(120, u'r'));
-        QDir().mkdir(runtime);
-        ::chmod(qPrintable(runtime), 0700);
-        setRuntimeFolder(runtime);
-        qputenv("TMPDIR", folder.path().toLocal8Bit());
-    }
-
-    ~InstanceSocketTest() override
-    {
-        qunsetenv("XDG_RUNTIME_DIR");
-        qunsetenv("TMPDIR");
-    }
-
-    static void setRuntimeFolder(const QString &path)
-    {
-        qputenv("XDG_RUNTIME_DIR", path.toLocal8Bit());
-    }
-
-    QString fallback() const
-    {
-        return folder.filePath(QStringLiteral("quillmarsh-%1").arg(::geteuid()));
-    }
-
+    // Two levels that are not there yet, and longer than an address of a socket may be.
     QTemporaryDir folder;
+    const QString store = folder.filePath(QStringLiteral("share/") + QString(120, u'r'));
+    InstanceSocket first{store};
+    InstanceSocket second{store};
 };
 
-TEST_F(InstanceSocketTest, aSecondStartReachesTheFirst)
+TEST_F(InstanceSocketTest, aSecondStartReachesTheFirstWhichAnswersWhatItMakesOfIt)
 {
-    InstanceSocket first;
-    InstanceSocket second;
     ASSERT_EQ(first.claim(), Claim::Taken);
     ASSERT_EQ(second.claim(), Claim::Held);
-
-    auto forwarded = std::async(std::launch::async,
-                                [&] { return second.forward(kMessage, milliseconds(5000)); });
-    pollfd readable{first.descriptor(), POLLIN, 0};
-    ASSERT_EQ(::poll(&readable, 1, 5000), 1);
-    const auto message = first.receive();
-    EXPECT_TRUE(forwarded.get());
-    ASSERT_TRUE(message);
-    EXPECT_EQ(message->action, kMessage.action);
-    EXPECT_EQ(message->activationToken, kMessage.activationToken);
-    EXPECT_FALSE(first.receive());
+    for (const bool isTaken : {true, false}) {
+        auto forwarded = std::async(std::launch::async,
+                                    [&] { return second.forward(kMessage, milliseconds(5000)); });
+        pollfd readable{first.descriptor(), POLLIN, 0};
+        ASSERT_EQ(::poll(&readable, 1, 5000), 1);
+        first.receive([&](const DoorMessage &message) {
+            EXPECT_EQ(message.action, kMessage.action);
+            EXPECT_EQ(message.activationToken, kMessage.activationToken);
+            return isTaken;
+        });
+        EXPECT_EQ(forwarded.get(), isTaken ? Answer::Taken : Answer::Refused);
+    }
+    first.receive([](const DoorMessage &) {
+        ADD_FAILURE() << "nothing waits";
+        return false;
+    });
 }
 
 TEST_F(InstanceSocketTest, aFirstThatHangsIsGivenUpInTime)
 {
-    InstanceSocket first;
-    InstanceSocket second;
     ASSERT_EQ(first.claim(), Claim::Taken);
     ASSERT_EQ(second.claim(), Claim::Held);
     // More than the kernel keeps for a reader that never reads.
-    for (int attempt = 0; attempt < 30; ++attempt) {
-        const auto start = std::chrono::steady_clock::now();
-        EXPECT_FALSE(second.forward(kMessage, milliseconds(10)));
-        EXPECT_LT(std::chrono::steady_clock::now() - start, milliseconds(500));
+    for (int attempt = 0; attempt < 30; ++attempt)
+        EXPECT_EQ(second.forward(kMessage, milliseconds(10)), Answer::None);
+}
+
+TEST_F(InstanceSocketTest, aFirstThatLeavesSendsThoseAwayWhoWaitForIt)
+{
+    // Longer than any test may take: who is not sent away fails by its time limit.
+    constexpr std::chrono::hours kForEver(1);
+    struct Row
+    {
+        const char *name;
+        std::function<void(InstanceSocket &)> leave;
+    };
+    for (const Row &row :
+         {Row{"saves first", [](InstanceSocket &socket) { socket.stopListening(); }},
+          Row{"is gone", [](InstanceSocket &socket) { socket.release(); }}}) {
+        SCOPED_TRACE(row.name);
+        InstanceSocket leaving(store);
+        ASSERT_EQ(leaving.claim(), Claim::Taken);
+        ASSERT_EQ(second.claim(), Claim::Held);
+        auto forwarded =
+            std::async(std::launch::async, [&] { return second.forward(kMessage, kForEver); });
+        pollfd readable{leaving.descriptor(), POLLIN, 0};
+        ASSERT_EQ(::poll(&readable, 1, 5000), 1);
+        row.leave(leaving);
+        EXPECT_EQ(forwarded.get(), Answer::Nobody);
+        EXPECT_EQ(second.forward(kMessage, kForEver), Answer::Nobody);
     }
+    EXPECT_EQ(second.claim(), Claim::Taken);
 }
 
 TEST_F(InstanceSocketTest, aKilledInstanceLocksNobodyOut)
@@ -102,7 +106,7 @@ TEST_F(InstanceSocketTest, aKilledInstanceLocksNobodyOut)
     ASSERT_EQ(::pipe(ready), 0);
     const pid_t child = ::fork();
     if (child == 0) {
-        InstanceSocket killed;
+        InstanceSocket killed(store);
         const char claim = killed.claim() == Claim::Taken ? 'y' : 'n';
         [[maybe_unused]] const ssize_t told = ::write(ready[1], &claim, 1);
         for (;;)
@@ -111,56 +115,41 @@ TEST_F(InstanceSocketTest, aKilledInstanceLocksNobodyOut)
     char claim = 0;
     ASSERT_EQ(::read(ready[0], &claim, 1), 1);
     EXPECT_EQ(claim, 'y');
-    InstanceSocket next;
+    InstanceSocket &next = first;
     EXPECT_EQ(next.claim(), Claim::Held);
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
-    EXPECT_FALSE(next.forward(kMessage, milliseconds(1000)));
+    EXPECT_EQ(next.forward(kMessage, milliseconds(1000)), Answer::Nobody);
     EXPECT_EQ(next.claim(), Claim::Taken);
     ::close(ready[0]);
     ::close(ready[1]);
 }
 
-TEST_F(InstanceSocketTest, withoutARuntimeFolderOneOfOurOwnIsMadeForThisUserOnly)
+TEST_F(InstanceSocketTest, itsFolderIsThisUsersAlone)
 {
-    for (const QString &unusable : {QString(), folder.filePath(QStringLiteral("none"))}) {
-        setRuntimeFolder(unusable);
-        InstanceSocket first;
-        ASSERT_EQ(first.claim(), Claim::Taken);
-        EXPECT_EQ(modeOf(fallback()), mode_t(0700));
-        const QString socket = QStringLiteral("/org.quillmarsh.Quillmarsh.socket");
-        EXPECT_EQ(modeOf(fallback() + socket), mode_t(0600));
-        InstanceSocket second;
-        EXPECT_EQ(second.claim(), Claim::Held);
+    for (const mode_t before : {mode_t(0), mode_t(0755)}) {
+        if (before != 0)
+            ::chmod(qPrintable(store), before);
+        InstanceSocket socket(store);
+        ASSERT_EQ(socket.claim(), Claim::Taken);
+        EXPECT_EQ(modeOf(store), mode_t(0700));
+        for (const char *name : {"/Quillmarsh.lock", "/Quillmarsh.socket"})
+            EXPECT_EQ(modeOf(store + QLatin1String(name)), mode_t(0600)) << name;
     }
 }
 
-TEST_F(InstanceSocketTest, aFolderThatOthersMayEnterIsNotUsed)
+TEST_F(InstanceSocketTest, whereNoLockCanBeKeptThatIsSaid)
 {
-    setRuntimeFolder(QString());
-    struct Trap
-    {
-        const char *name;
-        std::function<void(const QByteArray &)> lay;
-    };
-    const QByteArray path = fallback().toLocal8Bit();
-    const Trap traps[] = {
-        {"open to all",
-         [](const QByteArray &at) {
-             ::mkdir(at.constData(), 0700);
-             ::chmod(at.constData(), 0777);
-         }},
-        {"a link",
-         [](const QByteArray &at) { [[maybe_unused]] int made = ::symlink("/", at.constData()); }},
-        {"a file", [](const QByteArray &at) { ::close(::creat(at.constData(), 0600)); }},
-    };
-    for (const Trap &trap : traps) {
-        SCOPED_TRACE(trap.name);
-        ::remove(path.constData());
-        trap.lay(path);
-        ExpectedWarnings::expect(QStringLiteral("no runtime folder"));
-        EXPECT_EQ(InstanceSocket().claim(), Claim::Unusable);
-    }
+    for (const char *why : {"Not a directory", "Not a directory", "symbolic links"})
+        ExpectedWarnings::expect(QLatin1String(why));
+    const QString file = folder.filePath(QStringLiteral("file"));
+    ::close(::creat(qPrintable(file), 0600));
+    EXPECT_EQ(InstanceSocket(file).claim(), Claim::Unusable);
+    EXPECT_EQ(InstanceSocket(file + QStringLiteral("/below")).claim(), Claim::Unusable);
+    // A link in the place of the lock would lock another file.
+    ASSERT_TRUE(QDir().mkpath(store));
+    ASSERT_TRUE(QFile::link(file, store + QStringLiteral("/Quillmarsh.lock")));
+    EXPECT_EQ(first.claim(), Claim::Unusable);
 }
 
 } // namespace
