@@ -26,6 +26,9 @@ struct PasteboardContents
     /// Name of the application in front when the change happened, by the rule of
     /// ApplicationNames; the empty text when it could not be told.
     QString applicationName;
+    /// One of our own windows was in front when the change happened, so that `applicationName` is
+    /// our own although another application may have made the change.
+    bool isOursInFront = false;
     /// Reading stopped because the text passed the size set with setLargestUsefulText.
     bool isTextTooLarge = false;
     /// False when a conversion was refused, stalled or timed out, so that a format is missing.
@@ -88,6 +91,10 @@ public:
     /// False when the display server did not confirm the ownership; nothing has changed then.
     [[nodiscard]] virtual bool write(const PasteboardItem &item) = 0;
 
+    /// Whether the application into which KeySender has typed the latest paste has asked for what
+    /// is on the pasteboard since. What others ask for does not count.
+    virtual bool isPasteRead() const = 0;
+
     /// Empties the pasteboard; nothing is served or adopted until somebody copies again.
     virtual void clear() = 0;
 
@@ -98,4 +105,6 @@ public:
 Q_SIGNALS:
     /// Another client's change was published. Own writes do not emit it.
     void changed(qint64 changeCount);
+    /// isPasteRead() has become true.
+    void pasteRead();
 };

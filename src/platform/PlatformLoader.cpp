@@ -63,10 +63,11 @@ void makeX11Adapters(Platform &platform)
     auto hotKeys = std::make_unique<X11HotKeys>();
     auto frontApplication = std::make_unique<X11FrontApplication>(names, *hotKeys);
     auto pasteboard = std::make_unique<X11Pasteboard>(names);
-    const X11KeySender::TerminalSelection terminal{
+    const X11KeySender::Selections selections{
+        [served = pasteboard.get()](xcb_window_t target) { served->expectPaste(target); },
         [served = pasteboard.get()] { served->offerPrimary(); },
         [served = pasteboard.get()](xcb_window_t target) { served->publishPrimary(target); }};
-    platform.keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, terminal);
+    platform.keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, selections);
     platform.windowSpace = std::make_unique<X11WindowSpace>();
     platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
     platform.hotKeys = std::move(hotKeys);

@@ -21,6 +21,20 @@ void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
     Q_EMIT changed(m_changeCount);
 }
 
+void MemoryPasteboard::setFront(const QString &applicationName, bool isOurs)
+{
+    m_frontName = applicationName;
+    m_isOursInFront = isOurs;
+}
+
+void MemoryPasteboard::setPasteRead(bool isRead)
+{
+    const bool isNews = isRead && !m_isPasteRead;
+    m_isPasteRead = isRead;
+    if (isNews)
+        Q_EMIT pasteRead();
+}
+
 QList<PasteboardContents> MemoryPasteboard::changesAfter(qint64 changeCount) const
 {
     QList<PasteboardContents> later;
@@ -50,6 +64,8 @@ bool MemoryPasteboard::write(const PasteboardItem &item)
     contents.rtf = item.rtf;
     contents.fileNames = item.fileNames;
     contents.isOwnWrite = true;
+    contents.applicationName = m_frontName;
+    contents.isOursInFront = m_isOursInFront;
     if (!contents.text && !item.fileNames.isEmpty()) {
         QStringList names;
         for (const QString &path : item.fileNames)

@@ -19,6 +19,11 @@ public:
     /// From now on write() is refused.
     void setWriteFails(bool fails) { m_writeFails = fails; }
 
+    /// The application that own writes are made in from now on; `isOurs` when it is ourselves.
+    void setFront(const QString &applicationName, bool isOurs = false);
+    /// Whether what is pasted has been asked for; at first it always has.
+    void setPasteRead(bool isRead);
+
     qint64 largestUsefulText() const { return m_largestUsefulText; }
     /// Change counts judged so far, each with the judgement it got.
     const QList<std::pair<qint64, Judgement>> &judgements() const { return m_judgements; }
@@ -32,6 +37,7 @@ public:
     void judge(qint64 changeCount, Judgement judgement) override;
     void setLargestUsefulText(qint64 bytes) override { m_largestUsefulText = bytes; }
     bool write(const PasteboardItem &item) override;
+    bool isPasteRead() const override { return m_isPasteRead; }
     void clear() override;
     void shutDown() override {}
 
@@ -39,6 +45,9 @@ private:
     qint64 m_changeCount = 0;
     qint64 m_largestUsefulText = 64 * 1024 * 1024;
     bool m_writeFails = false;
+    bool m_isPasteRead = true;
+    QString m_frontName;
+    bool m_isOursInFront = false;
     std::optional<PasteboardContents> m_contents;
     QList<PasteboardContents> m_unjudged;
     QList<std::pair<qint64, Judgement>> m_judgements;

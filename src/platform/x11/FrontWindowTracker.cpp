@@ -1,5 +1,7 @@
 #include "platform/x11/FrontWindowTracker.h"
 
+#include "platform/x11/QtX11Connection.h"
+
 FrontWindowTracker::FrontWindowTracker(const X11Connection &connection,
                                        const ApplicationNames &names)
     : m_connection(connection), m_names(names), m_activeWindow(connection)
@@ -32,11 +34,11 @@ void FrontWindowTracker::note()
 void FrontWindowTracker::update()
 {
     m_isManaged = m_activeWindow.isManaged();
-    const std::optional<WindowIdentity> identity =
-        m_activeWindow.identityOf(m_activeWindow.current());
+    const xcb_window_t window = m_activeWindow.current();
+    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(window);
     if (!identity)
         return;
     const QString name = m_names.identify(*identity).name;
     if (!name.isEmpty())
-        m_name = name;
+        m_front = {name, isQtWindow(window)};
 }

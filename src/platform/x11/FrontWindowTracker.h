@@ -27,8 +27,14 @@ public:
     /// active window does it ask the server.
     void note();
 
-    /// The last known name while no window is active or the active one is gone; else empty.
-    QString applicationName() const { return m_name; }
+    struct Front
+    {
+        QString applicationName;
+        bool isOurs = false; ///< One of our own windows.
+    };
+
+    /// The last known one while no window is active or the active one is gone; else an empty name.
+    const Front &front() const { return m_front; }
 
 private:
     void update();
@@ -39,5 +45,5 @@ private:
     xcb_atom_t m_activeWindowAtom;
     xcb_atom_t m_managerAtom;
     bool m_isManaged = false;
-    QString m_name;
+    Front m_front;
 };

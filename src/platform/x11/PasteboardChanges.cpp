@@ -68,6 +68,32 @@ QList<qint64> PasteboardChanges::takeUnannounced()
     return std::exchange(m_unannounced, {});
 }
 
+void PasteboardChanges::expectPaste()
+{
+    const std::lock_guard lock(m_mutex);
+    m_isPasteRead = false;
+    m_isPasteReadNews = false;
+}
+
+void PasteboardChanges::notePasteRead()
+{
+    const std::lock_guard lock(m_mutex);
+    m_isPasteRead = true;
+    m_isPasteReadNews = true;
+}
+
+bool PasteboardChanges::isPasteRead() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_isPasteRead;
+}
+
+bool PasteboardChanges::takePasteReadNews()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_isPasteReadNews, false);
+}
+
 void PasteboardChanges::judge(qint64 changeCount, Pasteboard::Judgement judgement)
 {
     const std::lock_guard lock(m_mutex);

@@ -28,6 +28,13 @@ public:
     /// The changes noted since the last call, oldest first.
     QList<qint64> takeUnannounced();
 
+    /// A paste is about to be typed, and nobody has read it.
+    void expectPaste();
+    void notePasteRead();
+    bool isPasteRead() const;
+    /// Whether the latest paste was read since the last call.
+    bool takePasteReadNews();
+
     void judge(qint64 changeCount, Pasteboard::Judgement judgement);
 
 private:
@@ -37,4 +44,6 @@ private:
     std::optional<PasteboardContents> m_contents;
     QList<PasteboardContents> m_unjudged;
     QList<qint64> m_unannounced;
+    bool m_isPasteRead = false;
+    bool m_isPasteReadNews = false;
 };

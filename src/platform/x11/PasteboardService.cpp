@@ -15,9 +15,9 @@ const Event &as(const xcb_generic_event_t &event)
 
 PasteboardService::PasteboardService(SelectionConnection &connection, PasteboardChanges &changes,
                                      const ApplicationNames &names, const PasteboardLimits &limits,
-                                     ChangeListener listener)
+                                     Listeners listeners)
     : m_connection(connection), m_changes(changes), m_limits(limits),
-      m_listener(std::move(listener)), m_pool(connection),
+      m_listeners(std::move(listeners)), m_pool(connection),
       m_clipboardReader(connection, m_pool, m_limits),
       m_primaryReader(connection, m_pool, m_limits), m_server(connection, m_limits.requestorStall),
       m_managerRole(connection, [this] { return safety(); }), m_front(connection.server(), names)
@@ -51,7 +51,7 @@ void PasteboardService::handle(const xcb_generic_event_t &event)
         if (request.selection == m_connection.atoms().clipboardManager)
             m_managerRole.handle(request);
         else
-            m_server.handle(request);
+            serve(request);
     } else if (type == 0 && as<xcb_generic_error_t>(event).error_code == XCB_WINDOW)
         // A requestor that died before it got its answer.
         m_server.transfers().drop(as<xcb_generic_error_t>(event).resource_id);
@@ -75,10 +75,13 @@ bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
                               PasteboardContents contents)
 {
     contents.isOwnWrite = true;
-    contents.applicationName = m_front.applicationName();
     // "Now" instead of a time: the server's own event tells the time that it took.
     if (!claim(m_connection.atoms().clipboard, std::move(offer), XCB_CURRENT_TIME))
         return false;
+    // Only now is every window known that came to the front before.
+    m_front.note();
+    contents.applicationName = m_front.front().applicationName;
+    contents.isOursInFront = m_front.front().isOurs;
     m_changes.publish(std::move(contents));
     return true;
 }
@@ -135,7 +138,7 @@ void PasteboardService::publishPrimary(xcb_window_t target)
     m_primaryReader.begin(XCB_ATOM_PRIMARY, XCB_CURRENT_TIME, largestRead());
     xcb_flush(m_connection.xcb());
     m_front.note();
-    m_primaryApplication = m_front.applicationName();
+    m_primaryFront = m_front.front();
 }
 
 void PasteboardService::handOver(std::function<void()> done)
@@ -184,7 +187,7 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
     // Somebody emptied it on purpose: no contents, and nothing to adopt.
     const qint64 changeCount = m_changes.publishCleared();
     if (!std::exchange(m_isClearing, false))
-        m_listener(changeCount);
+        m_listeners.changed(changeCount);
 }
 
 void PasteboardService::handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event)
@@ -221,13 +224,22 @@ void PasteboardService::handleAnswer(const xcb_selection_notify_event_t &event)
         m_pool.handleLate(event);
 }
 
+void PasteboardService::serve(const xcb_selection_request_event_t &request)
+{
+    const bool isGiven = m_server.handle(request);
+    if (!isGiven || !m_pasteTarget || !m_connection.isSameClient(request.requestor, *m_pasteTarget))
+        return;
+    m_pasteTarget.reset();
+    m_listeners.pasteRead();
+}
+
 void PasteboardService::beginReading(xcb_timestamp_t time)
 {
     m_clipboardReader.begin(m_connection.atoms().clipboard, time, largestRead());
     // The owner can work on its answer while we look at the window in front.
     xcb_flush(m_connection.xcb());
     m_front.note();
-    m_clipboardApplication = m_front.applicationName();
+    m_clipboardFront = m_front.front();
 }
 
 void PasteboardService::collectFinished()
@@ -237,21 +249,23 @@ void PasteboardService::collectFinished()
     const auto primary = m_primaryReader.takeFinished();
     // A terminal in which nothing is marked has copied nothing.
     if (primary && (primary->text || primary->isTextTooLarge || primary->isConcealed))
-        publish(*primary, m_primaryApplication);
+        publish(*primary, m_primaryFront);
 }
 
-qint64 PasteboardService::publish(const FetchedSelection &fetched, const QString &applicationName)
+qint64 PasteboardService::publish(const FetchedSelection &fetched,
+                                  const FrontWindowTracker::Front &front)
 {
     PasteboardContents contents = fetched.contents(m_changes.largestUsefulText());
-    contents.applicationName = applicationName;
+    contents.applicationName = front.applicationName;
+    contents.isOursInFront = front.isOurs;
     const qint64 changeCount = m_changes.publish(std::move(contents));
-    m_listener(changeCount);
+    m_listeners.changed(changeCount);
     return changeCount;
 }
 
 void PasteboardService::publishClipboard(const FetchedSelection &fetched)
 {
-    const qint64 changeCount = publish(fetched, m_clipboardApplication);
+    const qint64 changeCount = publish(fetched, m_clipboardFront);
     std::shared_ptr<const SelectionOffer> offer = SelectionOffer::of(fetched);
     if (!offer->isEmpty())
         m_kept = Kept{changeCount, std::move(offer)};

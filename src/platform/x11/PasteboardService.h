@@ -23,13 +23,18 @@ class PasteboardService
 {
 public:
     using TimePoint = std::chrono::steady_clock::time_point;
-    /// Told each published change of another client.
-    using ChangeListener = std::function<void(qint64 changeCount)>;
+    struct Listeners
+    {
+        /// Told each published change of another client.
+        std::function<void(qint64 changeCount)> changed;
+        /// Told once for each expectPaste(), when what was pasted has been asked for.
+        std::function<void()> pasteRead;
+    };
 
     /// Nothing is owned; everything must outlive this object.
     PasteboardService(SelectionConnection &connection, PasteboardChanges &changes,
                       const ApplicationNames &names, const PasteboardLimits &limits,
-                      ChangeListener listener);
+                      Listeners listeners);
 
     /// Begins to follow the pasteboard, and reads what is there already.
     void start();
@@ -46,6 +51,8 @@ public:
     void offerPrimary();
     /// Reads PRIMARY and publishes it if its owner and `target` belong to the same client.
     void publishPrimary(xcb_window_t target);
+    /// From now on it is looked out for the client of `target` to ask for what we serve.
+    void expectPaste(xcb_window_t target) { m_pasteTarget = target; }
 
     /// Has another manager save what we own and calls `done` when it has, or at once when there is
     /// none to ask or nothing to save.
@@ -65,9 +72,10 @@ private:
     void handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event);
     void handleProperty(const xcb_property_notify_event_t &event);
     void handleAnswer(const xcb_selection_notify_event_t &event);
+    void serve(const xcb_selection_request_event_t &request);
     void beginReading(xcb_timestamp_t time);
     void collectFinished();
-    qint64 publish(const FetchedSelection &fetched, const QString &applicationName);
+    qint64 publish(const FetchedSelection &fetched, const FrontWindowTracker::Front &front);
     void publishClipboard(const FetchedSelection &fetched);
     void adoptIfJudged();
     bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
@@ -78,15 +86,16 @@ private:
     SelectionConnection &m_connection;
     PasteboardChanges &m_changes;
     PasteboardLimits m_limits;
-    ChangeListener m_listener;
+    Listeners m_listeners;
     PropertyPool m_pool;
     SelectionReader m_clipboardReader;
     SelectionReader m_primaryReader;
     SelectionServer m_server;
     ClipboardManagerRole m_managerRole;
     FrontWindowTracker m_front;
-    QString m_clipboardApplication; ///< In front at the change that is being read.
-    QString m_primaryApplication;
+    FrontWindowTracker::Front m_clipboardFront; ///< At the change that is being read.
+    FrontWindowTracker::Front m_primaryFront;
+    std::optional<xcb_window_t> m_pasteTarget; ///< Until it has asked for what was pasted.
     std::optional<Kept> m_kept;
     std::optional<xcb_timestamp_t> m_ownerDied; ///< Until its contents are adopted or forgotten.
     bool m_isClearing = false;

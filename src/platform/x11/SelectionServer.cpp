@@ -39,7 +39,7 @@ std::shared_ptr<const SelectionOffer> SelectionServer::offer(xcb_atom_t selectio
     return m_served.value(selection).offer;
 }
 
-void SelectionServer::handle(const xcb_selection_request_event_t &request)
+bool SelectionServer::handle(const xcb_selection_request_event_t &request)
 {
     // The request's time is not held against it: toolkits send the time of the last event they
     // saw, which may lie before our write, and a refusal would be a paste that fails.
@@ -58,6 +58,8 @@ void SelectionServer::handle(const xcb_selection_request_event_t &request)
             isDone = put(served, request.requestor, request.target, property);
     }
     m_connection.answer(request, isDone ? property : xcb_atom_t(XCB_ATOM_NONE));
+    return isDone && request.target != m_connection.atoms().targets &&
+           request.target != m_connection.atoms().timestamp;
 }
 
 bool SelectionServer::put(const Served &served, xcb_window_t requestor, xcb_atom_t target,

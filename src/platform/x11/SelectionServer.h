@@ -32,7 +32,8 @@ public:
     std::shared_ptr<const SelectionOffer> offer(xcb_atom_t selection) const;
     xcb_timestamp_t time(xcb_atom_t selection) const { return m_served.value(selection).time; }
 
-    void handle(const xcb_selection_request_event_t &request);
+    /// True when contents were given, and not only told of.
+    bool handle(const xcb_selection_request_event_t &request);
 
     OutgoingTransfers &transfers() { return m_transfers; }
 

@@ -133,12 +133,7 @@ void X11FrontApplication::endStartup(const QString &activationToken)
 
 bool X11FrontApplication::isOurs(xcb_window_t window) const
 {
-    // A client's windows carry its number in their ids.
-    xcb_connection_t *qt = qtX11Connection();
-    if (!qt)
-        return false;
-    const xcb_setup_t *setup = xcb_get_setup(qt);
-    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+    return isQtWindow(window);
 }
 
 bool X11FrontApplication::isTargetBack() const

@@ -31,8 +31,8 @@ void releaseHeld(const X11Connection &connection, const std::vector<xcb_keycode_
 } // namespace
 
 X11KeySender::X11KeySender(X11HotKeys &hotKeys, const X11FrontApplication &frontApplication,
-                           TerminalSelection terminal)
-    : m_hotKeys(hotKeys), m_front(frontApplication), m_terminal(std::move(terminal))
+                           Selections selections)
+    : m_hotKeys(hotKeys), m_front(frontApplication), m_selections(std::move(selections))
 {
 }
 
@@ -52,14 +52,16 @@ bool X11KeySender::sendCommand(quint32 keyCode)
     if (!isAvailable() || (!isCopy && keyCode != VirtualKey::kV))
         return false;
     const xcb_window_t target = m_front.windowInFront();
+    if (!isCopy)
+        m_selections.expectPaste(target);
     if (!m_front.isTerminal(target))
         return send(
             {CarbonModifiers::kControl, isCopy ? xkb_keysym_t(XKB_KEY_c) : XKB_KEY_v, keyCode});
     if (isCopy) {
-        m_terminal.publishPrimary(target);
+        m_selections.publishPrimary(target);
         return true;
     }
-    m_terminal.offerPrimary();
+    m_selections.offerPrimary();
     return send({CarbonModifiers::kShift, XKB_KEY_Insert, VirtualKey::kHelp});
 }
 

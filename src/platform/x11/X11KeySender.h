@@ -15,9 +15,12 @@ class X11FrontApplication;
 class X11KeySender : public KeySender
 {
 public:
-    /// Copy and paste in a terminal, where Ctrl-C and Ctrl-V belong to the program inside.
-    struct TerminalSelection
+    /// What is done with the selections for a keystroke.
+    struct Selections
     {
+        /// A paste is about to be typed into the window.
+        std::function<void(xcb_window_t target)> expectPaste;
+        // Copy and paste in a terminal, where Ctrl-C and Ctrl-V belong to the program inside.
         /// Makes the pasteboard's text the primary selection, which Shift-Insert pastes.
         std::function<void()> offerPrimary;
         /// Takes the primary selection of the target window as a copy.
@@ -26,7 +29,7 @@ public:
 
     /// Both references must outlive this object.
     X11KeySender(X11HotKeys &hotKeys, const X11FrontApplication &frontApplication,
-                 TerminalSelection terminal);
+                 Selections selections);
 
     // ^KeySender
     bool isAvailable() const override;
@@ -47,5 +50,5 @@ private:
 
     X11HotKeys &m_hotKeys;
     const X11FrontApplication &m_front;
-    const TerminalSelection m_terminal;
+    const Selections m_selections;
 };

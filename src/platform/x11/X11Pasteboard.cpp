@@ -19,13 +19,19 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
     : m_limits(limits), m_connection(std::make_unique<SelectionConnection>()),
       m_changes(std::make_unique<PasteboardChanges>())
 {
-    const auto announce = [this](qint64 changeCount) {
+    // The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
+    const auto wake = [this] { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); };
+    PasteboardService::Listeners listeners;
+    listeners.changed = [this, wake](qint64 changeCount) {
         m_changes->announce(changeCount);
-        // The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        wake();
     };
-    m_service =
-        std::make_unique<PasteboardService>(*m_connection, *m_changes, names, m_limits, announce);
+    listeners.pasteRead = [this, wake] {
+        m_changes->notePasteRead();
+        wake();
+    };
+    m_service = std::make_unique<PasteboardService>(*m_connection, *m_changes, names, m_limits,
+                                                    std::move(listeners));
     X11EventThread::Hooks hooks;
     hooks.keepDeadlines = [this](X11EventThread::TimePoint now) {
         return m_service->keepDeadlines(now);
@@ -46,6 +52,8 @@ void X11Pasteboard::customEvent(QEvent *)
     const QList<qint64> changeCounts = m_changes->takeUnannounced();
     for (const qint64 changeCount : changeCounts)
         Q_EMIT changed(changeCount);
+    if (m_changes->takePasteReadNews())
+        Q_EMIT pasteRead();
 }
 
 void X11Pasteboard::offerPrimary()
@@ -58,6 +66,17 @@ void X11Pasteboard::publishPrimary(xcb_window_t target)
 {
     if (m_thread)
         m_thread->post([this, target] { m_service->publishPrimary(target); });
+}
+
+void X11Pasteboard::expectPaste(xcb_window_t target)
+{
+    // Done when it returns, because the keystroke may be answered at once.
+    const auto expect = [this, target] {
+        m_changes->expectPaste();
+        m_service->expectPaste(target);
+    };
+    if (m_thread && !m_thread->run(expect))
+        qCDebug(lcPasteboard, "Nobody will read the paste: the connection is lost");
 }
 
 qint64 X11Pasteboard::changeCount() const
@@ -103,6 +122,11 @@ bool X11Pasteboard::write(const PasteboardItem &item)
     const bool hasRun =
         m_thread->run([&] { isWritten = m_service->write(offer, std::move(contents)); });
     return hasRun && isWritten;
+}
+
+bool X11Pasteboard::isPasteRead() const
+{
+    return m_changes->isPasteRead();
 }
 
 void X11Pasteboard::clear()

@@ -36,6 +36,10 @@ public:
     /// terminal.
     void publishPrimary(xcb_window_t target);
 
+    /// To be called right before a paste is typed into `target`: isPasteRead() tells of the client
+    /// that it belongs to.
+    void expectPaste(xcb_window_t target);
+
     // ^Pasteboard
     qint64 changeCount() const override;
     QList<PasteboardContents> changesAfter(qint64 changeCount) const override;
@@ -43,6 +47,7 @@ public:
     void judge(qint64 changeCount, Judgement judgement) override;
     void setLargestUsefulText(qint64 bytes) override;
     bool write(const PasteboardItem &item) override;
+    bool isPasteRead() const override;
     void clear() override;
     void shutDown() override;
 

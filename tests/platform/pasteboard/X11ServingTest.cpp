@@ -134,6 +134,34 @@ TEST(X11Serving, everybodyIsAnsweredWhileTheMainThreadIsBusy)
     EXPECT_EQ(pasted, QByteArray(kLarge, 'a'));
 }
 
+TEST(X11Serving, aPasteIsReadOnceItsTargetHasAskedForContentsAndByNobodyElse)
+{
+    X11Stage stage;
+    XcbClient target;
+    int told = 0;
+    QObject::connect(&stage.pasteboard(), &Pasteboard::pasteRead, [&] { ++told; });
+    const auto ask = [&](const QByteArray &format, const QByteArray &selection = "CLIPBOARD") {
+        target.ask(selection, format);
+        return pumpUntil({&target}, [&] { return target.isAnswered(); });
+    };
+    for (const QByteArray selection : {"CLIPBOARD", "PRIMARY"}) {
+        ASSERT_TRUE(stage->write({QStringLiteral("clip"), {}, {}}));
+        stage->offerPrimary();
+        ASSERT_TRUE(ask("UTF8_STRING", selection));
+        stage->expectPaste(target.window());
+        EXPECT_FALSE(stage->isPasteRead());
+        ASSERT_EQ(stage.paste("UTF8_STRING"), "clip");
+        ASSERT_TRUE(ask("TARGETS", selection));
+        ASSERT_TRUE(ask("TIMESTAMP", selection));
+        ASSERT_TRUE(ask("image/png", selection));
+        EXPECT_FALSE(stage->isPasteRead());
+        ASSERT_TRUE(ask("UTF8_STRING", selection));
+        EXPECT_TRUE(pumpUntil({}, [&] { return stage->isPasteRead(); }));
+        ASSERT_TRUE(ask("UTF8_STRING", selection));
+    }
+    EXPECT_TRUE(pumpUntil({}, [&] { return told == 2; }));
+}
+
 TEST(X11Serving, primaryIsOfferedWithTheTextAloneOnceItReturns)
 {
     X11Stage stage;

@@ -42,10 +42,12 @@ protected:
     X11HotKeys m_hotKeys;
     X11FrontApplication m_front{m_names, m_hotKeys};
     QStringList m_primary;
+    xcb_window_t m_pastedInto = XCB_NONE;
     X11KeySender m_sender{
         m_hotKeys,
         m_front,
-        {[this] { m_primary.append(QStringLiteral("offered")); },
+        {[this](xcb_window_t target) { m_pastedInto = target; },
+         [this] { m_primary.append(QStringLiteral("offered")); },
          [this](xcb_window_t target) { m_primary.append(QString::number(target)); }}};
 };
 
@@ -156,6 +158,7 @@ TEST_F(X11KeySenderTest, aTerminalGetsThePrimarySelectionAndShiftInsert)
     ASSERT_TRUE(terminal.show());
     ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kV));
     EXPECT_EQ(m_primary, QStringList{QStringLiteral("offered")});
+    EXPECT_EQ(m_pastedInto, terminal.id());
     EXPECT_EQ(terminal.takeKeys(),
               (QStringList{QStringLiteral("+Shift"), QStringLiteral("+Shift-Insert"),
                            QStringLiteral("-Insert"), QStringLiteral("-Shift")}));
@@ -177,6 +180,7 @@ TEST_F(X11KeySenderTest, aCopyElsewhereIsCtrlC)
     ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kC));
     EXPECT_EQ(target.takeKeys().value(1), QStringLiteral("+Control-c"));
     EXPECT_EQ(m_primary, QStringList());
+    EXPECT_EQ(m_pastedInto, xcb_window_t(XCB_NONE));
 }
 
 TEST_F(X11KeySenderTest, withoutTheTestExtensionNothingIsSent)
