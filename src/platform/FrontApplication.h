@@ -19,8 +19,9 @@ public:
 
     using QObject::QObject;
 
-    /// Name of the application in front (ApplicationNames), our own included; the last known name
-    /// while none is, else the empty text.
+    /// Name of the application in front (ApplicationNames), our own included, a dialog's being
+    /// that of the window it is for. While none is, the last known name of another application
+    /// that still runs, else the empty text.
     virtual QString applicationName() const = 0;
 
     /// Remembers the window in front as the one to return to. While one of our own windows is in

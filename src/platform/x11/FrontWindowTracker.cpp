@@ -2,6 +2,8 @@
 
 #include "platform/x11/QtX11Connection.h"
 
+#include <unistd.h>
+
 FrontWindowTracker::FrontWindowTracker(const X11Connection &connection,
                                        const ApplicationNames &names)
     : m_connection(connection), m_names(names), m_activeWindow(connection)
@@ -25,20 +27,54 @@ void FrontWindowTracker::handle(const xcb_property_notify_event_t &event)
         update();
 }
 
-void FrontWindowTracker::note()
+FrontWindowTracker::Front FrontWindowTracker::frontAtCopy(xcb_window_t owner)
 {
-    if (!m_isManaged)
+    if (m_isManaged)
+        checkNames();
+    else
         update();
+    const bool isOurs = m_isInFront && isQtWindow(m_window);
+    const bool isInFront = m_isInFront && (!isOurs || m_activeWindow.isShown(m_window));
+    if (isInFront && !m_name.isEmpty())
+        return {m_name, isOurs};
+    const QString name = nameOfOwner(owner);
+    return {name.isEmpty() && !isInFront ? m_last.nameWhileItRuns() : name, false};
 }
 
 void FrontWindowTracker::update()
 {
     m_isManaged = m_activeWindow.isManaged();
-    const xcb_window_t window = m_activeWindow.current();
-    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(window);
-    if (!identity)
+    m_window = m_activeWindow.current();
+    identify();
+}
+
+void FrontWindowTracker::identify()
+{
+    m_namingWindow = m_activeWindow.namingWindowOf(m_window);
+    m_windowClass = m_connection.property(m_namingWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(m_namingWindow);
+    m_isInFront = identity.has_value();
+    m_name = identity ? m_names.identify(*identity).name : QString();
+    if (!m_name.isEmpty())
+        m_last.remember(m_name, m_activeWindow.processIdOf(m_namingWindow));
+}
+
+void FrontWindowTracker::checkNames()
+{
+    if (m_window == XCB_NONE)
         return;
-    const QString name = m_names.identify(*identity).name;
-    if (!name.isEmpty())
-        m_front = {name, isQtWindow(window)};
+    // Some applications tell their class only once they are in front. A dead window has none.
+    const xcb_window_t namingWindow = m_activeWindow.namingWindowOf(m_window);
+    const QByteArray windowClass =
+        m_connection.property(namingWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    if (namingWindow != m_namingWindow || windowClass.isEmpty() || windowClass != m_windowClass)
+        identify();
+}
+
+QString FrontWindowTracker::nameOfOwner(xcb_window_t owner) const
+{
+    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(owner);
+    const bool isOurs =
+        identity && m_activeWindow.processIdOf(owner) == static_cast<quint32>(getpid());
+    return identity && !isOurs ? m_names.identify(*identity).name : QString();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/x11/LastApplication.h"
 #include "platform/x11/X11ActiveWindow.h"
 
 #include <QString>
@@ -8,10 +9,10 @@
 
 class ApplicationNames;
 
-/// Knows the name of the application in front at any moment. The window manager's announcements
-/// arrive on the same connection and in the same order as the changes of the pasteboard, so the
-/// name known when a change is handled is the one that was in front when it happened, and knowing
-/// it costs a copy no time. Owned by the pasteboard's service; service thread only.
+/// Knows the application in front at any moment. The window manager's announcements arrive on the
+/// same connection and in the same order as the changes of the pasteboard, so the window known
+/// when a change is handled is the one that was in front when it happened. Owned by the
+/// pasteboard's service; service thread only.
 class FrontWindowTracker
 {
 public:
@@ -23,21 +24,22 @@ public:
 
     void handle(const xcb_property_notify_event_t &event);
 
-    /// To be called at a change of the pasteboard. Only where no window manager announces the
-    /// active window does it ask the server.
-    void note();
-
     struct Front
     {
         QString applicationName;
         bool isOurs = false; ///< One of our own windows.
     };
 
-    /// The last known one while no window is active or the active one is gone; else an empty name.
-    const Front &front() const { return m_front; }
+    /// Who is in front while `owner` copies, and the name to give its copy: that of the
+    /// application in front; with none in front the owner's own, as far as its window tells; else
+    /// the last one while it runs; else empty. Waits for the server only.
+    Front frontAtCopy(xcb_window_t owner);
 
 private:
     void update();
+    void identify();
+    void checkNames();
+    QString nameOfOwner(xcb_window_t owner) const;
 
     const X11Connection &m_connection;
     const ApplicationNames &m_names;
@@ -45,5 +47,10 @@ private:
     xcb_atom_t m_activeWindowAtom;
     xcb_atom_t m_managerAtom;
     bool m_isManaged = false;
-    Front m_front;
+    xcb_window_t m_window = XCB_NONE;       ///< In front.
+    xcb_window_t m_namingWindow = XCB_NONE; ///< The one it is a dialog of, or itself.
+    QByteArray m_windowClass;               ///< Of the naming window, when it was identified.
+    bool m_isInFront = false;               ///< There is such a window.
+    QString m_name;                         ///< Empty where it tells none.
+    LastApplication m_last;
 };

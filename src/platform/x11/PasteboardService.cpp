@@ -28,10 +28,10 @@ void PasteboardService::start()
 {
     const xcb_atom_t clipboard = m_connection.atoms().clipboard;
     m_connection.watchOwner(clipboard, true);
-    const bool hasOwner = m_connection.owner(clipboard) != XCB_WINDOW_NONE;
+    const xcb_window_t owner = m_connection.owner(clipboard);
     m_front.start();
-    if (hasOwner)
-        beginReading(XCB_CURRENT_TIME);
+    if (owner != XCB_WINDOW_NONE)
+        beginReading(owner, XCB_CURRENT_TIME);
     m_managerRole.start();
 }
 
@@ -79,9 +79,9 @@ bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
     if (!claim(m_connection.atoms().clipboard, std::move(offer), XCB_CURRENT_TIME))
         return false;
     // Only now is every window known that came to the front before.
-    m_front.note();
-    contents.applicationName = m_front.front().applicationName;
-    contents.isOursInFront = m_front.front().isOurs;
+    const FrontWindowTracker::Front front = m_front.frontAtCopy(m_connection.window());
+    contents.applicationName = front.applicationName;
+    contents.isOursInFront = front.isOurs;
     m_changes.publish(std::move(contents));
     return true;
 }
@@ -137,8 +137,7 @@ void PasteboardService::publishPrimary(xcb_window_t target)
         m_primaryReader.abandon();
     m_primaryReader.begin(XCB_ATOM_PRIMARY, XCB_CURRENT_TIME, largestRead());
     xcb_flush(m_connection.xcb());
-    m_front.note();
-    m_primaryFront = m_front.front();
+    m_primaryFront = m_front.frontAtCopy(owner);
 }
 
 void PasteboardService::handOver(std::function<void()> done)
@@ -181,7 +180,7 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
     }
     m_server.release(event.selection);
     if (event.owner != XCB_WINDOW_NONE) {
-        beginReading(event.selection_timestamp);
+        beginReading(event.owner, event.selection_timestamp);
         return;
     }
     // Somebody emptied it on purpose: no contents, and nothing to adopt.
@@ -233,13 +232,12 @@ void PasteboardService::serve(const xcb_selection_request_event_t &request)
     m_listeners.pasteRead();
 }
 
-void PasteboardService::beginReading(xcb_timestamp_t time)
+void PasteboardService::beginReading(xcb_window_t owner, xcb_timestamp_t time)
 {
     m_clipboardReader.begin(m_connection.atoms().clipboard, time, largestRead());
     // The owner can work on its answer while we look at the window in front.
     xcb_flush(m_connection.xcb());
-    m_front.note();
-    m_clipboardFront = m_front.front();
+    m_clipboardFront = m_front.frontAtCopy(owner);
 }
 
 void PasteboardService::collectFinished()

@@ -73,7 +73,7 @@ private:
     void handleProperty(const xcb_property_notify_event_t &event);
     void handleAnswer(const xcb_selection_notify_event_t &event);
     void serve(const xcb_selection_request_event_t &request);
-    void beginReading(xcb_timestamp_t time);
+    void beginReading(xcb_window_t owner, xcb_timestamp_t time);
     void collectFinished();
     qint64 publish(const FetchedSelection &fetched, const FrontWindowTracker::Front &front);
     void publishClipboard(const FetchedSelection &fetched);

@@ -1,8 +1,18 @@
 #include "platform/x11/X11ActiveWindow.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/x11/ClientProcess.h"
+
+#include <QList>
 #include <QSysInfo>
+
+#include <xcb/res.h>
+
+namespace {
+
+/// Dialogs of dialogs; no more, because two windows may say that each is for the other.
+constexpr int kMostTransients = 8;
+
+} // namespace
 
 X11ActiveWindow::X11ActiveWindow(const X11Connection &connection) : m_connection(connection)
 {
@@ -54,8 +64,33 @@ std::optional<WindowIdentity> X11ActiveWindow::identityOf(xcb_window_t window) c
     identity.resourceClass = QString::fromLatin1(names.value(1));
     identity.gtkApplicationId =
         QString::fromUtf8(m_connection.property(window, m_atoms.gtkApplicationId, m_atoms.utf8));
-    identity.processName = processNameOf(window);
+    identity.processName = ClientProcess::nameOf(processIdOf(window));
     return identity;
+}
+
+xcb_window_t X11ActiveWindow::namingWindowOf(xcb_window_t window) const
+{
+    for (int i = 0; i < kMostTransients; ++i) {
+        const xcb_window_t leader =
+            m_connection.firstOf(window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW);
+        // A dialog of the whole group says that it is for the root window.
+        if (leader == XCB_NONE || leader == m_connection.root() || !exists(leader))
+            break;
+        window = leader;
+    }
+    return window;
+}
+
+quint32 X11ActiveWindow::processIdOf(xcb_window_t window) const
+{
+    // A process number of another machine names a stranger here.
+    const QByteArray machine = m_connection.property(window, m_atoms.clientMachine, XCB_ATOM_ANY);
+    if (machine.isEmpty() || machine == QSysInfo::machineHostName().toLocal8Bit()) {
+        const quint32 told = m_connection.firstOf(window, m_atoms.processId, XCB_ATOM_CARDINAL);
+        if (told != 0)
+            return told;
+    }
+    return clientProcessIdOf(window);
 }
 
 xcb_window_t X11ActiveWindow::inputFocus() const
@@ -75,24 +110,36 @@ xcb_window_t X11ActiveWindow::parentOf(xcb_window_t window) const
 
 bool X11ActiveWindow::exists(xcb_window_t window) const
 {
-    const XcbPointer<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
-        m_connection.get(), xcb_get_window_attributes(m_connection.get(), window), nullptr));
-    return reply != nullptr;
+    return mapStateOf(window).has_value();
 }
 
-QString X11ActiveWindow::processNameOf(xcb_window_t window) const
+bool X11ActiveWindow::isShown(xcb_window_t window) const
 {
-    // A process number of another machine names a stranger here.
-    const QByteArray machine = m_connection.property(window, m_atoms.clientMachine, XCB_ATOM_ANY);
-    if (!machine.isEmpty() && machine != QSysInfo::machineHostName().toLocal8Bit())
-        return {};
-    const quint32 processId = m_connection.firstOf(window, m_atoms.processId, XCB_ATOM_CARDINAL);
-    if (processId == 0)
-        return {};
-    QString program = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(processId));
-    // Said of a program that was upgraded while it runs.
-    constexpr QLatin1String kDeleted(" (deleted)");
-    if (program.endsWith(kDeleted))
-        program.chop(kDeleted.size());
-    return QFileInfo(program).fileName();
+    return mapStateOf(window) == XCB_MAP_STATE_VIEWABLE;
+}
+
+std::optional<quint8> X11ActiveWindow::mapStateOf(xcb_window_t window) const
+{
+    const XcbPointer<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        m_connection.get(), xcb_get_window_attributes(m_connection.get(), window), nullptr));
+    return reply ? std::optional(reply->map_state) : std::nullopt;
+}
+
+quint32 X11ActiveWindow::clientProcessIdOf(xcb_window_t window) const
+{
+    // Asked without the extension, the connection would be shut down.
+    const xcb_query_extension_reply_t *extension =
+        xcb_get_extension_data(m_connection.get(), &xcb_res_id);
+    if (!extension || !extension->present)
+        return 0;
+    const xcb_res_client_id_spec_t asked{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    const XcbPointer<xcb_res_query_client_ids_reply_t> reply(xcb_res_query_client_ids_reply(
+        m_connection.get(), xcb_res_query_client_ids(m_connection.get(), 1, &asked), nullptr));
+    if (!reply)
+        return 0;
+    // Empty for a client of another machine.
+    const auto ids = xcb_res_query_client_ids_ids_iterator(reply.get());
+    return ids.rem > 0 && xcb_res_client_id_value_value_length(ids.data) > 0
+               ? *xcb_res_client_id_value_value(ids.data)
+               : 0;
 }

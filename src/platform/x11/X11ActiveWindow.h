@@ -26,13 +26,25 @@ public:
 
     bool exists(xcb_window_t window) const;
 
-    /// What the window tells; absent when it does not exist any more.
+    /// Whether the window is on the screen. A window manager with no other to call active may go
+    /// on calling one so that was hidden.
+    bool isShown(xcb_window_t window) const;
+
+    /// What the window tells; absent when it does not exist any more. A window that was made for
+    /// nothing but to own a selection has at least a process.
     std::optional<WindowIdentity> identityOf(xcb_window_t window) const;
+
+    /// The window whose name a dialog bears: the one it is for, else the window itself.
+    xcb_window_t namingWindowOf(xcb_window_t window) const;
+
+    /// The process of this machine that the window belongs to; 0 when it cannot be told.
+    quint32 processIdOf(xcb_window_t window) const;
 
 private:
     xcb_window_t inputFocus() const;
     xcb_window_t parentOf(xcb_window_t window) const;
-    QString processNameOf(xcb_window_t window) const;
+    std::optional<quint8> mapStateOf(xcb_window_t window) const;
+    quint32 clientProcessIdOf(xcb_window_t window) const;
 
     const X11Connection &m_connection;
     struct Atoms

@@ -66,12 +66,14 @@ bool X11FrontApplication::isTerminal(xcb_window_t window) const
 
 QString X11FrontApplication::applicationName() const
 {
-    if (const auto identity = m_active.identityOf(m_active.current())) {
-        const QString name = m_names.identify(*identity).name;
-        if (!name.isEmpty())
-            m_lastName = name;
-    }
-    return m_lastName;
+    const xcb_window_t active = m_active.current();
+    const xcb_window_t window = m_active.namingWindowOf(active);
+    const auto identity = m_active.identityOf(window);
+    if (!identity || (isOurs(active) && !m_active.isShown(active)))
+        return m_last.nameWhileItRuns();
+    const QString name = m_names.identify(*identity).name;
+    m_last.remember(name, m_active.processIdOf(window));
+    return name;
 }
 
 void X11FrontApplication::rememberTarget()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FrontApplication.h"
+#include "platform/x11/LastApplication.h"
 #include "platform/x11/X11ActiveWindow.h"
 #include "platform/x11/X11Connection.h"
 
@@ -56,5 +57,5 @@ private:
     xcb_window_t m_target = XCB_NONE;
     xcb_window_t m_targetFocus = XCB_NONE; ///< The target or the part of it that had the keyboard.
     std::optional<quint32> m_lastPress;    ///< Server time of the latest hot key.
-    mutable QString m_lastName;
+    mutable LastApplication m_last;
 };

@@ -1,4 +1,6 @@
 #include "platform/pasteboard/X11Stage.h"
+#include "platform/x11/ForeignProgram.h"
+#include "platform/x11/X11ActiveWindow.h"
 #include "platform/x11/X11Connection.h"
 #include "support/ExpectedWarnings.h"
 
@@ -254,8 +256,36 @@ TEST(X11Life, aCopyIsNamedAfterTheApplicationInFrontAtItsMoment)
         xcb_flush(apps.xcb());
         ASSERT_TRUE(pumpUntil({}, [&] { return isActive(named); }));
         owner.copy("with nothing in front");
-        EXPECT_EQ(stage.change(++count, {&owner}).applicationName, QStringLiteral("Browser"));
+        EXPECT_EQ(stage.change(++count, {&owner}).applicationName, QString())
+            << "both the owner and the last in front are this process";
     }
+}
+
+TEST(X11Life, aCopyIsNamedAsItsWindowCallsItselfThenAndWithNoneInFrontAsItsOwnerDoes)
+{
+    X11Stage stage;
+    XcbClient owner;
+    auto program = std::make_unique<ForeignProgram>();
+    qint64 count = 0;
+    const auto nameOfCopy = [&] {
+        owner.copy("copied");
+        return stage.change(++count, {&owner}).applicationName;
+    };
+    const X11Connection server;
+    const X11ActiveWindow active(server);
+    ASSERT_TRUE(program->tell("window Suite"));
+    ASSERT_TRUE(pumpUntil({}, [&] { return active.current() != XCB_NONE; }));
+    EXPECT_EQ(nameOfCopy(), QStringLiteral("Suite"));
+    ASSERT_TRUE(program->tell("class Writer"));
+    EXPECT_EQ(nameOfCopy(), QStringLiteral("Writer"));
+    ASSERT_TRUE(program->tell("dialog Suite"));
+    EXPECT_EQ(nameOfCopy(), QStringLiteral("Writer"));
+    ASSERT_TRUE(program->tell("close"));
+    EXPECT_EQ(nameOfCopy(), QStringLiteral("Writer"));
+    ASSERT_TRUE(program->tell("copy its own"));
+    EXPECT_EQ(stage.change(++count, {&owner}).applicationName, ForeignProgram::processName());
+    program.reset();
+    EXPECT_EQ(nameOfCopy(), QString());
 }
 
 } // namespace

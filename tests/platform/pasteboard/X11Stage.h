@@ -30,7 +30,8 @@ private:
     {
         ApplicationIdentity identify(const WindowIdentity &window) const override
         {
-            return {window.resourceClass, false};
+            const bool hasClass = !window.resourceClass.isEmpty();
+            return {hasClass ? window.resourceClass : window.processName, false};
         }
     };
 

@@ -2,6 +2,7 @@
 
 #include "platform/memory/MemoryHotKeys.h"
 
+#include "ForeignProgram.h"
 #include "ForeignWindow.h"
 #include "NamesByClass.h"
 
@@ -100,22 +101,37 @@ TEST_F(X11FrontApplicationTest, aTargetThatCannotComeBackIsGivenUpAtTheLimit)
     EXPECT_LT(timer.elapsed(), 3000);
 }
 
-TEST_F(X11FrontApplicationTest, theNameInFrontIsKeptWhenNobodyFollows)
+TEST_F(X11FrontApplicationTest, aTerminalIsToldByItsWindow)
+{
+    ForeignWindow target("Target");
+    EXPECT_FALSE(m_front.isTerminal(target.id()));
+    ForeignWindow terminal("Terminal");
+    EXPECT_TRUE(m_front.isTerminal(terminal.id()));
+    target.destroy();
+    EXPECT_FALSE(m_front.isTerminal(target.id()));
+}
+
+TEST_F(X11FrontApplicationTest, theNameIsThatOfTheWindowADialogIsForAndIsKeptWhileItsProgramRuns)
 {
     EXPECT_EQ(m_front.applicationName(), QString());
-    {
-        ForeignWindow target("Target");
-        ASSERT_TRUE(target.show());
-        EXPECT_EQ(m_front.applicationName(), QStringLiteral("Target"));
-        EXPECT_FALSE(m_front.isTerminal(target.id()));
-        ForeignWindow terminal("Terminal");
-        EXPECT_TRUE(m_front.isTerminal(terminal.id()));
-        target.destroy();
-        EXPECT_FALSE(m_front.isTerminal(target.id()));
-    }
-    EXPECT_EQ(m_front.applicationName(), QStringLiteral("Target"));
+    auto program = std::make_unique<ForeignProgram>();
+    const auto isNamed = [this](const QString &name) {
+        return QTest::qWaitFor([&] { return m_front.applicationName() == name; });
+    };
+    ASSERT_TRUE(program->tell("window Suite"));
+    EXPECT_TRUE(isNamed(QStringLiteral("Suite")));
+    ASSERT_TRUE(program->tell("class Writer"));
+    EXPECT_TRUE(isNamed(QStringLiteral("Writer")));
+    ASSERT_TRUE(program->tell("dialog Suite"));
+    EXPECT_TRUE(isNamed(QStringLiteral("Writer")));
+    ASSERT_TRUE(program->tell("close"));
+    EXPECT_EQ(m_front.applicationName(), QStringLiteral("Writer"));
+    program.reset();
+    EXPECT_EQ(m_front.applicationName(), QString());
     ASSERT_TRUE(bringOursToFront());
     EXPECT_EQ(m_front.applicationName(), QStringLiteral("x11_window_test"));
+    m_ours.hide();
+    EXPECT_TRUE(isNamed(QString())) << "ours is in front no more";
 }
 
 TEST_F(X11FrontApplicationTest, theWayBackIsQuick)
