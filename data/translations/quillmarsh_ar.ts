@@ -263,6 +263,18 @@
         <source>The file no longer exists at the copied location.</source>
         <translation>لم يعد الملف موجودًا في الموضع المنسوخ.</translation>
     </message>
+    <message>
+        <source>The clip was not pasted</source>
+        <translation>لم تُلصق القصاصة</translation>
+    </message>
+    <message>
+        <source>The clipboard could not be written.</source>
+        <translation>تعذّرت الكتابة إلى الحافظة.</translation>
+    </message>
+    <message>
+        <source>The replaced text is not on the clipboard</source>
+        <translation>النص المستبدل ليس على الحافظة</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -239,6 +239,18 @@
         <source>The file no longer exists at the copied location.</source>
         <translation>Die Datei ist nicht mehr an dem Ort, von dem sie kopiert wurde.</translation>
     </message>
+    <message>
+        <source>The clip was not pasted</source>
+        <translation>Der Clip wurde nicht eingefügt</translation>
+    </message>
+    <message>
+        <source>The clipboard could not be written.</source>
+        <translation>Die Zwischenablage konnte nicht beschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The replaced text is not on the clipboard</source>
+        <translation>Der ersetzte Text liegt nicht in der Zwischenablage</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -239,6 +239,18 @@
         <source>The file no longer exists at the copied location.</source>
         <translation>El archivo ya no existe en la ubicación copiada.</translation>
     </message>
+    <message>
+        <source>The clip was not pasted</source>
+        <translation>El recorte no se ha pegado</translation>
+    </message>
+    <message>
+        <source>The clipboard could not be written.</source>
+        <translation>No se pudo escribir en el portapapeles.</translation>
+    </message>
+    <message>
+        <source>The replaced text is not on the clipboard</source>
+        <translation>El texto reemplazado no está en el portapapeles</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -239,6 +239,18 @@
         <source>The file no longer exists at the copied location.</source>
         <translation>Le fichier n’existe plus à l’emplacement copié.</translation>
     </message>
+    <message>
+        <source>The clip was not pasted</source>
+        <translation>L’extrait n’a pas été collé</translation>
+    </message>
+    <message>
+        <source>The clipboard could not be written.</source>
+        <translation>Impossible d’écrire dans le presse-papiers.</translation>
+    </message>
+    <message>
+        <source>The replaced text is not on the clipboard</source>
+        <translation>Le texte remplacé n’est pas dans le presse-papiers</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -233,6 +233,18 @@
         <source>The file no longer exists at the copied location.</source>
         <translation>コピーした場所にファイルがもうありません。</translation>
     </message>
+    <message>
+        <source>The clip was not pasted</source>
+        <translation>クリップは貼り付けられませんでした</translation>
+    </message>
+    <message>
+        <source>The clipboard could not be written.</source>
+        <translation>クリップボードに書き込めませんでした。</translation>
+    </message>
+    <message>
+        <source>The replaced text is not on the clipboard</source>
+        <translation>置き換えたテキストはクリップボードにありません</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

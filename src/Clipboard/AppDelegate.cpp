@@ -33,6 +33,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QLoggingCategory>
 #include <QShortcut>
 #include <QTimer>
@@ -54,6 +55,7 @@ public:
     explicit PasteWindow(AppDelegate &delegate) : m_delegate(delegate) {}
 
     // ^HistoryWindow
+    bool isOursInFront() const override { return m_delegate.isOursInFront(); }
     void hideApp() override { m_delegate.hideApp(); }
     void cancelOperation() override { m_delegate.hideApp(); }
     void showAtMouse() override { m_delegate.setWindowVisible(); }
@@ -91,7 +93,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     // The limits are read from the panes' controls, which start-up loads.
     m_capture->setPaused(true);
     m_paster = std::make_unique<ClipPaster>(platform, *m_liveSettings, *m_history, *m_capture,
-                                            *m_swopState, *m_hotKeyManager, *m_pasteWindow);
+                                            *m_swopState, *m_hotKeyManager, *m_pasteWindow,
+                                            ClipPaster::Waits());
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
 }
@@ -137,6 +140,9 @@ void AppDelegate::loadPreferences()
     m_preferencesApplication->loadPreferences();
     m_preferencesGeneral->setAppDelegate(this);
     m_preferencesGeneral->loadView();
+    // At once, because the next copy may come before the next step.
+    connect(m_preferencesGeneral->maxStringSizeTextField, &QLineEdit::textChanged, m_capture.get(),
+            &ClipboardCapture::tellLargestUsefulText);
     m_preferencesGeneral->loadPreferences();
     m_preferences->setPreferencesViewControllers(
         {m_preferencesGeneral.get(), m_preferencesApplication.get()});
@@ -163,12 +169,15 @@ void AppDelegate::applicationWillTerminate()
 {
     if (std::exchange(m_hasTerminated, true))
         return;
-    m_history->saveContext();
+    m_paster->finish();
+    saveContext();
     m_platform.pasteboard->shutDown();
 }
 
 void AppDelegate::saveContext()
 {
+    // What was copied or pasted since the last step would be as if it had never been.
+    m_capture->readFromPasteboard();
     m_history->saveContext();
 }
 
@@ -344,6 +353,11 @@ void AppDelegate::hideApp()
 {
     if (m_windowController)
         m_windowController->cancelOperation();
+}
+
+bool AppDelegate::isOursInFront() const
+{
+    return (m_viewController && m_viewController->isWindowKey()) || QApplication::activeWindow();
 }
 
 void AppDelegate::windowClosedWithoutChoice()

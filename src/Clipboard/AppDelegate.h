@@ -52,9 +52,10 @@ public:
 
     /// The start-up sequence, run once by the event loop's first turn.
     void applicationDidFinishLaunching();
-    /// Saves what is unsaved. Runs once, whatever ended the application.
+    /// Ends what is under way, records what was not seen yet, and saves. Runs once, whatever ended
+    /// the application.
     void applicationWillTerminate();
-    /// Saves what is unsaved now, for a session that may end without asking again.
+    /// Records what was not seen yet and saves it, for a session that may end without asking again.
     void saveContext();
 
     Platform &platform() const { return m_platform; }
@@ -101,6 +102,8 @@ public:
     /// Sends the history window its cancel operation and gives the front back to the previous
     /// application.
     void hideApp();
+    /// Whether a window of ours has the keyboard.
+    bool isOursInFront() const;
     /// The clip at the table's selected index; none when the index is outside the list.
     std::shared_ptr<ClipItem> getSelectedItem() const;
     /// Opens the selected clip's file after closing the history window; nothing when it is gone.
@@ -128,6 +131,7 @@ public:
     /// Adds the application to the session's login items or takes it out.
     void launchAtStartup(bool isOn);
 
+    const SwopState &swopState() const { return *m_swopState; }
     ClipHistory &history() const { return *m_history; }
     ViewController *viewController() const { return m_viewController; }
     ClipboardWindow *window() const { return m_window; }

@@ -12,12 +12,9 @@
 
 #include <QScopeGuard>
 
-namespace {
+#include <utility>
 
-/// Time for the front application to answer the copy keystroke of a swop.
-constexpr std::chrono::milliseconds kCopyWait{100};
-/// Time for the target to read the pasted clip before the pasteboard changes again.
-constexpr std::chrono::milliseconds kExchangeWait{400};
+namespace {
 
 QString formatted(const QString &text, const std::optional<QString> &format)
 {
@@ -32,15 +29,24 @@ QString formatted(const QString &text, const std::optional<QString> &format)
 
 ClipPaster::ClipPaster(Platform &platform, CaptureSettings &settings, ClipHistory &history,
                        ClipboardCapture &capture, SwopState &swopState,
-                       HotKeyManager &hotKeyManager, HistoryWindow &window)
+                       HotKeyManager &hotKeyManager, HistoryWindow &window, const Waits &waits)
     : m_platform(platform), m_settings(settings), m_history(history), m_capture(capture),
-      m_swopState(swopState), m_hotKeyManager(hotKeyManager), m_window(window)
+      m_swopState(swopState), m_hotKeyManager(hotKeyManager), m_window(window), m_waits(waits)
 {
+    m_putBackTimer.setSingleShot(true);
+    connect(&m_putBackTimer, &QTimer::timeout, this, &ClipPaster::putBack);
+    connect(m_platform.pasteboard.get(), &Pasteboard::pasteRead, this, [this] {
+        if (m_putBack)
+            m_putBackTimer.start(m_waits.reading);
+    });
+    connect(&m_swopState, &SwopState::changed, &m_capture,
+            &ClipboardCapture::tellLargestUsefulText);
 }
 
 void ClipPaster::performPaste(int row, const std::optional<QString> &format)
 {
     if (row < 0) {
+        addReplacedSelections();
         m_swopState.clear();
         return;
     }
@@ -49,97 +55,176 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
         return;
     // Held by itself: hiding the window resets the list.
     const std::shared_ptr<ClipItem> item = clips[static_cast<std::size_t>(row)];
+    // What has just arrived is still the swop's.
+    if (m_swopState.performSwop())
+        m_capture.readFromPasteboard();
     m_capture.setPaused(true);
     const auto resume = qScopeGuard([this] { m_capture.setPaused(false); });
 
-    m_history.countPaste(item);
-    m_window.hideApp();
-    const Outcome outcome = item->filepath() ? pasteFile(*item) : pasteString(*item, format);
+    const Outcome outcome = item->filepath() ? pasteFile(item) : pasteString(item, format);
+    if (outcome == Outcome::NotWritten) {
+        qCWarning(lcHistory, "The pasteboard could not be written; nothing is pasted");
+        tell(tr("The clip was not pasted"), tr("The clipboard could not be written."));
+        return;
+    }
+    m_putBack.reset();
+    m_putBackTimer.stop();
     completeSwop(*item, outcome);
     m_swopState.clear();
 }
 
-ClipPaster::Outcome ClipPaster::pasteString(const ClipItem &item,
+ClipPaster::Outcome ClipPaster::pasteString(const std::shared_ptr<ClipItem> &item,
                                             const std::optional<QString> &format)
 {
-    const std::optional<QString> text = item.strValue();
-    if (!text)
-        return Outcome::Finished;
+    const std::optional<QString> text = item->strValue();
     // The RTF keeps its stored case on purpose: an application that prefers rich text pastes the
     // clip as it was copied.
-    return typeIntoTarget(setPasteboardString(formatted(*text, format), item.rtfValue()));
+    if (text && !setPasteboardString(formatted(*text, format), item->rtfValue()))
+        return Outcome::NotWritten;
+    leaveFor(item);
+    return text ? typeIntoTarget() : Outcome::NothingToType;
 }
 
-ClipPaster::Outcome ClipPaster::pasteFile(const ClipItem &item)
+ClipPaster::Outcome ClipPaster::pasteFile(const std::shared_ptr<ClipItem> &item)
 {
-    const QString filepath = *item.filepath();
+    const QString filepath = *item->filepath();
     const bool exists = m_platform.workspace->fileExists(filepath);
-    const bool isOnPasteboard = exists && setPasteboardFile(item.strValue(), filepath);
+    if (exists && !setPasteboardFile(item->strValue(), filepath))
+        return Outcome::NotWritten;
+    leaveFor(item);
     if (!exists && m_settings.isNotificationsEnabled())
         notifyFileNoLongerExists();
     m_window.cancelOperation();
-    return exists ? typeIntoTarget(isOnPasteboard) : Outcome::Finished;
+    return exists ? typeIntoTarget() : Outcome::NothingToType;
 }
 
-ClipPaster::Outcome ClipPaster::typeIntoTarget(bool isOnPasteboard)
+/// Counts the paste and gives the front to the target.
+void ClipPaster::leaveFor(const std::shared_ptr<ClipItem> &item)
 {
-    if (!isOnPasteboard) {
-        qCWarning(lcHistory, "The pasteboard could not be written; nothing is pasted");
-        return Outcome::Stranded;
-    }
+    m_history.countPaste(item);
+    m_window.hideApp();
+}
+
+ClipPaster::Outcome ClipPaster::typeIntoTarget()
+{
     if (!m_platform.frontApplication->returnToTarget()) {
-        if (m_settings.isNotificationsEnabled())
-            m_platform.notifications->deliver(tr("The clip is on the clipboard"),
-                                              tr("The previous window could not be activated."));
+        tell(tr("The clip is on the clipboard"), tr("The previous window could not be activated."));
         return Outcome::Stranded;
     }
     m_hotKeyManager.paste();
-    return Outcome::Finished;
+    return Outcome::Typed;
 }
 
 void ClipPaster::completeSwop(const ClipItem &item, Outcome outcome)
 {
-    if (!m_swopState.performSwop || !m_swopState.swopClipItem)
+    if (!m_swopState.performSwop())
         return;
+    addReplacedSelections();
+    if (!m_swopState.swopClipItem())
+        return;
+    const SwopItem held = *m_swopState.swopClipItem();
     if (outcome == Outcome::Stranded) {
-        addHeldSelection();
+        addHeld(held);
         return;
     }
-    m_platform.clock->wait(kExchangeWait);
+    m_platform.clock->wait(m_waits.exchange);
     m_history.addToClipList(item.strValue(), item.rtfValue(), item.applicationName(),
                             item.filepath());
-    addHeldSelection();
-    const SwopItem &held = *m_swopState.swopClipItem;
-    if (!setPasteboardString(held.strValue.value_or(QString()), held.rtfValue))
-        qCWarning(lcHistory, "The replaced selection could not be put on the pasteboard");
+    addHeld(held);
+    m_capture.passOverOwnWrites();
+    putBackLater(held, outcome);
 }
 
-void ClipPaster::addHeldSelection()
+void ClipPaster::addHeld(const SwopItem &held)
 {
-    const SwopItem &held = *m_swopState.swopClipItem;
-    m_history.addToClipList(held.strValue, held.rtfValue, held.applicationName, held.filepath);
+    if (!held.isTooLarge)
+        m_history.addToClipList(held.strValue, held.rtfValue, held.applicationName, held.filepath);
+}
+
+void ClipPaster::addReplacedSelections()
+{
+    for (const SwopItem &replaced : m_swopState.takeReplaced())
+        addHeld(replaced);
+}
+
+void ClipPaster::putBackLater(const SwopItem &selection, Outcome outcome)
+{
+    m_putBack = PutBack{selection, m_platform.pasteboard->contents()};
+    if (outcome != Outcome::Typed || m_platform.pasteboard->isPasteRead())
+        putBack();
+    else
+        m_putBackTimer.start(m_waits.patience);
+}
+
+void ClipPaster::putBack()
+{
+    m_putBackTimer.stop();
+    if (!m_putBack)
+        return;
+    const PutBack due = *std::exchange(m_putBack, std::nullopt);
+    // By its text, because another clipboard manager may have taken the clip over.
+    const std::optional<PasteboardContents> present = m_platform.pasteboard->contents();
+    if (present.has_value() != due.pasted.has_value() ||
+        (present &&
+         (present->text != due.pasted->text || present->fileNames != due.pasted->fileNames)))
+        return;
+    if (!setPasteboardString(due.selection.strValue.value_or(QString()), due.selection.rtfValue)) {
+        qCWarning(lcHistory, "The replaced selection could not be put on the pasteboard");
+        tell(tr("The replaced text is not on the clipboard"),
+             tr("The clipboard could not be written."));
+        return;
+    }
+    m_capture.passOverOwnWrites();
 }
 
 void ClipPaster::swop()
 {
     if (m_capture.isPaused())
         return;
+    const bool isTargetInFront = returnFromOwnWindow();
     // What was copied before the swop is no part of it.
     m_capture.readFromPasteboard();
-    m_swopState.performSwop = true;
-    m_hotKeyManager.copy();
-    m_platform.clock->wait(kCopyWait);
-    m_capture.readFromPasteboard();
+    if (isTargetInFront) {
+        m_swopState.begin(m_platform.frontApplication->applicationName());
+        m_hotKeyManager.copy();
+        m_platform.clock->wait(m_waits.copy);
+        m_capture.readFromPasteboard();
+    } else {
+        m_swopState.begin(QString());
+    }
     m_window.showAtMouse();
+}
+
+/// The keystroke that copies would go to our own window otherwise. False when the target does not
+/// come to the front instead.
+bool ClipPaster::returnFromOwnWindow()
+{
+    if (!m_window.isOursInFront())
+        return true;
+    m_window.hideApp();
+    return m_platform.frontApplication->returnToTarget();
 }
 
 void ClipPaster::cancelSwop()
 {
-    if (!m_swopState.performSwop || m_capture.isPaused())
+    if (!m_swopState.performSwop() || m_capture.isPaused())
         return;
-    if (m_swopState.swopClipItem)
-        addHeldSelection();
+    addReplacedSelections();
+    if (m_swopState.swopClipItem())
+        addHeld(*m_swopState.swopClipItem());
     performPaste(-1, std::nullopt);
+}
+
+void ClipPaster::finish()
+{
+    cancelSwop();
+    putBack();
+}
+
+void ClipPaster::tell(const QString &title, const QString &subtitle)
+{
+    if (m_settings.isNotificationsEnabled())
+        m_platform.notifications->deliver(title, subtitle);
 }
 
 bool ClipPaster::setPasteboardString(const QString &text, const std::optional<QString> &rtf)

@@ -1,8 +1,13 @@
 #pragma once
 
+#include "history/SwopItem.h"
+#include "platform/Pasteboard.h"
+
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -17,29 +22,50 @@ class SwopState;
 
 /// Puts clips back: on the pasteboard and, with a keystroke, into the application that was in
 /// front; and exchanges that application's selection for a clip (swop). Owned by the application
-/// delegate. While a paste is under way capture is paused, so a swop's two writes are seen as one.
+/// delegate. While a paste is under way capture is paused, so that it is seen as a whole.
 class ClipPaster : public QObject
 {
     Q_OBJECT
 
 public:
+    /// How long other programs are given; tests shorten them.
+    struct Waits
+    {
+        /// For the front application to answer the copy keystroke of a swop.
+        std::chrono::milliseconds copy{100};
+        /// For the target to read the pasted clip before the pasteboard changes again.
+        std::chrono::milliseconds exchange{400};
+        /// For a target that has not read it by then, counted from the end of the wait before.
+        std::chrono::milliseconds patience{1600};
+        /// From its first question on, because many ask for one format after the other.
+        std::chrono::milliseconds reading{100};
+    };
+
     /// Everything given must outlive the paster.
     ClipPaster(Platform &platform, CaptureSettings &settings, ClipHistory &history,
                ClipboardCapture &capture, SwopState &swopState, HotKeyManager &hotKeyManager,
-               HistoryWindow &window);
+               HistoryWindow &window, const Waits &waits);
 
     /// Pastes the clip at `row` of the history's current list; a row beyond it is ignored.
     /// `format` is "upper", "lower" or anything else for the text as it is; files ignore it. When
     /// the target does not come back nothing is typed: the clip stays on the pasteboard and the
-    /// user is told. A negative row ends a swop without a paste and forgets what it holds.
+    /// user is told, as when the pasteboard cannot be written: then the window stays as it is, and
+    /// so does a swop. A negative row ends a swop without a paste and forgets what it holds.
+    ///
+    /// The selection that a swop has replaced goes back on the pasteboard when the target has asked
+    /// for the clip, at the latest a while later, and not at all if somebody copies meanwhile.
     void performPaste(int row, const std::optional<QString> &format);
 
     /// Copies the front application's selection away and shows the history for the user's choice.
+    /// A window of our own that is in front gives way to the target first.
     void swop();
 
     /// The history window was closed without a choice: what a swop holds is added to the history,
     /// and the swop ends. Nothing happens outside a swop, or while a paste hides the window.
     void cancelSwop();
+
+    /// Ends what is still to come of a swop at once, because the application ends.
+    void finish();
 
     /// Replaces the pasteboard's contents. False when the display did not confirm it.
     bool setPasteboardString(const QString &text, const std::optional<QString> &rtf);
@@ -49,15 +75,30 @@ public:
 
 private:
     enum class Outcome {
-        Finished, ///< Typed, or there was nothing to type.
-        Stranded  ///< The target did not get the clip, so there is nothing to exchange.
+        Typed,
+        NothingToType, ///< The clip's file is gone.
+        NotWritten,    ///< The pasteboard has refused the clip, and the window is still there.
+        Stranded       ///< The target did not get the clip, so there is nothing to exchange.
+    };
+    /// The selection that is still to be put on the pasteboard in place of what was pasted.
+    struct PutBack
+    {
+        SwopItem selection;
+        std::optional<PasteboardContents> pasted;
     };
 
-    Outcome pasteString(const ClipItem &item, const std::optional<QString> &format);
-    Outcome pasteFile(const ClipItem &item);
-    Outcome typeIntoTarget(bool isOnPasteboard);
+    Outcome pasteString(const std::shared_ptr<ClipItem> &item,
+                        const std::optional<QString> &format);
+    Outcome pasteFile(const std::shared_ptr<ClipItem> &item);
+    void leaveFor(const std::shared_ptr<ClipItem> &item);
+    Outcome typeIntoTarget();
     void completeSwop(const ClipItem &item, Outcome outcome);
-    void addHeldSelection();
+    void addHeld(const SwopItem &held);
+    void addReplacedSelections();
+    void putBackLater(const SwopItem &selection, Outcome outcome);
+    void putBack();
+    bool returnFromOwnWindow();
+    void tell(const QString &title, const QString &subtitle);
 
     Platform &m_platform;
     CaptureSettings &m_settings;
@@ -66,4 +107,7 @@ private:
     SwopState &m_swopState;
     HotKeyManager &m_hotKeyManager;
     HistoryWindow &m_window;
+    const Waits m_waits;
+    std::optional<PutBack> m_putBack;
+    QTimer m_putBackTimer;
 };

@@ -9,6 +9,7 @@
 #include "platform/Pasteboard.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -42,9 +43,7 @@ void ClipboardCapture::readFromPasteboard()
     const QList<PasteboardContents> changes = m_pasteboard.changesAfter(m_previousChangeCount);
     m_previousChangeCount = changeCount;
     for (PasteboardContents contents : changes) {
-        // Written while our own window was still going away.
-        if (contents.isOwnWrite)
-            contents.applicationName = m_applicationAfterPause;
+        nameApplication(contents);
         m_previousChangeCount = std::max(m_previousChangeCount, contents.changeCount);
         examine(contents);
     }
@@ -52,19 +51,47 @@ void ClipboardCapture::readFromPasteboard()
 
 void ClipboardCapture::setPaused(bool isPaused)
 {
-    // Not at the next step, because our own window may be in front again by then.
-    if (m_isPaused && !isPaused)
-        m_applicationAfterPause = m_frontApplication.applicationName();
+    if (m_isPaused == isPaused)
+        return;
     m_isPaused = isPaused;
+    if (isPaused) {
+        m_pauseBegan = m_pasteboard.changeCount();
+        return;
+    }
+    m_pauseEnded = m_pasteboard.changeCount();
+    // Not at the next step, because our own window may be in front again by then.
+    m_applicationAfterPause = m_frontApplication.applicationName();
+}
+
+void ClipboardCapture::passOverOwnWrites()
+{
+    m_passedOver = m_pasteboard.changeCount();
 }
 
 void ClipboardCapture::tellLargestUsefulText()
 {
-    const qint64 bytes = std::max<qint64>(m_settings.getMaxStringSize(), 0);
+    // A swop holds its selection however large it is.
+    const qint64 bytes = m_swopState.performSwop()
+                             ? std::numeric_limits<qint64>::max()
+                             : std::max<qint64>(m_settings.getMaxStringSize(), 0);
     if (bytes == m_toldLargestText)
         return;
     m_toldLargestText = bytes;
     m_pasteboard.setLargestUsefulText(bytes);
+}
+
+void ClipboardCapture::nameApplication(PasteboardContents &contents) const
+{
+    if (!contents.isOwnWrite) {
+        // A slow application answers a swop once our own window is in front.
+        if (contents.isOursInFront && m_swopState.performSwop() &&
+            !m_swopState.targetName().isEmpty())
+            contents.applicationName = m_swopState.targetName();
+        return;
+    }
+    // Written while our own window was still going away.
+    if (contents.changeCount > m_pauseBegan && contents.changeCount <= m_pauseEnded)
+        contents.applicationName = m_applicationAfterPause;
 }
 
 void ClipboardCapture::examine(const PasteboardContents &contents)
@@ -80,7 +107,8 @@ void ClipboardCapture::examine(const PasteboardContents &contents)
         return;
     }
     m_pasteboard.judge(contents.changeCount, Pasteboard::Judgement::Keep);
-    record(contents);
+    if (!contents.isOwnWrite || contents.changeCount > m_passedOver)
+        record(contents);
 }
 
 bool ClipboardCapture::isIgnored(const PasteboardContents &contents) const
@@ -99,25 +127,26 @@ bool ClipboardCapture::isIgnored(const PasteboardContents &contents) const
 
 void ClipboardCapture::record(const PasteboardContents &contents)
 {
-    if (isTooLarge(contents)) {
-        if (m_settings.isNotificationsEnabled())
-            m_notifications.deliver(tr("The copied text was not recorded"),
-                                    tr("The text is too large."));
-        return;
-    }
+    const bool isRefused = isTooLarge(contents);
+    if (isRefused && m_settings.isNotificationsEnabled())
+        m_notifications.deliver(tr("The copied text was not recorded"),
+                                tr("The text is too large."));
     if (!contents.text)
         return;
     const std::optional<QString> filepath =
         contents.fileNames.isEmpty() ? std::nullopt : std::optional(contents.fileNames.first());
-    if (m_swopState.performSwop)
-        m_swopState.swopClipItem =
-            SwopItem{contents.text, contents.rtf, contents.applicationName, filepath};
-    else
+    if (m_swopState.performSwop() && !contents.isOwnWrite)
+        m_swopState.hold(
+            {contents.text, contents.rtf, contents.applicationName, filepath, isRefused});
+    else if (!isRefused)
         m_history.addToClipList(contents.text, contents.rtf, contents.applicationName, filepath);
 }
 
 bool ClipboardCapture::isTooLarge(const PasteboardContents &contents) const
 {
+    // The limit is for what others copy: what we write comes from the history.
+    if (contents.isOwnWrite)
+        return false;
     if (contents.isTextTooLarge)
         return true;
     return contents.text && contents.text->toUtf8().size() > m_settings.getMaxStringSize();

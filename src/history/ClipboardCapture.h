@@ -33,13 +33,20 @@ public:
     /// pasteboard held before we started.
     qint64 previousChangeCount() const { return m_previousChangeCount; }
 
+    /// Tells the pasteboard how large a text is of use, so that it reads the next copy by it. To be
+    /// called when the limit has changed or a swop has begun or ended; each step does it as well.
+    void tellLargestUsefulText();
+
+    /// What we have written until now is in the history already, or must not come into it.
+    void passOverOwnWrites();
+
     /// While paused, changes wait: a paste must not see its own writes halfway. What it wrote
     /// counts as copied in the application that is in front when the pause ends.
     void setPaused(bool isPaused);
     bool isPaused() const { return m_isPaused; }
 
 private:
-    void tellLargestUsefulText();
+    void nameApplication(PasteboardContents &contents) const;
     void examine(const PasteboardContents &contents);
     bool isIgnored(const PasteboardContents &contents) const;
     void record(const PasteboardContents &contents);
@@ -52,7 +59,10 @@ private:
     CaptureSettings &m_settings;
     SwopState &m_swopState;
     qint64 m_previousChangeCount = 0;
-    qint64 m_toldLargestText = -1;   ///< Bytes; -1 before the pasteboard was told any.
-    QString m_applicationAfterPause; ///< Empty before the first pause.
+    qint64 m_toldLargestText = -1; ///< Bytes; -1 before the pasteboard was told any.
     bool m_isPaused = false;
+    qint64 m_pauseBegan = 0; ///< Change count, as the two below.
+    qint64 m_pauseEnded = 0;
+    qint64 m_passedOver = 0;
+    QString m_applicationAfterPause; ///< Empty before the first pause.
 };

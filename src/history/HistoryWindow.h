@@ -10,6 +10,9 @@ public:
     HistoryWindow &operator=(const HistoryWindow &) = delete;
     virtual ~HistoryWindow() = default;
 
+    /// Whether a window of the application has the keyboard.
+    virtual bool isOursInFront() const = 0;
+
     /// Hides every window of the application, so that the previous application comes back.
     virtual void hideApp() = 0;
 

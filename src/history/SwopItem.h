@@ -12,4 +12,6 @@ struct SwopItem
     std::optional<QString> rtfValue;
     std::optional<QString> applicationName;
     std::optional<QString> filepath;
+    /// Larger than what the history records: it is left on the pasteboard and nowhere else.
+    bool isTooLarge = false;
 };

@@ -1,6 +1,7 @@
 #include "Clipboard/AppDelegate.h"
 
 #include "Clipboard/StatusMenu.h"
+#include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/preferences/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardWindow.h"
@@ -14,6 +15,7 @@
 #include "support/ExpectedWarnings.h"
 
 #include <QAction>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -178,6 +180,30 @@ TEST_F(AppDelegateTest, swopLeavesTheReplacedSelectionNewestAndOnThePasteboard)
     m_delegate->viewController()->paste();
     EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
     EXPECT_EQ(m_platform.pasteboard.contents()->text, QStringLiteral("selection"));
+}
+
+TEST_F(AppDelegateTest, whatWasPastedCopiedOrHeldRightBeforeTheEndIsInTheHistory)
+{
+    start();
+    for (const char *text : {"a", "b", "c"})
+        copy(QString::fromLatin1(text));
+    m_delegate->performPaste(2, {});
+    m_delegate->applicationWillTerminate();
+    start();
+    EXPECT_EQ(clips(),
+              (QStringList{QStringLiteral("a"), QStringLiteral("c"), QStringLiteral("b")}));
+
+    m_platform.keySender.setReaction([this](quint32) { copy(QStringLiteral("selection")); });
+    press(VirtualKey::kX);
+    m_delegate->applicationWillTerminate();
+    EXPECT_EQ(clips().first(), QStringLiteral("selection"));
+}
+
+TEST_F(AppDelegateTest, aChangedSizeLimitReachesThePasteboardAtOnce)
+{
+    start();
+    m_delegate->generalPane().maxStringSizeTextField->setText(QStringLiteral("123"));
+    EXPECT_EQ(m_platform.pasteboard.largestUsefulText(), 123);
 }
 
 TEST_F(AppDelegateTest, aSwopClosedWithoutAChoiceKeepsTheSelectionAndGoesOnRecording)

@@ -3,6 +3,8 @@
 #include "platform/VirtualKeys.h"
 #include "support/ExpectedWarnings.h"
 
+#include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -164,13 +166,33 @@ TEST_F(ClipPasterTest, whenTheTargetDoesNotComeBackNothingIsTypedAndTheClipStays
     EXPECT_EQ(m_rig.platform.notifications.delivered().size(), 1);
 }
 
-TEST_F(ClipPasterTest, nothingIsTypedWhenThePasteboardCannotBeWritten)
+TEST_F(ClipPasterTest, whenThePasteboardCannotBeWrittenTheUserIsToldAndTheWindowStays)
 {
+    m_rig.platform.workspace.addFile(QStringLiteral("/tmp/a.txt"));
+    m_rig.platform.pasteboard.setWriteFails(true);
+    const auto item = m_rig.at(kPlain);
+    for (const int row : {kPlain, kFile}) {
+        ExpectedWarnings::expect(QStringLiteral("pasteboard could not be written"));
+        m_rig.paster.performPaste(row, {});
+    }
+    EXPECT_TRUE(keys().isEmpty());
+    EXPECT_TRUE(m_rig.window.isShown);
+    EXPECT_EQ(item->pasteCount(), std::nullopt);
+    const std::pair failure(QStringLiteral("The clip was not pasted"),
+                            QStringLiteral("The clipboard could not be written."));
+    EXPECT_EQ(m_rig.platform.notifications.delivered(), (QList{failure, failure}));
+}
+
+TEST_F(ClipPasterTest, aSwopGoesOnWhenThePasteboardCannotBeWritten)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    m_rig.paster.swop();
     m_rig.platform.pasteboard.setWriteFails(true);
     ExpectedWarnings::expect(QStringLiteral("pasteboard could not be written"));
     m_rig.paster.performPaste(kPlain, {});
-    EXPECT_TRUE(keys().isEmpty());
-    EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
+    m_rig.platform.pasteboard.setWriteFails(false);
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("selection"));
 }
 
 TEST_F(ClipPasterTest, withoutKeystrokesTheClipIsOnThePasteboardAndTheLogSaysWhy)
@@ -203,7 +225,7 @@ TEST_F(ClipPasterTest, aSwopExchangesTheSelectionForTheClip)
     EXPECT_EQ(keys(), (QList<quint32>{VirtualKey::kC, VirtualKey::kV}));
     EXPECT_EQ(m_rig.platform.clock.waits(),
               (QList{std::chrono::milliseconds(100), std::chrono::milliseconds(400)}));
-    EXPECT_FALSE(m_rig.swopState.performSwop);
+    EXPECT_FALSE(m_rig.swopState.performSwop());
     const QStringList before = m_rig.texts();
     m_rig.capture.timeout();
     EXPECT_EQ(m_rig.texts(), before);
@@ -216,7 +238,7 @@ TEST_F(ClipPasterTest, aCopyThatCameBeforeTheSwopIsRecorded)
     m_rig.capture.setPaused(false);
     m_rig.paster.swop();
     EXPECT_EQ(m_rig.texts().first(), QStringLiteral("earlier"));
-    EXPECT_FALSE(m_rig.swopState.swopClipItem);
+    EXPECT_FALSE(m_rig.swopState.swopClipItem());
 }
 
 TEST_F(ClipPasterTest, aSwopWhoseTargetIsGoneKeepsTheSelectionInTheHistory)
@@ -228,7 +250,7 @@ TEST_F(ClipPasterTest, aSwopWhoseTargetIsGoneKeepsTheSelectionInTheHistory)
     EXPECT_EQ(m_rig.texts(), (QStringList{QStringLiteral("selection"), QStringLiteral("Rich"),
                                           QStringLiteral("a.txt"), QStringLiteral("Straße")}));
     EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
-    EXPECT_FALSE(m_rig.swopState.performSwop);
+    EXPECT_FALSE(m_rig.swopState.performSwop());
 }
 
 TEST_F(ClipPasterTest, aCancelledSwopKeepsTheSelectionAndRecordingGoesOn)
@@ -255,9 +277,140 @@ TEST_F(ClipPasterTest, aNegativeRowForgetsWhatASwopHolds)
     answerCopyWith(QStringLiteral("selection"));
     m_rig.paster.swop();
     m_rig.paster.performPaste(-1, {});
-    EXPECT_FALSE(m_rig.swopState.performSwop);
-    EXPECT_FALSE(m_rig.swopState.swopClipItem);
+    EXPECT_FALSE(m_rig.swopState.performSwop());
+    EXPECT_FALSE(m_rig.swopState.swopClipItem());
     EXPECT_EQ(m_rig.texts().size(), 3);
+}
+
+TEST_F(ClipPasterTest, aSelectionThatIsTooLargeToBeRecordedIsLeftOnThePasteboard)
+{
+    m_rig.settings.maxStringSize = 12;
+    m_rig.capture.timeout();
+    const QString selection = QStringLiteral("far too large a selection");
+    answerCopyWith(selection);
+    m_rig.paster.swop();
+    ASSERT_TRUE(m_rig.swopState.swopClipItem());
+    m_rig.paster.performPaste(kPlain, {});
+    m_rig.capture.timeout();
+    EXPECT_EQ(onPasteboard()->text, selection);
+    EXPECT_EQ(m_rig.texts(), (QStringList{QStringLiteral("Straße"), QStringLiteral("Rich"),
+                                          QStringLiteral("a.txt")}));
+    EXPECT_EQ(m_rig.platform.pasteboard.largestUsefulText(), 12);
+    m_rig.paster.swop();
+    m_rig.paster.cancelSwop();
+    EXPECT_FALSE(m_rig.texts().contains(selection));
+}
+
+TEST_F(ClipPasterTest, aCopyThatReplacesTheHeldSelectionLosesNothing)
+{
+    struct Row
+    {
+        const char *name;
+        std::function<void()> end;
+        const char *newestFirst;
+    };
+    const Row rows[] = {
+        {"exchanged", [this] { m_rig.paster.performPaste(kRich, {}); },
+         "second | Rich | selection"},
+        {"cancelled", [this] { m_rig.paster.cancelSwop(); }, "second | selection | Rich"},
+        {"forgotten", [this] { m_rig.paster.performPaste(-1, {}); }, "selection | Rich | a.txt"},
+        {"ended", [this] { m_rig.paster.finish(); }, "second | selection | Rich"},
+    };
+    answerCopyWith(QStringLiteral("selection"));
+    const QStringList before = m_rig.texts();
+    for (const Row &row : rows) {
+        m_rig.history.clearAll();
+        for (auto text = before.rbegin(); text != before.rend(); ++text)
+            m_rig.add(*text);
+        m_rig.paster.swop();
+        m_rig.copy(QStringLiteral("second"));
+        EXPECT_EQ(m_rig.swopState.swopClipItem()->strValue, QStringLiteral("second"));
+        row.end();
+        EXPECT_EQ(m_rig.texts().mid(0, 3).join(QStringLiteral(" | ")).toStdString(),
+                  row.newestFirst)
+            << row.name;
+    }
+}
+
+TEST_F(ClipPasterTest, aSwopWithOurOwnWindowInFrontCopiesInTheTargetOrNowhere)
+{
+    answerCopyWith(QStringLiteral("selection"));
+    for (const bool returns : {true, false}) {
+        bool wasInFront = true;
+        m_rig.window.isInFront = true;
+        m_rig.window.whenHidden = [&] { wasInFront = m_rig.window.isInFront; };
+        m_rig.platform.frontApplication.setReturns(returns);
+        m_rig.paster.swop();
+        EXPECT_FALSE(wasInFront);
+        EXPECT_EQ(m_rig.swopState.swopClipItem().has_value(), returns);
+        EXPECT_EQ(keys().size(), 1);
+        EXPECT_TRUE(m_rig.window.isShown);
+        m_rig.paster.cancelSwop();
+    }
+}
+
+/// A swop whose target has not asked for the clip when the exchange's wait is over.
+class SlowTarget : public ClipPasterTest
+{
+protected:
+    SlowTarget()
+    {
+        answerCopyWith(QStringLiteral("selection"));
+        m_rig.platform.pasteboard.setPasteRead(false);
+        m_rig.paster.swop();
+        m_rig.paster.performPaste(kPlain, {});
+    }
+
+    bool isPutBack() const { return onPasteboard()->text == QStringLiteral("selection"); }
+    bool comesBack()
+    {
+        return QTest::qWaitFor([this] { return isPutBack(); });
+    }
+};
+
+TEST_F(SlowTarget, findsTheClipUntilItHasAskedForIt)
+{
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
+    EXPECT_EQ(m_rig.texts().first(), QStringLiteral("selection"));
+    m_rig.platform.pasteboard.setPasteRead(true);
+    EXPECT_TRUE(comesBack());
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.texts().mid(0, 2),
+              (QStringList{QStringLiteral("selection"), QStringLiteral("Straße")}));
+}
+
+TEST_F(SlowTarget, isGivenUpAfterAWhileOrWhenTheApplicationEnds)
+{
+    EXPECT_TRUE(comesBack());
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_FALSE(isPutBack());
+    m_rig.paster.finish();
+    EXPECT_TRUE(isPutBack());
+}
+
+TEST_F(SlowTarget, doesNotCostTheCopyThatIsMadeMeanwhile)
+{
+    m_rig.copy(QStringLiteral("copied meanwhile"));
+    m_rig.paster.finish();
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("copied meanwhile"));
+    EXPECT_EQ(m_rig.texts().mid(0, 2),
+              (QStringList{QStringLiteral("copied meanwhile"), QStringLiteral("selection")}));
+}
+
+TEST_F(SlowTarget, getsTheSelectionBackThoughAnotherManagerHasTakenTheClipOver)
+{
+    m_rig.copy(QStringLiteral("Straße"));
+    m_rig.paster.finish();
+    EXPECT_TRUE(isPutBack());
+}
+
+TEST_F(SlowTarget, keepsTheClipThatIsPastedNext)
+{
+    m_rig.paster.performPaste(kPlain, {});
+    const std::optional<QString> next = onPasteboard()->text;
+    m_rig.paster.finish();
+    EXPECT_EQ(onPasteboard()->text, next);
 }
 
 } // namespace

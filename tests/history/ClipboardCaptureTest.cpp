@@ -151,12 +151,65 @@ TEST_F(ClipboardCaptureTest, aTextIsMeasuredInBytesAndTheLimitItselfIsRecorded)
 
 TEST_F(ClipboardCaptureTest, duringASwopTheLatestCopyIsHeldInsteadOfRecorded)
 {
-    m_rig.swopState.performSwop = true;
+    m_rig.swopState.begin(QStringLiteral("Terminal"));
     m_rig.copy(QStringLiteral("first"));
     m_rig.copy(QStringLiteral("second"), QStringLiteral("Terminal"));
     EXPECT_EQ(m_rig.texts(), QStringList());
-    EXPECT_EQ(m_rig.swopState.swopClipItem->strValue, QStringLiteral("second"));
-    EXPECT_EQ(m_rig.swopState.swopClipItem->applicationName, QStringLiteral("Terminal"));
+    EXPECT_EQ(m_rig.swopState.swopClipItem()->strValue, QStringLiteral("second"));
+    EXPECT_EQ(m_rig.swopState.swopClipItem()->applicationName, QStringLiteral("Terminal"));
+}
+
+TEST_F(ClipboardCaptureTest, aCopyThatASwopGetsOnceWeAreInFrontIsItsTargets)
+{
+    struct Row
+    {
+        QString inFront;
+        bool isOurs;
+        QStringList ignored;
+        QString heldFrom; ///< Empty when nothing is held.
+    };
+    const QString ours = QStringLiteral("Quillmarsh");
+    const QString vault = QStringLiteral("Vault");
+    const Row rows[] = {{ours, true, {}, vault},
+                        {ours, true, {vault}, {}},
+                        {QStringLiteral("Mail"), false, {vault}, QStringLiteral("Mail")}};
+    for (const Row &row : rows) {
+        m_rig.settings.ignored = row.ignored;
+        m_rig.swopState.begin(vault);
+        PasteboardContents contents;
+        contents.text = QStringLiteral("late");
+        contents.applicationName = row.inFront;
+        contents.isOursInFront = row.isOurs;
+        m_rig.platform.pasteboard.copyFromOutside(contents);
+        const auto &held = m_rig.swopState.swopClipItem();
+        EXPECT_EQ(held ? *held->applicationName : QString(), row.heldFrom);
+        EXPECT_EQ(judgement(), held ? Judgement::Keep : Judgement::Discard);
+        m_rig.swopState.clear();
+    }
+}
+
+TEST_F(ClipboardCaptureTest, anOwnWriteOutsideAPasteComesFromTheApplicationInFrontAtTheWrite)
+{
+    m_rig.platform.frontApplication.setApplicationName(QStringLiteral("XTerm"));
+    m_rig.capture.setPaused(true);
+    m_rig.capture.setPaused(false);
+    m_rig.platform.pasteboard.setFront(QStringLiteral("Quillmarsh"), true);
+    m_rig.paster.setPasteboardString(QStringLiteral("setup complete"), {});
+    m_rig.capture.setPaused(true);
+    m_rig.capture.setPaused(false);
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.at(0)->applicationName(), QStringLiteral("Quillmarsh"));
+}
+
+TEST_F(ClipboardCaptureTest, anOwnWriteIsNeverTooLarge)
+{
+    m_rig.copy(QStringLiteral("long clip"));
+    m_rig.copy(QStringLiteral("b"));
+    m_rig.settings.maxStringSize = 3;
+    m_rig.paster.performPaste(1, {});
+    m_rig.capture.timeout();
+    EXPECT_EQ(text(0), QStringLiteral("long clip"));
+    EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
 }
 
 } // namespace

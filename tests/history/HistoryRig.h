@@ -87,11 +87,14 @@ class TestWindow : public HistoryWindow
 public:
     std::function<void()> whenHidden = [] {};
     bool isShown = true;
+    bool isInFront = false; ///< Until it is hidden.
 
     // ^HistoryWindow
+    bool isOursInFront() const override { return isInFront; }
     void hideApp() override
     {
         isShown = false;
+        isInFront = false;
         whenHidden();
     }
     void cancelOperation() override { isShown = false; }
@@ -106,7 +109,8 @@ public:
         : HistoryRig(folder), hotKeyManager(platform.keySender),
           capture(platform.pasteboard, platform.frontApplication, history, platform.notifications,
                   settings, swopState),
-          paster(platform.platform, settings, history, capture, swopState, hotKeyManager, window)
+          paster(platform.platform, settings, history, capture, swopState, hotKeyManager, window,
+                 waits)
     {
     }
 
@@ -119,6 +123,9 @@ public:
         platform.pasteboard.copyFromOutside(contents);
     }
 
+    /// A target that has to be waited for is given up, or has read what it asked for, at once.
+    ClipPaster::Waits waits{std::chrono::milliseconds(100), std::chrono::milliseconds(400),
+                            std::chrono::milliseconds(1), std::chrono::milliseconds(1)};
     SwopState swopState;
     TestWindow window;
     HotKeyManager hotKeyManager;

@@ -2,11 +2,13 @@
 """A small GTK text window. Writes its text to FILE on every change, so that a test can see what
 arrived and when; "ready" is written to standard output once the window has the keyboard.
 
-usage: gtk_editor.py FILE [TEXT] [--select]   (--select selects TEXT)
+usage: gtk_editor.py FILE [TEXT] [--select] [--slow MS]
+(--select selects TEXT; --slow hangs for so long before each copy and paste)
 """
 
 import os
 import sys
+import time
 
 import gi
 
@@ -20,6 +22,11 @@ from gi.repository import Gtk  # noqa: E402
 
 def main():
     arguments = [a for a in sys.argv[1:] if a != "--select"]
+    delay = 0
+    if "--slow" in arguments:
+        index = arguments.index("--slow")
+        delay = int(arguments.pop(index + 1)) / 1000
+        arguments.pop(index)
     path = arguments[0]
     window = Gtk.Window(title="GTK editor", default_width=420, default_height=240)
     view = Gtk.TextView()
@@ -36,6 +43,8 @@ def main():
             file.write(buffer.get_text(*buffer.get_bounds(), True))
         os.rename(path + ".new", path)
 
+    for signal in ("copy-clipboard", "paste-clipboard"):
+        view.connect(signal, lambda _: time.sleep(delay))
     buffer.connect("changed", write)
     write()
     window.add(view)
