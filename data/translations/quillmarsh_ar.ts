@@ -1387,6 +1387,18 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>%1 of %2: %3</source>
         <translation>%1 من %2: %3</translation>
     </message>
+    <message>
+        <source>Swop: no selection is held, so the clip is only pasted</source>
+        <translation>المبادلة: لا تحديد محفوظ، لذا تُلصق القصاصة فقط</translation>
+    </message>
+    <message>
+        <source>Swop: the selection of %1 is held</source>
+        <translation>المبادلة: تحديد %1 محفوظ</translation>
+    </message>
+    <message>
+        <source>Swop: the selection is held</source>
+        <translation>المبادلة: التحديد محفوظ</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage1Controller</name>

@@ -1347,6 +1347,18 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <source>%1 of %2: %3</source>
         <translation>%1 von %2: %3</translation>
     </message>
+    <message>
+        <source>Swop: no selection is held, so the clip is only pasted</source>
+        <translation>Tauschen: Keine Auswahl ist gemerkt, der Clip wird nur eingefügt</translation>
+    </message>
+    <message>
+        <source>Swop: the selection of %1 is held</source>
+        <translation>Tauschen: Die Auswahl aus %1 ist gemerkt</translation>
+    </message>
+    <message>
+        <source>Swop: the selection is held</source>
+        <translation>Tauschen: Die Auswahl ist gemerkt</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage1Controller</name>

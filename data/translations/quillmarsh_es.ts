@@ -1347,6 +1347,18 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <source>%1 of %2: %3</source>
         <translation>%1 de %2: %3</translation>
     </message>
+    <message>
+        <source>Swop: no selection is held, so the clip is only pasted</source>
+        <translation>Intercambio: no se retiene ninguna selección; el recorte solo se pega</translation>
+    </message>
+    <message>
+        <source>Swop: the selection of %1 is held</source>
+        <translation>Intercambio: se retiene la selección de %1</translation>
+    </message>
+    <message>
+        <source>Swop: the selection is held</source>
+        <translation>Intercambio: se retiene la selección</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage1Controller</name>

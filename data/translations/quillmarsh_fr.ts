@@ -1347,6 +1347,18 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <source>%1 of %2: %3</source>
         <translation>%1 sur %2 : %3</translation>
     </message>
+    <message>
+        <source>Swop: no selection is held, so the clip is only pasted</source>
+        <translation>Échange : aucune sélection n’est retenue, l’extrait est simplement collé</translation>
+    </message>
+    <message>
+        <source>Swop: the selection of %1 is held</source>
+        <translation>Échange : la sélection de %1 est retenue</translation>
+    </message>
+    <message>
+        <source>Swop: the selection is held</source>
+        <translation>Échange : la sélection est retenue</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage1Controller</name>

@@ -1337,6 +1337,18 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>%1 of %2: %3</source>
         <translation>%1/%2: %3</translation>
     </message>
+    <message>
+        <source>Swop: no selection is held, so the clip is only pasted</source>
+        <translation>入れ替え: 選択範囲は保持されていないため、クリップを貼り付けるだけです</translation>
+    </message>
+    <message>
+        <source>Swop: the selection of %1 is held</source>
+        <translation>入れ替え: %1 の選択範囲を保持しています</translation>
+    </message>
+    <message>
+        <source>Swop: the selection is held</source>
+        <translation>入れ替え: 選択範囲を保持しています</translation>
+    </message>
 </context>
 <context>
     <name>WelcomePage1Controller</name>

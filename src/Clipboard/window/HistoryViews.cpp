@@ -4,6 +4,7 @@
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/EmptyStateView.h"
+#include "Clipboard/window/NoticeLine.h"
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/SearchField.h"
@@ -20,6 +21,7 @@ constexpr int kListPadding = 6; ///< Points above and below the list.
 
 HistoryViews::HistoryViews(Clock &clock)
     : mainView(std::make_unique<ClipboardView>()), searchTextField(new SearchField(mainView.get())),
+      noticeLine(new NoticeLine(mainView.get())),
       splitView(new QSplitter(Qt::Horizontal, mainView.get())), tableViewView(new QWidget),
       clipTableView(new ClipTableView(tableViewView)), textFieldView(new PreviewPane(clock)),
       emptyStateView(new EmptyStateView(mainView.get()))
@@ -40,22 +42,35 @@ HistoryViews::HistoryViews(Clock &clock)
     column->setContentsMargins(1, 1, 1, 1);
     column->setSpacing(0);
     column->addWidget(searchTextField);
+    column->addWidget(noticeLine);
     column->addWidget(splitView, 1);
     QWidget::setTabOrder(searchTextField, clipTableView);
 
-    const auto placeEmptyState = [this] {
-        emptyStateView->setGeometry(
-            mainView->rect().adjusted(1, 1 + searchTextField->height(), -1, -1));
-    };
-    QObject::connect(mainView.get(), &ClipboardView::resized, emptyStateView, placeEmptyState);
+    QObject::connect(mainView.get(), &ClipboardView::resized, emptyStateView,
+                     [this] { placeEmptyState(); });
 }
 
 HistoryViews::~HistoryViews() = default;
+
+void HistoryViews::setNotice(const QString &text)
+{
+    noticeLine->setText(text);
+    placeEmptyState();
+}
+
+void HistoryViews::placeEmptyState()
+{
+    const int notice = noticeLine->isHidden() ? 0 : noticeLine->height();
+    emptyStateView->setGeometry(
+        mainView->rect().adjusted(1, 1 + searchTextField->height() + notice, -1, -1));
+}
 
 void HistoryViews::setColors(const ClipColors &colors)
 {
     mainView->setColors(colors);
     searchTextField->setColors(colors);
+    noticeLine->setColors(colors);
+    placeEmptyState();
     clipTableView->setColors(colors);
     ScrollBars::makeSlim(*clipTableView, colors);
     splitView->setStyleSheet(

@@ -6,8 +6,10 @@ class ClipTableView;
 class ClipboardView;
 class Clock;
 class EmptyStateView;
+class NoticeLine;
 class PreviewPane;
 class QSplitter;
+class QString;
 class QWidget;
 class SearchField;
 struct ClipColors;
@@ -23,9 +25,14 @@ struct HistoryViews
     ~HistoryViews();
 
     void setColors(const ClipColors &colors);
+    /// Says something out of the ordinary under the search field; nothing when it is empty.
+    void setNotice(const QString &text);
+    /// Below what stands above the list.
+    void placeEmptyState();
 
     std::unique_ptr<ClipboardView> mainView;
     SearchField *searchTextField;
+    NoticeLine *noticeLine;
     QSplitter *splitView;
     QWidget *tableViewView; ///< The list's side of the split view.
     ClipTableView *clipTableView;

@@ -13,6 +13,7 @@
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/SearchFieldDelegate.h"
 #include "history/ClipItem.h"
+#include "history/SwopState.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -48,8 +49,10 @@ void ViewController::viewDidLoad()
     connect(textView(), &ClipTextView::otherKeyPressed, this, &ViewController::typeIntoSearchField);
     connect(&m_appDelegate, &AppDelegate::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
+    connect(&m_appDelegate.swopState(), &SwopState::changed, this, &ViewController::updateNotice);
     applyTheme();
     updateEmptyState();
+    updateNotice();
 }
 
 void ViewController::applyTheme()
@@ -207,6 +210,20 @@ void ViewController::updateEmptyState()
         m_views.emptyStateView->showEmptyHistory(m_openShortcutText);
     else
         m_views.emptyStateView->showNothingMatches(m_views.searchTextField->text());
+}
+
+void ViewController::updateNotice()
+{
+    const SwopState &swop = m_appDelegate.swopState();
+    if (!swop.performSwop())
+        m_views.setNotice(QString());
+    else if (!swop.swopClipItem())
+        m_views.setNotice(tr("Swop: no selection is held, so the clip is only pasted"));
+    else if (const QString name = swop.swopClipItem()->applicationName.value_or(QString());
+             !name.isEmpty())
+        m_views.setNotice(tr("Swop: the selection of %1 is held").arg(name.simplified()));
+    else
+        m_views.setNotice(tr("Swop: the selection is held"));
 }
 
 void ViewController::speakSelection(const ClipItem &item, int row)

@@ -120,6 +120,7 @@ private:
     void showPreview(const std::shared_ptr<ClipItem> &item);
     void showEmptyPreview();
     void updateEmptyState();
+    void updateNotice();
     void speakSelection(const ClipItem &item, int row);
     std::shared_ptr<ClipItem> itemAt(int row) const;
     int selectedRow() const;

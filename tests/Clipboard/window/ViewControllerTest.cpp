@@ -1,5 +1,6 @@
 #include "Clipboard/window/EmptyStateView.h"
 #include "Clipboard/window/FileViewController.h"
+#include "Clipboard/window/NoticeLine.h"
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/SplitViewDelegate.h"
 #include "WindowRig.h"
@@ -173,6 +174,42 @@ TEST_F(ViewControllerTest, aCopyDuringASearchShowsTheWholeHistoryAndAnEmptyField
     field->undo();
     EXPECT_EQ(field->text(), QStringLiteral("b"));
     EXPECT_EQ(listed(), QStringList{QStringLiteral("b")}) << "Undo brings the search back";
+}
+
+TEST_F(ViewControllerTest, aSwopSaysWhetherItHoldsASelectionAndWhose)
+{
+    struct Row
+    {
+        std::optional<QString> copiedIn;
+        QString notice;
+    };
+    const Row rows[] = {
+        {std::nullopt, QStringLiteral("Swop: no selection is held, so the clip is only pasted")},
+        {QStringLiteral("Editor"), QStringLiteral("Swop: the selection of Editor is held")},
+        {QString(), QStringLiteral("Swop: the selection is held")},
+    };
+    const auto *notice = delegate.window()->findChild<NoticeLine *>();
+    ASSERT_NE(notice, nullptr);
+    open();
+    EXPECT_FALSE(notice->isVisible());
+    for (const Row &row : rows) {
+        memory.keySender.setReaction([&](quint32) {
+            PasteboardContents contents;
+            contents.text = QStringLiteral("selection");
+            contents.applicationName = row.copiedIn.value_or(QString());
+            if (row.copiedIn)
+                memory.pasteboard.copyFromOutside(contents);
+        });
+        delegate.swop();
+        EXPECT_EQ(notice->text(), row.notice);
+        EXPECT_TRUE(notice->isVisible());
+        delegate.history().clearAll();
+        QCoreApplication::processEvents();
+        const QWidget *empty = controller->emptyStateView();
+        EXPECT_GE(empty->y(), notice->geometry().bottom());
+        controller->hide();
+        EXPECT_TRUE(notice->isHidden());
+    }
 }
 
 TEST_F(ViewControllerTest, hidingMakesTheNextOpeningFresh)

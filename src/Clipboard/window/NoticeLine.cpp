@@ -1,0 +1,64 @@
+#include "Clipboard/window/NoticeLine.h"
+
+#include "Clipboard/window/Looks.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPainter>
+
+namespace {
+
+constexpr int kMargin = Looks::kTextMargin;
+/// Of the colour that marks selections, on the window's ground.
+constexpr qreal kTint = 0.14;
+
+QColor mixed(const QColor &ground, const QColor &tint)
+{
+    const auto part = [](int below, int above) { return qRound(below + (above - below) * kTint); };
+    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()),
+            part(ground.blue(), tint.blue())};
+}
+
+} // namespace
+
+NoticeLine::NoticeLine(QWidget *parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("noticeLine"));
+    hide();
+}
+
+void NoticeLine::setText(const QString &text)
+{
+    if (m_text == text)
+        return;
+    m_text = text;
+    setAccessibleName(text);
+    setVisible(!text.isEmpty());
+    update();
+    if (!text.isEmpty()) {
+        // The keyboard is in the search field, so nobody would come across the line.
+        QAccessibleEvent alert(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
+}
+
+void NoticeLine::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    QFont small = QApplication::font();
+    small.setPointSizeF(small.pointSizeF() * Looks::kSmallScale);
+    setFont(small);
+    setFixedHeight(fontMetrics().height() + Looks::kLinePadding);
+    update();
+}
+
+void NoticeLine::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), mixed(m_colors.panel, m_colors.selected));
+    painter.fillRect(0, height() - 1, width(), 1, m_colors.separator);
+    painter.setPen(m_colors.text);
+    const QRect line = rect().adjusted(kMargin, 0, -kMargin, -1);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(m_text, Qt::ElideRight, line.width()));
+}
