@@ -14,6 +14,8 @@ ROOMS = ("history", "shortcut", "updates", "hotkey", "preferenceswindow")
 ADAPTERS = ("x11", "wayland", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
 MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
+# What adapters of one kind share; each may know it.
+SHARED = "platform/pasteboard"
 LOADER = "platform/PlatformLoader.cpp"
 LOADER_HEADER = "platform/PlatformLoader.h"
 
@@ -33,6 +35,8 @@ def may_know(path):
     own = layer(path)
     if own == "Clipboard":
         known = {"Clipboard", "platform", *ROOMS}
+    elif own.removeprefix("platform/") in ADAPTERS:
+        known = {own, SHARED, "platform"}
     elif own.startswith("platform/") or own in ROOMS:
         known = {own, "platform"}
     else:
@@ -135,6 +139,9 @@ CASES = (
     ("Clipboard/main.cpp", ("platform/memory/Fake.h",), "may not know platform/memory"),
     ("platform/x11/Keys.cpp", ("platform/freedesktop/Bus.h",), "may not know platform/freedesktop"),
     ("platform/x11/Keys.cpp", ("history/Store.h",), "platform/x11 may not know history"),
+    ("platform/x11/Keys.cpp", ("platform/pasteboard/Uris.h",), None),
+    ("platform/pasteboard/Uris.cpp", ("platform/x11/Keys.h",), "may not know platform/x11"),
+    ("history/Store.cpp", ("platform/pasteboard/Uris.h",), "may not know platform/pasteboard"),
     ("platform/Clock.cpp", ("platform/x11/Keys.h",), "platform may not know platform/x11"),
     ("platform/Clock.cpp", ("Clock.h",), "no file of that name"),
     ("Clipboard/AppDelegate.h", ("Clipboard/window/View.h",), "a circle"),
@@ -155,6 +162,7 @@ def self_test():
             for name in ("history/Store.h", "shortcut/Value.h", "platform/Clock.h",
                          "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
                          "platform/freedesktop/Bus.h", "platform/memory/Fake.h",
+                         "platform/pasteboard/Uris.h",
                          "Clipboard/AppDelegate.h"):
                 write(root, "src/" + name, ())
             write(root, "src/Clipboard/window/View.h", ("Clipboard/AppDelegate.h",))

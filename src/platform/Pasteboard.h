@@ -45,7 +45,7 @@ struct PasteboardItem
 {
     std::optional<QString> text;
     std::optional<QString> rtf;
-    /// Absolute paths; a file item without `text` offers its paths' file names as text.
+    /// Absolute paths; a file item without `text` offers its paths as text, one a line.
     QStringList fileNames;
 };
 

@@ -33,8 +33,16 @@ class CopyJourney(Journey):
              .replace(" ", "%20") + "\r\n", "text/uri-list")
         self.wait_for(lambda: len(self.app.clips()) == 2, "the file's clip")
         rows = self.app.clips("strValue, rtfValue, filepath")
-        self.assertEqual(rows[0], ("notes für später.txt", None, path))
+        self.assertEqual(rows[0], (path, None, path))
         self.assertEqual(rows[1], ("bold", r"{\rtf1 \b bold}", None))
+
+    def test_files_of_one_name_are_clips_of_their_own(self):
+        paths = ["/tmp/one/report.txt", "/tmp/two/report.txt"]
+        for path in paths:
+            copy(self.desktop, f"file://{path}\r\n", "text/uri-list")
+            self.app.wait_for_clip(path)
+        self.assertEqual(self.app.clips("strValue, filepath"),
+                         [(path, path) for path in reversed(paths)])
 
     def test_a_burst_is_recorded_whole_and_in_order(self):
         self.owner("burst", 100, 5)

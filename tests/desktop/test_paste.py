@@ -53,15 +53,15 @@ class PasteJourney(Journey):
         with open(file, "w", encoding="utf-8") as written:
             written.write("x")
         copy(self.desktop, f"file://{file}\r\n", "text/uri-list")
-        self.app.wait_for_clip("report.txt")
+        self.app.wait_for_clip(file)
         self.copy("something else")
         path = self.editor("qt")
         self.paste_with("Return", filter_text="file: report")
-        self.wait_for(lambda: contents(path), "the pasted name")
+        self.wait_for(lambda: contents(path), "the pasted path")
         self.assertEqual(pasteboard(self.desktop, "text/uri-list"), f"file://{file}\r\n")
         self.assertEqual(pasteboard(self.desktop, "x-special/gnome-copied-files"),
                          f"copy\nfile://{file}")
-        self.assertEqual(pasteboard(self.desktop), "report.txt")
+        self.assertEqual(pasteboard(self.desktop), file)
         os.remove(file)
         before = contents(path)
         self.copy("last")

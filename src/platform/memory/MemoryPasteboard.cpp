@@ -1,7 +1,5 @@
 #include "platform/memory/MemoryPasteboard.h"
 
-#include <QFileInfo>
-
 void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
 {
     contents.changeCount = m_changeCount + 1;
@@ -66,12 +64,8 @@ bool MemoryPasteboard::write(const PasteboardItem &item)
     contents.isOwnWrite = true;
     contents.applicationName = m_frontName;
     contents.isOursInFront = m_isOursInFront;
-    if (!contents.text && !item.fileNames.isEmpty()) {
-        QStringList names;
-        for (const QString &path : item.fileNames)
-            names.append(QFileInfo(path).fileName());
-        contents.text = names.join(u'\n');
-    }
+    if (!contents.text && !item.fileNames.isEmpty())
+        contents.text = item.fileNames.join(u'\n');
     m_unjudged.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
     m_unjudged.append(contents);
     m_contents = contents;

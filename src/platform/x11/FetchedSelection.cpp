@@ -1,6 +1,6 @@
 #include "platform/x11/FetchedSelection.h"
 
-#include "platform/x11/SelectionText.h"
+#include "platform/pasteboard/SelectionText.h"
 
 PasteboardContents FetchedSelection::contents(qint64 largestUsefulText) const
 {

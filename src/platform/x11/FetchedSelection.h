@@ -1,11 +1,15 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "platform/pasteboard/FileUris.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QStringList>
 
 #include <optional>
+
+#include <xcb/xcb.h>
 
 /// What was read of a selection: a value, made by SelectionReader. What did not arrive whole is
 /// absent.
@@ -13,12 +17,15 @@ struct FetchedSelection
 {
     /// Every format the owner offers, by its name.
     QStringList types;
-    /// UTF-8, byte for byte as the owner sent it unless it sent Latin-1.
+    /// The same as this server numbers them.
+    QList<xcb_atom_t> offered;
+    /// UTF-8, byte for byte as the owner sent it unless it sent another encoding.
     std::optional<QByteArray> text;
     std::optional<QByteArray> rtf;
     /// As the owner sent it; empty when it sent none.
     QByteArray uriList;
     QStringList fileNames;
+    FileUris::Action fileAction = FileUris::Action::Copy;
     /// More text than was to be read; there is none then.
     bool isTextTooLarge = false;
     /// False when something was offered that did not arrive.

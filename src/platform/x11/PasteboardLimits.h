@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <array>
 #include <chrono>
 
 /// How long other programs are waited for and how much is read of them: no hung program may hold
@@ -12,6 +13,10 @@ struct PasteboardLimits
     std::chrono::milliseconds ownerStall{2'000};
     /// And so is one that takes so long in all, however diligently it drips.
     std::chrono::milliseconds fetch{10'000};
+    /// An owner that lists a text and refuses it is asked again after each of these: some say
+    /// that they own the selection before they know it.
+    std::array<std::chrono::milliseconds, 2> askAgain{std::chrono::milliseconds(50),
+                                                      std::chrono::milliseconds(250)};
     /// A requestor that takes nothing for so long gets no more.
     std::chrono::milliseconds requestorStall{10'000};
     /// For another clipboard manager to take the contents over when we quit.

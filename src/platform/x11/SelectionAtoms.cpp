@@ -33,6 +33,7 @@ constexpr Row kRows[] = {
     {&SelectionAtoms::applicationRtf, "application/rtf"},
     {&SelectionAtoms::uriList, "text/uri-list"},
     {&SelectionAtoms::gnomeCopiedFiles, "x-special/gnome-copied-files"},
+    {&SelectionAtoms::kdeCutSelection, "application/x-kde-cutselection"},
 };
 
 } // namespace

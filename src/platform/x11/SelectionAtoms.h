@@ -30,6 +30,7 @@ struct SelectionAtoms
     xcb_atom_t applicationRtf = XCB_ATOM_NONE;
     xcb_atom_t uriList = XCB_ATOM_NONE;
     xcb_atom_t gnomeCopiedFiles = XCB_ATOM_NONE;
+    xcb_atom_t kdeCutSelection = XCB_ATOM_NONE;
 
     static SelectionAtoms intern(xcb_connection_t *connection);
 };

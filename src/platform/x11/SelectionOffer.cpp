@@ -1,7 +1,13 @@
 #include "platform/x11/SelectionOffer.h"
 
-#include "platform/x11/FileUris.h"
-#include "platform/x11/SelectionText.h"
+#include "platform/pasteboard/FileUris.h"
+#include "platform/pasteboard/SelectionText.h"
+
+namespace {
+
+const QByteArray kKdeCut = QByteArrayLiteral("1");
+
+} // namespace
 
 std::shared_ptr<const SelectionOffer> SelectionOffer::of(const PasteboardItem &item)
 {
@@ -9,7 +15,7 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::of(const PasteboardItem &i
     if (item.text)
         offer->m_text = SelectionText::toUtf8(*item.text);
     else if (!item.fileNames.isEmpty())
-        offer->m_text = SelectionText::toUtf8(FileUris::names(item.fileNames));
+        offer->m_text = SelectionText::toUtf8(FileUris::paths(item.fileNames));
     if (item.rtf)
         offer->m_rtf = SelectionText::toRtf(*item.rtf);
     offer->m_fileNames = item.fileNames;
@@ -24,6 +30,7 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::of(const FetchedSelection 
     offer->m_text = fetched.text;
     offer->m_rtf = fetched.rtf;
     offer->m_fileNames = fetched.fileNames;
+    offer->m_fileAction = fetched.fileAction;
     offer->m_uriList =
         fetched.uriList.isEmpty() ? FileUris::uriList(fetched.fileNames) : fetched.uriList;
     offer->m_isTextLatin1 = offer->m_text && SelectionText::isLatin1(*offer->m_text);
@@ -48,6 +55,8 @@ QList<xcb_atom_t> SelectionOffer::targets(const SelectionAtoms &atoms) const
         targets << atoms.gnomeCopiedFiles;
     if (!m_uriList.isEmpty())
         targets << atoms.uriList;
+    if (m_fileAction == FileUris::Action::Cut)
+        targets << atoms.kdeCutSelection;
     if (m_text)
         targets << atoms.utf8String << atoms.textPlainUtf8 << atoms.textPlain << atoms.text;
     if (m_text && m_isTextLatin1)
@@ -63,7 +72,9 @@ std::optional<SelectionOffer::Data> SelectionOffer::convert(xcb_atom_t target,
     if (!targets(atoms).contains(target))
         return std::nullopt;
     if (target == atoms.gnomeCopiedFiles)
-        return Data{target, FileUris::gnomeList(m_fileNames)};
+        return Data{target, FileUris::gnomeList(m_fileNames, m_fileAction)};
+    if (target == atoms.kdeCutSelection)
+        return Data{target, kKdeCut};
     if (target == atoms.uriList)
         return Data{target, m_uriList};
     if (target == atoms.textRtf || target == atoms.applicationRtf)

@@ -23,7 +23,8 @@ public:
         QByteArray bytes;
     };
 
-    /// What the application writes. Files without a text offer their names as text.
+    /// What the application writes. Files without a text offer their paths as text. Files
+    /// that were cut and come from the history are copied.
     static std::shared_ptr<const SelectionOffer> of(const PasteboardItem &item);
 
     /// What another client had, to be served on in its own bytes.
@@ -47,4 +48,5 @@ private:
     std::optional<QByteArray> m_rtf;
     QByteArray m_uriList;
     QStringList m_fileNames;
+    FileUris::Action m_fileAction = FileUris::Action::Copy;
 };

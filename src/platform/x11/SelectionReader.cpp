@@ -1,8 +1,9 @@
 #include "platform/x11/SelectionReader.h"
 
-#include "platform/x11/FileUris.h"
+#include "platform/pasteboard/FileUris.h"
+#include "platform/pasteboard/SelectionText.h"
+#include "platform/pasteboard/TextFormats.h"
 #include "platform/x11/SelectionConnection.h"
-#include "platform/x11/SelectionText.h"
 
 #include <algorithm>
 #include <cstring>
@@ -12,7 +13,7 @@
 namespace {
 
 constexpr qint64 kMostTargetBytes = 64 * 1024;
-constexpr qsizetype kMostTypes = 256;
+constexpr qsizetype kMostTypes = 1024;
 constexpr qsizetype kMostNames = 4096;
 
 QList<xcb_atom_t> atomsOf(const QByteArray &bytes)
@@ -38,7 +39,13 @@ void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 m
     m_isReading = true;
     m_isFinished = false;
     m_begun = std::chrono::steady_clock::now();
+    m_isInterrupted = false;
+    m_missing.clear();
     m_offered.clear();
+    m_texts.clear();
+    m_mayHaveNoText = false;
+    m_askAgainAt.reset();
+    m_timesAskedAgain = 0;
     m_fetched = FetchedSelection();
     m_requests = {{Part::Targets, m_connection.atoms().targets}};
     askNext();
@@ -64,8 +71,14 @@ void SelectionReader::checkClock(TimePoint now)
 {
     if (!m_isReading || now < *deadline())
         return;
+    if (m_askAgainAt) {
+        m_askAgainAt.reset();
+        m_requests = m_texts;
+        askNext();
+        return;
+    }
     // A hung owner would not answer the next question either.
-    m_fetched.isComplete = false;
+    m_isInterrupted = true;
     finish();
 }
 
@@ -73,6 +86,8 @@ std::optional<SelectionReader::TimePoint> SelectionReader::deadline() const
 {
     if (!m_isReading)
         return std::nullopt;
+    if (m_askAgainAt)
+        return m_askAgainAt;
     return std::min(m_lastProgress + m_limits.ownerStall, m_begun + m_limits.fetch);
 }
 
@@ -85,7 +100,7 @@ std::optional<FetchedSelection> SelectionReader::takeFinished()
 
 FetchedSelection SelectionReader::abandon()
 {
-    m_fetched.isComplete = false;
+    m_isInterrupted = true;
     finish();
     m_isFinished = false;
     return std::exchange(m_fetched, FetchedSelection());
@@ -95,7 +110,8 @@ void SelectionReader::askNext()
 {
     m_lastProgress = std::chrono::steady_clock::now();
     if (m_requests.isEmpty()) {
-        finish();
+        if (!waitToAskAgain())
+            finish();
         return;
     }
     const Request &request = m_requests.first();
@@ -129,14 +145,16 @@ void SelectionReader::useAnswer()
         // Without its text the copy is of no use, so the rest is not even asked for.
         m_fetched.isTextTooLarge = true;
         m_requests.clear();
+        m_missing.clear();
         return;
     }
     if (m_conversion.state() != State::Whole || m_conversion.format() != 8) {
         const auto isSamePart = [&](const Request &other) { return other.part == request.part; };
         if (std::none_of(m_requests.begin(), m_requests.end(), isSamePart))
-            m_fetched.isComplete = false;
+            m_missing.insert(request.part);
         return;
     }
+    m_missing.remove(request.part);
     switch (request.part) {
     case Part::Targets:
         break;
@@ -150,6 +168,10 @@ void SelectionReader::useAnswer()
     case Part::Files:
         useFiles();
         break;
+    case Part::CutMark:
+        if (m_conversion.bytes().startsWith('1'))
+            m_fetched.fileAction = FileUris::Action::Cut;
+        break;
     }
 }
 
@@ -162,48 +184,69 @@ void SelectionReader::useTargets()
             m_fetched.isConcealed = true;
             return;
         }
-        planFormats(m_offered);
+        planFormats();
         return;
     }
     // An owner too simple to list its formats may still have a text.
     m_requests = {{Part::Text, atoms.utf8String}, {Part::Text, XCB_ATOM_STRING}};
 }
 
-void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
+void SelectionReader::planFormats()
 {
     const SelectionAtoms &atoms = m_connection.atoms();
+    const QList<xcb_atom_t> named = m_offered.mid(0, kMostTypes);
+    const QStringList names = namesOf(named);
+    for (const QString &name : TextFormats::inOrder(names)) {
+        const auto atom = std::find_if(named.begin(), named.end(),
+                                       [&](xcb_atom_t one) { return nameOf(one) == name; });
+        m_texts.append({Part::Text, *atom});
+    }
+    m_requests = m_texts;
+    m_mayHaveNoText = TextFormats::mayHoldNone(names);
     const Request wanted[] = {
-        {Part::Text, atoms.utf8String},        {Part::Text, atoms.textPlainUtf8},
-        {Part::Text, XCB_ATOM_STRING},         {Part::Rtf, atoms.textRtf},
-        {Part::Rtf, atoms.applicationRtf},     {Part::Files, atoms.uriList},
+        {Part::Rtf, atoms.textRtf},
+        {Part::Rtf, atoms.applicationRtf},
+        {Part::Files, atoms.uriList},
+        // Asked for beside the other list, because only this one may say that the files were cut.
         {Part::Files, atoms.gnomeCopiedFiles},
+        {Part::CutMark, atoms.kdeCutSelection},
     };
     for (const Request &request : wanted) {
-        if (offered.contains(request.target))
+        if (m_offered.contains(request.target))
             m_requests.append(request);
     }
 }
 
+bool SelectionReader::waitToAskAgain()
+{
+    if (!m_missing.contains(Part::Text) || m_texts.isEmpty() || m_mayHaveNoText ||
+        m_timesAskedAgain == m_limits.askAgain.size())
+        return false;
+    m_askAgainAt = m_lastProgress + m_limits.askAgain.at(m_timesAskedAgain++);
+    return true;
+}
+
 void SelectionReader::useText()
 {
-    // Some owners answer a request for STRING in UTF-8, and say so.
-    const bool isLatin1 = m_conversion.target() == XCB_ATOM_STRING &&
-                          m_conversion.type() != m_connection.atoms().utf8String;
-    m_fetched.text =
-        isLatin1 ? SelectionText::latin1ToUtf8(m_conversion.bytes()) : m_conversion.bytes();
+    const xcb_atom_t target = m_conversion.target();
+    const xcb_atom_t type = m_conversion.type();
+    const QByteArray text = TextFormats::toUtf8(m_conversion.bytes(), nameOf(target), nameOf(type));
+    // Drawing programs may as well answer with nothing as refuse.
+    if (!text.isEmpty() || !m_mayHaveNoText)
+        m_fetched.text = text;
     dropRequests(Part::Text);
 }
 
 void SelectionReader::useFiles()
 {
     if (m_conversion.target() == m_connection.atoms().gnomeCopiedFiles) {
-        m_fetched.fileNames = FileUris::filesOfGnomeList(m_conversion.bytes());
+        if (m_fetched.fileNames.isEmpty())
+            m_fetched.fileNames = FileUris::filesOfGnomeList(m_conversion.bytes());
+        m_fetched.fileAction = FileUris::actionOfGnomeList(m_conversion.bytes());
         return;
     }
     m_fetched.uriList = m_conversion.bytes();
     m_fetched.fileNames = FileUris::filesOfUriList(m_fetched.uriList);
-    if (!m_fetched.fileNames.isEmpty())
-        dropRequests(Part::Files);
 }
 
 void SelectionReader::dropRequests(Part part)
@@ -215,15 +258,28 @@ void SelectionReader::finish()
 {
     m_conversion.abandon();
     m_requests.clear();
+    m_askAgainAt.reset();
     m_isReading = false;
     m_isFinished = true;
-    m_fetched.types = namesOf(m_offered.mid(0, kMostTypes));
-    if (!m_fetched.text && !m_fetched.isTextTooLarge && !m_fetched.fileNames.isEmpty())
-        // Many file managers offer no text; a file's name serves as one.
-        m_fetched.text = SelectionText::toUtf8(FileUris::names(m_fetched.fileNames));
+    const QList<xcb_atom_t> named = m_offered.mid(0, kMostTypes);
+    m_fetched.offered = named;
+    m_fetched.types = namesOf(named);
+    m_missing.remove(Part::CutMark);
+    if (m_mayHaveNoText)
+        m_missing.remove(Part::Text);
+    if (!m_fetched.fileNames.isEmpty())
+        m_missing.remove(Part::Files);
+    m_fetched.isComplete = !m_isInterrupted && m_missing.isEmpty();
+    const qsizetype files = m_fetched.fileNames.size();
+    if (files == 0 || m_fetched.isTextTooLarge)
+        return;
+    // Many file managers offer no text, or what they have as the list already.
+    if (!m_fetched.text || FileUris::areAddresses(*m_fetched.text, files)) {
+        m_fetched.text = SelectionText::toUtf8(FileUris::paths(m_fetched.fileNames));
+    }
 }
 
-QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
+void SelectionReader::learnNames(const QList<xcb_atom_t> &atoms)
 {
     if (m_names.size() > kMostNames)
         m_names.clear();
@@ -239,9 +295,20 @@ QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
             m_names[atom] = QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
                                               xcb_get_atom_name_name_length(reply.get()));
     }
+}
+
+QString SelectionReader::nameOf(xcb_atom_t atom)
+{
+    learnNames({atom});
+    return m_names.value(atom);
+}
+
+QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
+{
+    learnNames(atoms);
     QStringList names;
     for (const xcb_atom_t atom : atoms) {
-        if (const QString name = m_names.value(atom); !name.isEmpty())
+        if (const QString name = nameOf(atom); !name.isEmpty())
             names.append(name);
     }
     return names;

@@ -1,6 +1,6 @@
 #include "platform/x11/X11Pasteboard.h"
 
-#include "platform/x11/FileUris.h"
+#include "platform/pasteboard/FileUris.h"
 #include "platform/x11/PasteboardChanges.h"
 #include "platform/x11/PasteboardService.h"
 #include "platform/x11/SelectionConnection.h"
@@ -114,7 +114,7 @@ bool X11Pasteboard::write(const PasteboardItem &item)
     PasteboardContents contents;
     contents.text = item.text;
     if (!contents.text && !item.fileNames.isEmpty())
-        contents.text = FileUris::names(item.fileNames);
+        contents.text = FileUris::paths(item.fileNames);
     contents.rtf = item.rtf;
     contents.fileNames = item.fileNames;
     const auto offer = SelectionOffer::of(item);

@@ -1,7 +1,7 @@
 #include "platform/pasteboard/X11Stage.h"
 
-#include "platform/x11/FileUris.h"
-#include "platform/x11/SelectionText.h"
+#include "platform/pasteboard/FileUris.h"
+#include "platform/pasteboard/SelectionText.h"
 
 X11Stage::X11Stage(const PasteboardLimits &limits) : m_pasteboard(m_names, limits)
 {

@@ -162,6 +162,7 @@ void XcbClient::serve(const xcb_selection_request_event_t &request)
 
 bool XcbClient::put(const xcb_selection_request_event_t &request)
 {
+    m_requests.append(m_atoms.key(request.target));
     const Formats formats = m_owned.value(request.selection);
     if (request.target == atom("TARGETS")) {
         QList<quint32> targets{atom("TARGETS")};
@@ -179,6 +180,10 @@ bool XcbClient::put(const xcb_selection_request_event_t &request)
     });
     if (name == names.end())
         return false;
+    if (manners.refusals > 0) {
+        --manners.refusals;
+        return false;
+    }
     const QByteArray data = formats[*name];
     if (data.size() <= manners.pieceBytes) {
         m_sentBytes += data.size();

@@ -21,6 +21,7 @@ public:
     struct Manners
     {
         bool listsTargets = true;
+        int refusals = 0;                    ///< So many requests for contents are refused first.
         QByteArray hangsOn;                  ///< A request for this target is never answered.
         qsizetype pieceBytes = 64'000;       ///< Larger data goes in such pieces.
         int stallsAfterPieces = -1;          ///< Sends so many, then nothing.
@@ -73,6 +74,9 @@ public:
     /// Takes the piece that was left lying, after `manners` said to take no more.
     void resume() { takePiece(); }
 
+    /// What it was asked for as an owner, in order.
+    const QList<QByteArray> &requests() const { return m_requests; }
+
     /// Handles what has arrived.
     void pump();
     /// Closes the connection, as the end of a process does.
@@ -106,6 +110,7 @@ private:
     QMap<xcb_atom_t, Formats> m_owned;
     std::vector<Sending> m_sending;
     qsizetype m_sentBytes = 0;
+    QList<QByteArray> m_requests;
     xcb_atom_t m_asked = XCB_ATOM_NONE;
     bool m_isAnswered = false;
     bool m_isGranted = false;

@@ -1,4 +1,4 @@
-#include "platform/x11/FileUris.h"
+#include "platform/pasteboard/FileUris.h"
 
 #include <QFile>
 #include <QSysInfo>
@@ -82,20 +82,27 @@ QByteArray FileUris::uriList(const QStringList &paths)
     return list;
 }
 
-QByteArray FileUris::gnomeList(const QStringList &paths)
+QByteArray FileUris::gnomeList(const QStringList &paths, Action action)
 {
-    QByteArray list = "copy";
+    QByteArray list = action == Action::Cut ? "cut" : "copy";
     for (const QString &path : paths)
         list += '\n' + uriOf(path);
     return list;
 }
 
-QString FileUris::names(const QStringList &paths)
+FileUris::Action FileUris::actionOfGnomeList(const QByteArray &gnomeList)
 {
-    QStringList names;
-    for (const QString &path : paths) {
-        const QString name = path.section(u'/', -1);
-        names.append(name.isEmpty() ? path : name);
-    }
-    return names.join(u'\n');
+    return linesOf(gnomeList).first() == "cut" ? Action::Cut : Action::Copy;
+}
+
+QString FileUris::paths(const QStringList &paths)
+{
+    return paths.join(u'\n');
+}
+
+bool FileUris::areAddresses(const QByteArray &text, qsizetype count)
+{
+    QList<QByteArray> lines = linesOf(text);
+    lines.removeIf([](const QByteArray &line) { return line.trimmed().isEmpty(); });
+    return lines.size() == count && filesOf(lines).size() == count;
 }

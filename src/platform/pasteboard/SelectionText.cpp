@@ -1,4 +1,4 @@
-#include "platform/x11/SelectionText.h"
+#include "platform/pasteboard/SelectionText.h"
 
 #include <QStringConverter>
 

@@ -18,11 +18,22 @@ QStringList filesOfGnomeList(const QByteArray &gnomeList);
 /// A text/uri-list with its lines ended by CR and LF.
 QByteArray uriList(const QStringList &paths);
 
-/// An x-special/gnome-copied-files that copies. No last newline: file managers take it for one
-/// more, empty file.
-QByteArray gnomeList(const QStringList &paths);
+/// What the file manager is to do with the files where they are pasted.
+enum class Action { Copy, Cut };
 
-/// The file names alone, one a line.
-QString names(const QStringList &paths);
+/// An x-special/gnome-copied-files. No last newline: file managers take it for one more, empty
+/// file.
+QByteArray gnomeList(const QStringList &paths, Action action = Action::Copy);
+
+/// What such a list says.
+Action actionOfGnomeList(const QByteArray &gnomeList);
+
+/// The text of files that came without one: the whole paths, one a line, because files of one name
+/// are not one clip.
+QString paths(const QStringList &paths);
+
+/// Whether a text is nothing but addresses of `count` files, one a line, which is no text of its
+/// own.
+bool areAddresses(const QByteArray &text, qsizetype count);
 
 } // namespace FileUris

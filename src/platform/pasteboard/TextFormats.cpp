@@ -1,0 +1,134 @@
+#include "platform/pasteboard/TextFormats.h"
+
+#include "platform/pasteboard/CompoundText.h"
+#include "platform/pasteboard/SelectionText.h"
+
+#include <QStringConverter>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include <unicode/ucnv.h>
+
+namespace {
+
+using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
+
+const QString kUtf8String = QStringLiteral("UTF8_STRING");
+const QString kString = QStringLiteral("STRING");
+const QString kText = QStringLiteral("TEXT");
+const QString kCompoundText = QStringLiteral("COMPOUND_TEXT");
+const QString kPlain = QStringLiteral("text/plain");
+const QString kUtf8 = QStringLiteral("utf-8");
+
+/// The charset that a text/plain names, in lower case; empty when it names none, absent when the
+/// format is another.
+std::optional<QString> charsetOf(const QString &name)
+{
+    const QStringList parts = name.toLower().split(u';');
+    if (parts.first().trimmed() != kPlain)
+        return std::nullopt;
+    for (const QString &part : parts.mid(1)) {
+        if (part.section(u'=', 0, 0).trimmed() == QStringLiteral("charset"))
+            return part.section(u'=', 1).remove(u'"').trimmed();
+    }
+    return QString();
+}
+
+bool isUtf16(const QString &charset)
+{
+    return charset == QStringLiteral("utf-16") || charset == QStringLiteral("unicode");
+}
+
+Converter converterOf(const QString &charset)
+{
+    UErrorCode error = U_ZERO_ERROR;
+    Converter converter(ucnv_open(charset.toLatin1().constData(), &error), &ucnv_close);
+    return U_SUCCESS(error) ? std::move(converter) : Converter(nullptr, &ucnv_close);
+}
+
+/// What a name is worth; the lower the better, absent when it names no text.
+std::optional<int> rankOf(const QString &name)
+{
+    static const std::array kNames{kString, kPlain, kText, kCompoundText};
+    if (name == kUtf8String)
+        return 0;
+    const std::optional<QString> charset = charsetOf(name);
+    if (charset == kUtf8)
+        return 1;
+    if (charset && !charset->isEmpty())
+        return isUtf16(*charset) || converterOf(*charset) ? std::optional(2) : std::nullopt;
+    const auto known = std::find(kNames.begin(), kNames.end(), charset ? kPlain : name);
+    return known == kNames.end() ? std::nullopt : std::optional(3 + int(known - kNames.begin()));
+}
+
+QByteArray fromUnknown(const QByteArray &bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+    const QString text = decoder.decode(bytes);
+    return decoder.hasError() ? SelectionText::latin1ToUtf8(bytes) : bytes;
+}
+
+QByteArray fromCharset(const QByteArray &bytes, const QString &charset)
+{
+    if (charset == kUtf8)
+        return bytes;
+    if (isUtf16(charset)) {
+        // Without a mark the order of the bytes is this machine's, as the owner runs on it.
+        QStringDecoder decoder(QStringDecoder::Utf16);
+        return SelectionText::toUtf8(decoder.decode(bytes));
+    }
+    const Converter converter = converterOf(charset);
+    if (!converter)
+        return fromUnknown(bytes);
+    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);
+    UErrorCode error = U_ZERO_ERROR;
+    const int32_t length = ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()),
+                                         static_cast<int32_t>(text.size()), bytes.constData(),
+                                         static_cast<int32_t>(bytes.size()), &error);
+    text.truncate(U_SUCCESS(error) ? length : 0);
+    return SelectionText::toUtf8(text);
+}
+
+} // namespace
+
+QStringList TextFormats::inOrder(const QStringList &offered)
+{
+    QStringList names;
+    std::copy_if(offered.begin(), offered.end(), std::back_inserter(names),
+                 [](const QString &name) { return rankOf(name).has_value(); });
+    std::stable_sort(names.begin(), names.end(), [](const QString &one, const QString &other) {
+        return rankOf(one) < rankOf(other);
+    });
+    return names;
+}
+
+bool TextFormats::mayHoldNone(const QStringList &offered)
+{
+    const auto isObject = [](const QString &name) {
+        return name.startsWith(QStringLiteral("image/")) ||
+               name.contains(QStringLiteral("drawing"), Qt::CaseInsensitive) ||
+               name.contains(QStringLiteral("svg"), Qt::CaseInsensitive);
+    };
+    return inOrder(offered) == QStringList{kPlain} &&
+           std::any_of(offered.begin(), offered.end(), isObject);
+}
+
+QByteArray TextFormats::toUtf8(const QByteArray &bytes, const QString &name, const QString &type)
+{
+    if (name == kUtf8String || type == kUtf8String)
+        return bytes;
+    if (type == kCompoundText)
+        return CompoundText::toUtf8(bytes);
+    // The type tells what the owner made of the question; some repeat it only.
+    for (const QString &told : {type, name}) {
+        const std::optional<QString> charset = charsetOf(told);
+        if (charset && !charset->isEmpty())
+            return fromCharset(bytes, *charset);
+    }
+    const bool isLatin1 = name == kString || (name != kPlain && type == kString);
+    if (isLatin1)
+        return SelectionText::latin1ToUtf8(bytes);
+    return name == kCompoundText ? CompoundText::toUtf8(bytes) : fromUnknown(bytes);
+}
