@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <iterator>
 
 using namespace std::chrono_literals;
@@ -127,22 +128,22 @@ void ClipHistory::addToClipList(const std::optional<QString> &strValue,
     // clip goes, also when this one was there already. Deliberate.
     const qint64 shown =
         static_cast<qint64>(clipItemArr().size()) - (m_shown == &m_history && isNew ? 1 : 0);
-    if (shown >= m_settings.getMaxItems())
+    if (shown >= m_settings.getMaxItems() && m_history.back() != item)
         removeOldest();
     saveContext();
     loadClipItems();
 }
 
-/// The moment that an addition gets. Two copies within the clock's millisecond keep their order.
+/// The moment that an addition gets: never older than the newest clip, whatever the clock was set
+/// to, because the newest copy is the one at the top, and the oldest is the next to go.
 double ClipHistory::stamp() const
 {
-    constexpr double kTooFar = 1;
     constexpr double kStep = 1e-6;
     const double now = static_cast<double>(m_clock.now().toMSecsSinceEpoch()) / 1000;
-    if (m_history.empty())
+    const double newest = m_history.empty() ? now : ClipContext::createDate(*m_history.front());
+    if (m_history.empty() || !(newest >= now))
         return now;
-    const double newest = ClipContext::createDate(*m_history.front());
-    return newest >= now && newest < now + kTooFar ? newest + kStep : now;
+    return std::max(newest + kStep, std::nextafter(newest, ClipDate::kMaxSeconds));
 }
 
 std::shared_ptr<ClipItem> ClipHistory::newestWithText(const QString &text)

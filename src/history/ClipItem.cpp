@@ -46,9 +46,7 @@ std::optional<QString> ClipItem::filepath() const
 
 std::optional<QDateTime> ClipItem::createDate() const
 {
-    // Beyond these a stored number is no date.
-    constexpr double kMaxSeconds = 1e12;
-    if (!(std::abs(m_createDate) < kMaxSeconds))
+    if (std::isnan(m_createDate))
         return std::nullopt;
     return QDateTime::fromMSecsSinceEpoch(std::llround(m_createDate * 1000), QTimeZone::utc());
 }

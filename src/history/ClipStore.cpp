@@ -8,6 +8,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -21,6 +22,14 @@ std::optional<QString> textOf(const SQLite::Column &column)
     // The text first: it settles the encoding that the size is counted in.
     const char *text = column.getText();
     return QString::fromUtf8(text, column.getBytes());
+}
+
+double dateOf(const SQLite::Column &column)
+{
+    const double date = column.isFloat() || column.isInteger()
+                            ? column.getDouble()
+                            : std::numeric_limits<double>::quiet_NaN();
+    return std::abs(date) < ClipDate::kMaxSeconds ? date : std::numeric_limits<double>::quiet_NaN();
 }
 
 void logUnreadable(const SQLite::Exception &exception)
@@ -158,11 +167,7 @@ std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
                                 "SELECT pk, createDate FROM ClipItem ORDER BY createDate, pk");
         while (query.executeStep()) {
             const qint64 pk = query.getColumn(0).getInt64();
-            const SQLite::Column date = query.getColumn(1);
-            rows.push_back({pk,
-                            date.isFloat() || date.isInteger()
-                                ? date.getDouble()
-                                : std::numeric_limits<double>::quiet_NaN(),
+            rows.push_back({pk, dateOf(query.getColumn(1)),
                             std::binary_search(files.begin(), files.end(), pk)});
         }
         return rows;

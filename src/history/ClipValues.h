@@ -17,6 +17,14 @@ inline constexpr quint8 kPasteCount = 0x20;
 
 } // namespace ClipAttribute
 
+/// When a clip was copied, in seconds since 1970 UTC; NaN for never.
+namespace ClipDate {
+
+/// Beyond these, ahead or back, a stored number is no date.
+inline constexpr double kMaxSeconds = 1e12;
+
+} // namespace ClipDate
+
 /// A clip's attributes but its date; they mean what they mean in ClipItem.
 struct ClipValues
 {

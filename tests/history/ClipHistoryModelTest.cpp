@@ -19,7 +19,7 @@ public:
         int record;
         QString text;
         QString filepath; ///< Empty for a text.
-        qint64 date;
+        qint64 date;      ///< Microseconds.
     };
 
     void load()
@@ -28,13 +28,14 @@ public:
         last = shown.empty() ? std::nullopt : std::optional(shown.front().text);
     }
 
-    void add(const QString &text, const QString &filepath, qint64 date, int maxItems)
+    void add(const QString &text, const QString &filepath, qint64 now, int maxItems)
     {
         if (text.isEmpty() || last == text)
             return;
         std::vector<Clip> clips = newestFirst();
         const auto same = std::find_if(clips.begin(), clips.end(),
                                        [&](const Clip &clip) { return clip.text == text; });
+        const qint64 date = clips.empty() ? now : std::max(now, clips.front().date + 1);
         const Clip added{same == clips.end() ? ++m_records : same->record, text, filepath, date};
         remove(added.record);
         m_table.push_back(added);
@@ -140,11 +141,13 @@ private:
         const QString copy = text();
         const QString filepath = pick(3) == 0 ? QStringLiteral("/tmp/") + copy : QString();
         m_rig->settings.maxItems = 4 + pick(12);
-        // Now and then the clock is set back; no two additions are of the same moment.
-        m_rig->platform.clock.advance(std::chrono::milliseconds(pick(10) == 0 ? -30'000 : 5'001));
+        // Now and then the clock is set back, or stands still.
+        static const int kSteps[] = {-3'600'000, -30'000, 0, 3'600'000};
+        m_rig->platform.clock.advance(
+            std::chrono::milliseconds(pick(8) == 0 ? kSteps[pick(4)] : 5'001));
         m_rig->history.addToClipList(copy, {}, QStringLiteral("Editor"),
                                      filepath.isEmpty() ? std::nullopt : std::optional(filepath));
-        m_naive.add(copy, filepath, m_rig->platform.clock.now().toMSecsSinceEpoch(),
+        m_naive.add(copy, filepath, m_rig->platform.clock.now().toMSecsSinceEpoch() * 1000,
                     static_cast<int>(m_rig->settings.maxItems));
     }
 
@@ -206,7 +209,7 @@ private:
             ASSERT_EQ(shown[row]->strValue(), expected.text) << "row " << row;
             ASSERT_EQ(shown[row]->filepath().value_or(QString()), expected.filepath)
                 << "row " << row;
-            ASSERT_EQ(shown[row]->createDate()->toMSecsSinceEpoch(), expected.date);
+            ASSERT_EQ(shown[row]->createDate()->toMSecsSinceEpoch(), (expected.date + 500) / 1000);
         }
         const auto &last = m_rig->history.lastClipItem();
         ASSERT_EQ(last ? last->strValue() : std::nullopt, m_naive.last);

@@ -2,6 +2,8 @@
 
 #include <QSignalSpy>
 
+#include <SQLiteCpp/SQLiteCpp.h>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -71,6 +73,74 @@ TEST_F(ClipHistoryTest, copiesWithinOneMillisecondKeepTheirOrder)
         m_rig.history.addToClipList(QString::fromUtf8(text), {}, {}, {});
     EXPECT_EQ(m_rig.texts(), list("A C B"));
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A C B"));
+}
+
+struct ClockRow
+{
+    const char *name;
+    const char *storedDates; ///< Of the clips that are there at first, the newest last.
+    qint64 minutesSet;       ///< How far the clock is set after the first copy.
+};
+
+class SetClock : public testing::TestWithParam<ClockRow>
+{
+};
+
+TEST_P(SetClock, leavesTheNewestCopyAtTheTopAndTheOldestToGo)
+{
+    const StoreFolder folder;
+    HistoryRig(folder.path()).history.loadClipItems();
+    {
+        SQLite::Database database(folder.file().toStdString(), SQLite::OPEN_READWRITE);
+        const QStringList dates = list(GetParam().storedDates);
+        for (int i = 0; i < dates.size(); ++i)
+            database.exec(QStringLiteral("INSERT INTO ClipItem (strValue, createDate) VALUES "
+                                         "('old%1', %2)")
+                              .arg(QString::number(i), dates[i])
+                              .toStdString());
+    }
+    const auto fill = [](HistoryRig &rig, const char *texts) {
+        rig.settings.maxItems = 3;
+        for (const QString &text : list(texts))
+            rig.add(text);
+    };
+    HistoryRig rig(folder.path());
+    fill(rig, "A");
+    rig.platform.clock.advance(std::chrono::minutes(GetParam().minutesSet));
+    fill(rig, "B C");
+    EXPECT_EQ(rig.texts(), list("C B A"));
+    fill(rig, "D B");
+    EXPECT_EQ(rig.texts(), list("B D"));
+    EXPECT_EQ(rig.history.lastClipItem(), rig.at(0));
+
+    HistoryRig again(folder.path());
+    EXPECT_EQ(again.texts(), list("B D"));
+    again.platform.clock.advance(std::chrono::minutes(2 * GetParam().minutesSet));
+    fill(again, "E F");
+    EXPECT_EQ(again.texts(), list("F E B"));
+}
+
+constexpr qint64 kYear = 365 * 24 * 60;
+
+INSTANTIATE_TEST_SUITE_P(Clocks, SetClock,
+                         testing::Values(ClockRow{"right", "", 0}, //
+                                         ClockRow{"anHourBack", "", -60},
+                                         ClockRow{"anHourAhead", "", 60},
+                                         ClockRow{"aYearBack", "", -kYear},
+                                         ClockRow{"aYearAhead", "", kYear},
+                                         ClockRow{"clipsOf2099", "4070908800 4070908800.5", -60},
+                                         ClockRow{"clipsOf1970", "0 1", -60 * kYear},
+                                         ClockRow{"noDate", "NULL 9e999", -60},
+                                         ClockRow{"noDateEither", "-9e999 1e12", -60}),
+                         [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(ClipHistoryTest, aCopyIsKeptEvenWhereThereIsRoomForNone)
+{
+    m_rig.settings.maxItems = 0;
+    m_rig.add(QStringLiteral("A"));
+    EXPECT_EQ(m_rig.texts(), list("A"));
+    m_rig.add(QStringLiteral("B"));
+    EXPECT_EQ(m_rig.texts(), list("B"));
 }
 
 TEST_F(ClipHistoryTest, anEmptyTextIsNotRecorded)
