@@ -45,9 +45,8 @@ QString storeOf(int clips)
     const QString folder = g_directory->filePath(QString::number(clips));
     if (QDir(folder).exists())
         return folder;
-    { // An empty store in the shape that the history gives it.
-        ClipHistory history(folder, g_clock, g_settings);
-    }
+    // An empty store in the shape that the history gives it.
+    ClipHistory(folder, g_clock, g_settings).loadClipItems();
     SQLite::Database database((folder + QStringLiteral("/Quillmarsh.sqlite")).toStdString(),
                               SQLite::OPEN_READWRITE);
     SQLite::Transaction transaction(database);

@@ -21,9 +21,11 @@
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/ClipPaster.h"
+#include "history/ClipStore.h"
 #include "history/ClipboardCapture.h"
 #include "history/HistoryWindow.h"
 #include "history/HotKeyManager.h"
+#include "history/StoreModel.h"
 #include "history/SwopState.h"
 #include "hotkey/HotKeyTextField.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
@@ -65,7 +67,7 @@ private:
 };
 
 AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFolder)
-    : m_platform(platform), m_info(std::move(info)),
+    : m_platform(platform), m_info(std::move(info)), m_storeFolder(storeFolder),
       m_launchAtLogin(*platform.loginItems, [this](const QString &line) { logTrace(line); })
 {
     GlobalShortcuts::connect(platform, [this] { return m_statusMenu->model(); });
@@ -234,6 +236,7 @@ void AppDelegate::launch()
     }
     // A clip that was pasted a moment ago is the newest, and would move the rows at the next step.
     m_capture->readFromPasteboard();
+    m_history->loadForeignChanges();
     setWindowVisible();
     if (m_viewController)
         m_viewController->selectRow(0, true);
@@ -392,6 +395,28 @@ void AppDelegate::revealInFinder()
     const std::shared_ptr<ClipItem> item = getSelectedItem();
     if (item && item->filepath())
         m_platform.workspace->selectFile(*item->filepath(), QFileInfo(*item->filepath()).path());
+}
+
+QUrl AppDelegate::applicationDocumentsDirectory() const
+{
+    return QUrl::fromLocalFile(QFileInfo(m_storeFolder).absolutePath());
+}
+
+const StoreModel &AppDelegate::managedObjectModel() const
+{
+    return managedObjectContext().store().model();
+}
+
+ClipStore &AppDelegate::persistentStoreCoordinator() const
+{
+    ClipStore &store = managedObjectContext().store();
+    store.open();
+    return store;
+}
+
+ClipContext &AppDelegate::managedObjectContext() const
+{
+    return m_history->managedObjectContext();
 }
 
 const std::vector<std::shared_ptr<ClipItem>> &AppDelegate::getClipItemArr() const

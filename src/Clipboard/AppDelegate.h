@@ -8,15 +8,18 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QUrl>
 
 #include <memory>
 #include <optional>
 #include <vector>
 
 class CCNPreferencesWindowController;
+class ClipContext;
 class ClipHistory;
 class ClipItem;
 class ClipPaster;
+class ClipStore;
 class ClipboardCapture;
 class ClipboardWindow;
 class ApplicationUpdates;
@@ -29,6 +32,7 @@ class PreferencesApplicationViewController;
 class PreferencesGeneralViewController;
 class QTimer;
 class StatusMenu;
+class StoreModel;
 class SwopState;
 class TourGuide;
 class TraylessHint;
@@ -113,6 +117,17 @@ public:
     /// The history window was closed by its user, not by a paste: ends a swop under way.
     void windowClosedWithoutChoice();
 
+    // Store
+    /// Where the user's applications keep what is theirs, each in a folder of its own.
+    QUrl applicationDocumentsDirectory() const;
+    /// The shape that the stored records have.
+    const StoreModel &managedObjectModel() const;
+    /// The open store; the first use opens it, and one that cannot be opened ends the program.
+    ClipStore &persistentStoreCoordinator() const;
+    /// The one context through which clips are read and written.
+    ClipContext &managedObjectContext() const;
+    ClipContext &getManagedObjectContext() const { return managedObjectContext(); }
+
     // Clips
     const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const;
     /// Replaces the list by the clips that match; an absent text leaves it as it is.
@@ -166,6 +181,7 @@ private:
 
     Platform &m_platform;
     const Info m_info;
+    const QString m_storeFolder;
     bool m_trace = false;
     bool m_hasTerminated = false;
 

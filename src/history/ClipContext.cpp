@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace {
@@ -55,26 +56,48 @@ ClipContext::ClipContext(const QString &storeFolder)
 
 ClipContext::~ClipContext() = default;
 
-std::optional<ClipContext::Items> ClipContext::fetch(const Items &known)
+std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
 {
     const std::optional<std::vector<ClipStore::Row>> rows = m_store.readRows();
     if (!rows)
         return std::nullopt;
-    std::unordered_set<qint64> skipped(m_deletedPks.begin(), m_deletedPks.end());
-    for (const std::shared_ptr<ClipItem> &item : known)
-        skipped.insert(item->m_pk);
-    Items items;
-    items.reserve(rows->size());
-    for (const ClipStore::Row &row : *rows) {
-        if (skipped.contains(row.pk))
-            continue;
-        auto item = std::make_shared<ClipItem>(*this);
-        item->m_pk = row.pk;
-        item->m_createDate = row.createDate;
-        item->m_hasFilepath = row.hasFilepath;
-        items.push_back(std::move(item));
+    forgetValues();
+    Fetched fetched;
+    fetched.items.reserve(rows->size());
+    std::unordered_map<qint64, std::shared_ptr<ClipItem>> knownByPk;
+    for (const std::shared_ptr<ClipItem> &item : known) {
+        if (item->m_pk == 0)
+            fetched.items.push_back(item);
+        else
+            knownByPk.emplace(item->m_pk, item);
     }
-    return items;
+    const std::unordered_set<qint64> deleted(m_deletedPks.begin(), m_deletedPks.end());
+    for (const ClipStore::Row &row : *rows) {
+        if (deleted.contains(row.pk))
+            continue;
+        const auto met = knownByPk.extract(row.pk);
+        const std::shared_ptr<ClipItem> item =
+            met ? met.mapped() : std::make_shared<ClipItem>(*this);
+        item->m_pk = row.pk;
+        item->m_hasText = row.hasText;
+        if (!item->m_unsaved || !(item->m_unsaved->attributes & ClipAttribute::kCreateDate)) {
+            item->m_createDate = row.createDate;
+            item->m_hasFilepath = row.hasFilepath;
+        }
+        fetched.items.push_back(item);
+    }
+    for (const auto &[pk, item] : knownByPk)
+        fetched.gone.push_back(item);
+    return fetched;
+}
+
+void ClipContext::forgetValues()
+{
+    m_facts.clear();
+    m_texts.clear();
+    m_shortTexts.clear();
+    m_latestPk = 0;
+    m_latestText.clear();
 }
 
 std::shared_ptr<ClipItem> ClipContext::insert()
@@ -100,6 +123,7 @@ void ClipContext::setCopy(const std::shared_ptr<ClipItem> &item, const ClipValue
                          ClipAttribute::kFilepath | ClipAttribute::kCreateDate;
     item->m_createDate = createDate;
     item->m_hasFilepath = copy.filepath.has_value();
+    item->m_hasText = true;
 }
 
 void ClipContext::setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount)
@@ -130,11 +154,17 @@ void ClipContext::keepText(const std::shared_ptr<ClipItem> &item)
 
 void ClipContext::remove(const std::shared_ptr<ClipItem> &item)
 {
+    letGo(item);
+    if (item->m_pk != 0)
+        m_deletedPks.push_back(item->m_pk);
+}
+
+void ClipContext::letGo(const std::shared_ptr<ClipItem> &item)
+{
     std::erase(m_changed, item);
     item->m_context = nullptr;
     if (item->m_pk == 0)
         return;
-    m_deletedPks.push_back(item->m_pk);
     m_facts.remove(item->m_pk);
     m_texts.remove(item->m_pk);
     m_shortTexts.remove(item->m_pk);
@@ -264,6 +294,11 @@ bool ClipContext::isNewer(const ClipItem &one, const ClipItem &other)
     if ((one.m_pk == 0) != (other.m_pk == 0))
         return one.m_pk == 0;
     return one.m_pk > other.m_pk;
+}
+
+bool ClipContext::hasText(const ClipItem &item)
+{
+    return item.m_hasText;
 }
 
 double ClipContext::createDate(const ClipItem &item)

@@ -20,31 +20,37 @@ class ClipContext
 public:
     using Items = std::vector<std::shared_ptr<ClipItem>>;
 
+    struct Fetched
+    {
+        Items items; ///< Every clip of the history, in no particular order.
+        Items gone;  ///< Those of the known ones whose records another program has removed.
+    };
+
     explicit ClipContext(const QString &storeFolder);
     ~ClipContext();
     ClipContext(const ClipContext &) = delete;
     ClipContext &operator=(const ClipContext &) = delete;
 
-    /// The clips of all records that are not in `known` and not deleted, in no particular order;
-    /// absent when they cannot be read.
-    std::optional<Items> fetch(const Items &known);
+    ClipStore &store() { return m_store; }
+
+    /// The clips of all records that are not deleted, those in `known` as the objects they are,
+    /// with what is not saved yet; absent when they cannot be read. Nothing that was read before
+    /// counts.
+    std::optional<Fetched> fetch(const Items &known);
 
     std::shared_ptr<ClipItem> insert();
     /// Gives a clip what a copy carries. `createDate` in seconds since 1970 UTC.
     void setCopy(const std::shared_ptr<ClipItem> &item, const ClipValues &copy, double createDate);
     void setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount);
     void remove(const std::shared_ptr<ClipItem> &item);
+    /// As remove(), of a clip whose record is gone already.
+    void letGo(const std::shared_ptr<ClipItem> &item);
     /// The clip keeps its text in memory, so that it can be asked for after its removal.
     void keepText(const std::shared_ptr<ClipItem> &item);
 
     bool hasChanges() const { return !m_changed.empty() || !m_deletedPks.empty(); }
     /// Saves all changes in one transaction. What fails is logged, stays and is tried again.
     void save();
-
-    /// See ClipStore.
-    [[nodiscard]] bool emptyLog() { return m_store.emptyLog(); }
-    void prepareLog() { m_store.prepareLog(); }
-    void vacuum() { m_store.vacuum(); }
 
     // Values as saved; ClipItem puts its unsaved ones before them.
     ClipValues facts(const ClipItem &item);
@@ -61,11 +67,13 @@ public:
     /// The newer clip goes first; of one date the later record, and what has no date last.
     static bool isNewer(const ClipItem &one, const ClipItem &other);
     static bool isInHistory(const ClipItem &item);
+    static bool hasText(const ClipItem &item);
     static double createDate(const ClipItem &item);
 
 private:
     void touch(const std::shared_ptr<ClipItem> &item);
     void rememberText(qint64 pk, const QString &text);
+    void forgetValues();
     std::optional<QString> makeShortText(const ClipItem &item);
 
     ClipStore m_store;

@@ -42,25 +42,39 @@ ClipHistory::~ClipHistory() = default;
 
 void ClipHistory::loadClipItems()
 {
-    fetch();
+    if (!m_isFetched || m_context.store().isChangedByOthers())
+        fetch();
     m_found.clear();
     m_shown = &m_history;
     m_lastClipItem = m_history.empty() ? nullptr : m_history.front();
     Q_EMIT clipItemArrChanged();
 }
 
-/// Reads the records once; from then on the list in memory is what the store holds and what is
-/// not saved yet. Records that could not be read are asked for again by the next load.
+void ClipHistory::loadForeignChanges()
+{
+    if (m_isFetched && m_context.store().isChangedByOthers())
+        loadClipItems();
+}
+
+/// Reads the records; from then on the list in memory is what the store holds and what is not saved
+/// yet, until another program changes the store. Records that could not be read are asked for again
+/// by the next load.
 void ClipHistory::fetch()
 {
-    if (m_isFetched)
-        return;
-    std::optional<Items> items = m_context.fetch(m_history);
-    if (!items)
+    std::optional<ClipContext::Fetched> fetched = m_context.fetch(m_history);
+    if (!fetched)
         return;
     m_isFetched = true;
-    m_history.insert(m_history.end(), std::make_move_iterator(items->rbegin()),
-                     std::make_move_iterator(items->rend()));
+    for (const std::shared_ptr<ClipItem> &item : fetched->gone) {
+        m_context.letGo(item);
+        m_index.remove(*item);
+    }
+    m_history.assign(std::make_move_iterator(fetched->items.rbegin()),
+                     std::make_move_iterator(fetched->items.rend()));
+    m_hasTextless =
+        !std::all_of(m_history.begin(), m_history.end(), [](const std::shared_ptr<ClipItem> &item) {
+            return ClipContext::hasText(*item);
+        });
     if (!std::is_sorted(m_history.begin(), m_history.end(), isNewer))
         std::sort(m_history.begin(), m_history.end(), isNewer);
     m_index.enqueue(m_history);
@@ -73,12 +87,12 @@ void ClipHistory::workWhileIdle()
     if (!m_index.isComplete())
         return;
     m_idleTimer.stop();
-    m_context.prepareLog();
+    m_context.store().prepareLog();
 }
 
 void ClipHistory::emptyLog()
 {
-    if (m_context.emptyLog())
+    if (m_context.store().emptyLog())
         m_idleTimer.start();
     else
         m_logTimer.start();
@@ -101,7 +115,10 @@ void ClipHistory::addToClipList(const std::optional<QString> &strValue,
 {
     if (isNilOrEmpty(strValue))
         return;
-    fetch();
+    // A text whose record another program has removed is no repeat.
+    loadForeignChanges();
+    if (!m_isFetched)
+        fetch();
     // Half a surrogate pair would be stored as another text than the one that was compared.
     const QString text =
         strValue->isValidUtf16() ? *strValue : QString::fromUtf8(strValue->toUtf8());
@@ -198,7 +215,7 @@ void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
 void ClipHistory::clearAll()
 {
     maxItemsModified(0);
-    m_context.vacuum();
+    m_context.store().vacuum();
     emptyLog();
 }
 

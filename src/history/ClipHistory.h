@@ -25,11 +25,13 @@ class ClipHistory : public QObject
 public:
     using Items = ClipContext::Items;
 
-    /// Opens the store in `storeFolder`, made when it does not exist. A store that cannot be opened
-    /// stops the process after a log line, and is left as it was. The list is empty until the
-    /// first load.
+    /// The store is the one in `storeFolder`. Its first use, which the first load is, opens it, and
+    /// makes it when it does not exist. A store that cannot be opened stops the process after a log
+    /// line, and is left as it was. The list is empty until the first load.
     ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings);
     ~ClipHistory() override;
+
+    ClipContext &managedObjectContext() { return m_context; }
 
     const Items &clipItemArr() const { return *m_shown; }
     const Items &getClipItemArr() const { return clipItemArr(); }
@@ -37,8 +39,11 @@ public:
     /// The newest clip at the last load; null when there was none. A deletion leaves it.
     const std::shared_ptr<ClipItem> &lastClipItem() const { return m_lastClipItem; }
 
-    /// Makes the list the whole history again.
+    /// Makes the list the whole history again, with what other programs have added to the store or
+    /// removed.
     void loadClipItems();
+    /// Loads when another program has changed the store since the last load.
+    void loadForeignChanges();
     /// Saves what is unsaved, if anything. What cannot be saved is logged, stays part of what is
     /// read, and is tried again by the next save.
     void saveContext();
@@ -90,7 +95,8 @@ private:
     ClipContext m_context;
     ClipIndex m_index;
     bool m_isFetched = false;
-    Items m_history; ///< Every clip, newest first.
+    bool m_hasTextless = false; ///< Whether there may be clips without a text.
+    Items m_history;            ///< Every clip, newest first.
     Items m_found;
     const Items *m_shown = &m_found; ///< The list: m_history or m_found.
     std::shared_ptr<ClipItem> m_lastClipItem;

@@ -29,6 +29,13 @@ void ClipIndex::enqueue(const ClipContext::Items &items)
 {
     m_queue = items;
     m_next = 0;
+    for (const std::shared_ptr<ClipItem> &item : items) {
+        // One that is not saved is known, and by nobody else.
+        if (item->m_pk == 0)
+            continue;
+        remove(*item);
+        item->m_text = item->m_hasText ? ClipItem::Text::Unknown : ClipItem::Text::None;
+    }
 }
 
 void ClipIndex::work(std::chrono::nanoseconds limit)

@@ -20,7 +20,8 @@ class ClipIndex
 public:
     explicit ClipIndex(ClipContext &context) : m_context(context) {}
 
-    /// Clips whose texts are to be read, the most important first; replaces what was left.
+    /// The clips of the history as they were fetched, the most important first: their texts are to
+    /// be read, whatever was known of them.
     void enqueue(const ClipContext::Items &items);
     bool isComplete() const { return m_queue.empty(); }
     /// Reads texts until `limit` has passed or all are known.

@@ -65,4 +65,5 @@ private:
     quint32 m_foldedSize = 0;
     Text m_text = Text::Unknown;
     bool m_hasFilepath = false;
+    bool m_hasText = false;
 };

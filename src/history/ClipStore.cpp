@@ -37,11 +37,12 @@ void logUnreadable(const SQLite::Exception &exception)
     qCWarning(lcHistory, "The history could not be read: %s", exception.what());
 }
 
-std::vector<qint64> filePks(SQLite::Database &database)
+/// In rising order.
+std::vector<qint64> pksWhere(SQLite::Database &database, const char *condition)
 {
     std::vector<qint64> pks;
-    SQLite::Statement query(database,
-                            "SELECT pk FROM ClipItem WHERE filepath IS NOT NULL ORDER BY pk");
+    SQLite::Statement query(database, std::string("SELECT pk FROM ClipItem WHERE ") + condition +
+                                          " ORDER BY pk");
     while (query.executeStep())
         pks.push_back(query.getColumn(0).getInt64());
     return pks;
@@ -154,22 +155,34 @@ private:
     sqlite3_blob *m_blob = nullptr;
 };
 
-ClipStore::ClipStore(const QString &folder) : m_database(openClipStore(folder)) {}
+ClipStore::ClipStore(const QString &folder) : m_folder(folder) {}
 
 ClipStore::~ClipStore() = default;
+
+SQLite::Database &ClipStore::database()
+{
+    if (!m_database)
+        m_database = openClipStore(m_folder);
+    return *m_database;
+}
 
 std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
 {
     try {
-        const std::vector<qint64> files = filePks(*m_database);
+        // Before the rows: what is changed in between is read once more by the next load.
+        const int version = dataVersion();
+        const std::vector<qint64> files = pksWhere(database(), "filepath IS NOT NULL");
+        const std::vector<qint64> textless = pksWhere(database(), "strValue IS NULL");
         std::vector<Row> rows;
-        SQLite::Statement query(*m_database,
+        SQLite::Statement query(database(),
                                 "SELECT pk, createDate FROM ClipItem ORDER BY createDate, pk");
         while (query.executeStep()) {
             const qint64 pk = query.getColumn(0).getInt64();
             rows.push_back({pk, dateOf(query.getColumn(1)),
-                            std::binary_search(files.begin(), files.end(), pk)});
+                            std::binary_search(files.begin(), files.end(), pk),
+                            !std::binary_search(textless.begin(), textless.end(), pk)});
         }
+        m_readVersion = version;
         return rows;
     } catch (const SQLite::Exception &exception) {
         logUnreadable(exception);
@@ -177,11 +190,29 @@ std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
     }
 }
 
+bool ClipStore::isChangedByOthers()
+{
+    // A record that is held open would hold the view of that moment.
+    closeTextStart();
+    try {
+        return dataVersion() != m_readVersion;
+    } catch (const SQLite::Exception &exception) {
+        logUnreadable(exception);
+        return false;
+    }
+}
+
+/// Another number after each change by another connection than ours.
+int ClipStore::dataVersion()
+{
+    return database().execAndGet("PRAGMA data_version").getInt();
+}
+
 ClipValues ClipStore::readFacts(qint64 pk)
 {
     try {
         SQLite::Statement query(
-            *m_database,
+            database(),
             "SELECT id, pasteCount, applicationName, filepath FROM ClipItem WHERE pk = ?");
         query.bind(1, static_cast<std::int64_t>(pk));
         if (!query.executeStep())
@@ -213,7 +244,7 @@ std::optional<QString> ClipStore::readRtf(qint64 pk)
 std::optional<QString> ClipStore::readLongText(const char *query, qint64 pk)
 {
     try {
-        SQLite::Statement statement(*m_database, query);
+        SQLite::Statement statement(database(), query);
         statement.bind(1, static_cast<std::int64_t>(pk));
         return statement.executeStep() ? textOf(statement.getColumn(0)) : std::nullopt;
     } catch (const SQLite::Exception &exception) {
@@ -225,7 +256,7 @@ std::optional<QString> ClipStore::readLongText(const char *query, qint64 pk)
 std::optional<ClipStore::TextStart> ClipStore::readTextStart(qint64 pk, qint64 limit)
 {
     if (!m_textReader)
-        m_textReader = std::make_unique<TextReader>(*m_database);
+        m_textReader = std::make_unique<TextReader>(database());
     return m_textReader->read(pk, limit);
 }
 
@@ -239,9 +270,9 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
 {
     closeTextStart();
     try {
-        SQLite::Transaction transaction(*m_database, SQLite::TransactionBehavior::IMMEDIATE);
+        SQLite::Transaction transaction(database(), SQLite::TransactionBehavior::IMMEDIATE);
         if (!deletedPks.empty()) {
-            SQLite::Statement deletion(*m_database, "DELETE FROM ClipItem WHERE pk = ?");
+            SQLite::Statement deletion(database(), "DELETE FROM ClipItem WHERE pk = ?");
             for (const qint64 pk : deletedPks) {
                 deletion.bind(1, static_cast<std::int64_t>(pk));
                 deletion.exec();
@@ -250,7 +281,7 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
         }
         std::vector<qint64> pks;
         std::transform(changes.begin(), changes.end(), std::back_inserter(pks),
-                       [&](const ClipChange &change) { return writeChange(*m_database, change); });
+                       [&](const ClipChange &change) { return writeChange(database(), change); });
         transaction.commit();
         for (std::size_t i = 0; i < changes.size(); ++i)
             changes[i].pk = pks[i];
@@ -263,7 +294,7 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
 bool ClipStore::emptyLog()
 {
     closeTextStart();
-    return sqlite3_wal_checkpoint_v2(m_database->getHandle(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
+    return sqlite3_wal_checkpoint_v2(database().getHandle(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
                                      nullptr, nullptr) == SQLITE_OK;
 }
 
@@ -271,12 +302,12 @@ void ClipStore::prepareLog()
 {
     closeTextStart();
     // Any commit will do; one that fails leaves the log as it was.
-    m_database->tryExec("PRAGMA user_version = " + std::to_string(StoreModel::kMajorVersion));
+    database().tryExec("PRAGMA user_version = " + std::to_string(StoreModel::kMajorVersion));
 }
 
 void ClipStore::vacuum()
 {
     closeTextStart();
-    if (const int code = m_database->tryExec("VACUUM"); code != SQLITE_OK)
-        qCWarning(lcHistory, "The history could not be compacted: %s", m_database->getErrorMsg());
+    if (const int code = database().tryExec("VACUUM"); code != SQLITE_OK)
+        qCWarning(lcHistory, "The history could not be compacted: %s", database().getErrorMsg());
 }

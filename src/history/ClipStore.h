@@ -2,6 +2,7 @@
 
 #include "history/ClipValues.h"
 #include "history/StoreError.h"
+#include "history/StoreModel.h"
 
 #include <QByteArray>
 #include <QString>
@@ -15,7 +16,8 @@ class Database;
 }
 
 /// The records on disk. Owned by ClipContext; knows records by their key `pk` and nothing of
-/// clips. Reading that fails is logged and told as absent; the file is never repaired or replaced.
+/// clips. The file is opened by its first use, as openClipStore() does. Reading that fails is
+/// logged and told as absent; the file is never repaired or replaced.
 class ClipStore
 {
 public:
@@ -24,6 +26,7 @@ public:
         qint64 pk;
         double createDate; ///< Seconds since 1970 UTC; NaN when absent.
         bool hasFilepath;
+        bool hasText;
     };
 
     /// The beginning of a record's text, as UTF-8.
@@ -33,12 +36,18 @@ public:
         qint64 size = 0; ///< Of the whole text, in bytes.
     };
 
-    /// Opens the store as openClipStore() does.
     explicit ClipStore(const QString &folder);
     ~ClipStore();
 
+    /// Opens the file unless it is open.
+    void open() { database(); }
+
+    const StoreModel &model() const { return m_model; }
+
     /// Every record, oldest first; absent when they cannot be read.
     std::optional<std::vector<Row>> readRows();
+    /// Whether another program has changed the store since the last readRows().
+    bool isChangedByOthers();
 
     /// Everything but the two long texts; empty for a record that is not there.
     ClipValues readFacts(qint64 pk);
@@ -66,8 +75,13 @@ public:
 private:
     class TextReader;
 
+    SQLite::Database &database();
+    int dataVersion();
     std::optional<QString> readLongText(const char *query, qint64 pk);
 
-    std::unique_ptr<SQLite::Database> m_database;
+    const StoreModel m_model{};
+    const QString m_folder;
+    std::unique_ptr<SQLite::Database> m_database; ///< Null until the first use.
     std::unique_ptr<TextReader> m_textReader;
+    int m_readVersion = 0; ///< The store's data version at the last readRows().
 };

@@ -26,10 +26,12 @@ constexpr std::array kAttributes{
     Attribute{"rtfValue", "TEXT"},
 };
 
-// The first gives the list's order without reading the texts, the second tells file clips.
+// The first gives the list's order without reading the texts; the others tell file clips, and clips
+// without a text, of which another program alone makes any.
 constexpr std::array kIndexes{
     Attribute{"ClipItem_createDate", "ON ClipItem(createDate)"},
     Attribute{"ClipItem_files", "ON ClipItem(pk) WHERE filepath IS NOT NULL"},
+    Attribute{"ClipItem_textless", "ON ClipItem(pk) WHERE strValue IS NULL"},
 };
 
 struct Column
@@ -114,7 +116,7 @@ void checkColumns(const std::vector<Column> &columns)
     }
 }
 
-bool isComplete(SQLite::Database &database, const std::vector<Column> &columns)
+StoreModel::Fit fitOf(SQLite::Database &database, const std::vector<Column> &columns)
 {
     const auto hasColumn = [&](const Attribute &attribute) {
         return columnNamed(columns, attribute.name) != nullptr;
@@ -124,11 +126,26 @@ bool isComplete(SQLite::Database &database, const std::vector<Column> &columns)
                                             "name = '") +
                                     index.name + "'");
     };
-    return std::all_of(kAttributes.begin(), kAttributes.end(), hasColumn) &&
-           std::all_of(kIndexes.begin(), kIndexes.end(), hasIndex);
+    if (!std::all_of(kAttributes.begin(), kAttributes.end(), hasColumn))
+        return StoreModel::Fit::Adaptable;
+    return std::all_of(kIndexes.begin(), kIndexes.end(), hasIndex) ? StoreModel::Fit::Ready
+                                                                   : StoreModel::Fit::Readable;
 }
 
 } // namespace
+
+QString StoreModel::entityName()
+{
+    return QStringLiteral("ClipItem");
+}
+
+QStringList StoreModel::attributeNames()
+{
+    QStringList names;
+    for (const Attribute &attribute : kAttributes)
+        names.append(QString::fromLatin1(attribute.name));
+    return names;
+}
 
 StoreModel::Fit StoreModel::inspect(SQLite::Database &database)
 {
@@ -144,7 +161,7 @@ StoreModel::Fit StoreModel::inspect(SQLite::Database &database)
         refuse("it has no table ClipItem");
     const std::vector<Column> columns = columnsOf(database);
     checkColumns(columns);
-    return isComplete(database, columns) ? Fit::Ready : Fit::Adaptable;
+    return fitOf(database, columns);
 }
 
 void StoreModel::adapt(SQLite::Database &database)

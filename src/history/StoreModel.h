@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 namespace SQLite {
 class Database;
 }
@@ -9,20 +11,25 @@ class Database;
 ///
 /// A missing column is added, an unknown one is kept and ignored. The store's `user_version` is
 /// its major version: a higher one than ours was written by a program whose shape we cannot infer.
-namespace StoreModel {
+class StoreModel
+{
+public:
+    static constexpr int kMajorVersion = 1;
 
-inline constexpr int kMajorVersion = 1;
+    enum class Fit {
+        Ready,     ///< Nothing to change.
+        Readable,  ///< Only what makes reading fast is missing.
+        Adaptable, ///< Empty, or something is missing that can be added.
+    };
 
-enum class Fit {
-    Ready,     ///< Nothing to change.
-    Adaptable, ///< Empty, or something is missing that can be added.
+    static QString entityName();
+    /// In the order in which they are stored.
+    static QStringList attributeNames();
+
+    /// Compares the store with the model; only reads. Throws SQLite::Exception, with what does not
+    /// fit, when the way from its shape to ours cannot be inferred.
+    static Fit inspect(SQLite::Database &database);
+
+    /// Gives a store our shape, in one transaction.
+    static void adapt(SQLite::Database &database);
 };
-
-/// Compares the store with the model; only reads. Throws SQLite::Exception, with what does not
-/// fit, when the way from its shape to ours cannot be inferred.
-Fit inspect(SQLite::Database &database);
-
-/// Gives an adaptable store our shape, in one transaction.
-void adapt(SQLite::Database &database);
-
-} // namespace StoreModel

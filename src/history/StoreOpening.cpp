@@ -68,7 +68,9 @@ std::unique_ptr<SQLite::Database> open(const QByteArray &path)
     // A store that does not fit is left alone, down to the write-ahead log of its last writer.
     sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     database->exec("PRAGMA secure_delete = ON");
-    if (StoreModel::inspect(*database) == StoreModel::Fit::Adaptable)
+    const StoreModel::Fit fit = StoreModel::inspect(*database);
+    const bool isReadOnly = sqlite3_db_readonly(database->getHandle(), "main") == 1;
+    if (fit == StoreModel::Fit::Adaptable || (fit == StoreModel::Fit::Readable && !isReadOnly))
         StoreModel::adapt(*database);
     sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return database;

@@ -6,6 +6,7 @@
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/ViewController.h"
+#include "history/ClipContext.h"
 #include "history/ClipItem.h"
 #include "hotkey/HotKeyCenter.h"
 #include "hotkey/HotKeyTextField.h"
@@ -15,6 +16,7 @@
 #include "support/ExpectedWarnings.h"
 
 #include <QAction>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
@@ -110,6 +112,18 @@ TEST_F(AppDelegateTest, startUpTellsItsStepsInOrderOnlyWhileTraceIsOn)
             told.append(message);
     }
     EXPECT_EQ(told, steps);
+}
+
+TEST_F(AppDelegateTest, theStoreIsOpenedByItsFirstUseAndNotBefore)
+{
+    const QString store = m_folder.path() + QStringLiteral("/Quillmarsh.sqlite");
+    const AppDelegate delegate(m_platform.platform, info(), m_folder.path());
+    EXPECT_FALSE(QFileInfo::exists(store));
+    EXPECT_EQ(&delegate.persistentStoreCoordinator(), &delegate.managedObjectContext().store());
+    EXPECT_TRUE(QFileInfo::exists(store));
+    EXPECT_EQ(delegate.applicationDocumentsDirectory().toLocalFile(),
+              QFileInfo(m_folder.path()).absolutePath());
+    EXPECT_EQ(delegate.managedObjectModel().entityName(), QStringLiteral("ClipItem"));
 }
 
 TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened)

@@ -291,6 +291,64 @@ TEST_F(ClipStoreTest, aStoreLockedByAnotherProgramDelaysASaveAndLosesNothing)
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList{QStringLiteral("A")});
 }
 
+TEST_F(ClipStoreTest, theFileIsOpenedByTheFirstLoadAndNotBefore)
+{
+    MemoryPlatform platform;
+    TestSettings settings;
+    ClipHistory history(m_folder.path(), platform.clock, settings);
+    EXPECT_FALSE(QFileInfo::exists(m_folder.file()));
+    history.loadClipItems();
+    EXPECT_TRUE(QFileInfo::exists(m_folder.file()));
+}
+
+TEST_F(ClipStoreTest, whatAnotherProgramAddsChangesOrRemovesIsThereAtTheNextLoad)
+{
+    HistoryRig rig(m_folder.path());
+    for (const char *text : {"A", "B", "C"})
+        rig.add(QString::fromLatin1(text));
+    const auto kept = rig.at(1);
+    const auto removed = rig.at(2);
+    EXPECT_EQ(kept->shortText(), QStringLiteral("B"));
+    execute("DELETE FROM ClipItem WHERE strValue = 'A';"
+            "UPDATE ClipItem SET strValue = 'other' WHERE strValue = 'B';"
+            "INSERT INTO ClipItem (strValue, createDate) VALUES ('later', 4e9), ('old', 1);"
+            "INSERT INTO ClipItem (createDate) VALUES (2)");
+    rig.history.loadClipItems();
+    EXPECT_EQ(rig.texts().join(u'|'), QStringLiteral("later|C|other|<none>|old"));
+    EXPECT_EQ(rig.at(2), kept);
+    EXPECT_EQ(kept->shortText(), QStringLiteral("other"));
+    EXPECT_EQ(removed->strValue(), std::nullopt);
+    EXPECT_EQ(rig.history.searchClipItem(QStringLiteral("o*h")).size(), 1u);
+    // What has no text is found by no search, not by an empty one either.
+    EXPECT_EQ(rig.history.searchClipItem(QString()).size(), 4u);
+
+    // A repeat of a clip that another program has removed is none.
+    execute("DELETE FROM ClipItem");
+    rig.add(QStringLiteral("later"));
+    EXPECT_EQ(rig.texts(), QStringList{QStringLiteral("later")});
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), rig.texts());
+}
+
+TEST_F(ClipStoreTest, whatIsNotSavedYetOutlivesTheChangesOfOthers)
+{
+    HistoryRig rig(m_folder.path());
+    rig.add(QStringLiteral("A"));
+    {
+        SQLite::Database other = database();
+        other.exec("BEGIN IMMEDIATE; INSERT INTO ClipItem (strValue, createDate) VALUES ('X', 4)");
+        for (int i = 0; i < 2; ++i)
+            ExpectedWarnings::expect(QStringLiteral("database is locked"));
+        rig.add(QStringLiteral("unsaved"));
+        other.exec("COMMIT");
+    }
+    rig.history.loadClipItems();
+    const QStringList all{QStringLiteral("unsaved"), QStringLiteral("A"), QStringLiteral("X")};
+    EXPECT_EQ(rig.texts(), all);
+    EXPECT_EQ(rig.history.searchClipItem(QStringLiteral("UNS")).size(), 1u);
+    rig.history.saveContext();
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), all);
+}
+
 TEST_F(ClipStoreTest, aStoreThatCannotBeWrittenIsShownAndEachSaveSaysSo)
 {
     execute(kRightTable);

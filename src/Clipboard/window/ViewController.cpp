@@ -67,6 +67,26 @@ ClipTextView *ViewController::textView() const
     return m_views.textFieldView->textView();
 }
 
+QTableView *ViewController::tableView() const
+{
+    return m_views.clipTableView;
+}
+
+QAbstractScrollArea *ViewController::tableScrollView() const
+{
+    return m_views.clipTableView;
+}
+
+QAbstractScrollArea *ViewController::textScrollView() const
+{
+    return textView();
+}
+
+QWidget *ViewController::textClipView() const
+{
+    return textView()->viewport();
+}
+
 void ViewController::viewDidAppear()
 {
     selectRow(0);

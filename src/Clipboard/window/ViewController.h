@@ -14,7 +14,9 @@ class AppDelegate;
 class ClipItem;
 class ClipTextView;
 class FileViewController;
+class QAbstractScrollArea;
 class QKeyEvent;
+class QTableView;
 class SearchFieldDelegate;
 
 /// The history window's content controller: lists the clips, keeps the one selection that every
@@ -41,6 +43,10 @@ public:
     ClipboardView *mainView() const { return m_views.mainView.get(); }
     /// The list, which is its own scroll view.
     ClipTableView *clipTableView() const { return m_views.clipTableView; }
+    QTableView *tableView() const;
+    QAbstractScrollArea *tableScrollView() const;
+    static constexpr TableColumn rowColumn() { return TableColumn::Row; }
+    static constexpr TableColumn valueColumn() { return TableColumn::Value; }
     SearchField *searchTextField() const { return m_views.searchTextField; }
     QSplitter *splitView() const { return m_views.splitView; }
     /// The list's side and the preview's side of the split view.
@@ -48,8 +54,14 @@ public:
     PreviewPane *textFieldView() const { return m_views.textFieldView; }
     /// The text preview, which is its own scroll view.
     ClipTextView *textView() const;
+    QAbstractScrollArea *textScrollView() const;
+    /// What the text is drawn on.
+    QWidget *textClipView() const;
     FileViewController &fileViewController() const { return *m_fileViewController; }
     EmptyStateView *emptyStateView() const { return m_views.emptyStateView; }
+    SearchFieldDelegate *searchFieldDelegate() const { return m_searchFieldDelegate; }
+    /// The clip whose preview is shown; null for none.
+    const std::shared_ptr<ClipItem> &previousClipItem() const { return m_previousClipItem; }
 
     /// Whether the window is shown and has the keyboard: decides what the open shortcut does.
     bool isWindowKey() const { return m_isWindowKey; }
@@ -129,7 +141,7 @@ private:
     HistoryViews m_views;
     SearchFieldDelegate *m_searchFieldDelegate = nullptr;
     std::unique_ptr<FileViewController> m_fileViewController;
-    std::shared_ptr<ClipItem> m_previousClipItem; ///< Whose preview is shown; null for none.
+    std::shared_ptr<ClipItem> m_previousClipItem;
     QString m_openShortcutText;
     bool m_isWindowKey = false;
     bool m_isChangingList = false; ///< The change under way is our own.
