@@ -5,29 +5,51 @@
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int kMargin = Looks::kTextMargin;
 
-/// Length of the part of `text` that is shown, never half a character.
-qsizetype shownLength(const QString &text)
+/// `length` or one less, so that no character is cut in half.
+qsizetype wholeCharacters(QStringView text, qsizetype length)
 {
-    const qsizetype most = qMin(text.size(), ClipTextView::kShownCharacters);
-    qsizetype lines = 0;
-    qsizetype lineStart = 0;
+    const bool splitsPair =
+        length > 0 && length < text.size() && text.at(length - 1).isHighSurrogate();
+    return splitsPair ? length - 1 : length;
+}
+
+/// Length of the part of `text` that is shown.
+qsizetype shownLength(QStringView text)
+{
+    // A character of UTF-16 is at most three bytes of UTF-8.
+    if (text.size() <= ClipTextView::kShownBytes / 3)
+        return text.size();
+    qsizetype bytes = 0;
     qsizetype end = 0;
-    for (; end < most && end - lineStart < ClipTextView::kShownOfLine; ++end) {
-        if (text.at(end) != u'\n')
-            continue;
-        lineStart = end + 1;
-        if (++lines == ClipTextView::kShownLines)
-            return end;
+    for (; end < text.size(); ++end) {
+        const char16_t unit = text.at(end).unicode();
+        // Each half of a pair stands for two of its four bytes.
+        bytes += unit < 0x80 ? 1 : unit < 0x800 || QChar::isSurrogate(unit) ? 2 : 3;
+        if (bytes > ClipTextView::kShownBytes)
+            break;
     }
-    const bool splitsPair = end > 0 && end < text.size() && text.at(end - 1).isHighSurrogate();
-    return splitsPair ? end - 1 : end;
+    return wholeCharacters(text, end);
+}
+
+/// Whether a run of characters without a blank is too long to look for its end at each line: the
+/// time to break such a run into lines grows with the square of its length.
+bool hasLongWord(QStringView text)
+{
+    constexpr qsizetype kLongestWord = 4'000;
+    qsizetype length = 0;
+    return std::any_of(text.begin(), text.end(), [&](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > kLongestWord;
+    });
 }
 
 /// Keys with which a person reads and copies from the text preview; any other key is meant for the
@@ -68,7 +90,6 @@ ClipTextView::ClipTextView(QWidget *parent) : QPlainTextEdit(parent), m_moreLabe
     setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(kMargin);
@@ -77,26 +98,51 @@ ClipTextView::ClipTextView(QWidget *parent) : QPlainTextEdit(parent), m_moreLabe
     document()->setDefaultTextOption(option);
     m_moreLabel->setContentsMargins(kMargin, 4, kMargin, 4);
     m_moreLabel->hide();
+    m_idleTimer.setInterval(0);
+    connect(&m_idleTimer, &QTimer::timeout, this, &ClipTextView::showMore);
 }
 
 void ClipTextView::setString(const QString &text)
 {
-    const qsizetype shown = shownLength(text);
-    QString part = text.left(shown);
+    m_text = text.left(shownLength(text));
     // The text engine takes NUL for the end of what it draws.
-    part.replace(QChar(u'\0'), QChar::ReplacementCharacter);
+    m_text.replace(QChar(u'\0'), QChar::ReplacementCharacter);
     // Each paragraph finds its own direction, but all share one side to start from.
     QTextOption option = document()->defaultTextOption();
-    option.setAlignment(part.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+    option.setAlignment(m_text.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+    option.setWrapMode(hasLongWord(m_text) ? QTextOption::WrapAnywhere
+                                           : QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDefaultTextOption(option);
-    setPlainText(part);
 
-    const qsizetype rest = text.size() - shown;
+    const qsizetype rest = text.size() - m_text.size();
+    m_shown = wholeCharacters(m_text, qMin(m_text.size(), kShownAtOnce));
+    setPlainText(m_text.left(m_shown));
+    if (m_shown < m_text.size())
+        m_idleTimer.start();
+    else
+        m_idleTimer.stop();
+
     m_moreLabel->setVisible(rest > 0);
     if (rest > 0)
         m_moreLabel->setText(
             tr("… and %Ln more characters, pasted in full", nullptr, static_cast<int>(rest)));
     placeMoreLabel();
+}
+
+void ClipTextView::showMore()
+{
+    // A line is laid out anew whenever something is put behind it, so it comes to its end at once.
+    const qsizetype lineEnd =
+        m_text.indexOf(u'\n', qMin(m_shown + kShownAtOnce, m_text.size()) - 1);
+    const qsizetype end = lineEnd < 0 ? m_text.size() : lineEnd + 1;
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(m_text.mid(m_shown, end - m_shown));
+    m_shown = end;
+    if (m_shown < m_text.size())
+        return;
+    m_idleTimer.stop();
+    m_text.clear();
 }
 
 void ClipTextView::setColors(const ClipColors &colors)

@@ -3,22 +3,22 @@
 #include "Clipboard/window/ClipColors.h"
 
 #include <QPlainTextEdit>
+#include <QTimer>
 
 class QLabel;
 
-/// The read-only text preview. Owned by the preview pane. However large a clip is, only a bounded
-/// beginning of it is laid out; a line below it then says how much more there is.
+/// The read-only text preview. Owned by the preview pane. It holds the whole text of a clip of up
+/// to 1 MiB, and of a larger one the beginning, with a line below that says how much more there is.
+/// What is laid out within a frame is there at once; the rest follows while nothing else is to be
+/// done.
 class ClipTextView : public QPlainTextEdit
 {
     Q_OBJECT
 
 public:
-    /// More than anybody reads in a preview, and laid out within a frame.
-    static constexpr qsizetype kShownCharacters = 20'000;
-    static constexpr qsizetype kShownLines = 2'000;
-    /// Nothing after so many characters without a line break: the time to break a line grows with
-    /// the square of its length.
-    static constexpr qsizetype kShownOfLine = 4'000;
+    static constexpr qsizetype kShownBytes = 1024 * 1024; ///< Of UTF-8.
+    /// Laid out within a frame, even when each is a line of its own.
+    static constexpr qsizetype kShownAtOnce = 10'000;
 
     explicit ClipTextView(QWidget *parent = nullptr);
 
@@ -39,7 +39,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void showMore();
     void placeMoreLabel();
 
     QLabel *m_moreLabel;
+    QString m_text;        ///< All that is to be shown; empty once it is.
+    qsizetype m_shown = 0; ///< How much of it is.
+    QTimer m_idleTimer;    ///< Fires while there is nothing else to do.
 };

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QLocale>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -18,35 +19,47 @@ TEST(ClipTextView, aTextOfUsualSizeIsShownWhole)
     EXPECT_TRUE(view.isReadOnly());
 }
 
-TEST(ClipTextView, onlyABoundedBeginningIsLaidOut)
+TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
 {
+    constexpr qsizetype kMost = ClipTextView::kShownBytes;
     struct Row
     {
         const char *name;
         QString text;
         qsizetype shown;
     };
+    const QString lines = QString(99, u'x') + u'\n';
     const Row kRows[] = {
-        {"fifty million characters on one line", QString(50'000'000, u'x'),
-         ClipTextView::kShownOfLine},
-        {"many long lines", QString(QString(99, u'x') + u'\n').repeated(1'000),
-         ClipTextView::kShownCharacters},
-        {"many short lines", QStringLiteral("x\n").repeated(10'000),
-         2 * ClipTextView::kShownLines - 1},
-        {"a character of two units across the bound",
-         QString(ClipTextView::kShownOfLine - 1, u'x') + QStringLiteral("🎉🎉"),
-         ClipTextView::kShownOfLine - 1},
+        {"a line beyond the default limit", QString(4'001, u'x') + QStringLiteral("\nend"), 4'005},
+        {"many lines", lines.repeated(5'000), 500'000},
+        {"lines and a long one among them",
+         lines + QString(300'000, u'y') + u'\n' + lines.repeated(200), 320'101},
+        {"a whole mebibyte in lines", lines.repeated(kMost / 100 + 1).left(kMost), kMost},
+        {"one byte more", lines.repeated(kMost / 100 + 1).left(kMost + 1), kMost},
+        {"characters of two bytes", QString(kMost / 2 + 7, u'é'), kMost / 2},
+        {"a character of four bytes across the bound",
+         QString(kMost - 2, u'x') + QStringLiteral("🎉🎉"), kMost - 2},
+        {"and across what is shown at once",
+         QString(ClipTextView::kShownAtOnce - 1, u'x') + QStringLiteral("🎉🎉"),
+         ClipTextView::kShownAtOnce + 3},
+        {"fifty million characters on one line", QString(50'000'000, u'x'), kMost},
     };
     for (const Row &row : kRows) {
         ClipTextView view;
         view.resize(400, 400);
         view.setString(row.text);
-        EXPECT_EQ(view.toPlainText(), row.text.left(row.shown)) << row.name;
-        EXPECT_FALSE(view.moreLabel()->isHidden()) << row.name;
-        EXPECT_TRUE(
-            view.moreLabel()->text().contains(QLocale().toString(row.text.size() - row.shown)))
+        EXPECT_LE(view.toPlainText().size(), ClipTextView::kShownAtOnce) << row.name;
+        const QString shown = row.text.left(row.shown);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view.toPlainText().size() >= row.shown; }, 60'000))
+            << row.name << view.toPlainText().size();
+        EXPECT_TRUE(view.toPlainText() == shown) << row.name;
+        const qsizetype rest = row.text.size() - row.shown;
+        EXPECT_EQ(view.moreLabel()->isHidden(), rest == 0) << row.name;
+        EXPECT_TRUE(rest == 0 || view.moreLabel()->text().contains(QLocale().toString(rest)))
             << row.name << ": " << view.moreLabel()->text().toStdString();
         view.setString(QStringLiteral("short"));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(view.toPlainText().toStdString(), "short") << row.name;
         EXPECT_TRUE(view.moreLabel()->isHidden()) << row.name;
     }
 }
