@@ -171,6 +171,7 @@ void AppDelegate::applicationWillTerminate()
 {
     if (std::exchange(m_hasTerminated, true))
         return;
+    m_preferencesGeneral->applicationWillTerminate();
     m_paster->finish();
     saveContext();
     m_platform.pasteboard->shutDown();

@@ -11,6 +11,7 @@
 #include "shortcut/MASShortcutView.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QLineEdit>
 #include <QLocale>
@@ -77,6 +78,7 @@ void PreferencesGeneralViewController::loadView()
 {
     m_view = std::make_unique<GeneralPaneView>(*m_platform.settings);
     m_view->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this);
     openAtLoginCB = m_view->openAtLogin;
     openShortcut = m_view->openShortcut;
     swopShortcut = m_view->swopShortcut;
@@ -202,8 +204,14 @@ QWidget *PreferencesGeneralViewController::view()
 
 bool PreferencesGeneralViewController::eventFilter(QObject *watched, QEvent *event)
 {
+    // The application's end closes every window, which a session's end does without asking us.
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit)
+        applicationWillTerminate();
+    if (watched == m_view.get() && event->type() == QEvent::Show)
+        m_isEnding = false;
     // A spontaneous one tells that the window was minimised: the pane has not been left.
-    if (watched == m_view.get() && event->type() == QEvent::Hide && !event->spontaneous())
+    if (watched == m_view.get() && event->type() == QEvent::Hide && !event->spontaneous() &&
+        !m_isEnding)
         viewDidDisappear();
     return QObject::eventFilter(watched, event);
 }

@@ -87,6 +87,9 @@ public:
     QIcon preferenceIcon() const override;
     QWidget *view() override;
 
+    /// The application ends, and that the pane goes with it does not mean that the user leaves it.
+    void applicationWillTerminate() { m_isEnding = true; }
+
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -111,6 +114,7 @@ private:
     AppDelegate *m_appDelegate = nullptr;
     qint64 m_originalMaxItems = -1;
     bool m_welcomeWindowShown = false;
+    bool m_isEnding = false; ///< The application's end hides the pane.
     /// What counts instead of the slider until it is moved; see getMaxItems().
     std::optional<qint64> m_unreachableMaxItems;
     qint64 m_maxStringSize = 0; ///< The last number that stood in the field.

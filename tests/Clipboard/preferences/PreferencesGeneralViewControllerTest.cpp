@@ -219,6 +219,30 @@ TEST_F(GeneralPane, saysHowManyClipsWillGoAndRemovesThemOnlyWhenThePaneIsLeft)
     EXPECT_FALSE(note("maxItemsNote").contains(QStringLiteral("will be removed")));
 }
 
+TEST_F(GeneralPane, removesNothingWhenTheApplicationEndsWhileItIsOpen)
+{
+    for (const bool isAskedToQuit : {true, false}) {
+        const PreferencesGeneralViewController &pane = start();
+        copy(8);
+        openPane();
+        pane.maxItemsSlider->setValue(5);
+        QEvent quit(QEvent::Quit);
+        if (isAskedToQuit)
+            QCoreApplication::sendEvent(qApp, &quit);
+        EXPECT_EQ(clipCount(), 8U) << isAskedToQuit;
+        // Another end than by being asked, as by the loss of the session.
+        delegate.reset();
+        start();
+        EXPECT_EQ(clipCount(), 8U) << isAskedToQuit;
+        openPane();
+        leavePane();
+        EXPECT_EQ(clipCount(), 5U) << "left";
+        delegate->clearAll();
+        delegate.reset();
+        memory.settings.setValue(QStringLiteral("maxItems"), qlonglong(1000));
+    }
+}
+
 TEST_F(GeneralPane, countsTheClipsThatArriveWhileItIsOpen)
 {
     const PreferencesGeneralViewController &pane = start();
