@@ -263,6 +263,9 @@ void AppDelegate::openPreferences()
 
 void AppDelegate::clearAll()
 {
+    // A search of what is gone would say that nothing matches, as if there were something.
+    if (m_viewController)
+        m_viewController->clearSearch();
     m_history->clearAll();
 }
 

@@ -1,7 +1,6 @@
 #include "Clipboard/DoorActions.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/window/ViewController.h"
 #include "platform/FrontApplication.h"
 #include "platform/InstanceDoor.h"
 #include "platform/KeySender.h"
@@ -48,7 +47,7 @@ void DoorActions::perform(const QString &action)
     else if (action == u"help")
         m_appDelegate.help();
     else if (action == u"clear-all")
-        clearAll();
+        m_appDelegate.clearAll();
     else if (action == u"quit")
         m_appDelegate.quit();
 }
@@ -64,13 +63,4 @@ void DoorActions::swopWhenKeysAreUp()
     m_heldKeyTimer.stop();
     m_heldKeyLooks = 0;
     m_appDelegate.swop();
-}
-
-void DoorActions::clearAll()
-{
-    // Whoever calls from outside means every clip and not what a search happens to show. As in the
-    // menu there is no question.
-    if (m_appDelegate.viewController())
-        m_appDelegate.viewController()->hide();
-    m_appDelegate.clearAll();
 }

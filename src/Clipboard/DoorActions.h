@@ -21,7 +21,6 @@ public:
     void perform(const QString &action);
 
 private:
-    void clearAll();
     /// Swops once no key is held, or after a while all the same.
     void swopWhenKeysAreUp();
 

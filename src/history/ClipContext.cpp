@@ -301,6 +301,11 @@ bool ClipContext::hasText(const ClipItem &item)
     return item.m_hasText;
 }
 
+bool ClipContext::hasFilepath(const ClipItem &item)
+{
+    return item.m_hasFilepath;
+}
+
 double ClipContext::createDate(const ClipItem &item)
 {
     return item.m_createDate;

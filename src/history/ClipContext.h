@@ -68,6 +68,7 @@ public:
     static bool isNewer(const ClipItem &one, const ClipItem &other);
     static bool isInHistory(const ClipItem &item);
     static bool hasText(const ClipItem &item);
+    static bool hasFilepath(const ClipItem &item);
     static double createDate(const ClipItem &item);
 
 private:

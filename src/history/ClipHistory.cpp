@@ -214,6 +214,8 @@ void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
 
 void ClipHistory::clearAll()
 {
+    // What a search hides goes too, and what another program has added.
+    loadClipItems();
     maxItemsModified(0);
     m_context.store().vacuum();
     emptyLog();
@@ -241,9 +243,11 @@ void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)
 {
     if (!searchText)
         return;
-    Items found = searchClipItem(*searchText);
-    // A search that finds everything shows the history itself.
-    const bool isNarrow = found.size() != m_history.size();
+    // A search that finds everything shows the history itself; an empty one needs no look at clips
+    // to know that it does.
+    const bool findsAll = m_isFetched && searchText->isEmpty() && !m_hasTextless;
+    Items found = findsAll ? Items() : searchClipItem(*searchText);
+    const bool isNarrow = !findsAll && found.size() != m_history.size();
     m_found = isNarrow ? std::move(found) : Items();
     m_shown = isNarrow ? &m_found : &m_history;
     Q_EMIT clipItemArrChanged();
@@ -251,8 +255,8 @@ void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)
 
 ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
 {
-    fetch();
-    m_index.finish();
+    if (!m_isFetched)
+        fetch();
     QStringView term(searchText);
     const bool onlyFiles = term.startsWith(kFilePrefix, Qt::CaseInsensitive);
     if (onlyFiles) {
@@ -260,8 +264,18 @@ ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
         if (term.startsWith(u' '))
             term = term.mid(1);
     }
-    const SearchPattern pattern(term);
     Items found;
+    if (term.isEmpty()) {
+        // Whatever text it has contains nothing at its beginning, so no text is read.
+        std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
+                     [&](const std::shared_ptr<ClipItem> &item) {
+                         return ClipContext::hasText(*item) &&
+                                (!onlyFiles || ClipContext::hasFilepath(*item));
+                     });
+        return found;
+    }
+    m_index.finish();
+    const SearchPattern pattern(term);
     std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
                  [&](const std::shared_ptr<ClipItem> &item) {
                      return m_index.matches(*item, pattern, onlyFiles);

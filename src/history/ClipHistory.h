@@ -58,7 +58,7 @@ public:
 
     /// A clip that is not in the list is ignored.
     void deleteItem(const std::shared_ptr<ClipItem> &item);
-    /// Deletes every clip of the list: while a search is shown, only what it found.
+    /// Deletes every clip of the history, whatever a search shows of it.
     void clearAll();
     /// Shrinks the list to at most `maxItems` clips by deleting its oldest.
     void maxItemsModified(qint64 maxItems);

@@ -181,6 +181,8 @@ private:
             m_rig->history.clearAll();
         else
             m_rig->history.maxItemsModified(maxItems);
+        if (maxItems == 0)
+            m_naive.load();
         m_naive.shrink(static_cast<std::size_t>(maxItems));
     }
 

@@ -223,7 +223,10 @@ TEST_F(ClipStoreTest, deletedAndClearedTextsAreGoneFromTheFiles)
     EXPECT_FALSE(isTextInFiles("needle-two"));
     const qint64 size = QFileInfo(m_folder.file()).size();
     EXPECT_TRUE(isTextInFiles("needle-three"));
+    rig.history.filterClipItemArr(QStringLiteral("nothing like it"));
+    execute("INSERT INTO ClipItem (strValue, createDate) VALUES ('needle-three of another', 1)");
     rig.history.clearAll();
+    EXPECT_EQ(rig.texts(), QStringList());
     EXPECT_FALSE(isTextInFiles("needle-three"));
     EXPECT_LT(QFileInfo(m_folder.file()).size(), size);
 }
@@ -327,6 +330,19 @@ TEST_F(ClipStoreTest, whatAnotherProgramAddsChangesOrRemovesIsThereAtTheNextLoad
     rig.add(QStringLiteral("later"));
     EXPECT_EQ(rig.texts(), QStringList{QStringLiteral("later")});
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), rig.texts());
+}
+
+TEST_F(ClipStoreTest, anEmptySearchReadsNoText)
+{
+    HistoryRig(m_folder.path()).add(QString(2'000'000, u'x'));
+    HistoryRig rig(m_folder.path());
+    rig.history.searchClipItem(QStringLiteral("y"));
+    // What cannot be read any more would not be found by a search that reads.
+    execute("UPDATE ClipItem SET strValue = NULL");
+    EXPECT_EQ(rig.history.searchClipItem(QStringLiteral("x")).size(), 0u);
+    rig.history.filterClipItemArr(QString());
+    EXPECT_EQ(rig.history.clipItemArr().size(), 1u);
+    EXPECT_EQ(rig.history.searchClipItem(QString()).size(), 1u);
 }
 
 TEST_F(ClipStoreTest, whatIsNotSavedYetOutlivesTheChangesOfOthers)

@@ -134,12 +134,17 @@ void ViewController::hide()
     {
         const QScopedValueRollback<bool> hiding(m_isHiding, true);
         m_appDelegate.hide();
-        const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_views.searchTextField->clear();
-        m_appDelegate.filterClipItemArr(QString());
+        clearSearch();
         selectRow(0);
     }
     Q_EMIT didHide();
+}
+
+void ViewController::clearSearch()
+{
+    const QScopedValueRollback<bool> changing(m_isChangingList, true);
+    m_views.searchTextField->clear();
+    m_appDelegate.filterClipItemArr(QString());
 }
 
 void ViewController::deleteItem()
@@ -307,11 +312,10 @@ void ViewController::clipItemArrChanged()
     // Hidden, the list is read anew when the window appears.
     if (m_isChangingList || !m_views.mainView->isVisible())
         return;
-    // The list is the whole history again, so the field must not claim a search; Undo in the field
-    // brings the search back.
-    if (!m_views.searchTextField->text().isEmpty()) {
+    // The list is the whole history again, but a person may be in the middle of a search.
+    if (const QString text = m_views.searchTextField->text(); !text.isEmpty()) {
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_views.searchTextField->replaceText(QString());
+        m_appDelegate.filterClipItemArr(text);
     }
     const auto &list = getDataArray();
     const auto found = std::find(list.begin(), list.end(), m_previousClipItem);

@@ -90,6 +90,8 @@ public:
     std::optional<QString> filepath(int row) const;
     const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;
     void filterDataArray(const std::optional<QString> &text);
+    /// Empties the search field and shows the whole history.
+    void clearSearch();
 
     /// Least and greatest width of the list in points.
     double splitViewConstrainMinCoordinate() const { return 100.0; }

@@ -161,19 +161,36 @@ TEST_F(ViewControllerTest, theSelectionFollowsItsClip)
     EXPECT_EQ(selected(), QStringLiteral("(none)"));
 }
 
-TEST_F(ViewControllerTest, aCopyDuringASearchShowsTheWholeHistoryAndAnEmptyField)
+TEST_F(ViewControllerTest, aSearchBeingTypedOutlivesACopy)
+{
+    addAll({QStringLiteral("pear"), QStringLiteral("apple"), QStringLiteral("plum")});
+    delegate.launch();
+    QTest::keyClicks(field, QStringLiteral("ap"));
+    ASSERT_EQ(selected(), QStringLiteral("apple"));
+    add(QStringLiteral("new"));
+    EXPECT_EQ(listed(), QStringList{QStringLiteral("apple")});
+    add(QStringLiteral("grape"));
+    EXPECT_EQ(selected(), QStringLiteral("apple"));
+    QTest::keyClicks(field, QStringLiteral("p"));
+    EXPECT_EQ(field->text(), QStringLiteral("app"));
+    EXPECT_EQ(listed(), QStringList{QStringLiteral("apple")});
+    QTest::keyClick(field, Qt::Key_Backspace);
+    EXPECT_EQ(listed(), (QStringList{QStringLiteral("grape"), QStringLiteral("apple")}));
+    delegate.maxItemsModified(1);
+    EXPECT_EQ(selected(), QStringLiteral("grape")) << "the selected clip has gone";
+}
+
+TEST_F(ViewControllerTest, clearingAllClearsWhatASearchHidesToo)
 {
     addAll(kThree);
     delegate.launch();
     QTest::keyClicks(field, QStringLiteral("b"));
-    ASSERT_EQ(listed(), QStringList{QStringLiteral("b")});
-    add(QStringLiteral("new"));
+    delegate.clearAll();
+    EXPECT_TRUE(delegate.window()->isVisible());
     EXPECT_EQ(field->text(), QString());
-    EXPECT_EQ(listed().size(), 4);
-    EXPECT_EQ(selected(), QStringLiteral("b"));
-    field->undo();
-    EXPECT_EQ(field->text(), QStringLiteral("b"));
-    EXPECT_EQ(listed(), QStringList{QStringLiteral("b")}) << "Undo brings the search back";
+    EXPECT_EQ(listed(), QStringList());
+    EXPECT_EQ(controller->emptyStateView()->title(), QStringLiteral("Nothing copied yet"));
+    EXPECT_TRUE(controller->textView()->toPlainText().isEmpty());
 }
 
 TEST_F(ViewControllerTest, aSwopSaysWhetherItHoldsASelectionAndWhose)
