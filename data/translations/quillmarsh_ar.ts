@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar" sourcelanguage="en">
 <context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Nothing is recorded</source>
+        <translation>لا يُسجَّل شيء</translation>
+    </message>
+    <message>
+        <source>The history in %1 cannot be written.</source>
+        <translation>تتعذر الكتابة في السجل الموجود في %1.</translation>
+    </message>
+</context>
+<context>
     <name>ApplicationChooser</name>
     <message>
         <source>&amp;Other…</source>
@@ -1398,6 +1409,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Swop: the selection is held</source>
         <translation>المبادلة: التحديد محفوظ</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the history cannot be written</source>
+        <translation>لا يُسجَّل شيء: تتعذر الكتابة في السجل</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Nothing is recorded</source>
+        <translation>Es wird nichts aufgezeichnet</translation>
+    </message>
+    <message>
+        <source>The history in %1 cannot be written.</source>
+        <translation>Der Verlauf in %1 lässt sich nicht schreiben.</translation>
+    </message>
+</context>
+<context>
     <name>ApplicationChooser</name>
     <message>
         <source>&amp;Other…</source>
@@ -1358,6 +1369,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Swop: the selection is held</source>
         <translation>Tauschen: Die Auswahl ist gemerkt</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the history cannot be written</source>
+        <translation>Es wird nichts aufgezeichnet: Der Verlauf lässt sich nicht schreiben</translation>
     </message>
 </context>
 <context>

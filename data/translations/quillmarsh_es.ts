@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Nothing is recorded</source>
+        <translation>No se guarda nada</translation>
+    </message>
+    <message>
+        <source>The history in %1 cannot be written.</source>
+        <translation>No se puede escribir en el historial de %1.</translation>
+    </message>
+</context>
+<context>
     <name>ApplicationChooser</name>
     <message>
         <source>&amp;Other…</source>
@@ -1358,6 +1369,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Swop: the selection is held</source>
         <translation>Intercambio: se retiene la selección</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the history cannot be written</source>
+        <translation>No se guarda nada: no se puede escribir en el historial</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Nothing is recorded</source>
+        <translation>Rien n’est enregistré</translation>
+    </message>
+    <message>
+        <source>The history in %1 cannot be written.</source>
+        <translation>L’historique dans %1 n’est pas accessible en écriture.</translation>
+    </message>
+</context>
+<context>
     <name>ApplicationChooser</name>
     <message>
         <source>&amp;Other…</source>
@@ -1358,6 +1369,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Swop: the selection is held</source>
         <translation>Échange : la sélection est retenue</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the history cannot be written</source>
+        <translation>Rien n’est enregistré : l’historique n’est pas accessible en écriture</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>AppDelegate</name>
+    <message>
+        <source>Nothing is recorded</source>
+        <translation>何も記録されません</translation>
+    </message>
+    <message>
+        <source>The history in %1 cannot be written.</source>
+        <translation>%1の履歴に書き込めません。</translation>
+    </message>
+</context>
+<context>
     <name>ApplicationChooser</name>
     <message>
         <source>&amp;Other…</source>
@@ -1348,6 +1359,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Swop: the selection is held</source>
         <translation>入れ替え: 選択範囲を保持しています</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: the history cannot be written</source>
+        <translation>何も記録されません：履歴に書き込めません</translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,7 @@
 #include "updates/DevMateKit.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLoggingCategory>
@@ -132,6 +133,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_traylessHint = std::make_unique<TraylessHint>(
         m_platform, [this] { return m_liveSettings->isNotificationsEnabled(); });
     askAboutDamagedSettings();
+    tellUnwritableHistory();
 }
 
 void AppDelegate::loadPreferences()
@@ -220,6 +222,14 @@ void AppDelegate::askAboutDamagedSettings()
     auto *question = new DamagedSettingsQuestion(*m_platform.settings);
     connect(question, &DamagedSettingsQuestion::quitChosen, this, &AppDelegate::quit);
     question->open();
+}
+
+void AppDelegate::tellUnwritableHistory()
+{
+    if (m_history->isReadOnly() && m_liveSettings->isNotificationsEnabled())
+        m_platform.notifications->deliver(tr("Nothing is recorded"),
+                                          tr("The history in %1 cannot be written.")
+                                              .arg(QDir::toNativeSeparators(m_storeFolder)));
 }
 
 void AppDelegate::timeout()

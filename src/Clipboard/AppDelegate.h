@@ -177,6 +177,7 @@ private:
     void loadPreferences();
     void showOpenShortcut();
     void askAboutDamagedSettings();
+    void tellUnwritableHistory();
     bool isTakenByWelcome();
 
     Platform &m_platform;

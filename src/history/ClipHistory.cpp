@@ -108,12 +108,20 @@ bool ClipHistory::isNilOrEmpty(const std::optional<QString> &text)
     return !text || text->isEmpty();
 }
 
+bool ClipHistory::refusesChange()
+{
+    if (!isReadOnly())
+        return false;
+    qCWarning(lcHistory, "The history cannot be written, so it stays as it is");
+    return true;
+}
+
 void ClipHistory::addToClipList(const std::optional<QString> &strValue,
                                 const std::optional<QString> &rtfValue,
                                 const std::optional<QString> &applicationName,
                                 const std::optional<QString> &filepath)
 {
-    if (isNilOrEmpty(strValue))
+    if (isNilOrEmpty(strValue) || refusesChange())
         return;
     // A text whose record another program has removed is no repeat.
     loadForeignChanges();
@@ -199,7 +207,7 @@ void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
 void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
 {
     const Items &shown = clipItemArr();
-    if (std::find(shown.begin(), shown.end(), item) == shown.end())
+    if (std::find(shown.begin(), shown.end(), item) == shown.end() || refusesChange())
         return;
     // By value: the argument may be an element of the list.
     const std::shared_ptr<ClipItem> deleted(
@@ -214,6 +222,8 @@ void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
 
 void ClipHistory::clearAll()
 {
+    if (refusesChange())
+        return;
     // What a search hides goes too, and what another program has added.
     loadClipItems();
     maxItemsModified(0);
@@ -223,6 +233,8 @@ void ClipHistory::clearAll()
 
 void ClipHistory::maxItemsModified(qint64 maxItems)
 {
+    if (refusesChange())
+        return;
     const Items shown = clipItemArr();
     const auto kept = static_cast<std::size_t>(std::max<qint64>(maxItems, 0));
     const bool isTooLong = shown.size() > kept;
@@ -291,6 +303,8 @@ void ClipHistory::setShortText(const std::shared_ptr<ClipItem> &item)
 
 void ClipHistory::countPaste(const std::shared_ptr<ClipItem> &item)
 {
+    if (isReadOnly())
+        return;
     // A first paste counts as 0, so a clip pasted n times reads n - 1. Deliberate: the stored
     // histories that exist count so. The count is 32 bits wide and wraps.
     const std::optional<qint32> count = item->pasteCount();

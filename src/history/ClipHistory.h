@@ -33,6 +33,10 @@ public:
 
     ClipContext &managedObjectContext() { return m_context; }
 
+    /// Whether the store can be read but not written. Then every change is refused, because it
+    /// would be gone at the end.
+    bool isReadOnly() { return m_context.store().isReadOnly(); }
+
     const Items &clipItemArr() const { return *m_shown; }
     const Items &getClipItemArr() const { return clipItemArr(); }
 
@@ -81,6 +85,7 @@ Q_SIGNALS:
     void clipItemArrChanged();
 
 private:
+    bool refusesChange();
     void fetch();
     std::shared_ptr<ClipItem> newestWithText(const QString &text);
     void putInOrder(const std::shared_ptr<ClipItem> &item);

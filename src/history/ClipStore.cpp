@@ -166,6 +166,11 @@ SQLite::Database &ClipStore::database()
     return *m_database;
 }
 
+bool ClipStore::isReadOnly()
+{
+    return sqlite3_db_readonly(database().getHandle(), "main") == 1;
+}
+
 std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
 {
     try {

@@ -41,6 +41,8 @@ public:
 
     /// Opens the file unless it is open.
     void open() { database(); }
+    /// Whether the file can be read but not written.
+    bool isReadOnly();
 
     const StoreModel &model() const { return m_model; }
 

@@ -54,6 +54,18 @@ void makeFilesPrivate(const QByteArray &path)
         ::chmod((path + suffix).constData(), S_IRUSR | S_IWUSR);
 }
 
+/// A file that has lost its owner's permission to write gets it back: opened without, it would take
+/// nothing until the next start.
+void makeFilesWritable(const QByteArray &path)
+{
+    for (const char *suffix : {"", "-wal", "-shm"}) {
+        const QByteArray file = path + suffix;
+        if (::access(file.constData(), F_OK) == 0 && ::access(file.constData(), R_OK | W_OK) != 0 &&
+            ::chmod(file.constData(), S_IRUSR | S_IWUSR) != 0)
+            qCWarning(lcHistory, "The file %s could not be made writable", file.constData());
+    }
+}
+
 std::unique_ptr<SQLite::Database> open(const QByteArray &path)
 {
     struct stat status = {};
@@ -94,6 +106,7 @@ std::unique_ptr<SQLite::Database> openClipStore(const QString &folder)
     makeFolder(folder);
     const QByteArray path = QFile::encodeName(folder + QStringLiteral("/Quillmarsh.sqlite"));
     makeFile(path);
+    makeFilesWritable(path);
     try {
         std::unique_ptr<SQLite::Database> database = open(path);
         useWriteAheadLog(*database);

@@ -12,6 +12,7 @@
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/SearchFieldDelegate.h"
+#include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/SwopState.h"
 
@@ -241,7 +242,9 @@ void ViewController::updateNotice()
 {
     const SwopState &swop = m_appDelegate.swopState();
     if (!swop.performSwop())
-        m_views.setNotice(QString());
+        m_views.setNotice(m_appDelegate.history().isReadOnly()
+                              ? tr("Nothing is recorded: the history cannot be written")
+                              : QString());
     else if (!swop.swopClipItem())
         m_views.setNotice(tr("Swop: no selection is held, so the clip is only pasted"));
     else if (const QString name = swop.swopClipItem()->applicationName.value_or(QString());
