@@ -5,8 +5,9 @@
 #include <utility>
 
 ClipboardManagerRole::ClipboardManagerRole(SelectionConnection &connection,
+                                           std::chrono::milliseconds patience,
                                            std::function<Safety()> safety)
-    : m_connection(connection), m_safety(std::move(safety))
+    : m_connection(connection), m_patience(patience), m_safety(std::move(safety))
 {
 }
 
@@ -30,7 +31,8 @@ void ClipboardManagerRole::handle(const xcb_selection_request_event_t &request)
 {
     const SelectionAtoms &atoms = m_connection.atoms();
     if (request.target == atoms.saveTargets) {
-        save(request);
+        if (!save(request))
+            m_waiting.append({request, std::chrono::steady_clock::now() + m_patience});
         return;
     }
     const xcb_atom_t property =
@@ -49,9 +51,15 @@ void ClipboardManagerRole::handle(const xcb_selection_request_event_t &request)
 
 void ClipboardManagerRole::answerWaiting()
 {
-    const QList<xcb_selection_request_event_t> waiting = std::exchange(m_waiting, {});
-    for (const xcb_selection_request_event_t &request : waiting)
-        save(request);
+    m_waiting.removeIf([this](const Waiting &waiting) { return save(waiting.request); });
+}
+
+std::optional<std::chrono::steady_clock::time_point>
+ClipboardManagerRole::keepDeadlines(std::chrono::steady_clock::time_point now)
+{
+    while (!m_waiting.isEmpty() && m_waiting.first().until <= now)
+        finish(m_waiting.takeFirst().request, false);
+    return m_waiting.isEmpty() ? std::nullopt : std::optional(m_waiting.first().until);
 }
 
 bool ClipboardManagerRole::requestSave(const QList<xcb_atom_t> &targets, xcb_timestamp_t time)
@@ -93,20 +101,14 @@ void ClipboardManagerRole::announce(xcb_timestamp_t time)
                    reinterpret_cast<const char *>(&event));
 }
 
-void ClipboardManagerRole::save(const xcb_selection_request_event_t &request)
+bool ClipboardManagerRole::save(const xcb_selection_request_event_t &request)
 {
-    // Which formats the application lists does not matter: what can be kept was read at the copy.
-    switch (m_safety()) {
-    case Safety::Saved:
-        finish(request, true);
-        break;
-    case Safety::BeingRead:
-        m_waiting.append(request);
-        break;
-    case Safety::Impossible:
-        finish(request, false);
-        break;
-    }
+    // Which formats the application lists does not matter: all that can be kept are.
+    const Safety safety = m_safety();
+    if (safety == Safety::BeingRead)
+        return false;
+    finish(request, safety == Safety::Saved);
+    return true;
 }
 
 void ClipboardManagerRole::finish(const xcb_selection_request_event_t &request, bool isDone)

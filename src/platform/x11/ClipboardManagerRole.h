@@ -2,7 +2,9 @@
 
 #include <QList>
 
+#include <chrono>
 #include <functional>
+#include <optional>
 
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
@@ -19,8 +21,9 @@ public:
     enum class Safety { Saved, BeingRead, Impossible };
 
     /// `connection` is not owned and must outlive this object. `safety` is asked at each request
-    /// to save.
-    ClipboardManagerRole(SelectionConnection &connection, std::function<Safety()> safety);
+    /// to save, and again while it waits, which is `patience` at most.
+    ClipboardManagerRole(SelectionConnection &connection, std::chrono::milliseconds patience,
+                         std::function<Safety()> safety);
 
     /// Takes the part if it is free.
     void start();
@@ -31,6 +34,10 @@ public:
     /// The contents have been read, so those who wait for it can be answered.
     void answerWaiting();
 
+    /// Refuses those who have waited too long, and says when the next will have.
+    std::optional<std::chrono::steady_clock::time_point>
+    keepDeadlines(std::chrono::steady_clock::time_point now);
+
     /// Asks the other manager to save `targets` of what we own since `time`. False when there is
     /// no other one.
     [[nodiscard]] bool requestSave(const QList<xcb_atom_t> &targets, xcb_timestamp_t time);
@@ -40,11 +47,18 @@ public:
 private:
     void claim();
     void announce(xcb_timestamp_t time);
-    void save(const xcb_selection_request_event_t &request);
+    struct Waiting
+    {
+        xcb_selection_request_event_t request;
+        std::chrono::steady_clock::time_point until;
+    };
+
+    bool save(const xcb_selection_request_event_t &request);
     void finish(const xcb_selection_request_event_t &request, bool isDone);
 
     SelectionConnection &m_connection;
+    std::chrono::milliseconds m_patience;
     std::function<Safety()> m_safety;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME; ///< Since when the part is ours.
-    QList<xcb_selection_request_event_t> m_waiting;
+    QList<Waiting> m_waiting;                  ///< In the order of their coming.
 };

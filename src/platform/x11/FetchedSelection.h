@@ -4,7 +4,7 @@
 #include "platform/pasteboard/FileUris.h"
 
 #include <QByteArray>
-#include <QList>
+#include <QHash>
 #include <QStringList>
 
 #include <optional>
@@ -17,8 +17,8 @@ struct FetchedSelection
 {
     /// Every format the owner offers, by its name.
     QStringList types;
-    /// The same as this server numbers them.
-    QList<xcb_atom_t> offered;
+    /// How this server numbers them.
+    QHash<QString, xcb_atom_t> atoms;
     /// UTF-8, byte for byte as the owner sent it unless it sent another encoding.
     std::optional<QByteArray> text;
     std::optional<QByteArray> rtf;
@@ -30,6 +30,8 @@ struct FetchedSelection
     bool isTextTooLarge = false;
     /// False when something was offered that did not arrive.
     bool isComplete = true;
+    /// The owner was given up, so that it is no use to ask it for anything else.
+    bool isGivenUp = false;
     /// Marked as a secret; nothing was asked for then.
     bool isConcealed = false;
 

@@ -29,7 +29,7 @@ void OutgoingTransfers::send(xcb_window_t requestor, xcb_atom_t property,
     if (earlier != m_transfers.end())
         end(earlier);
     if (data.bytes.size() <= kPieceBytes)
-        m_connection.replace(requestor, property, data.type, data.bytes);
+        m_connection.replace(requestor, property, data.type, data.bytes, data.format);
     else
         begin(requestor, property, data);
 }
@@ -48,7 +48,8 @@ void OutgoingTransfers::handle(const xcb_property_notify_event_t &event)
     const qsizetype size = std::min(kPieceBytes, data.bytes.size() - transfer->sent);
     // The piece of no bytes after the last one is what says that all were sent.
     m_connection.replace(event.window, event.atom, data.type,
-                         QByteArray::fromRawData(data.bytes.constData() + transfer->sent, size));
+                         QByteArray::fromRawData(data.bytes.constData() + transfer->sent, size),
+                         data.format);
     transfer->sent += size;
     transfer->lastProgress = std::chrono::steady_clock::now();
     if (size == 0)

@@ -9,6 +9,9 @@
 /// the pasteboard up, and no large copy the memory. Tests shorten the times.
 struct PasteboardLimits
 {
+    /// Never more than this of one format.
+    static constexpr qint64 kLargestFormat = qint64(64) * 1024 * 1024;
+
     /// An owner that sends nothing for so long is given up.
     std::chrono::milliseconds ownerStall{2'000};
     /// And so is one that takes so long in all, however diligently it drips.
@@ -17,13 +20,17 @@ struct PasteboardLimits
     /// that they own the selection before they know it.
     std::array<std::chrono::milliseconds, 2> askAgain{std::chrono::milliseconds(50),
                                                       std::chrono::milliseconds(250)};
+    /// What was copied is read whole, in case its owner dies, once the owner has had rest so long.
+    std::chrono::milliseconds rest{200};
+    /// And that takes no longer, nor does an owner wait longer that asks for it.
+    std::chrono::milliseconds keep{5'000};
+    /// Never more than this of one copy is kept, in bytes.
+    qint64 largestKept = kLargestFormat;
     /// A requestor that takes nothing for so long gets no more.
     std::chrono::milliseconds requestorStall{10'000};
     /// For another clipboard manager to take the contents over when we quit.
     std::chrono::milliseconds handover{2'000};
 
-    /// Never more than this of one format.
-    static constexpr qint64 kLargestFormat = qint64(64) * 1024 * 1024;
     /// A text that is no use to the application is still worth keeping alive, up to this size.
     static constexpr qint64 kLargestIdleText = qint64(4) * 1024 * 1024;
 };

@@ -20,7 +20,8 @@ PasteboardService::PasteboardService(SelectionConnection &connection, Pasteboard
       m_listeners(std::move(listeners)), m_pool(connection),
       m_clipboardReader(connection, m_pool, m_limits),
       m_primaryReader(connection, m_pool, m_limits), m_server(connection, m_limits.requestorStall),
-      m_managerRole(connection, [this] { return safety(); }), m_front(connection.server(), names)
+      m_managerRole(connection, m_limits.keep, [this] { return secure(); }),
+      m_front(connection.server(), names), m_kept(connection, m_pool, m_limits)
 {
 }
 
@@ -64,10 +65,14 @@ std::optional<PasteboardService::TimePoint> PasteboardService::keepDeadlines(Tim
     m_primaryReader.checkClock(now);
     collectFinished();
     std::optional<TimePoint> next = m_server.transfers().keepDeadlines(now);
-    for (const SelectionReader *reader : {&m_clipboardReader, &m_primaryReader}) {
-        if (const std::optional<TimePoint> deadline = reader->deadline())
+    for (const std::optional<TimePoint> deadline :
+         {m_clipboardReader.deadline(), m_primaryReader.deadline(), m_kept.keepDeadlines(now),
+          m_managerRole.keepDeadlines(now)}) {
+        if (deadline)
             next = next ? std::min(*next, *deadline) : deadline;
     }
+    // One who waits for what was given up just now.
+    m_managerRole.answerWaiting();
     return next;
 }
 
@@ -105,21 +110,16 @@ void PasteboardService::clear()
 
 void PasteboardService::judge(qint64 changeCount, Pasteboard::Judgement judgement)
 {
-    if (!m_kept || m_kept->changeCount != changeCount)
-        return;
-    if (judgement == Pasteboard::Judgement::Discard) {
-        m_kept.reset();
-        return;
-    }
-    m_kept->isJudged = true;
+    m_kept.judge(changeCount, judgement);
     adoptIfJudged();
+    m_managerRole.answerWaiting();
 }
 
 void PasteboardService::offerPrimary()
 {
     std::shared_ptr<const SelectionOffer> offer = m_server.offer(m_connection.atoms().clipboard);
-    if (!offer && m_kept)
-        offer = m_kept->offer;
+    if (!offer)
+        offer = m_kept.offer();
     if (offer)
         offer = offer->textAlone();
     if (!offer)
@@ -168,11 +168,12 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
         publishClipboard(m_clipboardReader.abandon());
     if (event.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
         m_server.release(event.selection);
+        m_kept.handleDeath();
         m_ownerDied = event.timestamp;
         adoptIfJudged();
         return;
     }
-    m_kept.reset();
+    m_kept.forget();
     m_ownerDied.reset();
     if (event.owner == m_connection.window()) {
         m_server.confirm(event.selection, event.selection_timestamp);
@@ -203,8 +204,8 @@ void PasteboardService::handlePrimaryOwner(const xcb_xfixes_selection_notify_eve
 void PasteboardService::handleProperty(const xcb_property_notify_event_t &event)
 {
     if (event.window == m_connection.window()) {
-        if (!m_clipboardReader.handle(event))
-            m_primaryReader.handle(event);
+        if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event))
+            m_kept.handle(event);
     } else if (event.window == m_connection.server().root()) {
         m_front.handle(event);
     } else {
@@ -219,7 +220,7 @@ void PasteboardService::handleAnswer(const xcb_selection_notify_event_t &event)
             std::exchange(m_handedOver, nullptr)();
         return;
     }
-    if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event))
+    if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event) && !m_kept.handle(event))
         m_pool.handleLate(event);
 }
 
@@ -234,6 +235,7 @@ void PasteboardService::serve(const xcb_selection_request_event_t &request)
 
 void PasteboardService::beginReading(xcb_window_t owner, xcb_timestamp_t time)
 {
+    m_clipboardTime = time;
     m_clipboardReader.begin(m_connection.atoms().clipboard, time, largestRead());
     // The owner can work on its answer while we look at the window in front.
     xcb_flush(m_connection.xcb());
@@ -248,6 +250,7 @@ void PasteboardService::collectFinished()
     // A terminal in which nothing is marked has copied nothing.
     if (primary && (primary->text || primary->isTextTooLarge || primary->isConcealed))
         publish(*primary, m_primaryFront);
+    m_managerRole.answerWaiting();
 }
 
 qint64 PasteboardService::publish(const FetchedSelection &fetched,
@@ -264,18 +267,16 @@ qint64 PasteboardService::publish(const FetchedSelection &fetched,
 void PasteboardService::publishClipboard(const FetchedSelection &fetched)
 {
     const qint64 changeCount = publish(fetched, m_clipboardFront);
-    std::shared_ptr<const SelectionOffer> offer = SelectionOffer::of(fetched);
-    if (!offer->isEmpty())
-        m_kept = Kept{changeCount, std::move(offer)};
-    m_managerRole.answerWaiting();
+    m_kept.begin(changeCount, fetched, m_clipboardTime);
 }
 
 void PasteboardService::adoptIfJudged()
 {
-    if (!m_ownerDied || !m_kept || !m_kept->isJudged)
+    if (!m_ownerDied || !m_kept.isWanted() || !m_kept.offer())
         return;
     // With the time of the death, so that the server refuses when somebody has copied since.
-    claim(m_connection.atoms().clipboard, m_kept->offer, *std::exchange(m_ownerDied, std::nullopt));
+    claim(m_connection.atoms().clipboard, m_kept.offer(),
+          *std::exchange(m_ownerDied, std::nullopt));
 }
 
 // By value: an event that is handled meanwhile may drop the kept offer that was passed.
@@ -299,13 +300,12 @@ bool PasteboardService::claim(xcb_atom_t selection, std::shared_ptr<const Select
     return isOurs;
 }
 
-ClipboardManagerRole::Safety PasteboardService::safety() const
+ClipboardManagerRole::Safety PasteboardService::secure()
 {
     using Safety = ClipboardManagerRole::Safety;
     if (m_clipboardReader.isReading())
         return Safety::BeingRead;
-    return m_kept || m_server.isServing(m_connection.atoms().clipboard) ? Safety::Saved
-                                                                        : Safety::Impossible;
+    return m_server.isServing(m_connection.atoms().clipboard) ? Safety::Saved : m_kept.secure();
 }
 
 qint64 PasteboardService::largestRead() const

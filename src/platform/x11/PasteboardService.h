@@ -3,6 +3,7 @@
 #include "platform/Pasteboard.h"
 #include "platform/x11/ClipboardManagerRole.h"
 #include "platform/x11/FrontWindowTracker.h"
+#include "platform/x11/KeptCopy.h"
 #include "platform/x11/PasteboardChanges.h"
 #include "platform/x11/PropertyPool.h"
 #include "platform/x11/SelectionConnection.h"
@@ -59,14 +60,6 @@ public:
     void handOver(std::function<void()> done);
 
 private:
-    /// What was read of the present owner, in case it dies.
-    struct Kept
-    {
-        qint64 changeCount;
-        std::shared_ptr<const SelectionOffer> offer;
-        bool isJudged = false;
-    };
-
     void handleOwnerChange(const xcb_xfixes_selection_notify_event_t &event);
     void handleClipboardOwner(const xcb_xfixes_selection_notify_event_t &event);
     void handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event);
@@ -80,7 +73,7 @@ private:
     void adoptIfJudged();
     bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
                xcb_timestamp_t time);
-    ClipboardManagerRole::Safety safety() const;
+    ClipboardManagerRole::Safety secure();
     qint64 largestRead() const;
 
     SelectionConnection &m_connection;
@@ -96,7 +89,8 @@ private:
     FrontWindowTracker::Front m_clipboardFront; ///< At the change that is being read.
     FrontWindowTracker::Front m_primaryFront;
     std::optional<xcb_window_t> m_pasteTarget; ///< Until it has asked for what was pasted.
-    std::optional<Kept> m_kept;
+    KeptCopy m_kept;
+    xcb_timestamp_t m_clipboardTime = XCB_CURRENT_TIME; ///< Of what is being read.
     std::optional<xcb_timestamp_t> m_ownerDied; ///< Until its contents are adopted or forgotten.
     bool m_isClearing = false;
     std::function<void()> m_handedOver;

@@ -34,6 +34,7 @@ constexpr Row kRows[] = {
     {&SelectionAtoms::uriList, "text/uri-list"},
     {&SelectionAtoms::gnomeCopiedFiles, "x-special/gnome-copied-files"},
     {&SelectionAtoms::kdeCutSelection, "application/x-kde-cutselection"},
+    {&SelectionAtoms::imagePng, "image/png"},
 };
 
 } // namespace

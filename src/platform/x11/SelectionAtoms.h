@@ -31,6 +31,7 @@ struct SelectionAtoms
     xcb_atom_t uriList = XCB_ATOM_NONE;
     xcb_atom_t gnomeCopiedFiles = XCB_ATOM_NONE;
     xcb_atom_t kdeCutSelection = XCB_ATOM_NONE;
+    xcb_atom_t imagePng = XCB_ATOM_NONE;
 
     static SelectionAtoms intern(xcb_connection_t *connection);
 };

@@ -66,10 +66,11 @@ std::optional<SelectionConnection::Value> SelectionConnection::read(xcb_window_t
 }
 
 void SelectionConnection::replace(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
-                                  const QByteArray &bytes)
+                                  const QByteArray &bytes, int format)
 {
-    xcb_change_property(xcb(), XCB_PROP_MODE_REPLACE, window, property, type, 8,
-                        static_cast<quint32>(bytes.size()), bytes.constData());
+    xcb_change_property(xcb(), XCB_PROP_MODE_REPLACE, window, property, type,
+                        static_cast<quint8>(format),
+                        static_cast<quint32>(bytes.size() / (format / 8)), bytes.constData());
 }
 
 void SelectionConnection::replace(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,

@@ -52,9 +52,9 @@ public:
     std::optional<Value> read(xcb_window_t window, xcb_atom_t property, qint64 offset,
                               qint64 most) const;
 
-    /// Replaces a property with bytes.
-    void replace(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
-                 const QByteArray &bytes);
+    /// Replaces a property with bytes, which make elements of `format` bits.
+    void replace(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, const QByteArray &bytes,
+                 int format = 8);
     /// Replaces a property with 32-bit numbers.
     void replace(xcb_window_t window, xcb_atom_t property, xcb_atom_t type,
                  const QList<quint32> &numbers);

@@ -1,7 +1,10 @@
 #include "platform/x11/SelectionOffer.h"
 
 #include "platform/pasteboard/FileUris.h"
+#include "platform/pasteboard/PictureFormats.h"
 #include "platform/pasteboard/SelectionText.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -47,6 +50,38 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::textAlone() const
     return offer;
 }
 
+std::shared_ptr<const SelectionOffer> SelectionOffer::with(const QList<Kept> &formats,
+                                                           const QHash<QString, xcb_atom_t> &atoms,
+                                                           xcb_atom_t imagePng) const
+{
+    std::shared_ptr<SelectionOffer> offer(new SelectionOffer(*this));
+    offer->m_kept += formats;
+    QHash<QString, xcb_atom_t> names = atoms;
+    names[PictureFormats::kPng] = imagePng;
+    for (const QString &name : PictureFormats::inOrder(atoms.keys())) {
+        const auto kept = std::find_if(formats.begin(), formats.end(), [&](const Kept &format) {
+            return format.target == atoms[name];
+        });
+        if (kept == formats.end())
+            continue;
+        offer->m_picture = kept->data.bytes;
+        for (const QString &other : PictureFormats::writable(offer->m_picture, names.keys())) {
+            if (other != name)
+                offer->m_encodings[names[other]] = other;
+        }
+        break;
+    }
+    return offer;
+}
+
+qint64 SelectionOffer::byteCount() const
+{
+    qint64 bytes = (m_text ? m_text->size() : 0) + (m_rtf ? m_rtf->size() : 0) + m_uriList.size();
+    for (const Kept &format : m_kept)
+        bytes += format.data.bytes.size();
+    return bytes;
+}
+
 QList<xcb_atom_t> SelectionOffer::targets(const SelectionAtoms &atoms) const
 {
     QList<xcb_atom_t> targets;
@@ -63,6 +98,9 @@ QList<xcb_atom_t> SelectionOffer::targets(const SelectionAtoms &atoms) const
         targets << XCB_ATOM_STRING;
     if (m_rtf)
         targets << atoms.textRtf << atoms.applicationRtf;
+    for (const Kept &format : m_kept)
+        targets << format.target;
+    targets << m_encodings.keys();
     return targets;
 }
 
@@ -71,6 +109,14 @@ std::optional<SelectionOffer::Data> SelectionOffer::convert(xcb_atom_t target,
 {
     if (!targets(atoms).contains(target))
         return std::nullopt;
+    const auto kept = std::find_if(m_kept.begin(), m_kept.end(),
+                                   [&](const Kept &format) { return format.target == target; });
+    if (kept != m_kept.end())
+        return kept->data;
+    if (m_encodings.contains(target)) {
+        const auto picture = PictureFormats::convert(m_picture, m_encodings[target]);
+        return picture ? std::optional(Data{target, *picture}) : std::nullopt;
+    }
     if (target == atoms.gnomeCopiedFiles)
         return Data{target, FileUris::gnomeList(m_fileNames, m_fileAction)};
     if (target == atoms.kdeCutSelection)

@@ -5,6 +5,7 @@
 #include "platform/x11/SelectionAtoms.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QStringList>
 
@@ -21,6 +22,14 @@ public:
     {
         xcb_atom_t type = XCB_ATOM_NONE;
         QByteArray bytes;
+        int format = 8; ///< Bits of an element.
+    };
+
+    /// A format in its owner's own bytes.
+    struct Kept
+    {
+        xcb_atom_t target = XCB_ATOM_NONE;
+        Data data;
     };
 
     /// What the application writes. Files without a text offer their paths as text. Files
@@ -33,7 +42,15 @@ public:
     /// The same text and nothing else; null when there is no text.
     std::shared_ptr<const SelectionOffer> textAlone() const;
 
-    bool isEmpty() const { return !m_text && !m_rtf && m_uriList.isEmpty(); }
+    /// The same, and what was read besides. A picture among it is offered as PNG, too, and under
+    /// those of the names in `atoms` that it can be written as.
+    std::shared_ptr<const SelectionOffer> with(const QList<Kept> &formats,
+                                               const QHash<QString, xcb_atom_t> &atoms,
+                                               xcb_atom_t imagePng) const;
+
+    bool isEmpty() const { return !m_text && !m_rtf && m_uriList.isEmpty() && m_kept.isEmpty(); }
+
+    qint64 byteCount() const;
 
     QList<xcb_atom_t> targets(const SelectionAtoms &atoms) const;
 
@@ -49,4 +66,7 @@ private:
     QByteArray m_uriList;
     QStringList m_fileNames;
     FileUris::Action m_fileAction = FileUris::Action::Copy;
+    QList<Kept> m_kept;
+    QByteArray m_picture;                   ///< One of the kept.
+    QHash<xcb_atom_t, QString> m_encodings; ///< What the picture can be written as.
 };

@@ -79,6 +79,7 @@ void SelectionReader::checkClock(TimePoint now)
     }
     // A hung owner would not answer the next question either.
     m_isInterrupted = true;
+    m_fetched.isGivenUp = true;
     finish();
 }
 
@@ -262,8 +263,9 @@ void SelectionReader::finish()
     m_isReading = false;
     m_isFinished = true;
     const QList<xcb_atom_t> named = m_offered.mid(0, kMostTypes);
-    m_fetched.offered = named;
     m_fetched.types = namesOf(named);
+    for (const xcb_atom_t atom : named)
+        m_fetched.atoms[nameOf(atom)] = atom;
     m_missing.remove(Part::CutMark);
     if (m_mayHaveNoText)
         m_missing.remove(Part::Text);

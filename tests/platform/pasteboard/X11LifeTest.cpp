@@ -130,10 +130,11 @@ TEST(X11Life, anApplicationThatAsksForItsCopyToBeSavedMayQuitOnceItIsAnswered)
     owner.own("CLIPBOARD", {{"UTF8_STRING", QByteArray(500'000, 'x')}});
     // Asked while the copy is still being read.
     owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    stage->judge(1, Judgement::Keep);
     ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.isAnswered(); }));
     EXPECT_FALSE(owner.isRefused());
     owner.die();
-    stage->judge(1, Judgement::Keep);
     EXPECT_TRUE(isServed(stage, QByteArray(500'000, 'x')));
 }
 

@@ -1,0 +1,177 @@
+#include "platform/pasteboard/X11Stage.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Judgement = Pasteboard::Judgement;
+
+QByteArray picture(const char *encoding)
+{
+    QImage image(3, 2, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    image.save(&buffer, encoding);
+    return buffer.data();
+}
+
+/// A word processor's copy.
+XcbClient::Formats document()
+{
+    return {{"UTF8_STRING", "text"},
+            {"text/rtf", "{\\rtf1 text}"},
+            {"text/html", "<b>text</b>"},
+            {"image/png", picture("png")},
+            {"image/bmp", picture("bmp")},
+            {"application/x-document", QByteArray(500'000, 'x')},
+            {"DELETE", ""}};
+}
+
+class X11Kept : public testing::Test
+{
+protected:
+    /// The owner copies, and the application judges that.
+    void copy(XcbClient &owner, const XcbClient::Formats &formats, Judgement judgement)
+    {
+        const qint64 count = m_stage->changeCount() + 1;
+        owner.own("CLIPBOARD", formats);
+        ASSERT_TRUE(m_stage.reaches(count, {&owner}));
+        m_stage->judge(count, judgement);
+    }
+    /// Whether the owner, which asks for its copy to be saved, is told that it is.
+    bool isSaved(XcbClient &owner)
+    {
+        owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+        return pumpUntil({&owner}, [&] { return owner.isAnswered(); }) && !owner.isRefused();
+    }
+    bool isServed(const QByteArray &target, const QByteArray &bytes)
+    {
+        XcbClient requestor;
+        return pumpUntil({&requestor}, [&] { return requestor.owner("CLIPBOARD") != 0; }) &&
+               m_stage.paste(target) == bytes;
+    }
+
+    X11Stage m_stage;
+    XcbClient m_owner;
+};
+
+TEST_F(X11Kept, everythingThatADeadOwnerListedOutlivesItOnceItHadRest)
+{
+    const XcbClient::Formats formats = document();
+    copy(m_owner, formats, Judgement::Keep);
+    ASSERT_TRUE(pumpUntil({&m_owner}, [&] {
+        return m_owner.requests().contains("application/x-document") &&
+               m_owner.hasSent(m_owner.sentBytes());
+    }));
+    EXPECT_EQ(m_owner.requests().count("DELETE"), 0);
+    EXPECT_EQ(m_owner.requests().count("image/bmp"), 0) << "it is the same picture";
+    m_owner.die();
+    for (const QByteArray target : {"UTF8_STRING", "text/rtf", "text/html", "image/png"})
+        EXPECT_TRUE(isServed(target, formats[target])) << target.constData();
+    EXPECT_EQ(QImage::fromData(m_stage.paste("image/bmp").value_or(QByteArray())).pixelColor(2, 1),
+              QColor(Qt::red));
+    EXPECT_EQ(m_stage.paste("DELETE"), std::nullopt);
+    EXPECT_EQ(m_stage->changeCount(), 1);
+    EXPECT_EQ(m_stage->contents()->text, QStringLiteral("text"));
+}
+
+TEST_F(X11Kept, aPictureAloneIsKeptAndOfferedAsPng)
+{
+    copy(m_owner, {{"image/bmp", picture("bmp")}}, Judgement::Keep);
+    EXPECT_TRUE(isSaved(m_owner));
+    m_owner.die();
+    EXPECT_TRUE(isServed("image/bmp", picture("bmp")));
+    EXPECT_EQ(QImage::fromData(m_stage.paste("image/png").value_or(QByteArray()), "png").size(),
+              QSize(3, 2));
+    EXPECT_EQ(m_stage.paste("UTF8_STRING"), std::nullopt);
+}
+
+TEST_F(X11Kept, anOwnerThatAsksIsToldThatItIsSavedOnceAllIs)
+{
+    const qint64 count = 1;
+    m_owner.own("CLIPBOARD", document());
+    m_owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    ASSERT_TRUE(m_stage.reaches(count, {&m_owner}));
+    EXPECT_FALSE(m_owner.isAnswered()) << "nobody has judged it yet";
+    m_stage->judge(count, Judgement::Keep);
+    ASSERT_TRUE(pumpUntil({&m_owner}, [&] { return m_owner.isAnswered(); }));
+    EXPECT_FALSE(m_owner.isRefused());
+    m_owner.die();
+    EXPECT_TRUE(isServed("application/x-document", QByteArray(500'000, 'x')));
+}
+
+TEST_F(X11Kept, aDiscardedOrSecretCopyIsNeitherReadNorSaidToBeSaved)
+{
+    copy(m_owner, document(), Judgement::Discard);
+    EXPECT_FALSE(isSaved(m_owner));
+    EXPECT_EQ(m_owner.requests().count("text/html"), 0);
+    XcbClient::Formats secret = document();
+    secret["x-kde-passwordManagerHint"] = "secret";
+    copy(m_owner, secret, Judgement::Keep);
+    EXPECT_FALSE(isSaved(m_owner));
+    EXPECT_EQ(m_owner.requests().count("text/html"), 0);
+}
+
+TEST_F(X11Kept, copiesInARowLeaveNoTimeToReadAllButTheLast)
+{
+    for (int i = 0; i < 5; ++i)
+        copy(m_owner, document(), Judgement::Keep);
+    ASSERT_TRUE(pumpUntil({&m_owner},
+                          [&] { return m_owner.requests().contains("application/x-document"); }));
+    EXPECT_EQ(m_owner.requests().count("text/html"), 1);
+}
+
+struct LimitRow
+{
+    const char *name;
+    QByteArray hangsOn;
+    qint64 largestKept;
+};
+
+class X11KeptLimits : public testing::TestWithParam<LimitRow>
+{
+};
+
+TEST_P(X11KeptLimits, leaveWhatCameBeforeAndAreNotSaidToBeSaved)
+{
+    PasteboardLimits limits;
+    limits.ownerStall = 300ms;
+    limits.largestKept = GetParam().largestKept;
+    X11Stage stage(limits);
+    XcbClient owner;
+    owner.manners.hangsOn = GetParam().hangsOn;
+    owner.own("CLIPBOARD", document());
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    stage->judge(1, Judgement::Keep);
+    owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.isAnswered(); }));
+    EXPECT_TRUE(owner.isRefused());
+    owner.die();
+    ASSERT_TRUE(pumpUntil({}, [&] { return stage.paste("text/html") == "<b>text</b>"; }));
+    EXPECT_EQ(stage.paste("application/x-document"), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, X11KeptLimits,
+                         testing::Values(LimitRow{"hungOwner", "application/x-document",
+                                                  PasteboardLimits::kLargestFormat},
+                                         LimitRow{"tooMuch", {}, 400'000}),
+                         [](const auto &row) { return std::string(row.param.name); });
+
+TEST(X11KeptUnjudged, isRefusedToAnOwnerThatWaitsAfterAWhile)
+{
+    PasteboardLimits limits;
+    limits.keep = 100ms;
+    X11Stage stage(limits);
+    XcbClient owner;
+    owner.copy("never judged");
+    ASSERT_TRUE(stage.reaches(1, {&owner}));
+    owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.isAnswered(); }));
+    EXPECT_TRUE(owner.isRefused());
+}
+
+} // namespace
