@@ -16,8 +16,8 @@ class StatusBar : public QObject
 public:
     using QObject::QObject;
 
-    /// Shows the item, now or as soon as there is a status area. `menu` is not owned and must
-    /// outlive this object; its entries may change later. `icon` has one colour, which gives way to
+    /// Shows the item, now or as soon as there is a status area. Either button opens `menu` at the
+    /// click; it is not owned and must outlive this object; its entries may change later. `icon` has one colour, which gives way to
     /// the panel's own where that is known.
     virtual void showItem(const QIcon &icon, const QString &toolTip, QMenu *menu) = 0;
 
@@ -26,6 +26,4 @@ public:
 
 Q_SIGNALS:
     void isItemVisibleChanged(bool isVisible);
-    /// The item itself was clicked (not its menu), on desktops that tell the two apart.
-    void activated();
 };

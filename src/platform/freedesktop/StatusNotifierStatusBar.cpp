@@ -1,5 +1,6 @@
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 
+#include <QCursor>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -157,11 +158,19 @@ void StatusNotifierStatusBar::makeItem()
     m_item->setContextMenu(m_menu);
     connect(m_item.get(), &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
+                // The other button's menu is the panel's affair, or the tray icon's own.
                 if (reason == QSystemTrayIcon::Trigger)
-                    Q_EMIT activated();
+                    openMenu();
             });
     m_item->show();
     // Once the tray is known to Qt, which would stop us listening to its colours.
     if (m_kind == Kind::Embedded)
         m_item->setIcon(itemIcon());
+}
+
+void StatusNotifierStatusBar::openMenu()
+{
+    // A panel that sends every click here would otherwise open it twice.
+    if (!m_menu->isVisible())
+        m_menu->popup(QCursor::pos());
 }

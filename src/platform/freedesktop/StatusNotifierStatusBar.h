@@ -42,6 +42,8 @@ private:
     void update();
     bool hasPlace() const;
     void makeItem();
+    /// The item's menu at the pointer.
+    void openMenu();
     QIcon itemIcon() const;
 
     std::unique_ptr<TrayArea> m_trayArea;

@@ -31,6 +31,7 @@ void startTray(QProcess &tray)
 TEST(EmbeddedStatusBar, theItemFollowsATrayThatComesAndGoesAndComesBack)
 {
     QMenu menu;
+    menu.addAction(QStringLiteral("an entry"));
     QPixmap picture(22, 22);
     picture.fill(Qt::darkGreen);
     StatusNotifierStatusBar bar(std::make_unique<X11TrayArea>());
@@ -40,7 +41,16 @@ TEST(EmbeddedStatusBar, theItemFollowsATrayThatComesAndGoesAndComesBack)
         QProcess tray;
         startTray(tray);
         ASSERT_TRUE(QTest::qWaitFor([&] { return bar.isItemVisible(); }));
-        EXPECT_TRUE(QTest::qWaitFor([] { return embeddedWindow() != nullptr; }));
+        ASSERT_TRUE(QTest::qWaitFor([] { return embeddedWindow() != nullptr; }));
+        QWidget &item = *embeddedWindow();
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+            const QPoint click = item.mapToGlobal(item.rect().center());
+            QCursor::setPos(click);
+            QTest::mouseClick(&item, button);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return menu.isVisible(); })) << button;
+            EXPECT_TRUE(menu.geometry().adjusted(-1, -1, 1, 1).contains(click)) << button;
+            menu.close();
+        }
         tray.kill();
         ASSERT_TRUE(tray.waitForFinished());
         EXPECT_TRUE(QTest::qWaitFor([&] { return !bar.isItemVisible(); }));

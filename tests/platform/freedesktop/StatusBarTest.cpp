@@ -2,6 +2,8 @@
 
 #include "BusService.h"
 
+#include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QMenu>
 #include <QPixmap>
 #include <QTest>
@@ -103,6 +105,26 @@ TEST_F(StatusNotifierStatusBarTest, theItemWaitsForAHostAndNotOnlyForTheWatcher)
     EXPECT_TRUE(becomesVisible(false));
     watcher->tell([](FakeWatcher &fake) { fake.setHasHost(true); });
     EXPECT_TRUE(becomesVisible(true));
+}
+
+TEST_F(StatusNotifierStatusBarTest, aClickOnTheItemOpensItsMenuThere)
+{
+    startWatcher(true);
+    menu.addAction(QStringLiteral("an entry"));
+    showItem(bar);
+    ASSERT_TRUE(becomesVisible(true));
+    ASSERT_TRUE(isRegisteredOnce());
+    const QString item = watcher->ask([](FakeWatcher &fake) { return fake.items.front(); });
+    const QPoint click(300, 200);
+    QCursor::setPos(click);
+    QDBusConnection::sessionBus().asyncCall(
+        QDBusMessage::createMethodCall(item, QStringLiteral("/StatusNotifierItem"),
+                                       QStringLiteral("org.kde.StatusNotifierItem"),
+                                       QStringLiteral("Activate"))
+        << click.x() << click.y());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return menu.isVisible(); }));
+    EXPECT_TRUE(menu.geometry().adjusted(-1, -1, 1, 1).contains(click));
+    menu.close();
 }
 
 TEST_F(StatusNotifierStatusBarTest, theItemComesBackWhenThePanelIsRestarted)
