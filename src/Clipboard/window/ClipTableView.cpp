@@ -121,9 +121,10 @@ void ClipTableView::tellSelection(const QModelIndex &index)
 {
     QAccessibleInterface *list =
         QAccessible::isActive() ? QAccessible::queryAccessibleInterface(this) : nullptr;
-    if (!list || !list->tableInterface())
+    QAccessibleTableInterface *cells = list ? list->tableInterface() : nullptr;
+    if (!cells)
         return;
-    if (QAccessibleInterface *cell = list->tableInterface()->cellAt(index.row(), index.column())) {
+    if (QAccessibleInterface *cell = cells->cellAt(index.row(), index.column())) {
         QAccessibleEvent selected(cell, QAccessible::Selection);
         QAccessible::updateAccessibility(&selected);
     }
