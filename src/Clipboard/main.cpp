@@ -8,6 +8,7 @@
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
 #include "platform/freedesktop/UserFolders.h"
+#include "updates/ProxyQuestion.h"
 
 #include <QApplication>
 #include <QFile>
@@ -120,9 +121,8 @@ std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
     return std::nullopt;
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+/// The whole life of the process, but for its last step.
+int live(int argc, char **argv)
 {
     // A log line is its text and nothing else, unless somebody who looks for a fault asks for more.
     if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
@@ -148,4 +148,17 @@ int main(int argc, char **argv)
     // The door listens on the application's event loop and so is closed before it.
     const std::unique_ptr<InstanceDoor> door = std::move(entered);
     return runApplication(application, *door, line.action);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const int status = live(argc, argv);
+    // A proxy that hangs must not hold up the end; everything is saved, and nothing else matters.
+    if (ProxyQuestion::isAnyOpen()) {
+        std::fflush(nullptr);
+        std::_Exit(status);
+    }
+    return status;
 }

@@ -1,13 +1,12 @@
 #include "updates/HttpsExchange.h"
 
-#include <QCoreApplication>
+#include "updates/ProxyQuestion.h"
+
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
 #include <QNetworkReply>
-#include <QPointer>
 #include <QSslCertificate>
 #include <QSslConfiguration>
-#include <QThreadPool>
 
 namespace {
 
@@ -108,20 +107,10 @@ void HttpsExchange::send(const QUrl &url)
         return;
     }
     m_request.setUrl(url);
-    // Asked on another thread, because whoever knows the proxy may be another program.
-    QThreadPool::globalInstance()->start([self = QPointer<HttpsExchange>(this), url] {
-        const QNetworkProxy proxy =
-            QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url))
-                .value(0, QNetworkProxy::NoProxy);
-        // To the application, which outlives the pool's threads; only there may `self` be asked.
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [self, proxy] {
-                HttpsExchange *exchange = self.data();
-                if (exchange && !exchange->m_isOver)
-                    exchange->start(proxy);
-            },
-            Qt::QueuedConnection);
+    auto *question = new ProxyQuestion(url, this);
+    connect(question, &ProxyQuestion::answered, this, [this](const QNetworkProxy &proxy) {
+        if (!m_isOver)
+            start(proxy);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "platform/freedesktop/TerminationSignals.h"
 #include "platform/freedesktop/UserFolders.h"
 #include "updates/DMHelperAppDelegate.h"
+#include "updates/ProxyQuestion.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -10,9 +11,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-// The update helper: a status item of its own, from which the main application is updated while it
-// does not run.
-int main(int argc, char **argv)
+namespace {
+
+/// The whole life of the process, but for its last step.
+int live(int argc, char **argv)
 {
     UserFolders::settle();
     if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {
@@ -35,4 +37,19 @@ int main(int argc, char **argv)
                      &QCoreApplication::quit);
     delegate.applicationDidFinishLaunching();
     return QApplication::exec();
+}
+
+} // namespace
+
+// The update helper: a status item of its own, from which the main application is updated while it
+// does not run.
+int main(int argc, char **argv)
+{
+    const int status = live(argc, argv);
+    // A proxy that hangs must not hold up the end.
+    if (ProxyQuestion::isAnyOpen()) {
+        std::fflush(nullptr);
+        std::_Exit(status);
+    }
+    return status;
 }

@@ -1,0 +1,50 @@
+#include "updates/ProxyQuestion.h"
+
+#include "platform/SignalStack.h"
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+std::atomic<int> g_openQuestions = 0;
+
+} // namespace
+
+/// What the thread knows of the question, which may be gone before the answer comes.
+struct ProxyQuestion::Link
+{
+    std::mutex mutex;
+    ProxyQuestion *question;
+};
+
+ProxyQuestion::ProxyQuestion(const QUrl &url, QObject *parent)
+    : QObject(parent), m_link(std::make_shared<Link>())
+{
+    m_link->question = this;
+    ++g_openQuestions;
+    std::thread([link = m_link, url] {
+        const SignalStack signalStack;
+        const QNetworkProxy proxy =
+            QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url))
+                .value(0, QNetworkProxy::NoProxy);
+        const std::lock_guard lock(link->mutex);
+        if (ProxyQuestion *question = link->question)
+            QMetaObject::invokeMethod(
+                question, [question, proxy] { Q_EMIT question->answered(proxy); },
+                Qt::QueuedConnection);
+        --g_openQuestions;
+    }).detach();
+}
+
+ProxyQuestion::~ProxyQuestion()
+{
+    const std::lock_guard lock(m_link->mutex);
+    m_link->question = nullptr;
+}
+
+bool ProxyQuestion::isAnyOpen()
+{
+    return g_openQuestions > 0;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QNetworkProxy>
+#include <QObject>
+#include <QUrl>
+
+#include <memory>
+
+/// Asks the system which proxy leads to an address, on a thread of its own, because whoever knows
+/// may be another program. Owned by who asks; main thread. Destroying it while there is no answer
+/// leaves that thread alone: one that hangs can be ended only with the process.
+class ProxyQuestion : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ProxyQuestion(const QUrl &url, QObject *parent = nullptr);
+    ~ProxyQuestion() override;
+
+    /// Whether anybody's question has no answer yet. A process that ends then must not wait for
+    /// what its libraries tidy up, which waits for the answer.
+    static bool isAnyOpen();
+
+Q_SIGNALS:
+    /// Once, never before the event loop goes on.
+    void answered(const QNetworkProxy &proxy);
+
+private:
+    struct Link;
+
+    std::shared_ptr<Link> m_link;
+};
