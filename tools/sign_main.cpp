@@ -93,7 +93,7 @@ int sign(const QByteArray &secret, const QString &path, UpdateItem item)
     if (!file.open(QIODevice::ReadOnly))
         return refuse(QStringLiteral("%1: %2").arg(path, file.errorString()));
     item.size = file.size();
-    const QByteArray digest = UpdateSignature::digest(file);
+    const QByteArray digest = UpdateSignature::digest(file, false);
     if (digest.isEmpty())
         return refuse(QStringLiteral("%1: %2").arg(path, file.errorString()));
     const QByteArray text = UpdateSignature::message(item, digest);

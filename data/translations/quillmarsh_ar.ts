@@ -363,7 +363,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. تأتي التحديثات مع مدير الحزم في نظامك.</translation>
     </message>
 </context>
@@ -781,7 +781,7 @@ file: lists copied files.</source>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>ثبّت مدير الحزم في نظامك Quillmarsh، وهو الذي يحدّثه أيضًا.</translation>
     </message>
     <message>
@@ -791,6 +791,10 @@ file: lists copied files.</source>
     <message>
         <source>The folder %1 cannot be written to.</source>
         <translation>لا يمكن الكتابة في المجلد %1.</translation>
+    </message>
+    <message>
+        <source>%1 was replaced while Quillmarsh was running. Restart Quillmarsh to use what is there now.</source>
+        <translation>استُبدل %1 بينما كان Quillmarsh يعمل. أعد تشغيل Quillmarsh لاستخدام ما هو موجود هناك الآن.</translation>
     </message>
 </context>
 <context>
@@ -1266,7 +1270,7 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>ليس للملف المنزَّل الحجم المعلَن.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>توقيع الملف المنزَّل ليس توقيع الناشر. لم يُثبَّت.</translation>
     </message>
     <message>
@@ -1284,6 +1288,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>The update holds no program.</source>
         <translation>لا يحوي التحديث برنامجًا.</translation>
+    </message>
+    <message>
+        <source>Version %1 is running. Quit it first.</source>
+        <translation>الإصدار %1 قيد التشغيل. أنهه أولًا.</translation>
     </message>
 </context>
 <context>
@@ -1390,6 +1398,14 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>%1 does not update itself here</source>
         <translation>لا يحدّث %1 نفسه هنا</translation>
+    </message>
+    <message>
+        <source>Version %1 needs a newer system</source>
+        <translation>الإصدار %1 يحتاج إلى نظام أحدث</translation>
+    </message>
+    <message>
+        <source>%1 %2 is the newest version that this system can run.</source>
+        <translation>%1 %2 هو أحدث إصدار يمكن لهذا النظام تشغيله.</translation>
     </message>
 </context>
 <context>

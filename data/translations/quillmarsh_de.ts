@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Sie kommen mit der Paketverwaltung Ihres Systems.</translation>
     </message>
 </context>
@@ -749,7 +749,7 @@ file: zeigt kopierte Dateien.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarsh wurde von der Paketverwaltung Ihres Systems installiert, die es auch aktualisiert.</translation>
     </message>
     <message>
@@ -759,6 +759,10 @@ file: zeigt kopierte Dateien.</translation>
     <message>
         <source>The folder %1 cannot be written to.</source>
         <translation>In den Ordner %1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>%1 was replaced while Quillmarsh was running. Restart Quillmarsh to use what is there now.</source>
+        <translation>%1 wurde ersetzt, während Quillmarsh lief. Starten Sie Quillmarsh neu, um zu verwenden, was jetzt dort ist.</translation>
     </message>
 </context>
 <context>
@@ -1226,7 +1230,7 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <translation>Die geladene Datei hat nicht die angekündigte Größe.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>Die Signatur der geladenen Datei stammt nicht vom Herausgeber. Sie wurde nicht installiert.</translation>
     </message>
     <message>
@@ -1244,6 +1248,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>The update holds no program.</source>
         <translation>Die Aktualisierung enthält kein Programm.</translation>
+    </message>
+    <message>
+        <source>Version %1 is running. Quit it first.</source>
+        <translation>Version %1 läuft gerade. Beenden Sie sie zuerst.</translation>
     </message>
 </context>
 <context>
@@ -1350,6 +1358,14 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>%1 does not update itself here</source>
         <translation>%1 aktualisiert sich hier nicht selbst</translation>
+    </message>
+    <message>
+        <source>Version %1 needs a newer system</source>
+        <translation>Version %1 braucht ein neueres System</translation>
+    </message>
+    <message>
+        <source>%1 %2 is the newest version that this system can run.</source>
+        <translation>%1 %2 ist die neueste Version, die auf diesem System läuft.</translation>
     </message>
 </context>
 <context>

@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Llegan con el gestor de paquetes del sistema.</translation>
     </message>
 </context>
@@ -749,7 +749,7 @@ file: muestra los archivos copiados.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarsh lo instaló el gestor de paquetes del sistema, que también lo actualiza.</translation>
     </message>
     <message>
@@ -759,6 +759,10 @@ file: muestra los archivos copiados.</translation>
     <message>
         <source>The folder %1 cannot be written to.</source>
         <translation>No se puede escribir en la carpeta %1.</translation>
+    </message>
+    <message>
+        <source>%1 was replaced while Quillmarsh was running. Restart Quillmarsh to use what is there now.</source>
+        <translation>%1 se reemplazó mientras Quillmarsh se estaba ejecutando. Reinicie Quillmarsh para usar lo que hay ahora.</translation>
     </message>
 </context>
 <context>
@@ -1226,7 +1230,7 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <translation>El archivo descargado no tiene el tamaño anunciado.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>La firma del archivo descargado no es la del editor. No se ha instalado.</translation>
     </message>
     <message>
@@ -1244,6 +1248,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>The update holds no program.</source>
         <translation>La actualización no contiene ningún programa.</translation>
+    </message>
+    <message>
+        <source>Version %1 is running. Quit it first.</source>
+        <translation>La versión %1 se está ejecutando. Ciérrela primero.</translation>
     </message>
 </context>
 <context>
@@ -1350,6 +1358,14 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>%1 does not update itself here</source>
         <translation>%1 no se actualiza solo aquí</translation>
+    </message>
+    <message>
+        <source>Version %1 needs a newer system</source>
+        <translation>La versión %1 necesita un sistema más reciente</translation>
+    </message>
+    <message>
+        <source>%1 %2 is the newest version that this system can run.</source>
+        <translation>%1 %2 es la versión más reciente que puede ejecutar este sistema.</translation>
     </message>
 </context>
 <context>

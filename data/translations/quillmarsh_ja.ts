@@ -328,7 +328,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>このQuillmarshにはアップデートの確認先がありません。アップデートはシステムのパッケージマネージャーから届きます。</translation>
     </message>
 </context>
@@ -741,7 +741,7 @@ file: でコピーしたファイルだけを表示します。</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarshはシステムのパッケージマネージャーでインストールされており、更新もそこから行われます。</translation>
     </message>
     <message>
@@ -751,6 +751,10 @@ file: でコピーしたファイルだけを表示します。</translation>
     <message>
         <source>The folder %1 cannot be written to.</source>
         <translation>フォルダー%1に書き込めません。</translation>
+    </message>
+    <message>
+        <source>%1 was replaced while Quillmarsh was running. Restart Quillmarsh to use what is there now.</source>
+        <translation>Quillmarshの実行中に%1が置き換えられました。現在のものを使うには、Quillmarshを再起動してください。</translation>
     </message>
 </context>
 <context>
@@ -1216,7 +1220,7 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>ダウンロードしたファイルのサイズが予告と異なります。</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>ダウンロードしたファイルの署名が発行元のものではないため、インストールしませんでした。</translation>
     </message>
     <message>
@@ -1234,6 +1238,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>The update holds no program.</source>
         <translation>アップデートにプログラムが含まれていません。</translation>
+    </message>
+    <message>
+        <source>Version %1 is running. Quit it first.</source>
+        <translation>バージョン%1が実行中です。先に終了してください。</translation>
     </message>
 </context>
 <context>
@@ -1340,6 +1348,14 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>%1 does not update itself here</source>
         <translation>ここでは%1は自分で更新されません</translation>
+    </message>
+    <message>
+        <source>Version %1 needs a newer system</source>
+        <translation>バージョン%1にはより新しいシステムが必要です</translation>
+    </message>
+    <message>
+        <source>%1 %2 is the newest version that this system can run.</source>
+        <translation>%1 %2は、このシステムで動作する最新のバージョンです。</translation>
     </message>
 </context>
 <context>

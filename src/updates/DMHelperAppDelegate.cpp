@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "updates/DM_SUUpdater.h"
+#include "updates/Installation.h"
 #include "updates/UpdateVersion.h"
 #include "updates/UpdatesLog.h"
 
@@ -11,6 +12,7 @@
 #include <QIcon>
 #include <QMessageBox>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -86,9 +88,15 @@ void DMHelperAppDelegate::checkForUpdates(bool isOn)
 
 bool DMHelperAppDelegate::isMainAppRunning() const
 {
-    return DM_SUUpdater::isBundle(m_mainAppBundlePath) &&
-           m_platform.runningApplications->bundlePaths(m_info.bundleIdentifier)
-               .contains(m_mainAppBundlePath);
+    if (!DM_SUUpdater::isBundle(m_mainAppBundlePath))
+        return false;
+    const QStringList running =
+        m_platform.runningApplications->bundlePaths(m_info.bundleIdentifier);
+    const Installation installation =
+        Installation::of(Installation::Evidence::of(m_mainAppBundlePath));
+    return running.contains(m_mainAppBundlePath) ||
+           std::any_of(running.begin(), running.end(),
+                       [&](const QString &bundlePath) { return installation.holds(bundlePath); });
 }
 
 void DMHelperAppDelegate::fail(int code, const QString &description)

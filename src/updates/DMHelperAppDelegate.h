@@ -35,7 +35,8 @@ public:
     void activateBeta() {}
     /// Switches the periodic checks of the updater at work; without one, nothing.
     void checkForUpdates(bool isOn);
-    /// Whether the main application runs from exactly mainAppBundlePath().
+    /// Whether the main application runs from mainAppBundlePath(), or from the folder of another
+    /// version of the same installation: only one of them is current, and any may run.
     bool isMainAppRunning() const;
 
     QString mainAppBundlePath() const { return m_mainAppBundlePath; }

@@ -127,6 +127,7 @@ void DM_SUUpdater::start(Manner manner)
     UpdateRun::Setup setup;
     setup.info = m_info;
     setup.installation = m_installation;
+    setup.running = m_platform.runningApplications.get();
     setup.downloadFolder = downloadFolder(m_info);
     setup.withBeta = m_delegate && m_delegate->updaterShouldCheckForBetaUpdates(*this);
     setup.withTest = m_delegate && m_delegate->isUpdaterInTestMode(*this);
@@ -136,6 +137,12 @@ void DM_SUUpdater::start(Manner manner)
         qCInfo(updatesLog, "no newer version");
         if (hasWindow())
             m_window->showUpToDate(m_info.bundleVersion.value_or(QString()));
+        abort(std::nullopt);
+    });
+    connect(m_run.get(), &UpdateRun::foundForNewerSystem, this, [this](const QString &version) {
+        qCInfo(updatesLog).noquote() << "for a newer system:" << version;
+        if (hasWindow())
+            m_window->showNeedsNewerSystem(version, m_info.bundleVersion.value_or(QString()));
         abort(std::nullopt);
     });
     connect(m_run.get(), &UpdateRun::progressed, this, [this](qint64 done, qint64 size) {
@@ -161,6 +168,10 @@ void DM_SUUpdater::runFound()
         if (hasWindow())
             m_window->showInstalled();
         abort(std::nullopt);
+        return;
+    }
+    if (const auto replacement = m_installation.replacement()) {
+        abort(replacement);
         return;
     }
     qCInfo(updatesLog).noquote() << "update found:" << version;

@@ -4,7 +4,10 @@
 #include "updates/UpdateVersion.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -36,6 +39,21 @@ bool isBelow(const QString &path, const QString &folder)
     return path == folder || path.startsWith(folder + u'/');
 }
 
+/// Empty when there is no file.
+QByteArray markOf(const QString &path)
+{
+    struct stat facts = {};
+    if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
+        return {};
+    QByteArray mark;
+    for (const auto number :
+         {static_cast<qint64>(facts.st_dev), static_cast<qint64>(facts.st_ino),
+          static_cast<qint64>(facts.st_size), static_cast<qint64>(facts.st_mtim.tv_sec),
+          static_cast<qint64>(facts.st_mtim.tv_nsec)})
+        mark += QByteArray::number(number) + ' ';
+    return mark;
+}
+
 } // namespace
 
 Installation::Evidence Installation::Evidence::of(const QString &bundlePath)
@@ -55,6 +73,7 @@ Installation Installation::of(const Evidence &evidence)
         isBelow(evidence.bundlePath, appDir)) {
         installation.kind = Kind::AppImage;
         installation.path = QFileInfo(evidence.appImage).canonicalFilePath();
+        installation.imageMark = markOf(installation.path);
         return installation;
     }
     const QFileInfo folder(QFileInfo(evidence.bundlePath).path());
@@ -122,6 +141,21 @@ bool Installation::startsAtLeast(const QString &version) const
     const auto next = UpdateVersion::parse(nextVersion().value_or(QString()));
     const auto asked = UpdateVersion::parse(version);
     return next && asked && *next >= *asked;
+}
+
+bool Installation::holds(const QString &otherBundlePath) const
+{
+    return otherBundlePath == bundlePath ||
+           (kind == Kind::Prefix && isBelow(otherBundlePath, path + u'/' + kVersions));
+}
+
+std::optional<QString> Installation::replacement() const
+{
+    if (kind != Kind::AppImage || markOf(path) == imageMark)
+        return std::nullopt;
+    return tr("%1 was replaced while Quillmarsh was running. Restart Quillmarsh to use what is "
+              "there now.")
+        .arg(ReadingDirection::leftToRight(path));
 }
 
 QString Installation::lastingPath(const QString &programPath) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
 
@@ -42,11 +43,18 @@ public:
     std::optional<QString> nextVersion() const;
     /// Whether what starts next is `version` or a newer one, as far as that can be known.
     bool startsAtLeast(const QString &version) const;
+    /// Whether a program of that bundle belongs to this installation, in whatever version.
+    bool holds(const QString &otherBundlePath) const;
+    /// Whether another file has come into the image's place since this was made: a version that
+    /// cannot be told without starting it, and may be newer than any that is offered. As a sentence
+    /// for the user.
+    std::optional<QString> replacement() const;
     /// Where a program of this installation is found whatever version is installed.
     QString lastingPath(const QString &programPath) const;
 
     Kind kind = Kind::Unknown;
     QString path;
     QString bundlePath;
-    QString command; ///< Of the system's package manager, to update us; may be empty.
+    QByteArray imageMark; ///< Differs for every file that comes into the image's place.
+    QString command;      ///< Of the system's package manager, to update us; may be empty.
 };

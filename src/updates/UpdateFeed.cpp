@@ -1,8 +1,12 @@
 #include "updates/UpdateFeed.h"
 
 #include "updates/UpdateVersion.h"
+#include "updates/UpdatesLog.h"
 
 #include <QXmlStreamReader>
+
+#include <cstring>
+#include <utility>
 
 namespace {
 
@@ -70,16 +74,49 @@ bool beginsWithUpdates(QXmlStreamReader &xml)
     return xml.name() == u"updates";
 }
 
-/// The reader's time grows with the square of a tag's length, and the main thread waits for it.
+/// Where the tag at `begin` ends, past its bracket or at the end of the feed; -1 when it is longer
+/// or has more attributes than any that we know.
+qsizetype endOfTag(const QByteArray &xml, qsizetype begin)
+{
+    constexpr qsizetype kMostBytes = 8 * 1024;
+    constexpr int kMostAttributes = 64;
+    char quote = '\0';
+    int attributes = 0;
+    for (qsizetype at = begin; at < xml.size(); ++at) {
+        const char byte = xml.at(at);
+        if (at - begin > kMostBytes || attributes > kMostAttributes)
+            return -1;
+        if (quote != '\0')
+            quote = byte == quote ? '\0' : quote;
+        else if (byte == '>')
+            return at + 1;
+        else if (byte == '"' || byte == '\'')
+            quote = byte;
+        else if (byte == '=')
+            ++attributes;
+    }
+    return xml.size();
+}
+
+/// Past what begins at `begin` and is not read as tags; nothing when it is a tag.
+std::optional<qsizetype> endOfQuoted(const QByteArray &xml, qsizetype begin)
+{
+    for (const auto &[opening, closing] :
+         {std::pair("<!--", "-->"), {"<![CDATA[", "]]>"}, {"<?", "?>"}}) {
+        if (xml.mid(begin, static_cast<qsizetype>(std::strlen(opening))) != opening)
+            continue;
+        const qsizetype end = xml.indexOf(closing, begin);
+        return end < 0 ? xml.size() : end;
+    }
+    return std::nullopt;
+}
+
+/// The reader's time grows with the square of a tag's length and of its attributes.
 bool hasHugeTag(const QByteArray &xml)
 {
-    constexpr qsizetype kMostBytesOfTag = 8 * 1024;
     for (qsizetype begin = xml.indexOf('<'); begin >= 0;) {
-        const qsizetype found = xml.indexOf('>', begin);
-        const qsizetype end = found < 0 ? xml.size() : found;
-        // Text that is quoted as a whole may be as long as the feed.
-        const bool isQuoted = xml.mid(begin, 2) == "<!";
-        if (!isQuoted && end - begin > kMostBytesOfTag)
+        const qsizetype end = endOfQuoted(xml, begin).value_or(endOfTag(xml, begin));
+        if (end < 0)
             return true;
         begin = xml.indexOf('<', end);
     }
@@ -89,6 +126,30 @@ bool hasHugeTag(const QByteArray &xml)
 QString refused(const QString &why)
 {
     return UpdateFeed::tr("The list of updates cannot be used.") + u' ' + why;
+}
+
+/// Why an item is none for this Quillmarsh, though it may be one for a later one.
+std::optional<QString> strangenessOf(const UpdateItem &item)
+{
+    if (item.channel != u"release" && item.channel != u"beta" && item.channel != u"test")
+        return UpdateFeed::tr("Version %1 has no known channel.").arg(item.version);
+    if (item.url.scheme() != u"https" || item.url.host().isEmpty())
+        return UpdateFeed::tr("Version %1 is not at a secure address (https).").arg(item.version);
+    return std::nullopt;
+}
+
+/// A release's item for one of its files.
+UpdateItem itemFor(const Release &release, const UpdateItem &file)
+{
+    UpdateItem item = release.common;
+    if (item.shortVersion.isEmpty())
+        item.shortVersion = item.version;
+    item.kind = file.kind;
+    item.machine = file.machine;
+    item.url = file.url;
+    item.size = file.size;
+    item.signature = file.signature;
+    return item;
 }
 
 } // namespace
@@ -111,14 +172,13 @@ std::variant<QList<UpdateItem>, QString> UpdateFeed::parse(const QByteArray &xml
             return refused(tr("Version %1 has no file.")
                                .arg(release.common.version.left(kMostNameCharacters)));
         for (const UpdateItem &file : release.files) {
-            UpdateItem item = release.common;
-            if (item.shortVersion.isEmpty())
-                item.shortVersion = item.version;
-            item.kind = file.kind;
-            item.machine = file.machine;
-            item.url = file.url;
-            item.size = file.size;
-            item.signature = file.signature;
+            const UpdateItem item = itemFor(release, file);
+            if (strangenessOf(item)) {
+                qCInfo(updatesLog) << "passed over in the list of updates:"
+                                   << item.version.left(kMostNameCharacters)
+                                   << item.channel.left(kMostNameCharacters);
+                continue;
+            }
             if (const auto fault = faultOf(item))
                 return refused(*fault);
             items.append(item);
@@ -139,12 +199,10 @@ std::optional<QString> UpdateFeed::faultOf(const UpdateItem &item)
     }
     if (item.shortVersion.size() > kMostNameCharacters)
         return tr("Version %1 has an impossible name.").arg(item.version);
-    if (item.channel != u"release" && item.channel != u"beta" && item.channel != u"test")
-        return tr("Version %1 has no known channel.").arg(item.version);
     if (!item.minimumSystem.isEmpty() && !UpdateVersion::parse(item.minimumSystem))
         return tr("Version %1 asks for an unknown system.").arg(item.version);
-    if (item.url.scheme() != u"https" || item.url.host().isEmpty())
-        return tr("Version %1 is not at a secure address (https).").arg(item.version);
+    if (auto strangeness = strangenessOf(item))
+        return strangeness;
     if (item.size <= 0 || item.size > kMostFileBytes)
         return tr("Version %1 has no possible size.").arg(item.version);
     if (item.signature.size() != kSignatureBytes)
@@ -156,13 +214,14 @@ const UpdateItem *UpdateFeed::newest(const QList<UpdateItem> &items, const Wante
 {
     const UpdateItem *found = nullptr;
     std::optional<UpdateVersion> best = UpdateVersion::parse(wanted.installedVersion);
-    const auto system = UpdateVersion::parse(wanted.system);
+    const auto system = UpdateVersion::parse(wanted.system.value_or(QString()));
     for (const UpdateItem &item : items) {
         const bool isWanted = item.kind == wanted.kind && item.machine == wanted.machine &&
                               (item.channel != u"beta" || wanted.withBeta) &&
                               (item.channel != u"test" || wanted.withTest);
         const auto least = UpdateVersion::parse(item.minimumSystem);
-        if (!isWanted || (least && (!system || *system < *least)))
+        const bool suits = !wanted.system || !least || (system && *system >= *least);
+        if (!isWanted || !suits)
             continue;
         const auto version = UpdateVersion::parse(item.version);
         if (best && version && *version > *best) {

@@ -1,5 +1,6 @@
 #include "updates/UpdateInstaller.h"
 
+#include "platform/RunningApplications.h"
 #include "updates/ArchiveExtraction.h"
 #include "updates/UpdateSignature.h"
 #include "updates/UpdatesLog.h"
@@ -79,9 +80,10 @@ bool copy(QFile &from, const QString &to, const std::atomic<bool> &isCancelled)
 
 } // namespace
 
-UpdateInstaller::UpdateInstaller(Installation installation, UpdateItem item, QByteArray publicKey)
+UpdateInstaller::UpdateInstaller(Installation installation, UpdateItem item, QByteArray publicKey,
+                                 const RunningApplications &running)
     : m_installation(std::move(installation)), m_item(std::move(item)),
-      m_publicKey(std::move(publicKey))
+      m_publicKey(std::move(publicKey)), m_running(running)
 {
 }
 
@@ -93,18 +95,22 @@ std::optional<QString> UpdateInstaller::install(const QString &download,
     QFile file(download);
     if (!file.open(QIODevice::ReadOnly))
         return tr("The downloaded file is gone.");
-    if (auto problem = check(file))
+    if (auto problem = check(file, isCancelled))
         return problem;
     return m_installation.kind == Installation::Kind::AppImage ? installImage(file, isCancelled)
                                                                : installPrefix(file, isCancelled);
 }
 
-std::optional<QString> UpdateInstaller::check(QFile &download) const
+std::optional<QString> UpdateInstaller::check(QFile &file,
+                                              const std::atomic<bool> &isCancelled) const
 {
-    if (download.size() != m_item.size)
+    if (file.size() != m_item.size)
         return tr("The downloaded file has not the size that was announced.");
-    if (!download.seek(0) ||
-        !UpdateSignature::isValid(m_item, UpdateSignature::digest(download), m_publicKey))
+    const QByteArray digest =
+        file.seek(0) ? UpdateSignature::digest(file, isCancelled) : QByteArray();
+    if (isCancelled)
+        return tr("The update was cancelled.");
+    if (!UpdateSignature::isValid(m_item, digest, m_publicKey))
         return tr("The signature of the downloaded file is not the publisher's. It was not "
                   "installed.");
     return std::nullopt;
@@ -123,8 +129,10 @@ std::optional<QString> UpdateInstaller::installImage(QFile &download,
     QFile::remove(kept);
     // By another process, before we had the lock: it would be kept in the place of the former one.
     QFile installed(image);
-    if (installed.open(QIODevice::ReadOnly) && !check(installed))
+    if (installed.open(QIODevice::ReadOnly) && !check(installed, isCancelled))
         return tr("This version is installed already. It starts the next time.");
+    if (auto problem = m_installation.replacement())
+        return problem;
     enterStage("write");
     if (!copy(download, fresh, isCancelled)) {
         const QString problem = isCancelled ? tr("The update was cancelled.") : writeProblem();
@@ -133,7 +141,7 @@ std::optional<QString> UpdateInstaller::installImage(QFile &download,
     }
     // What was written is checked once more, because it is what will run.
     QFile written(fresh);
-    if (!written.open(QIODevice::ReadOnly) || check(written) ||
+    if (!written.open(QIODevice::ReadOnly) || check(written, isCancelled) ||
         !written.setPermissions(QFile::permissions(image) | QFile::ExeOwner)) {
         QFile::remove(fresh);
         return tr("The update could not be written correctly.");
@@ -170,6 +178,9 @@ std::optional<QString> UpdateInstaller::installPrefix(QFile &download,
     // By another process, before we had the lock.
     if (m_installation.startsAtLeast(m_item.version))
         return tr("This version is installed already. It starts the next time.");
+    // Gone back from, while a program that was started before goes on.
+    if (runningVersions().contains(m_item.version))
+        return tr("Version %1 is running. Quit it first.").arg(m_item.version);
     // Unpacked by a run that was killed before the switch, or gone back from: made anew.
     removeFolder(place);
 
@@ -189,23 +200,34 @@ std::optional<QString> UpdateInstaller::installPrefix(QFile &download,
     if (!replace(staging, place))
         return writeProblem();
     enterStage("switch");
+    const QString previous = m_installation.nextVersion().value_or(QString());
     if (::symlink(QFile::encodeName(QStringLiteral("versions/") + m_item.version).constData(),
                   QFile::encodeName(link).constData()) != 0 ||
         !replace(link, root + QStringLiteral("/current")))
         return writeProblem();
     enterStage("prune");
-    prune();
+    prune(previous);
     enterStage("done");
     return std::nullopt;
 }
 
-/// Keeps the new version and the running one, to go back to.
-void UpdateInstaller::prune() const
+QStringList UpdateInstaller::runningVersions() const
+{
+    const QString versions = m_installation.path + QStringLiteral("/versions");
+    QStringList names;
+    for (const QString &program : m_running.programsBelow(versions))
+        names.append(program.mid(versions.size() + 1).section(u'/', 0, 0));
+    return names;
+}
+
+void UpdateInstaller::prune(const QString &previous) const
 {
     const QString versions = m_installation.path + QStringLiteral("/versions/");
-    const QString running = QFileInfo(m_installation.bundlePath).fileName();
+    const QStringList kept =
+        QStringList{m_item.version, previous, QFileInfo(m_installation.bundlePath).fileName()} +
+        runningVersions();
     for (const QString &name : QDir(versions).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        if (name != running && name != m_item.version)
+        if (!kept.contains(name))
             removeFolder(versions + name);
     }
 }

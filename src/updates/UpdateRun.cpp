@@ -1,5 +1,6 @@
 #include "updates/UpdateRun.h"
 
+#include "platform/RunningApplications.h"
 #include "platform/SignalStack.h"
 #include "updates/UpdateFeed.h"
 #include "updates/UpdateInstaller.h"
@@ -58,13 +59,24 @@ void UpdateRun::check()
     m_feed.get(QUrl(m_setup.info.feedUrl, QUrl::StrictMode));
 }
 
+// On the run's thread, because what a server sends may take its time to read.
 void UpdateRun::readFeed(const QByteArray &xml)
 {
-    const auto parsed = UpdateFeed::parse(xml);
-    if (const auto *problem = std::get_if<QString>(&parsed)) {
-        Q_EMIT failed(*problem);
-        return;
-    }
+    m_thread.reset(QThread::create([this, xml] {
+        const SignalStack signalStack;
+        m_offered = UpdateFeed::parse(xml);
+    }));
+    connect(m_thread.get(), &QThread::finished, this, [this] {
+        if (const auto *problem = std::get_if<QString>(&m_offered))
+            Q_EMIT failed(*problem);
+        else
+            choose(std::get<QList<UpdateItem>>(m_offered));
+    });
+    m_thread->start();
+}
+
+void UpdateRun::choose(const QList<UpdateItem> &items)
+{
     UpdateFeed::Wanted wanted;
     wanted.installedVersion = m_setup.info.bundleVersion.value_or(QString());
     wanted.system = QString::fromLatin1(gnu_get_libc_version());
@@ -72,13 +84,16 @@ void UpdateRun::readFeed(const QByteArray &xml)
     wanted.machine = QSysInfo::buildCpuArchitecture();
     wanted.withBeta = m_setup.withBeta;
     wanted.withTest = m_setup.withTest;
-    const UpdateItem *newest = UpdateFeed::newest(std::get<QList<UpdateItem>>(parsed), wanted);
-    if (!newest) {
-        Q_EMIT foundNothing();
+    if (const UpdateItem *newest = UpdateFeed::newest(items, wanted)) {
+        m_item = *newest;
+        Q_EMIT found();
         return;
     }
-    m_item = *newest;
-    Q_EMIT found();
+    wanted.system.reset();
+    if (const UpdateItem *unsuited = UpdateFeed::newest(items, wanted))
+        Q_EMIT foundForNewerSystem(unsuited->shortVersion);
+    else
+        Q_EMIT foundNothing();
 }
 
 void UpdateRun::download()
@@ -109,7 +124,7 @@ void UpdateRun::install()
     m_isInstalling = true;
     m_thread.reset(QThread::create([this, path = m_download->path()] {
         const SignalStack signalStack;
-        UpdateInstaller installer(m_setup.installation, m_item, m_publicKey);
+        UpdateInstaller installer(m_setup.installation, m_item, m_publicKey, *m_setup.running);
         m_problem = installer.install(path, m_isCancelled);
     }));
     connect(m_thread.get(), &QThread::finished, this, &UpdateRun::installationEnded);

@@ -7,6 +7,7 @@
 #include "updates/UpdateItem.h"
 #include "updates/UpdateLock.h"
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QThread>
@@ -14,6 +15,9 @@
 #include <atomic>
 #include <memory>
 #include <optional>
+#include <variant>
+
+class RunningApplications;
 
 /// One run of an update, from the feed to the installation, without windows: each step is asked for
 /// and answers with one signal. Owned by the updater, which has at most one; main thread.
@@ -26,7 +30,8 @@ public:
     struct Setup
     {
         Info info; ///< Of the program that is installed; with a feed address and key.
-        Installation installation; ///< One that can be replaced.
+        Installation installation;                    ///< One that can be replaced.
+        const RunningApplications *running = nullptr; ///< Outlives the run.
         QString downloadFolder;
         bool withBeta = false;
         bool withTest = false;
@@ -38,7 +43,7 @@ public:
     /// Ends the run without a word, and deletes it once nothing of it is at work any more.
     void retire();
 
-    /// Reads the feed; answers with found(), foundNothing() or failed().
+    /// Reads the feed; answers with found(), foundNothing(), foundForNewerSystem() or failed().
     void check();
     /// Fetches what was found; answers with downloaded() or failed().
     void download();
@@ -52,6 +57,8 @@ public:
 Q_SIGNALS:
     void found();
     void foundNothing();
+    /// All that is newer is for a newer system; the newest such is called `version`.
+    void foundForNewerSystem(const QString &version);
     /// Of the download, in bytes.
     void progressed(qint64 done, qint64 size);
     void downloaded();
@@ -61,6 +68,7 @@ Q_SIGNALS:
 
 private:
     void readFeed(const QByteArray &xml);
+    void choose(const QList<UpdateItem> &items);
     void installationEnded();
 
     const Setup m_setup;
@@ -72,7 +80,8 @@ private:
     std::unique_ptr<UpdateDownload> m_download;
     std::atomic<bool> m_isCancelled = false;
     bool m_isInstalling = false;
-    /// Written by the thread, read once it has ended.
+    /// Both written by the thread, read once it has ended.
+    std::variant<QList<UpdateItem>, QString> m_offered;
     std::optional<QString> m_problem;
     std::unique_ptr<QThread> m_thread;
 };

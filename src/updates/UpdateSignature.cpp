@@ -22,14 +22,14 @@ bool UpdateSignature::initialise()
     return sodium_init() >= 0;
 }
 
-QByteArray UpdateSignature::digest(QIODevice &file)
+QByteArray UpdateSignature::digest(QIODevice &file, const std::atomic<bool> &isCancelled)
 {
     crypto_hash_sha512_state state;
     crypto_hash_sha512_init(&state);
     QByteArray block(kBlockBytes, Qt::Uninitialized);
     for (;;) {
         const qint64 count = file.read(block.data(), block.size());
-        if (count < 0)
+        if (count < 0 || isCancelled)
             return {};
         if (count == 0)
             break;

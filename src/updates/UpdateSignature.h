@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <atomic>
+
 struct UpdateItem;
 class QIODevice;
 
@@ -16,8 +18,9 @@ constexpr qsizetype kKeyBytes = 32;
 /// Readies the library. False when it cannot be used; nothing here works then.
 [[nodiscard]] bool initialise();
 
-/// SHA-512 of what is left to read of `file`; empty when reading fails.
-QByteArray digest(QIODevice &file);
+/// SHA-512 of what is left to read of `file`; empty when reading fails, and soon after
+/// `isCancelled` became true.
+QByteArray digest(QIODevice &file, const std::atomic<bool> &isCancelled);
 
 /// The text that is signed: "quillmarsh-update-1", version, shortVersion, channel, minimumSystem,
 /// kind, machine, size and the digest in hexadecimal, each followed by a line feed.

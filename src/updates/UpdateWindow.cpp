@@ -135,6 +135,15 @@ void UpdateWindow::showUpToDate(const QString &version)
     offer(m_close, {m_close});
 }
 
+void UpdateWindow::showNeedsNewerSystem(const QString &version, const QString &installedVersion)
+{
+    begin(tr("Version %1 needs a newer system").arg(version),
+          tr("%1 %2 is the newest version that this system can run.")
+              .arg(m_appName, installedVersion));
+    m_automatic->setVisible(m_hasAutomatic);
+    offer(m_close, {m_close});
+}
+
 void UpdateWindow::showFound(const QString &version, const QString &installedVersion,
                              const QString &notes)
 {

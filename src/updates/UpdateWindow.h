@@ -23,6 +23,8 @@ public:
     void showChecking();
     /// `version` is the installed one.
     void showUpToDate(const QString &version);
+    /// `version` is the one that is offered.
+    void showNeedsNewerSystem(const QString &version, const QString &installedVersion);
     /// `notes` are plain text.
     void showFound(const QString &version, const QString &installedVersion, const QString &notes);
     void showDownloading(qint64 done, qint64 size);

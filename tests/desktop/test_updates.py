@@ -6,6 +6,7 @@ import os
 import pathlib
 import shutil
 import signal
+import socket
 import subprocess
 import tarfile
 import unittest
@@ -120,6 +121,7 @@ class WholeWay(UpdateJourney):
         (self.root / "image-1.0.0/share/quillmarsh/test-version").write_text("1.0.0")
         before = installed.read_bytes()
         new = image("new", "image-1.1.0")
+        newer = new.read_bytes() + b"# 1.2.0\n"
         (self.root / "image-1.1.0/share/quillmarsh/test-version").write_text("1.1.0")
         self.offer(file=new, kind="appimage")
         self.start(installed)
@@ -130,6 +132,20 @@ class WholeWay(UpdateJourney):
         self.app.wait_for_log("update ended: This version is installed already.")
         self.assertEqual(self.app.quit(), 0)
         self.assertFalse(os.path.exists(f"{installed}.previous"))
+        for is_found in (False, True):
+            installed.write_bytes(before)
+            self.start(installed)
+            if is_found:
+                self.check()
+                self.app.wait_for_log("update found")
+            installed.write_bytes(newer)  # The user was.
+            if is_found:
+                self.app.key("alt+i")
+            else:
+                self.check()
+            self.app.wait_for_log("was replaced while Quillmarsh was running.")
+            self.assertEqual(self.app.quit(), 0)
+            self.assertEqual(installed.read_bytes(), newer)
         installed.write_bytes(before)
         for stage in ("write", "keep"):
             self.start(installed, QUILLMARSH_TEST_FULL_AT=stage)
@@ -143,6 +159,30 @@ class WholeWay(UpdateJourney):
         self.wait_until_running(self.root / "image-1.1.0")
         self.assertEqual(installed.read_bytes(), new.read_bytes())
         self.assertEqual(pathlib.Path(f"{installed}.previous").read_bytes(), before)
+
+    def test_what_runs_and_what_was_current_stay_whatever_their_versions(self):
+        for version in ("0.7.0", "0.8.0", "0.9.0"):
+            fill_prefix(self.root / "versions" / version, version)
+        (self.root / "current").unlink()
+        (self.root / "current").symlink_to("versions/0.9.0")
+        running = self.root / "versions/0.8.0/libexec/quillmarsh/quillmarsh-updater"
+        Quillmarsh(self.desktop, str(running), self.variables, wait=False)
+        self.wait_for(lambda: str(running) in self.programs().values(), "another program of ours")
+        self.offer()
+        self.start(self.root / "versions/1.0.0/bin/quillmarsh")
+        self.install()
+        self.assertEqual(self.app.process.wait(20), 0)
+        self.assertEqual(self.current(), "versions/1.1.0")
+        self.assertEqual(self.versions(), ["0.8.0", "0.9.0", "1.0.0", "1.1.0"])
+
+    def test_quitting_waits_for_no_proxy_that_hangs(self):
+        self.offer()
+        with socket.create_server(("127.0.0.1", 0)) as silent:
+            port = silent.getsockname()[1]
+            self.start(https_proxy=f"pac+http://127.0.0.1:{port}/proxy.pac")
+            self.check()
+            with silent.accept()[0]:
+                self.assertEqual(self.app.quit(), 0)
 
     def test_a_broken_download_goes_on_where_it_stopped_also_through_a_proxy(self):
         self.offer()
@@ -221,7 +261,8 @@ class Helper(UpdateJourney):
         self.helper.wait_for_log("update stage: check", count=2)
         self.update()
         self.helper.wait_for_log("ERROR: 1 - Updating process is in progress.", count=2)
-        self.start()
+        fill_prefix(self.root / "versions/0.9.0", "0.9.0")
+        self.start(self.root / "versions/0.9.0/bin/quillmarsh")
         self.update()
         self.helper.wait_for_log("ERROR: 1 - Main application is running. It should update itself.")
 

@@ -61,6 +61,10 @@ TEST(UpdateFeed, offersTheNewestThatSuitsAndNeverADowngrade)
                                        text("x86_64"), row.withBeta, row.withTest});
         EXPECT_EQ(newest ? newest->version : QString(), text(row.offered)) << row.installed;
     }
+    const UpdateItem *forAnySystem = UpdateFeed::newest(
+        items, {text("1.2"), std::nullopt, text("prefix"), text("x86_64"), false, false});
+    ASSERT_TRUE(forAnySystem);
+    EXPECT_EQ(forAnySystem->version, text("8"));
 }
 
 TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
@@ -74,17 +78,19 @@ TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
         const char *reason;
     };
     const QByteArray hugeTag = "<updates note='" + QByteArray(9000, 'x') + "'>";
+    const QByteArray hugeValue = "<updates note='" + QByteArray(9000, '>') + "'>";
+    QByteArray manyAttributes = "<updates";
+    for (int i = 0; i < 100; ++i)
+        manyAttributes += " a" + QByteArray::number(i) + "='>'";
+    manyAttributes += '>';
     for (const Row &row : {
              Row{"1.1", "latest", "a version that is not a number: “latest”."},
              Row{"'9'", "'0'", "Version 1.1 has no possible size."},
              Row{"'9'", "'-9'", "Version 1.1 has no possible size."},
              Row{"'9'", "'9223372036854775808'", "Version 1.1 has no possible size."},
              Row{"'9'", "'1073741825'", "Version 1.1 has no possible size."},
-             Row{"https:", "http:", "Version 1.1 is not at a secure address (https)."},
-             Row{"https://example.org", "https://", "Version 1.1 is not at a secure address"},
              Row{"signature='", "signature='c3Nz", "Version 1.1 is not signed."},
              Row{"signature", "signed", "Version 1.1 is not signed."},
-             Row{"release", "daily", "Version 1.1 has no known channel."},
              Row{"<file", "<minimumSystem>new</minimumSystem><file", "an unknown system."},
              Row{"<file", "<f", "Version 1.1 has no file."},
              Row{"</item>", "", "It is damaged in line 1."},
@@ -92,6 +98,8 @@ TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
              Row{"<updates>", "<!DOCTYPE updates [<!ENTITY a 'aaaa'>]><updates>",
                  "It is not a list of updates."},
              Row{"<updates>", hugeTag.constData(), "It is not a list of updates."},
+             Row{"<updates>", hugeValue.constData(), "It is not a list of updates."},
+             Row{"<updates>", manyAttributes.constData(), "It is not a list of updates."},
          }) {
         const QString feed = QString(good).replace(text(row.what), text(row.instead));
         const auto parsed = UpdateFeed::parse(feed.toUtf8());
@@ -99,6 +107,37 @@ TEST(UpdateFeed, isRefusedAsAWholeForOneThingThatCannotBeUsed)
         ASSERT_TRUE(problem) << row.instead;
         EXPECT_TRUE(problem->contains(text(row.reason)))
             << row.instead << ": " << qPrintable(*problem);
+    }
+}
+
+TEST(UpdateFeed, passesOverWhatALaterVersionMayKnowAndReadsWhatIsQuoted)
+{
+    const QString good = feedOf11();
+    struct Row
+    {
+        const char *what;
+        const char *instead;
+        qsizetype items;
+    };
+    const QByteArray longComment = "<updates><!-- it's " + QByteArray(9000, '>') + "-->";
+    const QByteArray longNotes =
+        "<item><notes><![CDATA[<a b=\"" + QByteArray(9000, '>') + "]]></notes>";
+    for (const Row &row : {
+             Row{"release", "daily", 0},
+             Row{"https:", "http:", 0},
+             Row{"https://example.org", "https://", 0},
+             Row{"https://example.org", "https:// ", 0},
+             Row{"<item>", longNotes.constData(), 1},
+             Row{"<updates>", longComment.constData(), 1},
+         }) {
+        // Of two items only the first is another.
+        QString feed = QString(good).replace(text(row.what), text(row.instead));
+        const QString second = good.mid(text("<updates>").size());
+        feed.replace(text("</updates>"), second);
+        const auto parsed = UpdateFeed::parse(feed.toUtf8());
+        ASSERT_TRUE(std::holds_alternative<QList<UpdateItem>>(parsed))
+            << row.instead << ": " << qPrintable(std::get<QString>(parsed));
+        EXPECT_EQ(std::get<QList<UpdateItem>>(parsed).size(), row.items + 1) << row.instead;
     }
 }
 

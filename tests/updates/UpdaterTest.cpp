@@ -6,6 +6,7 @@
 #include "updates/TlsServer.h"
 #include "updates/UpdateSamples.h"
 #include "updates/UpdateSchedule.h"
+#include "updates/UpdateSignature.h"
 #include "updates/UpdateWindow.h"
 
 #include <QAction>
@@ -15,6 +16,9 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -67,6 +71,70 @@ TEST(Installation, isReplacedOnlyWhereItIsOurs)
         EXPECT_EQ(installation.startsAtLeast(text("1.0")), isPrefix) << row.name;
         EXPECT_FALSE(installation.startsAtLeast(text("1.0.1"))) << row.name;
     }
+}
+
+TEST(Installation, seesThatItsImageWasReplaced)
+{
+    const QTemporaryDir folder;
+    const QString image = folder.filePath(text("Quillmarsh.AppImage"));
+    const QString prefix = makePrefix(folder.filePath(text("mounted")));
+    const auto write = [](const QString &path, const char *content) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    };
+    write(image, "1.0");
+    const Installation::Evidence evidence{QFileInfo(prefix).canonicalFilePath(), image, prefix};
+    EXPECT_EQ(Installation::of(evidence).replacement(), std::nullopt);
+    struct Row
+    {
+        const char *name;
+        std::function<void()> replace;
+    };
+    for (const Row &row :
+         {Row{"another file in its place",
+              [&] {
+                  write(image + text(".new"), "1.2");
+                  EXPECT_TRUE(QFile::remove(image) && QFile::rename(image + text(".new"), image));
+              }},
+          Row{"written anew", [&] { write(image, "1.2.1"); }},
+          Row{"gone", [&] { EXPECT_TRUE(QFile::remove(image)); }}}) {
+        const Installation installation = Installation::of(evidence);
+        row.replace();
+        EXPECT_TRUE(installation.replacement()) << row.name;
+    }
+}
+
+/// A file without an end that counts how often it was read.
+class EndlessFile : public QIODevice
+{
+public:
+    explicit EndlessFile(std::atomic<bool> &isCancelled) : m_isCancelled(isCancelled)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+
+    int reads = 0;
+
+protected:
+    qint64 readData(char *data, qint64 size) override
+    {
+        m_isCancelled = ++reads >= 3;
+        std::fill_n(data, size, 'x');
+        return size;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    std::atomic<bool> &m_isCancelled;
+};
+
+TEST(UpdateSignature, aDigestThatNobodyWantsAnyMoreIsGivenUp)
+{
+    std::atomic<bool> isCancelled = false;
+    EndlessFile file(isCancelled);
+    EXPECT_EQ(UpdateSignature::digest(file, isCancelled), QByteArray());
+    EXPECT_EQ(file.reads, 3);
 }
 
 TEST(UpdateSchedule, isDueOnceADayAndOnlyWhenItWasSwitchedOn)
@@ -144,8 +212,9 @@ protected:
     QString root() const { return QFileInfo(m_folder.path()).canonicalFilePath(); }
 
     const QTemporaryDir m_folder;
-    TlsServer m_server{[](QTcpSocket &connection, const QByteArray &) {
-        TlsServer::reply(connection, feedOf11().toUtf8());
+    QString m_feed = feedOf11();
+    TlsServer m_server{[this](QTcpSocket &connection, const QByteArray &) {
+        TlsServer::reply(connection, m_feed.toUtf8());
     }};
     MemoryPlatform m_platform;
     EndsOfRuns delegate;
@@ -174,6 +243,18 @@ TEST_F(UpdaterTest, whereNothingIsBuiltInTheCheckGivesTheCommandOfTheSystem)
     const auto *command = updater->window()->findChild<QLineEdit *>();
     EXPECT_EQ(command->text(), Installation::of({text("/usr"), {}, {}}).command);
     EXPECT_EQ(command->isVisible(), !command->text().isEmpty());
+}
+
+TEST_F(UpdaterTest, aVersionForANewerSystemIsNamedInsteadOfTheInstalledBeingTheNewest)
+{
+    m_feed.replace(
+        text("<file"),
+        text("<shortVersion>Eleven</shortVersion><minimumSystem>99</minimumSystem><file"));
+    updater->checkForUpdates();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.ends.isEmpty(); }));
+    EXPECT_TRUE(updater->window()->accessibleDescription().startsWith(
+        text("Version Eleven needs a newer system")))
+        << qPrintable(updater->window()->accessibleDescription());
 }
 
 TEST_F(UpdaterTest, aPlaceThatCannotBeLockedIsNotTakenForABusyOne)
@@ -297,6 +378,11 @@ TEST_F(DMHelperAppDelegateTest, answersItsUpdaterByVersionSettingsAndWhatRuns)
     EXPECT_TRUE(busy->updaterShouldRelaunchApplication(*updater));
     m_platform.runningApplications.setBundlePaths({prefix});
     EXPECT_FALSE(busy->updaterShouldRelaunchApplication(*updater));
+    const QString another = QFileInfo(prefix).path() + text("/0.9");
+    m_platform.runningApplications.setBundlePaths({another});
+    EXPECT_FALSE(busy->updaterShouldRelaunchApplication(*updater)) << "another version runs";
+    m_platform.runningApplications.setBundlePaths({m_folder.path()});
+    EXPECT_TRUE(busy->updaterShouldRelaunchApplication(*updater)) << "another installation runs";
     EXPECT_FALSE(busy->updaterMayShowModalAlert(*updater));
 }
 

@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFile>
 
-QStringList ProcRunningApplications::bundlePaths(const QString &bundleIdentifier) const
+namespace {
+
+/// Of every process that can be read.
+QStringList executables()
 {
-    const QString program = QStringLiteral("/bin/") + bundleIdentifier.section(u'.', -1).toLower();
     QStringList paths;
     for (const QString &process : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
         const QString link = QStringLiteral("/proc/%1/exe").arg(process);
@@ -14,8 +16,29 @@ QStringList ProcRunningApplications::bundlePaths(const QString &bundleIdentifier
         const auto kGone = QStringLiteral(" (deleted)");
         if (executable.endsWith(kGone))
             executable.chop(kGone.size());
+        if (!executable.isEmpty())
+            paths.append(executable);
+    }
+    return paths;
+}
+
+} // namespace
+
+QStringList ProcRunningApplications::bundlePaths(const QString &bundleIdentifier) const
+{
+    const QString program = QStringLiteral("/bin/") + bundleIdentifier.section(u'.', -1).toLower();
+    QStringList paths;
+    for (const QString &executable : executables()) {
         if (executable.endsWith(program))
             paths.append(executable.chopped(program.size()));
     }
+    return paths;
+}
+
+QStringList ProcRunningApplications::programsBelow(const QString &folder) const
+{
+    QStringList paths = executables();
+    paths.removeIf(
+        [start = folder + u'/'](const QString &path) { return !path.startsWith(start); });
     return paths;
 }

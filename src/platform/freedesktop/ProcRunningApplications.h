@@ -9,4 +9,5 @@ class ProcRunningApplications : public RunningApplications
 public:
     // ^RunningApplications
     QStringList bundlePaths(const QString &bundleIdentifier) const override;
+    QStringList programsBelow(const QString &folder) const override;
 };

@@ -230,6 +230,15 @@ public:
 
     // ^RunningApplications
     QStringList bundlePaths(const QString &) const override { return m_paths; }
+    QStringList programsBelow(const QString &folder) const override
+    {
+        QStringList paths;
+        for (const QString &path : m_paths) {
+            if (path.startsWith(folder + u'/'))
+                paths.append(path + QStringLiteral("/bin/quillmarsh"));
+        }
+        return paths;
+    }
 
 private:
     QStringList m_paths;
