@@ -178,6 +178,7 @@ class WholeWay(UpdateJourney):
     def test_quitting_waits_for_no_proxy_that_hangs(self):
         self.offer()
         with socket.create_server(("127.0.0.1", 0)) as silent:
+            silent.settimeout(30)
             port = silent.getsockname()[1]
             self.start(https_proxy=f"pac+http://127.0.0.1:{port}/proxy.pac")
             self.check()
