@@ -61,48 +61,43 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
     m_capture.setPaused(true);
     const auto resume = qScopeGuard([this] { m_capture.setPaused(false); });
 
-    const Outcome outcome = item->filepath() ? pasteFile(item) : pasteString(item, format);
+    const Outcome outcome = item->filepath() ? pasteFile(*item) : pasteString(*item, format);
     if (outcome == Outcome::NotWritten) {
         qCWarning(lcHistory, "The pasteboard could not be written; nothing is pasted");
         tell(tr("The clip was not pasted"), tr("The clipboard could not be written."));
         return;
     }
+    // Not before the keystroke, which would wait for the disk.
+    m_history.countPaste(item);
     m_putBack.reset();
     m_putBackTimer.stop();
     completeSwop(*item, outcome);
     m_swopState.clear();
 }
 
-ClipPaster::Outcome ClipPaster::pasteString(const std::shared_ptr<ClipItem> &item,
+ClipPaster::Outcome ClipPaster::pasteString(const ClipItem &item,
                                             const std::optional<QString> &format)
 {
-    const std::optional<QString> text = item->strValue();
+    const std::optional<QString> text = item.strValue();
     // The RTF keeps its stored case on purpose: an application that prefers rich text pastes the
     // clip as it was copied.
-    if (text && !setPasteboardString(formatted(*text, format), item->rtfValue()))
+    if (text && !setPasteboardString(formatted(*text, format), item.rtfValue()))
         return Outcome::NotWritten;
-    leaveFor(item);
+    m_window.hideApp();
     return text ? typeIntoTarget() : Outcome::NothingToType;
 }
 
-ClipPaster::Outcome ClipPaster::pasteFile(const std::shared_ptr<ClipItem> &item)
+ClipPaster::Outcome ClipPaster::pasteFile(const ClipItem &item)
 {
-    const QString filepath = *item->filepath();
+    const QString filepath = *item.filepath();
     const bool exists = m_platform.workspace->fileExists(filepath);
-    if (exists && !setPasteboardFile(item->strValue(), filepath))
+    if (exists && !setPasteboardFile(item.strValue(), filepath))
         return Outcome::NotWritten;
-    leaveFor(item);
+    m_window.hideApp();
     if (!exists && m_settings.isNotificationsEnabled())
         notifyFileNoLongerExists();
     m_window.cancelOperation();
     return exists ? typeIntoTarget() : Outcome::NothingToType;
-}
-
-/// Counts the paste and gives the front to the target.
-void ClipPaster::leaveFor(const std::shared_ptr<ClipItem> &item)
-{
-    m_history.countPaste(item);
-    m_window.hideApp();
 }
 
 ClipPaster::Outcome ClipPaster::typeIntoTarget()

@@ -87,10 +87,8 @@ private:
         std::optional<PasteboardContents> pasted;
     };
 
-    Outcome pasteString(const std::shared_ptr<ClipItem> &item,
-                        const std::optional<QString> &format);
-    Outcome pasteFile(const std::shared_ptr<ClipItem> &item);
-    void leaveFor(const std::shared_ptr<ClipItem> &item);
+    Outcome pasteString(const ClipItem &item, const std::optional<QString> &format);
+    Outcome pasteFile(const ClipItem &item);
     Outcome typeIntoTarget();
     void completeSwop(const ClipItem &item, Outcome outcome);
     void addHeld(const SwopItem &held);
