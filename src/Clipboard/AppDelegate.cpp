@@ -1,5 +1,6 @@
 #include "Clipboard/AppDelegate.h"
 
+#include "Clipboard/ApplicationHiding.h"
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/HelpPage.h"
@@ -85,6 +86,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     connect(m_devMateKit.get(), &DevMateKit::quitRequested, this, &AppDelegate::quit);
     m_liveSettings = std::make_unique<LiveSettings>(*m_preferencesGeneral,
                                                     *m_preferencesApplication, *platform.settings);
+    m_hiding = std::make_unique<ApplicationHiding>();
     m_pasteWindow = std::make_unique<PasteWindow>(*this);
     m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
     m_hotKeyField = std::make_unique<HotKeyTextField>(*platform.hotKeys, *platform.keyboardLayout);
@@ -241,6 +243,8 @@ void AppDelegate::launch()
 {
     if (handleWelcomeWindow())
         return;
+    if (m_windowController)
+        m_windowController->noticeLostKeyboard();
     if (m_viewController && m_viewController->isWindowKey()) {
         m_viewController->next();
         return;
@@ -257,16 +261,17 @@ void AppDelegate::swop()
 {
     if (isTakenByWelcome())
         return;
+    // A swop takes its selection from another program, never from a field of ours.
+    if (m_windowController)
+        m_windowController->forgetCoveredWindow();
     m_paster->swop();
+    m_hiding->unhide();
 }
 
 void AppDelegate::openPreferences()
 {
     if (isTakenByWelcome())
         return;
-    // A paste that is chosen while the preferences are in front goes to whom they took the place
-    // of.
-    m_platform.frontApplication->rememberTarget();
     if (m_preferences)
         m_preferences->showPreferencesWindow();
 }
@@ -308,7 +313,6 @@ void AppDelegate::showFeedbackDialog()
 {
     if (isTakenByWelcome())
         return;
-    m_platform.frontApplication->rememberTarget();
     m_devMateKit->showFeedbackDialog(DevMateKit::FeedbackMode::Dialog);
 }
 
@@ -368,8 +372,10 @@ void AppDelegate::hide()
 
 void AppDelegate::hideApp()
 {
-    if (m_windowController)
-        m_windowController->cancelOperation();
+    if (!m_windowController)
+        return;
+    m_windowController->cancelOperation();
+    m_hiding->hide(m_windowController->coveredWindow());
 }
 
 bool AppDelegate::isOursInFront() const
@@ -455,6 +461,9 @@ void AppDelegate::performPaste(int row, const std::optional<QString> &format)
     if (row < 0)
         m_paster->cancelSwop();
     m_paster->performPaste(row, format);
+    m_hiding->unhide();
+    if (m_windowController)
+        m_windowController->forgetCoveredWindow();
 }
 
 void AppDelegate::maxItemsModified(qint64 maxItems)

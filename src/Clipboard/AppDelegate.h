@@ -22,6 +22,7 @@ class ClipPaster;
 class ClipStore;
 class ClipboardCapture;
 class ClipboardWindow;
+class ApplicationHiding;
 class ApplicationUpdates;
 class DMHelperAppDelegate;
 class DevMateKit;
@@ -190,6 +191,7 @@ private:
     std::unique_ptr<PreferencesApplicationViewController> m_preferencesApplication;
     std::unique_ptr<PreferencesGeneralViewController> m_preferencesGeneral;
     std::unique_ptr<LiveSettings> m_liveSettings;
+    std::unique_ptr<ApplicationHiding> m_hiding;
     std::unique_ptr<PasteWindow> m_pasteWindow;
     std::unique_ptr<HotKeyManager> m_hotKeyManager;
     std::unique_ptr<HotKeyTextField> m_hotKeyField;

@@ -19,7 +19,6 @@ public:
     /// Orders the history window out.
     virtual void cancelOperation() = 0;
 
-    /// Shows the history window on the pointer's screen and activates it, having remembered the
-    /// application in front as the target of the paste.
+    /// Shows the history window on the pointer's screen and activates it.
     virtual void showAtMouse() = 0;
 };

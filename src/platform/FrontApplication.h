@@ -24,14 +24,15 @@ public:
     /// that still runs, else the empty text.
     virtual QString applicationName() const = 0;
 
-    /// Remembers the window in front as the one to return to. While one of our own windows is in
-    /// front the earlier target stays.
-    virtual void rememberTarget() = 0;
+    /// Makes `window`, one of our own, the target of the next paste, for as long as it is visible.
+    /// Null gives that place back to the last window of another program that was in front, which
+    /// is followed all the time.
+    virtual void setOwnTarget(QWindow *window) = 0;
 
-    /// Waits until the remembered window is active and has the keyboard again, asking the window
-    /// manager for it if it does not come back by itself. Call after our windows were hidden. True
-    /// when it is back (or when nothing had ever taken its place), false when it is gone, there is
-    /// none, or `limit` has passed. The one bounded wait for another program on the main thread.
+    /// Waits until the target is active and has the keyboard again, asking the window manager for
+    /// it if it does not come back by itself. Call after our windows were hidden. True when it is
+    /// back (or when nothing had ever taken its place), false when it is gone, there is none, or
+    /// `limit` has passed. The one bounded wait for another program on the main thread.
     [[nodiscard]] virtual bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) = 0;
 
     /// Makes one of our own windows the active one although another application is in front, in

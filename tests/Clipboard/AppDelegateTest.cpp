@@ -13,11 +13,14 @@
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
 #include "platform/memory/MemoryPlatform.h"
+#include "preferenceswindow/CCNPreferencesWindow.h"
 #include "support/ExpectedWarnings.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -69,6 +72,17 @@ protected:
         m_platform.hotKeys.press(keyCode, kCommandShift);
         // Actions of hot keys are queued.
         QCoreApplication::processEvents();
+    }
+
+    /// Our top level of that class; null when there is none.
+    template <typename Window>
+    static Window *window()
+    {
+        Window *found = nullptr;
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget *candidate : windows)
+            found = found ? found : qobject_cast<Window *>(candidate);
+        return found;
     }
 
     QTemporaryDir m_folder;
@@ -252,14 +266,36 @@ TEST_F(AppDelegateTest, aSwopEndedByReturnWhereNothingMatchesKeepsTheSelection)
     EXPECT_EQ(clips().front(), QStringLiteral("recorded again"));
 }
 
-TEST_F(AppDelegateTest, theApplicationThatOneOfOurWindowsCoversIsTheTargetOfAPaste)
+TEST_F(AppDelegateTest, ourWindowsMakeWayForAPasteUnlessItGoesIntoAFieldOfOneOfThem)
 {
     start().openPreferences();
-    EXPECT_EQ(m_platform.frontApplication.rememberCount(), 1);
-    m_delegate->statusMenu().menu()->actions().at(9)->trigger();
-    EXPECT_EQ(m_platform.frontApplication.rememberCount(), 2);
-    EXPECT_EQ(m_platform.frontApplication.activatedWindow()->title(),
-              QStringLiteral("Send Feedback"));
+    copy(QStringLiteral("clip"));
+    auto *preferences = window<CCNPreferencesWindow>();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(preferences));
+    QSignalSpy hidden(preferences, &CCNPreferencesWindow::hidden);
+    QLineEdit own;
+    int keystrokes = 0;
+    m_platform.keySender.setReaction([&](quint32) {
+        EXPECT_FALSE(preferences->isVisible());
+        EXPECT_EQ(own.isVisible(), m_platform.frontApplication.ownTarget() != nullptr);
+        ++keystrokes;
+    });
+    for (const bool isOverField : {false, true}) {
+        SCOPED_TRACE(isOverField);
+        if (isOverField) {
+            own.show();
+            own.activateWindow();
+            own.setFocus();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&own));
+        }
+        press(VirtualKey::kV);
+        EXPECT_EQ(m_platform.frontApplication.ownTarget(),
+                  isOverField ? own.windowHandle() : nullptr);
+        m_delegate->viewController()->paste();
+        EXPECT_EQ(std::exchange(keystrokes, 0), 1);
+        EXPECT_TRUE(preferences->isVisible());
+        EXPECT_EQ(hidden.count(), 0) << "its user has not left it";
+    }
 }
 
 TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWindow)

@@ -38,8 +38,6 @@ void WelcomeWindowController::showWelcomeWindow()
         return;
     }
     loadWindow();
-    // Whoever pastes after the welcome does so into the window that was in front before it.
-    m_platform.frontApplication->rememberTarget();
     m_page1->openAtLogin->setChecked(m_platform.settings->boolForKey(SettingsKeys::kOpenAtLogin));
     showShortcuts();
     showPage(0, PageSlider::Movement::None);

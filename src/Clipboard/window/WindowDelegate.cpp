@@ -71,7 +71,8 @@ QRect WindowDelegate::visibleFrameAtPointer(const WindowSpace &space)
 void WindowDelegate::showWindow()
 {
     const Platform &platform = m_appDelegate.platform();
-    platform.frontApplication->rememberTarget();
+    if (!m_window->isVisible())
+        takeAim();
     if (!m_isPrepared) {
         m_window->winId();
         platform.windowSpace->prepareUtilityWindow(m_window->windowHandle());
@@ -88,6 +89,26 @@ void WindowDelegate::showWindow()
     platform.frontApplication->activate(m_window->windowHandle());
 }
 
+void WindowDelegate::takeAim()
+{
+    FrontApplication &front = *m_appDelegate.platform().frontApplication;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto covered = std::find_if(windows.begin(), windows.end(), [&](const QWidget *window) {
+        const QWidget *focused = window->focusWidget();
+        return window->isVisible() && window->windowHandle() && focused &&
+               focused->testAttribute(Qt::WA_InputMethodEnabled) &&
+               front.isInFront(*window->windowHandle());
+    });
+    m_coveredWindow = covered == windows.end() ? nullptr : *covered;
+    front.setOwnTarget(m_coveredWindow ? m_coveredWindow->windowHandle() : nullptr);
+}
+
+void WindowDelegate::forgetCoveredWindow()
+{
+    m_coveredWindow = nullptr;
+    m_appDelegate.platform().frontApplication->setOwnTarget(nullptr);
+}
+
 void WindowDelegate::cancelOperation()
 {
     m_window->hide();
@@ -98,6 +119,14 @@ void WindowDelegate::windowDidResignKey()
     m_recheckTimer.stop();
     m_viewController->hide();
     m_viewController->setIsWindowKey(false);
+}
+
+void WindowDelegate::noticeLostKeyboard()
+{
+    // A window that is about to get the keyboard is not in front either.
+    const bool hadKeyboard = m_window->isActiveWindow() || m_recheckTimer.isActive();
+    if (m_window->isVisible() && m_viewController->isWindowKey() && hadKeyboard && !keepsKey())
+        windowDidResignKey();
 }
 
 bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
@@ -139,6 +168,12 @@ bool WindowDelegate::hasFocusInOwnDialog() const
     return focused && focused != m_window.get();
 }
 
+bool WindowDelegate::keepsKey() const
+{
+    return hasFocusInOwnDialog() ||
+           m_appDelegate.platform().frontApplication->isInFront(*m_window->windowHandle());
+}
+
 void WindowDelegate::windowDeactivated()
 {
     if (!m_window->isVisible() || !m_viewController->isWindowKey())
@@ -146,8 +181,7 @@ void WindowDelegate::windowDeactivated()
     // A grab of the keyboard, by our own hot key or another program's, looks like a loss of focus.
     // The end of it may leave the window without the keyboard, and nothing tells, so that is looked
     // after until either is known.
-    if (hasFocusInOwnDialog() ||
-        m_appDelegate.platform().frontApplication->isInFront(*m_window->windowHandle()))
+    if (keepsKey())
         m_recheckTimer.start();
     else
         windowDidResignKey();

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QRect>
 #include <QTimer>
+#include <QWidget>
 
 #include <memory>
 #include <optional>
@@ -28,12 +30,19 @@ public:
     ClipboardWindow *window() const { return m_window.get(); }
     ViewController *getViewController() const { return m_viewController.get(); }
 
-    /// Remembers the window in front, shows ours at its place and makes it the active one.
+    /// Shows the window at its place and makes it the active one. Where it covers a text field of
+    /// ours that has the keyboard, the next paste goes into that field.
     void showWindow();
+    /// The window of that field; null when another program is pasted into.
+    QWidget *coveredWindow() const { return m_coveredWindow; }
+    void forgetCoveredWindow();
     /// Orders the window out.
     void cancelOperation();
     /// The window is not the active one any more: it is closed and made ready for the next time.
     void windowDidResignKey();
+    /// The toolkit tells late that the keyboard has gone to another window. Whoever needs to know
+    /// it now asks for it to be noticed.
+    void noticeLostKeyboard();
 
     /// Index of the first of the screens' frames that contains `point`, edges included; absent when
     /// none does or the point is unknown.
@@ -47,12 +56,16 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void takeAim();
     void windowDeactivated();
     bool hasFocusInOwnDialog() const;
+    /// Whether the window is the one that is worked in, although it may have no keyboard now.
+    bool keepsKey() const;
 
     AppDelegate &m_appDelegate;
     std::unique_ptr<ClipboardWindow> m_window;
     std::unique_ptr<ViewController> m_viewController;
     QTimer m_recheckTimer; ///< Runs while somebody holds the keyboard without being in front.
+    QPointer<QWidget> m_coveredWindow;
     bool m_isPrepared = false;
 };

@@ -64,24 +64,27 @@ public:
     void setApplicationName(const QString &name) { m_name = name; }
     /// Whether returnToTarget() will find its way back.
     void setReturns(bool returns) { m_returns = returns; }
-    int rememberCount() const { return m_rememberCount; }
+    QWindow *ownTarget() const { return m_ownTarget; }
     QWindow *activatedWindow() const { return m_activated; }
-    /// Whether our window stays in front although it has lost the keyboard.
+    /// Whether our windows are in front, whatever the toolkit says.
     void setInFront(bool isInFront) { m_isInFront = isInFront; }
 
     // ^FrontApplication
     QString applicationName() const override { return m_name; }
-    void rememberTarget() override { ++m_rememberCount; }
+    void setOwnTarget(QWindow *window) override { m_ownTarget = window; }
     bool returnToTarget(std::chrono::milliseconds) override { return m_returns; }
     void activate(QWindow *window) override;
-    bool isInFront(const QWindow &) const override { return m_isInFront; }
+    bool isInFront(const QWindow &window) const override
+    {
+        return m_isInFront.value_or(window.isActive());
+    }
     void endStartup(const QString &) override {}
 
 private:
     QString m_name;
-    bool m_isInFront = false;
+    std::optional<bool> m_isInFront; ///< What Qt says, unless it was set.
     bool m_returns = true;
-    int m_rememberCount = 0;
+    QPointer<QWindow> m_ownTarget;
     QPointer<QWindow> m_activated;
 };
 

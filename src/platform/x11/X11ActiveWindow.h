@@ -24,6 +24,9 @@ public:
     /// Whether the keyboard input goes to `window` or to a window inside it.
     bool hasInputFocus(xcb_window_t window) const;
 
+    /// The window that has the keyboard, often a part of another; XCB_NONE when none has.
+    xcb_window_t inputFocus() const;
+
     bool exists(xcb_window_t window) const;
 
     /// Whether the window is on the screen. A window manager with no other to call active may go
@@ -41,7 +44,6 @@ public:
     quint32 processIdOf(xcb_window_t window) const;
 
 private:
-    xcb_window_t inputFocus() const;
     xcb_window_t parentOf(xcb_window_t window) const;
     std::optional<quint8> mapStateOf(xcb_window_t window) const;
     quint32 clientProcessIdOf(xcb_window_t window) const;

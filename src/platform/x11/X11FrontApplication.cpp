@@ -69,26 +69,16 @@ QString X11FrontApplication::applicationName() const
     const xcb_window_t active = m_active.current();
     const xcb_window_t window = m_active.namingWindowOf(active);
     const auto identity = m_active.identityOf(window);
-    if (!identity || (isOurs(active) && !m_active.isShown(active)))
+    if (!identity || (isQtWindow(active) && !m_active.isShown(active)))
         return m_last.nameWhileItRuns();
     const QString name = m_names.identify(*identity).name;
     m_last.remember(name, m_active.processIdOf(window));
     return name;
 }
 
-void X11FrontApplication::rememberTarget()
-{
-    const xcb_window_t window = m_active.current();
-    if (window != XCB_NONE && isOurs(window))
-        return;
-    m_target = window;
-    const XcbPointer<xcb_get_input_focus_reply_t> focus(xcb_get_input_focus_reply(
-        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
-    m_targetFocus = focus && m_active.hasInputFocus(window) ? focus->focus : xcb_window_t(m_target);
-}
-
 bool X11FrontApplication::returnToTarget(milliseconds limit)
 {
+    aim();
     if (m_target == XCB_NONE)
         return false;
     if (xcb_connection_t *qt = qtX11Connection())
@@ -111,6 +101,7 @@ void X11FrontApplication::activate(QWindow *window)
     QWidget *widget = QWidget::find(window->winId());
     if (widget && QGuiApplication::focusWindow() == window)
         QApplication::setActiveWindow(widget);
+    m_pasteTarget.refresh();
     const xcb_timestamp_t time = userTime();
     const auto id = xcb_window_t(window->winId());
     // On Qt's connection, so that the server shows the window before it is asked for.
@@ -133,9 +124,15 @@ void X11FrontApplication::endStartup(const QString &activationToken)
         sendStartupEnd(m_connection, m_timeWindow, activationToken.toUtf8());
 }
 
-bool X11FrontApplication::isOurs(xcb_window_t window) const
+/// Once for each return: what takes the front while it lasts is a stranger.
+void X11FrontApplication::aim()
 {
-    return isQtWindow(window);
+    if (m_ownTarget && m_ownTarget->isVisible()) {
+        m_target = m_targetFocus = xcb_window_t(m_ownTarget->winId());
+        return;
+    }
+    m_target = m_pasteTarget.window();
+    m_targetFocus = m_pasteTarget.keyboardPlace();
 }
 
 bool X11FrontApplication::isTargetBack() const

@@ -4,6 +4,10 @@
 #include "platform/x11/LastApplication.h"
 #include "platform/x11/X11ActiveWindow.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11PasteTarget.h"
+
+#include <QPointer>
+#include <QWindow>
 
 #include <optional>
 
@@ -30,7 +34,7 @@ public:
 
     // ^FrontApplication
     QString applicationName() const override;
-    void rememberTarget() override;
+    void setOwnTarget(QWindow *window) override { m_ownTarget = window; }
     [[nodiscard]] bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) override;
     void activate(QWindow *window) override;
     bool isInFront(const QWindow &window) const override;
@@ -39,7 +43,7 @@ public:
 private:
     enum class News { None, Other, TargetDestroyed };
 
-    bool isOurs(xcb_window_t window) const;
+    void aim();
     bool isTargetBack() const;
     bool waitForTarget(std::chrono::milliseconds limit, xcb_timestamp_t time);
     /// Reads the events that `nextEvent` gives and tells the gravest.
@@ -54,7 +58,9 @@ private:
     X11ActiveWindow m_active;
     xcb_atom_t m_activeWindowAtom;
     xcb_window_t m_timeWindow; ///< Never shown; its property changes tell the server's time.
-    xcb_window_t m_target = XCB_NONE;
+    X11PasteTarget m_pasteTarget;
+    QPointer<QWindow> m_ownTarget;
+    xcb_window_t m_target = XCB_NONE;      ///< Of the return under way.
     xcb_window_t m_targetFocus = XCB_NONE; ///< The target or the part of it that had the keyboard.
     std::optional<quint32> m_lastPress;    ///< Server time of the latest hot key.
     mutable LastApplication m_last;

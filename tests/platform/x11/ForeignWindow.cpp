@@ -55,9 +55,15 @@ ForeignWindow::ForeignWindow(const QByteArray &resourceClass)
     m_connection.roundTrip();
 }
 
-bool ForeignWindow::show()
+void ForeignWindow::map()
 {
     xcb_map_window(m_connection.get(), m_window);
+    m_connection.roundTrip();
+}
+
+bool ForeignWindow::show()
+{
+    map();
     const X11ActiveWindow active(m_connection);
     const bool isManaged = active.isManaged();
     if (!isManaged)

@@ -17,6 +17,8 @@ public:
     /// Shows the window and waits until it has the keyboard; asks for it where no window manager
     /// gives it away. False when it does not get it.
     [[nodiscard]] bool show();
+    /// Shows it, whoever has the keyboard then.
+    void map();
     void hide();
     void destroy();
     /// Keeps for itself a key with exactly these modifiers, as another hot-key program does.
