@@ -1,9 +1,10 @@
 """Where the keyboard goes when windows of ours come and go: a paste lands in the application that
-was in front last."""
+was in front last, and no key that is pressed on the way is lost."""
 
+import time
 import unittest
 
-from journey import BINARY, Journey, contents, pasteboard
+from journey import BINARY, HeldKeys, Journey, contents, pasteboard
 
 
 class TargetJourney(Journey):
@@ -81,6 +82,60 @@ class Target(TargetJourney):
 
         self.wait_for(lambda: text_of_the_field() == "this clip", "the clip in the field")
         self.assertEqual(contents(path), "")
+
+
+class Keys(TargetJourney):
+    def setUp(self):
+        super().setUp()
+        self.keys = HeldKeys(self.desktop.environment)
+
+    def test_keys_pressed_while_the_shortcut_is_down_reach_the_history_in_order(self):
+        for text in ("other", "vixen", "newest"):
+            self.copy(text)
+        path = self.editor("gtk")
+        # Not waiting for the window, as quick fingers do not.
+        self.keys.press("super", "shift", "v")
+        self.keys.release("super", "shift")
+        self.keys.tap("x")
+        self.keys.tap("return")
+        self.keys.release("v")
+        self.wait_for_text(path, "vixen")
+        self.app.wait_until_hidden()
+
+        self.keys.press("super", "shift", "v")
+        self.app.wait_until_active(self.app.window())
+        self.keys.tap("down")
+        self.keys.tap("return")
+        self.keys.release("super", "shift", "v")
+        self.wait_for_text(path, "vixennewest")
+
+    def test_a_shortcut_that_is_held_repeats_nowhere(self):
+        self.copy("clip")
+        path = self.editor("gtk")
+        self.desktop.run(["xset", "r", "rate", "50", "100"])
+        begin = time.monotonic()
+        self.keys.press("x")
+        self.wait_for(lambda: len(contents(path)) > 20, "a key that repeats")
+        self.keys.release("x")
+        repeats = time.monotonic() - begin
+        self.app.key("ctrl+a", "BackSpace")
+        self.wait_for_text(path, "")
+
+        def hold():
+            begin = time.monotonic()
+            self.wait_for(lambda: time.monotonic() - begin > repeats, "as many repeats")
+
+        self.keys.press("super", "shift", "v")
+        self.app.wait_until_active(self.app.window())
+        self.keys.release("super", "shift")
+        hold()
+        # The history would find nothing if it had been typed into.
+        self.keys.tap("return")
+        self.wait_for_text(path, "clip")
+        hold()
+        self.keys.release("v")
+        self.keys.tap("x")
+        self.wait_for_text(path, "clipx")
 
 
 if __name__ == "__main__":

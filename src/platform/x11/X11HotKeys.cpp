@@ -13,6 +13,8 @@ namespace {
 
 constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
 constexpr int kEvdevOffset = 8;
+/// Nothing tells when the keyboard comes to a window of ours while a key waits for it.
+constexpr std::chrono::milliseconds kLookInterval{2};
 
 bool hasTestExtension(const X11Connection &connection)
 {
@@ -27,8 +29,9 @@ bool hasTestExtension(const X11Connection &connection)
 
 X11HotKeys::X11HotKeys(QObject *parent)
     : HotKeys(parent), m_canType(hasTestExtension(m_connection)), m_keyboard(m_connection),
-      m_grabs(m_connection), m_heldKeys(m_connection),
-      m_thread(m_connection, [this](const xcb_generic_event_t &event) { handle(event); })
+      m_grabs(m_connection), m_heldKeys(m_connection), m_handOver(m_connection),
+      m_thread(m_connection, [this](const xcb_generic_event_t &event) { handle(event); },
+               {[this](X11EventThread::TimePoint now) { return keepHandOver(now); }, {}})
 {
     m_thread.post([this] { m_keyboard.setDetectableAutoRepeat(); });
 }
@@ -148,26 +151,72 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
     } else if (type == XCB_KEY_RELEASE) {
         const auto &release = reinterpret_cast<const xcb_key_release_event_t &>(event);
         endHold(release.detail, eventOf(release));
+        m_handOver.passOver();
     }
 }
 
 void X11HotKeys::handlePress(const xcb_key_press_event_t &event)
 {
-    // Held keys repeat.
-    if (m_holds.contains(event.detail))
+    // Held keys repeat, and so take the keyboard again if it was given back.
+    if (const auto held = m_holds.find(event.detail); held != m_holds.end()) {
+        held->second.isGivenBack = false;
+        m_handOver.passOver();
         return;
+    }
     Hold hold;
     for (const X11Combination &combination : m_grabs.matching(event.detail, event.state)) {
         const std::vector<HotKeyId> &ids = m_ids.at(combination);
         hold.ids.insert(hold.ids.end(), ids.begin(), ids.end());
     }
-    if (hold.ids.empty())
+    if (hold.ids.empty()) {
+        handleOtherPress(event.detail);
         return;
+    }
+    m_handOver.begin();
+    m_handOver.passOver();
     hold.press = eventOf(event);
     report(hold.ids, hold.press, true);
     m_holds.emplace(event.detail, std::move(hold));
     // Most presses are followed by typing for the user, which must not wait for the keymap then.
     m_keyboard.keymap();
+}
+
+/// A key that is pressed while a hot key is down.
+void X11HotKeys::handleOtherPress(xcb_keycode_t keycode)
+{
+    // That of a grab which was given back meanwhile belongs to whoever has the keyboard.
+    if (std::all_of(m_holds.begin(), m_holds.end(),
+                    [](const auto &entry) { return entry.second.isGivenBack; })) {
+        m_handOver.letGo();
+        return;
+    }
+    // A modifier alone says nothing, and tells every client by itself that it is down. Let go, it
+    // would leave the hot key repeating into our window.
+    const std::vector<xcb_keycode_t> &modifiers = m_grabs.modifiers().heldKeys;
+    if (std::find(modifiers.begin(), modifiers.end(), keycode) != modifiers.end())
+        m_handOver.passOver();
+    else
+        m_handOver.holdBack();
+}
+
+std::optional<X11EventThread::TimePoint> X11HotKeys::keepHandOver(X11EventThread::TimePoint now)
+{
+    if (!m_handOver.isHoldingBack())
+        return std::nullopt;
+    if (m_handOver.isOurWindowReady(now))
+        letHeldBackKeysGo();
+    else if (m_handOver.isTooLate(now))
+        m_handOver.passOver();
+    else
+        return now + kLookInterval;
+    return std::nullopt;
+}
+
+void X11HotKeys::letHeldBackKeysGo()
+{
+    expectReleaseElsewhere();
+    m_handOver.letGo();
+    endHoldsThatAreUp();
 }
 
 HotKeyEvent X11HotKeys::eventOf(const xcb_key_press_event_t &event) const
@@ -209,14 +258,21 @@ void X11HotKeys::endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime)
     }
 }
 
+/// To be called before the keyboard is given back: a release in between is then told twice rather
+/// than never.
+void X11HotKeys::expectReleaseElsewhere()
+{
+    m_heldKeys.setListening(true);
+    for (auto &[keycode, hold] : m_holds)
+        hold.isGivenBack = true;
+}
+
 void X11HotKeys::giveKeyboardBack()
 {
     if (m_holds.empty())
         return;
-    // First listen, then let go: a release in between is then told twice rather than never.
-    m_heldKeys.setListening(true);
-    for (auto &[keycode, hold] : m_holds)
-        hold.isGivenBack = true;
+    expectReleaseElsewhere();
+    m_handOver.forget();
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
 }
 

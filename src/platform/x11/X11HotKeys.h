@@ -6,6 +6,7 @@
 #include "platform/x11/X11HeldKeys.h"
 #include "platform/x11/X11KeyGrabs.h"
 #include "platform/x11/X11Keyboard.h"
+#include "platform/x11/X11KeyboardHandOver.h"
 
 #include <functional>
 #include <map>
@@ -67,6 +68,10 @@ private:
     HotKeyEvent eventOf(const xcb_key_press_event_t &event) const;
     void endHold(xcb_keycode_t keycode, HotKeyEvent event);
     void endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime = std::nullopt);
+    void handleOtherPress(xcb_keycode_t keycode);
+    std::optional<X11EventThread::TimePoint> keepHandOver(X11EventThread::TimePoint now);
+    void letHeldBackKeysGo();
+    void expectReleaseElsewhere();
     void giveKeyboardBack();
     void report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress);
 
@@ -79,6 +84,7 @@ private:
     X11Keyboard m_keyboard;
     X11KeyGrabs m_grabs;
     X11HeldKeys m_heldKeys;
+    X11KeyboardHandOver m_handOver;
     std::map<X11Combination, std::vector<HotKeyId>> m_ids;
     std::map<xcb_keycode_t, Hold> m_holds;
     X11EventThread m_thread;

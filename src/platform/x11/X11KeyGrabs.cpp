@@ -126,7 +126,7 @@ bool X11KeyGrabs::grab(const X11Combination &combination)
     for (const quint16 mask : masksOf(combination))
         cookies.push_back(xcb_grab_key_checked(xcb, 0, m_connection.root(), mask,
                                                combination.keycode, XCB_GRAB_MODE_ASYNC,
-                                               XCB_GRAB_MODE_ASYNC));
+                                               XCB_GRAB_MODE_SYNC));
     bool isRefused = m_connection.isBroken();
     for (const xcb_void_cookie_t &cookie : cookies)
         isRefused |= XcbPointer<xcb_generic_error_t>(xcb_request_check(xcb, cookie)) != nullptr;

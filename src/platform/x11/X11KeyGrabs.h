@@ -18,7 +18,8 @@ struct X11Combination
 };
 
 /// The key grabs that one connection holds on the root window. Each combination is grabbed in all
-/// its lock variants or not at all. Owned by the hot keys and used on their thread; the
+/// its lock variants or not at all. A grab holds every key event back until it is answered
+/// (X11KeyboardHandOver). Owned by the hot keys and used on their thread; the
 /// combinations wanted here and what the server granted are kept apart, so that everything wanted
 /// is asked for again whenever the keyboard or the suspension changes.
 class X11KeyGrabs
