@@ -10,6 +10,9 @@ struct WindowIdentity
     QString resourceClass;    ///< Second half of WM_CLASS.
     QString gtkApplicationId; ///< _GTK_APPLICATION_ID.
     QString processName;      ///< Base name of the program that owns the window.
+    /// That program's file, an absolute path without links: the single file that it was started
+    /// from where it runs out of one, else its executable.
+    QString programPath = QString();
 };
 
 struct ApplicationIdentity

@@ -1,8 +1,10 @@
 #include "platform/PlatformLoader.h"
 
 #include "platform/freedesktop/DBusInstanceDoor.h"
+#include "platform/freedesktop/DataFolders.h"
 #include "platform/freedesktop/DesktopEntryApplicationNames.h"
 #include "platform/freedesktop/DesktopEntryCatalog.h"
+#include "platform/freedesktop/DesktopEntryScan.h"
 #include "platform/freedesktop/FreedesktopInstalledApplications.h"
 #include "platform/freedesktop/FreedesktopLoginItems.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
@@ -17,6 +19,7 @@
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11KeySender.h"
 #include "platform/x11/X11KeyboardLayout.h"
+#include "platform/x11/X11OpenWindows.h"
 #include "platform/x11/X11Pasteboard.h"
 #include "platform/x11/X11TrayArea.h"
 #include "platform/x11/X11WindowSpace.h"
@@ -34,6 +37,10 @@ constexpr const char *kQtPlatform = "QT_QPA_PLATFORM";
 
 /// What QT_QPA_PLATFORM was before chooseDisplay() settled it; a null array when it was not set.
 std::optional<QByteArray> g_qtPlatformBefore;
+
+/// Where desktop entries lie, before folders that hang were left out for the toolkit's sake: the
+/// catalogue of entries has a bound of its own and takes them in when they come.
+std::optional<QStringList> g_entryFolders;
 
 /// Asked here because Qt would end the process with a crash report instead of a message.
 bool isX11ServerThere()
@@ -95,6 +102,8 @@ std::optional<QString> PlatformLoader::chooseDisplay()
         qCInfo(lcLoader, "running under Wayland by way of X11: copies from native Wayland windows "
                          "may not be recorded, pasting into them may fail, and shortcuts may not "
                          "work while one is in front");
+    g_entryFolders = DesktopEntryScan::standardFolders();
+    DataFolders::leaveOutHung();
     g_qtPlatformBefore = qgetenv(kQtPlatform);
     qputenv(kQtPlatform, "xcb");
     return std::nullopt;
@@ -111,12 +120,14 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     auto platform = std::make_unique<Platform>();
     // Begins to scan at once, on its own thread, for those who ask first: pasteboard and front
     // application.
-    const auto entries = std::make_shared<DesktopEntryCatalog>();
+    const auto entries = std::make_shared<DesktopEntryCatalog>(
+        g_entryFolders.value_or(DesktopEntryScan::standardFolders()));
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->appearance = std::make_unique<PortalAppearance>();
     platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
-    platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(entries);
+    platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(
+        entries, [] { return X11OpenWindows().identities(); });
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
     platform->notifications = std::make_unique<FreedesktopNotifications>();

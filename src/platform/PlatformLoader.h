@@ -9,8 +9,9 @@
 /// Chooses and builds the adapters for the display at hand: the only place that names them.
 namespace PlatformLoader {
 
-/// Settles, before the application object is made, which display system Qt uses. A message when
-/// there is none that Quillmarsh can work on; nothing can be built then.
+/// Settles, before the application object is made, which display system Qt uses, and which folders
+/// it looks for icons in. A message when there is no display that Quillmarsh can work on; nothing
+/// can be built then.
 std::optional<QString> chooseDisplay();
 
 /// `storeFolder` is the one whose history only one instance may keep.

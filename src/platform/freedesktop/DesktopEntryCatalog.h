@@ -2,38 +2,38 @@
 
 #include "platform/freedesktop/DesktopEntryIndex.h"
 
-#include <QThreadPool>
-
 #include <chrono>
-#include <condition_variable>
+#include <functional>
 #include <memory>
-#include <mutex>
 
-/// Keeps the index of the installed desktop entries up to date, on a thread of its own. Shared by
-/// those that look applications up; safe to call from any thread.
+/// Keeps the index of the installed desktop entries up to date, on threads of its own, one a
+/// folder. Shared by those that look applications up; safe to call from any thread. A folder that
+/// does not answer (a mount whose server is gone) holds nobody up for longer than kLimit, and what
+/// is in it is taken in when it comes. Its thread is left behind and touches nothing of this
+/// object.
 class DesktopEntryCatalog
 {
 public:
-    /// The first scan begins at once.
-    explicit DesktopEntryCatalog(QStringList folders = DesktopEntryScan::standardFolders());
+    using Scan = std::function<DesktopEntryScan(const QString &folder)>;
+
+    static constexpr std::chrono::milliseconds kLimit{300};
+
+    /// The first scan begins at once. `scan` is called on several threads.
+    explicit DesktopEntryCatalog(const QStringList &folders = DesktopEntryScan::standardFolders(),
+                                 Scan scan = DesktopEntryScan::of);
+    DesktopEntryCatalog(const DesktopEntryCatalog &) = delete;
+    DesktopEntryCatalog &operator=(const DesktopEntryCatalog &) = delete;
     ~DesktopEntryCatalog();
 
     /// What is known now. Waits for the first scan only: a wrong name would let through what the
     /// user wants ignored. Looks for changes in the background, at most once a second.
     std::shared_ptr<const DesktopEntryIndex> index();
 
-    /// What is installed at this moment; scans in the calling thread when something changed.
+    /// What is installed at this moment, as far as the folders answer.
     std::shared_ptr<const DesktopEntryIndex> currentIndex();
 
 private:
-    void refresh();
-    std::shared_ptr<const DesktopEntryIndex> waitForIndex(std::unique_lock<std::mutex> &lock);
+    struct State;
 
-    const QStringList m_folders;
-    std::mutex m_mutex;
-    std::condition_variable m_isReady;
-    std::shared_ptr<const DesktopEntryIndex> m_index;
-    bool m_isRefreshing = true;
-    std::chrono::steady_clock::time_point m_lastRefresh;
-    QThreadPool m_thread; ///< Last, so that its work ends before what it works on goes.
+    std::shared_ptr<State> m_state; ///< The threads keep it too.
 };

@@ -1,5 +1,6 @@
 #include "platform/freedesktop/DesktopEntryIndex.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -16,10 +17,11 @@ bool isInterpreter(const QString &processName)
 
 } // namespace
 
-DesktopEntryIndex::DesktopEntryIndex(DesktopEntryScan scan) : m_scan(std::move(scan))
+DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopApplication> applications)
+    : m_applications(std::move(applications))
 {
     std::vector<const DesktopApplication *> order;
-    for (const DesktopApplication &application : m_scan.applications)
+    for (const DesktopApplication &application : m_applications)
         order.push_back(&application);
     // A program that shows itself in menus explains a window better than a helper does, and the
     // entry that starts a program plainly better than one that asks it for something special.
@@ -36,6 +38,9 @@ DesktopEntryIndex::DesktopEntryIndex(DesktopEntryScan scan) : m_scan(std::move(s
         put(m_byId, application->id, application);
         put(m_byLastPart, application->id.section(u'.', -1), application);
         put(m_byProgram, application->program, application);
+        if (!application->programFile.isEmpty() &&
+            !m_byProgramFile.contains(application->programFile))
+            m_byProgramFile.insert(application->programFile, application);
     }
 }
 
@@ -63,7 +68,16 @@ const DesktopApplication *DesktopEntryIndex::find(const WindowIdentity &window) 
     if (const auto *found = first(m_byLastPart, {windowClass, name}))
         return found;
     // A process that runs somebody else's program says nothing about which one it runs.
+    if (!isInterpreter(QFileInfo(window.programPath).fileName())) {
+        if (const auto *found = findProgram(window.programPath))
+            return found;
+    }
     const QStringView process =
         isInterpreter(window.processName) ? QStringView() : window.processName;
     return first(m_byProgram, {process, windowClass, name});
+}
+
+const DesktopApplication *DesktopEntryIndex::findProgram(const QString &path) const
+{
+    return m_byProgramFile.value(path);
 }

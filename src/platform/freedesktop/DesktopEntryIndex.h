@@ -10,13 +10,18 @@
 class DesktopEntryIndex
 {
 public:
-    explicit DesktopEntryIndex(DesktopEntryScan scan);
+    explicit DesktopEntryIndex(std::vector<DesktopApplication> applications);
 
-    const DesktopEntryScan &scan() const { return m_scan; }
+    /// Of the more important folders first.
+    const std::vector<DesktopApplication> &applications() const { return m_applications; }
 
     /// By what the entry says of its windows, then the application id, then the desktop id, then
-    /// the program; letter case does not matter. Null when no entry fits.
+    /// the program; letter case does not matter but in a path. Null when no entry fits.
     const DesktopApplication *find(const WindowIdentity &window) const;
+
+    /// The entry that starts the program at `path`, an absolute path without links; null when none
+    /// does.
+    const DesktopApplication *findProgram(const QString &path) const;
 
 private:
     using Table = QHash<QString, const DesktopApplication *>;
@@ -24,9 +29,10 @@ private:
     static const DesktopApplication *first(const Table &table,
                                            std::initializer_list<QStringView> keys);
 
-    DesktopEntryScan m_scan;
+    std::vector<DesktopApplication> m_applications;
     Table m_byWindowClass;
     Table m_byId;
     Table m_byLastPart; ///< What follows the last dot of an id: "org.gnome.Nautilus".
     Table m_byProgram;
+    Table m_byProgramFile;
 };

@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 #include <QStandardPaths>
 
 #include <sys/stat.h>
@@ -62,7 +61,11 @@ std::optional<DesktopApplication> application(const DesktopEntry &entry)
     const QStringList command = withoutEnvironment(entry.command());
     if (!command.isEmpty()) {
         const QString program = QFileInfo(command.first()).fileName();
-        application.program = isLauncher(program) ? QString() : program;
+        if (!isLauncher(program)) {
+            application.program = program;
+            application.programFile =
+                QFileInfo(QStandardPaths::findExecutable(command.first())).canonicalFilePath();
+        }
         application.argumentCount = static_cast<int>(command.size()) - 1;
     }
     application.genericName = entry.text("GenericName").value_or(QString());
@@ -83,7 +86,6 @@ public:
 private:
     void addEntry(const std::filesystem::path &file, const QString &id);
 
-    QSet<QString> m_ids;
     /// Inodes of the folders above, so that a link cannot lead in circles.
     QSet<quint64> m_entered;
 };
@@ -95,9 +97,9 @@ QString textOf(const std::filesystem::path &path)
 
 void Scanner::addEntry(const std::filesystem::path &file, const QString &id)
 {
-    if (m_ids.contains(id) || result.applications.size() >= kMostEntries)
+    if (result.ids.contains(id) || result.applications.size() >= kMostEntries)
         return;
-    m_ids.insert(id);
+    result.ids.insert(id);
     const QString path = textOf(file);
     const auto entry = DesktopEntry::read(path);
     auto found = entry ? application(*entry) : std::nullopt;
@@ -147,17 +149,33 @@ QStringList DesktopEntryScan::standardFolders()
     return QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
 }
 
-DesktopEntryScan DesktopEntryScan::of(const QStringList &folders)
+DesktopEntryScan DesktopEntryScan::of(const QString &folder)
 {
     const std::chrono::nanoseconds begin = std::chrono::system_clock::now().time_since_epoch();
     Scanner scanner;
-    for (const QString &folder : folders)
-        scanner.scanFolder(QFile::encodeName(folder).toStdString(), QString(), 0);
+    scanner.scanFolder(QFile::encodeName(folder).toStdString(), QString(), 0);
     for (const DesktopFolderStamp &stamp : scanner.result.stamps) {
         if (std::chrono::nanoseconds(stamp.modified) > begin - kClockGrain)
             scanner.result.isSettled = false;
     }
     return std::move(scanner.result);
+}
+
+std::vector<DesktopApplication>
+DesktopEntryScan::merged(const std::vector<std::shared_ptr<const DesktopEntryScan>> &scans)
+{
+    std::vector<DesktopApplication> applications;
+    QSet<QString> shadowed;
+    for (const auto &scan : scans) {
+        if (!scan)
+            continue;
+        for (const DesktopApplication &application : scan->applications) {
+            if (!shadowed.contains(application.id))
+                applications.push_back(application);
+        }
+        shadowed.unite(scan->ids);
+    }
+    return applications;
 }
 
 bool DesktopEntryScan::isCurrent() const

@@ -1,12 +1,14 @@
 #include "platform/freedesktop/FreedesktopInstalledApplications.h"
 
 #include "platform/freedesktop/DesktopEntry.h"
+#include "platform/freedesktop/DesktopEntryApplicationNames.h"
 #include "platform/freedesktop/DesktopEntryCatalog.h"
 #include "platform/freedesktop/DesktopEntryIcon.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QSet>
+#include <QStandardPaths>
 #include <QStyle>
 
 #include <algorithm>
@@ -52,11 +54,17 @@ bool isPasswordManager(const DesktopApplication &application)
            application.genericName.contains(u"password manager", Qt::CaseInsensitive);
 }
 
+InstalledApplication installed(const DesktopApplication &application)
+{
+    return {application.name, application.path, application.iconName,
+            isPasswordManager(application)};
+}
+
 } // namespace
 
 FreedesktopInstalledApplications::FreedesktopInstalledApplications(
-    std::shared_ptr<DesktopEntryCatalog> catalog)
-    : m_catalog(std::move(catalog))
+    std::shared_ptr<DesktopEntryCatalog> catalog, OpenWindows openWindows)
+    : m_catalog(std::move(catalog)), m_openWindows(std::move(openWindows))
 {
 }
 
@@ -64,10 +72,19 @@ QList<InstalledApplication> FreedesktopInstalledApplications::applications()
 {
     const auto index = m_catalog->currentIndex();
     QList<InstalledApplication> list;
-    for (const DesktopApplication &application : index->scan().applications) {
-        if (application.isDisplayed)
-            list.append({application.name, application.path, application.iconName,
-                         isPasswordManager(application)});
+    QSet<QString> names;
+    for (const DesktopApplication &application : index->applications()) {
+        if (!application.isDisplayed)
+            continue;
+        list.append(installed(application));
+        names.insert(application.name);
+    }
+    for (const WindowIdentity &window : m_openWindows()) {
+        const InstalledApplication application = ofWindow(*index, window);
+        if (application.name.isEmpty() || names.contains(application.name))
+            continue;
+        list.append(application);
+        names.insert(application.name);
     }
     std::stable_sort(list.begin(), list.end(), [](const auto &left, const auto &right) {
         return QString::compare(left.name, right.name, Qt::CaseInsensitive) < 0;
@@ -79,17 +96,68 @@ std::optional<InstalledApplication>
 FreedesktopInstalledApplications::applicationAtPath(const QString &path)
 {
     const QFileInfo file(path);
-    if (file.suffix() == u"desktop") {
-        const auto entry = DesktopEntry::read(path);
-        const QString name =
-            entry ? entry->text("Name").value_or(QString()).simplified() : QString();
-        if (name.isEmpty())
-            return std::nullopt;
-        return InstalledApplication{name, path, entry->text("Icon").value_or(QString()), false};
-    }
+    if (file.suffix() == u"desktop")
+        return ofEntry(path);
     if (!file.isFile() || !file.isExecutable())
         return std::nullopt;
-    return InstalledApplication{file.fileName(), path, {}, false};
+    return ofProgram(path);
+}
+
+InstalledApplication FreedesktopInstalledApplications::ofWindow(const DesktopEntryIndex &index,
+                                                                const WindowIdentity &window) const
+{
+    if (const DesktopApplication *application = index.find(window))
+        return installed(*application);
+    return {DesktopEntryApplicationNames(m_catalog).identify(window).name,
+            window.programPath,
+            {},
+            false};
+}
+
+std::optional<InstalledApplication>
+FreedesktopInstalledApplications::ofEntry(const QString &path) const
+{
+    const auto entry = DesktopEntry::read(path);
+    const QString name = entry ? entry->text("Name").value_or(QString()).simplified() : QString();
+    if (name.isEmpty())
+        return std::nullopt;
+    // An entry that lies elsewhere, as on a desktop, names nobody's windows: what counts is the
+    // installed one that starts the same program.
+    const auto index = m_catalog->currentIndex();
+    const QStringList command = entry->command();
+    const QString program =
+        QFileInfo(QStandardPaths::findExecutable(command.value(0))).canonicalFilePath();
+    const auto &known = index->applications();
+    const bool isInstalled =
+        std::any_of(known.begin(), known.end(), [&](const DesktopApplication &application) {
+            return application.name == name;
+        });
+    const DesktopApplication *starter = isInstalled ? nullptr : index->findProgram(program);
+    if (starter)
+        return installed(*starter);
+    return InstalledApplication{name, path, entry->text("Icon").value_or(QString()), false};
+}
+
+InstalledApplication FreedesktopInstalledApplications::ofProgram(const QString &path) const
+{
+    const auto index = m_catalog->currentIndex();
+    const QString program = QFileInfo(path).canonicalFilePath();
+    if (const DesktopApplication *application = index->findProgram(program))
+        return installed(*application);
+    const QString processName = QFileInfo(program).fileName();
+    const QList<WindowIdentity> windows = m_openWindows();
+    // A script that starts its program from another folder often bears the program's name.
+    for (const bool isByName : {false, true}) {
+        for (const WindowIdentity &window : windows) {
+            if (isByName ? window.processName == QFileInfo(path).fileName()
+                         : window.programPath == program) {
+                InstalledApplication application = ofWindow(*index, window);
+                if (!application.name.isEmpty())
+                    return application;
+            }
+        }
+    }
+    return ofWindow(*index, {{}, {}, {}, processName, program});
 }
 
 QIcon FreedesktopInstalledApplications::icon(const InstalledApplication &application)

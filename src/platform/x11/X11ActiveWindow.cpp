@@ -64,7 +64,9 @@ std::optional<WindowIdentity> X11ActiveWindow::identityOf(xcb_window_t window) c
     identity.resourceClass = QString::fromLatin1(names.value(1));
     identity.gtkApplicationId =
         QString::fromUtf8(m_connection.property(window, m_atoms.gtkApplicationId, m_atoms.utf8));
-    identity.processName = ClientProcess::nameOf(processIdOf(window));
+    const quint32 processId = processIdOf(window);
+    identity.processName = ClientProcess::nameOf(processId);
+    identity.programPath = ClientProcess::programOf(processId);
     return identity;
 }
 

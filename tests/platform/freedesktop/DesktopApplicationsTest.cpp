@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <latch>
 #include <thread>
 
 namespace {
@@ -157,6 +158,90 @@ TEST_F(DesktopApplications, whatIsInstalledLaterIsFound)
     put("later.desktop", "Name=Later\n", "user");
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return names.identify(window("x", "later")).name == QStringLiteral("Later"); }));
+}
+
+TEST_F(DesktopApplications, aFolderThatNeverAnswersHoldsNobodyUpAndIsTakenInWhenItComes)
+{
+    put("far.desktop", "Name=Far\n", "user");
+    put("near.desktop", "Name=Near\n");
+    const auto isBack = std::make_shared<std::latch>(1);
+    const auto shared = std::make_shared<DesktopEntryCatalog>(
+        QStringList{m_folder.filePath(QStringLiteral("user")),
+                    m_folder.filePath(QStringLiteral("system"))},
+        [isBack](const QString &folder) {
+            if (folder.endsWith(u"user"))
+                isBack->wait();
+            return DesktopEntryScan::of(folder);
+        });
+    const DesktopEntryApplicationNames names(shared);
+    FreedesktopInstalledApplications applications(shared);
+    EXPECT_EQ(names.identify(window("x", "near")).name, QStringLiteral("Near"));
+    EXPECT_EQ(names.identify(window("x", "far")).name, QStringLiteral("far"));
+    EXPECT_EQ(applications.applications().size(), 1);
+    isBack->count_down();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return names.identify(window("x", "far")).name == QStringLiteral("Far"); }));
+    EXPECT_EQ(applications.applications().size(), 2);
+}
+
+/// A file that may be run, at `path`.
+void putProgram(const QString &path)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+}
+
+TEST_F(DesktopApplications, whatIsChosenByHandBearsTheNameThatCaptureGivesItsWindow)
+{
+    const auto at = [this](const char *path) { return m_folder.filePath(QString::fromUtf8(path)); };
+    for (const char *program : {"bin/reed", "bin/Reed.AppImage", "bin/plain", "bin/sedge"})
+        putProgram(at(program));
+    ASSERT_TRUE(QFile::link(at("bin/reed"), at("bin/link")));
+    ASSERT_TRUE(QFile::link(at("bin/plain"), at("bin/plain-link")));
+    put("reed.desktop", "Name=Reed Editor\nExec=\"" + at("bin/reed").toUtf8() + "\" %U\n");
+    put("image.desktop", "Name=Image\nExec=" + at("bin/Reed.AppImage").toUtf8() + "\n");
+    put("else/copy.desktop", "Name=Copied\nExec=" + at("bin/reed").toUtf8() + "\n", "desk");
+    put("else/own.desktop", "Name=Of its own\nExec=/nowhere\n", "desk");
+    // Runs out of the image; its own executable lies within.
+    WindowIdentity image = window("inner", "Inner", "", "inner");
+    image.programPath = at("bin/Reed.AppImage");
+    WindowIdentity sedge = window("sedge", "Sedge", "", "sedge");
+    sedge.programPath = at("bin/sedge");
+    const auto shared = catalog();
+    FreedesktopInstalledApplications applications(shared, [&] {
+        return QList<WindowIdentity>{image, sedge, sedge};
+    });
+    struct Row
+    {
+        const char *file;
+        const char *name;
+        const char *path;
+    };
+    const Row rows[]{
+        {"bin/reed", "Reed Editor", "system/reed.desktop"},
+        {"bin/link", "Reed Editor", "system/reed.desktop"},
+        {"bin/Reed.AppImage", "Image", "system/image.desktop"},
+        {"bin/sedge", "Sedge", "bin/sedge"},
+        {"bin/plain", "plain", "bin/plain"},
+        {"bin/plain-link", "plain", "bin/plain"},
+        {"system/reed.desktop", "Reed Editor", "system/reed.desktop"},
+        {"desk/else/copy.desktop", "Reed Editor", "system/reed.desktop"},
+        {"desk/else/own.desktop", "Of its own", "desk/else/own.desktop"},
+    };
+    for (const Row &row : rows) {
+        const auto chosen = applications.applicationAtPath(at(row.file));
+        ASSERT_TRUE(chosen) << row.file;
+        EXPECT_EQ(chosen->name.toStdString(), row.name) << row.file;
+        EXPECT_EQ(chosen->path, at(row.path)) << row.file;
+    }
+    EXPECT_EQ(DesktopEntryApplicationNames(shared).identify(image).name, QStringLiteral("Image"));
+    QStringList offered;
+    for (const InstalledApplication &application : applications.applications())
+        offered.append(application.name);
+    EXPECT_EQ(offered, (QStringList{QStringLiteral("Image"), QStringLiteral("Reed Editor"),
+                                    QStringLiteral("Sedge")}));
 }
 
 TEST_F(DesktopApplications, manyThreadsMayAskWhileTheFoldersChange)
