@@ -22,8 +22,7 @@ LaunchAtLogin::LaunchAtLogin(LoginItems &items, std::function<void(const QString
 
 LaunchAtLogin::Lookup LaunchAtLogin::applicationIsInStartUpItems() const
 {
-    const std::optional<QString> application = m_items.applicationPath();
-    if (!application) {
+    if (!m_items.applicationPath()) {
         m_logTrace(QStringLiteral("itemReferencesInLoginItems 3"));
         return {};
     }
@@ -44,7 +43,7 @@ LaunchAtLogin::Lookup LaunchAtLogin::applicationIsInStartUpItems() const
             continue;
         }
         print(QStringLiteral("URL Ref: ") + QFileInfo(*path).fileName());
-        if (path == application)
+        if (m_items.startsApplication(item))
             return {item, end};
     }
     return {std::nullopt, end};

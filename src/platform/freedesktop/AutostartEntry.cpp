@@ -18,9 +18,11 @@ bool isOurs(const QString &key)
     return kOurs.contains(key);
 }
 
+constexpr const char *kSwitch = "X-GNOME-Autostart-enabled";
+
 bool keepsFromStarting(const QString &key, const QString &value)
 {
-    return key == u"X-GNOME-Autostart-enabled" && value != u"true";
+    return key == QLatin1String(kSwitch) && value != u"true";
 }
 
 /// The user's additions to the main group, then every other group as it stood.
@@ -74,6 +76,12 @@ void Additions::addKey(const QString &line)
 }
 
 } // namespace
+
+bool AutostartEntry::isSwitchedOff(const DesktopEntry &entry)
+{
+    const auto state = entry.text(kSwitch);
+    return entry.isTrue("Hidden") || (state && keepsFromStarting(QLatin1String(kSwitch), *state));
+}
 
 QByteArray AutostartEntry::compose(const QString &path, const QByteArray &former)
 {

@@ -72,7 +72,12 @@ FreedesktopLoginItems::FreedesktopLoginItems(const QString &folder,
 {
 }
 
-std::optional<QList<LoginItem>> FreedesktopLoginItems::snapshot() const
+LoginItem FreedesktopLoginItems::ownItem()
+{
+    return {Info::main().bundleIdentifier + QStringLiteral(".desktop")};
+}
+
+std::optional<QList<LoginItem>> FreedesktopLoginItems::allItems() const
 {
     const QFileInfo folder(m_folder);
     if (!folder.exists())
@@ -85,11 +90,19 @@ std::optional<QList<LoginItem>> FreedesktopLoginItems::snapshot() const
         return left.lastModified() < right.lastModified();
     });
     QList<LoginItem> items;
-    for (const QFileInfo &file : files) {
-        const auto entry = DesktopEntry::read(file.filePath());
-        if (!entry || !entry->isTrue("Hidden"))
-            items.append({file.fileName()});
-    }
+    for (const QFileInfo &file : files)
+        items.append({file.fileName()});
+    return items;
+}
+
+std::optional<QList<LoginItem>> FreedesktopLoginItems::snapshot() const
+{
+    auto items = allItems();
+    if (items)
+        items->removeIf([this](const LoginItem &item) {
+            const auto entry = DesktopEntry::read(pathOf(item));
+            return entry && entry->isTrue("Hidden");
+        });
     return items;
 }
 
@@ -100,12 +113,35 @@ std::optional<QString> FreedesktopLoginItems::resolvedPath(const LoginItem &item
     if (command.isEmpty())
         return std::nullopt;
     const QString program = QStandardPaths::findExecutable(command.first());
-    return program.isEmpty() ? std::nullopt : std::optional(resolved(program));
+    return program.isEmpty() ? std::nullopt : std::optional(QDir::cleanPath(program));
+}
+
+bool FreedesktopLoginItems::startsApplication(const LoginItem &item) const
+{
+    const auto path = resolvedPath(item);
+    return path && m_applicationPath && resolved(*path) == resolved(*m_applicationPath);
+}
+
+OwnEntry FreedesktopLoginItems::ownEntry() const
+{
+    OwnEntry found = OwnEntry::Missing;
+    const QList<LoginItem> items = allItems().value_or(QList<LoginItem>());
+    for (const LoginItem &item : items) {
+        const auto entry = DesktopEntry::read(pathOf(item));
+        const bool isDisabled = entry && AutostartEntry::isSwitchedOff(*entry);
+        // One that says nothing but that it is hidden tells no program either.
+        if (!startsApplication(item) && !(isDisabled && item == ownItem()))
+            continue;
+        if (!isDisabled)
+            return OwnEntry::Enabled;
+        found = OwnEntry::Disabled;
+    }
+    return found;
 }
 
 void FreedesktopLoginItems::remove(const LoginItem &item)
 {
-    if (m_applicationPath && resolvedPath(item) == m_applicationPath)
+    if (startsApplication(item))
         m_removed = readRegularFile(pathOf(item)).value_or(QByteArray());
     QFile file(pathOf(item));
     if (!file.remove())
@@ -125,7 +161,7 @@ qint64 FreedesktopLoginItems::timeAfterLast() const
 
 void FreedesktopLoginItems::insertLast(const QString &path)
 {
-    const QString target = pathOf({Info::main().bundleIdentifier + QStringLiteral(".desktop")});
+    const QString target = pathOf(ownItem());
     const QByteArray former = readRegularFile(target).value_or(m_removed);
     const qint64 time = timeAfterLast();
     makeFolder(m_folder);

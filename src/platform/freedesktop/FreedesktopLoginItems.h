@@ -24,10 +24,17 @@ public:
     std::optional<QString> applicationPath() const override { return m_applicationPath; }
     std::optional<QList<LoginItem>> snapshot() const override;
     std::optional<QString> resolvedPath(const LoginItem &item) const override;
+    bool startsApplication(const LoginItem &item) const override;
+    OwnEntry ownEntry() const override;
     void remove(const LoginItem &item) override;
     void insertLast(const QString &path) override;
 
 private:
+    /// Our own file's.
+    static LoginItem ownItem();
+    /// Every entry, the hidden ones too, the one written last at the end; absent when they cannot
+    /// be read.
+    std::optional<QList<LoginItem>> allItems() const;
     QString pathOf(const LoginItem &item) const { return m_folder + u'/' + item.id; }
     qint64 timeAfterLast() const;
 

@@ -32,6 +32,28 @@ std::optional<QString> MemoryLoginItems::resolvedPath(const LoginItem &item) con
     return std::nullopt;
 }
 
+bool MemoryLoginItems::startsApplication(const LoginItem &item) const
+{
+    return m_applicationPath && resolvedPath(item) == m_applicationPath;
+}
+
+OwnEntry MemoryLoginItems::ownEntry() const
+{
+    for (const auto &[item, program] : m_items) {
+        if (startsApplication(item))
+            return m_isOwnEnabled ? OwnEntry::Enabled : OwnEntry::Disabled;
+    }
+    return OwnEntry::Missing;
+}
+
+void MemoryLoginItems::insertLast(const QString &path)
+{
+    if (!m_isWritable)
+        return;
+    append(path);
+    m_isOwnEnabled = true;
+}
+
 void MemoryLoginItems::remove(const LoginItem &item)
 {
     m_items.removeIf([&](const auto &known) { return known.first == item; });

@@ -31,6 +31,10 @@ public:
     void setApplicationPath(const std::optional<QString> &path) { m_applicationPath = path; }
     /// Adds an entry as another program would.
     void append(const QString &program);
+    /// Whether insertLast() finds room on the disk.
+    void setWritable(bool isWritable) { m_isWritable = isWritable; }
+    /// Switches our entries off, or on again, as the desktop's own list does.
+    void setOwnEnabled(bool isEnabled) { m_isOwnEnabled = isEnabled; }
     /// The programs in order.
     QStringList programs() const;
 
@@ -38,11 +42,15 @@ public:
     std::optional<QString> applicationPath() const override { return m_applicationPath; }
     std::optional<QList<LoginItem>> snapshot() const override;
     std::optional<QString> resolvedPath(const LoginItem &item) const override;
+    bool startsApplication(const LoginItem &item) const override;
+    OwnEntry ownEntry() const override;
     void remove(const LoginItem &item) override;
-    void insertLast(const QString &path) override { append(path); }
+    void insertLast(const QString &path) override;
 
 private:
     bool m_isAvailable = true;
+    bool m_isWritable = true;
+    bool m_isOwnEnabled = true;
     std::optional<QString> m_applicationPath = QStringLiteral("/usr/bin/quillmarsh");
     QList<std::pair<LoginItem, QString>> m_items;
     int m_lastId = 0;

@@ -82,12 +82,11 @@ TEST_F(FreedesktopLogin, anEntryOutlivesTheVersionThatWroteIt)
     ASSERT_TRUE(QFile::link(QStringLiteral("versions/1.0"), path("current")));
     FreedesktopLoginItems items(m_folder.path(), path("versions/1.0/quillmarsh"));
     items.insertLast(path("versions/1.0/quillmarsh"));
-    EXPECT_EQ(items.resolvedPath(items.snapshot().value().first()),
-              path("versions/1.0/quillmarsh"));
+    EXPECT_TRUE(items.startsApplication(items.snapshot().value().first()));
     QFile::remove(path("current"));
     ASSERT_TRUE(QFile::link(QStringLiteral("versions/1.1"), path("current")));
-    EXPECT_EQ(items.resolvedPath(items.snapshot().value().first()),
-              path("versions/1.1/quillmarsh"));
+    const FreedesktopLoginItems later(m_folder.path(), path("versions/1.1/quillmarsh"));
+    EXPECT_TRUE(later.startsApplication(items.snapshot().value().first()));
 }
 
 TEST_F(FreedesktopLogin, aHiddenEntryIsNotInTheListAndIsShownAgainByInserting)
@@ -99,6 +98,34 @@ TEST_F(FreedesktopLogin, aHiddenEntryIsNotInTheListAndIsShownAgainByInserting)
     EXPECT_EQ(items.snapshot()->size(), 1);
     EXPECT_FALSE(ours().contains("Hidden"));
     EXPECT_TRUE(ours().contains("X-Mine=1"));
+}
+
+TEST_F(FreedesktopLogin, itsEntryIsSeenAsTheSessionWillSeeIt)
+{
+    const QByteArray us =
+        "[Desktop Entry]\nExec=" +
+        QFile::encodeName(QFileInfo(QCoreApplication::applicationFilePath()).filePath()) + '\n';
+    struct Row
+    {
+        const char *file;
+        QByteArray entry;
+        OwnEntry state;
+    };
+    const char *const kOurs = "org.quillmarsh.Quillmarsh.desktop";
+    const Row rows[]{
+        {"other.desktop", "[Desktop Entry]\nExec=true\n", OwnEntry::Missing},
+        {kOurs, "[Desktop Entry]\nExec=/nowhere/quillmarsh\n", OwnEntry::Missing},
+        {kOurs, us, OwnEntry::Enabled},
+        {kOurs, us + "X-GNOME-Autostart-enabled=true\n", OwnEntry::Enabled},
+        {kOurs, us + "X-GNOME-Autostart-enabled=false\n", OwnEntry::Disabled},
+        {kOurs, us + "Hidden=true\n", OwnEntry::Disabled},
+        {kOurs, "[Desktop Entry]\nHidden=true\n", OwnEntry::Disabled},
+        {"mine.desktop", us, OwnEntry::Enabled},
+    };
+    for (const Row &row : rows) {
+        put(row.file, row.entry);
+        EXPECT_EQ(items().ownEntry(), row.state) << row.entry.constData();
+    }
 }
 
 TEST_F(FreedesktopLogin, brokenEntriesAreListedButDoNotResolve)
@@ -121,7 +148,9 @@ TEST_F(FreedesktopLogin, aProgramIsFoundOnThePathAndThroughLinks)
     put("a.desktop", "[Desktop Entry]\nExec=\"" + path("linked").toUtf8() + "\" %U\n");
     put("b.desktop", "[Desktop Entry]\nExec=env A=b\n");
     const auto items = this->items();
-    EXPECT_EQ(items.resolvedPath({QStringLiteral("a.desktop")}), items.applicationPath());
+    EXPECT_EQ(items.resolvedPath({QStringLiteral("a.desktop")}), path("linked"));
+    EXPECT_TRUE(items.startsApplication({QStringLiteral("a.desktop")}));
+    EXPECT_FALSE(items.startsApplication({QStringLiteral("b.desktop")}));
     EXPECT_TRUE(items.resolvedPath({QStringLiteral("b.desktop")})->endsWith(u"/env"));
 }
 
