@@ -5,6 +5,7 @@ complete -c quillmarsh -n __fish_use_subcommand -a preferences -d 'Open the pref
 complete -c quillmarsh -n __fish_use_subcommand -a check-for-updates -d 'Look for a newer version'
 complete -c quillmarsh -n __fish_use_subcommand -a feedback -d 'Write to those who make it'
 complete -c quillmarsh -n __fish_use_subcommand -a help -d 'Open the help page'
+complete -c quillmarsh -n __fish_use_subcommand -a welcome -d 'Show the welcome again'
 complete -c quillmarsh -n __fish_use_subcommand -a clear-all -d 'Delete every clip'
 complete -c quillmarsh -n __fish_use_subcommand -a quit -d 'End the running instance'
 complete -c quillmarsh -s h -l help -d 'Show the commands'

@@ -385,6 +385,14 @@
         <source>Quit</source>
         <translation>إنهاء</translation>
     </message>
+    <message>
+        <source>Damaged Settings</source>
+        <translation>إعدادات تالفة</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
+        <translation>لا يُسجَّل شيء: تعذّرت قراءة إعداداتك، وكانت قائمة التطبيقات المتجاهَلة من بينها. أجب أولًا عن السؤال المتعلق بها.</translation>
+    </message>
 </context>
 <context>
     <name>EmptyStateView</name>
@@ -684,6 +692,22 @@ file: lists copied files.</source>
         <source>S&amp;wop:</source>
         <translation>المبادلة:</translation>
     </message>
+    <message>
+        <source>The desktop’s list of start-up programs could not be written.</source>
+        <translation>تعذّرت الكتابة في قائمة برامج بدء التشغيل لسطح المكتب.</translation>
+    </message>
+    <message>
+        <source>Switched off in the desktop’s own list. Tick it anew to switch it on.</source>
+        <translation>معطَّل في قائمة سطح المكتب. أعد وضع العلامة لتفعيله.</translation>
+    </message>
+    <message>
+        <source>Missing in the desktop’s own list. Tick it anew to put it there.</source>
+        <translation>غير موجود في قائمة سطح المكتب. أعد وضع العلامة لإضافته.</translation>
+    </message>
+    <message>
+        <source>The desktop opens it all the same.</source>
+        <translation>يفتحه سطح المكتب مع ذلك.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -769,6 +793,13 @@ file: lists copied files.</source>
     <message>
         <source>The server stopped answering.</source>
         <translation>توقف الخادم عن الرد.</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoredApplicationsModel</name>
+    <message>
+        <source>%1 (recognised by this name only)</source>
+        <translation>%1 (يُتعرَّف عليه بهذا الاسم فقط)</translation>
     </message>
 </context>
 <context>
@@ -1533,6 +1564,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Your clips never leave this computer.</source>
         <translation>لا تغادر قصاصاتك هذا الحاسوب أبدًا.</translation>
+    </message>
+    <message>
+        <source>(turned off)</source>
+        <translation>(معطَّل)</translation>
     </message>
 </context>
 <context>

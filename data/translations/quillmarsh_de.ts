@@ -357,6 +357,14 @@
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
+    <message>
+        <source>Damaged Settings</source>
+        <translation>Beschädigte Einstellungen</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
+        <translation>Es wird nichts aufgezeichnet: Ihre Einstellungen konnten nicht gelesen werden, und die Liste der ignorierten Anwendungen gehörte dazu. Beantworten Sie zuerst die Frage danach.</translation>
+    </message>
 </context>
 <context>
     <name>EmptyStateView</name>
@@ -652,6 +660,22 @@ file: zeigt kopierte Dateien.</translation>
         <source>S&amp;wop:</source>
         <translation>Tausc&amp;hen:</translation>
     </message>
+    <message>
+        <source>The desktop’s list of start-up programs could not be written.</source>
+        <translation>Die Autostart-Liste der Arbeitsumgebung konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Switched off in the desktop’s own list. Tick it anew to switch it on.</source>
+        <translation>In der Liste der Arbeitsumgebung ausgeschaltet. Neu ankreuzen schaltet es ein.</translation>
+    </message>
+    <message>
+        <source>Missing in the desktop’s own list. Tick it anew to put it there.</source>
+        <translation>Fehlt in der Liste der Arbeitsumgebung. Neu ankreuzen trägt es dort ein.</translation>
+    </message>
+    <message>
+        <source>The desktop opens it all the same.</source>
+        <translation>Die Arbeitsumgebung öffnet es trotzdem.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -737,6 +761,13 @@ file: zeigt kopierte Dateien.</translation>
     <message>
         <source>The server stopped answering.</source>
         <translation>Der Server antwortet nicht mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoredApplicationsModel</name>
+    <message>
+        <source>%1 (recognised by this name only)</source>
+        <translation>%1 (nur an diesem Namen erkannt)</translation>
     </message>
 </context>
 <context>
@@ -1493,6 +1524,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Your clips never leave this computer.</source>
         <translation>Ihre Clips verlassen diesen Computer nie.</translation>
+    </message>
+    <message>
+        <source>(turned off)</source>
+        <translation>(ausgeschaltet)</translation>
     </message>
 </context>
 <context>

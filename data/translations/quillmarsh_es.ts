@@ -357,6 +357,14 @@
         <source>Quit</source>
         <translation>Salir</translation>
     </message>
+    <message>
+        <source>Damaged Settings</source>
+        <translation>Ajustes dañados</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
+        <translation>No se graba nada: no se han podido leer sus ajustes, y la lista de aplicaciones ignoradas estaba entre ellos. Responda primero a la pregunta sobre ellos.</translation>
+    </message>
 </context>
 <context>
     <name>EmptyStateView</name>
@@ -652,6 +660,22 @@ file: muestra los archivos copiados.</translation>
         <source>S&amp;wop:</source>
         <translation>Intercam&amp;bio:</translation>
     </message>
+    <message>
+        <source>The desktop’s list of start-up programs could not be written.</source>
+        <translation>No se ha podido escribir la lista de inicio del escritorio.</translation>
+    </message>
+    <message>
+        <source>Switched off in the desktop’s own list. Tick it anew to switch it on.</source>
+        <translation>Desactivado en la lista del escritorio. Vuelva a marcarlo para activarlo.</translation>
+    </message>
+    <message>
+        <source>Missing in the desktop’s own list. Tick it anew to put it there.</source>
+        <translation>Falta en la lista del escritorio. Vuelva a marcarlo para añadirlo.</translation>
+    </message>
+    <message>
+        <source>The desktop opens it all the same.</source>
+        <translation>El escritorio lo abre de todos modos.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -737,6 +761,13 @@ file: muestra los archivos copiados.</translation>
     <message>
         <source>The server stopped answering.</source>
         <translation>El servidor ha dejado de responder.</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoredApplicationsModel</name>
+    <message>
+        <source>%1 (recognised by this name only)</source>
+        <translation>%1 (reconocido solo por este nombre)</translation>
     </message>
 </context>
 <context>
@@ -1493,6 +1524,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Your clips never leave this computer.</source>
         <translation>Sus recortes nunca salen de este equipo.</translation>
+    </message>
+    <message>
+        <source>(turned off)</source>
+        <translation>(desactivado)</translation>
     </message>
 </context>
 <context>

@@ -357,6 +357,14 @@
         <source>Quit</source>
         <translation>Quitter</translation>
     </message>
+    <message>
+        <source>Damaged Settings</source>
+        <translation>Réglages endommagés</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
+        <translation>Rien n’est enregistré&#xa0;: vos réglages n’ont pas pu être lus, et la liste des applications ignorées en faisait partie. Répondez d’abord à la question à leur sujet.</translation>
+    </message>
 </context>
 <context>
     <name>EmptyStateView</name>
@@ -652,6 +660,22 @@ file: montre les fichiers copiés.</translation>
         <source>S&amp;wop:</source>
         <translation>É&amp;change&#xa0;:</translation>
     </message>
+    <message>
+        <source>The desktop’s list of start-up programs could not be written.</source>
+        <translation>La liste de démarrage du bureau n’a pas pu être écrite.</translation>
+    </message>
+    <message>
+        <source>Switched off in the desktop’s own list. Tick it anew to switch it on.</source>
+        <translation>Désactivé dans la liste du bureau. Recochez pour l’activer.</translation>
+    </message>
+    <message>
+        <source>Missing in the desktop’s own list. Tick it anew to put it there.</source>
+        <translation>Absent de la liste du bureau. Recochez pour l’y inscrire.</translation>
+    </message>
+    <message>
+        <source>The desktop opens it all the same.</source>
+        <translation>Le bureau l’ouvre quand même.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -737,6 +761,13 @@ file: montre les fichiers copiés.</translation>
     <message>
         <source>The server stopped answering.</source>
         <translation>Le serveur ne répond plus.</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoredApplicationsModel</name>
+    <message>
+        <source>%1 (recognised by this name only)</source>
+        <translation>%1 (reconnu à ce seul nom)</translation>
     </message>
 </context>
 <context>
@@ -1376,19 +1407,19 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>Swop: no selection is held, so the clip is only pasted</source>
-        <translation>Échange : aucune sélection n’est retenue, l’extrait est simplement collé</translation>
+        <translation>Échange&#xa0;: aucune sélection n’est retenue, l’extrait est simplement collé</translation>
     </message>
     <message>
         <source>Swop: the selection of %1 is held</source>
-        <translation>Échange : la sélection de %1 est retenue</translation>
+        <translation>Échange&#xa0;: la sélection de %1 est retenue</translation>
     </message>
     <message>
         <source>Swop: the selection is held</source>
-        <translation>Échange : la sélection est retenue</translation>
+        <translation>Échange&#xa0;: la sélection est retenue</translation>
     </message>
     <message>
         <source>Nothing is recorded: the history cannot be written</source>
-        <translation>Rien n’est enregistré : l’historique n’est pas accessible en écriture</translation>
+        <translation>Rien n’est enregistré&#xa0;: l’historique n’est pas accessible en écriture</translation>
     </message>
 </context>
 <context>
@@ -1493,6 +1524,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Your clips never leave this computer.</source>
         <translation>Vos extraits ne quittent jamais cet ordinateur.</translation>
+    </message>
+    <message>
+        <source>(turned off)</source>
+        <translation>(désactivé)</translation>
     </message>
 </context>
 <context>

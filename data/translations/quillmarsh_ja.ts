@@ -350,6 +350,14 @@
         <source>Quit</source>
         <translation>終了</translation>
     </message>
+    <message>
+        <source>Damaged Settings</source>
+        <translation>破損した設定</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
+        <translation>何も記録されません。設定を読み込めず、無視するアプリケーションの一覧もその中にありました。先に設定についての質問に答えてください。</translation>
+    </message>
 </context>
 <context>
     <name>EmptyStateView</name>
@@ -644,6 +652,22 @@ file: でコピーしたファイルだけを表示します。</translation>
         <source>S&amp;wop:</source>
         <translation>入れ替え(&amp;W):</translation>
     </message>
+    <message>
+        <source>The desktop’s list of start-up programs could not be written.</source>
+        <translation>デスクトップの自動起動リストに書き込めませんでした。</translation>
+    </message>
+    <message>
+        <source>Switched off in the desktop’s own list. Tick it anew to switch it on.</source>
+        <translation>デスクトップの一覧でオフになっています。チェックし直すとオンになります。</translation>
+    </message>
+    <message>
+        <source>Missing in the desktop’s own list. Tick it anew to put it there.</source>
+        <translation>デスクトップの一覧にありません。チェックし直すと追加されます。</translation>
+    </message>
+    <message>
+        <source>The desktop opens it all the same.</source>
+        <translation>それでもデスクトップが開きます。</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -729,6 +753,13 @@ file: でコピーしたファイルだけを表示します。</translation>
     <message>
         <source>The server stopped answering.</source>
         <translation>サーバーが応答しなくなりました。</translation>
+    </message>
+</context>
+<context>
+    <name>IgnoredApplicationsModel</name>
+    <message>
+        <source>%1 (recognised by this name only)</source>
+        <translation>%1（この名前だけで識別）</translation>
     </message>
 </context>
 <context>
@@ -1483,6 +1514,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Your clips never leave this computer.</source>
         <translation>クリップがこのコンピューターの外に出ることはありません。</translation>
+    </message>
+    <message>
+        <source>(turned off)</source>
+        <translation>（オフ）</translation>
     </message>
 </context>
 <context>

@@ -76,6 +76,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(platform);
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(platform, storeFolder);
+    connect(m_welcomeWindowController.get(), &WelcomeWindowController::closed, this,
+            &AppDelegate::welcomeWindowClosed);
     m_tourGuide = std::make_unique<TourGuide>();
     m_updates = std::make_unique<ApplicationUpdates>(
         platform, m_info,
@@ -107,6 +109,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
 AppDelegate::~AppDelegate()
 {
     applicationWillTerminate();
+    delete m_damagedSettingsQuestion;
 }
 
 void AppDelegate::applicationDidFinishLaunching()
@@ -219,11 +222,19 @@ void AppDelegate::initStatusBar()
 
 void AppDelegate::askAboutDamagedSettings()
 {
-    if (!m_platform.settings->areSettingsDamaged())
+    const bool isOpen = m_platform.settings->areSettingsDamaged();
+    if (m_viewController)
+        m_viewController->setFooter(isOpen ? DamagedSettingsQuestion::notice() : QString());
+    if (!isOpen)
         return;
-    auto *question = new DamagedSettingsQuestion(*m_platform.settings);
-    connect(question, &DamagedSettingsQuestion::quitChosen, this, &AppDelegate::quit);
-    question->open();
+    if (!m_damagedSettingsQuestion) {
+        m_damagedSettingsQuestion = new DamagedSettingsQuestion(*m_platform.settings);
+        connect(m_damagedSettingsQuestion, &DamagedSettingsQuestion::quitChosen, this,
+                &AppDelegate::quit);
+        connect(m_damagedSettingsQuestion, &DamagedSettingsQuestion::freshSettingsChosen, this,
+                &AppDelegate::askAboutDamagedSettings);
+    }
+    m_damagedSettingsQuestion->ask();
 }
 
 void AppDelegate::tellUnwritableHistory()
@@ -259,7 +270,8 @@ void AppDelegate::launch()
 
 void AppDelegate::swop()
 {
-    if (isTakenByWelcome())
+    // Later there would be no selection to swop.
+    if (waitsForWelcome(nullptr))
         return;
     // A swop takes its selection from another program, never from a field of ours.
     if (m_windowController)
@@ -270,10 +282,11 @@ void AppDelegate::swop()
 
 void AppDelegate::openPreferences()
 {
-    if (isTakenByWelcome())
+    if (waitsForWelcome(&AppDelegate::openPreferences))
         return;
     if (m_preferences)
         m_preferences->showPreferencesWindow();
+    askAboutDamagedSettings();
 }
 
 void AppDelegate::clearAll()
@@ -297,7 +310,7 @@ void AppDelegate::quit()
 
 void AppDelegate::checkForUpdates()
 {
-    if (isTakenByWelcome())
+    if (waitsForWelcome(&AppDelegate::checkForUpdates))
         return;
     if (!m_checkForUpdatesMI)
         qFatal("The menu item that checks for updates is missing");
@@ -311,7 +324,7 @@ DMHelperAppDelegate &AppDelegate::dmManager() const
 
 void AppDelegate::showFeedbackDialog()
 {
-    if (isTakenByWelcome())
+    if (waitsForWelcome(&AppDelegate::showFeedbackDialog))
         return;
     m_devMateKit->showFeedbackDialog(DevMateKit::FeedbackMode::Dialog);
 }
@@ -324,22 +337,34 @@ void AppDelegate::showWelcomeWindow(bool force)
 
 bool AppDelegate::handleWelcomeWindow()
 {
-    if (!m_preferencesGeneral->welcomeWindowShown()) {
+    // Damaged settings do not tell whether it was shown, and would not keep what is chosen in it.
+    if (!m_preferencesGeneral->welcomeWindowShown() && !m_platform.settings->areSettingsDamaged()) {
         showWelcomeWindow(false);
         return true;
     }
-    if (m_welcomeWindowController->isWindowOpen())
+    // One that was asked for again runs modally although it was completed before.
+    if (m_welcomeWindowController->isWindowOpen() || m_welcomeWindowController->isModal())
         m_welcomeWindowController->closeWindow();
     return false;
 }
 
 /// While the welcome runs modally no other window takes input, so none is opened beside it.
-bool AppDelegate::isTakenByWelcome()
+bool AppDelegate::waitsForWelcome(void (AppDelegate::*wish)())
 {
     if (!m_welcomeWindowController->isModal())
         return false;
     m_welcomeWindowController->showWelcomeWindow();
+    if (wish && !m_wishesAfterWelcome.contains(wish))
+        m_wishesAfterWelcome.append(wish);
     return true;
+}
+
+void AppDelegate::welcomeWindowClosed()
+{
+    // Later, because the welcome's own call is still under way.
+    const auto wishes = std::exchange(m_wishesAfterWelcome, {});
+    for (const auto wish : wishes)
+        QMetaObject::invokeMethod(this, wish, Qt::QueuedConnection);
 }
 
 void AppDelegate::startTour()
@@ -362,6 +387,7 @@ void AppDelegate::setWindowVisible()
 {
     if (m_windowController)
         m_windowController->showWindow();
+    askAboutDamagedSettings();
 }
 
 void AppDelegate::hide()

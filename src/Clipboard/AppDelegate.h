@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 
 #include <QAction>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -23,6 +24,7 @@ class ClipStore;
 class ClipboardCapture;
 class ClipboardWindow;
 class ApplicationHiding;
+class DamagedSettingsQuestion;
 class ApplicationUpdates;
 class DMHelperAppDelegate;
 class DevMateKit;
@@ -177,9 +179,13 @@ private:
     void initStatusBar();
     void loadPreferences();
     void showOpenShortcut();
+    /// Asks while the question is open, and says so in the history; nothing otherwise.
     void askAboutDamagedSettings();
     void tellUnwritableHistory();
-    bool isTakenByWelcome();
+    /// Whether the welcome takes all input. Then it comes to the front, and `wish`, if it is not
+    /// null, comes true once the welcome is closed.
+    bool waitsForWelcome(void (AppDelegate::*wish)());
+    void welcomeWindowClosed();
 
     Platform &m_platform;
     const Info m_info;
@@ -208,7 +214,9 @@ private:
     std::unique_ptr<WelcomeWindowController> m_welcomeWindowController;
     std::unique_ptr<TourGuide> m_tourGuide;
     std::unique_ptr<ApplicationUpdates> m_updates;
-    QPointer<QAction> m_checkForUpdatesMI; ///< m_updates has it.
+    QList<void (AppDelegate::*)()> m_wishesAfterWelcome;
+    QPointer<DamagedSettingsQuestion> m_damagedSettingsQuestion; ///< Deletes itself.
+    QPointer<QAction> m_checkForUpdatesMI;                       ///< m_updates has it.
     std::unique_ptr<DevMateKit> m_devMateKit;
     std::unique_ptr<TraylessHint> m_traylessHint;
 };

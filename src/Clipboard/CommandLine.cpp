@@ -17,6 +17,7 @@ constexpr Word kActions[] = {
     {u"check-for-updates", u"look for a newer version"},
     {u"feedback", u"write to those who make it"},
     {u"help", u"open the help page"},
+    {u"welcome", u"show the welcome again, which leads to the tour"},
     {u"clear-all", u"delete every clip, whether Quillmarsh runs or not"},
     {u"quit", u"end the running Quillmarsh, if there is one"},
 };

@@ -46,6 +46,8 @@ void DoorActions::perform(const QString &action)
         m_appDelegate.showFeedbackDialog();
     else if (action == u"help")
         m_appDelegate.help();
+    else if (action == u"welcome")
+        m_appDelegate.showWelcomeWindow(true);
     else if (action == u"clear-all")
         m_appDelegate.clearAll();
     else if (action == u"quit")

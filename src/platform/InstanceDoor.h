@@ -38,6 +38,6 @@ public:
 Q_SIGNALS:
     void activated(const QString &activationToken);
     /// One of "launch", "swop", "preferences", "check-for-updates", "feedback", "help",
-    /// "clear-all", "quit".
+    /// "welcome", "clear-all", "quit".
     void actionRequested(const QString &action, const QString &activationToken);
 };

@@ -1,6 +1,7 @@
 #include "Clipboard/AppDelegate.h"
 
 #include "Clipboard/StatusMenu.h"
+#include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/preferences/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
@@ -16,15 +17,19 @@
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "support/ExpectedWarnings.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 namespace {
 
@@ -328,6 +333,46 @@ TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
     m_platform.settings.acceptFreshSettings();
     copy(QStringLiteral("after the answer"));
     EXPECT_EQ(clips(), QStringList{QStringLiteral("after the answer")});
+}
+
+TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnswered)
+{
+    m_platform.settings.setDamaged(true);
+    m_platform.settings.setValue(SettingsKeys::kWelcomeWindowShown, {});
+    AppDelegate &delegate = start();
+    const auto *footer = delegate.window()->findChild<QLabel *>(QStringLiteral("footer"));
+    const auto question = []() -> DamagedSettingsQuestion * {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            auto *found = qobject_cast<DamagedSettingsQuestion *>(widget);
+            if (found && found->isVisible())
+                return found;
+        }
+        return nullptr;
+    };
+    const std::function<void()> openings[]{[] {}, [&] { delegate.launch(); },
+                                           [&] { delegate.openPreferences(); }};
+    for (const auto &open : openings) {
+        EXPECT_FALSE(question() && &open != openings);
+        open();
+        ASSERT_TRUE(question());
+        EXPECT_NE(question()->windowTitle(), QStringLiteral("Quillmarsh"));
+        EXPECT_TRUE(question()->testAttribute(Qt::WA_ShowWithoutActivating));
+        EXPECT_FALSE(footer->isHidden());
+        EXPECT_TRUE(footer->text().startsWith(QStringLiteral("Nothing is recorded")));
+        question()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    delegate.openPreferences();
+    QTest::keyClick(question(), Qt::Key_Escape);
+    EXPECT_FALSE(question());
+    EXPECT_TRUE(m_platform.settings.areSettingsDamaged());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    delegate.launch();
+    question()->buttons().first()->click();
+    EXPECT_FALSE(m_platform.settings.areSettingsDamaged());
+    EXPECT_TRUE(footer->isHidden());
+    delegate.openPreferences();
+    EXPECT_FALSE(question());
 }
 
 TEST_F(AppDelegateTest, openingAFileClipClosesTheHistoryAndRevealingLeavesItOpen)

@@ -4,6 +4,7 @@ import os
 import pathlib
 import sqlite3
 import subprocess
+import time
 import unittest
 
 from journey import BINARY, BUNDLE, Desktop, Journey, Quillmarsh, copy, pasteboard
@@ -50,11 +51,54 @@ class StoreTrouble(Journey):
         copy(self.desktop, "a secret of an ignored application")
         aside = settings.with_name(settings.name + ".damaged-1")
         self.assertTrue(aside.exists())
-        self.app.wait_until_active(self.app.window())
+        question = self.app.window("Damaged Settings")
+        self.desktop.run(["xdotool", "windowquit", question])
+        self.app.wait_until_hidden("Damaged Settings")
+        self.app.open_history()
+        question = self.app.window("Damaged Settings")
+        self.desktop.run(["xdotool", "windowactivate", question])
+        self.app.wait_until_active(question)
         self.app.key("Return")  # the question's default button: start with fresh settings
         self.wait_for(settings.exists, "fresh settings")
         self.copy("after the answer")
         self.assertEqual(self.app.clips(), ["after the answer"])
+
+    def test_the_question_about_damaged_settings_leaves_the_keyboard_where_it_is(self):
+        settings = pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], BUNDLE + ".plist")
+        settings.parent.mkdir(parents=True)
+        settings.write_bytes(b"no settings")
+        editor = self.editor("gtk")
+        self.app = Quillmarsh(self.desktop, BINARY)
+        self.app.window("Damaged Settings")
+        self.app.type("typed on")
+        self.wait_for_text(editor, "typed on")
+
+    def test_a_data_folder_that_hangs_does_not_stop_the_start(self):
+        folder = self.file("far")
+        applications = pathlib.Path(folder, "applications")
+        applications.mkdir(parents=True)
+        (applications / "reed.desktop").write_text(
+            "[Desktop Entry]\nType=Application\nName=Reed Editor\nStartupWMClass=qt_editor\n",
+            encoding="utf-8")
+        pathlib.Path(folder + ".mounts").touch()
+        pathlib.Path(folder + ".hung").touch()
+        self.app = Quillmarsh(self.desktop, BINARY, {
+            "LD_PRELOAD": os.environ["HUNG_FILES"], "HUNG_FOLDER": folder,
+            "XDG_DATA_DIRS": f"{folder}:/usr/share", "ASAN_OPTIONS": "verify_asan_link_order=0"})
+        self.copy("recorded all the same")
+        self.editor("qt", "before", "--select")
+        self.app.key("ctrl+c")
+        self.app.wait_for_clip("before")
+        pathlib.Path(folder + ".hung").unlink()
+        # Noticed when it is asked for the next time.
+        self.wait_for(lambda: self.copied_from() == "Reed Editor", "the entry that came late", 20)
+        self.assertEqual([line for line in self.app.log if "main thread asked" in line], [])
+
+    def copied_from(self):
+        """The application that the next copy counts as one of."""
+        copy(self.desktop, f"copied at {time.monotonic()}")
+        newest = self.app.clips("strValue, applicationName")
+        return newest[0][1] if newest else None
 
 
 class BareDesktops(Journey):

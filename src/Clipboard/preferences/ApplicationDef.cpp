@@ -1,5 +1,7 @@
 #include "Clipboard/preferences/ApplicationDef.h"
 
+#include <QFileInfo>
+
 namespace {
 
 // The module-qualified name that stored lists carry.
@@ -19,6 +21,11 @@ QString pathKey()
 }
 
 } // namespace
+
+bool ApplicationDef::isKnownByNameOnly() const
+{
+    return !path.isEmpty() && name == QFileInfo(path).fileName();
+}
 
 ArchivedObject ApplicationDef::encode() const
 {

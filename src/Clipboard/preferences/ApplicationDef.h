@@ -11,7 +11,11 @@
 struct ApplicationDef
 {
     QString name; ///< The bundle file name without its extension.
-    QString path; ///< The desktop entry, or the program that was chosen by hand.
+    QString path; ///< The desktop entry, or the program where there is none; may be empty.
+
+    /// Whether the name is all there is to tell the application by: that of its file, because it
+    /// has no desktop entry and no window told another.
+    bool isKnownByNameOnly() const;
 
     ArchivedObject encode() const;
     /// Absent when the object is of another class or lacks a field.

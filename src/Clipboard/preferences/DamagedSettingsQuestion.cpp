@@ -2,13 +2,19 @@
 
 #include "platform/SettingsStore.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 
 DamagedSettingsQuestion::DamagedSettingsQuestion(SettingsStore &settings)
     : QMessageBox(QMessageBox::Warning, QStringLiteral("Quillmarsh"),
                   tr("Your settings could not be read"), QMessageBox::NoButton)
 {
+    setWindowTitle(tr("Damaged Settings"));
     setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    // The history, over which it comes up, stays on top too.
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setWindowModality(Qt::NonModal);
     setInformativeText(
         tr("They were set aside beside %1. The list of ignored applications was among them, so "
            "nothing is recorded until you decide.")
@@ -18,9 +24,32 @@ DamagedSettingsQuestion::DamagedSettingsQuestion(SettingsStore &settings)
     addButton(tr("Quit"), QMessageBox::RejectRole);
     connect(this, &QMessageBox::buttonClicked, this,
             [this, &settings, fresh](const QAbstractButton *clicked) {
-                if (clicked == fresh)
-                    settings.acceptFreshSettings();
-                else
+                if (clicked != fresh) {
                     Q_EMIT quitChosen();
+                    return;
+                }
+                settings.acceptFreshSettings();
+                Q_EMIT freshSettingsChosen();
             });
+}
+
+void DamagedSettingsQuestion::ask()
+{
+    show();
+    raise();
+}
+
+QString DamagedSettingsQuestion::notice()
+{
+    return tr("Nothing is recorded: your settings could not be read, and the list of ignored "
+              "applications was among them. Answer the question about them first.");
+}
+
+void DamagedSettingsQuestion::keyPressEvent(QKeyEvent *event)
+{
+    // It would press the button that ends the program.
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QMessageBox::keyPressEvent(event);
 }

@@ -5,8 +5,9 @@
 class SettingsStore;
 
 /// Asks whether to start with fresh settings when the stored ones could not be read and were set
-/// aside. Nothing is recorded until it is answered. Deletes itself once it is closed; `settings`
-/// must outlive it.
+/// aside. Nothing is recorded until it is answered; closing it answers nothing. It comes up
+/// unasked, so it takes the keyboard from nobody. Deletes itself once it is closed; `settings` must
+/// outlive it.
 class DamagedSettingsQuestion : public QMessageBox
 {
     Q_OBJECT
@@ -14,7 +15,18 @@ class DamagedSettingsQuestion : public QMessageBox
 public:
     explicit DamagedSettingsQuestion(SettingsStore &settings);
 
+    /// Comes up, or to the front, without the keyboard.
+    void ask();
+
+    /// What the history says until the question is answered.
+    static QString notice();
+
 Q_SIGNALS:
+    void freshSettingsChosen();
     /// The user would rather look at the damaged file first.
     void quitChosen();
+
+protected:
+    // ^QMessageBox
+    void keyPressEvent(QKeyEvent *event) override;
 };

@@ -43,7 +43,7 @@ public:
         auto *line = new QHBoxLayout;
         line->setSpacing(8);
         for (QWidget *control : controls) {
-            if (qobject_cast<QLabel *>(control))
+            if (lineHeight && qobject_cast<QLabel *>(control))
                 control->setMinimumHeight(lineHeight);
             line->addWidget(control, 0, vertical);
         }
@@ -89,8 +89,9 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
       notifications(new QCheckBox(tr("Show &notifications"))), maxItems(new HistorySizeSlider),
       maxItemsLabel(new QLabel), maxStringSize(new QLineEdit),
       openShortcut(new MASShortcutView(&settings)), swopShortcut(new MASShortcutView(&settings)),
-      m_maxItemsUnit(new QLabel(tr("clips"))), m_maxItemsNote(new PaneNote),
-      m_maxStringSizeReading(new PaneNote), m_shortcutNote(new PaneNote)
+      m_openAtLoginNote(new PaneNote), m_maxItemsUnit(new QLabel(tr("clips"))),
+      m_maxItemsNote(new PaneNote), m_maxStringSizeReading(new PaneNote),
+      m_shortcutNote(new PaneNote)
 {
     openAtLogin->setAccessibleName(tr("Open at login"));
     notifications->setAccessibleName(tr("Show notifications"));
@@ -99,6 +100,10 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
     openShortcut->setAccessibleName(tr("Open history shortcut"));
     swopShortcut->setAccessibleName(tr("Swop shortcut"));
     maxItemsLabel->setObjectName(QStringLiteral("sliderLabel"));
+    m_openAtLoginNote->setObjectName(QStringLiteral("openAtLoginNote"));
+    m_openAtLoginNote->setFixedWidth(fontMetrics().averageCharWidth() * 34);
+    m_openAtLoginNote->setFixedHeight(2 * m_openAtLoginNote->fontMetrics().lineSpacing());
+    m_openAtLoginNote->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_maxItemsNote->setObjectName(QStringLiteral("maxItemsNote"));
     m_maxStringSizeReading->setObjectName(QStringLiteral("maxStringSizeReading"));
 
@@ -117,6 +122,23 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
                 &GeneralPaneView::explainShortcuts);
     explainShortcuts();
     layOut();
+}
+
+void GeneralPaneView::explainOpenAtLogin(bool isWanted, OwnEntry entry, bool wasRefused)
+{
+    const bool isEnabled = entry == OwnEntry::Enabled;
+    QString text;
+    if (isWanted && isEnabled)
+        text.clear();
+    else if (isWanted && wasRefused)
+        text = tr("The desktop’s list of start-up programs could not be written.");
+    else if (isWanted && entry == OwnEntry::Disabled)
+        text = tr("Switched off in the desktop’s own list. Tick it anew to switch it on.");
+    else if (isWanted)
+        text = tr("Missing in the desktop’s own list. Tick it anew to put it there.");
+    else if (isEnabled)
+        text = tr("The desktop opens it all the same.");
+    m_openAtLoginNote->setText(text);
 }
 
 void GeneralPaneView::explainMaxItems(const std::optional<qint64> &size, qint64 clips)
@@ -165,7 +187,7 @@ void GeneralPaneView::explainShortcuts()
 void GeneralPaneView::layOut()
 {
     Rows rows(*this);
-    rows.add(tr("Start-up:"), {openAtLogin});
+    rows.add(tr("Start-up:"), {openAtLogin, m_openAtLoginNote});
     rows.add(tr("Messages:"), {notifications},
              new PaneNote(tr("Tell you when a copy was too large to be recorded. "
                              "Turned off, they stay off until Quillmarsh quits.")));

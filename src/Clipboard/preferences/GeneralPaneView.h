@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/LoginItems.h"
+
 #include <QWidget>
 
 #include <optional>
@@ -30,6 +32,9 @@ public:
     MASShortcutView *openShortcut;
     MASShortcutView *swopShortcut;
 
+    /// Says beside the box what the desktop does other than the box tells; nothing when it is the
+    /// same. `wasRefused`: the desktop's list could not be written just now.
+    void explainOpenAtLogin(bool isWanted, OwnEntry entry, bool wasRefused);
     /// Says what a history of that size does to the `clips` there are; absent: it has no limit.
     void explainMaxItems(const std::optional<qint64> &size, qint64 clips);
     /// Says the size as people do.
@@ -39,6 +44,7 @@ private:
     void explainShortcuts();
     void layOut();
 
+    PaneNote *m_openAtLoginNote;
     QLabel *m_maxItemsUnit;
     PaneNote *m_maxItemsNote;
     PaneNote *m_maxStringSizeReading;

@@ -33,7 +33,9 @@ QVariant IgnoredApplicationsModel::data(const QModelIndex &index, int role) cons
     const ApplicationDef &application = m_data[index.row()];
     switch (role) {
     case Qt::DisplayRole:
-        return application.name;
+        return application.isKnownByNameOnly()
+                   ? tr("%1 (recognised by this name only)").arg(application.name)
+                   : application.name;
     case Qt::DecorationRole:
         return iconAt(application.path);
     case Qt::ToolTipRole:

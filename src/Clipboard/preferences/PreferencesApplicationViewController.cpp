@@ -89,7 +89,7 @@ void PreferencesApplicationViewController::openPanelEnded(bool isOk, const QStri
 
 void PreferencesApplicationViewController::removeApplication()
 {
-    const int row = tableView ? tableView->currentIndex().row() : -1;
+    const int row = selectedRow();
     if (row < 0 || row >= m_data.size())
         return;
     m_data.removeAt(row);
@@ -98,6 +98,14 @@ void PreferencesApplicationViewController::removeApplication()
     // The next row takes its place, so that several can be removed in a row.
     if (!m_data.isEmpty())
         tableView->selectRow(std::min(row, numberOfRowsInTableView() - 1));
+}
+
+/// The table's current row is another matter: it has one from the moment that it has the keyboard.
+int PreferencesApplicationViewController::selectedRow() const
+{
+    const QItemSelectionModel *selection = tableView ? tableView->selectionModel() : nullptr;
+    const QModelIndexList rows = selection ? selection->selectedRows() : QModelIndexList();
+    return rows.isEmpty() ? -1 : rows.first().row();
 }
 
 ApplicationChooser *PreferencesApplicationViewController::chooser() const
@@ -171,7 +179,7 @@ void PreferencesApplicationViewController::listChanged()
 
 void PreferencesApplicationViewController::selectionChanged()
 {
-    m_view->remove->setEnabled(tableView && tableView->currentIndex().isValid());
+    m_view->remove->setEnabled(selectedRow() >= 0);
 }
 
 void PreferencesApplicationViewController::offerSuggestions()

@@ -74,6 +74,8 @@ private:
     void loadView();
     void listChanged();
     void selectionChanged();
+    /// -1 while no row is selected.
+    int selectedRow() const;
     void offerSuggestions();
     void addSuggestions();
     /// Adds an entry unless its name is in the list.

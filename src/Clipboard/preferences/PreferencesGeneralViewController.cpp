@@ -37,18 +37,13 @@ Outlet &required(const QPointer<Outlet> &outlet, const char *name)
     return *outlet;
 }
 
-bool isInteger(const QVariant &stored)
-{
-    return stored.typeId() == QMetaType::LongLong || stored.typeId() == QMetaType::ULongLong ||
-           stored.typeId() == QMetaType::Int;
-}
-
 /// What a stored maximum stands for when the slider cannot show it. A number too large for the
 /// slider is a limit that somebody chose; anything else that is no size of a history limits
 /// nothing, because by such a value no clip may be lost.
 std::optional<qint64> unreachableMaxItems(const QVariant &stored, qint64 asInteger)
 {
-    if (!isInteger(stored) || asInteger < HistorySizeSlider::kMinimum)
+    // A boolean reads as 1, which nobody means who stores one here.
+    if (stored.typeId() == QMetaType::Bool || asInteger < HistorySizeSlider::kMinimum)
         return kNoLimit;
     if (asInteger > HistorySizeSlider::kMaximum)
         return asInteger;
@@ -162,6 +157,7 @@ void PreferencesGeneralViewController::setOpenAtLogin(bool isOn)
     required(openAtLoginCB, "openAtLoginCB").setChecked(isOn);
     m_platform.settings->setValue(openAtLoginPrefKey, isOn);
     requiredAppDelegate().launchAtStartup(isOn);
+    explainOpenAtLogin(isOn);
 }
 
 void PreferencesGeneralViewController::sliderMoved(int value)
@@ -209,6 +205,9 @@ bool PreferencesGeneralViewController::eventFilter(QObject *watched, QEvent *eve
         applicationWillTerminate();
     if (watched == m_view.get() && event->type() == QEvent::Show)
         m_isEnding = false;
+    // Looked at when somebody looks: the desktop's own settings change it too.
+    if (watched == m_view.get() && event->type() == QEvent::Show && !event->spontaneous())
+        explainOpenAtLogin(false);
     // A spontaneous one tells that the window was minimised: the pane has not been left.
     if (watched == m_view.get() && event->type() == QEvent::Hide && !event->spontaneous() &&
         !m_isEnding)
@@ -330,6 +329,12 @@ void PreferencesGeneralViewController::explainMaxItems(qint64 maxItems)
     const auto clips =
         m_appDelegate ? static_cast<qint64>(m_appDelegate->getClipItemArr().size()) : 0;
     m_view->explainMaxItems(maxItems == kNoLimit ? std::nullopt : std::optional(maxItems), clips);
+}
+
+void PreferencesGeneralViewController::explainOpenAtLogin(bool wasWrittenNow)
+{
+    m_view->explainOpenAtLogin(m_platform.settings->boolForKey(openAtLoginPrefKey),
+                               m_platform.loginItems->ownEntry(), wasWrittenNow);
 }
 
 void PreferencesGeneralViewController::viewDidDisappear()

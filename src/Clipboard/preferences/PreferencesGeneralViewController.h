@@ -107,6 +107,8 @@ private:
     void maxStringSizeLeft();
     void showMaxItems(qint64 maxItems);
     void explainMaxItems(qint64 maxItems);
+    /// `wasWrittenNow`: the desktop's list was to be written a moment ago.
+    void explainOpenAtLogin(bool wasWrittenNow);
     void viewDidDisappear();
     AppDelegate &requiredAppDelegate() const;
 

@@ -29,9 +29,15 @@ KeyCaps::KeyCaps(const QStringList &keys, QWidget *parent) : QWidget(parent)
 void KeyCaps::setKeys(const QStringList &keys)
 {
     m_keys = keys;
-    setAccessibleName(keys.join(QStringLiteral(" + ")));
+    setAccessibleName(keys.isEmpty() ? m_absence : keys.join(QStringLiteral(" + ")));
     updateGeometry();
     update();
+}
+
+void KeyCaps::setAbsence(const QString &words)
+{
+    m_absence = words;
+    setKeys(m_keys);
 }
 
 void KeyCaps::setColors(const KeyCapColors &colors)
@@ -52,6 +58,8 @@ int KeyCaps::capWidth(const QString &key) const
 
 QSize KeyCaps::sizeHint() const
 {
+    if (m_keys.isEmpty())
+        return {fontMetrics().horizontalAdvance(m_absence), capHeight()};
     int width = 0;
     for (const QString &key : m_keys)
         width += capWidth(key) + kGap;
@@ -62,6 +70,10 @@ void KeyCaps::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (m_keys.isEmpty()) {
+        painter.setPen(m_colors.text);
+        painter.drawText(rect(), Qt::AlignCenter, m_absence);
+    }
     qreal x = 0;
     for (const QString &key : m_keys) {
         const QRectF whole(x, 0, capWidth(key), height());

@@ -25,6 +25,10 @@ public:
 
     QStringList keys() const { return m_keys; }
     void setKeys(const QStringList &keys);
+    /// What is said in place of the keys while there are none.
+    void setAbsence(const QString &words);
+    /// The keys, or what is said in their place.
+    QString text() const { return accessibleName(); }
     void setColors(const KeyCapColors &colors);
 
     // ^QWidget
@@ -39,5 +43,6 @@ private:
     int capHeight() const;
 
     QStringList m_keys;
+    QString m_absence;
     KeyCapColors m_colors;
 };

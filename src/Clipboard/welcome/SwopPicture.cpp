@@ -17,6 +17,13 @@ constexpr int kClips = 3;
 
 SwopPicture::SwopPicture(QWidget *parent) : WelcomeStage(parent), m_keys(new KeyCaps({}, this)) {}
 
+void SwopPicture::setKeys(const QStringList &keys)
+{
+    m_keys->setKeys(keys);
+    placeKeys();
+    update();
+}
+
 void SwopPicture::setColors(const ClipColors &colors)
 {
     WelcomeStage::setColors(colors);

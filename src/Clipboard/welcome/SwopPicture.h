@@ -14,8 +14,9 @@ class SwopPicture : public WelcomeStage
 public:
     explicit SwopPicture(QWidget *parent = nullptr);
 
-    /// The keys between the two states.
+    /// The keys between the two states, and what is said in their place while there are none.
     KeyCaps *keys() const { return m_keys; }
+    void setKeys(const QStringList &keys);
 
     // ^WelcomeStage
     void setColors(const ClipColors &colors) override;

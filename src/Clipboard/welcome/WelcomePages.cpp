@@ -33,6 +33,7 @@ WelcomePages::KeysPage WelcomePages::makePage2()
 {
     auto *rows = new WelcomeRows;
     KeyCaps *open = rows->addKeys({}, tr("opens the history over any application"));
+    open->setAbsence(tr("(turned off)"));
     rows->addKeys({key("m"), key("i"), key("l"), key("l")},
                   tr("typing narrows it: part of a word is enough"));
     rows->addKeys({key("↑"), key("↓")}, tr("choose a clip"));
@@ -49,11 +50,12 @@ WelcomePages::KeysPage WelcomePages::makePage2()
 WelcomePages::KeysPage WelcomePages::makePage3()
 {
     auto *picture = new SwopPicture;
+    picture->keys()->setAbsence(tr("(turned off)"));
     return {std::make_unique<WelcomePage>(
                 picture, tr("Swop a selection for a clip"),
                 tr("Select a text, press the keys, choose a clip. The clip takes the selection’s "
                    "place, and the selection becomes your newest clip.")),
-            [picture](const QStringList &keys) { picture->keys()->setKeys(keys); }};
+            [picture](const QStringList &keys) { picture->setKeys(keys); }};
 }
 
 std::unique_ptr<WelcomePage> WelcomePages::makePage4(const QString &storeFolder)

@@ -168,6 +168,7 @@ void WelcomeWindowController::windowWillClose()
 {
     m_isWindowOpen = false;
     m_session.stop();
+    Q_EMIT closed();
 }
 
 void WelcomeWindowController::tourClicked()
@@ -178,12 +179,12 @@ void WelcomeWindowController::tourClicked()
 
 void WelcomeWindowController::showShortcuts()
 {
-    const auto keysOf = [this](const QString &key, const MASShortcut &unless) {
-        return GlobalShortcuts::keyCaps(
-            GlobalShortcuts::storedShortcut(*m_platform.settings, key).value_or(unless));
+    const auto keysOf = [this](const QString &key) {
+        const auto shortcut = GlobalShortcuts::storedShortcut(*m_platform.settings, key);
+        return shortcut ? GlobalShortcuts::keyCaps(*shortcut) : QStringList();
     };
-    m_setOpenKeys(keysOf(SettingsKeys::kOpenShortCut, GlobalShortcuts::defaultOpenShortcut()));
-    m_setSwopKeys(keysOf(SettingsKeys::kSwopShortCut, GlobalShortcuts::defaultSwopShortcut()));
+    m_setOpenKeys(keysOf(SettingsKeys::kOpenShortCut));
+    m_setSwopKeys(keysOf(SettingsKeys::kSwopShortCut));
     m_view->cmdShiftVLabel->setText(openShortcutLine());
 }
 

@@ -53,6 +53,10 @@ public:
     WelcomeWindowView *view() const { return m_view; }
     WelcomePage1Controller *welcomePage1ViewController() const { return m_page1; }
 
+Q_SIGNALS:
+    /// The window is gone, whoever closed it, and no session runs any more.
+    void closed();
+
 private:
     void loadWindow();
     void addShortcut(const QKeySequence &keys, const std::function<void()> &action);

@@ -4,11 +4,13 @@
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/EmptyStateView.h"
+#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/NoticeLine.h"
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/SearchField.h"
 
+#include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int kListWidth = 320;
 constexpr int kListPadding = 6; ///< Points above and below the list.
+constexpr int kFooterPadding = 8;
 
 } // namespace
 
@@ -24,7 +27,7 @@ HistoryViews::HistoryViews(Clock &clock)
       noticeLine(new NoticeLine(mainView.get())),
       splitView(new QSplitter(Qt::Horizontal, mainView.get())), tableViewView(new QWidget),
       clipTableView(new ClipTableView(tableViewView)), textFieldView(new PreviewPane(clock)),
-      emptyStateView(new EmptyStateView(mainView.get()))
+      footer(new QLabel(mainView.get())), emptyStateView(new EmptyStateView(mainView.get()))
 {
     auto *listColumn = new QVBoxLayout(tableViewView);
     listColumn->setContentsMargins(0, kListPadding, 0, kListPadding);
@@ -44,8 +47,13 @@ HistoryViews::HistoryViews(Clock &clock)
     column->addWidget(searchTextField);
     column->addWidget(noticeLine);
     column->addWidget(splitView, 1);
+    column->addWidget(footer);
     QWidget::setTabOrder(searchTextField, clipTableView);
 
+    footer->setObjectName(QStringLiteral("footer"));
+    footer->setTextFormat(Qt::PlainText);
+    footer->setWordWrap(true);
+    footer->hide();
     QObject::connect(mainView.get(), &ClipboardView::resized, emptyStateView,
                      [this] { placeEmptyState(); });
 }
@@ -61,8 +69,9 @@ void HistoryViews::setNotice(const QString &text)
 void HistoryViews::placeEmptyState()
 {
     const int notice = noticeLine->isHidden() ? 0 : noticeLine->height();
+    const int foot = footer->isHidden() ? 0 : footer->heightForWidth(mainView->width() - 2);
     emptyStateView->setGeometry(
-        mainView->rect().adjusted(1, 1 + searchTextField->height() + notice, -1, -1));
+        mainView->rect().adjusted(1, 1 + searchTextField->height() + notice, -1, -1 - foot));
 }
 
 void HistoryViews::setColors(const ClipColors &colors)
@@ -76,5 +85,17 @@ void HistoryViews::setColors(const ClipColors &colors)
     splitView->setStyleSheet(
         QStringLiteral("QSplitter::handle { background: %1; }").arg(colors.separator.name()));
     textFieldView->setColors(colors);
+    footer->setStyleSheet(
+        QStringLiteral("QLabel { color: %1; border-top: 1px solid %2; padding: %3px %4px; }")
+            .arg(colors.text.name(), colors.separator.name())
+            .arg(kFooterPadding)
+            .arg(Looks::kTextMargin));
     emptyStateView->setColors(colors);
+}
+
+void HistoryViews::setFooter(const QString &text)
+{
+    footer->setText(text);
+    footer->setVisible(!text.isEmpty());
+    placeEmptyState();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <memory>
 
 class ClipTableView;
@@ -8,8 +10,8 @@ class Clock;
 class EmptyStateView;
 class NoticeLine;
 class PreviewPane;
+class QLabel;
 class QSplitter;
-class QString;
 class QWidget;
 class SearchField;
 struct ClipColors;
@@ -29,6 +31,8 @@ struct HistoryViews
     void setNotice(const QString &text);
     /// Below what stands above the list.
     void placeEmptyState();
+    /// What stands at the foot of the window, under list and preview; nothing for an empty text.
+    void setFooter(const QString &text);
 
     std::unique_ptr<ClipboardView> mainView;
     SearchField *searchTextField;
@@ -37,5 +41,6 @@ struct HistoryViews
     QWidget *tableViewView; ///< The list's side of the split view.
     ClipTableView *clipTableView;
     PreviewPane *textFieldView; ///< The preview's side of the split view.
+    QLabel *footer;             ///< Hidden while there is nothing to say.
     EmptyStateView *emptyStateView;
 };

@@ -105,6 +105,9 @@ public:
     /// Goes on typing in the search field with a key that reached another control.
     void typeIntoSearchField(const QKeyEvent &event);
 
+    /// What the window says at its foot, about the whole history; nothing for an empty text.
+    void setFooter(const QString &text) { m_views.setFooter(text); }
+
     /// How the open shortcut is called in sentences; empty when there is none.
     void setOpenShortcutText(const QString &text) { m_openShortcutText = text; }
 

@@ -35,6 +35,7 @@ bool isKnown(const QString &action)
         QStringLiteral("check-for-updates"),
         QStringLiteral("feedback"),
         QStringLiteral("help"),
+        QStringLiteral("welcome"),
         QStringLiteral("clear-all"),
         QStringLiteral("quit"),
     };

@@ -24,7 +24,7 @@ protected:
     void add(const char *name)
     {
         pane.openPanelEnded(true, QString::fromLatin1(name) + QStringLiteral(".app"),
-                            QStringLiteral("/applications/") + QString::fromLatin1(name));
+                            QStringLiteral("/applications/%1.desktop").arg(QLatin1String(name)));
     }
     QStringList names() const
     {
@@ -63,7 +63,7 @@ TEST_F(ApplicationsPane, archivesTheNameThatOtherReadersKnow)
     EXPECT_EQ(objects->first().classes, QStringList({QStringLiteral("Quillmarsh.ApplicationDef"),
                                                      QStringLiteral("NSObject")}));
     EXPECT_EQ(objects->first().fields.value(QStringLiteral("path")),
-              QVariant(QStringLiteral("/applications/Mail")));
+              QVariant(QStringLiteral("/applications/Mail.desktop")));
 }
 
 struct Undecodable
@@ -149,6 +149,13 @@ TEST_F(ApplicationsPane, removesTheSelectedRowWithItsButtonAndWithDelete)
     pane.removeApplication();
     EXPECT_EQ(pane.numberOfRowsInTableView(), 3);
 
+    // As the keyboard comes to the table, which makes its first row the current one.
+    pane.tableView->selectionModel()->setCurrentIndex(pane.tableView->model()->index(0, 0),
+                                                      QItemSelectionModel::NoUpdate);
+    QTest::keyClick(pane.tableView, Qt::Key_Delete);
+    pane.removeApplication();
+    EXPECT_EQ(pane.numberOfRowsInTableView(), 3);
+
     pane.tableView->selectRow(1);
     QTest::keyClick(pane.tableView, Qt::Key_Delete);
     EXPECT_EQ(names(), QStringList({QStringLiteral("Mail"), QStringLiteral("Music")}));
@@ -159,6 +166,18 @@ TEST_F(ApplicationsPane, removesTheSelectedRowWithItsButtonAndWithDelete)
     const auto left = KeyedArchive::unarchiveArray(memory.settings.value(kKey).toByteArray());
     ASSERT_TRUE(left);
     EXPECT_TRUE(left->isEmpty());
+}
+
+TEST_F(ApplicationsPane, saysOfAProgramKnownByItsFileOnlyThatItIs)
+{
+    pane.openPanelEnded(true, QStringLiteral("tool.app"), QStringLiteral("/opt/tool"));
+    pane.openPanelEnded(true, QStringLiteral("XTerm.app"), QStringLiteral("/usr/bin/xterm"));
+    pane.openPanelEnded(true, QStringLiteral("Far.app"), QString());
+    pane.view();
+    EXPECT_EQ(shownAt(0), QStringLiteral("tool (recognised by this name only)"));
+    EXPECT_EQ(shownAt(1), QStringLiteral("XTerm"));
+    EXPECT_EQ(shownAt(2), QStringLiteral("Far"));
+    EXPECT_EQ(names().first(), QStringLiteral("tool"));
 }
 
 TEST_F(ApplicationsPane, offersInstalledPasswordManagersOnlyWhileTheListIsEmpty)

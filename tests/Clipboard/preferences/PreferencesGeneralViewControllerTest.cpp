@@ -194,17 +194,18 @@ TEST_P(StoredMaxItems, removesClipsOnlyWhenItIsASizeThatTheSliderCanShow)
     EXPECT_EQ(clipCount(), 3U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, StoredMaxItems,
-                         testing::Values(StoredMaximum{"inRange", qlonglong(5), 5, 5},
-                                         StoredMaximum{"beyondReach", qlonglong(250'000), 250'000,
-                                                       8},
-                                         StoredMaximum{"zero", qlonglong(0), kNoLimit, 8},
-                                         StoredMaximum{"negative", qlonglong(-4), kNoLimit, 8},
-                                         StoredMaximum{"text", QStringLiteral("4"), kNoLimit, 8},
-                                         StoredMaximum{"real", 4.5, kNoLimit, 8},
-                                         StoredMaximum{"boolean", true, kNoLimit, 8},
-                                         StoredMaximum{"data", QByteArray("4"), kNoLimit, 8}),
-                         [](const auto &row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Values, StoredMaxItems,
+    testing::Values(StoredMaximum{"inRange", qlonglong(5), 5, 5},
+                    StoredMaximum{"beyondReach", qlonglong(250'000), 250'000, 8},
+                    StoredMaximum{"zero", qlonglong(0), kNoLimit, 8},
+                    StoredMaximum{"negative", qlonglong(-4), kNoLimit, 8},
+                    StoredMaximum{"numeral", QStringLiteral("4"), 4, 4},
+                    StoredMaximum{"text", QStringLiteral("four"), kNoLimit, 8},
+                    StoredMaximum{"real", 4.5, 4, 4}, StoredMaximum{"smallReal", 0.5, kNoLimit, 8},
+                    StoredMaximum{"boolean", true, kNoLimit, 8},
+                    StoredMaximum{"data", QByteArray("4"), kNoLimit, 8}),
+    [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(GeneralPane, saysHowManyClipsWillGoAndRemovesThemOnlyWhenThePaneIsLeft)
 {
@@ -313,6 +314,32 @@ TEST_F(GeneralPane, storesWhetherToOpenAtLogin)
     delegate->generalPane().setOpenAtLogin(true);
     EXPECT_EQ(stored(QStringLiteral("openAtLogin")), QVariant(true));
     EXPECT_TRUE(pane.openAtLoginCB->isChecked());
+}
+
+TEST_F(GeneralPane, tellsWhatTheDesktopDoesAtLoginOtherThanTheBoxSays)
+{
+    const PreferencesGeneralViewController &pane = start();
+    const QString us = memory.loginItems.applicationPath().value();
+    const auto told = [&] {
+        leavePane();
+        openPane();
+        return note("openAtLoginNote");
+    };
+    EXPECT_TRUE(told().startsWith(QStringLiteral("Missing in")));
+    memory.loginItems.setWritable(false);
+    delegate->generalPane().setOpenAtLogin(true);
+    EXPECT_TRUE(note("openAtLoginNote").contains(QStringLiteral("could not be written")));
+    memory.loginItems.setWritable(true);
+    delegate->generalPane().setOpenAtLogin(true);
+    EXPECT_EQ(note("openAtLoginNote"), QString());
+    EXPECT_EQ(told(), QString());
+    memory.loginItems.setOwnEnabled(false);
+    EXPECT_TRUE(told().startsWith(QStringLiteral("Switched off in")));
+    memory.loginItems.setOwnEnabled(true);
+    memory.loginItems.append(us);
+    pane.openAtLoginCB->click();
+    EXPECT_EQ(memory.loginItems.programs(), QStringList{us});
+    EXPECT_TRUE(note("openAtLoginNote").contains(QStringLiteral("all the same")));
 }
 
 TEST_F(GeneralPane, putsTheWelcomesMessageOnThePasteboardOnlyOnce)

@@ -2,7 +2,9 @@
 
 #include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
+#include "Clipboard/welcome/KeyCaps.h"
 #include "Clipboard/welcome/PageIndicator.h"
+#include "Clipboard/welcome/PageSlider.h"
 #include "Clipboard/window/PaneButton.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
@@ -148,6 +150,59 @@ TEST_F(WelcomeRig, noOtherWindowOpensOrTakesInputDuringTheSession)
     });
     QTest::keyClick(other.windowHandle(), Qt::Key_A);
     EXPECT_EQ(other.text(), QStringLiteral("a"));
+}
+
+TEST_F(WelcomeRig, whatIsWishedForDuringTheSessionComesOnceWhenTheWelcomeIsClosed)
+{
+    const CCNPreferencesWindow *preferences = delegate.preferences()->window();
+    launchAnd([&] {
+        delegate.openPreferences();
+        delegate.openPreferences();
+        for (int page = 0; page < 3; ++page)
+            welcome.nextClicked();
+    });
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(preferences->isVisible());
+    welcome.closeWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preferences->isVisible(); }));
+    delegate.preferences()->dismissPreferencesWindow();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(preferences->isVisible());
+}
+
+TEST_F(WelcomeRig, theShortcutEndsAWelcomeThatIsShownAgain)
+{
+    delegate.generalPane().setWelcomeWindowShown(true);
+    QTimer::singleShot(0, &welcome, [this] {
+        EXPECT_TRUE(welcome.isModal());
+        delegate.launch();
+        EXPECT_FALSE(welcome.window()->isVisible());
+        EXPECT_TRUE(delegate.window()->isVisible());
+    });
+    delegate.showWelcomeWindow(true);
+    EXPECT_FALSE(welcome.isModal());
+    EXPECT_TRUE(delegate.window()->isVisible());
+}
+
+TEST_F(WelcomeRig, itsPagesSayOfAShortcutThatIsTurnedOffThatItIs)
+{
+    const auto shown = [this] {
+        QStringList keys;
+        launchAnd([&] {
+            for (int page = 1; page < 3; ++page) {
+                welcome.nextClicked();
+                keys.append(
+                    welcome.view()->mainContentView->page()->findChild<KeyCaps *>()->text());
+            }
+        });
+        return keys;
+    };
+    EXPECT_EQ(shown(), (QStringList{QStringLiteral("Super + Shift + V"),
+                                    QStringLiteral("Super + Shift + X")}));
+    memory.settings.setValue(SettingsKeys::kOpenShortCut, QByteArray());
+    memory.settings.setValue(SettingsKeys::kSwopShortCut, QByteArray());
+    EXPECT_EQ(shown(),
+              (QStringList{QStringLiteral("(turned off)"), QStringLiteral("(turned off)")}));
 }
 
 TEST_F(WelcomeRig, copiesAreRecordedDuringTheSession)

@@ -218,7 +218,7 @@ TEST_F(InstanceDoorOnBus, otherProgramsReachEveryAction)
     EXPECT_TRUE(visitors.become(expected));
     // The last, because with it the door is closed.
     for (const char *name : {"launch", "swop", "preferences", "check-for-updates", "feedback",
-                             "help", "clear-all", "quit"}) {
+                             "help", "welcome", "clear-all", "quit"}) {
         const QString action = QLatin1String(name);
         EXPECT_TRUE(isAnswered(call("ActivateAction", {action, QVariantList(), token})));
         expected << action + QStringLiteral(" t");
