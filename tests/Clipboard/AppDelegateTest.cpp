@@ -367,7 +367,9 @@ TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnsw
     EXPECT_FALSE(question());
     EXPECT_TRUE(m_platform.settings.areSettingsDamaged());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    delegate.hide();
     delegate.launch();
+    ASSERT_TRUE(question());
     question()->buttons().first()->click();
     EXPECT_FALSE(m_platform.settings.areSettingsDamaged());
     EXPECT_TRUE(footer->isHidden());

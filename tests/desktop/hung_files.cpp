@@ -1,6 +1,6 @@
 /// Preloaded into a program, makes the folder that HUNG_FOLDER names a mount whose server does not
 /// answer once there is a file of that name with ".hung" behind it: whoever then asks for something
-/// in the folder waits for ever. The kernel's table of mounts is the file with ".mounts" behind it.
+/// in the folder waits until that file is gone. The kernel's table of mounts is the file with ".mounts" behind it.
 /// The main thread is let off with an error and reported, at any time, because it must never ask.
 
 #include <cerrno>
@@ -50,7 +50,7 @@ bool isRefused(const char *call, const char *path)
         return true;
     }
     while (hasHung())
-        ::pause();
+        ::usleep(10'000);
     return false;
 }
 

@@ -52,7 +52,9 @@ class StoreTrouble(Journey):
         aside = settings.with_name(settings.name + ".damaged-1")
         self.assertTrue(aside.exists())
         question = self.app.window("Damaged Settings")
-        self.desktop.run(["xdotool", "windowquit", question])
+        self.desktop.run(["xdotool", "windowactivate", question])
+        self.app.wait_until_active(question)
+        self.app.key("alt+F4")
         self.app.wait_until_hidden("Damaged Settings")
         self.app.open_history()
         question = self.app.window("Damaged Settings")
@@ -95,10 +97,12 @@ class StoreTrouble(Journey):
         self.assertEqual([line for line in self.app.log if "main thread asked" in line], [])
 
     def copied_from(self):
-        """The application that the next copy counts as one of."""
-        copy(self.desktop, f"copied at {time.monotonic()}")
-        newest = self.app.clips("strValue, applicationName")
-        return newest[0][1] if newest else None
+        """The application that the next copy counts as one of, after it has come to the front."""
+        self.app.open_history()
+        self.app.key("Escape")
+        self.app.wait_until_hidden()
+        self.copy(f"copied at {time.monotonic()}")
+        return self.app.clips("strValue, applicationName")[0][1]
 
 
 class BareDesktops(Journey):
