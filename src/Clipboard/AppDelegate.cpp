@@ -220,7 +220,7 @@ void AppDelegate::initStatusBar()
     m_platform.statusBar->showItem(icon, appName(), m_statusMenu->menu());
 }
 
-void AppDelegate::askAboutDamagedSettings()
+void AppDelegate::askAboutDamagedSettings(const QWidget *over)
 {
     const bool isOpen = m_platform.settings->areSettingsDamaged();
     if (m_viewController)
@@ -232,9 +232,9 @@ void AppDelegate::askAboutDamagedSettings()
         connect(m_damagedSettingsQuestion, &DamagedSettingsQuestion::quitChosen, this,
                 &AppDelegate::quit);
         connect(m_damagedSettingsQuestion, &DamagedSettingsQuestion::freshSettingsChosen, this,
-                &AppDelegate::askAboutDamagedSettings);
+                [this] { askAboutDamagedSettings(); });
     }
-    m_damagedSettingsQuestion->ask();
+    m_damagedSettingsQuestion->ask(over ? over->windowHandle() : nullptr);
 }
 
 void AppDelegate::tellUnwritableHistory()
@@ -286,7 +286,7 @@ void AppDelegate::openPreferences()
         return;
     if (m_preferences)
         m_preferences->showPreferencesWindow();
-    askAboutDamagedSettings();
+    askAboutDamagedSettings(m_preferences ? m_preferences->window() : nullptr);
 }
 
 void AppDelegate::clearAll()
@@ -387,7 +387,7 @@ void AppDelegate::setWindowVisible()
 {
     if (m_windowController)
         m_windowController->showWindow();
-    askAboutDamagedSettings();
+    askAboutDamagedSettings(m_window);
 }
 
 void AppDelegate::hide()

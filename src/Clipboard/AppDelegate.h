@@ -179,8 +179,9 @@ private:
     void initStatusBar();
     void loadPreferences();
     void showOpenShortcut();
-    /// Asks while the question is open, and says so in the history; nothing otherwise.
-    void askAboutDamagedSettings();
+    /// Asks over that window while the question is open, and says so in the history; nothing
+    /// otherwise.
+    void askAboutDamagedSettings(const QWidget *over = nullptr);
     void tellUnwritableHistory();
     /// Whether the welcome takes all input. Then it comes to the front, and `wish`, if it is not
     /// null, comes true once the welcome is closed.

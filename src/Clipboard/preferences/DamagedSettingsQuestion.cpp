@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QWindow>
 
 DamagedSettingsQuestion::DamagedSettingsQuestion(SettingsStore &settings)
     : QMessageBox(QMessageBox::Warning, QStringLiteral("Quillmarsh"),
@@ -12,8 +13,6 @@ DamagedSettingsQuestion::DamagedSettingsQuestion(SettingsStore &settings)
     setWindowTitle(tr("Damaged Settings"));
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    // The history, over which it comes up, stays on top too.
-    setWindowFlag(Qt::WindowStaysOnTopHint);
     setWindowModality(Qt::NonModal);
     setInformativeText(
         tr("They were set aside beside %1. The list of ignored applications was among them, so "
@@ -33,8 +32,14 @@ DamagedSettingsQuestion::DamagedSettingsQuestion(SettingsStore &settings)
             });
 }
 
-void DamagedSettingsQuestion::ask()
+void DamagedSettingsQuestion::ask(QWindow *window)
 {
+    winId();
+    if (windowHandle()->transientParent() != window) {
+        // Window managers look at it when a window is shown.
+        hide();
+        windowHandle()->setTransientParent(window);
+    }
     show();
     raise();
 }

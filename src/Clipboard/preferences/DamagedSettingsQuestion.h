@@ -15,8 +15,9 @@ class DamagedSettingsQuestion : public QMessageBox
 public:
     explicit DamagedSettingsQuestion(SettingsStore &settings);
 
-    /// Comes up, or to the front, without the keyboard.
-    void ask();
+    /// Comes up over `window`, one of our own that is shown, or over none for null, without the
+    /// keyboard.
+    void ask(QWindow *window);
 
     /// What the history says until the question is answered.
     static QString notice();
