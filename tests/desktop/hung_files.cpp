@@ -1,7 +1,8 @@
 /// Preloaded into a program, makes the folder that HUNG_FOLDER names a mount whose server does not
 /// answer once there is a file of that name with ".hung" behind it: whoever then asks for something
-/// in the folder waits until that file is gone. The kernel's table of mounts is the file with ".mounts" behind it.
-/// The main thread is let off with an error and reported, at any time, because it must never ask.
+/// in the folder waits until that file is gone. The kernel's table of mounts is the file with
+/// ".mounts" behind it. The main thread is let off with an error and reported, at any time, because
+/// it must never ask.
 
 #include <cerrno>
 #include <climits>
