@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "platform/pasteboard/PasteboardLimits.h"
 #include "platform/x11/ClipboardManagerRole.h"
 #include "platform/x11/FetchedSelection.h"
 #include "platform/x11/IncomingConversion.h"
-#include "platform/x11/PasteboardLimits.h"
 #include "platform/x11/SelectionOffer.h"
 
 #include <QList>

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "platform/pasteboard/PasteboardChanges.h"
 #include "platform/x11/ClipboardManagerRole.h"
 #include "platform/x11/FrontWindowTracker.h"
 #include "platform/x11/KeptCopy.h"
-#include "platform/x11/PasteboardChanges.h"
 #include "platform/x11/PropertyPool.h"
 #include "platform/x11/SelectionConnection.h"
 #include "platform/x11/SelectionReader.h"

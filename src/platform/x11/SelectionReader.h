@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/pasteboard/PasteboardLimits.h"
 #include "platform/x11/FetchedSelection.h"
 #include "platform/x11/IncomingConversion.h"
-#include "platform/x11/PasteboardLimits.h"
 
 #include <QHash>
 #include <QList>

@@ -1,7 +1,7 @@
 #include "platform/x11/X11Pasteboard.h"
 
 #include "platform/pasteboard/FileUris.h"
-#include "platform/x11/PasteboardChanges.h"
+#include "platform/pasteboard/PasteboardChanges.h"
 #include "platform/x11/PasteboardService.h"
 #include "platform/x11/SelectionConnection.h"
 #include "platform/x11/X11EventThread.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
-#include "platform/x11/PasteboardLimits.h"
+#include "platform/pasteboard/PasteboardLimits.h"
 
 #include <memory>
 

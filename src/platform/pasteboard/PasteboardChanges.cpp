@@ -1,4 +1,4 @@
-#include "platform/x11/PasteboardChanges.h"
+#include "platform/pasteboard/PasteboardChanges.h"
 
 #include <algorithm>
 #include <utility>

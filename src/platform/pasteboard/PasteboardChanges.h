@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
-#include "platform/x11/PasteboardLimits.h"
+#include "platform/pasteboard/PasteboardLimits.h"
 
 #include <mutex>
 
 /// What has been published: the one place where the main thread and the service thread meet. Each
 /// operation holds the lock for a few pointer copies only, so neither ever waits for the other's
-/// work. Owned by X11Pasteboard; safe from both threads.
+/// work. Owned by the pasteboard; safe from both threads.
 class PasteboardChanges
 {
 public:
