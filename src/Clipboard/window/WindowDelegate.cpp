@@ -3,7 +3,11 @@
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/ClipboardWindow.h"
+#include "Clipboard/window/FileViewController.h"
+#include "Clipboard/window/PaneButton.h"
+#include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
+#include "platform/ModifierFlags.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -26,6 +30,9 @@ WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
 {
     m_window->setContentView(m_viewController->mainView());
     m_window->installEventFilter(this);
+    const FileViewController &filePane = m_viewController->fileViewController();
+    filePane.openButton()->installEventFilter(this);
+    filePane.revealInFinderButton()->installEventFilter(this);
     connect(m_window.get(), &ClipboardWindow::themeChanged, m_viewController.get(),
             &ViewController::applyTheme);
     connect(m_viewController.get(), &ViewController::didHide, &m_appDelegate,
@@ -129,8 +136,22 @@ void WindowDelegate::noticeLostKeyboard()
         windowDidResignKey();
 }
 
+/// Keys that no control of the window uses, and the arrows with which buttons would pass on the
+/// keyboard, act as in the search field.
+bool WindowDelegate::isForSearchField(const QObject &watched, const QKeyEvent &event) const
+{
+    const int key = event.key();
+    if (m_window->focusWidget() == m_viewController->searchTextField() ||
+        ModifierFlags::isModifierKey(event) || key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        return false;
+    const bool presses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    return &watched == m_window.get() || (!presses && key != Qt::Key_Escape);
+}
+
 bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched != m_window.get() && event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
     switch (event->type()) {
     case QEvent::Show:
         m_viewController->viewDidAppear();
@@ -149,6 +170,10 @@ bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
     case QEvent::KeyPress:
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
             cancelOperation();
+            return true;
+        }
+        if (isForSearchField(*watched, *static_cast<QKeyEvent *>(event))) {
+            m_viewController->typeIntoSearchField(*static_cast<QKeyEvent *>(event));
             return true;
         }
         break;

@@ -11,6 +11,7 @@
 
 class AppDelegate;
 class ClipboardWindow;
+class QKeyEvent;
 class QScreen;
 class ViewController;
 class WindowSpace;
@@ -56,6 +57,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool isForSearchField(const QObject &watched, const QKeyEvent &event) const;
     void takeAim();
     void windowDeactivated();
     bool hasFocusInOwnDialog() const;

@@ -1,3 +1,6 @@
+#include "Clipboard/window/FileViewController.h"
+#include "Clipboard/window/PaneButton.h"
+#include "Clipboard/window/PathLabel.h"
 #include "Clipboard/window/SearchFieldDelegate.h"
 #include "WindowRig.h"
 
@@ -187,6 +190,33 @@ TEST_F(WindowKeysTest, lettersTypedElsewhereGoToTheSearchField)
     EXPECT_EQ(field->text(), QStringLiteral("pe"));
     EXPECT_EQ(listed(), QStringList{QStringLiteral("pear")});
     EXPECT_TRUE(field->hasFocus());
+}
+
+TEST_F(WindowKeysTest, besideAFileTheKeysActAsInTheSearchField)
+{
+    memory.workspace.addFile(QStringLiteral("/tmp/a.txt"));
+    add(QStringLiteral("below"));
+    add(QStringLiteral("a.txt"), QStringLiteral("/tmp/a.txt"));
+    const FileViewController &pane = controller->fileViewController();
+    for (QWidget *control : std::initializer_list<QWidget *>{
+             pane.filepathLabel(), pane.openButton(), pane.revealInFinderButton()}) {
+        SCOPED_TRACE(control->accessibleName().toStdString());
+        open();
+        ASSERT_TRUE(QTest::qWaitFor([control] { return control->isVisible(); }));
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_B);
+        EXPECT_EQ(field->text(), QStringLiteral("b"));
+        EXPECT_TRUE(field->hasFocus());
+        field->clear();
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Down);
+        EXPECT_EQ(selected(), QStringLiteral("below"));
+        delegate.viewController()->hide();
+    }
+    open();
+    pane.filepathLabel()->setFocus();
+    QTest::keyClick(pane.filepathLabel(), Qt::Key_Return);
+    EXPECT_EQ(memory.pasteboard.contents()->text, QStringLiteral("a.txt"));
 }
 
 TEST_F(WindowKeysTest, theMouseSelectsAndADoubleClickPastes)
