@@ -56,6 +56,12 @@ public:
     /// when another program holds it. Our own registrations do not count against it.
     virtual bool isAvailable(quint32 keyCode, quint32 carbonModifiers) = 0;
 
+    /// Whether the presses of a registration reach us, or will when the suspension ends. False for
+    /// an unknown id, and when another program took the combination while we had let go of it: for
+    /// a suspension, or for a moment when the keyboard changed. Registering an equal combination
+    /// tries again for all of its ids.
+    virtual bool isGranted(HotKeyId id) = 0;
+
     /// Holds all registrations back, so that a recorder sees the keys itself, and puts them back.
     virtual void setSuspended(bool isSuspended) = 0;
 
@@ -64,4 +70,8 @@ Q_SIGNALS:
     void pressed(const HotKeyEvent &event);
     /// When the key of a pressed combination is let go.
     void released(const HotKeyEvent &event);
+    /// What other programs hold may have changed, because one of them ended, the keyboard changed
+    /// or a suspension ended: what was refused is worth another try, and isGranted() another
+    /// question.
+    void availabilityChanged();
 };

@@ -25,7 +25,8 @@ public:
     /// Whether a value is stored (a registered default does not count).
     virtual bool contains(const QString &key) const = 0;
 
-    /// Stores a value; an invalid one removes the key. Emits valueChanged when the value differs.
+    /// Stores a value; an invalid one removes the key. Emits valueChanged when the value differs,
+    /// and valueStored in any case.
     /// A failed write is logged and tried again with the next one; the value holds meanwhile.
     virtual void setValue(const QString &key, const QVariant &value) = 0;
 
@@ -53,4 +54,7 @@ public:
 
 Q_SIGNALS:
     void valueChanged(const QString &key);
+    /// The key was set, be it to the value that it had already: for those who act on a choice and
+    /// not on its difference from the last one.
+    void valueStored(const QString &key);
 };

@@ -95,6 +95,11 @@ void KeyNames::setKeyboardLayout(KeyboardLayout *layout)
     Q_EMIT changed();
 }
 
+bool KeyNames::isLayoutKnown() const
+{
+    return !translatedName(VirtualKey::kA).isEmpty();
+}
+
 QString KeyNames::name(quint64 keyCode) const
 {
     if (keyCode == VirtualKey::kNotFound)

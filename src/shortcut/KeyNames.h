@@ -22,6 +22,9 @@ public:
     /// `layout` is not owned. Null: only keys of the fixed table have names.
     void setKeyboardLayout(KeyboardLayout *layout);
 
+    /// Whether the layout tells any key at all: not so on a server without a keyboard extension.
+    bool isLayoutKnown() const;
+
     /// The display name of a virtual key; empty when it has none.
     QString name(quint64 keyCode) const;
 

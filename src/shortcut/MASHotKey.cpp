@@ -25,6 +25,12 @@ std::unique_ptr<MASHotKey> MASHotKey::registeredHotKeyWithShortcut(HotKeys &hotK
     return hotKey;
 }
 
+bool MASHotKey::isGranted() const
+{
+    HotKeys *const hotKeys = m_hotKeys;
+    return hotKeys && hotKeys->isGranted({kSignature, m_carbonID});
+}
+
 MASHotKey::~MASHotKey()
 {
     if (HotKeys *const hotKeys = m_hotKeys)

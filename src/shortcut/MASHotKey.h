@@ -29,6 +29,9 @@ public:
     /// Unique in the process and never used again, even when the registration failed.
     quint32 carbonID() const { return m_carbonID; }
 
+    /// Whether presses reach us; another program may have taken the combination since.
+    bool isGranted() const;
+
     const std::function<void()> &action() const { return m_action; }
     void setAction(std::function<void()> action) { m_action = std::move(action); }
 

@@ -1,14 +1,19 @@
 #include "shortcut/MASShortcutBinder.h"
 
 #include "platform/SettingsStore.h"
+#include "shortcut/KeyNames.h"
 #include "shortcut/KeyedUnarchiveTransformer.h"
 #include "shortcut/MASShortcutMonitor.h"
+#include "shortcut/MASShortcutValidator.h"
 #include "shortcut/ShortcutLog.h"
 
-#include <tuple>
+#include <algorithm>
 #include <utility>
 
 namespace {
+
+// A program that has no windows ends without anybody's notice.
+constexpr std::chrono::seconds kRetryInterval{5};
 
 // Never destroyed: its actions may hold what must not outlive the application object.
 MASShortcutBinder *g_sharedBinder = nullptr;
@@ -17,10 +22,18 @@ MASShortcutBinder *g_sharedBinder = nullptr;
 
 MASShortcutBinder::MASShortcutBinder(SettingsStore &settings, MASShortcutMonitor *monitor,
                                      QObject *parent)
-    : QObject(parent), m_settings(&settings),
-      m_shortcutMonitor(monitor), m_bindingOptions{nullptr, NSKeyedUnarchiveFromDataTransformerName}
+    : QObject(parent), m_settings(&settings), m_shortcutMonitor(monitor),
+      m_validator(&MASShortcutValidator::sharedValidator()),
+      m_bindingOptions{nullptr, NSKeyedUnarchiveFromDataTransformerName}
 {
-    connect(&settings, &SettingsStore::valueChanged, this, &MASShortcutBinder::deliver);
+    // Not only when the value differs: whoever records a shortcut anew wants it to work from now
+    // on, whatever kept it from doing so before.
+    connect(&settings, &SettingsStore::valueStored, this, &MASShortcutBinder::deliver);
+    if (monitor)
+        connect(monitor, &MASShortcutMonitor::availabilityChanged, this, &MASShortcutBinder::retry);
+    connect(&KeyNames::current(), &KeyNames::changed, this, &MASShortcutBinder::retry);
+    m_retryTimer.setInterval(kRetryInterval);
+    m_retryTimer.callOnTimeout(this, &MASShortcutBinder::retry);
 }
 
 void MASShortcutBinder::connectShared(SettingsStore &settings)
@@ -37,19 +50,21 @@ MASShortcutBinder *MASShortcutBinder::sharedBinder()
 void MASShortcutBinder::bindShortcutWithDefaultsKey(const QString &key,
                                                     std::function<void()> action)
 {
+    release(key);
     m_actions.insert(key, {std::move(action), m_bindingOptions});
     deliver(key);
 }
 
 void MASShortcutBinder::breakBindingWithDefaultsKey(const QString &key)
 {
-    const auto bound = m_shortcuts.constFind(key);
-    if (bound != m_shortcuts.constEnd()) {
-        if (m_shortcutMonitor)
-            m_shortcutMonitor->unregisterShortcut(*bound);
-        m_shortcuts.erase(bound);
-    }
+    release(key);
+    m_shortcuts.remove(key);
     m_actions.remove(key);
+}
+
+bool MASShortcutBinder::isBoundElsewhere(const MASShortcut &shortcut, const QString &key) const
+{
+    return !othersWith(shortcut, key).isEmpty();
 }
 
 void MASShortcutBinder::registerDefaultShortcuts(const QMap<QString, MASShortcut> &shortcuts)
@@ -72,20 +87,107 @@ std::optional<MASShortcut> MASShortcutBinder::valueForUndefinedKey(const QString
 void MASShortcutBinder::setValueForUndefinedKey(const std::optional<MASShortcut> &value,
                                                 const QString &key)
 {
-    const auto action = m_actions.constFind(key);
-    if (action == m_actions.constEnd())
+    if (!m_actions.contains(key))
         qFatal("MASShortcutBinder takes no value for the key %s", qUtf8Printable(key));
 
-    const auto old = m_shortcuts.constFind(key);
-    if (old != m_shortcuts.constEnd() && m_shortcutMonitor)
-        m_shortcutMonitor->unregisterShortcut(*old);
+    release(key);
     // Deliberately, a cleared shortcut stays readable under its key until another is stored.
     if (!value)
         return;
     m_shortcuts.insert(key, *value);
-    // A refused shortcut stays bound without a hot key: the validator warned while it was typed.
+    m_actions[key].wanted = value;
+    tryToRegister(key);
+}
+
+void MASShortcutBinder::release(const QString &key)
+{
+    const std::optional<MASShortcut> old = m_actions.value(key).wanted;
+    if (!old)
+        return;
+    m_actions[key].wanted.reset();
+    const bool wasItsOwn = hotKeyState(key) != HotKeyState::DoublyBound;
+    setState(key, HotKeyState::None);
+    // The monitor knows a shortcut but not for whom it is: one that has become another key's must
+    // not be taken from that one.
+    if (!wasItsOwn)
+        return;
     if (m_shortcutMonitor)
-        std::ignore = m_shortcutMonitor->registerShortcut(*value, action->action);
+        m_shortcutMonitor->unregisterShortcut(*old);
+    for (const QString &heir : othersWith(*old, key).mid(0, 1))
+        tryToRegister(heir);
+}
+
+void MASShortcutBinder::tryToRegister(const QString &key)
+{
+    setState(key, registered(key, m_actions.value(key)));
+    if (hotKeyState(key) != HotKeyState::Works)
+        return;
+    for (const QString &other : othersWith(*m_actions.value(key).wanted, key))
+        setState(other, HotKeyState::DoublyBound);
+}
+
+MASShortcutBinder::HotKeyState MASShortcutBinder::registered(const QString &key,
+                                                             const Bound &bound) const
+{
+    if (!m_shortcutMonitor || !bound.wanted)
+        return HotKeyState::None;
+    if (!m_validator->isShortcutRecordable(*bound.wanted))
+        return HotKeyState::Unusable;
+    return m_shortcutMonitor->registerShortcut(*bound.wanted, bound.action)
+               ? HotKeyState::Works
+               : HotKeyState::HeldElsewhere;
+}
+
+void MASShortcutBinder::retry()
+{
+    if (!m_shortcutMonitor || !m_settings)
+        return;
+    for (const QString &key : m_actions.keys()) {
+        const Bound bound = m_actions.value(key);
+        const bool isLost = bound.state == HotKeyState::Works &&
+                            !m_shortcutMonitor->isShortcutGranted(*bound.wanted);
+        if (isLost || bound.state == HotKeyState::HeldElsewhere ||
+            bound.state == HotKeyState::Unusable)
+            tryToRegister(key);
+    }
+}
+
+void MASShortcutBinder::setState(const QString &key, HotKeyState state)
+{
+    Bound &bound = m_actions[key];
+    const HotKeyState before = std::exchange(bound.state, state);
+    if (state == before)
+        return;
+    const QString name = bound.wanted ? bound.wanted->description() : QString();
+    if (state == HotKeyState::HeldElsewhere)
+        qCInfo(shortcutLog).noquote() << "Another program holds" << name << "which is the" << key
+                                      << "and works as soon as that program lets go of it";
+    else if (state == HotKeyState::Unusable)
+        qCWarning(shortcutLog).noquote()
+            << "The shortcut stored under" << key << "in"
+            << (m_settings ? m_settings->location() : QString())
+            << "is none that can be recorded; it is kept and does nothing";
+    else if (state == HotKeyState::Works && before != HotKeyState::None)
+        qCInfo(shortcutLog).noquote() << name << "works now as the" << key;
+
+    const bool isAnyWaiting = std::ranges::any_of(std::as_const(m_actions), [](const Bound &other) {
+        return other.state == HotKeyState::HeldElsewhere || other.state == HotKeyState::Unusable;
+    });
+    if (!isAnyWaiting)
+        m_retryTimer.stop();
+    else if (!m_retryTimer.isActive())
+        m_retryTimer.start();
+    Q_EMIT hotKeyStateChanged(key);
+}
+
+QStringList MASShortcutBinder::othersWith(const MASShortcut &shortcut, const QString &key) const
+{
+    QStringList others;
+    for (auto bound = m_actions.begin(); bound != m_actions.end(); ++bound) {
+        if (bound.key() != key && bound->wanted == shortcut)
+            others.append(bound.key());
+    }
+    return others;
 }
 
 void MASShortcutBinder::deliver(const QString &key)

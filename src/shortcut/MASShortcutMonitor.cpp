@@ -13,6 +13,8 @@ MASShortcutMonitor::MASShortcutMonitor(HotKeys &hotKeys, QObject *parent)
     : QObject(parent), m_service(&hotKeys)
 {
     connect(&hotKeys, &HotKeys::pressed, this, &MASShortcutMonitor::handleEvent);
+    connect(&hotKeys, &HotKeys::availabilityChanged, this,
+            &MASShortcutMonitor::availabilityChanged);
 }
 
 MASShortcutMonitor::~MASShortcutMonitor() = default;
@@ -54,6 +56,12 @@ void MASShortcutMonitor::unregisterAllShortcuts()
 bool MASShortcutMonitor::isShortcutRegistered(const MASShortcut &shortcut) const
 {
     return m_hotKeys.contains(shortcut);
+}
+
+bool MASShortcutMonitor::isShortcutGranted(const MASShortcut &shortcut) const
+{
+    const auto registered = m_hotKeys.find(shortcut);
+    return registered != m_hotKeys.end() && registered->second->isGranted();
 }
 
 void MASShortcutMonitor::setSuspended(bool isSuspended)

@@ -38,9 +38,16 @@ public:
     void unregisterShortcut(const std::optional<MASShortcut> &shortcut);
     void unregisterAllShortcuts();
     bool isShortcutRegistered(const MASShortcut &shortcut) const;
+    /// Whether a registered shortcut still reaches us; another program may have taken it since.
+    bool isShortcutGranted(const MASShortcut &shortcut) const;
 
     /// Holds all hot keys back while a recorder records, and puts them back.
     void setSuspended(bool isSuspended);
+
+Q_SIGNALS:
+    /// A shortcut that was refused is worth another try, and one that is registered the question
+    /// whether it is still granted.
+    void availabilityChanged();
 
 private:
     struct Hash

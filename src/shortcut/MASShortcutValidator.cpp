@@ -2,6 +2,7 @@
 
 #include "platform/HotKeys.h"
 #include "platform/SymbolicHotKeys.h"
+#include "shortcut/KeyNames.h"
 
 #include <algorithm>
 #include <array>
@@ -66,16 +67,42 @@ bool MASShortcutValidator::isShortcutValid(const MASShortcut &shortcut) const
     return false;
 }
 
+bool MASShortcutValidator::closesOrQuits(const MASShortcut &shortcut)
+{
+    if (shortcut.modifierFlags() != ModifierFlags::kCommand)
+        return false;
+    const QString printed = shortcut.keyCodeStringForKeyEquivalent();
+    // Where no layout tells what is printed, the usual places count.
+    return printed.isEmpty()
+               ? shortcut.keyCode() == VirtualKey::kW || shortcut.keyCode() == VirtualKey::kQ
+               : printed == u"w" || printed == u"q";
+}
+
+bool MASShortcutValidator::isShortcutRecordable(const MASShortcut &shortcut) const
+{
+    const bool isKey = KeyNames::current().isLayoutKnown()
+                           ? !shortcut.keyCodeString().isEmpty()
+                           : shortcut.keyCode() != VirtualKey::kNotFound;
+    return isKey && isShortcutValid(shortcut) && !closesOrQuits(shortcut) &&
+           !(m_mainMenu && isShortcutAlreadyTakenInMenu(shortcut, m_mainMenu()));
+}
+
+bool MASShortcutValidator::isShortcutAlreadyTaken(const MASShortcut &shortcut, const QString &key,
+                                                  QString *explanation) const
+{
+    if (!m_boundElsewhere || !m_boundElsewhere(shortcut, key))
+        return isShortcutAlreadyTakenBySystem(shortcut, explanation);
+    if (explanation)
+        *explanation = takenBySystem();
+    return true;
+}
+
 bool MASShortcutValidator::isShortcutAlreadyTakenBySystem(const MASShortcut &shortcut,
                                                           QString *explanation) const
 {
     if (isSymbolicHotKey(shortcut) || isHeldByAnotherProgram(shortcut)) {
-        if (explanation) {
-            *explanation = tr("This combination cannot be used because it is already used by a "
-                              "system-wide keyboard shortcut.\nIf you really want to use this key "
-                              "combination, most shortcuts can be changed in the Keyboard & Mouse "
-                              "panel in System Preferences.");
-        }
+        if (explanation)
+            *explanation = takenBySystem();
         return true;
     }
     return m_mainMenu && isShortcutAlreadyTakenInMenu(shortcut, m_mainMenu(), explanation);
@@ -99,6 +126,14 @@ bool MASShortcutValidator::isShortcutAlreadyTakenInMenu(const MASShortcut &short
         return true;
     }
     return false;
+}
+
+QString MASShortcutValidator::takenBySystem()
+{
+    return tr("This combination cannot be used because it is already used by a "
+              "system-wide keyboard shortcut.\nIf you really want to use this key "
+              "combination, most shortcuts can be changed in the Keyboard & Mouse "
+              "panel in System Preferences.");
 }
 
 bool MASShortcutValidator::isSymbolicHotKey(const MASShortcut &shortcut) const

@@ -95,6 +95,7 @@ void MASShortcutView::setRecording(bool isRecording)
     m_isRecording = isRecording;
     setShortcutPlaceholder({});
     setWaitingForKey(false);
+    setInvalid(false);
     resetToolTips();
     if (isRecording) {
         m_shortcutValidator->prepare();
@@ -104,12 +105,6 @@ void MASShortcutView::setRecording(bool isRecording)
     }
     refresh();
     Q_EMIT isRecordingChanged(isRecording);
-}
-
-bool MASShortcutView::isLetThrough(const MASShortcut &shortcut)
-{
-    return shortcut.modifierFlags() == ModifierFlags::kCommand &&
-           (shortcut.keyCode() == VirtualKey::kW || shortcut.keyCode() == VirtualKey::kQ);
 }
 
 bool MASShortcutView::handleKeyEvent(const QKeyEvent &event)
@@ -126,7 +121,7 @@ bool MASShortcutView::handleKeyEvent(const QKeyEvent &event)
         setRecording(false);
         return true;
     }
-    if (isLetThrough(shortcut)) {
+    if (MASShortcutValidator::closesOrQuits(shortcut)) {
         setRecording(false);
         return false;
     }
@@ -144,10 +139,12 @@ bool MASShortcutView::handleKeyEvent(const QKeyEvent &event)
 void MASShortcutView::tryShortcut(const MASShortcut &shortcut)
 {
     setWaitingForKey(false);
+    setInvalid(!m_shortcutValidator->isShortcutValid(shortcut));
     QString explanation;
-    if (!m_shortcutValidator->isShortcutValid(shortcut)) {
+    if (m_isInvalid) {
         m_beep();
-    } else if (m_shortcutValidator->isShortcutAlreadyTakenBySystem(shortcut, &explanation)) {
+    } else if (m_shortcutValidator->isShortcutAlreadyTaken(
+                   shortcut, m_binding.key().value_or(QString()), &explanation)) {
         showTakenAlert(shortcut, explanation);
     } else {
         setShortcutValue(shortcut);
@@ -181,6 +178,14 @@ void MASShortcutView::setWaitingForKey(bool isWaitingForKey)
         return;
     m_isWaitingForKey = isWaitingForKey;
     Q_EMIT isWaitingForKeyChanged(isWaitingForKey);
+}
+
+void MASShortcutView::setInvalid(bool isInvalid)
+{
+    if (isInvalid == m_isInvalid)
+        return;
+    m_isInvalid = isInvalid;
+    Q_EMIT isInvalidChanged(isInvalid);
 }
 
 QString MASShortcutView::title() const

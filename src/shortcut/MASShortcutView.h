@@ -83,6 +83,9 @@ public:
     /// Whether modifiers were pressed while recording and no other key followed for some time. The
     /// window manager may keep such a combination for itself, so that it never comes here.
     bool isWaitingForKey() const { return m_isWaitingForKey; }
+    /// Whether the last combination tried in this recording can never be a shortcut. The beep alone
+    /// tells nobody whose bell is off, so whoever shows the control says why.
+    bool isInvalid() const { return m_isInvalid; }
     /// Two seconds at first.
     void setWaitingForKeyDelay(std::chrono::milliseconds delay)
     {
@@ -107,6 +110,7 @@ public:
 Q_SIGNALS:
     void isRecordingChanged(bool isRecording);
     void isWaitingForKeyChanged(bool isWaitingForKey);
+    void isInvalidChanged(bool isInvalid);
 
 protected:
     // ^QWidget
@@ -122,8 +126,6 @@ protected:
 private:
     friend class ShortcutRecording;
 
-    /// Whether the combination ends a recording and still does what it does elsewhere.
-    static bool isLetThrough(const MASShortcut &shortcut);
     /// Examines a key press or a change of modifiers while recording. True when nobody else may
     /// have the event.
     bool handleKeyEvent(const QKeyEvent &event);
@@ -133,6 +135,7 @@ private:
     void setHinting(bool isHinting);
     void setShortcutPlaceholder(const QString &placeholder);
     void setWaitingForKey(bool isWaitingForKey);
+    void setInvalid(bool isInvalid);
     void resetToolTips();
     void refresh();
 
@@ -149,4 +152,5 @@ private:
     bool m_isRecording = false;
     bool m_isHinting = false;
     bool m_isWaitingForKey = false;
+    bool m_isInvalid = false;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/ModifierFlags.h"
 #include "shortcut/MASShortcutMonitor.h"
+#include "shortcut/MASShortcutValidator.h"
 #include "shortcut/MASShortcutView.h"
 
 #include <QCoreApplication>
@@ -112,8 +113,9 @@ bool ShortcutRecording::monitorKey(QKeyEvent &event)
         return false;
     // A key that is merely held says nothing new. And a shortcut of the application may be about to
     // steal the key: claimed, it comes as a press.
-    const bool isClaim = event.type() == QEvent::ShortcutOverride &&
-                         !MASShortcutView::isLetThrough(MASShortcut::shortcutWithEvent(event));
+    const bool isClaim =
+        event.type() == QEvent::ShortcutOverride &&
+        !MASShortcutValidator::closesOrQuits(MASShortcut::shortcutWithEvent(event));
     if (isClaim || isRepetition(event))
         return true;
     if (isPress)

@@ -68,11 +68,13 @@ TYPED_TEST(SettingsStoreContract, aDefaultAnswersOnlyWhileNothingIsStored)
     EXPECT_FALSE(this->m_settings.contains(kKey));
 }
 
-TYPED_TEST(SettingsStoreContract, onlyADifferentValueIsAnnounced)
+TYPED_TEST(SettingsStoreContract, onlyADifferentValueIsAnnouncedButEveryOneAsStored)
 {
+    QSignalSpy stored(&this->m_settings, &SettingsStore::valueStored);
     this->m_settings.setValue(kKey, true);
     this->m_settings.setValue(kKey, true);
     EXPECT_EQ(this->m_changes.size(), 1);
+    EXPECT_EQ(stored.size(), 2);
     this->m_settings.setValue(QStringLiteral("other"), QVariant());
     EXPECT_EQ(this->m_changes.size(), 1);
     this->m_settings.setValue(kKey, QVariant());

@@ -1,23 +1,37 @@
 #include "shortcut/MASShortcutBinder.h"
 
-#include "platform/memory/MemoryHotKeys.h"
-#include "platform/memory/MemorySettingsStore.h"
+#include "platform/memory/MemoryPlatform.h"
+#include "shortcut/KeyNames.h"
 #include "shortcut/MASShortcutMonitor.h"
+#include "shortcut/MASShortcutValidator.h"
 #include "support/ExpectedWarnings.h"
 
 #include <QCoreApplication>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace {
 
+using HotKeyState = MASShortcutBinder::HotKeyState;
+
 const QString kKey = QStringLiteral("openShortCut");
+const QString kOtherKey = QStringLiteral("swopShortCut");
 const MASShortcut kShiftCommandV(VirtualKey::kV, 0x120000);
 const MASShortcut kShiftCommandX(VirtualKey::kX, 0x120000);
 
 class Binder : public testing::Test
 {
 protected:
+    Binder()
+    {
+        KeyNames::current().setKeyboardLayout(&m_layout);
+        m_binder.setShortcutValidator(m_validator);
+    }
+    ~Binder() override { KeyNames::current().setKeyboardLayout(nullptr); }
+
     bool runs(const MASShortcut &shortcut)
     {
         const int before = m_runs;
@@ -30,8 +44,19 @@ protected:
         m_binder.bindShortcutWithDefaultsKey(kKey, [this] { ++m_runs; });
     }
 
+    void holdElsewhere(const MASShortcut &shortcut)
+    {
+        m_hotKeys.holdElsewhere(shortcut.carbonKeyCode(), shortcut.carbonFlags());
+    }
+    void freeElsewhere(const MASShortcut &shortcut)
+    {
+        m_hotKeys.freeElsewhere(shortcut.carbonKeyCode(), shortcut.carbonFlags());
+    }
+
+    MemoryKeyboardLayout m_layout;
     MemoryHotKeys m_hotKeys;
     MemorySettingsStore m_settings;
+    MASShortcutValidator m_validator;
     MASShortcutMonitor m_monitor{m_hotKeys};
     MASShortcutBinder m_binder{m_settings, &m_monitor};
     int m_runs = 0;
@@ -44,9 +69,8 @@ TEST_F(Binder, aShortcutStoredBeforeOrAfterTheBindingWorksAtOnce)
     m_settings.setValue(kKey, kShiftCommandV.archive());
     EXPECT_TRUE(runs(kShiftCommandV));
 
-    const QString other = QStringLiteral("swopShortCut");
-    m_settings.setValue(other, kShiftCommandX.archive());
-    m_binder.bindShortcutWithDefaultsKey(other, [this] { ++m_runs; });
+    m_settings.setValue(kOtherKey, kShiftCommandX.archive());
+    m_binder.bindShortcutWithDefaultsKey(kOtherKey, [this] { ++m_runs; });
     EXPECT_TRUE(runs(kShiftCommandX));
 }
 
@@ -70,13 +94,153 @@ TEST_F(Binder, aClearedShortcutStopsWorkingButStaysReadable)
     EXPECT_TRUE(runs(kShiftCommandV));
 }
 
-TEST_F(Binder, aRefusedShortcutStaysBound)
+TEST_F(Binder, twoKeysKeepTheirHotKeysThroughEveryOrderOfChanges)
 {
-    m_hotKeys.holdElsewhere(kShiftCommandV.carbonKeyCode(), kShiftCommandV.carbonFlags());
+    struct Step
+    {
+        QString key;
+        std::optional<MASShortcut> shortcut;
+    };
+    const std::array<Step, 6> steps{{{kKey, kShiftCommandV},
+                                     {kKey, kShiftCommandX},
+                                     {kKey, std::nullopt},
+                                     {kOtherKey, kShiftCommandV},
+                                     {kOtherKey, kShiftCommandX},
+                                     {kOtherKey, std::nullopt}}};
+    constexpr int kSequences = 6 * 6 * 6 * 6;
+    QMap<QString, int> presses;
+    const auto runnersOf = [&](const MASShortcut &shortcut) {
+        presses.clear();
+        runs(shortcut);
+        return presses;
+    };
+    for (const QString &key : {kKey, kOtherKey})
+        m_binder.bindShortcutWithDefaultsKey(key, [&presses, key] { ++presses[key]; });
+    for (int sequence = 0; sequence < kSequences; ++sequence) {
+        QString told;
+        for (int rest = sequence, i = 0; i < 4; ++i, rest /= 6) {
+            const Step &step = steps.at(static_cast<size_t>(rest % 6));
+            m_settings.setValue(step.key,
+                                step.shortcut ? step.shortcut->archive() : QByteArray(""));
+            told += QStringLiteral(" %1=%2").arg(
+                step.key, step.shortcut ? step.shortcut->keyCodeString() : QString());
+            for (const MASShortcut &shortcut : {kShiftCommandV, kShiftCommandX}) {
+                QStringList wanting;
+                for (const QString &key : {kKey, kOtherKey}) {
+                    if (m_settings.value(key) == QVariant(shortcut.archive()))
+                        wanting.append(key);
+                }
+                if (wanting.size() == 2 && step.shortcut == shortcut)
+                    wanting = {step.key};
+                const QMap<QString, int> runners = runnersOf(shortcut);
+                ASSERT_EQ(runners.size(), qMin<qsizetype>(wanting.size(), 1)) << told.toStdString();
+                ASSERT_TRUE(runners.isEmpty() ||
+                            (wanting.contains(runners.firstKey()) && runners.first() == 1))
+                    << told.toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(Binder, aRefusedShortcutStaysBoundIsToldOnceAndWorksAsSoonAsItCan)
+{
+    m_binder.setRetryInterval(std::chrono::milliseconds(1));
+    const auto isTold = [](const QString &word) {
+        return ExpectedWarnings::messages().filter(word).filter(kKey).size();
+    };
+    struct Way
+    {
+        const char *name;
+        std::function<void()> action;
+        bool isToldAgain = false;
+    };
+    const std::array<Way, 4> ways{{
+        {"another program ended", [this] { Q_EMIT m_hotKeys.availabilityChanged(); }},
+        {"another layout", [this] { m_layout.setName(VirtualKey::kA, QStringLiteral("q")); }},
+        {"recorded anew", [this] { m_settings.setValue(kKey, kShiftCommandV.archive()); }, true},
+        {"a while", [] {}},
+    }};
     bind();
+    qsizetype refusals = 0;
+    for (const Way &way : ways) {
+        SCOPED_TRACE(way.name);
+        m_settings.setValue(kKey, QByteArray(""));
+        holdElsewhere(kShiftCommandV);
+        m_settings.setValue(kKey, kShiftCommandV.archive());
+        EXPECT_EQ(m_binder.valueForUndefinedKey(kKey), kShiftCommandV);
+        EXPECT_EQ(m_binder.hotKeyState(kKey), HotKeyState::HeldElsewhere);
+        way.action();
+        EXPECT_FALSE(runs(kShiftCommandV));
+        refusals += way.isToldAgain ? 2 : 1;
+        EXPECT_EQ(isTold(QStringLiteral("Another program holds ⇧⌘V")), refusals);
+        freeElsewhere(kShiftCommandV);
+        way.action();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return runs(kShiftCommandV); }));
+        EXPECT_EQ(m_binder.hotKeyState(kKey), HotKeyState::Works);
+    }
+}
+
+TEST_F(Binder, aShortcutThatAnotherProgramTookDuringARecordingComesBack)
+{
     m_settings.setValue(kKey, kShiftCommandV.archive());
-    EXPECT_EQ(m_binder.valueForUndefinedKey(kKey), kShiftCommandV);
-    EXPECT_FALSE(m_monitor.isShortcutRegistered(kShiftCommandV));
+    bind();
+    m_monitor.setSuspended(true);
+    holdElsewhere(kShiftCommandV);
+    m_monitor.setSuspended(false);
+    EXPECT_EQ(m_binder.hotKeyState(kKey), HotKeyState::HeldElsewhere);
+    freeElsewhere(kShiftCommandV);
+    Q_EMIT m_hotKeys.availabilityChanged();
+    EXPECT_TRUE(runs(kShiftCommandV));
+}
+
+TEST_F(Binder, onlyWhatARecorderWouldStoreIsRegistered)
+{
+    m_validator.setMainMenu([] {
+        return MenuModel{{QStringLiteral("Copy"), QStringLiteral("c"), ModifierFlags::kControl}};
+    });
+    // Where Q and A have changed places.
+    m_layout.setName(VirtualKey::kA, QStringLiteral("q"));
+    m_layout.setName(VirtualKey::kQ, QStringLiteral("a"));
+    struct Stored
+    {
+        const char *name;
+        quint64 keyCode, modifierFlags;
+        bool works;
+    };
+    for (const Stored &stored : {
+             Stored{"no key", VirtualKey::kNotFound, ModifierFlags::kCommand, false},
+             Stored{"neither key nor modifiers", VirtualKey::kNotFound, 0, false},
+             Stored{"a letter", VirtualKey::kB, 0, false},
+             Stored{"a capital letter", VirtualKey::kB, ModifierFlags::kShift, false},
+             Stored{"a modifier", VirtualKey::kShift, ModifierFlags::kControl, false},
+             Stored{"copying", VirtualKey::kC, ModifierFlags::kControl, false},
+             Stored{"quitting", VirtualKey::kA, ModifierFlags::kCommand, false},
+             Stored{"what quits elsewhere", VirtualKey::kQ, ModifierFlags::kCommand, true},
+             Stored{"a function key", VirtualKey::kF5, 0, true},
+         }) {
+        SCOPED_TRACE(stored.name);
+        const MASShortcut shortcut(stored.keyCode, stored.modifierFlags);
+        m_settings.setValue(kKey, shortcut.archive());
+        if (!stored.works)
+            ExpectedWarnings::expect(QStringLiteral("none that can be recorded"));
+        bind();
+        EXPECT_EQ(runs(shortcut), stored.works);
+        EXPECT_EQ(m_binder.hotKeyState(kKey),
+                  stored.works ? HotKeyState::Works : HotKeyState::Unusable);
+        EXPECT_EQ(m_settings.value(kKey), QVariant(shortcut.archive()));
+        m_binder.breakBindingWithDefaultsKey(kKey);
+    }
+}
+
+TEST_F(Binder, aStoredShortcutThatTheLayoutDoesNotNameWaitsForOneThatDoes)
+{
+    m_layout.setName(VirtualKey::kV, QString());
+    m_settings.setValue(kKey, kShiftCommandV.archive());
+    ExpectedWarnings::expect(QStringLiteral("none that can be recorded"));
+    bind();
+    EXPECT_FALSE(runs(kShiftCommandV));
+    m_layout.setName(VirtualKey::kV, QStringLiteral("v"));
+    EXPECT_TRUE(runs(kShiftCommandV));
 }
 
 TEST_F(Binder, anUnreadableShortcutIsNoneIsLoggedOnceAndKept)

@@ -2,6 +2,7 @@
 
 #include "platform/memory/MemoryPlatform.h"
 #include "shortcut/KeyNames.h"
+#include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutMonitor.h"
 #include "shortcut/MASShortcutValidator.h"
 #include "support/ExpectedWarnings.h"
@@ -108,8 +109,9 @@ TEST_F(Recorder, aValidCombinationIsStoredAndEndsTheRecording)
     EXPECT_EQ(m_settings.value(kKey), QVariant(kCommandV.archive()));
 }
 
-TEST_F(Recorder, anInvalidCombinationOnlyBeeps)
+TEST_F(Recorder, anInvalidCombinationBeepsAndIsToldToTheEye)
 {
+    QSignalSpy tellings(&m_view, &MASShortcutView::isInvalidChanged);
     record(kCommandV);
     EXPECT_FALSE(type(kA));
     EXPECT_FALSE(type(kTab));
@@ -117,6 +119,11 @@ TEST_F(Recorder, anInvalidCombinationOnlyBeeps)
     EXPECT_EQ(m_beeps, 2) << "a held key beeps once";
     EXPECT_TRUE(m_view.isRecording());
     EXPECT_EQ(m_view.shortcutValue(), kCommandV);
+    EXPECT_TRUE(m_view.isInvalid());
+    EXPECT_EQ(tellings.size(), 1);
+    type(kJ, Qt::ControlModifier);
+    EXPECT_FALSE(m_view.isInvalid());
+    EXPECT_EQ(tellings.size(), 2);
 }
 
 TEST_F(Recorder, deletingClearsAndStoresAnEmptyValue)
@@ -151,6 +158,24 @@ TEST_F(Recorder, commandWAndCommandQStopItAndGoThrough)
     record(kCommandV);
     EXPECT_FALSE(type(kQ, Qt::MetaModifier | Qt::ShiftModifier));
     EXPECT_EQ(m_view.shortcutValue()->keyCode(), kQ) << "with Shift it is like any other";
+}
+
+TEST_F(Recorder, whatClosesAndQuitsIsToldByWhatIsPrintedOnTheKeys)
+{
+    const std::pair<quint32, const char *> azerty[] = {{kA, "q"}, {kQ, "a"}, {kZ, "w"}, {kW, "z"}};
+    for (const auto &[key, name] : azerty)
+        m_layout.setName(key, QString::fromLatin1(name));
+    for (const quint16 key : {kA, kZ}) {
+        record(kCommandV);
+        EXPECT_TRUE(type(key, Qt::MetaModifier));
+        EXPECT_FALSE(m_view.isRecording());
+        EXPECT_EQ(m_view.shortcutValue(), kCommandV);
+    }
+    for (const quint16 key : {kQ, kW}) {
+        record(kCommandV);
+        EXPECT_FALSE(type(key, Qt::MetaModifier));
+        EXPECT_EQ(m_view.shortcutValue(), MASShortcut(key, ModifierFlags::kCommand));
+    }
 }
 
 TEST_F(Recorder, heldModifiersAreShown)
@@ -209,6 +234,41 @@ TEST_F(Recorder, aTakenCombinationIsExplainedAndRecordingGoesOn)
     EXPECT_EQ(m_view.title(), QStringLiteral("Type New Shortcut"));
     type(kJ, Qt::ControlModifier);
     EXPECT_EQ(m_view.shortcutValue(), MASShortcut(kJ, ModifierFlags::kControl));
+}
+
+TEST_F(Recorder, theOtherRecordersShortcutIsTakenAndItsOwnIsNot)
+{
+    const QString otherKey = QStringLiteral("swopShortCut");
+    MASShortcutBinder binder(m_settings, &m_monitor);
+    binder.setShortcutValidator(m_validator);
+    m_validator.setBoundElsewhere([&binder](const MASShortcut &shortcut, const QString &key) {
+        return binder.isBoundElsewhere(shortcut, key);
+    });
+    m_settings.setValue(kKey, kCommandV.archive());
+    m_settings.setValue(otherKey, kControlK.archive());
+    for (const QString &key : {kKey, otherKey})
+        binder.bindShortcutWithDefaultsKey(key, [] {});
+    m_view.setAssociatedUserDefaultsKey(kKey);
+    m_second.setAssociatedUserDefaultsKey(otherKey);
+
+    click(m_view, m_view.shortcutRect());
+    type(kK, Qt::ControlModifier);
+    auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    ASSERT_TRUE(alert);
+    EXPECT_TRUE(alert->informativeText().startsWith(
+        QStringLiteral("This combination cannot be used because it is already used by a "
+                       "system-wide keyboard shortcut.")));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(alert));
+    QTest::mouseClick(alert->buttons().at(0), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    type(kV, Qt::MetaModifier);
+    EXPECT_FALSE(m_view.isRecording()) << "it has it already";
+    EXPECT_EQ(m_view.shortcutValue(), kCommandV);
+
+    m_second.setShortcutValue(std::nullopt);
+    click(m_view, m_view.shortcutRect());
+    type(kK, Qt::ControlModifier);
+    EXPECT_EQ(m_view.shortcutValue(), kControlK) << "nobody has it any more";
 }
 
 TEST_F(Recorder, onlyOneRecordsAtATime)

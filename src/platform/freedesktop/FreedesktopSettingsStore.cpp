@@ -178,6 +178,7 @@ void FreedesktopSettingsStore::setValue(const QString &key, const QVariant &valu
         save();
     if (!isSame(this->value(key), before))
         Q_EMIT valueChanged(key);
+    Q_EMIT valueStored(key);
 }
 
 void FreedesktopSettingsStore::acceptFreshSettings()

@@ -2,16 +2,36 @@
 
 #include "platform/VirtualKeys.h"
 
+#include <utility>
+
 bool MemoryHotKeys::registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers)
 {
     if (!VirtualKey::toEvdev(keyCode) || !isAvailable(keyCode, carbonModifiers))
         return false;
-    return m_registrations.insert({id, {keyCode, carbonModifiers}}).second;
+    if (!m_registrations.insert({id, {keyCode, carbonModifiers}}).second)
+        return false;
+    m_lost.erase({keyCode, carbonModifiers});
+    return true;
 }
 
 bool MemoryHotKeys::isAvailable(quint32 keyCode, quint32 carbonModifiers)
 {
     return !m_heldElsewhere.contains({keyCode, carbonModifiers});
+}
+
+bool MemoryHotKeys::isGranted(HotKeyId id)
+{
+    const auto known = m_registrations.find(id);
+    return known != m_registrations.end() && !m_lost.contains(known->second);
+}
+
+void MemoryHotKeys::setSuspended(bool isSuspended)
+{
+    if (std::exchange(m_isSuspended, isSuspended) == isSuspended || isSuspended)
+        return;
+    // What we let go of, another program may have taken.
+    m_lost = m_heldElsewhere;
+    Q_EMIT availabilityChanged();
 }
 
 std::vector<HotKeyId> MemoryHotKeys::idsOf(quint32 keyCode, quint32 carbonModifiers) const
@@ -26,7 +46,7 @@ std::vector<HotKeyId> MemoryHotKeys::idsOf(quint32 keyCode, quint32 carbonModifi
 
 void MemoryHotKeys::report(quint32 keyCode, quint32 carbonModifiers, bool isPress)
 {
-    if (m_isSuspended)
+    if (m_isSuspended || m_lost.contains({keyCode, carbonModifiers}))
         return;
     for (const HotKeyId id : idsOf(keyCode, carbonModifiers)) {
         HotKeyEvent event;

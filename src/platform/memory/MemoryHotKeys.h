@@ -23,10 +23,15 @@ public:
     {
         report(keyCode, carbonModifiers, false);
     }
-    /// The combination belongs to another program from now on.
+    /// The combination belongs to another program from now on, but for who has it already.
     void holdElsewhere(quint32 keyCode, quint32 carbonModifiers)
     {
         m_heldElsewhere.insert({keyCode, carbonModifiers});
+    }
+    /// The other program lets go of it, which nobody is told.
+    void freeElsewhere(quint32 keyCode, quint32 carbonModifiers)
+    {
+        m_heldElsewhere.erase({keyCode, carbonModifiers});
     }
     /// The ids registered for a combination.
     std::vector<HotKeyId> idsOf(quint32 keyCode, quint32 carbonModifiers) const;
@@ -36,12 +41,14 @@ public:
     bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
     void unregisterHotKey(HotKeyId id) override { m_registrations.erase(id); }
     bool isAvailable(quint32 keyCode, quint32 carbonModifiers) override;
-    void setSuspended(bool isSuspended) override { m_isSuspended = isSuspended; }
+    bool isGranted(HotKeyId id) override;
+    void setSuspended(bool isSuspended) override;
 
 private:
     void report(quint32 keyCode, quint32 carbonModifiers, bool isPress);
 
     std::map<HotKeyId, Combination> m_registrations;
     std::set<Combination> m_heldElsewhere;
+    std::set<Combination> m_lost; ///< Registered, but taken by another program since.
     bool m_isSuspended = false;
 };

@@ -9,4 +9,5 @@ void MemorySettingsStore::setValue(const QString &key, const QVariant &value)
         m_values.remove(key);
     if (this->value(key) != before)
         Q_EMIT valueChanged(key);
+    Q_EMIT valueStored(key);
 }

@@ -47,7 +47,9 @@ bool X11HotKeys::registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModi
         if (isGranted)
             m_ids[*combination].push_back(id);
     });
-    if (!hasRun || !isGranted)
+    if (hasRun && !isGranted)
+        watchOtherPrograms();
+    if (!isGranted)
         return false;
     m_registrations.emplace(id, *combination);
     return true;
@@ -78,6 +80,18 @@ bool X11HotKeys::isAvailable(quint32 keyCode, quint32 carbonModifiers)
            isFree;
 }
 
+bool X11HotKeys::isGranted(HotKeyId id)
+{
+    const auto known = m_registrations.find(id);
+    if (known == m_registrations.end())
+        return false;
+    bool isGranted = false;
+    const bool hasRun = m_thread.run([&] { isGranted = m_grabs.isGranted(known->second); });
+    if (hasRun && !isGranted)
+        watchOtherPrograms();
+    return isGranted;
+}
+
 void X11HotKeys::setSuspended(bool isSuspended)
 {
     if (isSuspended == m_isSuspended)
@@ -90,6 +104,8 @@ void X11HotKeys::setSuspended(bool isSuspended)
             giveKeyboardBack();
         m_connection.roundTrip();
     });
+    if (!isSuspended)
+        tellAvailabilityLater();
 }
 
 bool X11HotKeys::typeFreely(const std::function<void(const Typing &)> &type)
@@ -135,10 +151,24 @@ void X11HotKeys::deliver(const HotKeyEvent &event, bool isPress)
         Q_EMIT released(event);
 }
 
+void X11HotKeys::tellAvailabilityLater()
+{
+    QMetaObject::invokeMethod(this, &HotKeys::availabilityChanged, Qt::QueuedConnection);
+}
+
+void X11HotKeys::watchOtherPrograms()
+{
+    if (m_clientEnds)
+        return;
+    m_clientEnds = std::make_unique<X11ClientEnds>();
+    connect(m_clientEnds.get(), &X11ClientEnds::ended, this, &HotKeys::availabilityChanged);
+}
+
 void X11HotKeys::handle(const xcb_generic_event_t &event)
 {
     if (m_keyboard.takeIn(event) == X11Keyboard::Change::Mapping) {
         m_grabs.refresh();
+        tellAvailabilityLater();
         return;
     }
     if (const std::optional<xcb_timestamp_t> time = m_heldKeys.releaseTime(event)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/HotKeys.h"
+#include "platform/x11/X11ClientEnds.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11EventThread.h"
 #include "platform/x11/X11HeldKeys.h"
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -46,6 +48,7 @@ public:
     bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
     void unregisterHotKey(HotKeyId id) override;
     bool isAvailable(quint32 keyCode, quint32 carbonModifiers) override;
+    bool isGranted(HotKeyId id) override;
     void setSuspended(bool isSuspended) override;
 
 private:
@@ -60,6 +63,8 @@ private:
 
     std::optional<X11Combination> combinationOf(quint32 keyCode, quint32 carbonModifiers) const;
     void deliver(const HotKeyEvent &event, bool isPress);
+    void tellAvailabilityLater();
+    void watchOtherPrograms();
 
     // On the thread.
     void handle(const xcb_generic_event_t &event);
@@ -77,6 +82,8 @@ private:
 
     std::map<HotKeyId, X11Combination> m_registrations;
     bool m_isSuspended = false;
+    /// Made when a combination is first refused; most never are.
+    std::unique_ptr<X11ClientEnds> m_clientEnds;
 
     // The thread's, but for the connection's unchanging setup.
     X11Connection m_connection;

@@ -2,16 +2,8 @@
 
 #include "platform/ModifierFlags.h"
 
-#include <QLoggingCategory>
-
 #include <algorithm>
 #include <utility>
-
-namespace {
-
-Q_LOGGING_CATEGORY(lcHotKeys, "quillmarsh.platform.hotkeys")
-
-} // namespace
 
 X11KeyGrabs::X11KeyGrabs(const X11Connection &connection)
     : m_connection(connection), m_modifiers(X11Modifiers::read(connection))
@@ -49,6 +41,12 @@ bool X11KeyGrabs::isAvailable(const X11Combination &combination)
         return false;
     ungrab(combination);
     return true;
+}
+
+bool X11KeyGrabs::isGranted(const X11Combination &combination) const
+{
+    const auto known = m_wanted.find(combination);
+    return known != m_wanted.end() && (known->second || m_isSuspended);
 }
 
 void X11KeyGrabs::setSuspended(bool isSuspended)
@@ -148,12 +146,8 @@ void X11KeyGrabs::ungrab(const X11Combination &combination)
 void X11KeyGrabs::grabWanted()
 {
     for (auto &[combination, isGranted] : m_wanted) {
-        if (isGranted)
-            continue;
-        isGranted = grab(combination);
         if (!isGranted)
-            qCInfo(lcHotKeys, "another program holds the hot key with key code %d now",
-                   int(combination.keycode));
+            isGranted = grab(combination);
     }
 }
 

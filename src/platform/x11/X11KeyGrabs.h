@@ -36,6 +36,9 @@ public:
     /// Whether another client leaves the combination free.
     bool isAvailable(const X11Combination &combination);
 
+    /// Whether a wanted combination is ours, or only waits for the suspension's end.
+    bool isGranted(const X11Combination &combination) const;
+
     /// Gives every grab back, or asks for all of them again.
     void setSuspended(bool isSuspended);
 

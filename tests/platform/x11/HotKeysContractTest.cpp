@@ -7,6 +7,8 @@
 #include "RealKeyboard.h"
 #include "Settle.h"
 
+#include <QSignalSpy>
+
 #include <gtest/gtest.h>
 
 #include <linux/input-event-codes.h>
@@ -23,6 +25,7 @@ public:
     void press() { hotKeys.press(VirtualKey::kV, kSuperShift); }
     void release() { hotKeys.release(VirtualKey::kV, kSuperShift); }
     void holdElsewhere() { hotKeys.holdElsewhere(VirtualKey::kV, kSuperShift); }
+    void freeElsewhere() { hotKeys.freeElsewhere(VirtualKey::kV, kSuperShift); }
 
     MemoryHotKeys hotKeys;
 };
@@ -40,6 +43,8 @@ public:
     {
         EXPECT_TRUE(m_other.grabKey(KEY_V, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4));
     }
+
+    void freeElsewhere() { m_other.ungrabKey(KEY_V, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4); }
 
     X11HotKeys hotKeys;
 
@@ -123,6 +128,27 @@ TYPED_TEST(HotKeysContract, nothingIsReportedWhileSuspended)
     this->pressAndRelease();
     EXPECT_TRUE(this->m_pressed.empty());
     this->m_hotKeys.setSuspended(false);
+    this->pressAndRelease();
+    EXPECT_EQ(this->m_pressed, (std::vector{kFirst, kSecond}));
+}
+
+TYPED_TEST(HotKeysContract, aCombinationThatIsTakenDuringASuspensionIsNotGrantedUntilItIsFree)
+{
+    ASSERT_TRUE(this->registerKey(kFirst));
+    EXPECT_TRUE(this->m_hotKeys.isGranted(kFirst));
+    EXPECT_FALSE(this->m_hotKeys.isGranted(kSecond));
+    this->m_hotKeys.setSuspended(true);
+    EXPECT_TRUE(this->m_hotKeys.isGranted(kFirst));
+    this->m_maker.holdElsewhere();
+    QSignalSpy changes(&this->m_hotKeys, &HotKeys::availabilityChanged);
+    this->m_hotKeys.setSuspended(false);
+    settle(this->m_hotKeys);
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_FALSE(this->m_hotKeys.isGranted(kFirst));
+    EXPECT_FALSE(this->registerKey(kSecond));
+    this->m_maker.freeElsewhere();
+    EXPECT_TRUE(this->registerKey(kSecond));
+    EXPECT_TRUE(this->m_hotKeys.isGranted(kFirst));
     this->pressAndRelease();
     EXPECT_EQ(this->m_pressed, (std::vector{kFirst, kSecond}));
 }

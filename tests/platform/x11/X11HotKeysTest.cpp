@@ -9,6 +9,7 @@
 #include "Settle.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -107,6 +108,33 @@ TEST_F(X11HotKeysTest, aVariantHeldElsewhereRefusesTheWholeCombination)
     other.ungrabKey(KEY_V, kPlain);
     other.ungrabKey(KEY_V, kPlain | kNumLockMask);
     EXPECT_TRUE(registerOpen());
+}
+
+TEST_F(X11HotKeysTest, theEndOfTheProgramThatHeldTheCombinationIsTold)
+{
+    auto other = std::make_unique<ForeignWindow>();
+    ASSERT_TRUE(other->grabKey(KEY_V, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4));
+    EXPECT_FALSE(registerOpen());
+    QSignalSpy changes(&m_hotKeys, &HotKeys::availabilityChanged);
+    other.reset();
+    ASSERT_TRUE(changes.wait());
+    EXPECT_TRUE(registerOpen());
+    EXPECT_EQ(timesFired(), 1U);
+}
+
+TEST_F(X11HotKeysTest, anotherKeyboardMapIsTold)
+{
+    ForeignWindow other;
+    ASSERT_TRUE(other.grabKey(KEY_V, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4));
+    EXPECT_FALSE(registerOpen());
+    QSignalSpy changes(&m_hotKeys, &HotKeys::availabilityChanged);
+    KeyboardSetup::run(QStringLiteral("xmodmap"),
+                       {QStringLiteral("-e"), QStringLiteral("clear mod4"), QStringLiteral("-e"),
+                        QStringLiteral("clear mod3"), QStringLiteral("-e"),
+                        QStringLiteral("add mod3 = Super_L")});
+    ASSERT_TRUE(changes.wait());
+    EXPECT_TRUE(registerOpen()) << "the other program holds it with what is no Super any more";
+    EXPECT_EQ(timesFired(), 1U);
 }
 
 TEST_F(X11HotKeysTest, aKeyThatRepeatsIsOnePress)
