@@ -61,10 +61,16 @@ void PageSlider::place()
     int left = 0;
     if (!m_leaving.isNull()) {
         const qreal rest = 1 - m_animation.currentValue().toReal();
-        left = qRound(rest * width()) * (m_movement == Movement::Forward ? 1 : -1);
+        left = comesFromRight() ? qRound(rest * width()) : -qRound(rest * width());
     }
     m_page->setGeometry(rect().translated(left, 0));
     update();
+}
+
+/// The next page lies where reading goes on.
+bool PageSlider::comesFromRight() const
+{
+    return (m_movement == Movement::Forward) != isRightToLeft();
 }
 
 void PageSlider::finish()
@@ -77,7 +83,7 @@ void PageSlider::paintEvent(QPaintEvent *)
 {
     if (m_leaving.isNull())
         return;
-    const int left = m_page->x() + (m_movement == Movement::Forward ? -width() : width());
+    const int left = m_page->x() + (comesFromRight() ? -width() : width());
     QPainter painter(this);
     painter.setOpacity(1 - m_animation.currentValue().toReal());
     painter.drawPixmap(left, 0, m_leaving);

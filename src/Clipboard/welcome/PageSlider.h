@@ -32,6 +32,7 @@ protected:
 private:
     void place();
     void finish();
+    bool comesFromRight() const;
 
     QList<QWidget *> m_pages;
     QWidget *m_page = nullptr;

@@ -30,9 +30,9 @@ TourPopover::TourPopover(QWidget *window, TourViewController *content)
     setAccessibleName(content->title());
     connect(content, &TourViewController::nextRequested, this, &TourPopover::nextRequested);
     // Ahead of the button, which takes the arrow keys for moving on to other controls.
-    const auto *right =
-        new QShortcut(Qt::Key_Right, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(right, &QShortcut::activated, this, &TourPopover::nextRequested);
+    const auto *onward = new QShortcut(isRightToLeft() ? Qt::Key_Left : Qt::Key_Right, this,
+                                       nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(onward, &QShortcut::activated, this, &TourPopover::nextRequested);
     applyTheme();
 }
 

@@ -80,8 +80,11 @@ void WelcomeWindowController::loadWindow()
     connect(m_view->doneButton, &QPushButton::clicked, this, &WelcomeWindowController::closeWindow);
     connect(m_view->closeButton, &QToolButton::clicked, this,
             &WelcomeWindowController::closeWindow);
-    addShortcut(Qt::Key_Left, [this] { previousClicked(); });
-    addShortcut(Qt::Key_Right, [this] { nextClicked(); });
+    // The arrows point where the pages are, which is the other way round where one reads so.
+    addShortcut(Qt::Key_Left,
+                [this] { m_window->isRightToLeft() ? nextClicked() : previousClicked(); });
+    addShortcut(Qt::Key_Right,
+                [this] { m_window->isRightToLeft() ? previousClicked() : nextClicked(); });
     addShortcut(Qt::Key_Escape, [this] { closeWindow(); });
     addShortcut(QKeySequence(Qt::META | Qt::Key_W), [this] { closeWindow(); });
     addShortcut(QKeySequence(Qt::META | Qt::Key_Q), [this] { requiredAppDelegate().quit(); });

@@ -9,9 +9,11 @@
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QToolButton>
 
 namespace {
@@ -264,6 +266,26 @@ TEST_F(WelcomeRig, theKeyboardLeadsThroughAllPages)
         press(Qt::Key_Return);
         EXPECT_FALSE(welcome.window()->isVisible());
     });
+}
+
+TEST_F(WelcomeRig, whereOneReadsFromTheRightTheArrowsAndThePagesGoTheOtherWay)
+{
+    const auto wayBack = qScopeGuard([] { QApplication::setLayoutDirection(Qt::LeftToRight); });
+    for (const bool isRightToLeft : {false, true}) {
+        SCOPED_TRACE(isRightToLeft);
+        QApplication::setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+        const Qt::Key onward = isRightToLeft ? Qt::Key_Left : Qt::Key_Right;
+        const Qt::Key back = isRightToLeft ? Qt::Key_Right : Qt::Key_Left;
+        launchAnd([&] {
+            const PageSlider &slider = *welcome.view()->mainContentView;
+            press(onward);
+            EXPECT_EQ(welcome.currentPageIdx(), 1);
+            EXPECT_EQ(slider.page()->x(), isRightToLeft ? -slider.width() : slider.width());
+            press(back);
+            EXPECT_EQ(welcome.currentPageIdx(), 0);
+            EXPECT_EQ(slider.page()->x(), isRightToLeft ? slider.width() : -slider.width());
+        });
+    }
 }
 
 TEST_F(WelcomeRig, theFocusedPreviousButtonTakesReturnForItself)
