@@ -708,6 +708,10 @@ file: lists copied files.</source>
         <source>The desktop opens it all the same.</source>
         <translation>يفتحه سطح المكتب مع ذلك.</translation>
     </message>
+    <message>
+        <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
+        <translation>يتكون الاختصار من Ctrl أو Super مع مفتاح آخر، أو من مفتاح وظيفي.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1027,6 +1031,21 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Clear search</source>
         <translation>مسح البحث</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutNote</name>
+    <message>
+        <source>Used by another program</source>
+        <translation>يستخدمه برنامج آخر</translation>
+    </message>
+    <message>
+        <source>Used by the other shortcut</source>
+        <translation>يستخدمه الاختصار الآخر</translation>
+    </message>
+    <message>
+        <source>Not possible as a shortcut</source>
+        <translation>لا يصلح اختصارًا</translation>
     </message>
 </context>
 <context>

@@ -676,6 +676,10 @@ file: zeigt kopierte Dateien.</translation>
         <source>The desktop opens it all the same.</source>
         <translation>Die Arbeitsumgebung öffnet es trotzdem.</translation>
     </message>
+    <message>
+        <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
+        <translation>Ein Kurzbefehl braucht Strg oder Super mit einer weiteren Taste oder ist eine Funktionstaste.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -987,6 +991,21 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Clear search</source>
         <translation>Suche leeren</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutNote</name>
+    <message>
+        <source>Used by another program</source>
+        <translation>Von einem anderen Programm belegt</translation>
+    </message>
+    <message>
+        <source>Used by the other shortcut</source>
+        <translation>Vom anderen Kurzbefehl belegt</translation>
+    </message>
+    <message>
+        <source>Not possible as a shortcut</source>
+        <translation>Als Kurzbefehl nicht möglich</translation>
     </message>
 </context>
 <context>

@@ -676,6 +676,10 @@ file: muestra los archivos copiados.</translation>
         <source>The desktop opens it all the same.</source>
         <translation>El escritorio lo abre de todos modos.</translation>
     </message>
+    <message>
+        <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
+        <translation>Un atajo necesita Ctrl o Súper con otra tecla, o es una tecla de función.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -987,6 +991,21 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Clear search</source>
         <translation>Borrar la búsqueda</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutNote</name>
+    <message>
+        <source>Used by another program</source>
+        <translation>Lo usa otro programa</translation>
+    </message>
+    <message>
+        <source>Used by the other shortcut</source>
+        <translation>Lo usa el otro atajo</translation>
+    </message>
+    <message>
+        <source>Not possible as a shortcut</source>
+        <translation>No puede ser un atajo</translation>
     </message>
 </context>
 <context>

@@ -676,6 +676,10 @@ file: montre les fichiers copiés.</translation>
         <source>The desktop opens it all the same.</source>
         <translation>Le bureau l’ouvre quand même.</translation>
     </message>
+    <message>
+        <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
+        <translation>Un raccourci demande Ctrl ou Super avec une autre touche, ou est une touche de fonction.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -987,6 +991,21 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Clear search</source>
         <translation>Effacer la recherche</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutNote</name>
+    <message>
+        <source>Used by another program</source>
+        <translation>Utilisé par un autre programme</translation>
+    </message>
+    <message>
+        <source>Used by the other shortcut</source>
+        <translation>Utilisé par l’autre raccourci</translation>
+    </message>
+    <message>
+        <source>Not possible as a shortcut</source>
+        <translation>Impossible comme raccourci</translation>
     </message>
 </context>
 <context>

@@ -668,6 +668,10 @@ file: でコピーしたファイルだけを表示します。</translation>
         <source>The desktop opens it all the same.</source>
         <translation>それでもデスクトップが開きます。</translation>
     </message>
+    <message>
+        <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
+        <translation>ショートカットには Ctrl か Super とほかのキーの組み合わせ、またはファンクションキーが必要です。</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -977,6 +981,21 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Clear search</source>
         <translation>検索をクリア</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutNote</name>
+    <message>
+        <source>Used by another program</source>
+        <translation>別のプログラムが使用中です</translation>
+    </message>
+    <message>
+        <source>Used by the other shortcut</source>
+        <translation>もう一方のショートカットが使用中です</translation>
+    </message>
+    <message>
+        <source>Not possible as a shortcut</source>
+        <translation>ショートカットにはできません</translation>
     </message>
 </context>
 <context>

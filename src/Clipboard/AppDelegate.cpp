@@ -31,6 +31,8 @@
 #include "hotkey/HotKeyTextField.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
+#include "shortcut/MASShortcutBinder.h"
+#include "shortcut/MASShortcutValidator.h"
 #include "updates/DMHelperAppDelegate.h"
 #include "updates/DevMateKit.h"
 
@@ -72,7 +74,9 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     : m_platform(platform), m_info(std::move(info)), m_storeFolder(storeFolder),
       m_launchAtLogin(*platform.loginItems, [this](const QString &line) { logTrace(line); })
 {
-    GlobalShortcuts::connect(platform, [this] { return m_statusMenu->model(); });
+    GlobalShortcuts::connect(platform, [self = QPointer(this)] {
+        return self && self->m_statusMenu ? self->m_statusMenu->model() : MenuModel();
+    });
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(platform);
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(platform, storeFolder);
@@ -139,6 +143,8 @@ void AppDelegate::applicationDidFinishLaunching()
         m_platform, [this] { return m_liveSettings->isNotificationsEnabled(); });
     askAboutDamagedSettings();
     tellUnwritableHistory();
+    // So that the first recording knows what the desktop keeps for itself.
+    MASShortcutValidator::sharedValidator().prepare();
 }
 
 void AppDelegate::loadPreferences()
@@ -159,7 +165,7 @@ void AppDelegate::loadPreferences()
         new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), m_preferences->window());
     connect(quitting, &QShortcut::activated, this, &AppDelegate::quit);
     showOpenShortcut();
-    connect(m_platform.settings.get(), &SettingsStore::valueChanged, this,
+    connect(MASShortcutBinder::sharedBinder(), &MASShortcutBinder::hotKeyStateChanged, this,
             [this](const QString &key) {
                 if (key == SettingsKeys::kOpenShortCut)
                     showOpenShortcut();
@@ -170,7 +176,7 @@ void AppDelegate::showOpenShortcut()
 {
     if (m_viewController)
         m_viewController->setOpenShortcutText(
-            GlobalShortcuts::storedSentenceName(*m_platform.settings, SettingsKeys::kOpenShortCut)
+            GlobalShortcuts::workingSentenceName(*m_platform.settings, SettingsKeys::kOpenShortCut)
                 .value_or(QString()));
 }
 

@@ -31,6 +31,10 @@ void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel(
     HotKeyCenter::connectShared(*platform.hotKeys);
     MASShortcutBinder::connectShared(*platform.settings);
     MASShortcutValidator::connectShared(platform.symbolicHotKeys.get(), platform.hotKeys.get());
+    MASShortcutValidator::sharedValidator().setBoundElsewhere(
+        [](const MASShortcut &shortcut, const QString &key) {
+            return MASShortcutBinder::sharedBinder()->isBoundElsewhere(shortcut, key);
+        });
     MASShortcutValidator::sharedValidator().setMainMenu([statusMenu] {
         MenuModel items = statusMenu();
         // What every application's own menu has. As a shortcut of ours one of these keys would take
@@ -88,9 +92,11 @@ QString GlobalShortcuts::sentenceName(const MASShortcut &shortcut)
         QStringLiteral("%1 (%2)").arg(shortcut.description(), wordName(shortcut)));
 }
 
-std::optional<QString> GlobalShortcuts::storedSentenceName(const SettingsStore &settings,
-                                                           const QString &key)
+std::optional<QString> GlobalShortcuts::workingSentenceName(const SettingsStore &settings,
+                                                            const QString &key)
 {
     const std::optional<MASShortcut> shortcut = storedShortcut(settings, key);
-    return shortcut ? std::optional(sentenceName(*shortcut)) : std::nullopt;
+    const MASShortcutBinder *binder = MASShortcutBinder::sharedBinder();
+    const bool works = binder && binder->hotKeyState(key) == MASShortcutBinder::HotKeyState::Works;
+    return shortcut && works ? std::optional(sentenceName(*shortcut)) : std::nullopt;
 }

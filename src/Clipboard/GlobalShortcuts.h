@@ -37,7 +37,8 @@ QStringList keyCaps(const MASShortcut &shortcut);
 /// How a sentence names a shortcut to the user, in signs and in words: "⇧⌘V (Super + Shift + V)".
 QString sentenceName(const MASShortcut &shortcut);
 
-/// The sentence name of the shortcut stored under `key`; absent when none is stored there.
-std::optional<QString> storedSentenceName(const SettingsStore &settings, const QString &key);
+/// The sentence name of the shortcut stored under `key`; absent when none is stored there, or when
+/// pressing it does nothing, because another program has it.
+std::optional<QString> workingSentenceName(const SettingsStore &settings, const QString &key);
 
 } // namespace GlobalShortcuts

@@ -32,7 +32,7 @@ void TraylessHint::tell()
     if (m_platform.statusBar->isItemVisible() || !m_isAllowed())
         return;
     const std::optional<QString> shortcut =
-        GlobalShortcuts::storedSentenceName(*m_platform.settings, SettingsKeys::kOpenShortCut);
+        GlobalShortcuts::workingSentenceName(*m_platform.settings, SettingsKeys::kOpenShortCut);
     m_platform.notifications->deliver(
         QCoreApplication::translate("TraylessHint", "Quillmarsh is running"),
         shortcut ? QCoreApplication::translate(

@@ -1,9 +1,9 @@
 #include "Clipboard/preferences/GeneralPaneView.h"
 
-#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PaneParts.h"
+#include "Clipboard/preferences/ShortcutNote.h"
 #include "Clipboard/window/Looks.h"
 #include "shortcut/MASShortcutView.h"
 
@@ -70,18 +70,6 @@ private:
     int m_row = 0;
 };
 
-/// Says the recorder's signs in the words that a Linux keyboard bears.
-PaneNote *inWords(MASShortcutView &recorder)
-{
-    auto *note = new PaneNote;
-    note->setWordWrap(false);
-    recorder.setShortcutValueChange([note](const MASShortcutView &changed) {
-        const auto &shortcut = changed.shortcutValue();
-        note->setText(shortcut ? GlobalShortcuts::wordName(*shortcut) : QString());
-    });
-    return note;
-}
-
 } // namespace
 
 GeneralPaneView::GeneralPaneView(SettingsStore &settings)
@@ -93,6 +81,7 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
       m_maxItemsNote(new PaneNote), m_maxStringSizeReading(new PaneNote),
       m_shortcutNote(new PaneNote)
 {
+    m_shortcutNote->setObjectName(QStringLiteral("shortcutNote"));
     openAtLogin->setAccessibleName(tr("Open at login"));
     notifications->setAccessibleName(tr("Show notifications"));
     maxItems->setAccessibleName(tr("Maximum number of items"));
@@ -117,9 +106,12 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings)
         note->setMinimumHeight(2 * note->fontMetrics().lineSpacing());
         note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     }
-    for (MASShortcutView *recorder : {openShortcut, swopShortcut})
+    for (MASShortcutView *recorder : {openShortcut, swopShortcut}) {
         connect(recorder, &MASShortcutView::isWaitingForKeyChanged, this,
                 &GeneralPaneView::explainShortcuts);
+        connect(recorder, &MASShortcutView::isInvalidChanged, this,
+                &GeneralPaneView::explainShortcuts);
+    }
     explainShortcuts();
     layOut();
 }
@@ -176,12 +168,16 @@ void GeneralPaneView::explainMaxStringSize(qint64 bytes)
 void GeneralPaneView::explainShortcuts()
 {
     const bool isWaiting = openShortcut->isWaitingForKey() || swopShortcut->isWaitingForKey();
-    m_shortcutNote->setText(
-        isWaiting ? tr("Still waiting for a key. A combination that the desktop keeps for itself "
-                       "never gets here; choose another one.")
-                  : tr("Swop pastes a clip over the selected text and keeps that text as the "
-                       "newest clip."));
-    m_shortcutNote->setEmphasised(isWaiting);
+    const bool isInvalid = openShortcut->isInvalid() || swopShortcut->isInvalid();
+    QString text = tr("Swop pastes a clip over the selected text and keeps that text as the "
+                      "newest clip.");
+    if (isWaiting)
+        text = tr("Still waiting for a key. A combination that the desktop keeps for itself "
+                  "never gets here; choose another one.");
+    else if (isInvalid)
+        text = tr("A shortcut needs Ctrl or Super with another key, or is a function key.");
+    m_shortcutNote->setText(text);
+    m_shortcutNote->setEmphasised(isWaiting || isInvalid);
 }
 
 void GeneralPaneView::layOut()
@@ -197,7 +193,7 @@ void GeneralPaneView::layOut()
     rows.add(tr("Largest &text:"), {maxStringSize, new QLabel(tr("bytes")), m_maxStringSizeReading},
              new PaneNote(tr("A longer copy is not recorded.")));
     rows.addSeparator();
-    rows.add(tr("&Open history:"), {openShortcut, inWords(*openShortcut)});
-    rows.add(tr("S&wop:"), {swopShortcut, inWords(*swopShortcut)}, m_shortcutNote);
+    rows.add(tr("&Open history:"), {openShortcut, new ShortcutNote(*openShortcut)});
+    rows.add(tr("S&wop:"), {swopShortcut, new ShortcutNote(*swopShortcut)}, m_shortcutNote);
     resize(kWidth, layout()->totalHeightForWidth(kWidth));
 }

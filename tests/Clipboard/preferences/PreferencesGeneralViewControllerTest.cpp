@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
 #include "Clipboard/AppDelegate.h"
+#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "platform/memory/MemoryPlatform.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
@@ -11,12 +12,15 @@
 #include "support/ExpectedWarnings.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -106,6 +110,50 @@ TEST_F(GeneralPane, showsWhatIsStoredAndForcesTheTestSwitchesOfTheUpdater)
     EXPECT_TRUE(pane.welcomeWindowShown());
     EXPECT_EQ(stored(QStringLiteral("SUUpdaterIsInTestMode")), QVariant(true));
     EXPECT_EQ(stored(QStringLiteral("maxItems")), QVariant(qlonglong(1234)));
+}
+
+TEST_F(GeneralPane, saysBesideARecorderThatItsShortcutDoesNotWork)
+{
+    const auto noteOf = [](const MASShortcutView &recorder) {
+        const QList<QLabel *> notes =
+            recorder.parentWidget()->findChildren<QLabel *>(QStringLiteral("hotKeyNote"));
+        return *std::ranges::min_element(
+            notes, {}, [&](const QLabel *note) { return qAbs(note->y() - recorder.y()); });
+    };
+    const MASShortcut open(VirtualKey::kV, ModifierFlags::kCommand | ModifierFlags::kShift);
+    memory.hotKeys.holdElsewhere(open.carbonKeyCode(), open.carbonFlags());
+    const PreferencesGeneralViewController &pane = start();
+    openPane();
+    const QLabel *openNote = noteOf(*pane.openShortcut);
+    const QLabel *swopNote = noteOf(*pane.swopShortcut);
+    EXPECT_EQ(openNote->text(), QStringLiteral("Used by another program"));
+    EXPECT_EQ(swopNote->text(), QStringLiteral("Super + Shift + X"));
+    EXPECT_EQ(GlobalShortcuts::workingSentenceName(memory.settings, pane.openShortCutPrefKey),
+              std::nullopt)
+        << "a hint that names it names nothing that works";
+    memory.hotKeys.freeElsewhere(open.carbonKeyCode(), open.carbonFlags());
+    Q_EMIT memory.hotKeys.availabilityChanged();
+    EXPECT_EQ(openNote->text(), QStringLiteral("Super + Shift + V"));
+    memory.settings.setValue(pane.swopShortCutPrefKey, open.archive());
+    EXPECT_EQ(openNote->text(), QStringLiteral("Used by the other shortcut"));
+    memory.settings.setValue(pane.swopShortCutPrefKey, QByteArray(""));
+    EXPECT_EQ(openNote->text(), QStringLiteral("Super + Shift + V"));
+    EXPECT_EQ(swopNote->text(), QString());
+}
+
+TEST_F(GeneralPane, saysWhyACombinationCannotBeRecorded)
+{
+    const PreferencesGeneralViewController &pane = start();
+    openPane();
+    pane.openShortcut->setBeep([] {});
+    pane.openShortcut->setRecording(true);
+    const QString usual = note("shortcutNote");
+    QKeyEvent letter(QEvent::KeyPress, Qt::Key_A, {},
+                     VirtualKey::toEvdev(VirtualKey::kA).value() + 8U, 0, 0);
+    QCoreApplication::sendEvent(pane.openShortcut, &letter);
+    EXPECT_TRUE(note("shortcutNote").startsWith(QStringLiteral("A shortcut needs Ctrl or Super")));
+    pane.openShortcut->setRecording(false);
+    EXPECT_EQ(note("shortcutNote"), usual);
 }
 
 TEST_F(GeneralPane, tellsWhatItLoadsInItsOrder)

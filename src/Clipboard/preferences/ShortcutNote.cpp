@@ -1,0 +1,44 @@
+#include "Clipboard/preferences/ShortcutNote.h"
+
+#include "Clipboard/GlobalShortcuts.h"
+#include "shortcut/MASShortcutBinder.h"
+#include "shortcut/MASShortcutView.h"
+
+using HotKeyState = MASShortcutBinder::HotKeyState;
+
+ShortcutNote::ShortcutNote(MASShortcutView &recorder) : m_recorder(&recorder)
+{
+    setObjectName(QStringLiteral("hotKeyNote"));
+    setWordWrap(false);
+    recorder.setShortcutValueChange([this](const MASShortcutView &) { refresh(); });
+    if (MASShortcutBinder *binder = MASShortcutBinder::sharedBinder())
+        connect(binder, &MASShortcutBinder::hotKeyStateChanged, this, [this](const QString &key) {
+            if (m_recorder && key == m_recorder->associatedUserDefaultsKey())
+                refresh();
+        });
+}
+
+void ShortcutNote::refresh()
+{
+    const MASShortcutBinder *binder = MASShortcutBinder::sharedBinder();
+    const auto &key = m_recorder->associatedUserDefaultsKey();
+    const auto &shortcut = m_recorder->shortcutValue();
+    QString problem;
+    switch (binder && key ? binder->hotKeyState(*key) : HotKeyState::None) {
+    case HotKeyState::HeldElsewhere:
+        problem = tr("Used by another program");
+        break;
+    case HotKeyState::DoublyBound:
+        problem = tr("Used by the other shortcut");
+        break;
+    case HotKeyState::Unusable:
+        problem = tr("Not possible as a shortcut");
+        break;
+    case HotKeyState::None:
+    case HotKeyState::Works:
+        break;
+    }
+    const QString words = shortcut ? GlobalShortcuts::wordName(*shortcut) : QString();
+    setText(problem.isEmpty() ? words : problem);
+    setEmphasised(!problem.isEmpty());
+}

@@ -1,0 +1,100 @@
+"""The two shortcuts through every change: exchanged, held by another program, and out of settings
+that no recorder has written."""
+
+import pathlib
+import plistlib
+import unittest
+
+from Xlib import X, display
+from plistlib import UID
+
+from journey import BINARY, Journey, Quillmarsh, contents
+
+V = 55  # the key's code on every X server of this century
+
+
+def archive(key_code, flags):
+    """A shortcut as the settings hold it."""
+    objects = ["$null", {"KeyCode": key_code, "ModifierFlags": flags, "$class": UID(2)},
+               {"$classname": "MASShortcut", "$classes": ["MASShortcut", "NSObject"]}]
+    return plistlib.dumps({"$version": 100000, "$archiver": "NSKeyedArchiver",
+                           "$top": {"root": UID(1)}, "$objects": objects}, fmt=plistlib.FMT_BINARY)
+
+
+class ShortcutJourney(Journey):
+    starts_app = False
+
+    def start(self, **settings):
+        path = Quillmarsh.settings.fget(self)
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(plistlib.dumps({"welcomeWindowShown": True, **settings}))
+        self.app = Quillmarsh(self.desktop, BINARY)
+
+    def hold_super_shift_v(self):
+        """Another program, without a window, that has the combination until it is closed."""
+        program = display.Display(self.desktop.environment["DISPLAY"])
+        program.screen().root.grab_key(V, X.Mod4Mask | X.ShiftMask, False, X.GrabModeAsync,
+                                       X.GrabModeAsync)
+        program.sync()
+        return program
+
+    def record(self, recorder, *keys):
+        """Records in the recorder with that mnemonic."""
+        self.desktop.run([BINARY, "preferences"])
+        self.app.wait_until_active(self.app.window("Preferences"))
+        key = {"o": "openShortCut", "w": "swopShortCut"}[recorder]
+        before = self.app.setting(key)
+        self.app.key("alt+" + recorder, "space", *keys)
+        self.wait_for(lambda: self.app.setting(key) != before, "the recorded shortcut")
+        self.app.key("Escape")
+        self.app.wait_until_hidden("Preferences")
+
+    def opens(self, keys):
+        """Presses the keys, and waits for the history and for its end."""
+        self.app.key(keys)
+        window = self.app.window()
+        self.app.wait_until_active(window)
+        self.app.key("Escape")
+        self.app.wait_until_hidden()
+
+    def test_exchanged_shortcuts_both_work(self):
+        self.start()
+        self.record("w", "ctrl+alt+k")
+        self.record("o", "super+shift+x")
+        self.record("w", "super+shift+v")
+        editor = self.editor("qt", "selected", "--select")
+        self.opens("super+shift+x")
+        self.assertEqual(self.app.clips(), [])
+        self.opens("super+shift+v")  # a swop, which keeps the selection
+        self.app.wait_for_clip("selected")
+        self.assertEqual(contents(editor), "selected")
+
+    def test_a_shortcut_of_another_program_is_told_and_works_when_that_program_has_ended(self):
+        told = self.notifications()
+        other = self.hold_super_shift_v()
+        self.start()
+        self.app.wait_for_log("Another program holds ⇧⌘V")
+        self.wait_for(lambda: "Start Quillmarsh again to open the history" in told(), "the hint")
+        other.close()
+        self.app.wait_for_log("⇧⌘V works now")
+        self.assertEqual(sum("Another program" in line for line in self.app.log), 1)
+        self.opens("super+shift+v")
+
+    def test_a_stored_shortcut_that_nobody_could_record_swallows_no_key(self):
+        for name, stored in (("no key", archive(-1, 0)), ("a letter", archive(0, 0)),
+                             ("quitting", archive(12, 0x100000))):
+            with self.subTest(name):
+                self.start(openShortCut=stored)
+                self.app.wait_for_log("none that can be recorded")
+                pathlib.Path(self.file("gtk.txt")).unlink(missing_ok=True)
+                path = self.editor("gtk")
+                self.app.type("banana")
+                self.wait_for_text(path, "banana")
+                self.assertEqual(self.app.setting("openShortCut"), stored)
+                self.assertEqual(self.app.quit(), 0)
+                self.desktop.processes[-1].kill()
+                self.desktop.processes[-1].wait()
+
+
+if __name__ == "__main__":
+    unittest.main()
