@@ -5,6 +5,7 @@
 #include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/HelpPage.h"
 #include "Clipboard/LiveSettings.h"
+#include "Clipboard/QuitKeys.h"
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/TraylessHint.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
@@ -41,7 +42,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLoggingCategory>
-#include <QShortcut>
 #include <QTimer>
 
 #include <chrono>
@@ -89,7 +89,6 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
                                     [this] { quit(); }});
     m_checkForUpdatesMI = m_updates->checkForUpdatesMI();
     m_devMateKit = std::make_unique<DevMateKit>(platform, m_info, storeFolder);
-    connect(m_devMateKit.get(), &DevMateKit::quitRequested, this, &AppDelegate::quit);
     m_liveSettings = std::make_unique<LiveSettings>(*m_preferencesGeneral,
                                                     *m_preferencesApplication, *platform.settings);
     m_hiding = std::make_unique<ApplicationHiding>();
@@ -108,6 +107,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
                                             ClipPaster::Waits());
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
+    new QuitKeys([this] { quit(); }, this);
 }
 
 AppDelegate::~AppDelegate()
@@ -161,9 +161,6 @@ void AppDelegate::loadPreferences()
     m_preferencesGeneral->loadPreferences();
     m_preferences->setPreferencesViewControllers(
         {m_preferencesGeneral.get(), m_preferencesApplication.get()});
-    const auto *quitting =
-        new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), m_preferences->window());
-    connect(quitting, &QShortcut::activated, this, &AppDelegate::quit);
     showOpenShortcut();
     connect(MASShortcutBinder::sharedBinder(), &MASShortcutBinder::hotKeyStateChanged, this,
             [this](const QString &key) {

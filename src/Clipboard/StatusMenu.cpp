@@ -44,11 +44,14 @@ MenuModel StatusMenu::model() const
 {
     MenuModel items;
     for (const QAction *action : m_menu.actions()) {
-        if (action->isSeparator())
+        // An item without a key clashes with nothing; a shortcut whose key is written with several
+        // characters, as a German capital ß is, has no equivalent either and would match it.
+        const QString keyEquivalent = action->property(kKeyEquivalent).toString();
+        if (keyEquivalent.isEmpty())
             continue;
         MenuItem item;
         item.title = action->text();
-        item.keyEquivalent = action->property(kKeyEquivalent).toString();
+        item.keyEquivalent = keyEquivalent;
         // The modifier that every menu key has unless it is told otherwise.
         item.modifierMask = ModifierFlags::kCommand;
         items.push_back(item);

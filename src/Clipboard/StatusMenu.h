@@ -31,7 +31,7 @@ public:
 
     QMenu *menu() { return &m_menu; }
 
-    /// The menu as the shortcut check walks it.
+    /// The entries that have a key, as the shortcut check walks them.
     MenuModel model() const;
 
 private:

@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QShortcut>
 
 #include <utility>
 
@@ -64,7 +63,6 @@ FeedbackDialog &DevMateKit::feedbackDialog()
     if (!m_feedbackDialog) {
         m_feedbackDialog =
             std::make_unique<FeedbackDialog>(m_info, *m_platform.workspace, m_folder);
-        addQuitShortcut(*m_feedbackDialog);
     }
     return *m_feedbackDialog;
 }
@@ -75,7 +73,6 @@ void DevMateKit::offerWhatIsLeft()
     if (m_reports.count() > 0) {
         m_issueDialog =
             std::make_unique<IssueReportDialog>(m_info, *m_platform.workspace, m_folder, m_reports);
-        addQuitShortcut(*m_issueDialog);
         qApp->installEventFilter(this);
         m_issueDialog->show();
     }
@@ -92,10 +89,4 @@ bool DevMateKit::eventFilter(QObject *watched, QEvent *event)
     if (watched == qApp && event->type() == QEvent::Quit)
         m_issueDialog->hide();
     return QObject::eventFilter(watched, event);
-}
-
-void DevMateKit::addQuitShortcut(QDialog &dialog)
-{
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), &dialog), &QShortcut::activated, this,
-            &DevMateKit::quitRequested);
 }

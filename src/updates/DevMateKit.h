@@ -48,14 +48,9 @@ public:
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-Q_SIGNALS:
-    /// The user asked one of these windows to end the application.
-    void quitRequested();
-
 private:
     FeedbackDialog &feedbackDialog();
     void offerWhatIsLeft();
-    void addQuitShortcut(QDialog &dialog);
 
     Platform &m_platform;
     const Info m_info;

@@ -64,6 +64,7 @@ UpdateWindow::UpdateWindow(const QString &appName, QWidget *parent)
         connect(button, &QPushButton::clicked, this, &QDialog::reject);
     connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
             &QDialog::reject);
+    // For the update helper; the application listens in all of its windows.
     connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), this), &QShortcut::activated, qApp,
             &QCoreApplication::quit);
     connect(this, &QDialog::rejected, this, &UpdateWindow::dismissed);

@@ -15,12 +15,15 @@
 #include "platform/VirtualKeys.h"
 #include "platform/memory/MemoryPlatform.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
+#include "shortcut/MASShortcutValidator.h"
 #include "support/ExpectedWarnings.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -105,7 +108,9 @@ TEST_F(AppDelegateTest, theMenuHasItsEntriesInOrderAndItsFirstLineCannotBeChosen
                                                 "Preferences...|-|Launch...|-|Clear All|-|Help...|"
                                                 "Send Feedback...|-|Quit"));
     EXPECT_FALSE(menu.actions().first()->isEnabled());
-    EXPECT_EQ(m_delegate->statusMenu().model().back().keyEquivalent, QStringLiteral("Command-q"));
+    const MenuModel withKeys = m_delegate->statusMenu().model();
+    ASSERT_EQ(withKeys.size(), 1U);
+    EXPECT_EQ(withKeys[0].keyEquivalent, QStringLiteral("Command-q"));
     EXPECT_EQ(m_platform.statusBar.menu(), &menu);
 }
 
@@ -152,6 +157,47 @@ TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened
     EXPECT_EQ(m_platform.hotKeys.idsOf(VirtualKey::kX, kCommandShift).size(), 1U);
     press(VirtualKey::kV);
     EXPECT_TRUE(m_delegate->window()->isVisible());
+}
+
+TEST_F(AppDelegateTest, aKeyWhoseCapitalIsSeveralLettersIsNotTakenByTheMenu)
+{
+    m_platform.keyboardLayout.setName(VirtualKey::kMinus, QStringLiteral("ß"));
+    start();
+    EXPECT_FALSE(MASShortcutValidator::sharedValidator().isShortcutAlreadyTakenBySystem(
+        {VirtualKey::kMinus, ModifierFlags::kCommand}));
+}
+
+TEST_F(AppDelegateTest, theDesktopsListIsReadAtTheStart)
+{
+    QSignalSpy readings(&m_platform.symbolicHotKeys, &SymbolicHotKeys::refreshed);
+    start();
+    EXPECT_EQ(readings.size(), 1);
+}
+
+TEST_F(AppDelegateTest, superQQuitsInEveryWindowByWhatIsPrinted)
+{
+    start();
+    // Where Q and A have changed places.
+    m_platform.keyboardLayout.setName(VirtualKey::kA, QStringLiteral("q"));
+    m_platform.keyboardLayout.setName(VirtualKey::kQ, QStringLiteral("a"));
+    QDialog question;
+    question.setModal(true);
+    question.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&question));
+    const auto exits = [] { return ExpectedWarnings::messages().count(QStringLiteral("Exit")); };
+    const auto press = [&question](quint16 virtualKey, Qt::Key key, bool isAutoRepeat = false) {
+        constexpr quint32 kEvdevOffset = 8;
+        const quint32 scanCode = VirtualKey::toEvdev(virtualKey).value() + kEvdevOffset;
+        QKeyEvent event(QEvent::KeyPress, key, Qt::MetaModifier, scanCode, 0, 0, {}, isAutoRepeat);
+        QCoreApplication::sendEvent(question.windowHandle(), &event);
+    };
+    press(VirtualKey::kQ, Qt::Key_A);
+    EXPECT_EQ(exits(), 0);
+    press(VirtualKey::kA, Qt::Key_Q);
+    press(VirtualKey::kA, Qt::Key_Q, true);
+    EXPECT_EQ(exits(), 1);
+    press(VirtualKey::kA, static_cast<Qt::Key>(0x0424)); // a Cyrillic letter
+    EXPECT_EQ(exits(), 2);
 }
 
 TEST_F(AppDelegateTest, aCopyThatIsSeenBeforeThePanesAreLoadedIsRecordedOnceTheyAre)

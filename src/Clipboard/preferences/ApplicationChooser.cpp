@@ -62,8 +62,6 @@ ApplicationChooser::ApplicationChooser(InstalledApplications &applications, QWid
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
             &QDialog::reject);
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), this), &QShortcut::activated, qApp,
-            &QCoreApplication::quit);
     connect(m_other, &QPushButton::clicked, this, &ApplicationChooser::openFileDialog);
     filterChanged({});
 }

@@ -87,7 +87,6 @@ void WelcomeWindowController::loadWindow()
                 [this] { m_window->isRightToLeft() ? previousClicked() : nextClicked(); });
     addShortcut(Qt::Key_Escape, [this] { closeWindow(); });
     addShortcut(QKeySequence(Qt::META | Qt::Key_W), [this] { closeWindow(); });
-    addShortcut(QKeySequence(Qt::META | Qt::Key_Q), [this] { requiredAppDelegate().quit(); });
 }
 
 void WelcomeWindowController::addShortcut(const QKeySequence &keys,

@@ -43,8 +43,6 @@ WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
 
     const auto *close = new QShortcut(QKeySequence(Qt::META | Qt::Key_W), m_window.get());
     connect(close, &QShortcut::activated, m_viewController.get(), &ViewController::hide);
-    const auto *quit = new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), m_window.get());
-    connect(quit, &QShortcut::activated, &m_appDelegate, &AppDelegate::quit);
 }
 
 WindowDelegate::~WindowDelegate()
