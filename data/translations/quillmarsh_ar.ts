@@ -363,7 +363,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
         <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. تأتي التحديثات مع مدير الحزم في نظامك.</translation>
     </message>
 </context>
@@ -424,10 +424,6 @@ file: lists copied files.</source>
 <context>
     <name>FeedbackDelivery</name>
     <message>
-        <source>This build knows no address to send to: the text is saved in %1 and opened in your mail program.</source>
-        <translation>لا تعرف هذه النسخة عنوانًا للإرسال: يُحفظ النص في %1 ويُفتح في برنامج بريدك.</translation>
-    </message>
-    <message>
         <source>Sent. Thank you.</source>
         <translation>أُرسل. شكرًا لك.</translation>
     </message>
@@ -444,8 +440,12 @@ file: lists copied files.</source>
         <translation>حفظ وإرسال بالبريد…</translation>
     </message>
     <message>
-        <source>Saved as %1. Send it from the mail program that opens; if none does, send the file.</source>
-        <translation>حُفظ باسم %1. أرسله من برنامج البريد الذي يُفتح؛ فإن لم يُفتح أي برنامج فأرسل الملف.</translation>
+        <source>This build knows no address to send to: the text is saved in %1, and your mail program opens so that you can attach it.</source>
+        <translation>لا تعرف هذه النسخة عنوانًا للإرسال: يُحفظ النص في %1 ويُفتح برنامج البريد لديك لترفقه.</translation>
+    </message>
+    <message>
+        <source>Saved as %1. Attach it to the mail that opens; if none does, send the file.</source>
+        <translation>حُفظ باسم %1. أرفقه بالرسالة التي تُفتح؛ وإن لم تُفتح أي رسالة فأرسل الملف.</translation>
     </message>
 </context>
 <context>
@@ -816,7 +816,7 @@ file: lists copied files.</source>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
         <translation>ثبّت مدير الحزم في نظامك Quillmarsh، وهو الذي يحدّثه أيضًا.</translation>
     </message>
     <message>
@@ -1320,7 +1320,7 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>ليس للملف المنزَّل الحجم المعلَن.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
         <translation>توقيع الملف المنزَّل ليس توقيع الناشر. لم يُثبَّت.</translation>
     </message>
     <message>

@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
         <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Sie kommen mit der Paketverwaltung Ihres Systems.</translation>
     </message>
 </context>
@@ -396,10 +396,6 @@ file: zeigt kopierte Dateien.</translation>
 <context>
     <name>FeedbackDelivery</name>
     <message>
-        <source>This build knows no address to send to: the text is saved in %1 and opened in your mail program.</source>
-        <translation>Diese Fassung kennt keine Adresse zum Senden: Der Text wird in %1 gespeichert und in Ihrem Mailprogramm geöffnet.</translation>
-    </message>
-    <message>
         <source>Sent. Thank you.</source>
         <translation>Gesendet. Vielen Dank.</translation>
     </message>
@@ -416,8 +412,12 @@ file: zeigt kopierte Dateien.</translation>
         <translation>&amp;Speichern und mailen …</translation>
     </message>
     <message>
-        <source>Saved as %1. Send it from the mail program that opens; if none does, send the file.</source>
-        <translation>Als %1 gespeichert. Senden Sie es aus dem Mailprogramm, das sich öffnet; öffnet sich keines, senden Sie die Datei.</translation>
+        <source>This build knows no address to send to: the text is saved in %1, and your mail program opens so that you can attach it.</source>
+        <translation>Diese Fassung kennt keine Adresse zum Senden: Der Text wird in %1 gespeichert, und Ihr Mailprogramm öffnet sich, damit Sie ihn anhängen können.</translation>
+    </message>
+    <message>
+        <source>Saved as %1. Attach it to the mail that opens; if none does, send the file.</source>
+        <translation>Als %1 gespeichert. Hängen Sie die Datei an die Mail an, die sich öffnet; öffnet sich keine, senden Sie die Datei.</translation>
     </message>
 </context>
 <context>
@@ -784,7 +784,7 @@ file: zeigt kopierte Dateien.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
         <translation>Quillmarsh wurde von der Paketverwaltung Ihres Systems installiert, die es auch aktualisiert.</translation>
     </message>
     <message>
@@ -1280,7 +1280,7 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <translation>Die geladene Datei hat nicht die angekündigte Größe.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
         <translation>Die Signatur der geladenen Datei stammt nicht vom Herausgeber. Sie wurde nicht installiert.</translation>
     </message>
     <message>

@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
         <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Llegan con el gestor de paquetes del sistema.</translation>
     </message>
 </context>
@@ -396,10 +396,6 @@ file: muestra los archivos copiados.</translation>
 <context>
     <name>FeedbackDelivery</name>
     <message>
-        <source>This build knows no address to send to: the text is saved in %1 and opened in your mail program.</source>
-        <translation>Esta versión no conoce ninguna dirección de envío: el texto se guarda en %1 y se abre en su programa de correo.</translation>
-    </message>
-    <message>
         <source>Sent. Thank you.</source>
         <translation>Enviado. Gracias.</translation>
     </message>
@@ -416,8 +412,12 @@ file: muestra los archivos copiados.</translation>
         <translation>&amp;Guardar y enviar por correo…</translation>
     </message>
     <message>
-        <source>Saved as %1. Send it from the mail program that opens; if none does, send the file.</source>
-        <translation>Guardado como %1. Envíelo desde el programa de correo que se abre; si no se abre ninguno, envíe el archivo.</translation>
+        <source>This build knows no address to send to: the text is saved in %1, and your mail program opens so that you can attach it.</source>
+        <translation>Esta versión no conoce ninguna dirección de envío: el texto se guarda en %1 y se abre su programa de correo para que pueda adjuntarlo.</translation>
+    </message>
+    <message>
+        <source>Saved as %1. Attach it to the mail that opens; if none does, send the file.</source>
+        <translation>Guardado como %1. Adjúntelo al correo que se abre; si no se abre ninguno, envíe el archivo.</translation>
     </message>
 </context>
 <context>
@@ -784,7 +784,7 @@ file: muestra los archivos copiados.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
         <translation>Quillmarsh lo instaló el gestor de paquetes del sistema, que también lo actualiza.</translation>
     </message>
     <message>
@@ -1280,7 +1280,7 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <translation>El archivo descargado no tiene el tamaño anunciado.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
         <translation>La firma del archivo descargado no es la del editor. No se ha instalado.</translation>
     </message>
     <message>

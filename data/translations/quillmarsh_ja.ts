@@ -328,7 +328,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
         <translation>このQuillmarshにはアップデートの確認先がありません。アップデートはシステムのパッケージマネージャーから届きます。</translation>
     </message>
 </context>
@@ -389,10 +389,6 @@ file: でコピーしたファイルだけを表示します。</translation>
 <context>
     <name>FeedbackDelivery</name>
     <message>
-        <source>This build knows no address to send to: the text is saved in %1 and opened in your mail program.</source>
-        <translation>このビルドには送信先がありません。文章は%1に保存され、メールソフトで開かれます。</translation>
-    </message>
-    <message>
         <source>Sent. Thank you.</source>
         <translation>送信しました。ありがとうございます。</translation>
     </message>
@@ -409,8 +405,12 @@ file: でコピーしたファイルだけを表示します。</translation>
         <translation>保存してメール(&amp;S)…</translation>
     </message>
     <message>
-        <source>Saved as %1. Send it from the mail program that opens; if none does, send the file.</source>
-        <translation>%1として保存しました。開いたメールソフトから送信してください。開かない場合はファイルを送信してください。</translation>
+        <source>This build knows no address to send to: the text is saved in %1, and your mail program opens so that you can attach it.</source>
+        <translation>このビルドには送信先がありません。文章は %1 に保存され、添付できるようにメールソフトが開きます。</translation>
+    </message>
+    <message>
+        <source>Saved as %1. Attach it to the mail that opens; if none does, send the file.</source>
+        <translation>%1 として保存しました。開いたメールに添付してください。開かない場合は、このファイルを送ってください。</translation>
     </message>
 </context>
 <context>
@@ -776,7 +776,7 @@ file: でコピーしたファイルだけを表示します。</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
         <translation>Quillmarshはシステムのパッケージマネージャーでインストールされており、更新もそこから行われます。</translation>
     </message>
     <message>
@@ -1270,7 +1270,7 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>ダウンロードしたファイルのサイズが予告と異なります。</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
         <translation>ダウンロードしたファイルの署名が発行元のものではないため、インストールしませんでした。</translation>
     </message>
     <message>

@@ -37,8 +37,8 @@ QString FeedbackDelivery::wayInWords() const
 {
     if (hasServer())
         return {};
-    return tr("This build knows no address to send to: the text is saved in %1 and opened in your "
-              "mail program.")
+    return tr("This build knows no address to send to: the text is saved in %1, and your mail "
+              "program opens so that you can attach it.")
         .arg(inHome(m_mail.folder()));
 }
 
@@ -71,8 +71,8 @@ void FeedbackDelivery::post(const FeedbackMessage &message)
 void FeedbackDelivery::handOver(const FeedbackMessage &message)
 {
     if (const std::optional<QString> path = m_mail.handOver(message))
-        Q_EMIT delivered(tr("Saved as %1. Send it from the mail program that opens; if none does, "
-                            "send the file.")
+        Q_EMIT delivered(tr("Saved as %1. Attach it to the mail that opens; if none does, send the "
+                            "file.")
                              .arg(inHome(*path)));
     else
         Q_EMIT failed(tr("No file could be written in %1.").arg(inHome(m_mail.folder())));

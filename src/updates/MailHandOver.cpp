@@ -12,24 +12,20 @@
 
 namespace {
 
-/// Longer addresses are cut or refused on their way to a mail program.
-constexpr qsizetype kMostBytesOfAddress = qsizetype{8} * 1024;
-
-QString tr(const char *text)
+QString encoded(const QString &text)
 {
-    return QCoreApplication::translate("MailHandOver", text);
-}
-
-QString encoded(QString text)
-{
-    text.replace(u'\n', QStringLiteral("\r\n"));
     return QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
-/// Without an address: the user fills it in.
-QUrl mailUrl(const QString &body)
+/// Without a recipient: the user fills it in. The file's path stands for the text, because the
+/// address goes over command lines, which every user of the machine may list. Not every mail
+/// program attaches what it is told to, so the words name the file, too.
+QUrl mailUrl(const QString &path)
 {
-    return QUrl(QStringLiteral("mailto:?subject=Quillmarsh&body=") + encoded(body),
+    const QString body =
+        QCoreApplication::translate("MailHandOver", "(Please attach the file %1)").arg(path);
+    return QUrl(QStringLiteral("mailto:?subject=Quillmarsh&body=%1&attach=%2")
+                    .arg(encoded(body), encoded(path)),
                 QUrl::StrictMode);
 }
 
@@ -45,12 +41,8 @@ std::optional<QString> MailHandOver::handOver(const FeedbackMessage &message) co
     const QString moment =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hhmmss-zzz"));
     const QString path = QStringLiteral("%1/%2-%3.txt").arg(m_folder, message.kindName(), moment);
-    const QString text = message.toPlainText();
-    if (!PrivateFile::write(path, text.toUtf8()))
+    if (!PrivateFile::write(path, message.toPlainText().toUtf8()))
         return std::nullopt;
-    QUrl url = mailUrl(text);
-    if (url.toEncoded().size() > kMostBytesOfAddress)
-        url = mailUrl(tr("(Please attach the file %1)").arg(path));
-    m_workspace.openUrl(url);
+    m_workspace.openUrl(mailUrl(path));
     return path;
 }

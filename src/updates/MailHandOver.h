@@ -8,7 +8,7 @@ class Workspace;
 struct FeedbackMessage;
 
 /// The way of a message where no server's address is built in: it becomes a file that stays with
-/// the user, and the desktop's mail program is opened with it. Owned by FeedbackDelivery.
+/// the user, and the desktop's mail program is opened to send it. Owned by FeedbackDelivery.
 class MailHandOver
 {
 public:
