@@ -63,6 +63,7 @@ FeedbackDialog &DevMateKit::feedbackDialog()
     if (!m_feedbackDialog) {
         m_feedbackDialog =
             std::make_unique<FeedbackDialog>(m_info, *m_platform.workspace, m_folder);
+        qApp->installEventFilter(this);
     }
     return *m_feedbackDialog;
 }
@@ -85,8 +86,13 @@ void DevMateKit::offerWhatIsLeft()
 
 bool DevMateKit::eventFilter(QObject *watched, QEvent *event)
 {
-    // The application's end closes every window, and closing this one would be an answer.
-    if (watched == qApp && event->type() == QEvent::Quit)
-        m_issueDialog->hide();
+    // The application's end closes every window: closing the one would be an answer, and the other
+    // one might refuse.
+    if (watched == qApp && event->type() == QEvent::Quit) {
+        if (m_issueDialog)
+            m_issueDialog->hide();
+        if (m_feedbackDialog)
+            m_feedbackDialog->setEnding();
+    }
     return QObject::eventFilter(watched, event);
 }

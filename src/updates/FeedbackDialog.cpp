@@ -3,6 +3,7 @@
 #include "updates/FeedbackForm.h"
 #include "updates/FeedbackMessage.h"
 #include "updates/SystemLine.h"
+#include "updates/UpdatesLog.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -62,7 +63,7 @@ FeedbackDialog::FeedbackDialog(const Info &info, Workspace &workspace, const QSt
 FeedbackDialog::~FeedbackDialog()
 {
     if (isVisible())
-        keepDraft();
+        keepDraftAtEnd();
 }
 
 bool FeedbackDialog::isRefusedTextIn(const QString &folder)
@@ -81,6 +82,7 @@ void FeedbackDialog::prepare()
     m_form->system->setChecked(draft.isSystemWanted);
     m_form->text->setFocus();
     m_hasWarnedOfLoss = false;
+    m_isEnding = false;
     setState(State::Writing);
     if (draft.isRefused)
         say(tr("This has not been sent yet."));
@@ -95,7 +97,9 @@ void FeedbackDialog::prepare()
 void FeedbackDialog::reject()
 {
     m_delivery.cancel();
-    if (m_state != State::Done && !keepDraft() && !m_hasWarnedOfLoss) {
+    if (m_isEnding) {
+        keepDraftAtEnd();
+    } else if (m_state != State::Done && !keepDraft() && !m_hasWarnedOfLoss) {
         m_hasWarnedOfLoss = true;
         setState(State::Writing);
         say(tr("The text cannot be kept for later. Copy it elsewhere; closing again discards it."));
@@ -187,4 +191,12 @@ bool FeedbackDialog::keepDraft()
 {
     m_draftTimer.stop();
     return draft().save(m_draftPath);
+}
+
+/// Nobody is there to be asked any more.
+void FeedbackDialog::keepDraftAtEnd()
+{
+    if (m_state != State::Done && !keepDraft())
+        qCWarning(updatesLog, "unsaved: a feedback text of %lld characters",
+                  qlonglong(m_form->text->toPlainText().size()));
 }

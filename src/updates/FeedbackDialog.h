@@ -23,6 +23,9 @@ public:
 
     /// Whether a text that was to be sent waits in `folder` and has not been shown since.
     static bool isRefusedTextIn(const QString &folder);
+    /// The program ends: from now on the dialog closes without a question. A text that cannot be
+    /// kept is logged as unsaved.
+    void setEnding() { m_isEnding = true; }
     /// Shows the draft, if there is one. Does nothing to a dialog in which something is being
     /// written or sent.
     void prepare();
@@ -41,6 +44,7 @@ private:
     void showFailed(const QString &reason);
     FeedbackDraft draft() const;
     bool keepDraft();
+    void keepDraftAtEnd();
 
     const QString m_draftPath;
     const QString m_systemLine;
@@ -49,5 +53,6 @@ private:
     State m_state = State::Writing;
     bool m_isRefused = false;
     bool m_hasWarnedOfLoss = false;
+    bool m_isEnding = false;
     QTimer m_draftTimer;
 };
