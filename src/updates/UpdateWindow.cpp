@@ -117,7 +117,9 @@ void UpdateWindow::offer(QPushButton *defaultButton, std::initializer_list<QPush
     defaultButton->setDefault(true);
     defaultButton->setFocus();
     const int width = qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth());
+    // Also the column inside, which may still think that nothing in it wraps.
     layout()->invalidate();
+    layout()->activate();
     setFixedSize(width, layout()->totalHeightForWidth(width));
 }
 

@@ -10,6 +10,7 @@
 #include "updates/UpdateWindow.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTemporaryDir>
@@ -255,6 +256,34 @@ TEST_F(UpdaterTest, aVersionForANewerSystemIsNamedInsteadOfTheInstalledBeingTheN
     EXPECT_TRUE(updater->window()->accessibleDescription().startsWith(
         text("Version Eleven needs a newer system")))
         << qPrintable(updater->window()->accessibleDescription());
+}
+
+TEST(UpdateWindow, showsItsWordsWhateverItShowsFirst)
+{
+    const QString words =
+        text("One sentence after the other about how it was installed. ").repeated(4);
+    struct Row
+    {
+        const char *name;
+        std::function<void(UpdateWindow &)> show;
+    };
+    for (const Row &row :
+         {Row{"no command", [&](UpdateWindow &window) { window.showElsewhere(words, {}); }},
+          Row{"a command",
+              [&](UpdateWindow &window) { window.showElsewhere(words, text("sudo apt")); }},
+          Row{"a problem", [&](UpdateWindow &window) { window.showProblem(words); }},
+          Row{"no notes", [](UpdateWindow &window) { window.showFound(text("2"), text("1"), {}); }},
+          Row{"nothing new", [](UpdateWindow &window) { window.showUpToDate(text("2")); }}}) {
+        SCOPED_TRACE(row.name);
+        UpdateWindow window(text("Quillmarsh"));
+        row.show(window);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        for (const QLabel *label : window.findChildren<QLabel *>()) {
+            if (label->isVisible() && label->wordWrap())
+                EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+        }
+    }
 }
 
 TEST_F(UpdaterTest, aPlaceThatCannotBeLockedIsNotTakenForABusyOne)
