@@ -292,10 +292,17 @@ UpdateWindow &DM_SUUpdater::openWindow()
     return *m_window;
 }
 
-/// Whatever was under way ends with its window.
+/// Whatever was under way ends with its window; where it has ended already, the user is told.
 void DM_SUUpdater::dismissed()
 {
     m_window.release()->deleteLater();
-    if (m_run)
-        abort(std::nullopt);
+    const UpdateRun *const ended = m_run.get();
+    if (!ended)
+        return;
+    abort(std::nullopt);
+    connect(ended, &UpdateRun::installed, this, [this] {
+        qCInfo(updatesLog, "update installed: it was too late to cancel");
+        if (!m_run)
+            openWindow().showInstalled();
+    });
 }

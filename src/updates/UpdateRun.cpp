@@ -137,10 +137,11 @@ void UpdateRun::installationEnded()
     QFile::remove(m_download->path());
     m_lock.release();
     m_isInstalling = false;
-    if (m_isCancelled)
+    const bool isCancelled = m_isCancelled;
+    if (isCancelled)
         deleteLater();
-    else if (m_problem)
-        Q_EMIT failed(*m_problem);
-    else
+    if (!m_problem)
         Q_EMIT installed();
+    else if (!isCancelled)
+        Q_EMIT failed(*m_problem);
 }

@@ -40,7 +40,8 @@ public:
     explicit UpdateRun(Setup setup);
     ~UpdateRun() override;
 
-    /// Ends the run without a word, and deletes it once nothing of it is at work any more.
+    /// Ends the run, and deletes it once nothing of it is at work any more. It has one thing left
+    /// to say: installed(), when it was too late to end it.
     void retire();
 
     /// Reads the feed; answers with found(), foundNothing(), foundForNewerSystem() or failed().
