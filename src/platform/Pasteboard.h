@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 /// What somebody put on the pasteboard, as it stood when its change was published. Buffers are
@@ -67,6 +68,14 @@ public:
         Discard ///< Forget it: neither kept in memory nor served after its owner's death.
     };
 
+    /// What a text field pastes from.
+    enum class Selection {
+        Clipboard, ///< What was copied.
+        Primary    ///< What was marked last, in whatever program; pasted by the middle button.
+    };
+    /// Absent when there is no text, or its owner did not give it in time.
+    using TextAnswer = std::function<void(const std::optional<QString> &text)>;
+
     using QObject::QObject;
 
     /// Rises by one with each change, once its contents are published. Existing contents at start
@@ -97,6 +106,15 @@ public:
 
     /// Empties the pasteboard; nothing is served or adopted until somebody copies again.
     virtual void clear() = 0;
+
+    /// Asks for the text that a text field of ours is to paste, also one that is no use to the
+    /// history: a secret, one that was discarded, one that is too large. `answer` is called on the
+    /// main thread, before this returns where the text is at hand, else once its owner has given
+    /// it or was given up; never after `context` is gone or after shutDown().
+    virtual void askText(Selection selection, QObject *context, TextAnswer answer) = 0;
+
+    /// Offers a text that was marked in a field of ours as Selection::Primary.
+    virtual void markText(const QString &text) = 0;
 
     /// Hands the contents to another clipboard manager if there is one, then stops serving.
     /// Called once, at quit; bounded in time.

@@ -4,7 +4,7 @@
   owner.py serve [--rtf RTF] [--secret] [--latin1] TEXT   a well-behaved application
   owner.py brief MILLISECONDS TEXT                        copies and exits
   owner.py burst COUNT INTERVAL_MS                        COUNT different copies
-  owner.py hang                                           never answers
+  owner.py hang                                           never answers, marked text neither
   owner.py stall                                          starts a large transfer, then sleeps
   owner.py die                                            starts a large transfer, then exits
   owner.py large BYTES                                    one text of that size, sent in pieces
@@ -149,6 +149,9 @@ def main():
         owner.after_first_chunk = (lambda: time.sleep(3600)) if options.mode == "stall" else (
             lambda: exit(0))
     owner.own(formats)
+    if options.mode == "hang":
+        owner.window.set_selection_owner(Xatom.PRIMARY, X.CurrentTime)
+        owner.display.sync()
     print("owner", flush=True)
     owner.serve(int(options.arguments[0]) / 1000 if options.mode == "brief" else None)
 

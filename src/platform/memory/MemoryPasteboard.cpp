@@ -1,9 +1,12 @@
 #include "platform/memory/MemoryPasteboard.h"
 
+#include <utility>
+
 void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
 {
     contents.changeCount = m_changeCount + 1;
     contents.isOwnWrite = false;
+    m_copiedText = contents.text;
     if (contents.isConcealed) {
         contents.text.reset();
         contents.rtf.reset();
@@ -69,6 +72,7 @@ bool MemoryPasteboard::write(const PasteboardItem &item)
     m_unjudged.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
     m_unjudged.append(contents);
     m_contents = contents;
+    m_copiedText = contents.text;
     m_writes.append(item);
     m_changeCount = contents.changeCount;
     return true;
@@ -77,5 +81,23 @@ bool MemoryPasteboard::write(const PasteboardItem &item)
 void MemoryPasteboard::clear()
 {
     m_contents.reset();
+    m_copiedText.reset();
     ++m_changeCount;
+}
+
+void MemoryPasteboard::askText(Selection selection, QObject *context, TextAnswer answer)
+{
+    if (m_ownersHang)
+        m_questions.append({context, std::move(answer)});
+    else
+        answer(selection == Selection::Clipboard ? m_copiedText : m_markedText);
+}
+
+void MemoryPasteboard::answerNow(const std::optional<QString> &text)
+{
+    const auto questions = std::exchange(m_questions, {});
+    for (const auto &[context, answer] : questions) {
+        if (context)
+            answer(text);
+    }
 }

@@ -2,6 +2,8 @@
 
 #include "platform/Pasteboard.h"
 
+#include <QPointer>
+
 /// A pasteboard within the process. Tests copy as another client with copyFromOutside() and read
 /// what was written with contents().
 class MemoryPasteboard : public Pasteboard
@@ -15,6 +17,16 @@ public:
     /// at once. A text beyond the largest useful size arrives as too large, a concealed copy
     /// arrives empty.
     void copyFromOutside(PasteboardContents contents);
+
+    /// Another client has marked a text; absent, none is marked any more.
+    void markOutside(const std::optional<QString> &text) { m_markedText = text; }
+    const std::optional<QString> &markedText() const { return m_markedText; }
+
+    /// From now on the owners hang: questions wait until answerNow(), and nothing is at hand.
+    void setOwnersHang(bool hang) { m_ownersHang = hang; }
+    /// Answers what waits, with nothing where `text` is absent.
+    void answerNow(const std::optional<QString> &text);
+    qsizetype waitingQuestions() const { return m_questions.size(); }
 
     /// From now on write() is refused.
     void setWriteFails(bool fails) { m_writeFails = fails; }
@@ -39,6 +51,8 @@ public:
     bool write(const PasteboardItem &item) override;
     bool isPasteRead() const override { return m_isPasteRead; }
     void clear() override;
+    void askText(Selection selection, QObject *context, TextAnswer answer) override;
+    void markText(const QString &text) override { m_markedText = text; }
     void shutDown() override {}
 
 private:
@@ -52,4 +66,8 @@ private:
     QList<PasteboardContents> m_unjudged;
     QList<std::pair<qint64, Judgement>> m_judgements;
     QList<PasteboardItem> m_writes;
+    std::optional<QString> m_copiedText; ///< As its owner has it, whatever the history may know.
+    std::optional<QString> m_markedText;
+    bool m_ownersHang = false;
+    QList<std::pair<QPointer<QObject>, TextAnswer>> m_questions;
 };

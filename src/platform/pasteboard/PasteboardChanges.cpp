@@ -26,6 +26,18 @@ std::optional<PasteboardContents> PasteboardChanges::contents() const
     return m_contents;
 }
 
+void PasteboardChanges::setReading(bool isReading)
+{
+    const std::lock_guard lock(m_mutex);
+    m_isReading = isReading;
+}
+
+std::optional<QString> PasteboardChanges::text() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_contents && !m_isReading ? m_contents->text : std::nullopt;
+}
+
 qint64 PasteboardChanges::largestUsefulText() const
 {
     const std::lock_guard lock(m_mutex);
@@ -92,6 +104,18 @@ bool PasteboardChanges::takePasteReadNews()
 {
     const std::lock_guard lock(m_mutex);
     return std::exchange(m_isPasteReadNews, false);
+}
+
+void PasteboardChanges::answer(qint64 question, const std::optional<QString> &text)
+{
+    const std::lock_guard lock(m_mutex);
+    m_answers.insert(question, text);
+}
+
+QMap<qint64, std::optional<QString>> PasteboardChanges::takeAnswers()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_answers, {});
 }
 
 void PasteboardChanges::judge(qint64 changeCount, Pasteboard::Judgement judgement)

@@ -3,6 +3,8 @@
 #include "platform/Pasteboard.h"
 #include "platform/pasteboard/PasteboardLimits.h"
 
+#include <QMap>
+
 #include <mutex>
 
 /// What has been published: the one place where the main thread and the service thread meet. Each
@@ -14,6 +16,11 @@ public:
     qint64 changeCount() const;
     QList<PasteboardContents> changesAfter(qint64 changeCount) const;
     std::optional<PasteboardContents> contents() const;
+
+    /// A newer copy is being read, so that what is published is out of date.
+    void setReading(bool isReading);
+    /// The text of the pasteboard as it stands; absent when it is not known here.
+    std::optional<QString> text() const;
 
     qint64 largestUsefulText() const;
     void setLargestUsefulText(qint64 bytes);
@@ -35,6 +42,11 @@ public:
     /// Whether the latest paste was read since the last call.
     bool takePasteReadNews();
 
+    /// Notes an answer for the main thread to pass on.
+    void answer(qint64 question, const std::optional<QString> &text);
+    /// The answers noted since the last call, by their questions' numbers.
+    QMap<qint64, std::optional<QString>> takeAnswers();
+
     void judge(qint64 changeCount, Pasteboard::Judgement judgement);
 
 private:
@@ -46,4 +58,6 @@ private:
     QList<qint64> m_unannounced;
     bool m_isPasteRead = false;
     bool m_isPasteReadNews = false;
+    bool m_isReading = false;
+    QMap<qint64, std::optional<QString>> m_answers;
 };

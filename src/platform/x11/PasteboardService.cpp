@@ -1,5 +1,7 @@
 #include "platform/x11/PasteboardService.h"
 
+#include "platform/pasteboard/SelectionText.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -19,7 +21,8 @@ PasteboardService::PasteboardService(SelectionConnection &connection, Pasteboard
     : m_connection(connection), m_changes(changes), m_limits(limits),
       m_listeners(std::move(listeners)), m_pool(connection),
       m_clipboardReader(connection, m_pool, m_limits),
-      m_primaryReader(connection, m_pool, m_limits), m_server(connection, m_limits.requestorStall),
+      m_primaryReader(connection, m_pool, m_limits), m_questions(connection, m_pool, m_limits),
+      m_server(connection, m_limits.requestorStall),
       m_managerRole(connection, m_limits.keep, [this] { return secure(); }),
       m_front(connection.server(), names), m_kept(connection, m_pool, m_limits)
 {
@@ -66,8 +69,8 @@ std::optional<PasteboardService::TimePoint> PasteboardService::keepDeadlines(Tim
     collectFinished();
     std::optional<TimePoint> next = m_server.transfers().keepDeadlines(now);
     for (const std::optional<TimePoint> deadline :
-         {m_clipboardReader.deadline(), m_primaryReader.deadline(), m_kept.keepDeadlines(now),
-          m_managerRole.keepDeadlines(now)}) {
+         {m_clipboardReader.deadline(), m_primaryReader.deadline(), m_questions.keepDeadlines(now),
+          m_kept.keepDeadlines(now), m_managerRole.keepDeadlines(now)}) {
         if (deadline)
             next = next ? std::min(*next, *deadline) : deadline;
     }
@@ -124,8 +127,41 @@ void PasteboardService::offerPrimary()
         offer = offer->textAlone();
     if (!offer)
         return;
+    markText(std::move(offer));
+}
+
+void PasteboardService::markText(std::shared_ptr<const SelectionOffer> offer)
+{
     m_connection.watchOwner(XCB_ATOM_PRIMARY, true);
     claim(XCB_ATOM_PRIMARY, std::move(offer), XCB_CURRENT_TIME);
+}
+
+void PasteboardService::askText(Pasteboard::Selection selection,
+                                SelectionQuestions::Receiver receive)
+{
+    const bool isClipboard = selection == Pasteboard::Selection::Clipboard;
+    const xcb_atom_t atom =
+        isClipboard ? m_connection.atoms().clipboard : xcb_atom_t(XCB_ATOM_PRIMARY);
+    std::shared_ptr<const SelectionOffer> offer = m_server.offer(atom);
+    if (!offer && isClipboard && m_clipboardReader.isReading()) {
+        m_awaitingClipboard.append(std::move(receive));
+        return;
+    }
+    if (!offer && isClipboard)
+        offer = m_kept.offer();
+    if (const auto text = offer ? offer->text() : std::nullopt)
+        receive(SelectionText::fromUtf8(*text));
+    else
+        m_questions.ask(atom, std::move(receive));
+}
+
+/// To those who asked while it was being read; what the history has no use for is asked again.
+void PasteboardService::answerFromClipboard()
+{
+    m_changes.setReading(false);
+    const auto awaiting = std::exchange(m_awaitingClipboard, {});
+    for (const SelectionQuestions::Receiver &receive : awaiting)
+        askText(Pasteboard::Selection::Clipboard, receive);
 }
 
 void PasteboardService::publishPrimary(xcb_window_t target)
@@ -204,8 +240,9 @@ void PasteboardService::handlePrimaryOwner(const xcb_xfixes_selection_notify_eve
 void PasteboardService::handleProperty(const xcb_property_notify_event_t &event)
 {
     if (event.window == m_connection.window()) {
-        if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event))
-            m_kept.handle(event);
+        if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event) &&
+            !m_kept.handle(event))
+            m_questions.handle(event);
     } else if (event.window == m_connection.server().root()) {
         m_front.handle(event);
     } else {
@@ -220,7 +257,8 @@ void PasteboardService::handleAnswer(const xcb_selection_notify_event_t &event)
             std::exchange(m_handedOver, nullptr)();
         return;
     }
-    if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event) && !m_kept.handle(event))
+    if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event) &&
+        !m_kept.handle(event) && !m_questions.handle(event))
         m_pool.handleLate(event);
 }
 
@@ -236,6 +274,7 @@ void PasteboardService::serve(const xcb_selection_request_event_t &request)
 void PasteboardService::beginReading(xcb_window_t owner, xcb_timestamp_t time)
 {
     m_clipboardTime = time;
+    m_changes.setReading(true);
     m_clipboardReader.begin(m_connection.atoms().clipboard, time, largestRead());
     // The owner can work on its answer while we look at the window in front.
     xcb_flush(m_connection.xcb());
@@ -268,6 +307,7 @@ void PasteboardService::publishClipboard(const FetchedSelection &fetched)
 {
     const qint64 changeCount = publish(fetched, m_clipboardFront);
     m_kept.begin(changeCount, fetched, m_clipboardTime);
+    answerFromClipboard();
 }
 
 void PasteboardService::adoptIfJudged()

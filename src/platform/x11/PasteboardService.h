@@ -7,6 +7,7 @@
 #include "platform/x11/KeptCopy.h"
 #include "platform/x11/PropertyPool.h"
 #include "platform/x11/SelectionConnection.h"
+#include "platform/x11/SelectionQuestions.h"
 #include "platform/x11/SelectionReader.h"
 #include "platform/x11/SelectionServer.h"
 
@@ -50,6 +51,10 @@ public:
     void judge(qint64 changeCount, Pasteboard::Judgement judgement);
     /// Owns PRIMARY too, with the text of the pasteboard; nothing when there is none.
     void offerPrimary();
+    /// Owns PRIMARY with what was marked in our own fields.
+    void markText(std::shared_ptr<const SelectionOffer> offer);
+    /// Gives the selection's text, at once or when its owner has given it.
+    void askText(Pasteboard::Selection selection, SelectionQuestions::Receiver receive);
     /// Reads PRIMARY and publishes it if its owner and `target` belong to the same client.
     void publishPrimary(xcb_window_t target);
     /// From now on it is looked out for the client of `target` to ask for what we serve.
@@ -67,6 +72,7 @@ private:
     void handleAnswer(const xcb_selection_notify_event_t &event);
     void serve(const xcb_selection_request_event_t &request);
     void beginReading(xcb_window_t owner, xcb_timestamp_t time);
+    void answerFromClipboard();
     void collectFinished();
     qint64 publish(const FetchedSelection &fetched, const FrontWindowTracker::Front &front);
     void publishClipboard(const FetchedSelection &fetched);
@@ -83,12 +89,14 @@ private:
     PropertyPool m_pool;
     SelectionReader m_clipboardReader;
     SelectionReader m_primaryReader;
+    SelectionQuestions m_questions;
     SelectionServer m_server;
     ClipboardManagerRole m_managerRole;
     FrontWindowTracker m_front;
     FrontWindowTracker::Front m_clipboardFront; ///< At the change that is being read.
     FrontWindowTracker::Front m_primaryFront;
     std::optional<xcb_window_t> m_pasteTarget; ///< Until it has asked for what was pasted.
+    QList<SelectionQuestions::Receiver> m_awaitingClipboard; ///< Until it has been read.
     KeptCopy m_kept;
     xcb_timestamp_t m_clipboardTime = XCB_CURRENT_TIME; ///< Of what is being read.
     std::optional<xcb_timestamp_t> m_ownerDied; ///< Until its contents are adopted or forgotten.

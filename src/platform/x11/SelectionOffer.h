@@ -52,6 +52,9 @@ public:
 
     qint64 byteCount() const;
 
+    /// UTF-8; absent when there is none.
+    const std::optional<QByteArray> &text() const { return m_text; }
+
     QList<xcb_atom_t> targets(const SelectionAtoms &atoms) const;
 
     /// Absent when the contents do not exist in this format.

@@ -31,8 +31,10 @@ SelectionReader::SelectionReader(SelectionConnection &connection, PropertyPool &
 {
 }
 
-void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 mostTextBytes)
+void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 mostTextBytes,
+                            Wish wish)
 {
+    m_wish = wish;
     m_selection = selection;
     m_time = time;
     m_mostTextBytes = mostTextBytes;
@@ -181,7 +183,7 @@ void SelectionReader::useTargets()
     const SelectionAtoms &atoms = m_connection.atoms();
     if (m_conversion.state() == IncomingConversion::State::Whole && m_conversion.format() == 32) {
         m_offered = atomsOf(m_conversion.bytes());
-        if (m_offered.contains(atoms.passwordHint)) {
+        if (m_wish == Wish::Copy && m_offered.contains(atoms.passwordHint)) {
             m_fetched.isConcealed = true;
             return;
         }
@@ -236,6 +238,8 @@ void SelectionReader::useText()
     if (!text.isEmpty() || !m_mayHaveNoText)
         m_fetched.text = text;
     dropRequests(Part::Text);
+    if (m_wish == Wish::Text)
+        m_requests.clear();
 }
 
 void SelectionReader::useFiles()

@@ -27,9 +27,15 @@ public:
     SelectionReader(SelectionConnection &connection, PropertyPool &pool,
                     const PasteboardLimits &limits);
 
+    enum class Wish {
+        Copy, ///< Everything that is of use of a copy; nothing of a secret.
+        Text, ///< The text alone, also of a secret: the user pastes it.
+    };
+
     /// Begins with the contents that were there at `time`, reading at most `mostTextBytes` of
     /// text. Only when nothing is being read.
-    void begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 mostTextBytes);
+    void begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 mostTextBytes,
+               Wish wish = Wish::Copy);
 
     bool isReading() const { return m_isReading; }
 
@@ -78,6 +84,7 @@ private:
     xcb_atom_t m_selection = XCB_ATOM_NONE;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
     qint64 m_mostTextBytes = 0;
+    Wish m_wish = Wish::Copy;
     TimePoint m_begun;
     TimePoint m_lastProgress;
     QList<Request> m_requests; ///< The first one is under way.

@@ -54,6 +54,12 @@ void X11Pasteboard::customEvent(QEvent *)
         Q_EMIT changed(changeCount);
     if (m_changes->takePasteReadNews())
         Q_EMIT pasteRead();
+    const QMap<qint64, std::optional<QString>> answers = m_changes->takeAnswers();
+    for (auto answer = answers.begin(); answer != answers.end(); ++answer) {
+        const Question question = m_questions.take(answer.key());
+        if (question.context)
+            question.answer(answer.value());
+    }
 }
 
 void X11Pasteboard::offerPrimary()
@@ -133,6 +139,34 @@ void X11Pasteboard::clear()
 {
     if (!m_thread || !m_thread->run([this] { m_service->clear(); }))
         m_changes->publishCleared();
+}
+
+void X11Pasteboard::askText(Selection selection, QObject *context, TextAnswer answer)
+{
+    // What is at hand is pasted before the next key, which may have been pressed already.
+    if (const auto text =
+            selection == Selection::Clipboard ? m_changes->text() : std::optional<QString>()) {
+        answer(text);
+        return;
+    }
+    if (!m_thread)
+        return;
+    const qint64 number = ++m_questionsAsked;
+    m_questions.insert(number, {context, std::move(answer)});
+    const auto receive = [this, number](const std::optional<QString> &text) {
+        m_changes->answer(number, text);
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    };
+    m_thread->post([this, selection, receive] { m_service->askText(selection, receive); });
+}
+
+void X11Pasteboard::markText(const QString &text)
+{
+    if (!m_thread)
+        return;
+    PasteboardItem item;
+    item.text = text;
+    m_thread->post([this, offer = SelectionOffer::of(item)] { m_service->markText(offer); });
 }
 
 void X11Pasteboard::shutDown()

@@ -3,6 +3,9 @@
 #include "platform/Pasteboard.h"
 #include "platform/pasteboard/PasteboardLimits.h"
 
+#include <QMap>
+#include <QPointer>
+
 #include <memory>
 
 #include <xcb/xcb.h>
@@ -49,14 +52,24 @@ public:
     bool write(const PasteboardItem &item) override;
     bool isPasteRead() const override;
     void clear() override;
+    void askText(Selection selection, QObject *context, TextAnswer answer) override;
+    void markText(const QString &text) override;
     void shutDown() override;
 
 protected:
-    // ^QObject: announces what the service has published.
+    // ^QObject: announces what the service has published, and passes its answers on.
     void customEvent(QEvent *event) override;
 
 private:
+    struct Question
+    {
+        QPointer<QObject> context;
+        TextAnswer answer;
+    };
+
     PasteboardLimits m_limits;
+    qint64 m_questionsAsked = 0;
+    QMap<qint64, Question> m_questions; ///< By number, until they are answered.
     std::unique_ptr<SelectionConnection> m_connection;
     std::unique_ptr<PasteboardChanges> m_changes;
     std::unique_ptr<PasteboardService> m_service;

@@ -17,6 +17,9 @@ public:
         const PasteboardContents contents = m_pasteboard.contents().value_or(PasteboardContents());
         return {contents.text, contents.rtf, contents.fileNames};
     }
+    void markElsewhere(const QString &text) override { m_pasteboard.markOutside(text); }
+    std::optional<QString> markedElsewhere() override { return m_pasteboard.markedText(); }
+    bool workUntil(const std::function<bool()> &isReached) override { return isReached(); }
 
 private:
     MemoryPasteboard m_pasteboard;

@@ -25,6 +25,15 @@ QStringList textsOf(const QList<PasteboardContents> &changes)
 class PasteboardContract : public testing::Test
 {
 protected:
+    /// What a text field would paste.
+    std::optional<QString> asked(Pasteboard::Selection selection)
+    {
+        std::optional<std::optional<QString>> answer;
+        m_pasteboard.askText(selection, &m_announced, [&](const auto &text) { answer = text; });
+        EXPECT_TRUE(m_stage->workUntil([&] { return answer.has_value(); }));
+        return answer.value_or(std::nullopt);
+    }
+
     std::unique_ptr<PasteboardStage> m_stage = PasteboardStage::make();
     Pasteboard &m_pasteboard = m_stage->pasteboard();
     QSignalSpy m_announced{&m_pasteboard, &Pasteboard::changed};
@@ -164,6 +173,44 @@ TEST_F(PasteboardContract, aDiscardedCopyIsForgotten)
     m_pasteboard.judge(m_pasteboard.changeCount(), Pasteboard::Judgement::Discard);
     EXPECT_FALSE(m_pasteboard.contents());
     EXPECT_TRUE(m_pasteboard.changesAfter(0).isEmpty());
+}
+
+TEST_F(PasteboardContract, aTextFieldMayPasteWhatTheHistoryHasNoUseFor)
+{
+    using Selection = Pasteboard::Selection;
+    EXPECT_EQ(asked(Selection::Clipboard), std::nullopt);
+    m_stage->copyElsewhere(textCopy(QStringLiteral("plain")));
+    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("plain"));
+    m_pasteboard.judge(m_pasteboard.changeCount(), Pasteboard::Judgement::Discard);
+    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("plain"));
+
+    PasteboardContents secret = textCopy(QStringLiteral("hunter2"));
+    secret.isConcealed = true;
+    m_stage->copyElsewhere(secret);
+    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("hunter2"));
+    EXPECT_EQ(m_pasteboard.contents()->text, std::nullopt);
+
+    m_pasteboard.setLargestUsefulText(4);
+    m_stage->copyElsewhere(textCopy(QStringLiteral("too large")));
+    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("too large"));
+
+    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours"), {}, {}}));
+    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("ours"));
+    m_pasteboard.clear();
+    EXPECT_EQ(asked(Selection::Clipboard), std::nullopt);
+}
+
+TEST_F(PasteboardContract, whatIsMarkedGoesFromFieldToFieldAndChangesNoCopy)
+{
+    EXPECT_EQ(asked(Pasteboard::Selection::Primary), std::nullopt);
+    m_stage->markElsewhere(QStringLiteral("theirs"));
+    EXPECT_EQ(asked(Pasteboard::Selection::Primary), QStringLiteral("theirs"));
+    m_pasteboard.markText(QStringLiteral("ours ü"));
+    EXPECT_EQ(asked(Pasteboard::Selection::Primary), QStringLiteral("ours ü"));
+    EXPECT_EQ(m_stage->markedElsewhere(), QStringLiteral("ours ü"));
+    m_stage->markElsewhere(QStringLiteral("theirs again"));
+    EXPECT_EQ(asked(Pasteboard::Selection::Primary), QStringLiteral("theirs again"));
+    EXPECT_EQ(m_pasteboard.changeCount(), 0);
 }
 
 TEST_F(PasteboardContract, clearingCountsAsAChangeAndLeavesNothing)

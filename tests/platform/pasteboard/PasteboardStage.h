@@ -2,7 +2,9 @@
 
 #include "platform/Pasteboard.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 /// A pasteboard and another program beside it, so that every pasteboard can be held to the same
 /// contract. Each test program links one implementation.
@@ -24,4 +26,11 @@ public:
 
     /// What the other program would paste now; absent formats where there is nothing.
     virtual PasteboardItem pasteElsewhere() = 0;
+
+    /// The other program marks a text, and gives it when it is asked.
+    virtual void markElsewhere(const QString &text) = 0;
+    /// What its middle button would paste.
+    virtual std::optional<QString> markedElsewhere() = 0;
+    /// Has the other program work until the condition holds; false when it never does.
+    virtual bool workUntil(const std::function<bool()> &isReached) = 0;
 };

@@ -128,6 +128,54 @@ TEST(X11Owners, aHungOwnerIsGivenUpAfterTwoSeconds)
     EXPECT_EQ(stage.pasteboard().contents()->text, std::nullopt);
 }
 
+TEST(X11Owners, whoeverAsksAHungOwnerIsAnsweredWithNothingInTheTimeOfOneQuestion)
+{
+    X11Stage stage(impatient());
+    XcbClient hung;
+    hung.own("PRIMARY", {{"UTF8_STRING", "never told"}});
+    hung.copy("never told");
+    QObject context;
+    QStringList answers;
+    const auto note = [&](const std::optional<QString> &text) {
+        answers.append(text.value_or(QStringLiteral("(none)")));
+    };
+    for (int press = 0; press < 20; ++press) {
+        stage->askText(Pasteboard::Selection::Primary, &context, note);
+        stage->askText(Pasteboard::Selection::Clipboard, &context, note);
+    }
+    auto gone = std::make_unique<QObject>();
+    stage->askText(Pasteboard::Selection::Primary, gone.get(),
+                   [](const auto &) { ADD_FAILURE() << "nobody is there to be told"; });
+    gone.reset();
+    EXPECT_TRUE(answers.isEmpty());
+    ASSERT_TRUE(pumpUntil({}, [&] { return answers.size() == 40; }));
+    EXPECT_EQ(answers.count(QStringLiteral("(none)")), 40);
+    // It has come to itself.
+    stage->askText(Pasteboard::Selection::Primary, &context, note);
+    ASSERT_TRUE(pumpUntil({&hung}, [&] { return answers.size() == 41; }));
+    EXPECT_EQ(answers.last(), QStringLiteral("never told"));
+}
+
+TEST(X11Owners, whoeverAsksWhileACopyIsReadGetsTheNewText)
+{
+    X11Stage stage;
+    PasteboardContents old;
+    old.text = QStringLiteral("old");
+    stage.copyElsewhere(old);
+    XcbClient slow;
+    slow.copy("new");
+    ASSERT_EQ(slow.owner("CLIPBOARD"), slow.window());
+    // Confirmed after everything that was before it, so the new copy is being read by now.
+    stage->offerPrimary();
+    QObject context;
+    std::optional<QString> answer;
+    stage->askText(Pasteboard::Selection::Clipboard, &context,
+                   [&](const auto &text) { answer = text; });
+    EXPECT_EQ(answer, std::nullopt);
+    ASSERT_TRUE(pumpUntil({&slow}, [&] { return answer.has_value(); }));
+    EXPECT_EQ(answer, QStringLiteral("new"));
+}
+
 TEST(X11Owners, aHungOwnerHoldsUpNeitherTheNextCopyNorOurWriteNorALateAnswer)
 {
     X11Stage stage;

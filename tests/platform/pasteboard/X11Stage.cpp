@@ -60,3 +60,19 @@ PasteboardItem X11Stage::pasteElsewhere()
     item.fileNames = FileUris::filesOfUriList(paste("text/uri-list").value_or(QByteArray()));
     return item;
 }
+
+void X11Stage::markElsewhere(const QString &text)
+{
+    m_client.own("PRIMARY", {{"UTF8_STRING", SelectionText::toUtf8(text)}});
+}
+
+std::optional<QString> X11Stage::markedElsewhere()
+{
+    const auto text = paste("UTF8_STRING", "PRIMARY");
+    return text ? std::optional(SelectionText::fromUtf8(*text)) : std::nullopt;
+}
+
+bool X11Stage::workUntil(const std::function<bool()> &isReached)
+{
+    return pumpUntil({&m_client}, isReached);
+}

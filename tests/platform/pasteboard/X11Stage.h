@@ -24,6 +24,9 @@ public:
     Pasteboard &pasteboard() override { return m_pasteboard; }
     void copyElsewhere(const PasteboardContents &contents) override;
     PasteboardItem pasteElsewhere() override;
+    void markElsewhere(const QString &text) override;
+    std::optional<QString> markedElsewhere() override;
+    bool workUntil(const std::function<bool()> &isReached) override;
 
 private:
     class ClassNames : public ApplicationNames

@@ -1,0 +1,73 @@
+#include "platform/x11/SelectionQuestions.h"
+
+#include "platform/pasteboard/SelectionText.h"
+#include "platform/x11/SelectionConnection.h"
+
+#include <algorithm>
+#include <utility>
+
+SelectionQuestions::SelectionQuestions(SelectionConnection &connection, PropertyPool &pool,
+                                       const PasteboardLimits &limits)
+    : m_connection(connection), m_pool(pool), m_limits(limits)
+{
+}
+
+void SelectionQuestions::ask(xcb_atom_t selection, Receiver receive)
+{
+    const auto question =
+        m_questions
+            .try_emplace(selection, Question{SelectionReader(m_connection, m_pool, m_limits), {}})
+            .first;
+    auto &[reader, receivers] = question->second;
+    receivers.append(std::move(receive));
+    if (reader.isReading())
+        return;
+    reader.begin(selection, XCB_CURRENT_TIME, PasteboardLimits::kLargestIdleText,
+                 SelectionReader::Wish::Text);
+    xcb_flush(m_connection.xcb());
+}
+
+bool SelectionQuestions::handle(const xcb_selection_notify_event_t &event)
+{
+    const bool isOurs = std::any_of(m_questions.begin(), m_questions.end(),
+                                    [&](auto &entry) { return entry.second.reader.handle(event); });
+    if (isOurs)
+        answerFinished();
+    return isOurs;
+}
+
+bool SelectionQuestions::handle(const xcb_property_notify_event_t &event)
+{
+    const bool isOurs = std::any_of(m_questions.begin(), m_questions.end(),
+                                    [&](auto &entry) { return entry.second.reader.handle(event); });
+    if (isOurs)
+        answerFinished();
+    return isOurs;
+}
+
+std::optional<SelectionQuestions::TimePoint> SelectionQuestions::keepDeadlines(TimePoint now)
+{
+    std::optional<TimePoint> next;
+    for (auto &[selection, question] : m_questions)
+        question.reader.checkClock(now);
+    answerFinished();
+    for (const auto &[selection, question] : m_questions) {
+        if (const std::optional<TimePoint> deadline = question.reader.deadline())
+            next = next ? std::min(*next, *deadline) : deadline;
+    }
+    return next;
+}
+
+void SelectionQuestions::answerFinished()
+{
+    for (auto &[selection, question] : m_questions) {
+        const auto fetched = question.reader.takeFinished();
+        if (!fetched)
+            continue;
+        const auto text =
+            fetched->text ? std::optional(SelectionText::fromUtf8(*fetched->text)) : std::nullopt;
+        const auto receivers = std::exchange(question.receivers, {});
+        for (const Receiver &receive : receivers)
+            receive(text);
+    }
+}
