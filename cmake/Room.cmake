@@ -67,3 +67,18 @@ function(quillmarsh_desktop_run program)
       "TSAN_OPTIONS=die_after_fork=0 suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp")
   endif()
 endfunction()
+
+# quillmarsh_translate(program): gives a program the catalogues of every language.
+function(quillmarsh_translate program)
+  set(catalogues)
+  foreach(language ar de en es fr ja)
+    list(APPEND catalogues ${PROJECT_SOURCE_DIR}/data/translations/quillmarsh_${language}.ts)
+  endforeach()
+  # Each program compiles its own: a file has one rule, and these lie in different folders.
+  set_source_files_properties(${catalogues} PROPERTIES
+    OUTPUT_LOCATION ${CMAKE_CURRENT_BINARY_DIR}/${program}_catalogues)
+  qt_add_lrelease(${program} TS_FILES ${catalogues} QM_FILES_OUTPUT_VARIABLE compiled
+    OPTIONS -silent)
+  qt_add_resources(${program} ${program}_translations PREFIX /translations
+    BASE ${CMAKE_CURRENT_BINARY_DIR}/${program}_catalogues FILES ${compiled})
+endfunction()

@@ -11,6 +11,9 @@ import sys
 import tempfile
 
 ROOMS = ("history", "shortcut", "updates", "hotkey", "preferenceswindow")
+# What their widgets have in common, below them.
+LOOKS = "looks"
+ROOMS_WITH_WIDGETS = ("shortcut", "updates", "hotkey", "preferenceswindow")
 ADAPTERS = ("x11", "wayland", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
 MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
@@ -20,6 +23,8 @@ LOADER = "platform/PlatformLoader.cpp"
 LOADER_HEADER = "platform/PlatformLoader.h"
 
 INCLUDE = re.compile(r'\s*#\s*include\s*"([^"]+)"')
+# It asks the owner and waits for it on the main thread; the pasteboard does not.
+TOOLKIT_CLIPBOARD = re.compile(r"QClipboard|\bclipboard\(\)|createStandardContextMenu")
 
 
 def layer(path):
@@ -34,13 +39,15 @@ def may_know(path):
     """The layers that a file under src/ may include from."""
     own = layer(path)
     if own == "Clipboard":
-        known = {"Clipboard", "platform", *ROOMS}
+        known = {"Clipboard", "platform", LOOKS, *ROOMS}
     elif own.removeprefix("platform/") in ADAPTERS:
         known = {own, SHARED, "platform"}
     elif own.startswith("platform/") or own in ROOMS:
         known = {own, "platform"}
     else:
-        known = {"platform"}
+        known = {own, "platform"}
+    if own in ROOMS_WITH_WIDGETS:
+        known.add(LOOKS)
     if path in MAINS or path == LOADER:
         known |= {"platform/" + adapter for adapter in ADAPTERS}
     return known
@@ -80,6 +87,12 @@ def includes(folder, path):
                 yield number, match[1]
 
 
+def waits_for_owners(folder, path):
+    """The lines of a file that name the toolkit's clipboard."""
+    with open(os.path.join(folder, path), encoding="utf-8") as source:
+        return [number for number, line in enumerate(source, 1) if TOOLKIT_CLIPBOARD.search(line)]
+
+
 def cycles(arrows):
     """Include cycles that leave their folder, each once, as lists of files."""
     found, done = [], set()
@@ -116,6 +129,8 @@ def check(root):
                 why = fault(path, included)
             if why:
                 faults.append(f'src/{path}:{number}: "{included}": {why}')
+        faults += [f"src/{path}:{number}: the toolkit's clipboard waits for other programs"
+                   for number in waits_for_owners(src, path)]
     for path in sources(tests):
         for number, included in includes(tests, path):
             why = fault_in_test(path, included) if included in known else None
@@ -136,6 +151,10 @@ CASES = (
     ("history/Store.cpp", ("platform/x11/Keys.h",), "history may not know platform/x11"),
     ("Clipboard/AppDelegate.cpp", ("platform/x11/Keys.h",), "may not know platform/x11"),
     ("Clipboard/AppDelegate.cpp", ("platform/PlatformLoader.h",), "only main chooses"),
+    ("updates/Window.cpp", ("looks/Field.h",), None),
+    ("history/Store.cpp", ("looks/Field.h",), "history may not know looks"),
+    ("looks/Field.cpp", ("shortcut/Value.h",), "looks may not know shortcut"),
+    ("looks/Field.cpp", ("platform/QClipboard.h",), "waits for other programs"),
     ("Clipboard/main.cpp", ("platform/memory/Fake.h",), "may not know platform/memory"),
     ("platform/x11/Keys.cpp", ("platform/freedesktop/Bus.h",), "may not know platform/freedesktop"),
     ("platform/x11/Keys.cpp", ("history/Store.h",), "platform/x11 may not know history"),
@@ -162,8 +181,8 @@ def self_test():
             for name in ("history/Store.h", "shortcut/Value.h", "platform/Clock.h",
                          "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
                          "platform/freedesktop/Bus.h", "platform/memory/Fake.h",
-                         "platform/pasteboard/Uris.h",
-                         "Clipboard/AppDelegate.h"):
+                         "platform/pasteboard/Uris.h", "platform/QClipboard.h",
+                         "Clipboard/AppDelegate.h", "looks/Field.h"):
                 write(root, "src/" + name, ())
             write(root, "src/Clipboard/window/View.h", ("Clipboard/AppDelegate.h",))
             write(root, "src/" + path, included)

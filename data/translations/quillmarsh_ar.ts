@@ -535,6 +535,37 @@ file: lists copied files.</source>
     </message>
 </context>
 <context>
+    <name>FieldMenu</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>ا&amp;نسخ</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>حدد ال&amp;كل</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>ت&amp;راجع</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>أ&amp;عد</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;قص</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>أ&amp;لصق</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>ا&amp;حذف</translation>
+    </message>
+</context>
+<context>
     <name>FileCard</name>
     <message>
         <source>Changed %1</source>

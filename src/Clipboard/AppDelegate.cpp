@@ -218,8 +218,9 @@ void AppDelegate::initStatusBar()
     m_statusMenu = std::make_unique<StatusMenu>(
         appName() + QStringLiteral(" v") + *m_info.bundleVersion, actions);
     // By its name where it is installed, so that panels draw it themselves, in their own colour.
-    const QIcon icon = QIcon::fromTheme(m_info.bundleIdentifier + QStringLiteral("-symbolic"),
-                                        QIcon(QStringLiteral(":/stackImage")));
+    QIcon icon = QIcon::fromTheme(m_info.bundleIdentifier + QStringLiteral("-symbolic"),
+                                  QIcon(QStringLiteral(":/stackImage")));
+    icon.setIsMask(true);
     m_platform.statusBar->showItem(icon, appName(), m_statusMenu->menu());
 }
 

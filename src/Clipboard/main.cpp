@@ -2,8 +2,9 @@
 #include "Clipboard/CommandLine.h"
 #include "Clipboard/DesktopLooks.h"
 #include "Clipboard/DoorActions.h"
-#include "Clipboard/Translations.h"
 #include "history/StoredClips.h"
+#include "looks/FieldPasteboard.h"
+#include "looks/Translations.h"
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
@@ -49,6 +50,7 @@ int runApplication(QApplication &application, InstanceDoor &door, const QString 
     const Info info = Info::main();
     const std::unique_ptr<Platform> platform = PlatformLoader::makePlatform();
     const DesktopLooks looks(*platform->appearance);
+    const FieldPasteboard fields(*platform->pasteboard);
     AppDelegate delegate(*platform, info, storeFolder(info));
     delegate.setTrace(isTraceWanted(*platform->settings));
     g_delegate = &delegate;

@@ -17,8 +17,9 @@ public:
     using QObject::QObject;
 
     /// Shows the item, now or as soon as there is a status area. Either button opens `menu` at the
-    /// click; it is not owned and must outlive this object; its entries may change later. `icon`
-    /// has one colour, which gives way to the panel's own where that is known.
+    /// click; it is not owned and must outlive this object; its entries may change later. The
+    /// colour of an `icon` that is a mask (QIcon::isMask) gives way to the panel's own where that
+    /// is known.
     virtual void showItem(const QIcon &icon, const QString &toolTip, QMenu *menu) = 0;
 
     /// Whether the item is in a status area now.

@@ -1,3 +1,4 @@
+#include "looks/Translations.h"
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
@@ -24,6 +25,7 @@ int live(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_MESSAGE_PATTERN"))
         qSetMessagePattern(QStringLiteral("%{message}"));
     QApplication application(argc, argv);
+    const Translations translations;
     const Info info = Info::main();
     QCoreApplication::setApplicationName(QStringLiteral("Quillmarsh Updater"));
     QGuiApplication::setDesktopFileName(info.bundleIdentifier);

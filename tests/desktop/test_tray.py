@@ -10,6 +10,7 @@ from Xlib import Xatom, display
 from journey import BINARY, BUNDLE, SUPPORT, Journey, Quillmarsh
 
 REPOSITORY = pathlib.Path(__file__).resolve().parent.parent.parent
+UPDATER = str(pathlib.Path(BINARY).parent.parent / "libexec/quillmarsh/quillmarsh-updater")
 SYMBOLIC = BUNDLE + "-symbolic"
 MENU = ["Quillmarsh v", "Check For Updates...", "Preferences...", "-", "Launch...", "-",
         "Clear All", "-", "Help...", "Send Feedback...", "-", "Quit"]
@@ -82,6 +83,21 @@ class Tray(Journey):
                 screen.flush()
                 self.wait_for(lambda: color in self.colors_at("40x31+0+769"), color)
             self.end(tray)
+
+    def test_a_tray_that_colours_its_items_leaves_the_helpers_colours_alone(self):
+        screen = display.Display(self.desktop.environment["DISPLAY"])
+        self.desktop.start(["trayer", "--height", "31"], quiet=True)
+        owner = self.wait_for(
+            lambda: screen.get_selection_owner(screen.intern_atom("_NET_SYSTEM_TRAY_S0")),
+            "the tray")
+        owner.change_property(screen.intern_atom("_NET_SYSTEM_TRAY_COLORS"), Xatom.CARDINAL, 32,
+                              (0, 0xFFFF, 0) * 4)
+        screen.sync()
+        empty = self.colors_at("40x31+0+769")
+        self.app = Quillmarsh(self.desktop, UPDATER, wait=False)
+        self.app.wait_for_log("status item shown")
+        self.wait_for(lambda: len(self.colors_at("40x31+0+769") - empty) > 9, "the item's picture")
+        self.assertNotIn("#00FF00", self.colors_at("40x31+0+769"))
 
     def test_without_a_tray_the_first_start_says_once_how_to_open_the_history(self):
         told = self.notifications()

@@ -105,6 +105,22 @@ class StoreTrouble(Journey):
         return self.app.clips("strValue, applicationName")[0][1]
 
 
+class HungOwners(Journey):
+    def test_pasting_from_a_hung_program_into_the_search_holds_up_nothing(self):
+        self.copy("alpha")
+        self.copy("beta")
+        self.owner("hang")
+        editor = self.editor("qt")
+        window = self.app.open_history()
+        self.app.key("ctrl+v", "shift+Insert")
+        self.desktop.run(["xdotool", "mousemove", "--sync", "--window", window, "300", "55",
+                          "click", "2"])
+        self.app.type("alp")
+        self.app.key("Return")
+        self.app.wait_until_hidden()
+        self.wait_for_text(editor, "alpha")
+
+
 class BareDesktops(Journey):
     starts_app = False
 

@@ -251,6 +251,12 @@ class Helper(UpdateJourney):
         program = str(self.root / "versions/1.1.0/libexec/quillmarsh/quillmarsh-updater")
         self.wait_for(lambda: list(self.programs().values()) == [program], program)
 
+    def test_it_speaks_the_users_language(self):
+        self.variables["LANGUAGE"] = "de"
+        self.start_helper()
+        self.choose("Im Hintergrund aktualisieren", self.helper)
+        self.helper.wait_for_log("update stage: check")
+
     def test_it_refuses_a_second_run_and_a_running_application(self):
         self.server.answers["/feed.xml"] = lambda request: request.rfile.read()  # no answer
         self.start_helper()

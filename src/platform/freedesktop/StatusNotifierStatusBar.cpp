@@ -145,7 +145,7 @@ void StatusNotifierStatusBar::update()
 QIcon StatusNotifierStatusBar::itemIcon() const
 {
     const std::optional<QColor> color =
-        m_kind == Kind::Embedded ? m_trayArea->foreground() : std::nullopt;
+        m_kind == Kind::Embedded && m_icon.isMask() ? m_trayArea->foreground() : std::nullopt;
     return color ? inColor(m_icon, *color) : m_icon;
 }
 

@@ -1,4 +1,4 @@
-#include "Clipboard/Translations.h"
+#include "looks/Translations.h"
 
 #include <QGuiApplication>
 #include <QLibraryInfo>
