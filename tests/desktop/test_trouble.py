@@ -106,6 +106,11 @@ class StoreTrouble(Journey):
 
 
 class HungOwners(Journey):
+    def windows(self):
+        """Our windows that can be seen, menus too."""
+        return self.desktop.run(["xdotool", "search", "--onlyvisible", "--class", "quillmarsh"],
+                                capture_output=True, text=True).stdout.split()
+
     def test_pasting_from_a_hung_program_into_the_search_holds_up_nothing(self):
         self.copy("alpha")
         self.copy("beta")
@@ -113,8 +118,11 @@ class HungOwners(Journey):
         editor = self.editor("qt")
         window = self.app.open_history()
         self.app.key("ctrl+v", "shift+Insert")
-        self.desktop.run(["xdotool", "mousemove", "--sync", "--window", window, "300", "55",
-                          "click", "2"])
+        self.desktop.run(["xdotool", "mousemove", "--sync", "--window", window, "300", "27",
+                          "click", "2", "click", "3"])
+        self.wait_for(lambda: len(self.windows()) > 1, "the context menu")
+        self.app.key("Escape")
+        self.wait_for(lambda: self.windows() == [window], "the end of the menu")
         self.app.type("alp")
         self.app.key("Return")
         self.app.wait_until_hidden()
