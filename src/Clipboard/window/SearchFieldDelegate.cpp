@@ -37,7 +37,8 @@ bool SearchFieldDelegate::control(const QString &command, quint64 modifierFlags)
     if (command == QLatin1String("moveDown:"))
         return perform([](ViewController &target) { target.next(); });
     if (command == QLatin1String("insertNewline:")) {
-        // Shift and nothing else: with any further modifier the clip is pasted unchanged.
+        // Shift and nothing else: with any further modifier, Caps Lock among them, the clip is
+        // pasted unchanged.
         if ((modifierFlags & kDeviceIndependentMask) == ModifierFlags::kShift)
             return perform([](ViewController &target) { target.paste(QStringLiteral("upper")); });
         return perform([](ViewController &target) { target.paste(); });
@@ -87,6 +88,6 @@ bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     if (const std::optional<QString> command = commandForKey(*key))
-        return control(*command, ModifierFlags::ofEvent(*key));
+        return control(*command, ModifierFlags::ofEventWithCapsLock(*key));
     return m_viewController && m_viewController->moveByKey(*key);
 }

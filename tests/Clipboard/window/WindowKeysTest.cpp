@@ -24,7 +24,11 @@ struct PasteKey
     Qt::KeyboardModifiers modifiers;
     const char *fromField;
     const char *fromTable;
+    quint32 nativeModifiers = 0;
 };
+
+/// The bit of the Lock modifier in an event of the X server.
+constexpr quint32 kCapsLock = 0x2;
 
 /// The two ways to paste differ on purpose; each row pastes "Two".
 const PasteKey kPasteKeys[] = {
@@ -37,6 +41,9 @@ const PasteKey kPasteKeys[] = {
     {"Shift-Control-Return", Qt::Key_Return, kShift | kCtrl, "Two", "TWO"},
     {"Shift-Command-Return", Qt::Key_Return, kShift | kSuper, "Two", "TWO"},
     {"Command-Return", Qt::Key_Return, kSuper, "Two", "Two"},
+    {"Return with Caps Lock", Qt::Key_Return, kNone, "Two", "Two", kCapsLock},
+    {"Shift-Return with Caps Lock", Qt::Key_Return, kShift, "Two", "TWO", kCapsLock},
+    {"Option-Return with Caps Lock", Qt::Key_Return, kAlt, "two", "Two", kCapsLock},
 };
 
 TEST_F(WindowKeysTest, returnPastesInTheCaseThatItsModifiersSay)
@@ -48,8 +55,8 @@ TEST_F(WindowKeysTest, returnPastesInTheCaseThatItsModifiersSay)
             // What was pasted last stands above it, in another case perhaps.
             for (int i = 0; i < 4 && selected() != u"Two"; ++i)
                 controller->next();
-            QTest::keyClick(isTable ? static_cast<QWidget *>(table) : field, row.key,
-                            row.modifiers);
+            QKeyEvent press(QEvent::KeyPress, row.key, row.modifiers, 0, 0, row.nativeModifiers);
+            QCoreApplication::sendEvent(isTable ? static_cast<QWidget *>(table) : field, &press);
             EXPECT_EQ(memory.pasteboard.contents()->text,
                       QLatin1String(isTable ? row.fromTable : row.fromField))
                 << row.name << (isTable ? " in the table" : " in the field");
