@@ -3,6 +3,9 @@
 import subprocess
 import unittest
 
+from Xlib import display, error
+from Xlib.ext import shape  # noqa: F401, adds its requests to windows
+
 from journey import BINARY, SUPPORT, Journey, Quillmarsh, copy
 
 
@@ -151,6 +154,74 @@ class Looks(Journey):
             with self.subTest(order):
                 print(order, file=portal.stdin, flush=True)
                 self.wait_for(lambda: colors <= self.colors_of(window), f"the colours {colors}")
+
+
+class CompositorJourney(Journey):
+    """With a compositor the window has a shadow of its own, without one it is cut to its frame, and
+    so is what the window manager puts around it."""
+
+    def switch_compositor(self, is_on):
+        if is_on:
+            self.compositor = self.desktop.start(
+                ["picom", "--backend", "xrender", "--config", "/dev/null"], quiet=True)
+        else:
+            self.compositor.terminate()
+            self.compositor.wait(10)
+
+    def sizes(self, window):
+        """Of our window and of all that lies around it: the whole and what can be seen of it."""
+        server = display.Display(self.desktop.environment["DISPLAY"])
+        try:
+            shown = server.create_resource_object("window", int(window))
+            told = set()
+            while shown != server.screen().root:
+                whole, seen = shown.get_geometry(), shown.shape_query_extents()
+                told |= {(whole.width, whole.height), (seen.bounding_shape_extents_width,
+                                                       seen.bounding_shape_extents_height)}
+                shown = shown.query_tree().parent
+            return told
+        except error.BadWindow:
+            return set()
+        finally:
+            server.close()
+
+    def test_the_window_has_the_shape_for_the_compositor_whenever_that_comes_or_goes(self):
+        self.copy("x")
+        with_shadow = {(832, 538)}
+        without = {(780, 486)}
+        window = self.app.open_history()
+        self.wait_for(lambda: self.sizes(window) == without, f"the size {without}")
+        for is_on, is_shown in ((True, True), (False, True), (True, False), (False, False),
+                                (True, False), (False, True)):
+            if not is_shown:
+                self.app.key("Escape")
+                self.app.wait_until_hidden()
+            self.switch_compositor(is_on)
+            self.wait_for(lambda: self.is_composited() == is_on, "the switched compositor")
+            window = self.app.window() if is_shown else self.app.open_history()
+            expected = with_shadow if is_on else without
+            with self.subTest(is_on=is_on, is_shown=is_shown):
+                self.wait_for(lambda: self.sizes(window) == expected, f"the size {expected}", 3)
+
+    def is_composited(self):
+        server = display.Display(self.desktop.environment["DISPLAY"])
+        try:
+            return bool(server.get_selection_owner(server.intern_atom("_NET_WM_CM_S0")))
+        finally:
+            server.close()
+
+
+class Xfwm4CompositorJourney(CompositorJourney):
+    desktop_options = {"wm": "xfwm4"}
+
+    def setUp(self):
+        super().setUp()
+        self.switch_compositor(False)
+        self.wait_for(lambda: not self.is_composited(), "the compositor's end")
+
+    def switch_compositor(self, is_on):
+        self.desktop.run(["xfconf-query", "-c", "xfwm4", "-p", "/general/use_compositing", "-n",
+                          "-t", "bool", "-s", str(is_on).lower()])
 
 
 if __name__ == "__main__":

@@ -5,6 +5,7 @@
 #include <QBitmap>
 #include <QEvent>
 #include <QPainter>
+#include <QWindow>
 #include <QtMath>
 
 #include <array>
@@ -192,6 +193,15 @@ void FramelessWindow::resizeEvent(QResizeEvent *event)
     if (m_content)
         m_content->setGeometry(contentRect());
     updateMask();
+}
+
+void FramelessWindow::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // Closing destroys the display system's window, and until there is another one Qt takes no
+    // mask: it would give the new window the shape that the old one had.
+    windowHandle()->create();
+    windowHandle()->setMask(mask());
 }
 
 void FramelessWindow::changeEvent(QEvent *event)

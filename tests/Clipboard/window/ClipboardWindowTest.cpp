@@ -3,6 +3,8 @@
 #include "Clipboard/window/WindowDelegate.h"
 #include "WindowRig.h"
 
+#include <QWindow>
+
 namespace {
 
 using ClipboardWindowTest = WindowRig;
@@ -63,6 +65,17 @@ TEST_F(ClipboardWindowTest, theShadowComesAndGoesWithCompositingAndTheFrameStays
     memory.windowSpace.setCompositing(true);
     EXPECT_EQ(delegate.window()->frame(), frame);
     EXPECT_TRUE(delegate.window()->mask().isEmpty());
+}
+
+TEST_F(ClipboardWindowTest, aWindowThatWasClosedHasTheShapeOfTheDesktopThatItOpensOn)
+{
+    for (const bool isCompositing : {false, true, false}) {
+        memory.windowSpace.setCompositing(isCompositing);
+        delegate.launch();
+        const QRegion shape = delegate.window()->windowHandle()->mask();
+        EXPECT_EQ(shape.boundingRect(), isCompositing ? QRect() : delegate.window()->rect());
+        controller->hide();
+    }
 }
 
 TEST_F(ClipboardWindowTest, aClickIntoTheShadowIsAClickBesideTheWindow)
