@@ -171,6 +171,17 @@ Tree dictionaryTree(const QVariantMap &map, int depth)
     return dictionary;
 }
 
+/// Older versions of libplist have one kind of integer and write a huge one as negative; newer ones
+/// tell the two apart, and would store -3 as 18446744073709551613 if it came as unsigned.
+Tree integerTree(qint64 value)
+{
+#ifdef QUILLMARSH_PLIST_HAS_SIGNED_INTEGERS
+    return Tree(plist_new_int(value));
+#else
+    return Tree(plist_new_uint(static_cast<uint64_t>(value)));
+#endif
+}
+
 Tree treeAt(const QVariant &value, int depth)
 {
     if (depth > kDeepestVariant)
@@ -181,7 +192,7 @@ Tree treeAt(const QVariant &value, int depth)
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
-        return Tree(plist_new_uint(static_cast<uint64_t>(value.toLongLong())));
+        return integerTree(value.toLongLong());
     case QMetaType::ULongLong:
         return Tree(plist_new_uint(value.toULongLong()));
     case QMetaType::Double:

@@ -78,7 +78,7 @@ class Accessibility(Journey):
         self.screen.do("radio button", "Applications")
         self.found("table", "Ignored applications")
         for name in ("Add application", "Remove application"):
-            self.found("push button", name)
+            self.found("button", name)
 
     def test_the_words_are_those_of_the_session(self):
         for language, name in (("de", "Clips durchsuchen"), ("ar:en", "البحث في القصاصات"),

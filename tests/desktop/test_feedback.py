@@ -11,8 +11,8 @@ from journey import BUNDLE, Journey, Quillmarsh
 from tls_server import TlsServer, make_authority, reply
 
 UPDATABLE = os.environ.get("UPDATABLE", "build/dev/tests/desktop/quillmarsh_updatable")
-HEADERS = {"Host", "Connection", "Content-Type", "Content-Length", "User-Agent", "Accept-Encoding",
-           "Accept-Language"}
+HEADERS = {"host", "connection", "content-type", "content-length", "user-agent", "accept-encoding",
+           "accept-language"}
 USAGE = {"kind": "usage", "text": "Quillmarsh 1.0.0"}
 TEXT = "The preview of my files stays empty."
 
@@ -34,7 +34,8 @@ class Feedback(Journey):
         headers = request.headers
         told = json.loads(request.rfile.read(int(headers["Content-Length"])))
         known = self.usages if told == USAGE else self.posts
-        known.append((request.command, request.path, set(headers), headers["User-Agent"], told))
+        known.append((request.command, request.path, {name.lower() for name in headers},
+                      headers["User-Agent"], told))
         reply(request, self.status, **({"Location": "http://localhost/"} if self.status == 307
                                        else {}))
 

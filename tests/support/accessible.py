@@ -73,10 +73,15 @@ def answer_questions():
             if application and application.get_name().lower() == name:
                 yield application
 
+    def role_name(node):
+        """The newer of the names that a role has had."""
+        role = node.get_role_name()
+        return "button" if role == "push button" else role
+
     def matching(application, role, name):
         for top in applications(application):
             for node, is_active in showing(top):
-                if role in ("", node.get_role_name()) and name in ("", node.get_name()):
+                if role in ("", role_name(node)) and name in ("", node.get_name()):
                     yield node, is_active
 
     def told(node, is_active):
@@ -85,7 +90,7 @@ def answer_questions():
         action = node.get_action_iface()
         box = node.get_component_iface() and node.get_extents(Atspi.CoordType.SCREEN)
         return {
-            "role": node.get_role_name(),
+            "role": role_name(node),
             "name": node.get_name(),
             "in active window": is_active,
             "description": node.get_description(),

@@ -42,6 +42,7 @@ constexpr std::array kKinds{
     Kind{"application/x-tar", ARCHIVE_FILTER_NONE},
     Kind{"application/x-compressed-tar", ARCHIVE_FILTER_GZIP},
     Kind{"application/x-bzip-compressed-tar", ARCHIVE_FILTER_BZIP2},
+    Kind{"application/x-bzip2-compressed-tar", ARCHIVE_FILTER_BZIP2}, // Its newer name.
     Kind{"application/x-xz-compressed-tar", ARCHIVE_FILTER_XZ},
     Kind{"application/x-lzma-compressed-tar", ARCHIVE_FILTER_LZMA},
     Kind{"application/x-zstd-compressed-tar", ARCHIVE_FILTER_ZSTD},

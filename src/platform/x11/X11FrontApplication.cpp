@@ -99,8 +99,13 @@ void X11FrontApplication::activate(QWindow *window)
     // Qt takes 400 ms to believe that a window which was hidden lost the keyboard, and tells nobody
     // when it gets it back meanwhile.
     QWidget *widget = QWidget::find(window->winId());
-    if (widget && QGuiApplication::focusWindow() == window)
+    if (widget && QGuiApplication::focusWindow() == window) {
+        // activateWindow(), which newer versions of Qt name instead, only asks the window manager.
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
         QApplication::setActiveWindow(widget);
+        QT_WARNING_POP
+    }
     m_pasteTarget.refresh();
     const xcb_timestamp_t time = userTime();
     const auto id = xcb_window_t(window->winId());
