@@ -611,6 +611,13 @@ file: lists copied files.</source>
     </message>
 </context>
 <context>
+    <name>FreedesktopNotifications</name>
+    <message>
+        <source>Open</source>
+        <translation>فتح</translation>
+    </message>
+</context>
+<context>
     <name>GeneralPaneView</name>
     <message>
         <source>Open Quillmarsh at &amp;login</source>
@@ -773,6 +780,24 @@ file: lists copied files.</source>
     <message>
         <source>Shift</source>
         <translation>Shift</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryNotices</name>
+    <message numerus="yes">
+        <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
+        <translation>
+            <numerusform>لم تُسجَّل نسخة من %Ln بايت؛ الحد الأقصى %1</numerusform>
+            <numerusform>لم تُسجَّل نسخة من بايت واحد (%Ln)؛ الحد الأقصى %1</numerusform>
+            <numerusform>لم تُسجَّل نسخة من بايتين (%Ln)؛ الحد الأقصى %1</numerusform>
+            <numerusform>لم تُسجَّل نسخة من %Ln بايتات؛ الحد الأقصى %1</numerusform>
+            <numerusform>لم تُسجَّل نسخة من %Ln بايتًا؛ الحد الأقصى %1</numerusform>
+            <numerusform>لم تُسجَّل نسخة من %Ln بايت؛ الحد الأقصى %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
+        <translation>لم تُسجَّل نسخة؛ فهي أكبر من الحد الأقصى البالغ %1 بايت</translation>
     </message>
 </context>
 <context>

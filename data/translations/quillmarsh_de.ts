@@ -583,6 +583,13 @@ file: zeigt kopierte Dateien.</translation>
     </message>
 </context>
 <context>
+    <name>FreedesktopNotifications</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+</context>
+<context>
     <name>GeneralPaneView</name>
     <message>
         <source>Open Quillmarsh at &amp;login</source>
@@ -741,6 +748,20 @@ file: zeigt kopierte Dateien.</translation>
     <message>
         <source>Shift</source>
         <translation>Umschalt</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryNotices</name>
+    <message numerus="yes">
+        <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
+        <translation>
+            <numerusform>Eine Kopie von %Ln Byte wurde nicht aufgezeichnet; die Grenze liegt bei %1</numerusform>
+            <numerusform>Eine Kopie von %Ln Byte wurde nicht aufgezeichnet; die Grenze liegt bei %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
+        <translation>Eine Kopie wurde nicht aufgezeichnet; sie ist größer als die Grenze von %1 Byte</translation>
     </message>
 </context>
 <context>

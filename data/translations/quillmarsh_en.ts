@@ -70,6 +70,16 @@
     </message>
 </context>
 <context>
+    <name>HistoryNotices</name>
+    <message numerus="yes">
+        <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
+        <translation>
+            <numerusform>A copy of %Ln byte was not recorded; the limit is %1</numerusform>
+            <numerusform>A copy of %Ln bytes was not recorded; the limit is %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ListBody</name>
     <message numerus="yes">
         <source>%Ln entries</source>

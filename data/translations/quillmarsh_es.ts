@@ -583,6 +583,13 @@ file: muestra los archivos copiados.</translation>
     </message>
 </context>
 <context>
+    <name>FreedesktopNotifications</name>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+</context>
+<context>
     <name>GeneralPaneView</name>
     <message>
         <source>Open Quillmarsh at &amp;login</source>
@@ -741,6 +748,20 @@ file: muestra los archivos copiados.</translation>
     <message>
         <source>Shift</source>
         <translation>Mayús</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryNotices</name>
+    <message numerus="yes">
+        <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
+        <translation>
+            <numerusform>No se ha guardado una copia de %Ln byte; el límite es %1</numerusform>
+            <numerusform>No se ha guardado una copia de %Ln bytes; el límite es %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
+        <translation>No se ha guardado una copia; supera el límite de %1 bytes</translation>
     </message>
 </context>
 <context>

@@ -583,6 +583,13 @@ file: montre les fichiers copiés.</translation>
     </message>
 </context>
 <context>
+    <name>FreedesktopNotifications</name>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+</context>
+<context>
     <name>GeneralPaneView</name>
     <message>
         <source>Open Quillmarsh at &amp;login</source>
@@ -741,6 +748,20 @@ file: montre les fichiers copiés.</translation>
     <message>
         <source>Shift</source>
         <translation>Maj</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryNotices</name>
+    <message numerus="yes">
+        <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
+        <translation>
+            <numerusform>Une copie de %Ln octet n’a pas été enregistrée&#xa0;; la limite est de %1</numerusform>
+            <numerusform>Une copie de %Ln octets n’a pas été enregistrée&#xa0;; la limite est de %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
+        <translation>Une copie n’a pas été enregistrée&#xa0;; elle dépasse la limite de %1 octets</translation>
     </message>
 </context>
 <context>

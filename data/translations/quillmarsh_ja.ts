@@ -576,6 +576,13 @@ file: でコピーしたファイルだけを表示します。</translation>
     </message>
 </context>
 <context>
+    <name>FreedesktopNotifications</name>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+</context>
+<context>
     <name>GeneralPaneView</name>
     <message>
         <source>Open Quillmarsh at &amp;login</source>
@@ -733,6 +740,19 @@ file: でコピーしたファイルだけを表示します。</translation>
     <message>
         <source>Shift</source>
         <translation>Shift</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryNotices</name>
+    <message numerus="yes">
+        <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
+        <translation>
+            <numerusform>%Lnバイトのコピーは記録されませんでした。上限は%1です</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
+        <translation>コピーは記録されませんでした。上限の%1バイトを超えています</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,7 @@
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/HelpPage.h"
+#include "Clipboard/HistoryNotices.h"
 #include "Clipboard/LiveSettings.h"
 #include "Clipboard/QuitKeys.h"
 #include "Clipboard/StatusMenu.h"
@@ -105,6 +106,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_paster = std::make_unique<ClipPaster>(platform, *m_liveSettings, *m_history, *m_capture,
                                             *m_swopState, *m_hotKeyManager, *m_pasteWindow,
                                             ClipPaster::Waits());
+    m_notices = std::make_unique<HistoryNotices>(*m_capture);
+    connect(m_capture.get(), &ClipboardCapture::limitAsked, this, &AppDelegate::openTextLimit);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
     new QuitKeys([this] { quit(); }, this);
@@ -227,8 +230,7 @@ void AppDelegate::initStatusBar()
 void AppDelegate::askAboutDamagedSettings(const QWidget *over)
 {
     const bool isOpen = m_platform.settings->areSettingsDamaged();
-    if (m_viewController)
-        m_viewController->setFooter(isOpen ? DamagedSettingsQuestion::notice() : QString());
+    updateFooter();
     if (!isOpen)
         return;
     if (!m_damagedSettingsQuestion) {
@@ -239,6 +241,18 @@ void AppDelegate::askAboutDamagedSettings(const QWidget *over)
                 [this] { askAboutDamagedSettings(); });
     }
     m_damagedSettingsQuestion->ask(over ? over->windowHandle() : nullptr);
+}
+
+void AppDelegate::updateFooter()
+{
+    if (!m_viewController)
+        return;
+    QStringList lines;
+    if (m_platform.settings->areSettingsDamaged())
+        lines.append(DamagedSettingsQuestion::notice());
+    lines.append(m_notices->text());
+    lines.removeAll(QString());
+    m_viewController->setFooter(lines.join(u'\n'));
 }
 
 void AppDelegate::tellUnwritableHistory()
@@ -291,6 +305,14 @@ void AppDelegate::openPreferences()
     if (m_preferences)
         m_preferences->showPreferencesWindow();
     askAboutDamagedSettings(m_preferences ? m_preferences->window() : nullptr);
+}
+
+void AppDelegate::openTextLimit()
+{
+    if (waitsForWelcome(&AppDelegate::openTextLimit))
+        return;
+    openPreferences();
+    m_preferencesGeneral->selectMaxStringSize();
 }
 
 void AppDelegate::clearAll()
@@ -389,6 +411,8 @@ void AppDelegate::setCheckForUpdates(bool isOn)
 
 void AppDelegate::setWindowVisible()
 {
+    if (m_window && !m_window->isVisible())
+        m_notices->historyOpens();
     if (m_windowController)
         m_windowController->showWindow();
     askAboutDamagedSettings(m_window);
@@ -413,8 +437,10 @@ bool AppDelegate::isOursInFront() const
     return (m_viewController && m_viewController->isWindowKey()) || QApplication::activeWindow();
 }
 
-void AppDelegate::windowClosedWithoutChoice()
+void AppDelegate::windowClosed()
 {
+    m_notices->historyCloses();
+    updateFooter();
     m_paster->cancelSwop();
 }
 

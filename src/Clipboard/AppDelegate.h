@@ -28,6 +28,7 @@ class DamagedSettingsQuestion;
 class ApplicationUpdates;
 class DMHelperAppDelegate;
 class DevMateKit;
+class HistoryNotices;
 class HotKeyManager;
 class HotKeyTextField;
 class LiveSettings;
@@ -81,6 +82,8 @@ public:
     /// Exchanges the front application's selection with a clip that the user picks.
     void swop();
     void openPreferences();
+    /// Shows the preferences with the largest text that is recorded, ready to be changed.
+    void openTextLimit();
     void clearAll();
     void help();
     void quit();
@@ -117,8 +120,9 @@ public:
     void openFile();
     /// Shows the selected clip's file in a file browser; the history window stays open.
     void revealInFinder();
-    /// The history window was closed by its user, not by a paste: ends a swop under way.
-    void windowClosedWithoutChoice();
+    /// The history window was closed: if by its user and not by a paste, that ends a swop under
+    /// way.
+    void windowClosed();
 
     // Store
     /// Where the user's applications keep what is theirs, each in a folder of its own.
@@ -183,6 +187,8 @@ private:
     /// otherwise.
     void askAboutDamagedSettings(const QWidget *over = nullptr);
     void tellUnwritableHistory();
+    /// What the open history says at its foot.
+    void updateFooter();
     /// Whether the welcome takes all input. Then it comes to the front, and `wish`, if it is not
     /// null, comes true once the welcome is closed.
     bool waitsForWelcome(void (AppDelegate::*wish)());
@@ -206,6 +212,7 @@ private:
     std::unique_ptr<SwopState> m_swopState;
     std::unique_ptr<ClipboardCapture> m_capture;
     std::unique_ptr<ClipPaster> m_paster;
+    std::unique_ptr<HistoryNotices> m_notices;
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<QTimer> m_timer;
     std::unique_ptr<WindowDelegate> m_windowController;

@@ -8,6 +8,8 @@
 #include "platform/Notifications.h"
 #include "platform/Pasteboard.h"
 
+#include <QPointer>
+
 #include <algorithm>
 #include <limits>
 
@@ -128,9 +130,8 @@ bool ClipboardCapture::isIgnored(const PasteboardContents &contents) const
 void ClipboardCapture::record(const PasteboardContents &contents)
 {
     const bool isRefused = isTooLarge(contents);
-    if (isRefused && m_settings.isNotificationsEnabled())
-        m_notifications.deliver(tr("The copied text was not recorded"),
-                                tr("The text is too large."));
+    if (isRefused)
+        refuse(contents);
     if (!contents.text)
         return;
     const std::optional<QString> filepath =
@@ -140,6 +141,18 @@ void ClipboardCapture::record(const PasteboardContents &contents)
             {contents.text, contents.rtf, contents.applicationName, filepath, isRefused});
     else if (!isRefused)
         m_history.addToClipList(contents.text, contents.rtf, contents.applicationName, filepath);
+}
+
+void ClipboardCapture::refuse(const PasteboardContents &contents)
+{
+    if (m_settings.isNotificationsEnabled())
+        m_notifications.deliver(tr("The copied text was not recorded"),
+                                tr("The text is too large."), [self = QPointer(this)] {
+                                    if (self)
+                                        Q_EMIT self->limitAsked();
+                                });
+    Q_EMIT refused(contents.text ? contents.text->toUtf8().size() : contents.tooLargeBytes,
+                   m_settings.getMaxStringSize());
 }
 
 bool ClipboardCapture::isTooLarge(const PasteboardContents &contents) const

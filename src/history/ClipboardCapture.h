@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 class CaptureSettings;
 class ClipHistory;
 class FrontApplication;
@@ -45,11 +47,19 @@ public:
     void setPaused(bool isPaused);
     bool isPaused() const { return m_isPaused; }
 
+Q_SIGNALS:
+    /// A copy was not recorded because its text is larger than `limit` bytes; `bytes` is absent
+    /// when it was not even read.
+    void refused(std::optional<qint64> bytes, qint64 limit);
+    /// The user wants to change the limit after a copy was refused.
+    void limitAsked();
+
 private:
     void nameApplication(PasteboardContents &contents) const;
     void examine(const PasteboardContents &contents);
     bool isIgnored(const PasteboardContents &contents) const;
     void record(const PasteboardContents &contents);
+    void refuse(const PasteboardContents &contents);
     bool isTooLarge(const PasteboardContents &contents) const;
 
     Pasteboard &m_pasteboard;

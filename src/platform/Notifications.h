@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// Short messages to the user outside our windows. Owned by Platform; used from the main thread.
 class Notifications
 {
@@ -14,5 +16,9 @@ public:
     /// Delivers a notification without waiting for it; where there is no notification server it
     /// is dropped with a log line. Never put a clip's text into one: notifications are kept and
     /// shown on lock screens.
-    virtual void deliver(const QString &title, const QString &subtitle) = 0;
+    void deliver(const QString &title, const QString &subtitle) { deliver(title, subtitle, {}); }
+    /// As above; `activated` runs when the user clicks the notification, if the server tells of
+    /// clicks. It may be called as long as this object lives.
+    virtual void deliver(const QString &title, const QString &subtitle,
+                         const std::function<void()> &activated) = 0;
 };

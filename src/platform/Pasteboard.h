@@ -32,6 +32,9 @@ struct PasteboardContents
     bool isOursInFront = false;
     /// Reading stopped because the text passed the size set with setLargestUsefulText.
     bool isTextTooLarge = false;
+    /// Size in bytes of UTF-8 of a text that is too large; absent when reading stopped before it
+    /// was known.
+    std::optional<qint64> tooLargeBytes;
     /// False when a conversion was refused, stalled or timed out, so that a format is missing.
     bool isComplete = true;
     /// The owner marked the copy as a secret. Such contents are never fetched: every format above

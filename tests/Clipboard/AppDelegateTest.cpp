@@ -381,6 +381,43 @@ TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
     EXPECT_EQ(clips(), QStringList{QStringLiteral("after the answer")});
 }
 
+TEST_F(AppDelegateTest, aRefusedCopyIsToldOnceAtTheNextOpeningAndAClickLeadsToItsLimit)
+{
+    AppDelegate &delegate = start();
+    const auto *footer = delegate.window()->findChild<QLabel *>(QStringLiteral("footer"));
+    QLineEdit &limit = *delegate.generalPane().maxStringSizeTextField;
+    copy(QString(11'000, u'x'));
+    copy(QString(12'345, u'x'));
+    EXPECT_TRUE(clips().isEmpty());
+    EXPECT_TRUE(footer->isHidden());
+    delegate.launch();
+    EXPECT_FALSE(footer->isHidden());
+    EXPECT_EQ(footer->text(),
+              QStringLiteral("A copy of 12,345 bytes was not recorded; the limit is 10,000"));
+    delegate.launch();
+    EXPECT_FALSE(footer->isHidden());
+    delegate.viewController()->hide();
+    delegate.launch();
+    EXPECT_TRUE(footer->isHidden());
+    delegate.viewController()->hide();
+
+    m_platform.notifications.click();
+    const auto *preferences = window<CCNPreferencesWindow>();
+    ASSERT_TRUE(preferences);
+    EXPECT_TRUE(preferences->isVisible());
+    EXPECT_EQ(preferences->focusWidget(), &limit);
+    EXPECT_EQ(limit.selectedText(), QStringLiteral("10000"));
+
+    // Of this one the size is not known.
+    PasteboardContents contents;
+    contents.isTextTooLarge = true;
+    m_platform.pasteboard.copyFromOutside(contents);
+    delegate.launch();
+    EXPECT_EQ(footer->text(),
+              QStringLiteral("A copy was not recorded; it is larger than the limit of 10,000 "
+                             "bytes"));
+}
+
 TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnswered)
 {
     m_platform.settings.setDamaged(true);

@@ -298,6 +298,13 @@ void PreferencesGeneralViewController::maxItemsChosen(int value)
     sliderMoved(value);
 }
 
+void PreferencesGeneralViewController::selectMaxStringSize()
+{
+    QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
+    field.setFocus(Qt::OtherFocusReason);
+    field.selectAll();
+}
+
 void PreferencesGeneralViewController::maxStringSizeEdited(const QString &text)
 {
     if (!text.isEmpty()) {

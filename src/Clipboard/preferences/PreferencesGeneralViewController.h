@@ -59,6 +59,8 @@ public:
     /// the number before.
     qint64 getMaxStringSize() const;
     bool isNotificationsEnabled() const;
+    /// Puts the keyboard into the field of the largest text, its number selected.
+    void selectMaxStringSize();
 
     bool welcomeWindowShown() const { return m_welcomeWindowShown; }
     void setWelcomeWindowShown(bool isShown) { m_welcomeWindowShown = isShown; }

@@ -10,6 +10,7 @@
 #include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/SearchField.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -95,7 +96,14 @@ void HistoryViews::setColors(const ClipColors &colors)
 
 void HistoryViews::setFooter(const QString &text)
 {
+    if (footer->text() == text)
+        return;
     footer->setText(text);
     footer->setVisible(!text.isEmpty());
     placeEmptyState();
+    if (!text.isEmpty()) {
+        // The keyboard is in the search field, so nobody would come across the footer.
+        QAccessibleEvent alert(footer, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
 }

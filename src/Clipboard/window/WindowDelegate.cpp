@@ -36,7 +36,7 @@ WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
     connect(m_window.get(), &ClipboardWindow::themeChanged, m_viewController.get(),
             &ViewController::applyTheme);
     connect(m_viewController.get(), &ViewController::didHide, &m_appDelegate,
-            &AppDelegate::windowClosedWithoutChoice);
+            &AppDelegate::windowClosed);
 
     m_recheckTimer.setInterval(kRecheckInterval);
     connect(&m_recheckTimer, &QTimer::timeout, this, &WindowDelegate::windowDeactivated);

@@ -14,6 +14,7 @@ Q_LOGGING_CATEGORY(lcNotifications, "quillmarsh.platform.notifications", QtInfoM
 
 const auto kService = QStringLiteral("org.freedesktop.Notifications");
 const auto kPath = QStringLiteral("/org/freedesktop/Notifications");
+const auto kClick = QStringLiteral("default");
 /// The server chooses how long a notification stays.
 constexpr int kServersOwnTimeout = -1;
 
@@ -28,11 +29,19 @@ FreedesktopNotifications::FreedesktopNotifications(QDBusConnection bus,
     m_serverWatcher.setConnection(m_bus);
     m_serverWatcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     m_serverWatcher.addWatchedService(kService);
-    connect(&m_serverWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this] { m_hasBodyMarkup.reset(); });
+    connect(&m_serverWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] {
+        m_abilities.reset();
+        // Another server gives the same numbers to other notifications.
+        m_activations.clear();
+    });
+    m_bus.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
+                  SLOT(actionInvoked(uint, QString)));
+    m_bus.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
+                  SLOT(notificationClosed(uint, uint)));
 }
 
-void FreedesktopNotifications::deliver(const QString &title, const QString &subtitle)
+void FreedesktopNotifications::deliver(const QString &title, const QString &subtitle,
+                                       const std::function<void()> &activated)
 {
     // Without a bus a pending call would never finish, so nothing would be said about it.
     if (!m_bus.isConnected()) {
@@ -40,11 +49,11 @@ void FreedesktopNotifications::deliver(const QString &title, const QString &subt
                   qUtf8Printable(title));
         return;
     }
-    if (m_hasBodyMarkup) {
-        send(title, subtitle);
+    if (m_abilities) {
+        send({title, subtitle, activated});
         return;
     }
-    m_waiting.append({title, subtitle});
+    m_waiting.append({title, subtitle, activated});
     if (!m_isAsking)
         askCapabilities();
 }
@@ -64,28 +73,52 @@ void FreedesktopNotifications::askCapabilities()
             drop(reply.error());
             return;
         }
-        m_hasBodyMarkup = !reply.isError() && reply.value().contains(QStringLiteral("body-markup"));
-        for (const auto &[title, subtitle] : waiting)
-            send(title, subtitle);
+        const QStringList capabilities = reply.isError() ? QStringList() : reply.value();
+        m_abilities = Abilities{capabilities.contains(QStringLiteral("body-markup")),
+                                capabilities.contains(QStringLiteral("actions"))};
+        for (const Message &message : waiting)
+            send(message);
     });
 }
 
-void FreedesktopNotifications::send(const QString &title, const QString &subtitle)
+void FreedesktopNotifications::send(const Message &message)
 {
     const QVariantMap hints{
         {QStringLiteral("desktop-entry"), Info::main().bundleIdentifier},
         {QStringLiteral("transient"), true},
     };
+    const Abilities abilities = m_abilities.value_or(Abilities());
+    QStringList actions;
+    // The action of this name is the click on the notification itself.
+    if (message.activated && abilities.hasActions)
+        actions << kClick << tr("Open");
     auto call = QDBusMessage::createMethodCall(kService, kPath, kService, QStringLiteral("Notify"));
-    call << QStringLiteral("Quillmarsh") << uint(0) << Info::main().bundleIdentifier << title
-         << (m_hasBodyMarkup.value_or(false) ? subtitle.toHtmlEscaped() : subtitle) << QStringList()
-         << hints << kServersOwnTimeout;
+    call << QStringLiteral("Quillmarsh") << uint(0) << Info::main().bundleIdentifier
+         << message.title
+         << (abilities.hasBodyMarkup ? message.subtitle.toHtmlEscaped() : message.subtitle)
+         << actions << hints << kServersOwnTimeout;
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, m_answerLimitMs), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        if (watcher->isError())
-            drop(watcher->error());
-    });
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, watcher, activated = message.activated] {
+                watcher->deleteLater();
+                const QDBusPendingReply<uint> reply = *watcher;
+                if (reply.isError())
+                    drop(reply.error());
+                else if (activated)
+                    m_activations.insert(reply.value(), activated);
+            });
+}
+
+void FreedesktopNotifications::actionInvoked(uint id, const QString &action)
+{
+    const auto activated = m_activations.value(id);
+    if (activated && action == kClick)
+        activated();
+}
+
+void FreedesktopNotifications::notificationClosed(uint id, uint)
+{
+    m_activations.remove(id);
 }
 
 void FreedesktopNotifications::drop(const QDBusError &error)

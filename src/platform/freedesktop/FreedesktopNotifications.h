@@ -4,12 +4,13 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <QHash>
 #include <QList>
 #include <QObject>
 
 #include <chrono>
+#include <functional>
 #include <optional>
-#include <utility>
 
 class QDBusError;
 
@@ -28,18 +29,40 @@ public:
                                       std::chrono::milliseconds answerLimit = kAnswerLimit);
 
     // ^Notifications
-    void deliver(const QString &title, const QString &subtitle) override;
+    using Notifications::deliver;
+    void deliver(const QString &title, const QString &subtitle,
+                 const std::function<void()> &activated) override;
+
+private Q_SLOTS:
+    // The server's signals.
+    void actionInvoked(uint id, const QString &action);
+    void notificationClosed(uint id, uint reason);
 
 private:
+    struct Message
+    {
+        QString title;
+        QString subtitle;
+        std::function<void()> activated; ///< Empty: a click means nothing.
+    };
+    /// What the server that runs now can do.
+    struct Abilities
+    {
+        bool hasBodyMarkup = false;
+        bool hasActions = false;
+    };
+
     void askCapabilities();
-    void send(const QString &title, const QString &subtitle);
+    void send(const Message &message);
     void drop(const QDBusError &error);
 
     QDBusConnection m_bus;
     int m_answerLimitMs;
     QDBusServiceWatcher m_serverWatcher;
     /// Absent until the server that runs now has answered.
-    std::optional<bool> m_hasBodyMarkup;
+    std::optional<Abilities> m_abilities;
     bool m_isAsking = false;
-    QList<std::pair<QString, QString>> m_waiting;
+    QList<Message> m_waiting;
+    /// What a click does, by the server's numbers of the notifications that it still shows.
+    QHash<uint, std::function<void()>> m_activations;
 };

@@ -13,6 +13,7 @@ void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
         contents.fileNames.clear();
     }
     if (contents.text && contents.text->toUtf8().size() > m_largestUsefulText) {
+        contents.tooLargeBytes = contents.text->toUtf8().size();
         contents.text.reset();
         contents.isTextTooLarge = true;
     }

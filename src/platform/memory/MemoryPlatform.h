@@ -112,15 +112,25 @@ class MemoryNotifications : public Notifications
 public:
     /// Title and subtitle of each, oldest first.
     const QList<std::pair<QString, QString>> &delivered() const { return m_delivered; }
+    /// Clicks the latest one; nothing happens when it cannot be clicked.
+    void click() const
+    {
+        if (m_activated)
+            m_activated();
+    }
 
     // ^Notifications
-    void deliver(const QString &title, const QString &subtitle) override
+    using Notifications::deliver;
+    void deliver(const QString &title, const QString &subtitle,
+                 const std::function<void()> &activated) override
     {
         m_delivered.append({title, subtitle});
+        m_activated = activated;
     }
 
 private:
     QList<std::pair<QString, QString>> m_delivered;
+    std::function<void()> m_activated;
 };
 
 class MemoryWorkspace : public Workspace

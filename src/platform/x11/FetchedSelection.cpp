@@ -10,6 +10,8 @@ PasteboardContents FetchedSelection::contents(qint64 largestUsefulText) const
     contents.isComplete = isComplete;
     contents.fileNames = fileNames;
     contents.isTextTooLarge = isTextTooLarge || (text && text->size() > largestUsefulText);
+    if (text && contents.isTextTooLarge)
+        contents.tooLargeBytes = text->size();
     if (text && !contents.isTextTooLarge)
         contents.text = SelectionText::fromUtf8(*text);
     if (rtf && !contents.isTextTooLarge)

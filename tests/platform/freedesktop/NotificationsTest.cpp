@@ -17,6 +17,7 @@ public:
     {
         QString summary;
         QString body;
+        QStringList actions;
         QVariantMap hints;
     };
 
@@ -28,11 +29,15 @@ public:
 public Q_SLOTS:
     QStringList GetCapabilities() { return capabilities; }
     uint Notify(const QString &, uint, const QString &, const QString &summary, const QString &body,
-                const QStringList &, const QVariantMap &hints, int)
+                const QStringList &actions, const QVariantMap &hints, int)
     {
-        shown.append({summary, body, hints});
+        shown.append({summary, body, actions, hints});
         return static_cast<uint>(shown.size());
     }
+
+Q_SIGNALS:
+    void ActionInvoked(uint id, const QString &action);
+    void NotificationClosed(uint id, uint reason);
 };
 
 namespace {
@@ -93,6 +98,45 @@ TEST(FreedesktopNotifications, aServerThatReadsMarkupGetsItsBodyEscapedEvenWhenI
         return shownBy(*plain, 1).last().body == QStringLiteral("&lt;b&gt; &amp; co");
     }));
     EXPECT_EQ(shownBy(*plain, 1).last().summary, QStringLiteral("T & T"));
+}
+
+TEST(FreedesktopNotifications, aClickDoesWhatItsNotificationIsForUntilThatIsClosed)
+{
+    const auto server = startServer();
+    FreedesktopNotifications notifications;
+    QStringList done;
+    const auto deliver = [&](const QString &name) {
+        notifications.deliver(name, QString(), [&done, name] { done.append(name); });
+    };
+    deliver(QStringLiteral("cannot be clicked here"));
+    EXPECT_EQ(shownBy(*server, 1).value(0).actions, QStringList());
+
+    server->vanish();
+    server->tell([](FakeServer &fake) { fake.capabilities << QStringLiteral("actions"); });
+    server->appear();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        deliver(QStringLiteral("first"));
+        return !shownBy(*server, 1).last().actions.isEmpty();
+    }));
+    deliver(QStringLiteral("second"));
+    notifications.deliver(QStringLiteral("plain"), QString());
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return shownBy(*server, 1).last().summary == QStringLiteral("plain"); }));
+    const auto plain = static_cast<uint>(shownBy(*server, 1).size());
+    EXPECT_EQ(shownBy(*server, 1).last().actions, QStringList());
+
+    server->tell([plain](FakeServer &fake) {
+        const uint second = plain - 1;
+        for (uint id = 1; id < second; ++id) {
+            Q_EMIT fake.NotificationClosed(id, 2);
+            Q_EMIT fake.ActionInvoked(id, QStringLiteral("default"));
+        }
+        Q_EMIT fake.ActionInvoked(second, QStringLiteral("other"));
+        Q_EMIT fake.ActionInvoked(plain, QStringLiteral("default"));
+        Q_EMIT fake.ActionInvoked(second, QStringLiteral("default"));
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !done.isEmpty(); }));
+    EXPECT_EQ(done, QStringList{QStringLiteral("second")});
 }
 
 TEST(FreedesktopNotifications, aHungServerCostsALineAndNoWait)

@@ -269,6 +269,7 @@ struct LargeRow
     qsizetype bytes;
     std::optional<quint32> claimedBytes;
     qsizetype mostSent;
+    qint64 toldBytes = 0; ///< As the size of what is too large.
 };
 
 class X11LargeTexts : public testing::TestWithParam<LargeRow>
@@ -287,6 +288,7 @@ TEST_P(X11LargeTexts, areReadNoFurtherThanTheyCanBeOfUse)
     const PasteboardContents contents = stage.change(1, {&owner});
     EXPECT_EQ(contents.isTextTooLarge, row.bytes > row.useful);
     EXPECT_EQ(contents.text ? contents.text->size() : 0, row.bytes > row.useful ? 0 : row.bytes);
+    EXPECT_EQ(contents.tooLargeBytes.value_or(0), row.toldBytes);
     EXPECT_LE(owner.sentBytes(), row.mostSent);
     owner.copy("next");
     EXPECT_EQ(stage.change(2, {&owner}).text, QStringLiteral("next"));
@@ -300,7 +302,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LargeRow{"fiftyUseful", 64 * kMiB, 50'000'000, {}, 50'000'000},
                     LargeRow{"announced", 10'000, 50'000'000, {}, 0},
                     LargeRow{"notAnnounced", 10'000, 50'000'000, 1, 4 * kMiB + 256'000},
-                    LargeRow{"keptForItsOwnersDeath", 10'000, 3'000'000, {}, 3'000'000}),
+                    LargeRow{"keptForItsOwnersDeath", 10'000, 3'000'000, {}, 3'000'000, 3'000'000}),
     [](const auto &row) { return std::string(row.param.name); });
 
 TEST(X11Owners, aSecretIsNotAskedForAndNeitherItNorWhatWasBeforeOutlivesItsOwner)
