@@ -87,7 +87,7 @@ class PreviewJourney(Journey):
         self.copy("drawing on paper")
         editor = self.editor("gtk")
         self.paste_with("Return", filter_text="file:drawing")
-        self.wait_for_text(editor, "drawing.svg")
+        self.wait_for_text(editor, self.file("drawing.svg"))
 
     def file_manager(self, folder):
         """Thunar showing `folder`, with the keyboard."""
