@@ -363,7 +363,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. تأتي التحديثات مع مدير الحزم في نظامك.</translation>
     </message>
 </context>
@@ -799,6 +799,14 @@ file: lists copied files.</source>
         <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
         <translation>لم تُسجَّل نسخة؛ فهي أكبر من الحد الأقصى البالغ %1 بايت</translation>
     </message>
+    <message>
+        <source>The copied picture is replaced</source>
+        <translation>استُبدلت الصورة المنسوخة</translation>
+    </message>
+    <message>
+        <source>What was copied is replaced</source>
+        <translation>استُبدل ما كان منسوخًا</translation>
+    </message>
 </context>
 <context>
     <name>HttpsExchange</name>
@@ -872,7 +880,7 @@ file: lists copied files.</source>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>ثبّت مدير الحزم في نظامك Quillmarsh، وهو الذي يحدّثه أيضًا.</translation>
     </message>
     <message>
@@ -1376,7 +1384,7 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>ليس للملف المنزَّل الحجم المعلَن.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>توقيع الملف المنزَّل ليس توقيع الناشر. لم يُثبَّت.</translation>
     </message>
     <message>

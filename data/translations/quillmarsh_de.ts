@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Sie kommen mit der Paketverwaltung Ihres Systems.</translation>
     </message>
 </context>
@@ -763,6 +763,14 @@ file: zeigt kopierte Dateien.</translation>
         <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
         <translation>Eine Kopie wurde nicht aufgezeichnet; sie ist größer als die Grenze von %1 Byte</translation>
     </message>
+    <message>
+        <source>The copied picture is replaced</source>
+        <translation>Das kopierte Bild ist ersetzt</translation>
+    </message>
+    <message>
+        <source>What was copied is replaced</source>
+        <translation>Das zuvor Kopierte ist ersetzt</translation>
+    </message>
 </context>
 <context>
     <name>HttpsExchange</name>
@@ -836,7 +844,7 @@ file: zeigt kopierte Dateien.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarsh wurde von der Paketverwaltung Ihres Systems installiert, die es auch aktualisiert.</translation>
     </message>
     <message>
@@ -1332,7 +1340,7 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <translation>Die geladene Datei hat nicht die angekündigte Größe.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>Die Signatur der geladenen Datei stammt nicht vom Herausgeber. Sie wurde nicht installiert.</translation>
     </message>
     <message>

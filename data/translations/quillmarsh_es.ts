@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Llegan con el gestor de paquetes del sistema.</translation>
     </message>
 </context>
@@ -763,6 +763,14 @@ file: muestra los archivos copiados.</translation>
         <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
         <translation>No se ha guardado una copia; supera el límite de %1 bytes</translation>
     </message>
+    <message>
+        <source>The copied picture is replaced</source>
+        <translation>La imagen copiada se ha reemplazado</translation>
+    </message>
+    <message>
+        <source>What was copied is replaced</source>
+        <translation>Lo que se había copiado se ha reemplazado</translation>
+    </message>
 </context>
 <context>
     <name>HttpsExchange</name>
@@ -836,7 +844,7 @@ file: muestra los archivos copiados.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarsh lo instaló el gestor de paquetes del sistema, que también lo actualiza.</translation>
     </message>
     <message>
@@ -1332,7 +1340,7 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <translation>El archivo descargado no tiene el tamaño anunciado.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>La firma del archivo descargado no es la del editor. No se ha instalado.</translation>
     </message>
     <message>

@@ -44,7 +44,7 @@
     </message>
     <message>
         <source>“%1” is not an application.</source>
-        <translation>« %1 » n’est pas une application.</translation>
+        <translation>«&#xa0;%1&#xa0;» n’est pas une application.</translation>
     </message>
 </context>
 <context>
@@ -101,7 +101,7 @@
     </message>
     <message>
         <source>A file could not be written: %1.</source>
-        <translation>Un fichier n’a pas pu être écrit : %1.</translation>
+        <translation>Un fichier n’a pas pu être écrit&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The update is damaged.</source>
@@ -293,8 +293,8 @@
     <message numerus="yes">
         <source>… and %Ln more characters, pasted in full</source>
         <translation>
-            <numerusform>… et encore %Ln caractère ; tout sera collé</numerusform>
-            <numerusform>… et encore %Ln caractères ; tout sera collé</numerusform>
+            <numerusform>… et encore %Ln caractère&#xa0;; tout sera collé</numerusform>
+            <numerusform>… et encore %Ln caractères&#xa0;; tout sera collé</numerusform>
         </translation>
     </message>
 </context>
@@ -335,7 +335,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>Ce Quillmarsh ne connaît aucune adresse de mise à jour. Les mises à jour viennent du gestionnaire de paquets du système.</translation>
     </message>
 </context>
@@ -347,7 +347,7 @@
     </message>
     <message>
         <source>They were set aside beside %1. The list of ignored applications was among them, so nothing is recorded until you decide.</source>
-        <translation>Ils ont été mis de côté près de %1. La liste des applications ignorées en faisait partie : rien n’est donc enregistré avant votre décision.</translation>
+        <translation>Ils ont été mis de côté près de %1. La liste des applications ignorées en faisait partie&#xa0;: rien n’est donc enregistré avant votre décision.</translation>
     </message>
     <message>
         <source>Start with fresh settings</source>
@@ -384,12 +384,12 @@ Appuyez sur %1 pour y revenir.</translation>
     </message>
     <message>
         <source>Nothing matches “%1”</source>
-        <translation>Rien ne correspond à « %1 »</translation>
+        <translation>Rien ne correspond à «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>* stands for any text and ? for one character;
 file: lists copied files.</source>
-        <translation>* remplace n’importe quel texte et ? un caractère ;
+        <translation>* remplace n’importe quel texte et&#xa0;? un caractère&#xa0;;
 file: montre les fichiers copiés.</translation>
     </message>
 </context>
@@ -413,11 +413,11 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>This build knows no address to send to: the text is saved in %1, and your mail program opens so that you can attach it.</source>
-        <translation>Cette version ne connaît aucune adresse d’envoi : le texte est enregistré dans %1 et votre logiciel de messagerie s’ouvre pour que vous puissiez le joindre.</translation>
+        <translation>Cette version ne connaît aucune adresse d’envoi&#xa0;: le texte est enregistré dans %1 et votre logiciel de messagerie s’ouvre pour que vous puissiez le joindre.</translation>
     </message>
     <message>
         <source>Saved as %1. Attach it to the mail that opens; if none does, send the file.</source>
-        <translation>Enregistré sous %1. Joignez-le au message qui s’ouvre ; si aucun ne s’ouvre, envoyez le fichier.</translation>
+        <translation>Enregistré sous %1. Joignez-le au message qui s’ouvre&#xa0;; si aucun ne s’ouvre, envoyez le fichier.</translation>
     </message>
 </context>
 <context>
@@ -436,7 +436,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>The text cannot be kept for later. Copy it elsewhere; closing again discards it.</source>
-        <translation>Le texte ne peut pas être conservé. Copiez-le ailleurs ; fermer de nouveau l’efface.</translation>
+        <translation>Le texte ne peut pas être conservé. Copiez-le ailleurs&#xa0;; fermer de nouveau l’efface.</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -460,7 +460,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>Too long: %1 of at most %2 characters.</source>
-        <translation>Trop long : %1 caractères sur %2 au plus.</translation>
+        <translation>Trop long&#xa0;: %1 caractères sur %2 au plus.</translation>
     </message>
 </context>
 <context>
@@ -491,11 +491,11 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>&amp;Message:</source>
-        <translation>&amp;Message :</translation>
+        <translation>&amp;Message&#xa0;:</translation>
     </message>
     <message>
         <source>Mail &amp;address:</source>
-        <translation>&amp;Adresse de courriel :</translation>
+        <translation>&amp;Adresse de courriel&#xa0;:</translation>
     </message>
     <message>
         <source>Only what you see here is sent, never a clip.</source>
@@ -503,7 +503,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>Add the &amp;line “%1”</source>
-        <translation>Ajouter la &amp;ligne « %1 »</translation>
+        <translation>Ajouter la &amp;ligne «&#xa0;%1&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -656,7 +656,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>Still waiting for a key. A combination that the desktop keeps for itself never gets here; choose another one.</source>
-        <translation>Une touche est encore attendue. Une combinaison que le bureau se réserve n’arrive jamais ici ; choisissez-en une autre.</translation>
+        <translation>Une touche est encore attendue. Une combinaison que le bureau se réserve n’arrive jamais ici&#xa0;; choisissez-en une autre.</translation>
     </message>
     <message>
         <source>Swop pastes a clip over the selected text and keeps that text as the newest clip.</source>
@@ -664,11 +664,11 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>Start-up:</source>
-        <translation>Démarrage :</translation>
+        <translation>Démarrage&#xa0;:</translation>
     </message>
     <message>
         <source>Messages:</source>
-        <translation>Messages :</translation>
+        <translation>Messages&#xa0;:</translation>
     </message>
     <message>
         <source>Tell you when a copy was too large to be recorded. Turned off, they stay off until Quillmarsh quits.</source>
@@ -676,11 +676,11 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>&amp;History size:</source>
-        <translation>Taille de l’&amp;historique :</translation>
+        <translation>Taille de l’&amp;historique&#xa0;:</translation>
     </message>
     <message>
         <source>Largest &amp;text:</source>
-        <translation>&amp;Texte le plus long :</translation>
+        <translation>&amp;Texte le plus long&#xa0;:</translation>
     </message>
     <message>
         <source>bytes</source>
@@ -692,11 +692,11 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>&amp;Open history:</source>
-        <translation>&amp;Ouvrir l’historique :</translation>
+        <translation>&amp;Ouvrir l’historique&#xa0;:</translation>
     </message>
     <message>
         <source>S&amp;wop:</source>
-        <translation>É&amp;change :</translation>
+        <translation>É&amp;change&#xa0;:</translation>
     </message>
     <message>
         <source>The desktop’s list of start-up programs could not be written.</source>
@@ -763,6 +763,14 @@ file: montre les fichiers copiés.</translation>
         <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
         <translation>Une copie n’a pas été enregistrée&#xa0;; elle dépasse la limite de %1 octets</translation>
     </message>
+    <message>
+        <source>The copied picture is replaced</source>
+        <translation>L’image copiée est remplacée</translation>
+    </message>
+    <message>
+        <source>What was copied is replaced</source>
+        <translation>Ce qui était copié est remplacé</translation>
+    </message>
 </context>
 <context>
     <name>HttpsExchange</name>
@@ -776,7 +784,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>The server %1 was not found. Are you connected to the internet?</source>
-        <translation>Le serveur %1 est introuvable. Êtes-vous connecté à Internet ?</translation>
+        <translation>Le serveur %1 est introuvable. Êtes-vous connecté à Internet&#xa0;?</translation>
     </message>
     <message>
         <source>The server %1 cannot be reached.</source>
@@ -796,7 +804,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>The connection failed: %1.</source>
-        <translation>La connexion a échoué : %1.</translation>
+        <translation>La connexion a échoué&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The server took too long to answer.</source>
@@ -836,7 +844,7 @@ file: montre les fichiers copiés.</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarsh a été installé par le gestionnaire de paquets du système, qui le met aussi à jour.</translation>
     </message>
     <message>
@@ -872,7 +880,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>May the report be sent, so that the fault can be found? It says which version failed, how, and at which place in the program. It holds no clip and no other text of yours. If you do not send it, it is deleted.</source>
-        <translation>Le rapport peut-il être envoyé, afin que le défaut soit trouvé ? Il indique la version en cause, ce qui s’est passé et à quel endroit du programme. Il ne contient aucun extrait ni aucun autre texte de votre part. Si vous ne l’envoyez pas, il est supprimé.</translation>
+        <translation>Le rapport peut-il être envoyé, afin que le défaut soit trouvé&#xa0;? Il indique la version en cause, ce qui s’est passé et à quel endroit du programme. Il ne contient aucun extrait ni aucun autre texte de votre part. Si vous ne l’envoyez pas, il est supprimé.</translation>
     </message>
     <message>
         <source>Report</source>
@@ -896,7 +904,7 @@ file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>%1 The report is kept, and you will be asked at the next start.</source>
-        <translation>%1 Le rapport est conservé ; la question reviendra au prochain démarrage.</translation>
+        <translation>%1 Le rapport est conservé&#xa0;; la question reviendra au prochain démarrage.</translation>
     </message>
     <message>
         <source>Try Again</source>
@@ -946,7 +954,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>This shortcut cannot be used because it is already used by the menu item ‘%1’.</source>
-        <translation>Ce raccourci ne peut pas être utilisé, car il est déjà celui de l’élément de menu « %1 ».</translation>
+        <translation>Ce raccourci ne peut pas être utilisé, car il est déjà celui de l’élément de menu «&#xa0;%1&#xa0;».</translation>
     </message>
 </context>
 <context>
@@ -1103,7 +1111,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>at half past two</source>
-        <translation>à 14 h 30</translation>
+        <translation>à 14&#xa0;h&#xa0;30</translation>
     </message>
     <message>
         <source>Reed Lane 7</source>
@@ -1145,7 +1153,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>Start typing as soon as the window opens. * stands for any text, ? for one character, and file: lists copied files.</source>
-        <translation>Tapez dès que la fenêtre s’ouvre. * remplace n’importe quel texte, ? un caractère, et file: montre les fichiers copiés.</translation>
+        <translation>Tapez dès que la fenêtre s’ouvre. * remplace n’importe quel texte,&#xa0;? un caractère, et file: montre les fichiers copiés.</translation>
     </message>
     <message>
         <source>Choose</source>
@@ -1255,7 +1263,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>The download could not be written: %1.</source>
-        <translation>Le téléchargement n’a pas pu être écrit : %1.</translation>
+        <translation>Le téléchargement n’a pas pu être écrit&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The server sent less than was announced.</source>
@@ -1286,7 +1294,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>It offers a version that is not a number: “%1”.</source>
-        <translation>Elle propose une version qui n’est pas un nombre : « %1 ».</translation>
+        <translation>Elle propose une version qui n’est pas un nombre&#xa0;: «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>Version %1 has no known channel.</source>
@@ -1321,7 +1329,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>The update could not be put in its place: %1.</source>
-        <translation>La mise à jour n’a pas pu être mise en place : %1.</translation>
+        <translation>La mise à jour n’a pas pu être mise en place&#xa0;: %1.</translation>
     </message>
     <message>
         <source>The downloaded file is gone.</source>
@@ -1332,7 +1340,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <translation>Le fichier téléchargé n’a pas la taille annoncée.</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>La signature du fichier téléchargé n’est pas celle de l’éditeur. Il n’a pas été installé.</translation>
     </message>
     <message>
@@ -1364,7 +1372,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>Signatures cannot be checked, so nothing is installed.</source>
-        <translation>Les signatures ne peuvent pas être vérifiées : rien n’est donc installé.</translation>
+        <translation>Les signatures ne peuvent pas être vérifiées&#xa0;: rien n’est donc installé.</translation>
     </message>
 </context>
 <context>
@@ -1427,7 +1435,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>You have version %1. %2 restarts when the update is installed; your history and your settings stay as they are.</source>
-        <translation>Vous avez la version %1. %2 redémarre une fois la mise à jour installée ; l’historique et les réglages restent tels quels.</translation>
+        <translation>Vous avez la version %1. %2 redémarre une fois la mise à jour installée&#xa0;; l’historique et les réglages restent tels quels.</translation>
     </message>
     <message>
         <source>%1 of %2</source>
@@ -1474,7 +1482,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <name>ViewController</name>
     <message>
         <source>%1 of %2: %3</source>
-        <translation>%1 sur %2 : %3</translation>
+        <translation>%1 sur %2&#xa0;: %3</translation>
     </message>
     <message>
         <source>Swop: no selection is held, so the clip is only pasted</source>
@@ -1528,7 +1536,7 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>typing narrows it: part of a word is enough</source>
-        <translation>taper filtre : une partie d’un mot suffit</translation>
+        <translation>taper filtre&#xa0;: une partie d’un mot suffit</translation>
     </message>
     <message>
         <source>choose a clip</source>
@@ -1582,11 +1590,11 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
     <message>
         <source>Never recorded: what a password manager marks as secret, and copies from the applications that you list in Preferences.</source>
-        <translation>Jamais enregistré : ce qu’un gestionnaire de mots de passe marque comme secret, et les copies des applications listées dans les préférences.</translation>
+        <translation>Jamais enregistré&#xa0;: ce qu’un gestionnaire de mots de passe marque comme secret, et les copies des applications listées dans les préférences.</translation>
     </message>
     <message>
         <source>To delete a clip for good, press Super + Backspace in the history. To delete them all, choose “Clear All” in the menu.</source>
-        <translation>Pour supprimer définitivement un extrait, appuyez sur Super + Retour arrière dans l’historique. Pour tous les supprimer, choisissez « Tout effacer » dans le menu.</translation>
+        <translation>Pour supprimer définitivement un extrait, appuyez sur Super + Retour arrière dans l’historique. Pour tous les supprimer, choisissez «&#xa0;Tout effacer&#xa0;» dans le menu.</translation>
     </message>
     <message>
         <source>Yours alone</source>
@@ -1612,11 +1620,11 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <name>WelcomeWindowController</name>
     <message>
         <source>Open your history at any time: %1</source>
-        <translation>Ouvrez votre historique à tout moment : %1</translation>
+        <translation>Ouvrez votre historique à tout moment&#xa0;: %1</translation>
     </message>
     <message>
         <source>Open your history at any time: %1. The default is %2.</source>
-        <translation>Ouvrez votre historique à tout moment : %1. Par défaut : %2.</translation>
+        <translation>Ouvrez votre historique à tout moment&#xa0;: %1. Par défaut&#xa0;: %2.</translation>
     </message>
     <message>
         <source>The shortcut that opens the history, by default %1, is turned off.</source>

@@ -328,7 +328,7 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system's package manager.</source>
+        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
         <translation>このQuillmarshにはアップデートの確認先がありません。アップデートはシステムのパッケージマネージャーから届きます。</translation>
     </message>
 </context>
@@ -754,6 +754,14 @@ file: でコピーしたファイルだけを表示します。</translation>
         <source>A copy was not recorded; it is larger than the limit of %1 bytes</source>
         <translation>コピーは記録されませんでした。上限の%1バイトを超えています</translation>
     </message>
+    <message>
+        <source>The copied picture is replaced</source>
+        <translation>コピーした画像は置き換えられました</translation>
+    </message>
+    <message>
+        <source>What was copied is replaced</source>
+        <translation>コピーした内容は置き換えられました</translation>
+    </message>
 </context>
 <context>
     <name>HttpsExchange</name>
@@ -827,7 +835,7 @@ file: でコピーしたファイルだけを表示します。</translation>
 <context>
     <name>Installation</name>
     <message>
-        <source>Quillmarsh was installed by your system's package manager, which also updates it.</source>
+        <source>Quillmarsh was installed by your system&apos;s package manager, which also updates it.</source>
         <translation>Quillmarshはシステムのパッケージマネージャーでインストールされており、更新もそこから行われます。</translation>
     </message>
     <message>
@@ -1321,7 +1329,7 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>ダウンロードしたファイルのサイズが予告と異なります。</translation>
     </message>
     <message>
-        <source>The signature of the downloaded file is not the publisher's. It was not installed.</source>
+        <source>The signature of the downloaded file is not the publisher&apos;s. It was not installed.</source>
         <translation>ダウンロードしたファイルの署名が発行元のものではないため、インストールしませんでした。</translation>
     </message>
     <message>

@@ -106,7 +106,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_paster = std::make_unique<ClipPaster>(platform, *m_liveSettings, *m_history, *m_capture,
                                             *m_swopState, *m_hotKeyManager, *m_pasteWindow,
                                             ClipPaster::Waits());
-    m_notices = std::make_unique<HistoryNotices>(*m_capture);
+    m_notices = std::make_unique<HistoryNotices>(*m_capture, *m_paster);
     connect(m_capture.get(), &ClipboardCapture::limitAsked, this, &AppDelegate::openTextLimit);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);

@@ -1,19 +1,24 @@
 #include "Clipboard/HistoryNotices.h"
 
+#include "history/ClipPaster.h"
 #include "history/ClipboardCapture.h"
 
 #include <QLocale>
+#include <QStringList>
 
 #include <utility>
 
-HistoryNotices::HistoryNotices(const ClipboardCapture &capture)
+HistoryNotices::HistoryNotices(const ClipboardCapture &capture, const ClipPaster &paster)
 {
     connect(&capture, &ClipboardCapture::refused, this, &HistoryNotices::copyRefused);
+    connect(&paster, &ClipPaster::unrecordedReplaced, this, &HistoryNotices::unrecordedReplaced);
 }
 
 void HistoryNotices::historyOpens()
 {
-    m_text = std::exchange(m_refusal, QString());
+    QStringList lines{std::exchange(m_refusal, QString()), std::exchange(m_replacement, QString())};
+    lines.removeAll(QString());
+    m_text = lines.join(u'\n');
 }
 
 void HistoryNotices::copyRefused(std::optional<qint64> bytes, qint64 limit)
@@ -24,4 +29,10 @@ void HistoryNotices::copyRefused(std::optional<qint64> bytes, qint64 limit)
                    static_cast<int>(*bytes))
                     .arg(most)
               : tr("A copy was not recorded; it is larger than the limit of %1 bytes").arg(most);
+}
+
+void HistoryNotices::unrecordedReplaced(bool wasPicture)
+{
+    m_replacement =
+        wasPicture ? tr("The copied picture is replaced") : tr("What was copied is replaced");
 }

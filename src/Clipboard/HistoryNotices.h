@@ -5,6 +5,7 @@
 
 #include <optional>
 
+class ClipPaster;
 class ClipboardCapture;
 
 /// What happened to copies while nobody looked: the history says each of it at its foot the next
@@ -14,8 +15,8 @@ class HistoryNotices : public QObject
     Q_OBJECT
 
 public:
-    /// `capture` must outlive this object.
-    explicit HistoryNotices(const ClipboardCapture &capture);
+    /// Both must outlive this object.
+    HistoryNotices(const ClipboardCapture &capture, const ClipPaster &paster);
 
     /// From now on text() tells what has happened since the last opening.
     void historyOpens();
@@ -26,7 +27,9 @@ public:
 
 private:
     void copyRefused(std::optional<qint64> bytes, qint64 limit);
+    void unrecordedReplaced(bool wasPicture);
 
     QString m_refusal; ///< The latest, because its text is what the user misses.
+    QString m_replacement;
     QString m_text;
 };

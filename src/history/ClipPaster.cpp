@@ -12,6 +12,7 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -23,6 +24,24 @@ QString formatted(const QString &text, const std::optional<QString> &format)
     if (format == QStringLiteral("lower"))
         return text.toLower();
     return text;
+}
+
+bool isPicture(const PasteboardContents &contents)
+{
+    return std::any_of(contents.types.begin(), contents.types.end(), [](const QString &type) {
+        return type.startsWith(QStringLiteral("image/"));
+    });
+}
+
+/// Whether the history could not record it, although it was free to.
+bool isUnrecorded(const PasteboardContents &contents)
+{
+    if (contents.isOwnWrite || contents.isConcealed || (contents.text && !contents.text->isEmpty()))
+        return false;
+    // Owners of nothing have formats too, which tell about the copy.
+    return contents.isTextTooLarge ||
+           std::any_of(contents.types.begin(), contents.types.end(),
+                       [](const QString &type) { return type.contains(u'/'); });
 }
 
 } // namespace
@@ -81,7 +100,7 @@ ClipPaster::Outcome ClipPaster::pasteString(const ClipItem &item,
     const std::optional<QString> text = item.strValue();
     // The RTF keeps its stored case on purpose: an application that prefers rich text pastes the
     // clip as it was copied.
-    if (text && !setPasteboardString(formatted(*text, format), item.rtfValue()))
+    if (text && !replaceBy({formatted(*text, format), item.rtfValue(), {}}))
         return Outcome::NotWritten;
     m_window.hideApp();
     return text ? typeIntoTarget() : Outcome::NothingToType;
@@ -91,13 +110,23 @@ ClipPaster::Outcome ClipPaster::pasteFile(const ClipItem &item)
 {
     const QString filepath = *item.filepath();
     const bool exists = m_platform.workspace->fileExists(filepath);
-    if (exists && !setPasteboardFile(item.strValue(), filepath))
+    if (exists && !replaceBy({item.strValue(), std::nullopt, {filepath}}))
         return Outcome::NotWritten;
     m_window.hideApp();
     if (!exists && m_settings.isNotificationsEnabled())
         notifyFileNoLongerExists();
     m_window.cancelOperation();
     return exists ? typeIntoTarget() : Outcome::NothingToType;
+}
+
+bool ClipPaster::replaceBy(const PasteboardItem &item)
+{
+    const std::optional<PasteboardContents> present = m_platform.pasteboard->contents();
+    if (!m_platform.pasteboard->write(item))
+        return false;
+    if (present && isUnrecorded(*present))
+        Q_EMIT unrecordedReplaced(isPicture(*present));
+    return true;
 }
 
 ClipPaster::Outcome ClipPaster::typeIntoTarget()

@@ -73,6 +73,11 @@ public:
 
     void notifyFileNoLongerExists();
 
+Q_SIGNALS:
+    /// A paste has taken the place of something that the history does not have, so that it stands
+    /// nowhere now.
+    void unrecordedReplaced(bool wasPicture);
+
 private:
     enum class Outcome {
         Typed,
@@ -87,6 +92,8 @@ private:
         std::optional<PasteboardContents> pasted;
     };
 
+    /// Writes the clip to be pasted.
+    bool replaceBy(const PasteboardItem &item);
     Outcome pasteString(const ClipItem &item, const std::optional<QString> &format);
     Outcome pasteFile(const ClipItem &item);
     Outcome typeIntoTarget();

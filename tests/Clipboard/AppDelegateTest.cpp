@@ -381,7 +381,7 @@ TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
     EXPECT_EQ(clips(), QStringList{QStringLiteral("after the answer")});
 }
 
-TEST_F(AppDelegateTest, aRefusedCopyIsToldOnceAtTheNextOpeningAndAClickLeadsToItsLimit)
+TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLeadsToTheLimit)
 {
     AppDelegate &delegate = start();
     const auto *footer = delegate.window()->findChild<QLabel *>(QStringLiteral("footer"));
@@ -399,6 +399,17 @@ TEST_F(AppDelegateTest, aRefusedCopyIsToldOnceAtTheNextOpeningAndAClickLeadsToIt
     delegate.viewController()->hide();
     delegate.launch();
     EXPECT_TRUE(footer->isHidden());
+    delegate.viewController()->hide();
+
+    copy(QStringLiteral("older"));
+    PasteboardContents picture;
+    picture.types = QStringList{QStringLiteral("image/png")};
+    m_platform.pasteboard.copyFromOutside(picture);
+    delegate.launch();
+    EXPECT_TRUE(footer->isHidden());
+    delegate.performPaste(0, std::nullopt);
+    delegate.launch();
+    EXPECT_EQ(footer->text(), QStringLiteral("The copied picture is replaced"));
     delegate.viewController()->hide();
 
     m_platform.notifications.click();

@@ -282,6 +282,53 @@ TEST_F(ClipPasterTest, aNegativeRowForgetsWhatASwopHolds)
     EXPECT_EQ(m_rig.texts().size(), 3);
 }
 
+TEST_F(ClipPasterTest, whatStandsNowhereElseIsNotReplacedUnseen)
+{
+    struct Row
+    {
+        const char *name;
+        PasteboardContents before;
+        QString said;
+    };
+    PasteboardContents picture;
+    picture.types = QStringList{QStringLiteral("TARGETS"), QStringLiteral("image/png")};
+    PasteboardContents captioned = picture;
+    captioned.text = QStringLiteral("caption");
+    PasteboardContents secret = picture;
+    secret.isConcealed = true;
+    PasteboardContents drawing;
+    drawing.types = QStringList{QStringLiteral("application/x-drawing")};
+    PasteboardContents nothing;
+    nothing.types = QStringList{QStringLiteral("TARGETS"), QStringLiteral("TIMESTAMP")};
+    PasteboardContents book;
+    book.text = QString(20'000, u'x');
+    const QString other = QStringLiteral("other");
+    const Row rows[] = {{"picture", picture, QStringLiteral("picture")},
+                        {"text with a picture", captioned, {}},
+                        {"secret", secret, {}},
+                        {"drawing", drawing, other},
+                        {"nothing", nothing, {}},
+                        {"too large", book, other}};
+    QStringList said;
+    QObject::connect(
+        &m_rig.paster, &ClipPaster::unrecordedReplaced, &m_rig.paster,
+        [&](bool wasPicture) { said.append(wasPicture ? QStringLiteral("picture") : other); });
+    m_rig.copy(QStringLiteral("older"));
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        said.clear();
+        m_rig.platform.pasteboard.copyFromOutside(row.before);
+        m_rig.platform.pasteboard.setWriteFails(true);
+        ExpectedWarnings::expect(QStringLiteral("could not be written"));
+        m_rig.paster.performPaste(0, std::nullopt);
+        EXPECT_EQ(said, QStringList());
+        m_rig.platform.pasteboard.setWriteFails(false);
+        m_rig.paster.performPaste(0, std::nullopt);
+        m_rig.paster.performPaste(0, std::nullopt);
+        EXPECT_EQ(said, row.said.isEmpty() ? QStringList() : QStringList{row.said});
+    }
+}
+
 TEST_F(ClipPasterTest, aSelectionThatIsTooLargeToBeRecordedIsLeftOnThePasteboard)
 {
     m_rig.settings.maxStringSize = 12;
