@@ -3,12 +3,15 @@
 #include "Clipboard/preferences/PaneParts.h"
 #include "Clipboard/window/Looks.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -27,7 +30,8 @@ QString joined(const QStringList &names)
 
 ApplicationsPaneView::ApplicationsPaneView(int rowHeight)
     : table(new QTableView), add(new QToolButton), remove(new QToolButton),
-      suggest(new QPushButton), m_emptyState(new QWidget(table)), m_emptyNote(new PaneNote)
+      suggest(new QPushButton), m_rowHeight(rowHeight), m_emptyState(new QWidget(table)),
+      m_emptyNote(new PaneNote)
 {
     table->setAccessibleName(tr("Ignored applications"));
     add->setText(QStringLiteral("+"));
@@ -40,7 +44,7 @@ ApplicationsPaneView::ApplicationsPaneView(int rowHeight)
         button->setFocusPolicy(Qt::StrongFocus);
         button->setFixedSize(30, 26);
     }
-    setUpTable(rowHeight);
+    setUpTable();
     setUpEmptyState();
     layOut();
 }
@@ -72,14 +76,28 @@ void ApplicationsPaneView::showEvent(QShowEvent *event)
     Q_EMIT appeared();
 }
 
-void ApplicationsPaneView::setUpTable(int rowHeight)
+void ApplicationsPaneView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitRowsToFont();
+}
+
+void ApplicationsPaneView::fitRowsToFont()
+{
+    // Qt hands the font on to the table afterwards.
+    const int height = std::max(m_rowHeight, fontMetrics().height());
+    table->verticalHeader()->setMinimumSectionSize(height);
+    table->verticalHeader()->setDefaultSectionSize(height);
+}
+
+void ApplicationsPaneView::setUpTable()
 {
     table->horizontalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->hide();
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setMinimumSectionSize(rowHeight);
-    table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    fitRowsToFont();
     table->setShowGrid(false);
     table->setIconSize({16, 16});
     table->setWordWrap(false);

@@ -15,7 +15,7 @@ class ApplicationsPaneView : public QWidget
     Q_OBJECT
 
 public:
-    /// `rowHeight` is in points.
+    /// `rowHeight` is in points; a larger font than fits into it makes the rows higher.
     explicit ApplicationsPaneView(int rowHeight);
 
     /// What an empty list says in the middle of its table, with a button that adds the
@@ -34,12 +34,15 @@ Q_SIGNALS:
 protected:
     // ^QWidget
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
-    void setUpTable(int rowHeight);
+    void setUpTable();
+    void fitRowsToFont();
     void setUpEmptyState();
     void layOut();
 
+    const int m_rowHeight;
     QWidget *m_emptyState;
     PaneNote *m_emptyNote;
 };

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 const QString kKey = QStringLiteral("applicationsToIgnore");
@@ -136,6 +138,19 @@ INSTANTIATE_TEST_SUITE_P(Ends, ChooserEnd,
                                          Ended{"sameName", true, "Mail.app", nullptr},
                                          Ended{"otherCase", true, "mail.app", "mail"}),
                          [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(ApplicationsPane, aLargerFontMakesHigherRowsAndASmallOneNoLowerOnes)
+{
+    add("Mail");
+    pane.view()->show();
+    QFont font = pane.view()->font();
+    for (const int size : {40, 8}) {
+        font.setPixelSize(size);
+        pane.view()->setFont(font);
+        const int textHeight = QFontMetrics(font).height();
+        EXPECT_EQ(pane.tableView->rowHeight(0), std::max(20, textHeight));
+    }
+}
 
 TEST_F(ApplicationsPane, removesTheSelectedRowWithItsButtonAndWithDelete)
 {
