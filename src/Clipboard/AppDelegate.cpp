@@ -76,7 +76,9 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
       m_launchAtLogin(*platform.loginItems, [this](const QString &line) { logTrace(line); })
 {
     GlobalShortcuts::connect(platform, [self = QPointer(this)] {
-        return self && self->m_statusMenu ? self->m_statusMenu->model() : MenuModel();
+        const AppDelegate *delegate = self.data();
+        const StatusMenu *menu = delegate ? delegate->m_statusMenu.get() : nullptr;
+        return menu ? menu->model() : MenuModel();
     });
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(platform);
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(platform);

@@ -330,7 +330,8 @@ void FieldPasteboard::paste(const TextField &field, Pasteboard::Selection select
     const QPointer<QWidget> widget = &field.widget();
     m_pasteboard.askText(selection, widget, [widget](const std::optional<QString> &text) {
         // It may come late, when the user has long since gone elsewhere.
-        const auto asking = widget && widget->isVisible() ? TextField::of(widget) : nullptr;
+        QWidget *asked = widget.data();
+        const auto asking = asked && asked->isVisible() ? TextField::of(asked) : nullptr;
         if (text && !text->isEmpty() && asking && asking->isEditable())
             asking->insert(*text);
     });

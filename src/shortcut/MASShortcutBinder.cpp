@@ -119,15 +119,14 @@ void MASShortcutBinder::release(const QString &key)
 
 void MASShortcutBinder::tryToRegister(const QString &key)
 {
-    setState(key, registered(key, m_actions.value(key)));
+    setState(key, registered(m_actions.value(key)));
     if (hotKeyState(key) != HotKeyState::Works)
         return;
     for (const QString &other : othersWith(*m_actions.value(key).wanted, key))
         setState(other, HotKeyState::DoublyBound);
 }
 
-MASShortcutBinder::HotKeyState MASShortcutBinder::registered(const QString &key,
-                                                             const Bound &bound) const
+MASShortcutBinder::HotKeyState MASShortcutBinder::registered(const Bound &bound) const
 {
     if (!m_shortcutMonitor || !bound.wanted)
         return HotKeyState::None;

@@ -101,7 +101,7 @@ private:
     /// Gives back the hot key of `key`, and hands it on to a key that waits for an equal one.
     void release(const QString &key);
     void tryToRegister(const QString &key);
-    HotKeyState registered(const QString &key, const Bound &bound) const;
+    HotKeyState registered(const Bound &bound) const;
     void retry();
     void setState(const QString &key, HotKeyState state);
     /// The other keys that want this very shortcut.

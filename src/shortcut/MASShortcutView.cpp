@@ -82,6 +82,11 @@ void MASShortcutView::setShortcutMonitor(MASShortcutMonitor *monitor)
     m_shortcutMonitor = monitor;
 }
 
+void MASShortcutView::setBeep(std::function<void()> beep)
+{
+    m_beep = std::move(beep);
+}
+
 void MASShortcutView::setRecording(bool isRecording)
 {
     ShortcutRecording &recording = ShortcutRecording::shared();

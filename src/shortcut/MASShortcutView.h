@@ -65,7 +65,7 @@ public:
     /// shared one at first.
     void setShortcutMonitor(MASShortcutMonitor *monitor);
     /// What sounds when a combination is not valid; the system beep at first.
-    void setBeep(std::function<void()> beep) { m_beep = std::move(beep); }
+    void setBeep(std::function<void()> beep);
 
     bool isRecording() const { return m_isRecording; }
     /// Waits for a combination, or stops waiting and keeps the old one. A disabled control does

@@ -276,10 +276,13 @@ TEST_P(EveryTextField, neverReachesTheToolkitsClipboard)
     QList<QPointer<QWidget>> widgets{window.get()};
     for (QWidget *child : window->findChildren<QWidget *>())
         widgets.append(child);
-    for (const QPointer<QWidget> &widget : widgets) {
-        const bool isField = widget && widget->isVisible() && TextField::of(widget);
-        const bool copies = widget && (qobject_cast<QMessageBox *>(widget) ||
-                                       qobject_cast<QAbstractItemView *>(widget));
+    for (const QPointer<QWidget> &remembered : widgets) {
+        QWidget *widget = remembered.data();
+        if (!widget)
+            continue;
+        const bool isField = widget->isVisible() && TextField::of(widget);
+        const bool copies =
+            qobject_cast<QMessageBox *>(widget) || qobject_cast<QAbstractItemView *>(widget);
         if (isField)
             use(*widget);
         else if (copies)

@@ -280,8 +280,9 @@ TEST(UpdateWindow, showsItsWordsWhateverItShowsFirst)
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
         for (const QLabel *label : window.findChildren<QLabel *>()) {
-            if (label->isVisible() && label->wordWrap())
+            if (label->isVisible() && label->wordWrap()) {
                 EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+            }
         }
     }
 }

@@ -13,7 +13,8 @@ ShortcutNote::ShortcutNote(MASShortcutView &recorder) : m_recorder(&recorder)
     recorder.setShortcutValueChange([this](const MASShortcutView &) { refresh(); });
     if (MASShortcutBinder *binder = MASShortcutBinder::sharedBinder())
         connect(binder, &MASShortcutBinder::hotKeyStateChanged, this, [this](const QString &key) {
-            if (m_recorder && key == m_recorder->associatedUserDefaultsKey())
+            const MASShortcutView *shown = m_recorder.data();
+            if (shown && key == shown->associatedUserDefaultsKey())
                 refresh();
         });
 }
