@@ -18,6 +18,7 @@ ClipColors lightColors()
     colors.panel = ClipTableView::myGray();
     colors.paper = QColor(0xff, 0xff, 0xff);
     colors.border = QColor(0, 0, 0, 46);
+    colors.outline = QColor(0x8a, 0x8a, 0x90);
     colors.separator = QColor(0xe2, 0xe2, 0xe5);
     colors.text = QColor(0x1d, 0x1d, 0x1f);
     colors.quietText = QColor(0x62, 0x62, 0x69);
@@ -37,6 +38,7 @@ ClipColors darkColors()
     colors.panel = QColor(0x26, 0x27, 0x2a);
     colors.paper = QColor(0x1e, 0x1f, 0x22);
     colors.border = QColor(255, 255, 255, 40);
+    colors.outline = QColor(0x7a, 0x7b, 0x82);
     colors.separator = QColor(0x38, 0x39, 0x3e);
     colors.text = QColor(0xec, 0xec, 0xee);
     colors.quietText = QColor(0xab, 0xab, 0xb3);

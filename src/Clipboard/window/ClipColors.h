@@ -12,6 +12,7 @@ struct ClipColors
     QColor panel;        ///< Behind the search field and the list.
     QColor paper;        ///< Behind the preview.
     QColor border;       ///< The hairline around the window; translucent.
+    QColor outline;      ///< Around a window without a shadow; stands out from `panel`.
     QColor separator;    ///< Lines inside the window.
     QColor text;         ///< What is read.
     QColor quietText;    ///< Running numbers, hints, the line under the preview.

@@ -1,6 +1,7 @@
 #include "Clipboard/window/ClipInfoLine.h"
 
 #include "Clipboard/window/Looks.h"
+#include "Clipboard/window/VisibleCharacters.h"
 #include "history/ClipItem.h"
 #include "platform/Clock.h"
 
@@ -30,7 +31,7 @@ QString sizeOf(const ClipItem &item)
     // A file's own size is told by its preview.
     if (item.filepath() || !item.strValue())
         return {};
-    const qsizetype count = item.strValue()->size();
+    const qint64 count = VisibleCharacters::count(*item.strValue());
     return count == 1 ? ClipInfoLine::tr("1 character")
                       : ClipInfoLine::tr("%Ln characters", nullptr, int(count));
 }

@@ -1,5 +1,6 @@
 #include "Clipboard/window/FramelessWindow.h"
 
+#include "Clipboard/window/ClipColors.h"
 #include "platform/WindowSpace.h"
 
 #include <QBitmap>
@@ -20,6 +21,7 @@ constexpr int kShadowCore = 8;   ///< Points of the nine-part picture that are s
 /// much further in to leave no gap below it.
 constexpr int kShadowCorner = kShadowReach + FramelessWindow::kCornerRadius + kShadowDrop;
 constexpr int kShadowAlpha = 92;
+constexpr int kOutline = 1; ///< Points, where there is no shadow.
 
 /// One pass of a box blur along a line of `count` alpha values that lie `stride` bytes apart.
 void blurLine(uchar *line, int count, int stride, int radius, std::vector<int> &scratch)
@@ -118,7 +120,15 @@ void FramelessWindow::setContentWidget(QWidget *content)
 {
     m_content = content;
     content->setParent(this);
-    content->setGeometry(contentRect());
+    placeContent();
+}
+
+void FramelessWindow::placeContent()
+{
+    if (m_content)
+        m_content->setGeometry(
+            m_hasShadow ? contentRect()
+                        : contentRect().adjusted(kOutline, kOutline, -kOutline, -kOutline));
 }
 
 QRect FramelessWindow::frame() const
@@ -151,6 +161,7 @@ void FramelessWindow::compositingChanged(bool isCompositing)
     const QRect kept = frame();
     m_hasShadow = isCompositing;
     setFrame(kept);
+    placeContent();
     updateMask();
     update();
 }
@@ -174,8 +185,9 @@ void FramelessWindow::updateMask()
 void FramelessWindow::paintEvent(QPaintEvent *)
 {
     if (!m_hasShadow) {
-        // The content's smooth corners blend with this, else with the black of an empty window.
-        QPainter(this).fillRect(rect(), palette().window());
+        // What the content leaves free is the outline, and its smooth corners blend with it. It
+        // stands out from the content, so that on a ground of either colour there is an edge.
+        QPainter(this).fillRect(rect(), ClipColors::ofPalette(palette()).outline);
         return;
     }
     const qreal scale = devicePixelRatioF();
@@ -190,8 +202,7 @@ void FramelessWindow::paintEvent(QPaintEvent *)
 void FramelessWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    if (m_content)
-        m_content->setGeometry(contentRect());
+    placeContent();
     updateMask();
 }
 

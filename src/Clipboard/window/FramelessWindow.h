@@ -10,7 +10,7 @@ class WindowSpace;
 
 /// A window without a title bar, with rounded corners and a shadow of its own. Its frame is what
 /// the user sees as the window; the widget is larger by the margin that the shadow needs. Without
-/// compositing there is no shadow and the widget is masked to the rounded frame.
+/// compositing there is a thin outline instead, and the widget is masked to the rounded frame.
 class FramelessWindow : public QWidget
 {
     Q_OBJECT
@@ -46,6 +46,7 @@ protected:
 private:
     void compositingChanged(bool isCompositing);
     QMargins shadowMargins() const;
+    void placeContent();
     void updateMask();
 
     bool m_hasShadow;

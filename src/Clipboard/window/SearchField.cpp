@@ -4,8 +4,10 @@
 #include "Clipboard/window/WindowIcons.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionFrame>
 #include <QToolButton>
 
 namespace {
@@ -15,6 +17,7 @@ constexpr int kIconExtent = 19;
 constexpr int kSideMargin = 16;
 constexpr int kTextGap = 11;
 constexpr int kClearExtent = 18;
+constexpr int kCaretGap = 6; ///< From where a text begins, and the caret, to the placeholder.
 
 } // namespace
 
@@ -80,7 +83,8 @@ void SearchField::setColors(const ClipColors &colors)
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, colors.text);
-    palette.setColor(QPalette::PlaceholderText, colors.quietText);
+    // Drawn here, because the field would draw it with the caret on its first letter.
+    palette.setColor(QPalette::PlaceholderText, Qt::transparent);
     palette.setColor(QPalette::Highlight, colors.selected);
     palette.setColor(QPalette::HighlightedText, colors.selectedText);
     setPalette(palette);
@@ -107,9 +111,35 @@ void SearchField::paintEvent(QPaintEvent *event)
     if (!qFuzzyCompare(m_magnifier.devicePixelRatio(), devicePixelRatioF()))
         updateIcons();
     QPainter painter(this);
+    if (text().isEmpty() && !m_isComposing)
+        drawPlaceholder(painter);
     const QRect icon(kSideMargin, (height() - kIconExtent) / 2, kIconExtent, kIconExtent);
     painter.drawPixmap(QStyle::visualRect(layoutDirection(), rect(), icon).topLeft(), m_magnifier);
     painter.fillRect(0, height() - 1, width(), 1, m_colors.separator);
+}
+
+void SearchField::drawPlaceholder(QPainter &painter)
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect line = style()
+                           ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+                           .marginsRemoved(textMargins());
+    const QRect place =
+        isRightToLeft() ? line.adjusted(0, 0, -kCaretGap, 0) : line.adjusted(kCaretGap, 0, 0, 0);
+    painter.setPen(m_colors.quietText);
+    painter.drawText(
+        place,
+        (isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter |
+            Qt::TextSingleLine,
+        painter.fontMetrics().elidedText(placeholderText(), Qt::ElideRight, place.width()));
+}
+
+void SearchField::inputMethodEvent(QInputMethodEvent *event)
+{
+    m_isComposing = !event->preeditString().isEmpty();
+    QLineEdit::inputMethodEvent(event);
+    update();
 }
 
 void SearchField::resizeEvent(QResizeEvent *event)

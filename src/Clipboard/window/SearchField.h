@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 
+class QPainter;
 class QToolButton;
 
 /// The generous search field at the top of the history window, with its magnifier and clear
@@ -25,6 +26,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    void inputMethodEvent(QInputMethodEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -32,8 +34,10 @@ private:
     void placeText();
     void updateFont();
     void updateIcons();
+    void drawPlaceholder(QPainter &painter);
 
     ClipColors m_colors;
     QToolButton *m_clearButton;
     QPixmap m_magnifier;
+    bool m_isComposing = false; ///< An input method shows a text that is not in the field yet.
 };

@@ -1,5 +1,6 @@
 #include "Clipboard/window/ClipInfoLine.h"
 #include "Clipboard/window/PreviewPane.h"
+#include "Clipboard/window/VisibleCharacters.h"
 #include "WindowRig.h"
 
 #include <QTimeZone>
@@ -30,6 +31,36 @@ TEST_F(ClipInfoLineTest, itTellsWhereWhenHowMuchAndHowOften)
     controller->deleteItem();
     EXPECT_EQ(line.text(), QString());
     EXPECT_EQ(line.toolTip(), QString());
+}
+
+TEST_F(ClipInfoLineTest, charactersAreWhatPeopleSee)
+{
+    struct Row
+    {
+        QString text;
+        qint64 count;
+        qsizetype emojiLength; ///< UTF-16 units that belong to emoji.
+    };
+    const Row rows[] = {
+        {QStringLiteral("a\r\nb\n"), 4, 0},
+        {QString::fromUcs4(U"e\u0301"), 1, 0},
+        {QString::fromUcs4(U"\U0001F1E9\U0001F1EA\U0001F1EF\U0001F1F5"), 2, 8},
+        {QString::fromUcs4(U"x\U0001F468\u200D\U0001F469\u200D\U0001F467"), 2, 8},
+        {QString::fromUcs4(U"\u2764\uFE0F 1\uFE0F\u20E3 \u2764\uFE0E 12"), 8, 5},
+        {QString::fromUcs4(U"\U0001F3F4\U000E0067\U000E0062\U000E007F."), 2, 8},
+        {QString::fromUcs4(U"\u65E5\u672C"), 2, 0},
+    };
+    for (const Row &row : rows) {
+        EXPECT_EQ(VisibleCharacters::count(row.text), row.count) << row.text.toStdString();
+        qsizetype length = 0;
+        for (const VisibleCharacters::Run &run : VisibleCharacters::emoji(row.text))
+            length += run.length;
+        EXPECT_EQ(length, row.emojiLength) << row.text.toStdString();
+    }
+    add(rows[3].text);
+    delegate.launch();
+    EXPECT_TRUE(
+        controller->textFieldView()->infoLine()->text().contains(QStringLiteral("2 characters")));
 }
 
 TEST_F(ClipInfoLineTest, timesAreToldAsAPersonWould)

@@ -61,6 +61,11 @@ TEST_F(ClipboardWindowTest, theShadowComesAndGoesWithCompositingAndTheFrameStays
     EXPECT_FALSE(mask.contains(QPoint(0, 0)));
     EXPECT_TRUE(mask.contains(QPoint(5, 0)));
     EXPECT_TRUE(mask.contains(QPoint(frame.width() - 6, frame.height() - 1)));
+    const QImage image = delegate.window()->grab().toImage();
+    const QColor inside = image.pixelColor(50, 3);
+    for (const QPoint &edge : {QPoint(50, 0), QPoint(0, 300), QPoint(image.width() - 1, 300),
+                               QPoint(50, image.height() - 1)})
+        EXPECT_GT(ClipColors::contrast(image.pixelColor(edge), inside), 3) << edge.x();
 
     memory.windowSpace.setCompositing(true);
     EXPECT_EQ(delegate.window()->frame(), frame);
