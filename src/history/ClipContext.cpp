@@ -15,6 +15,7 @@ constexpr qsizetype kFactsLimit = 1024;                 // records
 constexpr qsizetype kTextsLimit = 4 * 1024 * 1024;      // bytes
 constexpr qsizetype kShortTextsLimit = 2 * 1024 * 1024; // bytes
 constexpr qint64 kShortTextSource = 16 * 1024;          // bytes of UTF-8
+constexpr qsizetype kDrawnLength = 512;                 // characters, more than a row shows
 
 qsizetype costOf(const QString &text)
 {
@@ -26,14 +27,14 @@ bool isBlank(QChar character)
     return character == u'\t' || character.category() == QChar::Separator_Space;
 }
 
-/// Blanks at both ends go, line breaks only fall out: a text of several lines becomes one.
-QString lineOf(QStringView text)
+/// Blanks at both ends go.
+QStringView trimmed(QStringView text)
 {
     while (!text.isEmpty() && isBlank(text.front()))
         text = text.mid(1);
     while (!text.isEmpty() && isBlank(text.back()))
         text.chop(1);
-    return text.toString().remove(u'\n');
+    return text;
 }
 
 /// The text without its last character, of which a part may be missing.
@@ -252,12 +253,23 @@ QByteArray ClipContext::wholeText(const ClipItem &item)
 
 std::optional<QString> ClipContext::shortText(const ClipItem &item)
 {
+    return readShortText(item).line;
+}
+
+QString ClipContext::drawnText(const ClipItem &item)
+{
+    return readShortText(item).drawn;
+}
+
+ClipContext::ShortText ClipContext::readShortText(const ClipItem &item)
+{
     if (item.m_pk == 0)
         return makeShortText(item);
-    if (const std::optional<QString> *text = m_shortTexts.object(item.m_pk))
+    if (const ShortText *text = m_shortTexts.object(item.m_pk))
         return *text;
-    std::optional<QString> text = makeShortText(item);
-    m_shortTexts.insert(item.m_pk, new std::optional(text), costOf(text.value_or(QString())));
+    ShortText text = makeShortText(item);
+    m_shortTexts.insert(item.m_pk, new ShortText(text),
+                        costOf(text.line.value_or(QString())) + costOf(text.drawn));
     return text;
 }
 
@@ -266,21 +278,30 @@ void ClipContext::forgetShortText(const ClipItem &item)
     m_shortTexts.remove(item.m_pk);
 }
 
-std::optional<QString> ClipContext::makeShortText(const ClipItem &item)
+ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
 {
-    if (const std::optional<QString> filepath = item.filepath())
-        return QStringLiteral("File: ") + *filepath;
+    // Line breaks only fall out: a text of several lines becomes one.
+    const auto both = [](QStringView text) {
+        const QStringView kept = trimmed(text);
+        const auto *first = std::find_if_not(kept.begin(), kept.end(),
+                                             [](QChar character) { return character.isSpace(); });
+        return ShortText{kept.toString().remove(u'\n'),
+                         kept.mid(first - kept.begin(), kDrawnLength).toString()};
+    };
+    if (const std::optional<QString> filepath = item.filepath()) {
+        const QString line = QStringLiteral("File: ") + *filepath;
+        return {line, line};
+    }
     if (item.m_pk == 0) {
         const std::optional<QString> text = item.strValue();
-        return text ? std::optional(lineOf(QStringView(*text).left(kShortTextSource)))
-                    : std::nullopt;
+        return text ? both(QStringView(*text).left(kShortTextSource)) : ShortText();
     }
     const std::optional<ClipStore::TextStart> start = textStart(item, kShortTextSource);
     closeTextStart();
     if (!start)
-        return std::nullopt;
-    return lineOf(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
-                                                     : wholeCharacters(start->bytes));
+        return {};
+    return both(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
+                                                   : wholeCharacters(start->bytes));
 }
 
 bool ClipContext::isNewer(const ClipItem &one, const ClipItem &other)

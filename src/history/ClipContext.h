@@ -62,6 +62,7 @@ public:
     void closeTextStart() { m_store.closeTextStart(); }
 
     std::optional<QString> shortText(const ClipItem &item);
+    QString drawnText(const ClipItem &item);
     void forgetShortText(const ClipItem &item);
 
     /// The newer clip goes first; of one date the later record, and what has no date last.
@@ -75,7 +76,13 @@ private:
     void touch(const std::shared_ptr<ClipItem> &item);
     void rememberText(qint64 pk, const QString &text);
     void forgetValues();
-    std::optional<QString> makeShortText(const ClipItem &item);
+    struct ShortText
+    {
+        std::optional<QString> line; ///< Without line breaks.
+        QString drawn;               ///< The beginning, with them.
+    };
+    ShortText readShortText(const ClipItem &item);
+    ShortText makeShortText(const ClipItem &item);
 
     ClipStore m_store;
     Items m_changed; ///< Each once, in the order of their first change.
@@ -83,7 +90,7 @@ private:
 
     QCache<qint64, ClipValues> m_facts;
     QCache<qint64, QString> m_texts;
-    QCache<qint64, std::optional<QString>> m_shortTexts;
+    QCache<qint64, ShortText> m_shortTexts;
     qint64 m_latestPk = 0; ///< Whose text was read last; it is kept however long it is.
     QString m_latestText;
 };

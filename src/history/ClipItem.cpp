@@ -58,6 +58,11 @@ std::optional<qint32> ClipItem::pasteCount() const
     return m_context ? m_context->facts(*this).pasteCount : std::nullopt;
 }
 
+QString ClipItem::drawnText() const
+{
+    return m_context ? m_context->drawnText(*this) : QString();
+}
+
 std::optional<QString> ClipItem::shortText() const
 {
     return m_context ? m_context->shortText(*this) : std::nullopt;

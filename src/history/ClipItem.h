@@ -42,6 +42,8 @@ public:
     /// The one line that a list shows, made when it is first asked for. Of a text longer than
     /// 16 KiB it shows the beginning, which is more than any list has room for.
     std::optional<QString> shortText() const;
+    /// The beginning of what shortText() tells, with its line breaks; for drawing.
+    QString drawnText() const;
 
 private:
     friend class ClipContext;

@@ -1,11 +1,14 @@
 #include "Clipboard/window/ClipRowDelegate.h"
 
+#include "Clipboard/window/EmojiFont.h"
 #include "Clipboard/window/Looks.h"
+#include "Clipboard/window/VisibleCharacters.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -19,6 +22,15 @@ constexpr int kIconGap = 6;
 
 /// More characters than a row can show at any width; the rest is not even looked at.
 constexpr qsizetype kShownCharacters = 400;
+
+constexpr QChar kLineBreak(0x23CE);
+constexpr QChar kEllipsis(0x2026);
+
+bool isLineBreak(QChar character)
+{
+    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator;
+}
 
 bool isBlank(QChar character)
 {
@@ -58,6 +70,63 @@ QString ClipRowDelegate::recognisableText(const QString &displayText)
     return shown.isEmpty() ? QCoreApplication::translate("ClipRowDelegate", "(blank)") : shown;
 }
 
+QString ClipRowDelegate::textOnOneLine(const QString &text)
+{
+    QString shown = text.left(kShownCharacters);
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    const auto last = std::find_if_not(shown.crbegin(), shown.crend(), isBlank);
+    shown.truncate(shown.crend() - last);
+    auto *first = std::find_if_not(shown.begin(), shown.end(), isBlank);
+    std::replace_if(first, shown.end(), isLineBreak, kLineBreak);
+    return recognisableText(shown);
+}
+
+void ClipRowDelegate::drawText(QPainter &painter, const QRect &rect, const Row &row) const
+{
+    QString text = textOnOneLine(row.value);
+    const bool isRightToLeft = text.isRightToLeft();
+    // The end of a path tells more than its middle.
+    if (row.filepath)
+        text = QFontMetrics(m_font).elidedText(text, Qt::ElideMiddle, rect.width());
+    QTextOption option;
+    option.setTextDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    QTextLayout layout;
+    layout.setFont(m_font);
+    layout.setTextOption(option);
+    // Colour fonts are wider than what fonts of letters draw instead, so the layout measures.
+    const auto lineOf = [&](int width) {
+        QList<QTextLayout::FormatRange> formats;
+        for (const VisibleCharacters::Run &run : VisibleCharacters::emoji(text))
+            formats.append(
+                {static_cast<int>(run.start), static_cast<int>(run.length), EmojiFont::format()});
+        QTextCharFormat thin;
+        thin.setFontWeight(QFont::Light);
+        if (!row.isSelected)
+            thin.setForeground(m_colors.quietText);
+        for (qsizetype at = text.indexOf(kLineBreak); at >= 0;
+             at = text.indexOf(kLineBreak, at + 1))
+            formats.append({static_cast<int>(at), 1, thin});
+        layout.setText(text);
+        layout.setFormats(formats);
+        layout.beginLayout();
+        QTextLine line = layout.createLine();
+        line.setLineWidth(width);
+        layout.endLayout();
+        return line;
+    };
+    QTextLine line = lineOf(rect.width());
+    if (line.textLength() < text.size()) {
+        const int room = rect.width() - QFontMetrics(m_font).horizontalAdvance(kEllipsis);
+        text.truncate(lineOf(std::max(room, 0)).textLength());
+        text.append(kEllipsis);
+        line = lineOf(rect.width());
+    }
+    const double top = rect.top() + (rect.height() - QFontMetrics(m_font).height()) / 2.0 +
+                       QFontMetrics(m_font).ascent() - line.ascent();
+    layout.draw(&painter, QPointF(rect.left(), top));
+}
+
 void ClipRowDelegate::paint(QPainter &painter, const Row &row)
 {
     painter.setFont(m_numberFont);
@@ -85,14 +154,7 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row)
         rect.setLeft(rect.left() + kIconExtent + kIconGap);
     }
     rect = placed(rect);
-    const QString text = recognisableText(row.value);
-    const bool isRightToLeft = text.isRightToLeft();
-    painter.setFont(m_font);
     painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.text);
-    painter.setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
-    // The end of a path tells more than its middle.
-    painter.drawText(rect, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetrics(m_font).elidedText(
-                         text, row.filepath ? Qt::ElideMiddle : Qt::ElideRight, rect.width()));
+    drawText(painter, rect, row);
     painter.setLayoutDirection(direction);
 }

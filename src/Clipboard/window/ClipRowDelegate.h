@@ -39,8 +39,13 @@ public:
     /// What a row shows of a display text: its beginning without leading blanks, on one line; a
     /// word in brackets when there is nothing but blanks.
     static QString recognisableText(const QString &displayText);
+    /// The same of a text with line breaks, each of which is a sign of its own; those at the end
+    /// go.
+    static QString textOnOneLine(const QString &text);
 
 private:
+    void drawText(QPainter &painter, const QRect &rect, const Row &row) const;
+
     ClipColors m_colors;
     QFont m_font;
     QFont m_numberFont;

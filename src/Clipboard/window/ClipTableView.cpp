@@ -269,8 +269,7 @@ void ClipTableView::paintEvent(QPaintEvent *event)
             break;
         drawn.number =
             m_delegate->tableView(ViewController::TableColumn::Row, row).value_or(QString());
-        drawn.value =
-            m_delegate->tableView(ViewController::TableColumn::Value, row).value_or(QString());
+        drawn.value = m_delegate->drawnText(row);
         drawn.filepath = m_delegate->filepath(row);
         drawn.isFolder = drawn.filepath && m_folders.contains(*drawn.filepath);
         drawn.isSelected = row == m_selectedIdx;

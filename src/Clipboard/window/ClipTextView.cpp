@@ -1,10 +1,13 @@
 #include "Clipboard/window/ClipTextView.h"
 
+#include "Clipboard/window/EmojiFont.h"
 #include "Clipboard/window/Looks.h"
 #include "Clipboard/window/ScrollBars.h"
+#include "Clipboard/window/VisibleCharacters.h"
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QSyntaxHighlighter>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -79,6 +82,20 @@ bool isReadingKey(const QKeyEvent &event)
     }
 }
 
+class EmojiHighlighter : public QSyntaxHighlighter
+{
+public:
+    using QSyntaxHighlighter::QSyntaxHighlighter;
+
+    // ^QSyntaxHighlighter
+    void highlightBlock(const QString &text) override
+    {
+        for (const VisibleCharacters::Run &run : VisibleCharacters::emoji(text))
+            setFormat(static_cast<int>(run.start), static_cast<int>(run.length),
+                      EmojiFont::format());
+    }
+};
+
 } // namespace
 
 ClipTextView::ClipTextView(QWidget *parent) : QPlainTextEdit(parent), m_moreLabel(new QLabel(this))
@@ -96,6 +113,7 @@ ClipTextView::ClipTextView(QWidget *parent) : QPlainTextEdit(parent), m_moreLabe
     QTextOption option = document()->defaultTextOption();
     option.setTextDirection(Qt::LayoutDirectionAuto);
     document()->setDefaultTextOption(option);
+    new EmojiHighlighter(document());
     m_moreLabel->setContentsMargins(kMargin, 4, kMargin, 4);
     m_moreLabel->hide();
     m_idleTimer.setInterval(0);

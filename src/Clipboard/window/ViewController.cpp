@@ -278,6 +278,12 @@ std::optional<QString> ViewController::tableView(TableColumn column, int row) co
     return item ? item->shortText() : std::nullopt;
 }
 
+QString ViewController::drawnText(int row) const
+{
+    const std::shared_ptr<ClipItem> item = itemAt(row);
+    return item ? item->drawnText() : QString();
+}
+
 std::optional<QString> ViewController::filepath(int row) const
 {
     const std::shared_ptr<ClipItem> item = itemAt(row);

@@ -86,6 +86,9 @@ public:
     int numberOfRowsInTableView() const;
     /// A cell's text; none outside the list.
     std::optional<QString> tableView(TableColumn column, int row) const;
+    /// What a row shows of its clip, with the line breaks that the cell's text has not; empty
+    /// outside the list.
+    QString drawnText(int row) const;
     /// Path of the file that the row's clip copied; none for any other clip.
     std::optional<QString> filepath(int row) const;
     const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;

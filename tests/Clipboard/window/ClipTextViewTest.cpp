@@ -1,6 +1,8 @@
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/ClipRowDelegate.h"
 
+#include "WindowRig.h"
+
 #include <QLabel>
 #include <QLocale>
 #include <QTest>
@@ -90,6 +92,19 @@ TEST(ClipRowDelegate, aRowShowsSomethingToRecognise)
     };
     for (const Row &row : kRows)
         EXPECT_EQ(ClipRowDelegate::recognisableText(row.text), row.shown) << row.name;
+    EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("\n one\r\n two\n\nthree \n")),
+              QStringLiteral("one⏎ two⏎⏎three"));
+    EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("\n")), QStringLiteral("(blank)"));
+}
+
+TEST_F(WindowRig, aRowDrawsTheLineBreaksThatItsTextHasNot)
+{
+    add(QStringLiteral("  one\ntwo"));
+    delegate.launch();
+    EXPECT_EQ(controller->drawnText(0), QStringLiteral("one\ntwo"));
+    EXPECT_EQ(controller->tableView(ViewController::TableColumn::Value, 0),
+              QStringLiteral("onetwo"));
+    EXPECT_EQ(controller->drawnText(1), QString());
 }
 
 } // namespace
