@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+class QWindow;
+
 /// Types into the application in front. Owned by Platform; used from the main thread.
 ///
 /// What the user still holds (the hot key's own modifiers, Shift of Shift-Return) is released
@@ -26,4 +28,10 @@ public:
     /// with the modifier that the desktop uses for commands. Returns once the display server has
     /// taken the events. False when they could not be sent.
     [[nodiscard]] virtual bool sendCommand(quint32 keyCode) = 0;
+
+    /// Says that Return in `window`, one of our own, may lead to a command: what the user types
+    /// behind it is kept back until the command's paste has been read, and then goes, in order, to
+    /// whoever has the keyboard: without a command as soon as the window has handled its Return,
+    /// and half a second after it in any case. To be called whenever the window is shown.
+    virtual void keepTypedAhead(QWindow *window) = 0;
 };

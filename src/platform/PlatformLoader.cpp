@@ -75,6 +75,8 @@ void makeX11Adapters(Platform &platform)
         [served = pasteboard.get()] { served->offerPrimary(); },
         [served = pasteboard.get()](xcb_window_t target) { served->publishPrimary(target); }};
     platform.keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, selections);
+    QObject::connect(pasteboard.get(), &Pasteboard::pasteRead, hotKeys.get(),
+                     &X11HotKeys::letTypedAheadGo);
     platform.windowSpace = std::make_unique<X11WindowSpace>();
     platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
     platform.hotKeys = std::move(hotKeys);

@@ -48,6 +48,21 @@ class PasteJourney(Journey):
         self.app.key("a")
         self.wait_for_text(path, "HELDa")
 
+    def test_what_is_typed_right_after_return_follows_the_clip(self):
+        self.copy("clip ")
+        self.copy("other")
+        for kind in ("gtk", "qt"):
+            path = self.editor(kind)
+            expected = ""
+            for turn in range(8):
+                with self.subTest(kind, turn=turn):
+                    self.app.open_history()
+                    # All at once, far quicker than any hand.
+                    self.app.key("--delay", "0", "c", "l", "i", "Return", "a", "X", "b", "Return")
+                    expected += "clip aXb\n"
+                    self.wait_for_text(path, expected)
+                    self.app.wait_until_hidden()
+
     def test_a_file_clip_is_pasted_as_a_file_and_a_missing_one_not_at_all(self):
         file = self.file("report.txt")
         with open(file, "w", encoding="utf-8") as written:

@@ -90,6 +90,7 @@ void WindowDelegate::showWindow()
                                                     m_window->frame().width()));
     m_viewController->setIsWindowKey(true);
     m_window->show();
+    platform.keySender->keepTypedAhead(m_window->windowHandle());
     m_window->raise();
     platform.frontApplication->activate(m_window->windowHandle());
 }

@@ -47,6 +47,7 @@ public:
     bool isAvailable() const override { return m_isAvailable; }
     bool isKeyHeld() const override { return false; }
     bool sendCommand(quint32 keyCode) override;
+    void keepTypedAhead(QWindow *) override {}
 
 private:
     bool m_isAvailable = true;

@@ -268,6 +268,8 @@ void PasteboardService::serve(const xcb_selection_request_event_t &request)
     if (!isGiven || !m_pasteTarget || !m_connection.isSameClient(request.requestor, *m_pasteTarget))
         return;
     m_pasteTarget.reset();
+    // What is typed behind the paste now must not overtake the answer.
+    m_connection.server().roundTrip();
     m_listeners.pasteRead();
 }
 

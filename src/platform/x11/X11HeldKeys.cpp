@@ -1,5 +1,7 @@
 #include "platform/x11/X11HeldKeys.h"
 
+#include <QByteArrayView>
+
 #include <xcb/xinput.h>
 
 #include <vector>
@@ -25,6 +27,13 @@ X11HeldKeys::Keys keysDown(xcb_input_query_device_state_reply_t &state)
     return down;
 }
 
+/// Whether what programs type with the test extension comes from the device.
+bool isForPrograms(const xcb_input_xi_device_info_t &device)
+{
+    return QByteArrayView(xcb_input_xi_device_info_name(&device), device.name_len)
+        .contains("XTEST");
+}
+
 } // namespace
 
 X11HeldKeys::X11HeldKeys(const X11Connection &connection) : m_connection(connection)
@@ -43,7 +52,7 @@ X11HeldKeys::X11HeldKeys(const X11Connection &connection) : m_connection(connect
         m_opcode = extension->major_opcode;
 }
 
-X11HeldKeys::Keys X11HeldKeys::down() const
+X11HeldKeys::Keys X11HeldKeys::down(bool withPrograms) const
 {
     if (m_opcode == 0)
         return {};
@@ -57,8 +66,9 @@ X11HeldKeys::Keys X11HeldKeys::down() const
         xcb_input_xi_query_device_infos_iterator(devices.get());
     for (; device.rem > 0; xcb_input_xi_device_info_next(&device)) {
         const uint16_t type = device.data->type;
-        if (type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD ||
-            type == XCB_INPUT_DEVICE_TYPE_FLOATING_SLAVE)
+        const bool isKeyboard = type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD ||
+                                type == XCB_INPUT_DEVICE_TYPE_FLOATING_SLAVE;
+        if (isKeyboard && (withPrograms || !isForPrograms(*device.data)))
             cookies.push_back(xcb_input_query_device_state(xcb, uint8_t(device.data->deviceid)));
     }
     Keys down;

@@ -18,7 +18,9 @@ public:
     using Keys = std::bitset<256>;
 
     /// What any keyboard device has down; nothing where the server cannot tell.
-    Keys down() const;
+    Keys down() const { return down(true); }
+    /// The same without the device that programs type with.
+    Keys underFingers() const { return down(false); }
     bool isDown(xcb_keycode_t keycode) const { return down().test(keycode); }
 
     /// Starts or stops reports of every key that comes up, whoever has the keyboard. Only for as
@@ -29,6 +31,8 @@ public:
     std::optional<xcb_timestamp_t> releaseTime(const xcb_generic_event_t &event) const;
 
 private:
+    Keys down(bool withPrograms) const;
+
     const X11Connection &m_connection;
     uint8_t m_opcode = 0; ///< Of the input extension; 0 when the server lacks it.
     bool m_isListening = false;

@@ -30,8 +30,9 @@ bool hasTestExtension(const X11Connection &connection)
 X11HotKeys::X11HotKeys(QObject *parent)
     : HotKeys(parent), m_canType(hasTestExtension(m_connection)), m_keyboard(m_connection),
       m_grabs(m_connection), m_heldKeys(m_connection), m_handOver(m_connection),
+      m_typeAhead(m_connection, m_heldKeys),
       m_thread(m_connection, [this](const xcb_generic_event_t &event) { handle(event); },
-               {[this](X11EventThread::TimePoint now) { return keepHandOver(now); }, {}})
+               {[this](X11EventThread::TimePoint now) { return keepDeadlines(now); }, {}})
 {
     m_thread.post([this] { m_keyboard.setDetectableAutoRepeat(); });
 }
@@ -108,12 +109,48 @@ void X11HotKeys::setSuspended(bool isSuspended)
         tellAvailabilityLater();
 }
 
-bool X11HotKeys::typeFreely(const std::function<void(const Typing &)> &type)
+bool X11HotKeys::typeFreely(const std::function<Keystroke(const Typing &)> &plan)
 {
     return m_thread.run([&] {
+        // Whatever asks the server comes first: from when the keyboard is let go until all is
+        // typed the user's own keys would come in between.
+        const Keystroke keystroke = plan({m_connection, m_keyboard, m_grabs});
+        if (keystroke.isHotKey)
+            m_grabs.setSuspended(true);
+        if (m_typeAhead.isKeeping())
+            m_typeAhead.letGo();
         giveKeyboardBack();
-        type({m_connection, m_keyboard, m_grabs});
+        for (const auto &[eventType, keycode] : keystroke.steps)
+            xcb_test_fake_input(m_connection.get(), eventType, keycode, XCB_CURRENT_TIME, XCB_NONE,
+                                0, 0, 0);
+        if (m_typeAhead.isKeeping())
+            m_typeAhead.takeBack();
+        m_connection.roundTrip();
+        if (keystroke.isHotKey)
+            m_grabs.setSuspended(false);
         endHoldsThatAreUp();
+    });
+}
+
+void X11HotKeys::keepTypedAhead(xcb_window_t window)
+{
+    if (!m_canType)
+        return;
+    m_thread.post([this, window] {
+        X11TypeAhead::Keycodes keys;
+        for (const xkb_keysym_t symbol : {XKB_KEY_Return, XKB_KEY_KP_Enter}) {
+            if (const std::optional<xcb_keycode_t> key = m_keyboard.keyFor(symbol))
+                keys.push_back(*key);
+        }
+        m_typeAhead.watch(window, keys);
+    });
+}
+
+void X11HotKeys::letTypedAheadGo()
+{
+    m_thread.post([this] {
+        if (m_typeAhead.isKeeping())
+            typeAgain();
     });
 }
 
@@ -173,20 +210,37 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
     }
     if (const std::optional<xcb_timestamp_t> time = m_heldKeys.releaseTime(event)) {
         endHoldsThatAreUp(time);
+        m_typeAhead.takeBackModifiers();
+        listenForReleases();
         return;
     }
     const uint8_t type = event.response_type & kEventMask;
-    if (type == XCB_KEY_PRESS) {
+    if (type == XCB_KEY_PRESS)
         handlePress(reinterpret_cast<const xcb_key_press_event_t &>(event));
-    } else if (type == XCB_KEY_RELEASE) {
-        const auto &release = reinterpret_cast<const xcb_key_release_event_t &>(event);
-        endHold(release.detail, eventOf(release));
+    else if (type == XCB_KEY_RELEASE)
+        handleRelease(reinterpret_cast<const xcb_key_release_event_t &>(event));
+}
+
+void X11HotKeys::handleRelease(const xcb_key_release_event_t &event)
+{
+    endHold(event.detail, eventOf(event));
+    if (m_typeAhead.isKeeping())
+        m_typeAhead.take(event, false);
+    else
         m_handOver.passOver();
-    }
 }
 
 void X11HotKeys::handlePress(const xcb_key_press_event_t &event)
 {
+    if (event.event != m_connection.root()) {
+        m_typeAhead.begin(event);
+        return;
+    }
+    const std::vector<X11Combination> combinations = m_grabs.matching(event.detail, event.state);
+    if (m_typeAhead.isKeeping() && (combinations.empty() || !m_typeAhead.hasLetGo())) {
+        m_typeAhead.take(event, true);
+        return;
+    }
     // Held keys repeat, and so take the keyboard again if it was given back.
     if (const auto held = m_holds.find(event.detail); held != m_holds.end()) {
         held->second.isGivenBack = false;
@@ -194,7 +248,7 @@ void X11HotKeys::handlePress(const xcb_key_press_event_t &event)
         return;
     }
     Hold hold;
-    for (const X11Combination &combination : m_grabs.matching(event.detail, event.state)) {
+    for (const X11Combination &combination : combinations) {
         const std::vector<HotKeyId> &ids = m_ids.at(combination);
         hold.ids.insert(hold.ids.end(), ids.begin(), ids.end());
     }
@@ -229,6 +283,14 @@ void X11HotKeys::handleOtherPress(xcb_keycode_t keycode)
         m_handOver.holdBack();
 }
 
+std::optional<X11EventThread::TimePoint> X11HotKeys::keepDeadlines(X11EventThread::TimePoint now)
+{
+    if (m_typeAhead.isKeeping() && now >= *m_typeAhead.deadline())
+        typeAgain();
+    const auto nextLook = keepHandOver(now);
+    return nextLook ? nextLook : m_typeAhead.deadline();
+}
+
 std::optional<X11EventThread::TimePoint> X11HotKeys::keepHandOver(X11EventThread::TimePoint now)
 {
     if (!m_handOver.isHoldingBack())
@@ -261,9 +323,14 @@ void X11HotKeys::endHold(xcb_keycode_t keycode, HotKeyEvent event)
         return;
     report(held->second.ids, event, false);
     m_holds.erase(held);
+    listenForReleases();
+}
+
+void X11HotKeys::listenForReleases()
+{
     const bool isAnyGivenBack = std::any_of(
         m_holds.begin(), m_holds.end(), [](const auto &entry) { return entry.second.isGivenBack; });
-    m_heldKeys.setListening(isAnyGivenBack);
+    m_heldKeys.setListening(isAnyGivenBack || m_typeAhead.isModifierLent());
 }
 
 void X11HotKeys::endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime)
@@ -304,6 +371,48 @@ void X11HotKeys::giveKeyboardBack()
     expectReleaseElsewhere();
     m_handOver.forget();
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
+}
+
+/// Handles the events that the server has sent before it was asked.
+void X11HotKeys::takeArrived()
+{
+    m_connection.roundTrip();
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())})
+        handle(*event);
+}
+
+/// Gives the keyboard back with what was typed ahead.
+void X11HotKeys::typeAgain()
+{
+    const X11TypeAhead::Keycodes locks = lockKeys();
+    const X11TypeAhead::Keycodes modifiers = m_grabs.modifiers().heldKeys;
+    // Programs type for people too, and must not come in between. Fingers can, but for the
+    // microseconds from the last look to the last key.
+    xcb_grab_server(m_connection.get());
+    takeArrived();
+    m_typeAhead.letGo();
+    giveKeyboardBack();
+    m_typeAhead.typeAgain(modifiers, locks);
+    xcb_ungrab_server(m_connection.get());
+    takeArrived();
+    // A Return among it may have begun anew.
+    if (m_typeAhead.hasLetGo()) {
+        m_typeAhead.typeAgain(modifiers, locks);
+        m_typeAhead.end();
+    }
+    listenForReleases();
+}
+
+/// Keys that have their effect when they are pressed, whoever gets them.
+X11TypeAhead::Keycodes X11HotKeys::lockKeys()
+{
+    X11TypeAhead::Keycodes keys;
+    for (const xkb_keysym_t symbol : {XKB_KEY_Caps_Lock, XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock,
+                                      XKB_KEY_ISO_Next_Group, XKB_KEY_ISO_Prev_Group}) {
+        if (const std::optional<xcb_keycode_t> key = m_keyboard.keyFor(symbol))
+            keys.push_back(*key);
+    }
+    return keys;
 }
 
 void X11HotKeys::report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress)

@@ -8,6 +8,7 @@
 #include "platform/x11/X11KeyGrabs.h"
 #include "platform/x11/X11Keyboard.h"
 #include "platform/x11/X11KeyboardHandOver.h"
+#include "platform/x11/X11TypeAhead.h"
 
 #include <functional>
 #include <map>
@@ -24,12 +25,23 @@ class X11HotKeys : public HotKeys
     Q_OBJECT
 
 public:
-    /// What a task that types needs; valid while it runs.
+    /// What a planner of keystrokes needs; valid while it runs.
     struct Typing
     {
         const X11Connection &connection;
         X11Keyboard &keyboard;
         X11KeyGrabs &grabs;
+    };
+    /// What is typed for the user.
+    struct Keystroke
+    {
+        struct Step
+        {
+            uint8_t eventType; ///< XCB_KEY_PRESS or XCB_KEY_RELEASE.
+            xcb_keycode_t keycode;
+        };
+        std::vector<Step> steps;
+        bool isHotKey = false; ///< Whether the steps make up one of our own combinations.
     };
 
     explicit X11HotKeys(QObject *parent = nullptr);
@@ -37,9 +49,17 @@ public:
     /// Whether the server lets us type at all.
     bool canType() const { return m_canType; }
 
-    /// Gives the keyboard back if one of our combinations is down, because keys sent meanwhile
-    /// would come to us, then runs `type` on the thread. False when the server is gone.
-    [[nodiscard]] bool typeFreely(const std::function<void(const Typing &)> &type);
+    /// Runs `plan` on the thread and types what it answers. The keyboard is given back before if
+    /// one of our combinations is down, because keys sent meanwhile would come to us. What is
+    /// typed ahead waits on for letTypedAheadGo(). False when the server is gone.
+    [[nodiscard]] bool typeFreely(const std::function<Keystroke(const Typing &)> &plan);
+
+    /// From now on what is typed behind a Return in `window` is kept until letTypedAheadGo(), and
+    /// not for long without it.
+    void keepTypedAhead(xcb_window_t window);
+
+    /// Gives what was typed ahead to whoever has the keyboard. Returns at once.
+    void letTypedAheadGo();
 
     /// Whether a key that is no modifier is down under somebody's finger.
     bool isKeyHeld();
@@ -69,15 +89,21 @@ private:
     // On the thread.
     void handle(const xcb_generic_event_t &event);
     void handlePress(const xcb_key_press_event_t &event);
+    void handleRelease(const xcb_key_release_event_t &event);
     /// Press or release, of no id yet.
     HotKeyEvent eventOf(const xcb_key_press_event_t &event) const;
     void endHold(xcb_keycode_t keycode, HotKeyEvent event);
     void endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime = std::nullopt);
     void handleOtherPress(xcb_keycode_t keycode);
+    std::optional<X11EventThread::TimePoint> keepDeadlines(X11EventThread::TimePoint now);
     std::optional<X11EventThread::TimePoint> keepHandOver(X11EventThread::TimePoint now);
     void letHeldBackKeysGo();
     void expectReleaseElsewhere();
     void giveKeyboardBack();
+    void takeArrived();
+    void typeAgain();
+    void listenForReleases();
+    X11TypeAhead::Keycodes lockKeys();
     void report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress);
 
     std::map<HotKeyId, X11Combination> m_registrations;
@@ -92,6 +118,7 @@ private:
     X11KeyGrabs m_grabs;
     X11HeldKeys m_heldKeys;
     X11KeyboardHandOver m_handOver;
+    X11TypeAhead m_typeAhead;
     std::map<X11Combination, std::vector<HotKeyId>> m_ids;
     std::map<xcb_keycode_t, Hold> m_holds;
     X11EventThread m_thread;

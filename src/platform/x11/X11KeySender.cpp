@@ -4,7 +4,9 @@
 #include "platform/VirtualKeys.h"
 #include "platform/x11/X11FrontApplication.h"
 
-#include <xcb/xtest.h>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWindow>
 
 #include <utility>
 
@@ -12,20 +14,18 @@ namespace {
 
 constexpr int kEvdevOffset = 8;
 
-void fake(const X11Connection &connection, uint8_t eventType, xcb_keycode_t keycode)
-{
-    xcb_test_fake_input(connection.get(), eventType, keycode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-}
-
-/// Releases the keys that are down among `keycodes`.
-void releaseHeld(const X11Connection &connection, const std::vector<xcb_keycode_t> &keycodes)
+/// The keys that are down among `keycodes`.
+std::vector<xcb_keycode_t> heldOf(const X11Connection &connection,
+                                  const std::vector<xcb_keycode_t> &keycodes)
 {
     const XcbPointer<xcb_query_keymap_reply_t> down(
         xcb_query_keymap_reply(connection.get(), xcb_query_keymap(connection.get()), nullptr));
+    std::vector<xcb_keycode_t> held;
     for (const xcb_keycode_t keycode : keycodes) {
         if (down && (down->keys[keycode / 8] & (1U << (keycode % 8))))
-            fake(connection, XCB_KEY_RELEASE, keycode);
+            held.push_back(keycode);
     }
+    return held;
 }
 
 } // namespace
@@ -65,13 +65,41 @@ bool X11KeySender::sendCommand(quint32 keyCode)
     return send({CarbonModifiers::kShift, XKB_KEY_Insert, VirtualKey::kHelp});
 }
 
-bool X11KeySender::send(const Chord &chord)
+void X11KeySender::keepTypedAhead(QWindow *window)
 {
-    return m_hotKeys.typeFreely(
-        [&chord](const X11HotKeys::Typing &typing) { type(typing, chord); });
+    m_hotKeys.keepTypedAhead(xcb_window_t(window->winId()));
+    if (!std::exchange(m_isFiltering, true))
+        QCoreApplication::instance()->installEventFilter(this);
 }
 
-void X11KeySender::type(const X11HotKeys::Typing &typing, const Chord &chord)
+bool X11KeySender::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto isReturn = [event] {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    };
+    const bool isReturnOfWindow =
+        event->type() == QEvent::KeyPress && watched->isWindowType() && isReturn();
+    // An input method may have taken the Return for itself.
+    if (isReturnOfWindow || event->type() == QEvent::InputMethod)
+        QMetaObject::invokeMethod(
+            this,
+            [this, sent = m_sent] {
+                if (sent == m_sent)
+                    m_hotKeys.letTypedAheadGo();
+            },
+            Qt::QueuedConnection);
+    return QObject::eventFilter(watched, event);
+}
+
+bool X11KeySender::send(const Chord &chord)
+{
+    ++m_sent;
+    return m_hotKeys.typeFreely(
+        [&chord](const X11HotKeys::Typing &typing) { return plan(typing, chord); });
+}
+
+X11HotKeys::Keystroke X11KeySender::plan(const X11HotKeys::Typing &typing, const Chord &chord)
 {
     const X11Modifiers &modifiers = typing.grabs.modifiers();
     const bool isControl = chord.carbonModifier == CarbonModifiers::kControl;
@@ -81,20 +109,18 @@ void X11KeySender::type(const X11HotKeys::Typing &typing, const Chord &chord)
         xcb_keycode_t(VirtualKey::toEvdev(chord.keyCode).value_or(0) + kEvdevOffset);
     const xcb_keycode_t key = typing.keyboard.keyFor(chord.symbol).value_or(position);
 
+    X11HotKeys::Keystroke keystroke;
     // The user may have made a hot key of the very keystroke we type.
-    const bool isHotKey =
+    keystroke.isHotKey =
         !typing.grabs.matching(key, modifiers.maskOf(chord.carbonModifier)).empty();
-    if (isHotKey)
-        typing.grabs.setSuspended(true);
     // The key itself as well: the server ignores the press of a key that is down.
     std::vector<xcb_keycode_t> inTheWay = modifiers.heldKeys;
     inTheWay.push_back(key);
-    releaseHeld(typing.connection, inTheWay);
-    fake(typing.connection, XCB_KEY_PRESS, modifierKey);
-    fake(typing.connection, XCB_KEY_PRESS, key);
-    fake(typing.connection, XCB_KEY_RELEASE, key);
-    fake(typing.connection, XCB_KEY_RELEASE, modifierKey);
-    typing.connection.roundTrip();
-    if (isHotKey)
-        typing.grabs.setSuspended(false);
+    for (const xcb_keycode_t held : heldOf(typing.connection, inTheWay))
+        keystroke.steps.push_back({XCB_KEY_RELEASE, held});
+    keystroke.steps.insert(keystroke.steps.end(), {{XCB_KEY_PRESS, modifierKey},
+                                                   {XCB_KEY_PRESS, key},
+                                                   {XCB_KEY_RELEASE, key},
+                                                   {XCB_KEY_RELEASE, modifierKey}});
+    return keystroke;
 }

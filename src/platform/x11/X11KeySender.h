@@ -3,6 +3,8 @@
 #include "platform/KeySender.h"
 #include "platform/x11/X11HotKeys.h"
 
+#include <QObject>
+
 #include <xcb/xcb.h>
 
 #include <functional>
@@ -12,8 +14,10 @@ class X11FrontApplication;
 /// Types with the server's test extension, over the connection and on the thread of the hot keys.
 /// Nothing that it released for the user is ever pressed again: the user's own release follows,
 /// and a key pressed twice but released once would stick.
-class X11KeySender : public KeySender
+class X11KeySender : public QObject, public KeySender
 {
+    Q_OBJECT
+
 public:
     /// What is done with the selections for a keystroke.
     struct Selections
@@ -35,6 +39,10 @@ public:
     bool isAvailable() const override;
     bool isKeyHeld() const override;
     [[nodiscard]] bool sendCommand(quint32 keyCode) override;
+    void keepTypedAhead(QWindow *window) override;
+
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     /// A modifier with a key.
@@ -46,9 +54,11 @@ private:
     };
 
     bool send(const Chord &chord);
-    static void type(const X11HotKeys::Typing &typing, const Chord &chord);
+    static X11HotKeys::Keystroke plan(const X11HotKeys::Typing &typing, const Chord &chord);
 
     X11HotKeys &m_hotKeys;
     const X11FrontApplication &m_front;
     const Selections m_selections;
+    bool m_isFiltering = false;
+    int m_sent = 0;
 };

@@ -167,7 +167,7 @@ TEST_F(X11HotKeysTest, theReleaseIsReportedAlthoughTheKeyboardWasGivenBack)
 {
     ASSERT_TRUE(registerOpen());
     pressAll();
-    ASSERT_TRUE(m_hotKeys.typeFreely([](const auto &) {}));
+    ASSERT_TRUE(m_hotKeys.typeFreely([](const auto &) { return X11HotKeys::Keystroke{}; }));
     m_keyboard.release(KEY_LEFTSHIFT);
     settle(m_hotKeys);
     EXPECT_TRUE(m_released.empty()) << "the key itself is still down";
