@@ -114,17 +114,25 @@ bool X11HotKeys::typeFreely(const std::function<Keystroke(const Typing &)> &plan
     return m_thread.run([&] {
         // Whatever asks the server comes first: from when the keyboard is let go until all is
         // typed the user's own keys would come in between.
+        const bool isKeeping = m_typeAhead.isKeeping();
+        if (isKeeping) {
+            // A modifier must not go down or up between the look at the keyboard and the keystroke.
+            xcb_grab_server(m_connection.get());
+            takeArrived();
+        }
         const Keystroke keystroke = plan({m_connection, m_keyboard, m_grabs});
         if (keystroke.isHotKey)
             m_grabs.setSuspended(true);
-        if (m_typeAhead.isKeeping())
+        if (isKeeping)
             m_typeAhead.letGo();
         giveKeyboardBack();
         for (const auto &[eventType, keycode] : keystroke.steps)
             xcb_test_fake_input(m_connection.get(), eventType, keycode, XCB_CURRENT_TIME, XCB_NONE,
                                 0, 0, 0);
-        if (m_typeAhead.isKeeping())
-            m_typeAhead.takeBack();
+        if (isKeeping) {
+            m_typeAhead.takeBack(m_grabs.modifiers().heldKeys);
+            xcb_ungrab_server(m_connection.get());
+        }
         m_connection.roundTrip();
         if (keystroke.isHotKey)
             m_grabs.setSuspended(false);

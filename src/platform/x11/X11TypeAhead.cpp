@@ -82,11 +82,19 @@ void X11TypeAhead::letGo()
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
 }
 
-void X11TypeAhead::takeBack()
+void X11TypeAhead::takeBack(const Keycodes &modifiers)
 {
     m_hasLetGo = false;
     // Refused, nothing comes here until the limit.
     xcb_discard_reply(m_connection.get(), grab(m_connection).sequence);
+    Keycodes down;
+    for (const Key &key : m_kept) {
+        std::erase(down, key.keycode);
+        if (key.isPress && contains(modifiers, key.keycode))
+            down.push_back(key.keycode);
+    }
+    for (const xcb_keycode_t keycode : down)
+        fake(m_connection, XCB_KEY_PRESS, keycode);
 }
 
 void X11TypeAhead::end()
@@ -118,6 +126,9 @@ void X11TypeAhead::typeAgain(const Keycodes &modifiers, const Keycodes &locks)
 
 void X11TypeAhead::typeModifier(const Key &key)
 {
+    // Put down again by takeBack().
+    if (key.isPress && contains(m_lent, key.keycode))
+        return;
     std::erase(m_lent, key.keycode);
     fake(m_connection, XCB_KEY_RELEASE, key.keycode);
     if (!key.isPress)

@@ -38,8 +38,9 @@ public:
     /// Lets the keyboard go; a key that was on its way here before is still kept.
     void letGo();
     bool hasLetGo() const { return m_hasLetGo; }
-    /// After letGo(): keeps on keeping.
-    void takeBack();
+    /// After letGo(): keeps on keeping. The `modifiers` that were pressed meanwhile are down again,
+    /// because one that a keystroke has released would come up unseen.
+    void takeBack(const Keycodes &modifiers);
     /// Nothing is on its way any more.
     void end();
 

@@ -22,6 +22,9 @@
 
 namespace {
 
+/// Keys without a name here are told by their code.
+constexpr const char *kKeycodeOfD = "40";
+
 QString pressed(const char *key)
 {
     return QLatin1Char('+') + QString::fromLatin1(key);
@@ -75,28 +78,30 @@ TEST_F(TypeAheadTest, whatFollowsReturnFollowsTheKeystroke)
         ASSERT_TRUE(m_front.returnToTarget());
         ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kV));
     });
-    for (const bool isShiftHeldLonger : {false, true}) {
-        SCOPED_TRACE(isShiftHeldLonger);
+    enum class ShiftUp { BeforeTheKeystroke, BehindIt, AtLast };
+    for (const ShiftUp up : {ShiftUp::BeforeTheKeystroke, ShiftUp::BehindIt, ShiftUp::AtLast}) {
+        SCOPED_TRACE(int(up));
         ASSERT_TRUE(open());
         m_ours.clear();
         for (const int key : {KEY_X, KEY_ENTER, KEY_X, KEY_V})
             m_keyboard.tap(key);
         m_keyboard.press(KEY_LEFTSHIFT);
         m_keyboard.tap(KEY_C);
-        if (!isShiftHeldLonger)
+        if (up == ShiftUp::BeforeTheKeystroke)
             m_keyboard.release(KEY_LEFTSHIFT);
-        settle(m_hotKeys);
         QStringList presses = pressesUpTo("Control-v");
-        m_hotKeys.letTypedAheadGo();
-        presses += pressesUpTo("Shift-c");
+        if (up == ShiftUp::BehindIt)
+            m_keyboard.release(KEY_LEFTSHIFT);
         m_keyboard.tap(KEY_X);
-        presses += pressesUpTo(isShiftHeldLonger ? "Shift-x" : "x");
+        m_hotKeys.letTypedAheadGo();
+        settle(m_hotKeys);
+        m_keyboard.tap(KEY_C);
         m_keyboard.releaseAll();
-        m_keyboard.tap(KEY_V);
-        presses += pressesUpTo("v");
+        m_keyboard.tap(KEY_D);
+        presses += pressesUpTo(kKeycodeOfD);
         EXPECT_EQ(presses.join(u' '),
                   QStringLiteral("+Control +Control-v +x +v +Shift +Shift-c ") +
-                      QLatin1String(isShiftHeldLonger ? "+Shift-x +v" : "+x +v"));
+                      QLatin1String(up == ShiftUp::AtLast ? "+Shift-x +Shift-c +40" : "+x +c +40"));
         EXPECT_EQ(m_ours.text(), QStringLiteral("x"));
     }
 }
