@@ -95,16 +95,16 @@ void MASShortcutBinder::setValueForUndefinedKey(const std::optional<MASShortcut>
     if (!value)
         return;
     m_shortcuts.insert(key, *value);
-    m_actions[key].wanted = value;
+    m_actions.find(key)->wanted = value;
     tryToRegister(key);
 }
 
 void MASShortcutBinder::release(const QString &key)
 {
-    const std::optional<MASShortcut> old = m_actions.value(key).wanted;
-    if (!old)
+    const auto bound = m_actions.find(key);
+    if (bound == m_actions.end() || !bound->wanted)
         return;
-    m_actions[key].wanted.reset();
+    const MASShortcut old = *std::exchange(bound->wanted, std::nullopt);
     const bool wasItsOwn = hotKeyState(key) != HotKeyState::DoublyBound;
     setState(key, HotKeyState::None);
     // The monitor knows a shortcut but not for whom it is: one that has become another key's must
@@ -112,8 +112,8 @@ void MASShortcutBinder::release(const QString &key)
     if (!wasItsOwn)
         return;
     if (m_shortcutMonitor)
-        m_shortcutMonitor->unregisterShortcut(*old);
-    for (const QString &heir : othersWith(*old, key).mid(0, 1))
+        m_shortcutMonitor->unregisterShortcut(old);
+    for (const QString &heir : othersWith(old, key).mid(0, 1))
         tryToRegister(heir);
 }
 
@@ -153,7 +153,7 @@ void MASShortcutBinder::retry()
 
 void MASShortcutBinder::setState(const QString &key, HotKeyState state)
 {
-    Bound &bound = m_actions[key];
+    Bound &bound = *m_actions.find(key);
     const HotKeyState before = std::exchange(bound.state, state);
     if (state == before)
         return;
