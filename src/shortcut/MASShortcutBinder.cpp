@@ -95,8 +95,16 @@ void MASShortcutBinder::setValueForUndefinedKey(const std::optional<MASShortcut>
     if (!value)
         return;
     m_shortcuts.insert(key, *value);
-    m_actions.find(key)->wanted = value;
+    boundTo(key).wanted = value;
     tryToRegister(key);
+}
+
+MASShortcutBinder::Bound &MASShortcutBinder::boundTo(const QString &key)
+{
+    const auto bound = m_actions.find(key);
+    if (bound == m_actions.end())
+        qFatal("MASShortcutBinder has bound nothing to the key %s", qUtf8Printable(key));
+    return *bound;
 }
 
 void MASShortcutBinder::release(const QString &key)
@@ -153,7 +161,7 @@ void MASShortcutBinder::retry()
 
 void MASShortcutBinder::setState(const QString &key, HotKeyState state)
 {
-    Bound &bound = *m_actions.find(key);
+    Bound &bound = boundTo(key);
     const HotKeyState before = std::exchange(bound.state, state);
     if (state == before)
         return;

@@ -97,6 +97,8 @@ private:
         HotKeyState state = HotKeyState::None;
     };
 
+    /// A key that is bound.
+    Bound &boundTo(const QString &key);
     void deliver(const QString &key);
     /// Gives back the hot key of `key`, and hands it on to a key that waits for an equal one.
     void release(const QString &key);
