@@ -85,9 +85,25 @@ void ClipRowDelegate::drawText(QPainter &painter, const QRect &rect, const Row &
 {
     QString text = textOnOneLine(row.value);
     const bool isRightToLeft = text.isRightToLeft();
+    const QList<VisibleCharacters::Run> emoji = VisibleCharacters::emoji(text);
+    const bool isPlain = emoji.isEmpty() && !text.contains(kLineBreak);
     // The end of a path tells more than its middle.
-    if (row.filepath)
-        text = QFontMetrics(m_font).elidedText(text, Qt::ElideMiddle, rect.width());
+    if (row.filepath || isPlain)
+        text = QFontMetrics(m_font).elidedText(
+            text, row.filepath ? Qt::ElideMiddle : Qt::ElideRight, rect.width());
+    if (isPlain) {
+        // Nearly all rows are, and a layout of their own would take as long again as drawing them.
+        painter.setFont(m_font);
+        painter.setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+        painter.drawText(rect, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine, text);
+        return;
+    }
+    drawFormatted(painter, rect, row, text, isRightToLeft);
+}
+
+void ClipRowDelegate::drawFormatted(QPainter &painter, const QRect &rect, const Row &row,
+                                    QString text, bool isRightToLeft) const
+{
     QTextOption option;
     option.setTextDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(QTextOption::WrapAnywhere);

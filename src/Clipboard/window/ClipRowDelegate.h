@@ -45,6 +45,9 @@ public:
 
 private:
     void drawText(QPainter &painter, const QRect &rect, const Row &row) const;
+    /// With line breaks or emoji, which have a look of their own.
+    void drawFormatted(QPainter &painter, const QRect &rect, const Row &row, QString text,
+                       bool isRightToLeft) const;
 
     ClipColors m_colors;
     QFont m_font;
