@@ -156,11 +156,6 @@ int live(int argc, char **argv)
 
 int main(int argc, char **argv)
 {
-    const int status = live(argc, argv);
-    // A proxy that hangs must not hold up the end; everything is saved, and nothing else matters.
-    if (ProxyQuestion::isAnyOpen()) {
-        std::fflush(nullptr);
-        std::_Exit(status);
-    }
-    return status;
+    // Everything is saved by now, and nothing else may hold up the end.
+    return ProxyQuestion::endingWith(live(argc, argv));
 }

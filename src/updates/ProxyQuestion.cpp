@@ -3,6 +3,8 @@
 #include "platform/SignalStack.h"
 
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
 #include <mutex>
 #include <thread>
 
@@ -44,7 +46,11 @@ ProxyQuestion::~ProxyQuestion()
     m_link->question = nullptr;
 }
 
-bool ProxyQuestion::isAnyOpen()
+int ProxyQuestion::endingWith(int status)
 {
-    return g_openQuestions > 0;
+    if (g_openQuestions > 0) {
+        std::fflush(nullptr);
+        std::_Exit(status);
+    }
+    return status;
 }

@@ -17,9 +17,10 @@ public:
     explicit ProxyQuestion(const QUrl &url, QObject *parent = nullptr);
     ~ProxyQuestion() override;
 
-    /// Whether anybody's question has no answer yet. A process that ends then must not wait for
-    /// what its libraries tidy up, which waits for the answer.
-    static bool isAnyOpen();
+    /// The last thing that main() calls: hands `status` back, unless somebody's question has no
+    /// answer yet. Then the process ends here and now, because what its libraries tidy up at the
+    /// end would wait for the answer.
+    static int endingWith(int status);
 
 Q_SIGNALS:
     /// Once, never before the event loop goes on.

@@ -47,11 +47,6 @@ int live(int argc, char **argv)
 // does not run.
 int main(int argc, char **argv)
 {
-    const int status = live(argc, argv);
-    // A proxy that hangs must not hold up the end.
-    if (ProxyQuestion::isAnyOpen()) {
-        std::fflush(nullptr);
-        std::_Exit(status);
-    }
-    return status;
+    // Everything is saved by now, and nothing else may hold up the end.
+    return ProxyQuestion::endingWith(live(argc, argv));
 }
