@@ -36,6 +36,8 @@ public:
     /// Whether the store can be read but not written. Then every change is refused, because it
     /// would be gone at the end.
     bool isReadOnly() { return m_context.store().isReadOnly(); }
+    /// Whether the store takes a change at this moment, found out by one that changes nothing.
+    bool canChange() { return m_context.store().prepareLog(); }
 
     const Items &clipItemArr() const { return *m_shown; }
     const Items &getClipItemArr() const { return clipItemArr(); }

@@ -303,11 +303,12 @@ bool ClipStore::emptyLog()
                                      nullptr, nullptr) == SQLITE_OK;
 }
 
-void ClipStore::prepareLog()
+bool ClipStore::prepareLog()
 {
     closeTextStart();
     // Any commit will do; one that fails leaves the log as it was.
-    database().tryExec("PRAGMA user_version = " + std::to_string(StoreModel::kMajorVersion));
+    return database().tryExec("PRAGMA user_version = " +
+                              std::to_string(StoreModel::kMajorVersion)) == SQLITE_OK;
 }
 
 void ClipStore::vacuum()

@@ -68,9 +68,9 @@ public:
     /// Empties the write-ahead log, which still tells what was deleted. False when another
     /// program reads in it, or the disk refuses: ask again later.
     [[nodiscard]] bool emptyLog();
-    /// Makes the first write into an empty log, which waits for the disk: better while nobody
-    /// waits than at the next copy or paste.
-    void prepareLog();
+    /// Makes a first write, which changes nothing: into an empty log it waits for the disk, better
+    /// while nobody waits than at the next copy or paste. False when it failed.
+    bool prepareLog();
     /// Gives the space of deleted records back to the disk.
     void vacuum();
 

@@ -66,6 +66,40 @@ void makeFilesWritable(const QByteArray &path)
     }
 }
 
+bool isReadOnly(const SQLite::Database &database)
+{
+    return sqlite3_db_readonly(database.getHandle(), "main") == 1;
+}
+
+/// Whether another's write-ahead log holds clips that are not in the store's own file.
+bool hasFilledLog(const QByteArray &path)
+{
+    struct stat status = {};
+    return ::stat((path + "-wal").constData(), &status) == 0 && status.st_size > 0;
+}
+
+/// To write where that is possible, else to read. That the file can be opened to write says little:
+/// its folder may take no log, or the log be another user's.
+std::unique_ptr<SQLite::Database> connectTo(const QByteArray &path)
+{
+    auto database = std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READWRITE,
+                                                       kBusyMilliseconds);
+    // A store that does not fit is left alone, down to the write-ahead log of its last writer.
+    sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    const int code = database->tryExec("BEGIN IMMEDIATE");
+    if (code == SQLITE_OK)
+        database->exec("ROLLBACK");
+    if (isReadOnly(*database) || (code != SQLITE_READONLY && code != SQLITE_CANTOPEN))
+        return database;
+    if (hasFilledLog(path))
+        return std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READONLY,
+                                                  kBusyMilliseconds);
+    // Without a log beside it the file is whole by itself.
+    return std::make_unique<SQLite::Database>(
+        ("file:" + path.toPercentEncoding("/") + "?immutable=1").constData(),
+        SQLite::OPEN_READONLY | SQLite::OPEN_URI);
+}
+
 std::unique_ptr<SQLite::Database> open(const QByteArray &path)
 {
     struct stat status = {};
@@ -75,14 +109,11 @@ std::unique_ptr<SQLite::Database> open(const QByteArray &path)
         if (!S_ISREG(status.st_mode) || (status.st_size > 0 && status.st_size < kSmallestDatabase))
             throw SQLite::Exception("it is not a database", SQLITE_NOTADB);
     }
-    auto database = std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READWRITE,
-                                                       kBusyMilliseconds);
-    // A store that does not fit is left alone, down to the write-ahead log of its last writer.
-    sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    std::unique_ptr<SQLite::Database> database = connectTo(path);
     database->exec("PRAGMA secure_delete = ON");
     const StoreModel::Fit fit = StoreModel::inspect(*database);
-    const bool isReadOnly = sqlite3_db_readonly(database->getHandle(), "main") == 1;
-    if (fit == StoreModel::Fit::Adaptable || (fit == StoreModel::Fit::Readable && !isReadOnly))
+    if (fit == StoreModel::Fit::Adaptable ||
+        (fit == StoreModel::Fit::Readable && !isReadOnly(*database)))
         StoreModel::adapt(*database);
     sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return database;
@@ -90,7 +121,7 @@ std::unique_ptr<SQLite::Database> open(const QByteArray &path)
 
 void useWriteAheadLog(SQLite::Database &database)
 {
-    if (sqlite3_db_readonly(database.getHandle(), "main") == 1) {
+    if (isReadOnly(database)) {
         qCWarning(lcHistory, "The history can be read but not written");
         return;
     }

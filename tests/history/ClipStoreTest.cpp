@@ -8,6 +8,7 @@
 #include <QProcess>
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
 #include <gtest/gtest.h>
 
@@ -367,24 +368,68 @@ TEST_F(ClipStoreTest, whatIsNotSavedYetOutlivesTheChangesOfOthers)
 
 TEST_F(ClipStoreTest, aStoreThatCannotBeWrittenIsShownAndTakesNothing)
 {
+    constexpr uid_t kNobody = 65534;
+    const auto give = [this](uid_t folder, mode_t folderMode, uid_t file, mode_t fileMode) {
+        ASSERT_EQ(chmod(qPrintable(m_folder.path()), folderMode), 0);
+        ASSERT_EQ(chown(qPrintable(m_folder.path()), folder, folder), 0);
+        ASSERT_EQ(chmod(qPrintable(m_folder.file()), fileMode), 0);
+        ASSERT_EQ(chown(qPrintable(m_folder.file()), file, file), 0);
+    };
+    struct Row
+    {
+        const char *name;
+        mode_t folderMode;
+        bool isFolderForeign;
+        mode_t fileMode;
+        bool isFileForeign;
+        std::optional<QByteArray> log; ///< A write-ahead log of root's; filled when it is empty.
+        mode_t logMode;
+        bool isFatal;
+    };
+    const Row kRows[] = {
+        {"another's file", 0700, false, 0444, true, {}, 0, false},
+        {"another's folder", 0755, true, 0600, false, {}, 0, false},
+        {"another's log, which can be read", 0700, false, 0600, false, "filled", 0644, false},
+        {"another's log, which cannot", 0700, false, 0600, false, "filled", 0600, true},
+        {"another's log, with nothing in it", 0700, false, 0600, false, "", 0600, false},
+    };
     execute(kRightTable);
     HistoryRig(m_folder.path()).add(QStringLiteral("kept"));
-    const QByteArray before = bytesOf();
-    // For root every file can be written, so the probe becomes nobody then.
-    const bool isRoot = geteuid() == 0;
-    chmod(qPrintable(m_folder.file()), 0444);
-    if (isRoot) {
-        chmod(qPrintable(QFileInfo(m_folder.path()).path()), 0711);
-        ASSERT_EQ(chown(qPrintable(m_folder.path()), 65534, 65534), 0);
+    chmod(qPrintable(QFileInfo(m_folder.path()).path()), 0711);
+    for (const Row &row : kRows) {
+        // For root every file can be written, so the probe becomes nobody then.
+        if (geteuid() != 0)
+            break;
+        SCOPED_TRACE(row.name);
+        if (row.log && !row.log->isEmpty()) {
+            SQLite::Database writer = database();
+            sqlite3_db_config(writer.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+            writer.exec("PRAGMA user_version = 1");
+        } else if (row.log) {
+            QFile(m_folder.file("-wal")).open(QIODevice::WriteOnly);
+        }
+        for (const char *suffix : {"-wal", "-shm"})
+            chmod(qPrintable(m_folder.file(suffix)), row.logMode);
+        give(row.isFolderForeign ? 0 : kNobody, row.folderMode, row.isFileForeign ? 0 : kNobody,
+             row.fileMode);
+        const QByteArray before = bytesOf();
         const auto probe = start("add");
         ASSERT_TRUE(probe->waitForFinished());
-        EXPECT_EQ(probe->readAllStandardOutput(), "kept\nold\n");
         const QByteArray log = probe->readAllStandardError();
-        EXPECT_TRUE(log.contains("cannot be written")) << log.toStdString();
+        EXPECT_EQ(probe->exitStatus(), row.isFatal ? QProcess::CrashExit : QProcess::NormalExit);
+        EXPECT_EQ(probe->readAllStandardOutput(), row.isFatal ? "" : "kept\nold\n");
+        EXPECT_TRUE(log.contains(row.isFatal ? "Unresolved error " : "cannot be written"))
+            << log.toStdString();
         EXPECT_EQ(bytesOf(), before);
-        ASSERT_EQ(chown(qPrintable(m_folder.file()), 65534, 65534), 0);
+        give(0, 0700, 0, 0600);
+        for (const char *suffix : {"-wal", "-shm"})
+            QFile::remove(m_folder.file(suffix));
     }
     // A file of one's own is made writable.
+    if (geteuid() == 0)
+        give(kNobody, 0700, kNobody, 0444);
+    else
+        chmod(qPrintable(m_folder.file()), 0444);
     const auto probe = start("add");
     ASSERT_TRUE(probe->waitForFinished());
     EXPECT_EQ(probe->readAllStandardOutput(), "added\nkept\nold\n");
