@@ -1,6 +1,7 @@
 #include "Clipboard/DoorActions.h"
 
 #include "Clipboard/AppDelegate.h"
+#include "history/ClipHistory.h"
 #include "platform/FrontApplication.h"
 #include "platform/InstanceDoor.h"
 #include "platform/KeySender.h"
@@ -28,6 +29,10 @@ DoorActions::DoorActions(AppDelegate &appDelegate, InstanceDoor &door) : m_appDe
                 front.endStartup(token);
                 perform(action);
             });
+    door.setJudge([this](const QString &action) {
+        // Else whoever asked would take the clips for gone.
+        return action != u"clear-all" || m_appDelegate.history().canChange();
+    });
     m_heldKeyTimer.setInterval(kHeldKeyInterval);
     connect(&m_heldKeyTimer, &QTimer::timeout, this, &DoorActions::swopWhenKeysAreUp);
 }

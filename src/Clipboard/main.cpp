@@ -111,6 +111,10 @@ std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
         std::fprintf(stderr, "quillmarsh: the one that is running does not know \"%s\"\n",
                      qUtf8Printable(line.action));
         return EXIT_FAILURE;
+    case InstanceDoor::Entry::Unable:
+        // Only a change of the history depends on anything.
+        std::fputs("quillmarsh: nothing was deleted: the history cannot be written\n", stderr);
+        return EXIT_FAILURE;
     case InstanceDoor::Entry::Unreachable:
         std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
         return EXIT_FAILURE;

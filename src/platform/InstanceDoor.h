@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 /// The way in for other programs and for a second start: there is never a second instance of one
 /// store. Owned by main, made before anything else of the application.
 class InstanceDoor : public QObject
@@ -14,6 +16,7 @@ public:
         First,      ///< We are the instance.
         Forwarded,  ///< Another instance runs and has taken the action; leave quietly.
         Refused,    ///< Another instance runs and does not know the action, as an older one would.
+        Unable,     ///< Another instance runs and cannot do it now, as its judge told.
         Unreachable ///< Another instance holds the lock but did not answer; leave with a message.
     };
 
@@ -31,6 +34,11 @@ public:
 
     /// From now on calls from outside are delivered; those that came earlier follow first.
     virtual void open() = 0;
+
+    /// Whether an action can be done now: whoever asks for one that cannot is told so. It is asked
+    /// once the door is open; without a judge all can.
+    using Judge = std::function<bool(const QString &action)>;
+    virtual void setJudge(Judge judge) = 0;
 
     /// Takes nothing more, because this process ends: who comes now becomes the next instance.
     virtual void close() = 0;

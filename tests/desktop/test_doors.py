@@ -3,6 +3,7 @@ bus, a start beside a running, a dead or a hung instance."""
 
 import os
 import signal
+import sqlite3
 import subprocess
 import unittest
 
@@ -114,6 +115,22 @@ class Doors(Journey):
             self.app = Quillmarsh(self.desktop, BINARY, words=[word])
             self.app.window(window)
             self.app.quit()
+
+    def test_clips_that_cannot_be_deleted_now_are_not_told_to_be(self):
+        self.app = Quillmarsh(self.desktop, BINARY)
+        self.copy("a clip")
+        with sqlite3.connect(self.app.store, isolation_level=None) as other:
+            other.execute("BEGIN IMMEDIATE")
+            ended = self.word("clear-all")
+            self.assertEqual(ended.returncode, 1)
+            self.assertIn("nothing was deleted", ended.stderr)
+            with self.assertRaises(dbus.exceptions.DBusException):
+                self.call("clear-all")
+            other.execute("ROLLBACK")
+        other.close()
+        self.assertEqual(self.app.clips(), ["a clip"])
+        self.say("clear-all")
+        self.wait_for(lambda: self.app.clips() == [], "an empty history")
 
     def test_words_are_answered_or_refused_before_a_display_is_looked_for(self):
         rows = [(["--help"], 0, "clear-all", ""), (["-h", "launch"], 0, "usage:", ""),

@@ -1,7 +1,5 @@
 #include "platform/freedesktop/ApplicationAdaptor.h"
 
-#include "platform/freedesktop/InstanceSocket.h"
-
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusMessage>
@@ -44,9 +42,14 @@ void ApplicationAdaptor::Open(const QStringList &, const QVariantMap &platformDa
 void ApplicationAdaptor::ActivateAction(const QString &action, const QVariantList &,
                                         const QVariantMap &platformData, const QDBusMessage &call)
 {
-    if (m_receiver({action, activationToken(platformData)}))
+    const auto answer = m_receiver({action, activationToken(platformData)});
+    if (answer == InstanceSocket::Answer::Taken)
         return;
     call.setDelayedReply(true);
     QDBusConnection::sessionBus().send(
-        call.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no such action.")));
+        answer == InstanceSocket::Answer::Refused
+            ? call.createErrorReply(QDBusError::InvalidArgs,
+                                    QStringLiteral("There is no such action."))
+            : call.createErrorReply(QLatin1String(kUnable),
+                                    QStringLiteral("This cannot be done now.")));
 }

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "platform/freedesktop/InstanceSocket.h"
+
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
 #include <QStringList>
 #include <QVariantList>
 #include <QVariantMap>
-
-#include <functional>
-
-struct DoorMessage;
 
 /// The interface org.freedesktop.Application on the bus. Owned by DBusInstanceDoor, to which it
 /// hands every call; a call is confirmed as soon as it was handed over.
@@ -18,8 +16,9 @@ class ApplicationAdaptor : public QDBusAbstractAdaptor
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// Answers false for an action that does not exist.
-    using Receiver = std::function<bool(const DoorMessage &)>;
+    using Receiver = InstanceSocket::Receiver;
+    /// The name of the error that answers for an action that cannot be done now.
+    static constexpr const char *kUnable = "org.quillmarsh.Quillmarsh.Error.Unable";
 
     /// `parent` is the object on the bus.
     ApplicationAdaptor(QObject *parent, Receiver receiver);

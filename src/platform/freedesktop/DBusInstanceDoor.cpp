@@ -137,6 +137,8 @@ InstanceDoor::Entry DBusInstanceDoor::enterBySocket(const DoorMessage &message)
             return Entry::Forwarded;
         case InstanceSocket::Answer::Refused:
             return Entry::Refused;
+        case InstanceSocket::Answer::Unable:
+            return Entry::Unable;
         case InstanceSocket::Answer::None:
             return Entry::Unreachable;
         case InstanceSocket::Answer::Nobody:
@@ -166,6 +168,8 @@ InstanceDoor::Entry DBusInstanceDoor::enterByBus(const DoorMessage &message)
             return Entry::Forwarded;
         if (QDBusError(answer).type() == QDBusError::InvalidArgs)
             return Entry::Refused;
+        if (answer.errorName() == QLatin1String(ApplicationAdaptor::kUnable))
+            return Entry::Unable;
         if (Clock::now() >= deadline) {
             qCWarning(lcDoor, "the running instance did not take the action: %s",
                       qUtf8Printable(answer.errorMessage()));
@@ -215,18 +219,20 @@ void DBusInstanceDoor::close()
         QDBusConnection::sessionBus().unregisterService(Info::main().bundleIdentifier);
 }
 
-bool DBusInstanceDoor::receive(DoorMessage message)
+InstanceSocket::Answer DBusInstanceDoor::receive(DoorMessage message)
 {
     if (!isKnown(message.action)) {
         qCWarning(lcDoor, "there is no action %s", qUtf8Printable(quoted(message.action)));
-        return false;
+        return InstanceSocket::Answer::Refused;
     }
+    if (m_isOpen && m_judge && !m_judge(message.action))
+        return InstanceSocket::Answer::Unable;
     message.activationToken = usable(message.activationToken);
     if (m_isOpen)
         deliver(message);
     else
         m_waiting.append(message);
-    return true;
+    return InstanceSocket::Answer::Taken;
 }
 
 void DBusInstanceDoor::deliver(const DoorMessage &message)

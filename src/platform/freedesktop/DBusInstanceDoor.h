@@ -6,6 +6,8 @@
 #include <QDBusConnection>
 #include <QList>
 
+#include <utility>
+
 /// org.freedesktop.Application on the session bus for other programs, and the lock with its socket
 /// beside the store for a second start, which therefore needs neither a bus nor an application
 /// object. Owned by main. Whatever comes before open() waits: bus calls in a list, other starts in
@@ -29,6 +31,7 @@ public:
     Entry enter(const QString &action) override;
     QString activationToken() const override { return m_activationToken; }
     void open() override;
+    void setJudge(Judge judge) override { m_judge = std::move(judge); }
     void close() override;
 
 private:
@@ -39,13 +42,13 @@ private:
     /// Whether nobody else has the name, so that it is ours.
     bool ownsNameOn(QDBusConnection &bus);
 
-    /// False when there is no such action.
-    bool receive(DoorMessage message);
+    InstanceSocket::Answer receive(DoorMessage message);
     void deliver(const DoorMessage &message);
 
     /// Read before an application object is made, which takes it out of the environment.
     QString m_activationToken;
     InstanceSocket m_socket;
+    Judge m_judge;
     bool m_ownsName = false;
     bool m_isOpen = false;
     QList<DoorMessage> m_waiting;

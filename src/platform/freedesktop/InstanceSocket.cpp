@@ -29,6 +29,7 @@ constexpr const char *kSocketName = "Quillmarsh.socket";
 constexpr const char *kGreeting = "quillmarsh 1";
 constexpr const char *kTaken = "taken";
 constexpr const char *kRefused = "refused";
+constexpr const char *kUnable = "unable";
 constexpr const char *kLeaving = "leaving";
 constexpr qsizetype kLargestMessage = 4096;
 /// Who waits for an answer looks so often whether the holder is gone, which sends no word of it.
@@ -197,6 +198,8 @@ InstanceSocket::Answer InstanceSocket::awaitAnswer(int own, Clock::time_point de
         return Answer::Taken;
     if (std::strcmp(word, kRefused) == 0)
         return Answer::Refused;
+    if (std::strcmp(word, kUnable) == 0)
+        return Answer::Unable;
     return std::strcmp(word, kLeaving) == 0 ? Answer::Nobody : Answer::None;
 }
 
@@ -225,8 +228,8 @@ void InstanceSocket::receive(const Receiver &receiver)
         qCWarning(lcInstance, "a message at the door was not understood");
         return;
     }
-    const bool isTaken = receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))});
-    answer(letter, isTaken ? kTaken : kRefused);
+    const Answer told = receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))});
+    answer(letter, told == Answer::Taken ? kTaken : told == Answer::Refused ? kRefused : kUnable);
 }
 
 void InstanceSocket::stopListening()

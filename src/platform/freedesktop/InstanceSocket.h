@@ -28,12 +28,13 @@ public:
     enum class Answer {
         Taken,
         Refused, ///< The holder does not know the action.
+        Unable,  ///< The holder cannot do it now.
         None,    ///< The holder listens but did not answer in time.
         Nobody   ///< The holder does not listen: not yet, or it is on its way out, or gone.
     };
 
-    /// Answers whether the message is taken.
-    using Receiver = std::function<bool(const DoorMessage &)>;
+    /// Answers Taken, Refused or Unable.
+    using Receiver = std::function<Answer(const DoorMessage &)>;
 
     /// `folder` is made when it is missing, and is this user's alone from then on.
     explicit InstanceSocket(QString folder);

@@ -46,7 +46,7 @@ TEST_F(InstanceSocketTest, aSecondStartReachesTheFirstWhichAnswersWhatItMakesOfI
 {
     ASSERT_EQ(first.claim(), Claim::Taken);
     ASSERT_EQ(second.claim(), Claim::Held);
-    for (const bool isTaken : {true, false}) {
+    for (const Answer answer : {Answer::Taken, Answer::Refused, Answer::Unable}) {
         auto forwarded = std::async(std::launch::async,
                                     [&] { return second.forward(kMessage, milliseconds(5000)); });
         pollfd readable{first.descriptor(), POLLIN, 0};
@@ -54,13 +54,13 @@ TEST_F(InstanceSocketTest, aSecondStartReachesTheFirstWhichAnswersWhatItMakesOfI
         first.receive([&](const DoorMessage &message) {
             EXPECT_EQ(message.action, kMessage.action);
             EXPECT_EQ(message.activationToken, kMessage.activationToken);
-            return isTaken;
+            return answer;
         });
-        EXPECT_EQ(forwarded.get(), isTaken ? Answer::Taken : Answer::Refused);
+        EXPECT_EQ(forwarded.get(), answer);
     }
     first.receive([](const DoorMessage &) {
         ADD_FAILURE() << "nothing waits";
-        return false;
+        return Answer::Refused;
     });
 }
 
