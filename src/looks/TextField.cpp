@@ -7,7 +7,8 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
-#include <QTextDocumentFragment>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <QTextEdit>
 
 #include <algorithm>
@@ -114,6 +115,21 @@ private:
     QLineEdit &m_line;
 };
 
+/// Block by block, because a block may go on with the line of the one before it.
+QString textBetween(const QTextDocument &document, int start, int end)
+{
+    QString text;
+    for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() <= end;
+         block = block.next()) {
+        if (block.position() > start && !block.blockFormat().hasProperty(TextField::kContinuesLine))
+            text += u'\n';
+        const int from = std::max(0, start - block.position());
+        text += QStringView(block.text())
+                    .mid(from, std::min(end - block.position(), block.length() - 1) - from);
+    }
+    return text.replace(QChar::LineSeparator, u'\n');
+}
+
 /// Opens the one door through which a text edit's subclasses bound what is pasted into them.
 template <typename Edit>
 struct Opened : Edit
@@ -149,7 +165,11 @@ public:
         m_edit.setTextCursor(cursor);
     }
     void selectAll() override { m_edit.selectAll(); }
-    QString selectedText() const override { return m_edit.textCursor().selection().toPlainText(); }
+    QString selectedText() const override
+    {
+        const QTextCursor cursor = m_edit.textCursor();
+        return textBetween(*m_edit.document(), cursor.selectionStart(), cursor.selectionEnd());
+    }
     bool mark(QTextCursor::MoveOperation motion) override { return markBy(motion, 1); }
     bool markPage(QTextCursor::MoveOperation upOrDown) override
     {

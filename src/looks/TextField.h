@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QString>
 #include <QTextCursor>
+#include <QTextFormat>
 
 #include <memory>
 
@@ -22,6 +23,10 @@ public:
         bool isEmpty() const { return anchor == caret; }
         bool operator==(const Range &) const = default;
     };
+
+    /// A property of a text block's format: it goes on with the line of the block before it, so
+    /// that the break between them is none of the text's.
+    static constexpr int kContinuesLine = QTextFormat::UserProperty + 1;
 
     TextField() = default;
     TextField(const TextField &) = delete;

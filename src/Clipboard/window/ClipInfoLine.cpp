@@ -1,7 +1,6 @@
 #include "Clipboard/window/ClipInfoLine.h"
 
 #include "Clipboard/window/Looks.h"
-#include "Clipboard/window/VisibleCharacters.h"
 #include "history/ClipItem.h"
 #include "platform/Clock.h"
 
@@ -26,14 +25,10 @@ QString timesPasted(const ClipItem &item)
     return ClipInfoLine::tr("pasted %Ln times", nullptr, int(times));
 }
 
-QString sizeOf(const ClipItem &item)
+/// A file's own size is told by its preview.
+bool hasCharacters(const ClipItem &item)
 {
-    // A file's own size is told by its preview.
-    if (item.filepath() || !item.strValue())
-        return {};
-    const qint64 count = VisibleCharacters::count(*item.strValue());
-    return count == 1 ? ClipInfoLine::tr("1 character")
-                      : ClipInfoLine::tr("%Ln characters", nullptr, int(count));
+    return !item.filepath() && item.strValue();
 }
 
 QString exactTime(const ClipItem &item)
@@ -52,10 +47,14 @@ ClipInfoLine::ClipInfoLine(Clock &clock, QWidget *parent)
     setObjectName(QStringLiteral("clipInfoLine"));
     m_timer->setInterval(std::chrono::seconds(kRefreshSeconds));
     connect(m_timer, &QTimer::timeout, this, &ClipInfoLine::update);
+    connect(&m_counter, &CharacterCounter::counted, this, &ClipInfoLine::update);
 }
 
 void ClipInfoLine::setClipItem(const std::shared_ptr<ClipItem> &item)
 {
+    // A clip's text stays what it is.
+    if (item != m_item)
+        m_counter.count(item && hasCharacters(*item) ? *item->strValue() : QString());
     m_item = item;
     update();
 }
@@ -68,7 +67,7 @@ void ClipInfoLine::update()
             parts.append(m_item->applicationName()->simplified());
         if (m_item->createDate())
             parts.append(relativeTime(*m_item->createDate(), m_clock.now()));
-        parts.append(sizeOf(*m_item));
+        parts.append(size());
         parts.append(timesPasted(*m_item));
         parts.removeAll(QString());
     }
@@ -76,6 +75,14 @@ void ClipInfoLine::update()
     setToolTip(m_item ? exactTime(*m_item) : QString());
     setAccessibleName(m_text);
     QWidget::update();
+}
+
+QString ClipInfoLine::size() const
+{
+    const std::optional<qint64> count = m_counter.characters();
+    if (!count || !hasCharacters(*m_item))
+        return {};
+    return *count == 1 ? tr("1 character") : tr("%Ln characters", nullptr, int(*count));
 }
 
 QString ClipInfoLine::relativeTime(const QDateTime &time, const QDateTime &now)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clipboard/window/CharacterCounter.h"
 #include "Clipboard/window/ClipColors.h"
 
 #include <QDateTime>
@@ -42,10 +43,12 @@ protected:
 
 private:
     void update();
+    QString size() const;
     QFont lineFont() const;
 
     Clock &m_clock;
     std::shared_ptr<ClipItem> m_item;
+    CharacterCounter m_counter;
     QString m_text;
     ClipColors m_colors;
     QTimer *m_timer;

@@ -4,10 +4,13 @@
 #include "Clipboard/window/Looks.h"
 #include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/VisibleCharacters.h"
+#include "looks/TextField.h"
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QSyntaxHighlighter>
+#include <QTextBlockFormat>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -16,14 +19,6 @@
 namespace {
 
 constexpr int kMargin = Looks::kTextMargin;
-
-/// `length` or one less, so that no character is cut in half.
-qsizetype wholeCharacters(QStringView text, qsizetype length)
-{
-    const bool splitsPair =
-        length > 0 && length < text.size() && text.at(length - 1).isHighSurrogate();
-    return splitsPair ? length - 1 : length;
-}
 
 /// Length of the part of `text` that is shown.
 qsizetype shownLength(QStringView text)
@@ -40,7 +35,49 @@ qsizetype shownLength(QStringView text)
         if (bytes > ClipTextView::kShownBytes)
             break;
     }
-    return wholeCharacters(text, end);
+    return VisibleCharacters::wholeCharacters(text, end);
+}
+
+bool endsLine(QChar character)
+{
+    // The last two are what the text engine has for the borders of a table.
+    constexpr char16_t kEnds[] = {u'\n', u'\r', 0x2029, 0xFDD0, 0xFDD1};
+    return std::find(std::begin(kEnds), std::end(kEnds), character.unicode()) != std::end(kEnds);
+}
+
+/// What is laid out as one: a line, or a part of a long one.
+struct Piece
+{
+    qsizetype length;      ///< Without the line's end.
+    qsizetype breakLength; ///< Of the line's end: 0 when the line goes on or the text ends.
+};
+
+Piece firstPiece(QStringView text)
+{
+    constexpr qsizetype kMost = ClipTextView::kShownAtOnce;
+    const QStringView reach = text.left(kMost);
+    const auto *end = std::find_if(reach.begin(), reach.end(), endsLine);
+    if (end != reach.end()) {
+        const qsizetype length = end - reach.begin();
+        return {length, text.mid(length).startsWith(u"\r\n") ? 2 : 1};
+    }
+    if (text.size() <= kMost)
+        return {text.size(), 0};
+    // Rather between words, if one ends nearby.
+    constexpr qsizetype kNearby = 200;
+    const qsizetype blank = reach.lastIndexOf(u' ');
+    return {blank >= kMost - kNearby ? blank + 1 : VisibleCharacters::wholeCharacters(text, kMost),
+            0};
+}
+
+/// Of a block that goes on with the line of `before`.
+QTextBlockFormat continuing(const QTextBlock &before)
+{
+    QTextBlockFormat format;
+    format.setProperty(TextField::kContinuesLine, true);
+    // The whole line reads the way it began.
+    format.setLayoutDirection(before.textDirection());
+    return format;
 }
 
 /// Whether a run of characters without a blank is too long to look for its end at each line: the
@@ -118,6 +155,7 @@ ClipTextView::ClipTextView(QWidget *parent) : QPlainTextEdit(parent), m_moreLabe
     m_moreLabel->hide();
     m_idleTimer.setInterval(0);
     connect(&m_idleTimer, &QTimer::timeout, this, &ClipTextView::showMore);
+    connect(&m_rest, &CharacterCounter::counted, this, &ClipTextView::showRest);
 }
 
 void ClipTextView::setString(const QString &text)
@@ -132,35 +170,51 @@ void ClipTextView::setString(const QString &text)
                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDefaultTextOption(option);
 
-    const qsizetype rest = text.size() - m_text.size();
-    m_shown = wholeCharacters(m_text, qMin(m_text.size(), kShownAtOnce));
-    setPlainText(m_text.left(m_shown));
-    if (m_shown < m_text.size())
-        m_idleTimer.start();
-    else
-        m_idleTimer.stop();
+    const qsizetype shown = m_text.size();
+    m_rest.count(text, shown);
+    m_shown = 0;
+    clear();
+    showMore();
+    // What was put behind the cursor took it along.
+    moveCursor(QTextCursor::Start);
 
-    m_moreLabel->setVisible(rest > 0);
-    if (rest > 0)
-        m_moreLabel->setText(
-            tr("… and %Ln more characters, pasted in full", nullptr, static_cast<int>(rest)));
+    m_moreLabel->setVisible(text.size() > shown);
+    showRest();
     placeMoreLabel();
 }
 
 void ClipTextView::showMore()
 {
-    // A line is laid out anew whenever something is put behind it, so it comes to its end at once.
-    const qsizetype lineEnd =
-        m_text.indexOf(u'\n', qMin(m_shown + kShownAtOnce, m_text.size()) - 1);
-    const qsizetype end = lineEnd < 0 ? m_text.size() : lineEnd + 1;
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(m_text.mid(m_shown, end - m_shown));
-    m_shown = end;
-    if (m_shown < m_text.size())
+    cursor.beginEditBlock();
+    for (const qsizetype start = m_shown; m_shown < m_text.size();) {
+        const Piece piece = firstPiece(QStringView(m_text).mid(m_shown));
+        const qsizetype end = m_shown + piece.length + piece.breakLength;
+        if (m_shown > start && end - start > kShownAtOnce)
+            break;
+        if (m_shown > 0 && !endsLine(m_text.at(m_shown - 1)))
+            cursor.insertBlock(continuing(cursor.block()));
+        cursor.insertText(m_text.mid(m_shown, piece.length));
+        if (piece.breakLength > 0)
+            cursor.insertBlock(QTextBlockFormat());
+        m_shown = end;
+    }
+    cursor.endEditBlock();
+    if (m_shown < m_text.size()) {
+        m_idleTimer.start();
         return;
+    }
     m_idleTimer.stop();
     m_text.clear();
+}
+
+void ClipTextView::showRest()
+{
+    const std::optional<qint64> rest = m_rest.characters();
+    m_moreLabel->setText(
+        rest ? tr("… and %Ln more characters, pasted in full", nullptr, static_cast<int>(*rest))
+             : QStringLiteral("…"));
 }
 
 void ClipTextView::setColors(const ClipColors &colors)
@@ -175,6 +229,13 @@ void ClipTextView::setColors(const ClipColors &colors)
     quiet.setColor(QPalette::WindowText, colors.quietText);
     m_moreLabel->setPalette(quiet);
     ScrollBars::makeSlim(*this, colors);
+}
+
+QMimeData *ClipTextView::createMimeDataFromSelection() const
+{
+    auto *selected = new QMimeData;
+    selected->setText(TextField::of(const_cast<ClipTextView *>(this))->selectedText());
+    return selected;
 }
 
 void ClipTextView::keyPressEvent(QKeyEvent *event)

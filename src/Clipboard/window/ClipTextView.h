@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clipboard/window/CharacterCounter.h"
 #include "Clipboard/window/ClipColors.h"
 
 #include <QPlainTextEdit>
@@ -10,7 +11,8 @@ class QLabel;
 /// The read-only text preview. Owned by the preview pane. It holds the whole text of a clip of up
 /// to 1 MiB, and of a larger one the beginning, with a line below that says how much more there is.
 /// What is laid out within a frame is there at once; the rest follows while nothing else is to be
-/// done.
+/// done. A line that is longer than that is laid out in pieces, each beginning a line of its own on
+/// the screen; what is selected and copied is whole.
 class ClipTextView : public QPlainTextEdit
 {
     Q_OBJECT
@@ -35,15 +37,18 @@ Q_SIGNALS:
     void otherKeyPressed(const QKeyEvent &event);
 
 protected:
+    QMimeData *createMimeDataFromSelection() const override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void showMore();
+    void showRest();
     void placeMoreLabel();
 
     QLabel *m_moreLabel;
-    QString m_text;        ///< All that is to be shown; empty once it is.
-    qsizetype m_shown = 0; ///< How much of it is.
-    QTimer m_idleTimer;    ///< Fires while there is nothing else to do.
+    CharacterCounter m_rest; ///< Of what is not shown.
+    QString m_text;          ///< All that is to be shown; empty once it is.
+    qsizetype m_shown = 0;   ///< How much of it is.
+    QTimer m_idleTimer;      ///< Fires while there is nothing else to do.
 };

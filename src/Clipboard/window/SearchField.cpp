@@ -1,6 +1,8 @@
 #include "Clipboard/window/SearchField.h"
 
+#include "Clipboard/window/EmojiFont.h"
 #include "Clipboard/window/Looks.h"
+#include "Clipboard/window/VisibleCharacters.h"
 #include "Clipboard/window/WindowIcons.h"
 
 #include <QApplication>
@@ -43,6 +45,7 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
     connect(m_clearButton, &QToolButton::clicked, this, [this] { replaceText(QString()); });
     connect(this, &QLineEdit::textChanged, m_clearButton,
             [this](const QString &text) { m_clearButton->setVisible(!text.isEmpty()); });
+    connect(this, &QLineEdit::textChanged, this, &SearchField::drawEmojiInColor);
 }
 
 /// Between the magnifier, where a line begins, and the clear button, where it ends.
@@ -135,10 +138,26 @@ void SearchField::drawPlaceholder(QPainter &painter)
         painter.fontMetrics().elidedText(placeholderText(), Qt::ElideRight, place.width()));
 }
 
+/// A line edit takes the looks of its text only from an input method.
+void SearchField::drawEmojiInColor()
+{
+    if (m_isComposing)
+        return;
+    QList<QInputMethodEvent::Attribute> attributes;
+    for (const VisibleCharacters::Run &run : VisibleCharacters::emoji(text()))
+        // They are counted from the cursor.
+        attributes.append({QInputMethodEvent::TextFormat,
+                           static_cast<int>(run.start) - cursorPosition(),
+                           static_cast<int>(run.length), EmojiFont::format()});
+    QInputMethodEvent looks(QString(), attributes);
+    QLineEdit::inputMethodEvent(&looks);
+}
+
 void SearchField::inputMethodEvent(QInputMethodEvent *event)
 {
     m_isComposing = !event->preeditString().isEmpty();
     QLineEdit::inputMethodEvent(event);
+    drawEmojiInColor();
     update();
 }
 

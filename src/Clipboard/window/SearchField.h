@@ -32,6 +32,7 @@ protected:
 
 private:
     void placeText();
+    void drawEmojiInColor();
     void updateFont();
     void updateIcons();
     void drawPlaceholder(QPainter &painter);

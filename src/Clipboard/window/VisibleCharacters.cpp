@@ -96,17 +96,56 @@ qsizetype nextBoundary(QTextBoundaryFinder &finder, QStringView text)
 
 qint64 VisibleCharacters::count(QStringView text)
 {
-    if (isPlain(text)) {
-        qint64 lineEnds = 0;
-        for (qsizetype at = text.indexOf(u"\r\n"); at >= 0; at = text.indexOf(u"\r\n", at + 2))
-            ++lineEnds;
-        return text.size() - lineEnds;
-    }
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
     qint64 characters = 0;
-    while (nextBoundary(finder, text) > 0)
-        ++characters;
+    for (qsizetype begin = 0; begin < text.size();) {
+        const Counted some = countSome(text, begin);
+        begin = some.end;
+        characters += some.characters;
+    }
     return characters;
+}
+
+VisibleCharacters::Counted VisibleCharacters::countSome(QStringView text, qsizetype begin)
+{
+    constexpr qsizetype kSlice = 32 * 1024;
+    QStringView slice = text.mid(begin, kSlice);
+    // What stands at the end of a slice may go on behind it.
+    const bool isLast = begin + slice.size() == text.size();
+    if (!isLast && slice.back().isHighSurrogate())
+        slice.chop(1);
+    if (isPlain(slice)) {
+        qsizetype end = slice.size() - (isLast ? 0 : 1);
+        while (!isLast && end > 1 && slice.at(end - 1) == u'\r')
+            --end;
+        return {begin + end, end - slice.left(end).count(u"\r\n")};
+    }
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, slice.data(), slice.size());
+    Counted counted{begin, 0};
+    for (qsizetype end = nextBoundary(finder, slice); end > 0; end = nextBoundary(finder, slice)) {
+        if (end == slice.size() && !isLast && counted.characters > 0)
+            break;
+        counted.end = begin + end;
+        ++counted.characters;
+    }
+    return counted;
+}
+
+qsizetype VisibleCharacters::wholeCharacters(QStringView text, qsizetype length)
+{
+    // Longer than any character that a person would make.
+    constexpr qsizetype kAround = 64;
+    if (length <= 0 || length >= text.size())
+        return qBound(qsizetype(0), length, text.size());
+    const qsizetype start = std::max(qsizetype(0), length - kAround);
+    const QStringView around = text.mid(start, 2 * kAround);
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, around.data(), around.size());
+    qsizetype whole = 0;
+    for (qsizetype end = nextBoundary(finder, around); end > 0 && start + end <= length;
+         end = nextBoundary(finder, around))
+        whole = end;
+    if (whole > 0)
+        return start + whole;
+    return text.at(length - 1).isHighSurrogate() ? length - 1 : length;
 }
 
 QList<VisibleCharacters::Run> VisibleCharacters::emoji(QStringView text)

@@ -8,6 +8,18 @@ namespace VisibleCharacters {
 
 qint64 count(QStringView text);
 
+struct Counted
+{
+    qsizetype end; ///< Where the first character stands that is not counted.
+    qint64 characters;
+};
+/// Counts on from `begin`, where a character begins, for a moment that does not grow with the text:
+/// a part of a frame.
+Counted countSome(QStringView text, qsizetype begin);
+
+/// `length` or as much less as no character is cut in two by.
+qsizetype wholeCharacters(QStringView text, qsizetype length);
+
 /// A run of emoji, in UTF-16 units.
 struct Run
 {
