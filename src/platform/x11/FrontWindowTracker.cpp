@@ -27,54 +27,84 @@ void FrontWindowTracker::handle(const xcb_property_notify_event_t &event)
         update();
 }
 
-FrontWindowTracker::Front FrontWindowTracker::frontAtCopy(xcb_window_t owner)
+FrontWindowTracker::Question FrontWindowTracker::askAtCopy(xcb_window_t owner)
 {
-    if (m_isManaged)
-        checkNames();
-    else
+    if (!m_isManaged)
         update();
-    const bool isOurs = m_isInFront && isQtWindow(m_window);
-    const bool isInFront = m_isInFront && (!isOurs || m_activeWindow.isShown(m_window));
-    if (isInFront && !m_name.isEmpty())
-        return {m_name, isOurs};
-    const QString name = nameOfOwner(owner);
-    return {name.isEmpty() && !isInFront ? m_last.nameWhileItRuns() : name, false};
+    Question question;
+    question.seen = m_seen;
+    question.isOurs = m_seen.isThere && isQtWindow(m_seen.window);
+    question.isShown =
+        m_seen.isThere && (!question.isOurs || m_activeWindow.isShown(m_seen.window));
+    question.last = m_last;
+    if (m_seen.window != XCB_NONE) {
+        question.leader =
+            m_connection.ask(m_seen.window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW);
+        question.windowClass =
+            m_connection.ask(m_seen.namingWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    }
+    if (!question.isShown || m_seen.name.isEmpty())
+        question.owner = m_activeWindow.ask(owner);
+    xcb_flush(m_connection.get());
+    return question;
+}
+
+FrontWindowTracker::Front FrontWindowTracker::answer(Question question)
+{
+    if (hasChanged(question)) {
+        const bool isStillInFront = question.seen.window == m_seen.window;
+        question.seen = look(question.seen.window);
+        question.isShown = question.isShown && question.seen.isThere;
+        if (isStillInFront) {
+            m_seen = question.seen;
+            remember();
+        }
+    }
+    if (question.isShown && !question.seen.name.isEmpty())
+        return {question.seen.name, question.isOurs};
+    const QString name = question.owner ? nameOf(*question.owner) : QString();
+    return {name.isEmpty() && !question.isShown ? question.last.nameWhileItRuns() : name, false};
 }
 
 void FrontWindowTracker::update()
 {
     m_isManaged = m_activeWindow.isManaged();
-    m_window = m_activeWindow.current();
-    identify();
+    m_seen = look(m_activeWindow.current());
+    remember();
 }
 
-void FrontWindowTracker::identify()
+FrontWindowTracker::Seen FrontWindowTracker::look(xcb_window_t window) const
 {
-    m_namingWindow = m_activeWindow.namingWindowOf(m_window);
-    m_windowClass = m_connection.property(m_namingWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
-    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(m_namingWindow);
-    m_isInFront = identity.has_value();
-    m_name = identity ? m_names.identify(*identity).name : QString();
-    if (!m_name.isEmpty())
-        m_last.remember(m_name, m_activeWindow.processIdOf(m_namingWindow));
+    Seen seen;
+    seen.window = window;
+    seen.leader = m_connection.firstOf(window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW);
+    seen.namingWindow = m_activeWindow.namingWindowOf(window);
+    seen.windowClass = m_connection.property(seen.namingWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
+    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(seen.namingWindow);
+    seen.isThere = identity.has_value();
+    seen.name = identity ? m_names.identify(*identity).name : QString();
+    return seen;
 }
 
-void FrontWindowTracker::checkNames()
+void FrontWindowTracker::remember()
 {
-    if (m_window == XCB_NONE)
-        return;
+    if (!m_seen.name.isEmpty())
+        m_last.remember(m_seen.name, m_activeWindow.ask(m_seen.namingWindow).processId());
+}
+
+bool FrontWindowTracker::hasChanged(Question &question)
+{
+    if (!question.leader)
+        return false;
     // Some applications tell their class only once they are in front. A dead window has none.
-    const xcb_window_t namingWindow = m_activeWindow.namingWindowOf(m_window);
-    const QByteArray windowClass =
-        m_connection.property(namingWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING);
-    if (namingWindow != m_namingWindow || windowClass.isEmpty() || windowClass != m_windowClass)
-        identify();
+    const bool hasOtherLeader = question.leader->first() != question.seen.leader;
+    const QByteArray windowClass = question.windowClass->value();
+    return hasOtherLeader || windowClass.isEmpty() || windowClass != question.seen.windowClass;
 }
 
-QString FrontWindowTracker::nameOfOwner(xcb_window_t owner) const
+QString FrontWindowTracker::nameOf(WindowQuestion &owner) const
 {
-    const std::optional<WindowIdentity> identity = m_activeWindow.identityOf(owner);
-    const bool isOurs =
-        identity && m_activeWindow.processIdOf(owner) == static_cast<quint32>(getpid());
+    const std::optional<WindowIdentity> identity = owner.identity();
+    const bool isOurs = identity && owner.processId() == static_cast<quint32>(getpid());
     return identity && !isOurs ? m_names.identify(*identity).name : QString();
 }

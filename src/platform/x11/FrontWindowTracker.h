@@ -7,6 +7,8 @@
 
 #include <xcb/xcb.h>
 
+#include <optional>
+
 class ApplicationNames;
 
 /// Knows the application in front at any moment. The window manager's announcements arrive on the
@@ -24,22 +26,50 @@ public:
 
     void handle(const xcb_property_notify_event_t &event);
 
+private:
+    /// A window in front and the name it bears.
+    struct Seen
+    {
+        xcb_window_t window = XCB_NONE;
+        xcb_window_t leader = XCB_NONE;       ///< The one it says it is a dialog of.
+        xcb_window_t namingWindow = XCB_NONE; ///< The one whose name a dialog bears, or itself.
+        QByteArray windowClass;               ///< Of the naming window.
+        bool isThere = false;
+        QString name; ///< Empty where it tells none.
+    };
+
+public:
     struct Front
     {
         QString applicationName;
         bool isOurs = false; ///< One of our own windows.
     };
 
-    /// Who is in front while `owner` copies, and the name to give its copy: that of the
-    /// application in front; with none in front the owner's own, as far as its window tells; else
-    /// the last one while it runs; else empty. Waits for the server only.
-    Front frontAtCopy(xcb_window_t owner);
+    /// Who was in front when a copy was made. Asked then, so that what happens until the answer is
+    /// collected changes nothing, and nobody waits for it meanwhile.
+    class Question
+    {
+        friend FrontWindowTracker;
+        Seen seen;
+        bool isOurs = false;
+        bool isShown = false;
+        LastApplication last;
+        std::optional<PendingProperty> leader, windowClass;
+        std::optional<WindowQuestion> owner;
+    };
+    /// While `owner` copies.
+    Question askAtCopy(xcb_window_t owner);
+
+    /// The name to give the copy is that of the application in front; with none in front the
+    /// owner's own, as far as its window tells; else the last one while it runs; else empty.
+    Front answer(Question question);
 
 private:
     void update();
-    void identify();
-    void checkNames();
-    QString nameOfOwner(xcb_window_t owner) const;
+    Seen look(xcb_window_t window) const;
+    void remember();
+    static bool hasChanged(Question &question);
+    QString nameOf(WindowQuestion &owner) const;
 
     const X11Connection &m_connection;
     const ApplicationNames &m_names;
@@ -47,10 +77,6 @@ private:
     xcb_atom_t m_activeWindowAtom;
     xcb_atom_t m_managerAtom;
     bool m_isManaged = false;
-    xcb_window_t m_window = XCB_NONE;       ///< In front.
-    xcb_window_t m_namingWindow = XCB_NONE; ///< The one it is a dialog of, or itself.
-    QByteArray m_windowClass;               ///< Of the naming window, when it was identified.
-    bool m_isInFront = false;               ///< There is such a window.
-    QString m_name;                         ///< Empty where it tells none.
+    Seen m_seen;
     LastApplication m_last;
 };

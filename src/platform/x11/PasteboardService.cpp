@@ -87,7 +87,7 @@ bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
     if (!claim(m_connection.atoms().clipboard, std::move(offer), XCB_CURRENT_TIME))
         return false;
     // Only now is every window known that came to the front before.
-    const FrontWindowTracker::Front front = m_front.frontAtCopy(m_connection.window());
+    const auto front = m_front.answer(m_front.askAtCopy(m_connection.window()));
     contents.applicationName = front.applicationName;
     contents.isOursInFront = front.isOurs;
     m_changes.publish(std::move(contents));
@@ -172,8 +172,7 @@ void PasteboardService::publishPrimary(xcb_window_t target)
     if (m_primaryReader.isReading())
         m_primaryReader.abandon();
     m_primaryReader.begin(XCB_ATOM_PRIMARY, XCB_CURRENT_TIME, largestRead());
-    xcb_flush(m_connection.xcb());
-    m_primaryFront = m_front.frontAtCopy(owner);
+    m_primaryFront = m_front.askAtCopy(owner);
 }
 
 void PasteboardService::handOver(std::function<void()> done)
@@ -278,9 +277,7 @@ void PasteboardService::beginReading(xcb_window_t owner, xcb_timestamp_t time)
     m_clipboardTime = time;
     m_changes.setReading(true);
     m_clipboardReader.begin(m_connection.atoms().clipboard, time, largestRead());
-    // The owner can work on its answer while we look at the window in front.
-    xcb_flush(m_connection.xcb());
-    m_clipboardFront = m_front.frontAtCopy(owner);
+    m_clipboardFront = m_front.askAtCopy(owner);
 }
 
 void PasteboardService::collectFinished()
@@ -290,13 +287,14 @@ void PasteboardService::collectFinished()
     const auto primary = m_primaryReader.takeFinished();
     // A terminal in which nothing is marked has copied nothing.
     if (primary && (primary->text || primary->isTextTooLarge || primary->isConcealed))
-        publish(*primary, m_primaryFront);
+        publish(*primary, std::move(m_primaryFront));
     m_managerRole.answerWaiting();
 }
 
 qint64 PasteboardService::publish(const FetchedSelection &fetched,
-                                  const FrontWindowTracker::Front &front)
+                                  FrontWindowTracker::Question question)
 {
+    const FrontWindowTracker::Front front = m_front.answer(std::move(question));
     PasteboardContents contents = fetched.contents(m_changes.largestUsefulText());
     contents.applicationName = front.applicationName;
     contents.isOursInFront = front.isOurs;
@@ -307,7 +305,7 @@ qint64 PasteboardService::publish(const FetchedSelection &fetched,
 
 void PasteboardService::publishClipboard(const FetchedSelection &fetched)
 {
-    const qint64 changeCount = publish(fetched, m_clipboardFront);
+    const qint64 changeCount = publish(fetched, std::move(m_clipboardFront));
     m_kept.begin(changeCount, fetched, m_clipboardTime);
     answerFromClipboard();
 }

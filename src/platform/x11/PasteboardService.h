@@ -74,7 +74,7 @@ private:
     void beginReading(xcb_window_t owner, xcb_timestamp_t time);
     void answerFromClipboard();
     void collectFinished();
-    qint64 publish(const FetchedSelection &fetched, const FrontWindowTracker::Front &front);
+    qint64 publish(const FetchedSelection &fetched, FrontWindowTracker::Question question);
     void publishClipboard(const FetchedSelection &fetched);
     void adoptIfJudged();
     bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
@@ -93,8 +93,8 @@ private:
     SelectionServer m_server;
     ClipboardManagerRole m_managerRole;
     FrontWindowTracker m_front;
-    FrontWindowTracker::Front m_clipboardFront; ///< At the change that is being read.
-    FrontWindowTracker::Front m_primaryFront;
+    FrontWindowTracker::Question m_clipboardFront; ///< At the change that is being read.
+    FrontWindowTracker::Question m_primaryFront;
     std::optional<xcb_window_t> m_pasteTarget; ///< Until it has asked for what was pasted.
     QList<SelectionQuestions::Receiver> m_awaitingClipboard; ///< Until it has been read.
     KeptCopy m_kept;

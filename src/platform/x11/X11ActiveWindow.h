@@ -1,12 +1,9 @@
 #pragma once
 
-#include "platform/ApplicationNames.h"
-#include "platform/x11/X11Connection.h"
-
-#include <optional>
+#include "platform/x11/WindowQuestion.h"
 
 /// Tells which window is in front and what it says about its program, over the connection of the
-/// thread that asks. Nothing is remembered between two questions.
+/// thread that asks. Every question is answered anew.
 class X11ActiveWindow
 {
 public:
@@ -24,6 +21,9 @@ public:
     /// Whether the keyboard input goes to `window` or to a window inside it.
     bool hasInputFocus(xcb_window_t window) const;
 
+    /// Whether it does and the window manager, if one runs, calls it active.
+    bool isInFrontWithFocus(xcb_window_t window) const;
+
     /// The window that has the keyboard, often a part of another; XCB_NONE when none has.
     xcb_window_t inputFocus() const;
 
@@ -33,24 +33,26 @@ public:
     /// on calling one so that was hidden.
     bool isShown(xcb_window_t window) const;
 
-    /// What the window tells; absent when it does not exist any more. A window that was made for
-    /// nothing but to own a selection has at least a process.
+    /// What the window tells of its program; `identityOf` waits for the answer.
+    WindowQuestion ask(xcb_window_t window) const;
     std::optional<WindowIdentity> identityOf(xcb_window_t window) const;
 
     /// The window whose name a dialog bears: the one it is for, else the window itself.
     xcb_window_t namingWindowOf(xcb_window_t window) const;
 
-    /// The process of this machine that the window belongs to; 0 when it cannot be told.
-    quint32 processIdOf(xcb_window_t window) const;
-
 private:
+    using PendingFocus = PendingReply<xcb_get_input_focus_cookie_t, xcb_get_input_focus_reply_t>;
+    PendingFocus askFocus() const;
+    static xcb_window_t focusOf(PendingFocus &pending);
+    bool leadsTo(xcb_window_t window, xcb_window_t part) const;
     xcb_window_t parentOf(xcb_window_t window) const;
     std::optional<quint8> mapStateOf(xcb_window_t window) const;
-    quint32 clientProcessIdOf(xcb_window_t window) const;
 
     const X11Connection &m_connection;
     struct Atoms
     {
-        xcb_atom_t activeWindow, supportingCheck, processId, clientMachine, gtkApplicationId, utf8;
+        xcb_atom_t activeWindow, supportingCheck;
     } m_atoms;
+    WindowQuestion::Atoms m_questionAtoms;
+    mutable xcb_window_t m_lastManager = XCB_NONE; ///< Asked along with who it is now.
 };

@@ -3,6 +3,36 @@
 #include <algorithm>
 #include <cstring>
 
+namespace {
+
+constexpr uint32_t kWholeValue = 0x1FFFFFFF; // in units of four bytes
+
+} // namespace
+
+PendingProperty::PendingProperty(xcb_connection_t *connection, xcb_window_t window,
+                                 xcb_atom_t property, xcb_atom_t type)
+    : m_reply(connection, xcb_get_property(connection, 0, window, property, type, 0, kWholeValue))
+{
+}
+
+QByteArray PendingProperty::value()
+{
+    const auto reply = m_reply.take(xcb_get_property_reply);
+    if (!reply)
+        return {};
+    return {static_cast<const char *>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+quint32 PendingProperty::first()
+{
+    const QByteArray all = value();
+    quint32 element = 0;
+    if (all.size() >= qsizetype(sizeof(element)))
+        std::memcpy(&element, all.constData(), sizeof(element));
+    return element;
+}
+
 X11Connection::X11Connection() : m_connection(xcb_connect(nullptr, &m_screenNumber))
 {
     if (isBroken())
@@ -18,16 +48,14 @@ X11Connection::~X11Connection()
     xcb_disconnect(m_connection);
 }
 
+PendingProperty X11Connection::ask(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
+{
+    return {m_connection, window, property, type};
+}
+
 QByteArray X11Connection::property(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
 {
-    constexpr uint32_t kWholeValue = 0x1FFFFFFF; // in units of four bytes
-    const auto cookie = xcb_get_property(m_connection, 0, window, property, type, 0, kWholeValue);
-    const XcbPointer<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(m_connection, cookie, nullptr));
-    if (!reply)
-        return {};
-    return {static_cast<const char *>(xcb_get_property_value(reply.get())),
-            xcb_get_property_value_length(reply.get())};
+    return ask(window, property, type).value();
 }
 
 std::vector<quint32> X11Connection::elements(xcb_window_t window, xcb_atom_t property,
@@ -42,8 +70,7 @@ std::vector<quint32> X11Connection::elements(xcb_window_t window, xcb_atom_t pro
 
 quint32 X11Connection::firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
 {
-    const std::vector<quint32> all = elements(window, property, type);
-    return all.empty() ? 0 : all.front();
+    return ask(window, property, type).first();
 }
 
 void X11Connection::roundTrip() const

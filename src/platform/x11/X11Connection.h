@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <initializer_list>
 #include <memory>
+#include <utility>
 #include <vector>
 
 struct FreeReply
@@ -18,6 +19,64 @@ struct FreeReply
 /// What xcb hands out to be freed: replies, errors and events.
 template <typename Reply>
 using XcbPointer = std::unique_ptr<Reply, FreeReply>;
+
+/// A question to the server whose answer is collected later, so that several travel together. An
+/// answer that nobody collected is dropped.
+template <typename Cookie, typename Reply>
+class PendingReply
+{
+public:
+    /// Must not outlive `connection`.
+    PendingReply(xcb_connection_t *connection, Cookie cookie)
+        : m_connection(connection), m_cookie(cookie)
+    {
+    }
+    PendingReply(PendingReply &&other) noexcept
+        : m_connection(std::exchange(other.m_connection, nullptr)), m_cookie(other.m_cookie)
+    {
+    }
+    PendingReply &operator=(PendingReply &&other) noexcept
+    {
+        std::swap(m_connection, other.m_connection);
+        std::swap(m_cookie, other.m_cookie);
+        return *this;
+    }
+    ~PendingReply()
+    {
+        if (m_connection)
+            xcb_discard_reply(m_connection, m_cookie.sequence);
+    }
+
+    /// Waits for it where it has not come yet; null where the server refused. Once.
+    template <typename Collect>
+    XcbPointer<Reply> take(Collect collect)
+    {
+        return XcbPointer<Reply>(collect(std::exchange(m_connection, nullptr), m_cookie, nullptr));
+    }
+
+private:
+    xcb_connection_t *m_connection;
+    Cookie m_cookie;
+};
+
+/// A window's property, asked for and not yet collected.
+class PendingProperty
+{
+public:
+    /// Must not outlive `connection`. `type` may be XCB_ATOM_ANY.
+    PendingProperty(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property,
+                    xcb_atom_t type);
+
+    /// Its whole value; empty when the window or the property does not exist or the property has
+    /// another type. Once.
+    QByteArray value();
+
+    /// The first 32-bit element of such a value, else 0 (no window, no atom). Instead of `value`.
+    quint32 first();
+
+private:
+    PendingReply<xcb_get_property_cookie_t, xcb_get_property_reply_t> m_reply;
+};
 
 /// A connection of our own to the display server that DISPLAY names, with its first screen. Each
 /// adapter owns the one it uses, because events and replies of different adapters must not wait
@@ -46,15 +105,13 @@ public:
         return result;
     }
 
-    /// A property's whole value; empty when the window or the property does not exist or the
-    /// property has another type. `type` may be XCB_ATOM_ANY.
+    /// A property's value as `PendingProperty` tells it; `property` and `firstOf` wait for it.
+    PendingProperty ask(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
     QByteArray property(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
+    quint32 firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
 
     /// The 32-bit elements of such a property.
     std::vector<quint32> elements(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
-
-    /// The first 32-bit element of such a property, else 0 (no window, no atom).
-    quint32 firstOf(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;
 
     /// Sends what is pending and waits until the server has processed it.
     void roundTrip() const;

@@ -72,7 +72,7 @@ QString X11FrontApplication::applicationName() const
     if (!identity || (isQtWindow(active) && !m_active.isShown(active)))
         return m_last.nameWhileItRuns();
     const QString name = m_names.identify(*identity).name;
-    m_last.remember(name, m_active.processIdOf(window));
+    m_last.remember(name, m_active.ask(window).processId());
     return name;
 }
 
@@ -140,12 +140,6 @@ void X11FrontApplication::aim()
     m_targetFocus = m_pasteTarget.keyboardPlace();
 }
 
-bool X11FrontApplication::isTargetBack() const
-{
-    return (!m_active.isManaged() || m_active.current() == m_target) &&
-           m_active.hasInputFocus(m_target);
-}
-
 bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time)
 {
     const Steady::time_point start = Steady::now();
@@ -155,7 +149,7 @@ bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time
     for (;;) {
         if (takeNews(xcb_poll_for_event) == News::TargetDestroyed)
             return false;
-        if (isTargetBack())
+        if (m_active.isInFrontWithFocus(m_target))
             return true;
         // What arrived along with the answers is off the socket, which stays silent about it.
         const News meanwhile = takeNews(xcb_poll_for_queued_event);

@@ -44,7 +44,6 @@ private:
     enum class News { None, Other, TargetDestroyed };
 
     void aim();
-    bool isTargetBack() const;
     bool waitForTarget(std::chrono::milliseconds limit, xcb_timestamp_t time);
     /// Reads the events that `nextEvent` gives and tells the gravest.
     News takeNews(xcb_generic_event_t *(*nextEvent)(xcb_connection_t *));

@@ -14,7 +14,7 @@ QList<WindowIdentity> X11OpenWindows::identities() const
     const auto own = static_cast<quint32>(QCoreApplication::applicationPid());
     QList<WindowIdentity> identities;
     for (const xcb_window_t window : windows) {
-        if (m_windows.processIdOf(window) == own)
+        if (m_windows.ask(window).processId() == own)
             continue;
         if (const auto identity = m_windows.identityOf(m_windows.namingWindowOf(window)))
             identities.append(*identity);
