@@ -1,7 +1,9 @@
 """What is set in the preferences window counts at once, and still after a restart."""
 
+import os
 import pathlib
 import plistlib
+import shutil
 import subprocess
 import unittest
 
@@ -185,6 +187,39 @@ class PreferencesJourney(Journey):
         self.app.wait_until_hidden("Preferences")
         self.copy_in_editor("public")
         self.app.wait_for_clip("public")
+
+    def test_a_program_that_is_chosen_as_a_file_is_not_recorded(self):
+        # Without an entry, and its windows' class is not the name of its file.
+        program, link = self.file("marsh_pad"), self.file("pad")
+        shutil.copy(QT_EDITOR, program)
+        os.symlink(program, link)
+        pad = self.desktop.start(["Marsh", self.file("pad.txt"), "private", "--select"],
+                                 executable=program, stdout=subprocess.PIPE, text=True)
+        self.assertEqual(pad.stdout.readline(), "ready\n")
+
+        def active():
+            return self.desktop.run(["xdotool", "getactivewindow"], capture_output=True,
+                                    text=True).stdout.strip()
+
+        pad_window = active()
+        window = self.open_applications()
+        self.click(window, 38, self.size(window)[1] - 34)
+        chooser = self.app.window("Choose Application")
+        self.app.wait_until_active(chooser)
+        self.app.key("alt+o")
+        self.wait_for(lambda: active() not in ("", window, chooser), "the files")
+        self.app.wait_until_active(active())
+        self.app.type(link)
+        self.app.key("Return")
+        self.app.wait_until_hidden("Choose Application")
+        self.wait_for(lambda: self.setting("applicationsToIgnore"), "the stored list")
+        self.app.key("Escape")
+        self.app.wait_until_hidden("Preferences")
+        self.desktop.run(["xdotool", "windowactivate", "--sync", pad_window])
+        self.app.wait_until_active(pad_window)
+        self.app.key("ctrl+c")
+        self.app.wait_for_log("ignoring copy from Marsh")
+        self.assertEqual(self.app.clips(), [])
 
     def test_an_ignore_list_that_cannot_be_read_stops_the_start_and_stays(self):
         self.assertEqual(self.app.quit(), 0)

@@ -175,6 +175,22 @@ class WholeWay(UpdateJourney):
         self.assertEqual(self.current(), "versions/1.1.0")
         self.assertEqual(self.versions(), ["0.8.0", "0.9.0", "1.0.0", "1.1.0"])
 
+    def test_a_cancel_that_comes_too_late_is_told_that_the_update_is_installed(self):
+        self.offer()
+        go = pathlib.Path(self.file("go"))
+        self.start(QUILLMARSH_TEST_WAIT_AT="prune", QUILLMARSH_TEST_GO_ON=str(go))
+        self.install()
+        self.wait_for(lambda: self.current() == "versions/1.1.0", "the switch")
+        self.app.key("Escape")
+        self.app.wait_until_hidden("Software Update")
+        go.touch()
+        self.app.wait_for_log("update installed: it was too late to cancel")
+        self.app.window("Software Update")
+        self.assertEqual(self.app.quit(), 0)
+        self.start()
+        self.assertEqual(list(self.programs().values()),
+                         [str(self.root / "versions/1.1.0/bin/quillmarsh")])
+
     def test_quitting_waits_for_no_proxy_that_hangs(self):
         self.offer()
         with socket.create_server(("127.0.0.1", 0)) as silent:

@@ -5,6 +5,7 @@
 #include "platform/Info.h"
 
 #include <QFile>
+#include <QThread>
 
 #include <csignal>
 #include <cstdio>
@@ -29,7 +30,8 @@ QString version()
     return told.isEmpty() ? QStringLiteral("1.0.0") : QString::fromUtf8(told).trimmed();
 }
 
-/// At the stage of an update that a test has named, the program is killed or the disk is full.
+/// At the stage of an update that a test has named, the program is killed, the disk is full, or it
+/// takes its time until the test has made a file.
 void watchStages(QtMsgType, const QMessageLogContext &, const QString &message)
 {
     std::fprintf(stderr, "%s\n", qUtf8Printable(message));
@@ -43,6 +45,10 @@ void watchStages(QtMsgType, const QMessageLogContext &, const QString &message)
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit nothing{0, 0};
         setrlimit(RLIMIT_FSIZE, &nothing);
+    }
+    if (name == qEnvironmentVariable("QUILLMARSH_TEST_WAIT_AT")) {
+        while (!QFile::exists(qEnvironmentVariable("QUILLMARSH_TEST_GO_ON")))
+            QThread::msleep(5);
     }
 }
 
