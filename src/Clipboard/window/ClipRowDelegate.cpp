@@ -78,6 +78,8 @@ QString ClipRowDelegate::textOnOneLine(const QString &text)
     shown.truncate(shown.crend() - last);
     auto *first = std::find_if_not(shown.begin(), shown.end(), isBlank);
     std::replace_if(first, shown.end(), isLineBreak, kLineBreak);
+    // A key's cap is a picture anyway; asked for one, the text engine would take it apart.
+    shown.replace(QStringLiteral("\uFE0F\u20E3"), QStringLiteral("\u20E3"));
     return recognisableText(shown);
 }
 

@@ -1,5 +1,7 @@
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/ClipRowDelegate.h"
+#include "Clipboard/window/EmojiFont.h"
+#include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/VisibleCharacters.h"
 #include "looks/TextField.h"
 
@@ -123,6 +125,43 @@ TEST(ClipRowDelegate, aRowShowsSomethingToRecognise)
     EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("\n one\r\n two\n\nthree \n")),
               QStringLiteral("one⏎ two⏎⏎three"));
     EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("\n")), QStringLiteral("(blank)"));
+    EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("1\uFE0F\u20E3 \u2764\uFE0F")),
+              QStringLiteral("1\u20E3 \u2764\uFE0F"));
+}
+
+TEST(SearchField, emojiComeFromTheColourFontAndAreTypedAround)
+{
+    if (EmojiFont::format().fontFamilies().isNull())
+        GTEST_SKIP() << "no colour font is installed";
+    SearchField field;
+    field.resize(400, field.height());
+    ClipColors colors;
+    colors.text = Qt::black;
+    field.setColors(colors);
+    const auto isColored = [&field] {
+        const QImage image = field.grab().toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y).hsvSaturation() > 128)
+                    return true;
+            }
+        }
+        return false;
+    };
+    field.setText(QStringLiteral("love"));
+    EXPECT_FALSE(isColored());
+    // Fonts of letters have this one, too, in outline.
+    field.insert(QStringLiteral("\u2764\uFE0F"));
+    EXPECT_TRUE(isColored());
+    QTest::keyClick(&field, Qt::Key_Home);
+    QTest::keyClicks(&field, QStringLiteral("my "));
+    EXPECT_EQ(field.text(), QStringLiteral("my love\u2764\uFE0F"));
+    EXPECT_EQ(field.cursorPosition(), 3);
+    EXPECT_TRUE(isColored());
+    QTest::keyClick(&field, Qt::Key_End);
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    QTest::keyClick(&field, Qt::Key_Backspace);
+    EXPECT_FALSE(isColored());
 }
 
 TEST_F(WindowRig, aRowDrawsTheLineBreaksThatItsTextHasNot)
