@@ -14,6 +14,15 @@ ROOMS = ("history", "shortcut", "updates", "hotkey", "preferenceswindow")
 # What their widgets have in common, below them.
 LOOKS = "looks"
 ROOMS_WITH_WIDGETS = ("shortcut", "updates", "hotkey", "preferenceswindow")
+# The folders of Clipboard/, which knows them all, and whom each of them knows above the platform.
+FOLDERS = {
+    "Clipboard/settings": {LOOKS, "shortcut", "hotkey"},
+    "Clipboard/preview": {LOOKS},
+    "Clipboard/window": {LOOKS, "history", "Clipboard/preview", "Clipboard"},
+    "Clipboard/preferences": {LOOKS, "shortcut", "preferenceswindow", "Clipboard/settings",
+                              "Clipboard"},
+    "Clipboard/welcome": {LOOKS, "Clipboard/settings", "Clipboard/preferences", "Clipboard"},
+}
 ADAPTERS = ("x11", "wayland", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
 MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
@@ -28,10 +37,10 @@ TOOLKIT_CLIPBOARD = re.compile(r"QClipboard|\bclipboard\(\)|createStandardContex
 
 
 def layer(path):
-    """The layer of a file under src/: a room, "platform", or one of the platform's folders."""
+    """The layer of a file under src/: a room, or a folder of the platform or of Clipboard."""
     parts = path.split("/")
-    if parts[0] == "platform" and len(parts) > 2:
-        return "platform/" + parts[1]
+    if parts[0] in ("platform", "Clipboard") and len(parts) > 2:
+        return parts[0] + "/" + parts[1]
     return parts[0]
 
 
@@ -39,7 +48,9 @@ def may_know(path):
     """The layers that a file under src/ may include from."""
     own = layer(path)
     if own == "Clipboard":
-        known = {"Clipboard", "platform", LOOKS, *ROOMS}
+        known = {"Clipboard", "platform", LOOKS, *ROOMS, *FOLDERS}
+    elif own in FOLDERS:
+        known = {own, "platform", *FOLDERS[own]}
     elif own.removeprefix("platform/") in ADAPTERS:
         known = {own, SHARED, "platform"}
     elif own.startswith("platform/") or own in ROOMS:
@@ -94,14 +105,12 @@ def waits_for_owners(folder, path):
 
 
 def cycles(arrows):
-    """Include cycles that leave their folder, each once, as lists of files."""
+    """Include cycles, each once, as lists of files."""
     found, done = [], set()
 
     def visit(path, trail):
         if path in trail:
-            cycle = trail[trail.index(path):]
-            if len({os.path.dirname(part) for part in cycle}) > 1:
-                found.append(cycle + [path])
+            found.append(trail[trail.index(path):] + [path])
             return
         if path in done:
             return
@@ -163,7 +172,13 @@ CASES = (
     ("history/Store.cpp", ("platform/pasteboard/Uris.h",), "may not know platform/pasteboard"),
     ("platform/Clock.cpp", ("platform/x11/Keys.h",), "platform may not know platform/x11"),
     ("platform/Clock.cpp", ("Clock.h",), "no file of that name"),
-    ("Clipboard/AppDelegate.h", ("Clipboard/window/View.h",), "a circle"),
+    ("history/Store.h", ("history/Item.h",), "a circle"),
+    ("Clipboard/AppDelegate.h", ("Clipboard/window/View.h", "Clipboard/preview/Body.h"), None),
+    ("Clipboard/window/View.h", ("Clipboard/preview/Body.h", "history/Store.h"), None),
+    ("Clipboard/preview/Body.h", ("Clipboard/window/View.h",), "may not know Clipboard/window"),
+    ("Clipboard/preview/Body.h", ("Clipboard/AppDelegate.h",), "preview may not know Clipboard"),
+    ("Clipboard/preview/Body.h", ("history/Store.h",), "preview may not know history"),
+    ("Clipboard/other/New.h", ("platform/Clock.h", "looks/Field.h"), "other may not know looks"),
 )
 
 
@@ -182,9 +197,10 @@ def self_test():
                          "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
                          "platform/freedesktop/Bus.h", "platform/memory/Fake.h",
                          "platform/pasteboard/Uris.h", "platform/QClipboard.h",
-                         "Clipboard/AppDelegate.h", "looks/Field.h"):
+                         "Clipboard/AppDelegate.h", "Clipboard/window/View.h",
+                         "Clipboard/preview/Body.h", "looks/Field.h"):
                 write(root, "src/" + name, ())
-            write(root, "src/Clipboard/window/View.h", ("Clipboard/AppDelegate.h",))
+            write(root, "src/history/Item.h", ("history/Store.h",))
             write(root, "src/" + path, included)
             told = check(root)
             is_right = not told if expected is None else len(told) == 1 and expected in told[0]

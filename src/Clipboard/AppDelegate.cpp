@@ -2,16 +2,15 @@
 
 #include "Clipboard/ApplicationHiding.h"
 #include "Clipboard/ApplicationUpdates.h"
-#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/HelpPage.h"
 #include "Clipboard/HistoryNotices.h"
 #include "Clipboard/LiveSettings.h"
-#include "Clipboard/QuitKeys.h"
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/TraylessHint.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/PreferencesApplicationViewController.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
 #include "Clipboard/welcome/TourGuide.h"
 #include "Clipboard/welcome/WelcomeWindowController.h"
 #include "Clipboard/window/ClipTableView.h"
@@ -31,6 +30,7 @@
 #include "history/StoreModel.h"
 #include "history/SwopState.h"
 #include "hotkey/HotKeyTextField.h"
+#include "looks/WindowKeys.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 #include "shortcut/MASShortcutBinder.h"
@@ -112,7 +112,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     connect(m_capture.get(), &ClipboardCapture::limitAsked, this, &AppDelegate::openTextLimit);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
-    new QuitKeys([this] { quit(); }, this);
+    new WindowKeys(
+        *platform.keyboardLayout, [this] { quit(); }, this);
 }
 
 AppDelegate::~AppDelegate()

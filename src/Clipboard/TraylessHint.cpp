@@ -1,7 +1,7 @@
 #include "Clipboard/TraylessHint.h"
 
-#include "Clipboard/GlobalShortcuts.h"
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "platform/Platform.h"
 
 #include <QCoreApplication>

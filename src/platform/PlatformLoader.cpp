@@ -148,6 +148,7 @@ std::unique_ptr<Platform> PlatformLoader::makeHelperPlatform()
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
+    platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
     platform->statusBar =
         std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
     return platform;

@@ -19,8 +19,9 @@ std::unique_ptr<InstanceDoor> makeDoor(const QString &storeFolder);
 
 std::unique_ptr<Platform> makePlatform();
 
-/// What the update helper wants: clock, settings, running applications and status bar. The rest is
-/// null, because two programs must not both serve the pasteboard and grab the keys.
+/// What the update helper wants: clock, settings, running applications, keyboard layout and status
+/// bar. The rest is null, because two programs must not both serve the pasteboard and grab the
+/// keys.
 std::unique_ptr<Platform> makeHelperPlatform();
 
 } // namespace PlatformLoader

@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QShortcut>
 #include <QToolBar>
 #include <QWindow>
 
@@ -86,8 +85,6 @@ CCNPreferencesWindow::CCNPreferencesWindow(SettingsStore &settings, WindowSpace 
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(300ms);
     connect(&m_saveTimer, &QTimer::timeout, this, &CCNPreferencesWindow::saveFrame);
-    const auto *closing = new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this);
-    connect(closing, &QShortcut::activated, this, &QWidget::close);
     m_limitTimer.setSingleShot(true);
     m_limitTimer.setInterval(200ms);
     connect(&m_limitTimer, &QTimer::timeout, this, [this] { setSizeLimits(size(), size()); });

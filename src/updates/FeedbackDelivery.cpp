@@ -1,7 +1,7 @@
 #include "updates/FeedbackDelivery.h"
 
+#include "looks/ReadingDirection.h"
 #include "platform/Info.h"
-#include "platform/ReadingDirection.h"
 #include "updates/FeedbackMessage.h"
 #include "updates/HttpsExchange.h"
 #include "updates/UpdatesLog.h"

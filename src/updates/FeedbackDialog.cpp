@@ -55,8 +55,6 @@ FeedbackDialog::FeedbackDialog(const Info &info, Workspace &workspace, const QSt
          {QKeySequence(Qt::CTRL | Qt::Key_Return), QKeySequence(Qt::CTRL | Qt::Key_Enter)})
         connect(new QShortcut(keys, this), &QShortcut::activated, m_form->send,
                 &QPushButton::click);
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
-            &QDialog::reject);
     setState(State::Writing);
 }
 

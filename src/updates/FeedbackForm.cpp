@@ -1,7 +1,8 @@
 #include "updates/FeedbackForm.h"
 
+#include "looks/Looks.h"
+#include "looks/PaneParts.h"
 #include "updates/FeedbackDelivery.h"
-#include "updates/QuietLabel.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -14,7 +15,7 @@
 
 namespace {
 
-constexpr int kMargin = 24;
+constexpr int kMargin = Looks::kPageMargin;
 constexpr int kMostMailCharacters = 254;
 constexpr int kLinesOfText = 9;
 constexpr int kLeastLinesOfText = 3; ///< On a screen that is low for its font.
@@ -97,7 +98,7 @@ void FeedbackForm::layOut(const QString &way)
     grid->addWidget(mailLabel, 1, 0, Qt::AlignRight);
     grid->addWidget(mail, 1, 1);
     grid->addWidget(system, 2, 1);
-    grid->addWidget(new QuietLabel(promise), 3, 1);
+    grid->addWidget(new PaneNote(promise), 3, 1);
     grid->setRowMinimumHeight(4, 6);
     grid->addLayout(buttons, 5, 0, 1, 2);
 }

@@ -1,6 +1,6 @@
 #include "updates/Installation.h"
 
-#include "platform/ReadingDirection.h"
+#include "looks/ReadingDirection.h"
 #include "updates/UpdateVersion.h"
 
 #include <QDir>

@@ -1,18 +1,18 @@
 #include "updates/IssueReportDialog.h"
 
+#include "looks/Looks.h"
+#include "looks/PaneParts.h"
 #include "updates/FeedbackMessage.h"
-#include "updates/QuietLabel.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int kMargin = 24;
+constexpr int kMargin = Looks::kPageMargin;
 constexpr int kCharactersAcross = 76;
 constexpr int kLinesOfReport = 14;
 
@@ -21,7 +21,7 @@ constexpr int kLinesOfReport = 14;
 IssueReportDialog::IssueReportDialog(const Info &info, Workspace &workspace, const QString &folder,
                                      const CrashReports &reports)
     : m_reports(reports), m_delivery(info, workspace, folder + QStringLiteral("/feedback")),
-      m_headline(new QLabel), m_explanation(new QuietLabel), m_report(new QPlainTextEdit),
+      m_headline(new QLabel), m_explanation(new PaneNote), m_report(new QPlainTextEdit),
       m_status(new QLabel), m_show(new QPushButton(tr("Show &Report"))),
       m_decline(new QPushButton(tr("&Do Not Send"))),
       m_send(new QPushButton(m_delivery.actionInWords()))
@@ -61,8 +61,6 @@ IssueReportDialog::IssueReportDialog(const Info &info, Workspace &workspace, con
     connect(m_send, &QPushButton::clicked, this, &IssueReportDialog::send);
     connect(&m_delivery, &FeedbackDelivery::delivered, this, &IssueReportDialog::showDelivered);
     connect(&m_delivery, &FeedbackDelivery::failed, this, &IssueReportDialog::showFailed);
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
-            &QDialog::reject);
 }
 
 IssueReportDialog::~IssueReportDialog() = default;

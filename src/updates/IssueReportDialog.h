@@ -8,7 +8,7 @@
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
-class QuietLabel;
+class PaneNote;
 
 /// Asks whether the reports of crashes may be sent, and shows what they say. Owned by DevMateKit.
 /// Whoever declines or closes it is not asked again: the reports are deleted, as they are once
@@ -36,7 +36,7 @@ private:
     CrashReports m_reports;
     FeedbackDelivery m_delivery;
     QLabel *m_headline;
-    QuietLabel *m_explanation;
+    PaneNote *m_explanation;
     QPlainTextEdit *m_report;
     QLabel *m_status;
     QPushButton *m_show;

@@ -1,5 +1,7 @@
 #include "updates/UpdateWindow.h"
 
+#include "looks/Looks.h"
+
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -10,7 +12,6 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -19,11 +20,10 @@ namespace {
 
 constexpr int kLeastWidth = 480;
 constexpr int kCharactersAcross = 66;
-constexpr int kMargin = 20;
+constexpr int kMargin = Looks::kPageMargin;
 constexpr int kIconExtent = 56;
 constexpr int kNoteLines = 9;
 constexpr int kProgressSteps = 1000;
-constexpr qreal kHeadlineScale = 1.25;
 
 } // namespace
 
@@ -39,7 +39,7 @@ UpdateWindow::UpdateWindow(const QString &appName, QWidget *parent)
     setWindowTitle(tr("Software Update"));
     setSizeGripEnabled(false);
     QFont large = m_headline->font();
-    large.setPointSizeF(large.pointSizeF() * kHeadlineScale);
+    large.setPointSizeF(large.pointSizeF() * Looks::kLargeScale);
     large.setBold(true);
     m_headline->setFont(large);
     // What a server sent is text, whatever it looks like.
@@ -62,11 +62,6 @@ UpdateWindow::UpdateWindow(const QString &appName, QWidget *parent)
     connect(m_skip, &QPushButton::clicked, this, &UpdateWindow::skipChosen);
     for (const QPushButton *button : {m_later, m_cancel, m_close})
         connect(button, &QPushButton::clicked, this, &QDialog::reject);
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
-            &QDialog::reject);
-    // For the update helper; the application listens in all of its windows.
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_Q), this), &QShortcut::activated, qApp,
-            &QCoreApplication::quit);
     connect(this, &QDialog::rejected, this, &UpdateWindow::dismissed);
     connect(m_automatic, &QCheckBox::clicked, this, &UpdateWindow::automaticChosen);
 }

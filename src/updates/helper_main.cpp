@@ -1,4 +1,5 @@
 #include "looks/Translations.h"
+#include "looks/WindowKeys.h"
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
@@ -37,6 +38,7 @@ int live(int argc, char **argv)
     const TerminationSignals termination;
     QObject::connect(&termination, &TerminationSignals::terminationRequested, &application,
                      &QCoreApplication::quit);
+    const WindowKeys keys(*platform->keyboardLayout, &QCoreApplication::quit);
     delegate.applicationDidFinishLaunching();
     return QApplication::exec();
 }

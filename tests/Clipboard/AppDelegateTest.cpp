@@ -3,7 +3,7 @@
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/ViewController.h"
@@ -172,32 +172,6 @@ TEST_F(AppDelegateTest, theDesktopsListIsReadAtTheStart)
     QSignalSpy readings(&m_platform.symbolicHotKeys, &SymbolicHotKeys::refreshed);
     start();
     EXPECT_EQ(readings.size(), 1);
-}
-
-TEST_F(AppDelegateTest, superQQuitsInEveryWindowByWhatIsPrinted)
-{
-    start();
-    // Where Q and A have changed places.
-    m_platform.keyboardLayout.setName(VirtualKey::kA, QStringLiteral("q"));
-    m_platform.keyboardLayout.setName(VirtualKey::kQ, QStringLiteral("a"));
-    QDialog question;
-    question.setModal(true);
-    question.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&question));
-    const auto exits = [] { return ExpectedWarnings::messages().count(QStringLiteral("Exit")); };
-    const auto press = [&question](quint16 virtualKey, Qt::Key key, bool isAutoRepeat = false) {
-        constexpr quint32 kEvdevOffset = 8;
-        const quint32 scanCode = VirtualKey::toEvdev(virtualKey).value() + kEvdevOffset;
-        QKeyEvent event(QEvent::KeyPress, key, Qt::MetaModifier, scanCode, 0, 0, {}, isAutoRepeat);
-        QCoreApplication::sendEvent(question.windowHandle(), &event);
-    };
-    press(VirtualKey::kQ, Qt::Key_A);
-    EXPECT_EQ(exits(), 0);
-    press(VirtualKey::kA, Qt::Key_Q);
-    press(VirtualKey::kA, Qt::Key_Q, true);
-    EXPECT_EQ(exits(), 1);
-    press(VirtualKey::kA, static_cast<Qt::Key>(0x0424)); // a Cyrillic letter
-    EXPECT_EQ(exits(), 2);
 }
 
 TEST_F(AppDelegateTest, aCopyThatIsSeenBeforeThePanesAreLoadedIsRecordedOnceTheyAre)

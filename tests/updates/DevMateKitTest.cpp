@@ -136,7 +136,6 @@ TEST_F(DevMateKitTest, whatIsWrittenOutlivesEveryWayToLeaveTheDialog)
     };
     const Way ways[] = {
         {"Escape", [] { QTest::keyClick(dialog(), Qt::Key_Escape); }},
-        {"Super-W", [] { QTest::keyClick(dialog(), Qt::Key_W, Qt::MetaModifier); }},
         {"the window's button", [] { dialog()->close(); }},
         {"the application's end", [this] { restart(); }},
     };

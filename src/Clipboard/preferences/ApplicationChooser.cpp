@@ -1,7 +1,7 @@
 #include "Clipboard/preferences/ApplicationChooser.h"
 
 #include "Clipboard/preferences/InstalledApplicationsModel.h"
-#include "Clipboard/preferences/PaneParts.h"
+#include "looks/PaneParts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QVBoxLayout>
 
@@ -60,8 +59,6 @@ ApplicationChooser::ApplicationChooser(InstalledApplications &applications, QWid
     connect(m_list, &QListView::doubleClicked, this, &ApplicationChooser::chooseSelected);
     connect(m_choose, &QPushButton::clicked, this, &ApplicationChooser::chooseSelected);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(new QShortcut(QKeySequence(Qt::META | Qt::Key_W), this), &QShortcut::activated, this,
-            &QDialog::reject);
     connect(m_other, &QPushButton::clicked, this, &ApplicationChooser::openFileDialog);
     filterChanged({});
 }

@@ -1,7 +1,7 @@
 #include "Clipboard/preferences/ApplicationsPaneView.h"
 
-#include "Clipboard/preferences/PaneParts.h"
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
+#include "looks/PaneParts.h"
 
 #include <QEvent>
 #include <QHeaderView>

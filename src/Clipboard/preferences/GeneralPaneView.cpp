@@ -2,9 +2,9 @@
 
 #include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
-#include "Clipboard/preferences/PaneParts.h"
 #include "Clipboard/preferences/ShortcutNote.h"
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
+#include "looks/PaneParts.h"
 #include "shortcut/MASShortcutView.h"
 
 #include <QCheckBox>

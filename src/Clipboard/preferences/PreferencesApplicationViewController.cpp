@@ -2,7 +2,7 @@
 
 #include "Clipboard/preferences/ApplicationChooser.h"
 #include "Clipboard/preferences/ApplicationsPaneView.h"
-#include "Clipboard/preferences/PaneParts.h"
+#include "looks/WindowIcons.h"
 #include "platform/KeyedArchive.h"
 #include "platform/Platform.h"
 
@@ -126,7 +126,7 @@ QString PreferencesApplicationViewController::preferenceTitle() const
 QIcon PreferencesApplicationViewController::preferenceIcon() const
 {
     // The General pane's icon too, deliberately.
-    return generalPreferencesIcon();
+    return WindowIcons::preferences();
 }
 
 QWidget *PreferencesApplicationViewController::view()

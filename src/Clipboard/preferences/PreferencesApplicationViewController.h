@@ -2,7 +2,7 @@
 
 #include "Clipboard/preferences/ApplicationDef.h"
 #include "Clipboard/preferences/IgnoredApplicationsModel.h"
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "platform/InstalledApplications.h"
 #include "preferenceswindow/CCNPreferencesWindowControllerProtocol.h"
 

@@ -1,11 +1,11 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/GeneralPaneView.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
-#include "Clipboard/preferences/PaneParts.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
+#include "looks/WindowIcons.h"
 #include "shortcut/MASShortcut.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutView.h"
@@ -188,7 +188,7 @@ QString PreferencesGeneralViewController::preferenceTitle() const
 
 QIcon PreferencesGeneralViewController::preferenceIcon() const
 {
-    return generalPreferencesIcon();
+    return WindowIcons::preferences();
 }
 
 QWidget *PreferencesGeneralViewController::view()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "preferenceswindow/CCNPreferencesWindowControllerProtocol.h"
 
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "Clipboard/preferences/ShortcutNote.h"
 
-#include "Clipboard/GlobalShortcuts.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutView.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preferences/PaneParts.h"
+#include "looks/PaneParts.h"
 
 #include <QPointer>
 

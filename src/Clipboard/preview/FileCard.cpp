@@ -1,7 +1,7 @@
 #include "Clipboard/preview/FileCard.h"
 
-#include "Clipboard/window/WindowIcons.h"
-#include "platform/ReadingDirection.h"
+#include "looks/ReadingDirection.h"
+#include "looks/WindowIcons.h"
 
 #include <QFileInfo>
 #include <QIcon>

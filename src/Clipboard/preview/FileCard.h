@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/FileFacts.h"
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QPixmap>
 #include <QWidget>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/FontRenderer.h"
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 /// Shows a font's specimen.
 class FontBody : public PreviewBody

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/ImageContent.h"
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QTimer>
 

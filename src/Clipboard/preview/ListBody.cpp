@@ -1,9 +1,9 @@
 #include "Clipboard/preview/ListBody.h"
 
 #include "Clipboard/preview/ListContent.h"
-#include "Clipboard/window/ClipColors.h"
-#include "Clipboard/window/ScrollBars.h"
-#include "platform/ReadingDirection.h"
+#include "looks/ClipColors.h"
+#include "looks/ReadingDirection.h"
+#include "looks/ScrollBars.h"
 
 #include <QLabel>
 #include <QListWidget>

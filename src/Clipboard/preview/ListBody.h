@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/PreviewRenderer.h"
-#include "Clipboard/window/FileIcons.h"
+#include "looks/FileIcons.h"
 
 class ListContent;
 class QLabel;

@@ -1,6 +1,6 @@
 #include "Clipboard/preview/PdfBody.h"
 
-#include "Clipboard/window/ScrollBars.h"
+#include "looks/ScrollBars.h"
 
 #include <QCoreApplication>
 #include <QPainter>

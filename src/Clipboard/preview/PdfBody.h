@@ -2,7 +2,7 @@
 
 #include "Clipboard/preview/PdfRenderer.h"
 #include "Clipboard/preview/PreviewThreads.h"
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QPixmap>
 

@@ -2,8 +2,8 @@
 
 #include "Clipboard/preview/ClosedDocument.h"
 #include "Clipboard/preview/MarkdownText.h"
-#include "Clipboard/window/ClipColors.h"
-#include "Clipboard/window/ScrollBars.h"
+#include "looks/ClipColors.h"
+#include "looks/ScrollBars.h"
 
 #include <QFontDatabase>
 #include <QLabel>

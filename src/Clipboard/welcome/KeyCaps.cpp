@@ -1,6 +1,6 @@
 #include "Clipboard/welcome/KeyCaps.h"
 
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QPainter>
 

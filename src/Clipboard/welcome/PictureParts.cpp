@@ -1,7 +1,7 @@
 #include "Clipboard/welcome/PictureParts.h"
 
-#include "Clipboard/window/ClipColors.h"
-#include "Clipboard/window/Looks.h"
+#include "looks/ClipColors.h"
+#include "looks/Looks.h"
 
 #include <QLineF>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "Clipboard/welcome/TourPopover.h"
 
 #include "Clipboard/welcome/TourViewController.h"
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QEvent>
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "Clipboard/welcome/TourViewController.h"
 
 #include "Clipboard/welcome/KeyCaps.h"
-#include "Clipboard/window/ClipColors.h"
-#include "Clipboard/window/PaneButton.h"
+#include "looks/ClipColors.h"
+#include "looks/PaneButton.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

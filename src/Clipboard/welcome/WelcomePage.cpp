@@ -1,7 +1,7 @@
 #include "Clipboard/welcome/WelcomePage.h"
 
 #include "Clipboard/welcome/WelcomeStage.h"
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

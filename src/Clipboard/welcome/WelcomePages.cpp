@@ -4,7 +4,7 @@
 #include "Clipboard/welcome/SwopPicture.h"
 #include "Clipboard/welcome/WelcomePage.h"
 #include "Clipboard/welcome/WelcomeRows.h"
-#include "platform/ReadingDirection.h"
+#include "looks/ReadingDirection.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "Clipboard/welcome/WelcomeRows.h"
 
 #include "Clipboard/welcome/KeyCaps.h"
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/WindowIcons.h"
 
 #include <QGridLayout>
 #include <QLabel>

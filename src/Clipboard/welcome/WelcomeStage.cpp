@@ -1,6 +1,6 @@
 #include "Clipboard/welcome/WelcomeStage.h"
 
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QLinearGradient>
 #include <QPainter>

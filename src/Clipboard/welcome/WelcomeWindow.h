@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/window/FramelessWindow.h"
+#include "looks/FramelessWindow.h"
 
 /// The first-run window. Without a title bar, moved by its background; takes the keyboard all the
 /// same. Owned by its controller.

@@ -1,17 +1,17 @@
 #include "Clipboard/welcome/WelcomeWindowController.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "Clipboard/welcome/PageIndicator.h"
 #include "Clipboard/welcome/WelcomePage1Controller.h"
 #include "Clipboard/welcome/WelcomePages.h"
 #include "Clipboard/welcome/WelcomeWindow.h"
 #include "Clipboard/welcome/WelcomeWindowView.h"
-#include "Clipboard/window/ClipColors.h"
-#include "Clipboard/window/PaneButton.h"
-#include "Clipboard/window/WindowDelegate.h"
+#include "looks/ClipColors.h"
+#include "looks/PaneButton.h"
+#include "looks/PointerScreen.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -86,7 +86,6 @@ void WelcomeWindowController::loadWindow()
     addShortcut(Qt::Key_Right,
                 [this] { m_window->isRightToLeft() ? previousClicked() : nextClicked(); });
     addShortcut(Qt::Key_Escape, [this] { closeWindow(); });
-    addShortcut(QKeySequence(Qt::META | Qt::Key_W), [this] { closeWindow(); });
 }
 
 void WelcomeWindowController::addShortcut(const QKeySequence &keys,
@@ -216,7 +215,7 @@ void WelcomeWindowController::applyTheme()
 void WelcomeWindowController::bringToFront()
 {
     if (!m_window->isVisible()) {
-        const QRect screen = WindowDelegate::visibleFrameAtPointer(*m_platform.windowSpace);
+        const QRect screen = PointerScreen::visibleFrame(*m_platform.windowSpace);
         QRect frame(QPoint(), m_view->fittingSize());
         frame.moveCenter(screen.center());
         m_window->setFrame(frame);

@@ -3,9 +3,9 @@
 #include "Clipboard/welcome/PageIndicator.h"
 #include "Clipboard/welcome/PageSlider.h"
 #include "Clipboard/welcome/WelcomeWindow.h"
-#include "Clipboard/window/Looks.h"
-#include "Clipboard/window/PaneButton.h"
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/Looks.h"
+#include "looks/PaneButton.h"
+#include "looks/WindowIcons.h"
 
 #include <QLabel>
 #include <QMouseEvent>

@@ -1,7 +1,8 @@
 #include "Clipboard/window/ClipInfoLine.h"
 
-#include "Clipboard/window/Looks.h"
+#include "Clipboard/window/VisibleCharacters.h"
 #include "history/ClipItem.h"
+#include "looks/Looks.h"
 #include "platform/Clock.h"
 
 #include <QEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/window/CharacterCounter.h"
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QDateTime>
 #include <QString>

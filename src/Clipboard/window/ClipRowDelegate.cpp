@@ -1,8 +1,8 @@
 #include "Clipboard/window/ClipRowDelegate.h"
 
 #include "Clipboard/window/EmojiFont.h"
-#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/VisibleCharacters.h"
+#include "looks/Looks.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>

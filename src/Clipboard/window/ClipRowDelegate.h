@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Clipboard/window/ClipColors.h"
-#include "Clipboard/window/FileIcons.h"
+#include "looks/ClipColors.h"
+#include "looks/FileIcons.h"
 
 #include <QFont>
 #include <QRect>

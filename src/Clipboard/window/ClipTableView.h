@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ClipRowDelegate.h"
 #include "Clipboard/window/ListedFolders.h"
+#include "looks/ClipColors.h"
 
 #include <QColor>
 #include <QTableView>
@@ -32,11 +32,8 @@ public:
     std::optional<int> selectedIdx() const { return m_selectedIdx; }
     void setSelectedIdx(std::optional<int> row) { m_selectedIdx = row; }
 
-    static QColor myGray() { return QColor::fromRgbF(0.976F, 0.976F, 0.976F, 1.0F); }
-    static QColor defaultSelectedBlue()
-    {
-        return QColor::fromRgbF(0.0F, 0.41015625F, 0.84765625F, 1.0F);
-    }
+    static QColor myGray() { return ClipColors::lightPanel(); }
+    static QColor defaultSelectedBlue() { return ClipColors::lightSelected(); }
     /// The selected row's colour; while it is the default one, the scheme's.
     QColor selectedBlue() const { return m_selectedBlue; }
     void setSelectedBlue(const QColor &color);

@@ -1,9 +1,9 @@
 #include "Clipboard/window/ClipTextView.h"
 
 #include "Clipboard/window/EmojiFont.h"
-#include "Clipboard/window/Looks.h"
-#include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/VisibleCharacters.h"
+#include "looks/Looks.h"
+#include "looks/ScrollBars.h"
 #include "looks/TextField.h"
 
 #include <QKeyEvent>

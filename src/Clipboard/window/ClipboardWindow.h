@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/window/FramelessWindow.h"
+#include "looks/FramelessWindow.h"
 
 class ClipboardView;
 

@@ -1,8 +1,8 @@
 #include "Clipboard/window/EmptyStateView.h"
 
 #include "Clipboard/window/ClipboardWindow.h"
-#include "Clipboard/window/Looks.h"
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/Looks.h"
+#include "looks/WindowIcons.h"
 
 #include <QLabel>
 #include <QPainter>

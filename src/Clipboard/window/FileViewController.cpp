@@ -3,10 +3,10 @@
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/PreviewRegistry.h"
-#include "Clipboard/window/Looks.h"
-#include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/PathLabel.h"
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/Looks.h"
+#include "looks/PaneButton.h"
+#include "looks/WindowIcons.h"
 
 #include <QEvent>
 #include <QFrame>

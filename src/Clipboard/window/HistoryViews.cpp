@@ -1,14 +1,14 @@
 #include "Clipboard/window/HistoryViews.h"
 
-#include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/EmptyStateView.h"
-#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/NoticeLine.h"
 #include "Clipboard/window/PreviewPane.h"
-#include "Clipboard/window/ScrollBars.h"
 #include "Clipboard/window/SearchField.h"
+#include "looks/ClipColors.h"
+#include "looks/Looks.h"
+#include "looks/ScrollBars.h"
 
 #include <QAccessible>
 #include <QLabel>

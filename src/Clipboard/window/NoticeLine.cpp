@@ -1,6 +1,6 @@
 #include "Clipboard/window/NoticeLine.h"
 
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QAccessible>
 #include <QApplication>

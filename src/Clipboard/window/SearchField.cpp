@@ -1,9 +1,9 @@
 #include "Clipboard/window/SearchField.h"
 
 #include "Clipboard/window/EmojiFont.h"
-#include "Clipboard/window/Looks.h"
 #include "Clipboard/window/VisibleCharacters.h"
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/Looks.h"
+#include "looks/WindowIcons.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>

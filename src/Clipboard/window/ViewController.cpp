@@ -1,7 +1,6 @@
 #include "Clipboard/window/ViewController.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/ClipInfoLine.h"
 #include "Clipboard/window/ClipRowDelegate.h"
 #include "Clipboard/window/ClipTableView.h"
@@ -15,6 +14,7 @@
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/SwopState.h"
+#include "looks/ClipColors.h"
 
 #include <QAccessible>
 #include <QApplication>

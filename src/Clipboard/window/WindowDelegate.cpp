@@ -4,15 +4,14 @@
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/FileViewController.h"
-#include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
+#include "looks/PaneButton.h"
+#include "looks/PointerScreen.h"
 #include "platform/ModifierFlags.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QScreen>
-#include <QShortcut>
 #include <QWindow>
 
 #include <algorithm>
@@ -40,37 +39,11 @@ WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
 
     m_recheckTimer.setInterval(kRecheckInterval);
     connect(&m_recheckTimer, &QTimer::timeout, this, &WindowDelegate::windowDeactivated);
-
-    const auto *close = new QShortcut(QKeySequence(Qt::META | Qt::Key_W), m_window.get());
-    connect(close, &QShortcut::activated, m_viewController.get(), &ViewController::hide);
 }
 
 WindowDelegate::~WindowDelegate()
 {
     m_window->removeEventFilter(this);
-}
-
-std::optional<qsizetype> WindowDelegate::screenAt(const QList<QRect> &frames,
-                                                  const std::optional<QPoint> &point)
-{
-    if (!point)
-        return std::nullopt;
-    // Both edges belong to a frame, so a point between two screens is the first one's.
-    const auto found = std::find_if(frames.begin(), frames.end(), [&](const QRect &frame) {
-        return frame.adjusted(0, 0, 1, 1).contains(*point);
-    });
-    return found == frames.end() ? std::nullopt : std::optional<qsizetype>(found - frames.begin());
-}
-
-QRect WindowDelegate::visibleFrameAtPointer(const WindowSpace &space)
-{
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    QList<QRect> frames;
-    for (const QScreen *screen : screens)
-        frames.append(screen->geometry());
-    const std::optional<qsizetype> index = screenAt(frames, space.pointerPosition());
-    const QScreen *screen = index ? screens.at(*index) : QGuiApplication::primaryScreen();
-    return screen ? space.visibleFrame(*screen) : QRect();
 }
 
 void WindowDelegate::showWindow()
@@ -86,8 +59,8 @@ void WindowDelegate::showWindow()
                 &ViewController::applyTheme);
         m_isPrepared = true;
     }
-    m_window->setFrame(ClipboardWindow::placedFrame(visibleFrameAtPointer(*platform.windowSpace),
-                                                    m_window->frame().width()));
+    m_window->setFrame(ClipboardWindow::placedFrame(
+        PointerScreen::visibleFrame(*platform.windowSpace), m_window->frame().width()));
     m_viewController->setIsWindowKey(true);
     m_window->show();
     platform.keySender->keepTypedAhead(m_window->windowHandle());

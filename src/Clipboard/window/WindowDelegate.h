@@ -2,19 +2,15 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QRect>
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 
 class AppDelegate;
 class ClipboardWindow;
 class QKeyEvent;
-class QScreen;
 class ViewController;
-class WindowSpace;
 
 /// Controls the history window: shows it on the pointer's screen, and closes it again when it
 /// loses the keyboard to another window. Owned by AppDelegate; owns the window, which lives as
@@ -44,14 +40,6 @@ public:
     /// The toolkit tells late that the keyboard has gone to another window. Whoever needs to know
     /// it now asks for it to be noticed.
     void noticeLostKeyboard();
-
-    /// Index of the first of the screens' frames that contains `point`, edges included; absent when
-    /// none does or the point is unknown.
-    static std::optional<qsizetype> screenAt(const QList<QRect> &frames,
-                                             const std::optional<QPoint> &point);
-
-    /// The free part of the screen under the pointer, else of the main screen.
-    static QRect visibleFrameAtPointer(const WindowSpace &space);
 
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;

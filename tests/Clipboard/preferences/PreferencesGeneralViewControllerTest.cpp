@@ -1,8 +1,8 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
 #include "platform/memory/MemoryPlatform.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"

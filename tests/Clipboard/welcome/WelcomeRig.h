@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "Clipboard/welcome/WelcomePage1Controller.h"
 #include "Clipboard/welcome/WelcomeWindow.h"
 #include "Clipboard/welcome/WelcomeWindowController.h"

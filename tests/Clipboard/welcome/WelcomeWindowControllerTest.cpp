@@ -1,11 +1,11 @@
 #include "Clipboard/welcome/WelcomeRig.h"
 
-#include "Clipboard/GlobalShortcuts.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
 #include "Clipboard/welcome/KeyCaps.h"
 #include "Clipboard/welcome/PageIndicator.h"
 #include "Clipboard/welcome/PageSlider.h"
-#include "Clipboard/window/PaneButton.h"
+#include "looks/PaneButton.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 

@@ -1,7 +1,8 @@
-#include "Clipboard/DesktopLooks.h"
-#include "Clipboard/window/ClipColors.h"
 #include "Clipboard/window/WindowDelegate.h"
 #include "WindowRig.h"
+#include "looks/ClipColors.h"
+#include "looks/DesktopLooks.h"
+#include "looks/PointerScreen.h"
 
 #include <QWindow>
 
@@ -32,11 +33,11 @@ TEST(WindowPlacement, oneThirdOfTheFreeHeightStaysAbove)
 TEST(WindowPlacement, theFirstScreenThatHoldsThePointerIsTaken)
 {
     const QList<QRect> frames{{0, 0, 1000, 800}, {1000, 0, 500, 400}};
-    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(999, 799)), 0);
-    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(1000, 10)), 0) << "a shared edge";
-    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(1001, 10)), 1);
-    EXPECT_EQ(WindowDelegate::screenAt(frames, QPoint(1200, 700)), std::nullopt);
-    EXPECT_EQ(WindowDelegate::screenAt(frames, std::nullopt), std::nullopt);
+    EXPECT_EQ(PointerScreen::screenAt(frames, QPoint(999, 799)), 0);
+    EXPECT_EQ(PointerScreen::screenAt(frames, QPoint(1000, 10)), 0) << "a shared edge";
+    EXPECT_EQ(PointerScreen::screenAt(frames, QPoint(1001, 10)), 1);
+    EXPECT_EQ(PointerScreen::screenAt(frames, QPoint(1200, 700)), std::nullopt);
+    EXPECT_EQ(PointerScreen::screenAt(frames, std::nullopt), std::nullopt);
 }
 
 TEST_F(ClipboardWindowTest, theWindowStandsOnThePointersScreenWithItsHeight)

@@ -3,9 +3,9 @@
 #include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/PreviewRenderer.h"
 #include "Clipboard/window/ListedFolders.h"
-#include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/PathLabel.h"
 #include "WindowRig.h"
+#include "looks/PaneButton.h"
 
 #include <QFile>
 #include <QFrame>

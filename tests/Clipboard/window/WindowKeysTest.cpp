@@ -1,8 +1,8 @@
 #include "Clipboard/window/FileViewController.h"
-#include "Clipboard/window/PaneButton.h"
 #include "Clipboard/window/PathLabel.h"
 #include "Clipboard/window/SearchFieldDelegate.h"
 #include "WindowRig.h"
+#include "looks/PaneButton.h"
 
 #include <QKeyEvent>
 #include <QSignalSpy>

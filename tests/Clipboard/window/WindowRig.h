@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/AppDelegate.h"
-#include "Clipboard/preferences/SettingsKeys.h"
+#include "Clipboard/settings/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/ClipboardWindow.h"

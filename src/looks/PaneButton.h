@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QPushButton>
 

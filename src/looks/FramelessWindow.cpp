@@ -1,6 +1,6 @@
-#include "Clipboard/window/FramelessWindow.h"
+#include "looks/FramelessWindow.h"
 
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 #include "platform/WindowSpace.h"
 
 #include <QBitmap>

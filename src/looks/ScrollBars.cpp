@@ -1,6 +1,6 @@
-#include "Clipboard/window/ScrollBars.h"
+#include "looks/ScrollBars.h"
 
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 
 #include <QAbstractScrollArea>
 #include <QScrollBar>

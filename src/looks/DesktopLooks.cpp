@@ -1,6 +1,6 @@
-#include "Clipboard/DesktopLooks.h"
+#include "looks/DesktopLooks.h"
 
-#include "Clipboard/window/ClipColors.h"
+#include "looks/ClipColors.h"
 #include "platform/Appearance.h"
 
 #include <QApplication>

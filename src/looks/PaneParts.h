@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QIcon>
 #include <QLabel>
 
 /// A small, quiet line of explanation that wraps. With emphasis it says something that the user
@@ -35,6 +34,3 @@ protected:
     // ^QWidget
     void paintEvent(QPaintEvent *event) override;
 };
-
-/// The standard picture of preferences: the desktop's own, else ours.
-QIcon generalPreferencesIcon();

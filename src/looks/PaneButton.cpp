@@ -1,6 +1,6 @@
-#include "Clipboard/window/PaneButton.h"
+#include "looks/PaneButton.h"
 
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QKeyEvent>
 #include <QPainter>

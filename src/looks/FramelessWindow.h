@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QPixmap>
 #include <QRect>

@@ -1,6 +1,4 @@
-#include "Clipboard/window/ClipColors.h"
-
-#include "Clipboard/window/ClipTableView.h"
+#include "looks/ClipColors.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -15,14 +13,14 @@ namespace {
 ClipColors lightColors()
 {
     ClipColors colors;
-    colors.panel = ClipTableView::myGray();
+    colors.panel = ClipColors::lightPanel();
     colors.paper = QColor(0xff, 0xff, 0xff);
     colors.border = QColor(0, 0, 0, 46);
     colors.outline = QColor(0x8a, 0x8a, 0x90);
     colors.separator = QColor(0xe2, 0xe2, 0xe5);
     colors.text = QColor(0x1d, 0x1d, 0x1f);
     colors.quietText = QColor(0x62, 0x62, 0x69);
-    colors.selected = ClipTableView::defaultSelectedBlue();
+    colors.selected = ClipColors::lightSelected();
     colors.selectedText = Qt::white;
     colors.control = QColor(0xef, 0xef, 0xf2);
     colors.controlHover = QColor(0xe4, 0xe4, 0xe9);

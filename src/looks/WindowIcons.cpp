@@ -1,4 +1,4 @@
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/WindowIcons.h"
 
 #include <QFile>
 #include <QPainter>
@@ -6,16 +6,28 @@
 
 // Outside of any namespace, as the macro wants it: a static library's resources are dropped unless
 // somebody names them.
-static void loadResources()
+static bool loadResources()
 {
-    Q_INIT_RESOURCE(window);
+    Q_INIT_RESOURCE(looks);
+    return true;
+}
+
+static QString pathOf(const QString &name)
+{
+    static const bool isLoaded = loadResources();
+    Q_UNUSED(isLoaded);
+    return QStringLiteral(":/looks/%1.svg").arg(name);
+}
+
+QIcon WindowIcons::preferences()
+{
+    return QIcon::fromTheme(QStringLiteral("preferences-system"),
+                            QIcon(pathOf(QStringLiteral("preferences"))));
 }
 
 QPixmap WindowIcons::pixmap(const QString &name, int extent, const QColor &color, qreal scale)
 {
-    static const bool isLoaded = (loadResources(), true);
-    Q_UNUSED(isLoaded);
-    QFile file(QStringLiteral(":/window/%1.svg").arg(name));
+    QFile file(pathOf(name));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("No icon %s", qUtf8Printable(name));
     QByteArray source = file.readAll();

@@ -4,7 +4,7 @@
 
 class QPalette;
 
-/// The colours of the history window in one of its two schemes. A value; whoever paints is given
+/// The colours of our own drawing in one of the two schemes. A value; whoever paints is given
 /// a new one when the desktop changes between light and dark.
 struct ClipColors
 {
@@ -28,6 +28,10 @@ struct ClipColors
     static ClipColors ofPalette(const QPalette &palette);
     /// One scheme, with the selection colour of `palette` if somebody chose it and else our own.
     static ClipColors ofScheme(bool isDark, const QPalette &palette);
+
+    /// The light scheme's `panel` and its `selected`, unless somebody chose another.
+    static QColor lightPanel() { return QColor::fromRgbF(0.976F, 0.976F, 0.976F, 1.0F); }
+    static QColor lightSelected() { return QColor::fromRgbF(0.0F, 0.41015625F, 0.84765625F, 1.0F); }
 
     /// Whether the palette's windows are darker than their text.
     static bool isDarkPalette(const QPalette &palette);

@@ -1,6 +1,6 @@
-#include "Clipboard/window/FileIcons.h"
+#include "looks/FileIcons.h"
 
-#include "Clipboard/window/WindowIcons.h"
+#include "looks/WindowIcons.h"
 
 #include <QMimeDatabase>
 

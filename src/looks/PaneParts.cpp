@@ -1,16 +1,9 @@
-#include "Clipboard/preferences/PaneParts.h"
+#include "looks/PaneParts.h"
 
-#include "Clipboard/window/Looks.h"
+#include "looks/Looks.h"
 
 #include <QPainter>
 #include <QStyle>
-
-// Outside of any namespace, as the macro wants it: a static library's resources are dropped unless
-// somebody names them.
-static void loadResources()
-{
-    Q_INIT_RESOURCE(preferences);
-}
 
 namespace {
 
@@ -63,12 +56,4 @@ void PaneSeparator::paintEvent(QPaintEvent *)
     QColor line = palette().color(QPalette::WindowText);
     line.setAlphaF(kLineOpacity);
     QPainter(this).fillRect(rect(), line);
-}
-
-QIcon generalPreferencesIcon()
-{
-    static const bool isLoaded = (loadResources(), true);
-    Q_UNUSED(isLoaded);
-    return QIcon::fromTheme(QStringLiteral("preferences-system"),
-                            QIcon(QStringLiteral(":/preferences/preferences.svg")));
 }

@@ -1,9 +1,9 @@
-#include "Clipboard/GlobalShortcuts.h"
+#include "Clipboard/settings/GlobalShortcuts.h"
 
 #include "hotkey/HotKeyCenter.h"
+#include "looks/ReadingDirection.h"
 #include "platform/ModifierFlags.h"
 #include "platform/Platform.h"
-#include "platform/ReadingDirection.h"
 #include "shortcut/KeyNames.h"
 #include "shortcut/KeyedUnarchiveTransformer.h"
 #include "shortcut/MASShortcutBinder.h"
