@@ -363,8 +363,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
-        <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. تأتي التحديثات مع مدير الحزم في نظامك.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come from where you got it.</source>
+        <translation>لا يعرف Quillmarsh هذا عنوانًا للبحث عن التحديثات. تأتي التحديثات من حيث حصلت عليه.</translation>
     </message>
 </context>
 <context>

@@ -335,8 +335,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
-        <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Sie kommen mit der Paketverwaltung Ihres Systems.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come from where you got it.</source>
+        <translation>Dieses Quillmarsh kennt keine Adresse für Aktualisierungen. Sie kommen von dort, wo Sie es herhaben.</translation>
     </message>
 </context>
 <context>

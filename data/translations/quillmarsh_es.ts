@@ -335,8 +335,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
-        <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Llegan con el gestor de paquetes del sistema.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come from where you got it.</source>
+        <translation>Este Quillmarsh no tiene ninguna dirección donde buscar actualizaciones. Vienen de donde lo obtuvo.</translation>
     </message>
 </context>
 <context>

@@ -335,8 +335,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
-        <translation>Ce Quillmarsh ne connaît aucune adresse de mise à jour. Les mises à jour viennent du gestionnaire de paquets du système.</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come from where you got it.</source>
+        <translation>Ce Quillmarsh ne connaît aucune adresse de mise à jour. Les mises à jour viennent de là où vous l’avez obtenu.</translation>
     </message>
 </context>
 <context>

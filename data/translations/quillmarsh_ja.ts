@@ -328,8 +328,8 @@
 <context>
     <name>DM_SUUpdater</name>
     <message>
-        <source>This Quillmarsh has no address to look for updates at. Updates come with your system&apos;s package manager.</source>
-        <translation>このQuillmarshにはアップデートの確認先がありません。アップデートはシステムのパッケージマネージャーから届きます。</translation>
+        <source>This Quillmarsh has no address to look for updates at. Updates come from where you got it.</source>
+        <translation>このQuillmarshにはアップデートの確認先がありません。入手元から更新してください。</translation>
     </message>
 </context>
 <context>

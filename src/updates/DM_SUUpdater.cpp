@@ -73,16 +73,10 @@ std::optional<QString> DM_SUUpdater::obstacle() const
     if (m_installation.kind == Installation::Kind::PackageManager)
         return m_installation.obstacle();
     if (m_info.feedUrl.isEmpty()) {
-        return tr("This Quillmarsh has no address to look for updates at. Updates come with your "
-                  "system's package manager.");
+        return tr("This Quillmarsh has no address to look for updates at. Updates come from where "
+                  "you got it.");
     }
     return m_installation.obstacle();
-}
-
-QString DM_SUUpdater::commandOfSystem() const
-{
-    const bool isSystems = m_installation.kind == Installation::Kind::PackageManager;
-    return isSystems || m_info.feedUrl.isEmpty() ? m_installation.command : QString();
 }
 
 void DM_SUUpdater::checkForUpdatesInBackground()
@@ -116,7 +110,7 @@ void DM_SUUpdater::start(Manner manner)
     if (const auto reason = obstacle()) {
         qCInfo(updatesLog).noquote() << "no update:" << *reason;
         if (manner == Manner::Interactive)
-            openWindow().showElsewhere(*reason, commandOfSystem());
+            openWindow().showElsewhere(*reason, m_installation.command);
         else
             abort(reason);
         return;

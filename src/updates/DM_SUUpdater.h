@@ -68,8 +68,6 @@ private:
     DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info, Owner owner);
 
     std::optional<QString> obstacle() const;
-    /// That updates it where the system does; else empty.
-    QString commandOfSystem() const;
     void start(Manner manner);
     void runFound();
     void runDownloaded();

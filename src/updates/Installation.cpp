@@ -66,7 +66,6 @@ Installation Installation::of(const Evidence &evidence)
 {
     Installation installation;
     installation.bundlePath = evidence.bundlePath;
-    installation.command = systemCommand();
     const QString appDir = QFileInfo(evidence.appDir).canonicalFilePath();
     // An image that we were merely started from hands these variables down, too.
     if (QFileInfo(evidence.appImage).isFile() && !appDir.isEmpty() &&
@@ -84,8 +83,10 @@ Installation Installation::of(const Evidence &evidence)
         return installation;
     }
     const bool isLocal = isBelow(evidence.bundlePath, QStringLiteral("/usr/local"));
-    if (isBelow(evidence.bundlePath, QStringLiteral("/usr")) && !isLocal)
+    if (isBelow(evidence.bundlePath, QStringLiteral("/usr")) && !isLocal) {
         installation.kind = Kind::PackageManager;
+        installation.command = systemCommand();
+    }
     return installation;
 }
 

@@ -56,5 +56,6 @@ public:
     QString path;
     QString bundlePath;
     QByteArray imageMark; ///< Differs for every file that comes into the image's place.
-    QString command;      ///< Of the system's package manager, to update us; may be empty.
+    /// Of the system's package manager, to update what it installed; may be empty.
+    QString command;
 };
