@@ -110,7 +110,7 @@ void addCopy(benchmark::State &state)
         const QString text = benchClipText(++number);
         g_clock.advance(std::chrono::seconds(1));
         state.ResumeTiming();
-        history.addToClipList(text, std::nullopt, QStringLiteral("Editor"), std::nullopt);
+        history.addToClipList({text, std::nullopt, QStringLiteral("Editor"), std::nullopt});
     }
     g_settings.maxItems = 1'000'000;
 }
@@ -125,7 +125,7 @@ void addKnownCopy(benchmark::State &state)
             *history.clipItemArr()[static_cast<std::size_t>(clips / 2)]->strValue();
         g_clock.advance(std::chrono::seconds(1));
         state.ResumeTiming();
-        history.addToClipList(text, std::nullopt, QStringLiteral("Editor"), std::nullopt);
+        history.addToClipList({text, std::nullopt, QStringLiteral("Editor"), std::nullopt});
     }
 }
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr qsizetype kFactsLimit = 1024;                 // records
+constexpr qsizetype kDetailsLimit = 1024;               // records
 constexpr qsizetype kTextsLimit = 4 * 1024 * 1024;      // bytes
 constexpr qsizetype kShortTextsLimit = 2 * 1024 * 1024; // bytes
 constexpr qint64 kShortTextSource = 16 * 1024;          // bytes of UTF-8
@@ -50,7 +50,7 @@ QString wholeCharacters(QByteArray utf8)
 } // namespace
 
 ClipContext::ClipContext(const QString &storeFolder)
-    : m_store(storeFolder), m_facts(kFactsLimit), m_texts(kTextsLimit),
+    : m_store(storeFolder), m_details(kDetailsLimit), m_texts(kTextsLimit),
       m_shortTexts(kShortTextsLimit)
 {
 }
@@ -81,7 +81,7 @@ std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
             met ? met.mapped() : std::make_shared<ClipItem>(*this);
         item->m_pk = row.pk;
         item->m_hasText = row.hasText;
-        if (!item->m_unsaved || !(item->m_unsaved->attributes & ClipAttribute::kCreateDate)) {
+        if (!item->m_unsaved || !item->m_unsaved->clip) {
             item->m_createDate = row.createDate;
             item->m_hasFilepath = row.hasFilepath;
         }
@@ -94,7 +94,7 @@ std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
 
 void ClipContext::forgetValues()
 {
-    m_facts.clear();
+    m_details.clear();
     m_texts.clear();
     m_shortTexts.clear();
     m_latestPk = 0;
@@ -106,32 +106,21 @@ std::shared_ptr<ClipItem> ClipContext::insert()
     return std::make_shared<ClipItem>(*this);
 }
 
-void ClipContext::setCopy(const std::shared_ptr<ClipItem> &item, const ClipValues &copy,
+void ClipContext::setClip(const std::shared_ptr<ClipItem> &item, const Clip &clip,
                           double createDate)
 {
     touch(item);
-    ClipChange &change = *item->m_unsaved;
-    // The text of a record never changes, so it is written once.
-    if (item->m_pk == 0) {
-        change.values.strValue = copy.strValue;
-        change.attributes |= ClipAttribute::kStrValue;
-    }
-    change.values.rtfValue = copy.rtfValue;
-    change.values.applicationName = copy.applicationName;
-    change.values.filepath = copy.filepath;
-    change.createDate = createDate;
-    change.attributes |= ClipAttribute::kRtfValue | ClipAttribute::kApplicationName |
-                         ClipAttribute::kFilepath | ClipAttribute::kCreateDate;
+    item->m_unsaved->clip = clip;
+    item->m_unsaved->createDate = createDate;
     item->m_createDate = createDate;
-    item->m_hasFilepath = copy.filepath.has_value();
+    item->m_hasFilepath = clip.filepath().has_value();
     item->m_hasText = true;
 }
 
 void ClipContext::setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount)
 {
     touch(item);
-    item->m_unsaved->values.pasteCount = pasteCount;
-    item->m_unsaved->attributes |= ClipAttribute::kPasteCount;
+    item->m_unsaved->pasteCount = pasteCount;
 }
 
 void ClipContext::touch(const std::shared_ptr<ClipItem> &item)
@@ -149,8 +138,8 @@ void ClipContext::keepText(const std::shared_ptr<ClipItem> &item)
     const std::optional<QString> text = item->strValue();
     if (!item->m_unsaved)
         item->m_unsaved = std::make_unique<ClipChange>();
-    item->m_unsaved->values.strValue = text;
-    item->m_unsaved->attributes |= ClipAttribute::kStrValue;
+    if (!item->m_unsaved->clip)
+        item->m_unsaved->clip = Clip(text, {}, {}, {});
 }
 
 void ClipContext::remove(const std::shared_ptr<ClipItem> &item)
@@ -166,7 +155,7 @@ void ClipContext::letGo(const std::shared_ptr<ClipItem> &item)
     item->m_context = nullptr;
     if (item->m_pk == 0)
         return;
-    m_facts.remove(item->m_pk);
+    m_details.remove(item->m_pk);
     m_texts.remove(item->m_pk);
     m_shortTexts.remove(item->m_pk);
     if (m_latestPk == item->m_pk) {
@@ -190,24 +179,24 @@ void ClipContext::save()
     for (std::size_t i = 0; i < changes.size(); ++i) {
         ClipItem &item = *m_changed[i];
         item.m_pk = changes[i].pk;
-        m_facts.remove(item.m_pk);
-        if (changes[i].values.strValue)
-            rememberText(item.m_pk, *changes[i].values.strValue);
+        m_details.remove(item.m_pk);
+        if (changes[i].clip)
+            rememberText(item.m_pk, *changes[i].clip->text);
         item.m_unsaved.reset();
     }
     m_changed.clear();
     m_deletedPks.clear();
 }
 
-ClipValues ClipContext::facts(const ClipItem &item)
+ClipStore::Details ClipContext::details(const ClipItem &item)
 {
     if (item.m_pk == 0)
         return {};
-    if (const ClipValues *facts = m_facts.object(item.m_pk))
-        return *facts;
-    ClipValues facts = m_store.readFacts(item.m_pk);
-    m_facts.insert(item.m_pk, new ClipValues(facts));
-    return facts;
+    if (const ClipStore::Details *details = m_details.object(item.m_pk))
+        return *details;
+    ClipStore::Details details = m_store.readDetails(item.m_pk);
+    m_details.insert(item.m_pk, new ClipStore::Details(details));
+    return details;
 }
 
 std::optional<QString> ClipContext::text(const ClipItem &item)
@@ -232,9 +221,9 @@ void ClipContext::rememberText(qint64 pk, const QString &text)
     m_latestText = text;
 }
 
-std::optional<QString> ClipContext::rtf(const ClipItem &item)
+std::optional<QString> ClipContext::format(const ClipItem &item, const CopyFormat &format)
 {
-    return item.m_pk == 0 ? std::nullopt : m_store.readRtf(item.m_pk);
+    return item.m_pk == 0 ? std::nullopt : m_store.readText(item.m_pk, format.attribute);
 }
 
 std::optional<ClipStore::TextStart> ClipContext::textStart(const ClipItem &item, qint64 limit)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "history/ClipStore.h"
-#include "history/ClipValues.h"
 
 #include <QCache>
 #include <QString>
@@ -39,8 +38,8 @@ public:
     std::optional<Fetched> fetch(const Items &known);
 
     std::shared_ptr<ClipItem> insert();
-    /// Gives a clip what a copy carries. `createDate` in seconds since 1970 UTC.
-    void setCopy(const std::shared_ptr<ClipItem> &item, const ClipValues &copy, double createDate);
+    /// `createDate` in seconds since 1970 UTC.
+    void setClip(const std::shared_ptr<ClipItem> &item, const Clip &clip, double createDate);
     void setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount);
     void remove(const std::shared_ptr<ClipItem> &item);
     /// As remove(), of a clip whose record is gone already.
@@ -53,9 +52,9 @@ public:
     void save();
 
     // Values as saved; ClipItem puts its unsaved ones before them.
-    ClipValues facts(const ClipItem &item);
+    ClipStore::Details details(const ClipItem &item);
     std::optional<QString> text(const ClipItem &item);
-    std::optional<QString> rtf(const ClipItem &item);
+    std::optional<QString> format(const ClipItem &item, const CopyFormat &format);
     std::optional<ClipStore::TextStart> textStart(const ClipItem &item, qint64 limit);
     /// The whole text as UTF-8, past everything that is kept; empty when there is none.
     QByteArray wholeText(const ClipItem &item);
@@ -88,7 +87,7 @@ private:
     Items m_changed; ///< Each once, in the order of their first change.
     std::vector<qint64> m_deletedPks;
 
-    QCache<qint64, ClipValues> m_facts;
+    QCache<qint64, ClipStore::Details> m_details;
     QCache<qint64, QString> m_texts;
     QCache<qint64, ShortText> m_shortTexts;
     qint64 m_latestPk = 0; ///< Whose text was read last; it is kept however long it is.

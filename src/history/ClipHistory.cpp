@@ -116,12 +116,9 @@ bool ClipHistory::refusesChange()
     return true;
 }
 
-void ClipHistory::addToClipList(const std::optional<QString> &strValue,
-                                const std::optional<QString> &rtfValue,
-                                const std::optional<QString> &applicationName,
-                                const std::optional<QString> &filepath)
+void ClipHistory::addToClipList(const Clip &clip)
 {
-    if (isNilOrEmpty(strValue) || refusesChange())
+    if (isNilOrEmpty(clip.text) || refusesChange())
         return;
     // A text whose record another program has removed is no repeat.
     loadForeignChanges();
@@ -129,7 +126,7 @@ void ClipHistory::addToClipList(const std::optional<QString> &strValue,
         fetch();
     // Half a surrogate pair would be stored as another text than the one that was compared.
     const QString text =
-        strValue->isValidUtf16() ? *strValue : QString::fromUtf8(strValue->toUtf8());
+        clip.text->isValidUtf16() ? *clip.text : QString::fromUtf8(clip.text->toUtf8());
     if (m_lastClipItem && m_lastClipItem->strValue() == text)
         return;
 
@@ -142,7 +139,10 @@ void ClipHistory::addToClipList(const std::optional<QString> &strValue,
     const double date = stamp();
     if (!isNew)
         std::erase(m_history, item);
-    m_context.setCopy(item, {{}, text, rtfValue, applicationName, filepath, {}}, date);
+    Clip recorded = clip;
+    recorded.text = text;
+    recorded.fileNames = clip.fileNames.mid(0, 1);
+    m_context.setClip(item, recorded, date);
     if (isNew)
         m_index.add(*item, text);
     putInOrder(item);
@@ -168,7 +168,7 @@ double ClipHistory::stamp() const
     const double newest = m_history.empty() ? now : ClipContext::createDate(*m_history.front());
     if (m_history.empty() || !(newest >= now))
         return now;
-    return std::max(newest + kStep, std::nextafter(newest, ClipDate::kMaxSeconds));
+    return std::max(newest + kStep, std::nextafter(newest, ClipStore::kMaxDate));
 }
 
 std::shared_ptr<ClipItem> ClipHistory::newestWithText(const QString &text)

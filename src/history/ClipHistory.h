@@ -56,10 +56,7 @@ public:
 
     /// Records one copy. A text equal to the latest clip's changes nothing; one that is in the
     /// history already moves to the top; a full list loses its single oldest clip.
-    void addToClipList(const std::optional<QString> &strValue,
-                       const std::optional<QString> &rtfValue,
-                       const std::optional<QString> &applicationName,
-                       const std::optional<QString> &filepath);
+    void addToClipList(const Clip &clip);
     static bool isNilOrEmpty(const std::optional<QString> &text);
 
     /// A clip that is not in the list is ignored.

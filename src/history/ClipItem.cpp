@@ -1,7 +1,6 @@
 #include "history/ClipItem.h"
 
 #include "history/ClipContext.h"
-#include "history/ClipValues.h"
 
 #include <QTimeZone>
 
@@ -13,35 +12,49 @@ ClipItem::~ClipItem() = default;
 
 std::optional<qint64> ClipItem::id() const
 {
-    return m_context ? m_context->facts(*this).id : std::nullopt;
+    return m_context ? m_context->details(*this).id : std::nullopt;
+}
+
+/// What is not saved yet goes before what is; null when there is none.
+const Clip *ClipItem::unsavedClip() const
+{
+    return m_unsaved && m_unsaved->clip ? &*m_unsaved->clip : nullptr;
 }
 
 std::optional<QString> ClipItem::strValue() const
 {
-    if (m_unsaved && (m_unsaved->attributes & ClipAttribute::kStrValue))
-        return m_unsaved->values.strValue;
+    if (const Clip *clip = unsavedClip())
+        return clip->text;
     return m_context ? m_context->text(*this) : std::nullopt;
 }
 
 std::optional<QString> ClipItem::rtfValue() const
 {
-    if (m_unsaved && (m_unsaved->attributes & ClipAttribute::kRtfValue))
-        return m_unsaved->values.rtfValue;
-    return m_context ? m_context->rtf(*this) : std::nullopt;
+    return clip().rtf;
 }
 
 std::optional<QString> ClipItem::applicationName() const
 {
-    if (m_unsaved && (m_unsaved->attributes & ClipAttribute::kApplicationName))
-        return m_unsaved->values.applicationName;
-    return m_context ? m_context->facts(*this).applicationName : std::nullopt;
+    if (const Clip *clip = unsavedClip())
+        return clip->applicationName;
+    return m_context ? m_context->details(*this).applicationName : std::nullopt;
 }
 
 std::optional<QString> ClipItem::filepath() const
 {
-    if (m_unsaved && (m_unsaved->attributes & ClipAttribute::kFilepath))
-        return m_unsaved->values.filepath;
-    return m_context && m_hasFilepath ? m_context->facts(*this).filepath : std::nullopt;
+    if (const Clip *clip = unsavedClip())
+        return clip->filepath();
+    return m_context && m_hasFilepath ? m_context->details(*this).filepath : std::nullopt;
+}
+
+Clip ClipItem::clip() const
+{
+    if (const Clip *clip = unsavedClip())
+        return *clip;
+    Clip clip(strValue(), std::nullopt, applicationName(), filepath());
+    for (const CopyFormat &format : copyFormats())
+        clip.*format.source = m_context ? m_context->format(*this, format) : std::nullopt;
+    return clip;
 }
 
 std::optional<QDateTime> ClipItem::createDate() const
@@ -53,9 +66,9 @@ std::optional<QDateTime> ClipItem::createDate() const
 
 std::optional<qint32> ClipItem::pasteCount() const
 {
-    if (m_unsaved && (m_unsaved->attributes & ClipAttribute::kPasteCount))
-        return m_unsaved->values.pasteCount;
-    return m_context ? m_context->facts(*this).pasteCount : std::nullopt;
+    if (m_unsaved && m_unsaved->pasteCount)
+        return m_unsaved->pasteCount;
+    return m_context ? m_context->details(*this).pasteCount : std::nullopt;
 }
 
 QString ClipItem::drawnText() const

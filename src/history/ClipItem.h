@@ -8,6 +8,7 @@
 #include <optional>
 
 class ClipContext;
+struct Clip;
 struct ClipChange;
 
 /// One recorded copy. Has identity: there is one object for each record, and selection and
@@ -38,6 +39,8 @@ public:
     std::optional<QDateTime> createDate() const;
     /// How often the clip was pasted, less one; absent before the first paste.
     std::optional<qint32> pasteCount() const;
+    /// The whole of it, in every format.
+    Clip clip() const;
 
     /// The one line that a list shows, made when it is first asked for. Of a text longer than
     /// 16 KiB it shows the beginning, which is more than any list has room for.
@@ -46,6 +49,8 @@ public:
     QString drawnText() const;
 
 private:
+    const Clip *unsavedClip() const;
+
     friend class ClipContext;
     friend class ClipIndex;
 

@@ -12,7 +12,6 @@
 
 #include <QScopeGuard>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -26,22 +25,12 @@ QString formatted(const QString &text, const std::optional<QString> &format)
     return text;
 }
 
-bool isPicture(const PasteboardContents &contents)
-{
-    return std::any_of(contents.types.begin(), contents.types.end(), [](const QString &type) {
-        return type.startsWith(QStringLiteral("image/"));
-    });
-}
-
 /// Whether the history could not record it, although it was free to.
 bool isUnrecorded(const PasteboardContents &contents)
 {
     if (contents.isOwnWrite || contents.isConcealed || (contents.text && !contents.text->isEmpty()))
         return false;
-    // Owners of nothing have formats too, which tell about the copy.
-    return contents.isTextTooLarge ||
-           std::any_of(contents.types.begin(), contents.types.end(),
-                       [](const QString &type) { return type.contains(u'/'); });
+    return contents.isTextTooLarge || contents.media != PasteboardContents::Media::None;
 }
 
 } // namespace
@@ -74,13 +63,14 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
         return;
     // Held by itself: hiding the window resets the list.
     const std::shared_ptr<ClipItem> item = clips[static_cast<std::size_t>(row)];
+    const Clip clip = item->clip();
     // What has just arrived is still the swop's.
     if (m_swopState.performSwop())
         m_capture.readFromPasteboard();
     m_capture.setPaused(true);
     const auto resume = qScopeGuard([this] { m_capture.setPaused(false); });
 
-    const Outcome outcome = item->filepath() ? pasteFile(*item) : pasteString(*item, format);
+    const Outcome outcome = clip.filepath() ? pasteFile(clip) : pasteString(clip, format);
     if (outcome == Outcome::NotWritten) {
         qCWarning(lcHistory, "The pasteboard could not be written; nothing is pasted");
         tell(tr("The clip was not pasted"), tr("The clipboard could not be written."));
@@ -90,27 +80,26 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
     m_history.countPaste(item);
     m_putBack.reset();
     m_putBackTimer.stop();
-    completeSwop(*item, outcome);
+    completeSwop(clip, outcome);
     m_swopState.clear();
 }
 
-ClipPaster::Outcome ClipPaster::pasteString(const ClipItem &item,
-                                            const std::optional<QString> &format)
+ClipPaster::Outcome ClipPaster::pasteString(Copy copy, const std::optional<QString> &format)
 {
-    const std::optional<QString> text = item.strValue();
-    // The RTF keeps its stored case on purpose: an application that prefers rich text pastes the
-    // clip as it was copied.
-    if (text && !replaceBy({formatted(*text, format), item.rtfValue(), {}}))
+    // The other formats keep their stored case on purpose: an application that prefers rich text
+    // pastes the clip as it was copied.
+    if (copy.text)
+        copy.text = formatted(*copy.text, format);
+    if (copy.text && !replaceBy(copy))
         return Outcome::NotWritten;
     m_window.hideApp();
-    return text ? typeIntoTarget() : Outcome::NothingToType;
+    return copy.text ? typeIntoTarget() : Outcome::NothingToType;
 }
 
-ClipPaster::Outcome ClipPaster::pasteFile(const ClipItem &item)
+ClipPaster::Outcome ClipPaster::pasteFile(const Clip &clip)
 {
-    const QString filepath = *item.filepath();
-    const bool exists = m_platform.workspace->fileExists(filepath);
-    if (exists && !replaceBy({item.strValue(), std::nullopt, {filepath}}))
+    const bool exists = m_platform.workspace->fileExists(*clip.filepath());
+    if (exists && !replaceBy({clip.text, std::nullopt, clip.fileNames}))
         return Outcome::NotWritten;
     m_window.hideApp();
     if (!exists && m_settings.isNotificationsEnabled())
@@ -119,13 +108,13 @@ ClipPaster::Outcome ClipPaster::pasteFile(const ClipItem &item)
     return exists ? typeIntoTarget() : Outcome::NothingToType;
 }
 
-bool ClipPaster::replaceBy(const PasteboardItem &item)
+bool ClipPaster::replaceBy(const Copy &copy)
 {
     const std::optional<PasteboardContents> present = m_platform.pasteboard->contents();
-    if (!m_platform.pasteboard->write(item))
+    if (!m_platform.pasteboard->write(copy))
         return false;
     if (present && isUnrecorded(*present))
-        Q_EMIT unrecordedReplaced(isPicture(*present));
+        Q_EMIT unrecordedReplaced(present->media == PasteboardContents::Media::Picture);
     return true;
 }
 
@@ -139,7 +128,7 @@ ClipPaster::Outcome ClipPaster::typeIntoTarget()
     return Outcome::Typed;
 }
 
-void ClipPaster::completeSwop(const ClipItem &item, Outcome outcome)
+void ClipPaster::completeSwop(const Clip &clip, Outcome outcome)
 {
     if (!m_swopState.performSwop())
         return;
@@ -152,8 +141,7 @@ void ClipPaster::completeSwop(const ClipItem &item, Outcome outcome)
         return;
     }
     m_platform.clock->wait(m_waits.exchange);
-    m_history.addToClipList(item.strValue(), item.rtfValue(), item.applicationName(),
-                            item.filepath());
+    m_history.addToClipList(clip);
     addHeld(held);
     m_capture.passOverOwnWrites();
     putBackLater(held, outcome);
@@ -162,7 +150,7 @@ void ClipPaster::completeSwop(const ClipItem &item, Outcome outcome)
 void ClipPaster::addHeld(const SwopItem &held)
 {
     if (!held.isTooLarge)
-        m_history.addToClipList(held.strValue, held.rtfValue, held.applicationName, held.filepath);
+        m_history.addToClipList(held);
 }
 
 void ClipPaster::addReplacedSelections()
@@ -192,7 +180,9 @@ void ClipPaster::putBack()
         (present &&
          (present->text != due.pasted->text || present->fileNames != due.pasted->fileNames)))
         return;
-    if (!setPasteboardString(due.selection.strValue.value_or(QString()), due.selection.rtfValue)) {
+    Copy selection = due.selection;
+    selection.fileNames.clear();
+    if (!m_platform.pasteboard->write(selection)) {
         qCWarning(lcHistory, "The replaced selection could not be put on the pasteboard");
         tell(tr("The replaced text is not on the clipboard"),
              tr("The clipboard could not be written."));
@@ -254,11 +244,6 @@ void ClipPaster::tell(const QString &title, const QString &subtitle)
 bool ClipPaster::setPasteboardString(const QString &text, const std::optional<QString> &rtf)
 {
     return m_platform.pasteboard->write({text, rtf, {}});
-}
-
-bool ClipPaster::setPasteboardFile(const std::optional<QString> &text, const QString &filepath)
-{
-    return m_platform.pasteboard->write({text, std::nullopt, {filepath}});
 }
 
 void ClipPaster::notifyFileNoLongerExists()

@@ -13,7 +13,6 @@
 
 class CaptureSettings;
 class ClipHistory;
-class ClipItem;
 class ClipboardCapture;
 class HistoryWindow;
 class HotKeyManager;
@@ -69,7 +68,6 @@ public:
 
     /// Replaces the pasteboard's contents. False when the display did not confirm it.
     bool setPasteboardString(const QString &text, const std::optional<QString> &rtf);
-    bool setPasteboardFile(const std::optional<QString> &text, const QString &filepath);
 
     void notifyFileNoLongerExists();
 
@@ -93,11 +91,11 @@ private:
     };
 
     /// Writes the clip to be pasted.
-    bool replaceBy(const PasteboardItem &item);
-    Outcome pasteString(const ClipItem &item, const std::optional<QString> &format);
-    Outcome pasteFile(const ClipItem &item);
+    bool replaceBy(const Copy &copy);
+    Outcome pasteString(Copy copy, const std::optional<QString> &format);
+    Outcome pasteFile(const Clip &clip);
     Outcome typeIntoTarget();
-    void completeSwop(const ClipItem &item, Outcome outcome);
+    void completeSwop(const Clip &clip, Outcome outcome);
     void addHeld(const SwopItem &held);
     void addReplacedSelections();
     void putBackLater(const SwopItem &selection, Outcome outcome);

@@ -12,6 +12,8 @@
 #include <iterator>
 #include <limits>
 #include <string>
+#include <utility>
+#include <variant>
 
 namespace {
 
@@ -29,7 +31,7 @@ double dateOf(const SQLite::Column &column)
     const double date = column.isFloat() || column.isInteger()
                             ? column.getDouble()
                             : std::numeric_limits<double>::quiet_NaN();
-    return std::abs(date) < ClipDate::kMaxSeconds ? date : std::numeric_limits<double>::quiet_NaN();
+    return std::abs(date) < ClipStore::kMaxDate ? date : std::numeric_limits<double>::quiet_NaN();
 }
 
 void logUnreadable(const SQLite::Exception &exception)
@@ -48,70 +50,54 @@ std::vector<qint64> pksWhere(SQLite::Database &database, const char *condition)
     return pks;
 }
 
-void bindText(SQLite::Statement &statement, int index, const std::optional<QString> &text)
+using Value = std::variant<double, qint32, std::optional<QString>>;
+using Column = std::pair<std::string, Value>;
+
+std::vector<Column> columnsOf(const ClipChange &change)
 {
-    if (text)
-        statement.bind(index, text->toStdString());
-    else
-        statement.bind(index);
+    std::vector<Column> columns;
+    if (change.pasteCount)
+        columns.emplace_back("pasteCount", *change.pasteCount);
+    if (!change.clip)
+        return columns;
+    columns.emplace_back("createDate", change.createDate);
+    columns.emplace_back("applicationName", change.clip->applicationName);
+    columns.emplace_back("filepath", change.clip->filepath());
+    if (change.pk == 0)
+        columns.emplace_back("strValue", change.clip->text);
+    for (const CopyFormat &format : copyFormats())
+        columns.emplace_back(format.attribute, *change.clip.*format.source);
+    return columns;
 }
 
-struct WrittenAttribute
+void bind(SQLite::Statement &statement, int index, const Value &value)
 {
-    quint8 attribute;
-    const char *column;
-    void (*bind)(SQLite::Statement &, int index, const ClipChange &);
-};
-
-constexpr WrittenAttribute kWritten[] = {
-    {ClipAttribute::kCreateDate, "createDate",
-     [](SQLite::Statement &statement, int index, const ClipChange &change) {
-         statement.bind(index, change.createDate);
-     }},
-    {ClipAttribute::kPasteCount, "pasteCount",
-     [](SQLite::Statement &statement, int index, const ClipChange &change) {
-         if (change.values.pasteCount)
-             statement.bind(index, *change.values.pasteCount);
-     }},
-    {ClipAttribute::kApplicationName, "applicationName",
-     [](SQLite::Statement &statement, int index, const ClipChange &change) {
-         bindText(statement, index, change.values.applicationName);
-     }},
-    {ClipAttribute::kFilepath, "filepath",
-     [](SQLite::Statement &statement, int index, const ClipChange &change) {
-         bindText(statement, index, change.values.filepath);
-     }},
-    {ClipAttribute::kStrValue, "strValue",
-     [](SQLite::Statement &statement, int index, const ClipChange &change) {
-         bindText(statement, index, change.values.strValue);
-     }},
-    {ClipAttribute::kRtfValue, "rtfValue",
-     [](SQLite::Statement &statement, int index, const ClipChange &change) {
-         bindText(statement, index, change.values.rtfValue);
-     }},
-};
+    if (const auto *date = std::get_if<double>(&value))
+        statement.bind(index, *date);
+    else if (const auto *count = std::get_if<qint32>(&value))
+        statement.bind(index, *count);
+    else if (const auto &text = std::get<std::optional<QString>>(value))
+        statement.bind(index, text->toStdString());
+}
 
 /// Writes one record; the key of the record written.
 qint64 writeChange(SQLite::Database &database, const ClipChange &change)
 {
-    std::string columns;
+    const std::vector<Column> columns = columnsOf(change);
+    std::string names;
     std::string places;
-    for (const WrittenAttribute &written : kWritten) {
-        if (!(change.attributes & written.attribute))
-            continue;
-        columns += (columns.empty() ? "" : ", ") + std::string(written.column);
+    for (const auto &[name, value] : columns) {
+        names += (names.empty() ? "" : ", ") + name;
         places += places.empty() ? "?" : ", ?";
     }
     const bool isNew = change.pk == 0;
     SQLite::Statement statement(
-        database, isNew ? "INSERT INTO ClipItem (" + columns + ") VALUES (" + places + ")"
-                        : "UPDATE ClipItem SET (" + columns + ") = (" + places +
+        database, isNew ? "INSERT INTO ClipItem (" + names + ") VALUES (" + places + ")"
+                        : "UPDATE ClipItem SET (" + names + ") = (" + places +
                               ") WHERE pk = " + std::to_string(change.pk));
     int index = 0;
-    for (const WrittenAttribute &written : kWritten) {
-        if (change.attributes & written.attribute)
-            written.bind(statement, ++index, change);
-    }
+    for (const auto &[name, value] : columns)
+        bind(statement, ++index, value);
     statement.exec();
     return isNew ? database.getLastInsertRowid() : change.pk;
 }
@@ -213,43 +199,33 @@ int ClipStore::dataVersion()
     return database().execAndGet("PRAGMA data_version").getInt();
 }
 
-ClipValues ClipStore::readFacts(qint64 pk)
+ClipStore::Details ClipStore::readDetails(qint64 pk)
 {
+    Details details;
     try {
         SQLite::Statement query(
             database(),
             "SELECT id, pasteCount, applicationName, filepath FROM ClipItem WHERE pk = ?");
         query.bind(1, static_cast<std::int64_t>(pk));
         if (!query.executeStep())
-            return {};
-        ClipValues facts;
+            return details;
         if (!query.getColumn(0).isNull())
-            facts.id = query.getColumn(0).getInt64();
+            details.id = query.getColumn(0).getInt64();
         if (!query.getColumn(1).isNull())
-            facts.pasteCount = query.getColumn(1).getInt();
-        facts.applicationName = textOf(query.getColumn(2));
-        facts.filepath = textOf(query.getColumn(3));
-        return facts;
+            details.pasteCount = query.getColumn(1).getInt();
+        details.applicationName = textOf(query.getColumn(2));
+        details.filepath = textOf(query.getColumn(3));
     } catch (const SQLite::Exception &exception) {
         logUnreadable(exception);
-        return {};
     }
+    return details;
 }
 
-std::optional<QString> ClipStore::readText(qint64 pk)
-{
-    return readLongText("SELECT strValue FROM ClipItem WHERE pk = ?", pk);
-}
-
-std::optional<QString> ClipStore::readRtf(qint64 pk)
-{
-    return readLongText("SELECT rtfValue FROM ClipItem WHERE pk = ?", pk);
-}
-
-std::optional<QString> ClipStore::readLongText(const char *query, qint64 pk)
+std::optional<QString> ClipStore::readText(qint64 pk, const char *attribute)
 {
     try {
-        SQLite::Statement statement(database(), query);
+        SQLite::Statement statement(database(), std::string("SELECT ") + attribute +
+                                                    " FROM ClipItem WHERE pk = ?");
         statement.bind(1, static_cast<std::int64_t>(pk));
         return statement.executeStep() ? textOf(statement.getColumn(0)) : std::nullopt;
     } catch (const SQLite::Exception &exception) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "history/ClipValues.h"
+#include "history/Clip.h"
 #include "history/StoreError.h"
 #include "history/StoreModel.h"
 
@@ -21,12 +21,24 @@ class Database;
 class ClipStore
 {
 public:
+    /// Seconds since 1970 UTC; beyond these, ahead or back, a stored number is no date.
+    static constexpr double kMaxDate = 1e12;
+
     struct Row
     {
         qint64 pk;
         double createDate; ///< Seconds since 1970 UTC; NaN when absent.
         bool hasFilepath;
         bool hasText;
+    };
+
+    /// Everything that is short; it means what it means in ClipItem.
+    struct Details
+    {
+        std::optional<qint64> id;
+        std::optional<qint32> pasteCount;
+        std::optional<QString> applicationName;
+        std::optional<QString> filepath;
     };
 
     /// The beginning of a record's text, as UTF-8.
@@ -51,10 +63,9 @@ public:
     /// Whether another program has changed the store since the last readRows().
     bool isChangedByOthers();
 
-    /// Everything but the two long texts; empty for a record that is not there.
-    ClipValues readFacts(qint64 pk);
-    std::optional<QString> readText(qint64 pk);
-    std::optional<QString> readRtf(qint64 pk);
+    /// Empty for a record that is not there.
+    Details readDetails(qint64 pk);
+    std::optional<QString> readText(qint64 pk, const char *attribute = "strValue");
     /// At most `limit` bytes of the text, however long it is; absent when there is no text.
     std::optional<TextStart> readTextStart(qint64 pk, qint64 limit);
     /// Ends a series of readTextStart(), which keeps the record open for the next.
@@ -79,7 +90,6 @@ private:
 
     SQLite::Database &database();
     int dataVersion();
-    std::optional<QString> readLongText(const char *query, qint64 pk);
 
     const StoreModel m_model{};
     const QString m_folder;

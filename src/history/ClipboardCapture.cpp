@@ -134,13 +134,11 @@ void ClipboardCapture::record(const PasteboardContents &contents)
         refuse(contents);
     if (!contents.text)
         return;
-    const std::optional<QString> filepath =
-        contents.fileNames.isEmpty() ? std::nullopt : std::optional(contents.fileNames.first());
+    const Clip clip(contents, contents.applicationName);
     if (m_swopState.performSwop() && !contents.isOwnWrite)
-        m_swopState.hold(
-            {contents.text, contents.rtf, contents.applicationName, filepath, isRefused});
+        m_swopState.hold({clip, isRefused});
     else if (!isRefused)
-        m_history.addToClipList(contents.text, contents.rtf, contents.applicationName, filepath);
+        m_history.addToClipList(clip);
 }
 
 void ClipboardCapture::refuse(const PasteboardContents &contents)

@@ -1,5 +1,7 @@
 #include "history/StoreModel.h"
 
+#include "platform/Copy.h"
+
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
@@ -17,14 +19,17 @@ struct Attribute
     const char *type;
 };
 
-// Short attributes first: SQLite walks through all of a long text to reach what is stored behind
-// it.
-constexpr std::array kAttributes{
-    Attribute{"id", "INTEGER"},         Attribute{"createDate", "REAL"},
-    Attribute{"pasteCount", "INTEGER"}, Attribute{"applicationName", "TEXT"},
-    Attribute{"filepath", "TEXT"},      Attribute{"strValue", "TEXT"},
-    Attribute{"rtfValue", "TEXT"},
-};
+/// Short attributes first: SQLite walks through all of a long text to reach what is stored behind
+/// it.
+std::vector<Attribute> attributes()
+{
+    std::vector<Attribute> all{{"id", "INTEGER"},         {"createDate", "REAL"},
+                               {"pasteCount", "INTEGER"}, {"applicationName", "TEXT"},
+                               {"filepath", "TEXT"},      {"strValue", "TEXT"}};
+    for (const CopyFormat &format : copyFormats())
+        all.push_back({format.attribute, "TEXT"});
+    return all;
+}
 
 // The first gives the list's order without reading the texts; the others tell file clips, and clips
 // without a text, of which another program alone makes any.
@@ -109,7 +114,7 @@ void checkColumns(const std::vector<Column> &columns)
         if (column.isKey || column.isRequired)
             refuse("the column \"" + column.name + "\" must not be empty");
     }
-    for (const Attribute &attribute : kAttributes) {
+    for (const Attribute &attribute : attributes()) {
         const Column *column = columnNamed(columns, attribute.name);
         if (column && kindOf(column->type) != attribute.type)
             refuse("the column \"" + column->name + "\" is of another kind");
@@ -126,7 +131,8 @@ StoreModel::Fit fitOf(SQLite::Database &database, const std::vector<Column> &col
                                             "name = '") +
                                     index.name + "'");
     };
-    if (!std::all_of(kAttributes.begin(), kAttributes.end(), hasColumn))
+    const std::vector<Attribute> wanted = attributes();
+    if (!std::all_of(wanted.begin(), wanted.end(), hasColumn))
         return StoreModel::Fit::Adaptable;
     return std::all_of(kIndexes.begin(), kIndexes.end(), hasIndex) ? StoreModel::Fit::Ready
                                                                    : StoreModel::Fit::Readable;
@@ -142,7 +148,7 @@ QString StoreModel::entityName()
 QStringList StoreModel::attributeNames()
 {
     QStringList names;
-    for (const Attribute &attribute : kAttributes)
+    for (const Attribute &attribute : attributes())
         names.append(QString::fromLatin1(attribute.name));
     return names;
 }
@@ -169,7 +175,7 @@ void StoreModel::adapt(SQLite::Database &database)
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     database.exec("CREATE TABLE IF NOT EXISTS ClipItem (pk INTEGER PRIMARY KEY)");
     const std::vector<Column> columns = columnsOf(database);
-    for (const Attribute &attribute : kAttributes) {
+    for (const Attribute &attribute : attributes()) {
         if (!columnNamed(columns, attribute.name))
             database.exec(std::string("ALTER TABLE ClipItem ADD COLUMN ") + attribute.name + " " +
                           attribute.type);

@@ -12,7 +12,7 @@ void SwopState::begin(const QString &targetName)
 
 void SwopState::hold(const SwopItem &item)
 {
-    if (m_swopClipItem && m_swopClipItem->strValue != item.strValue)
+    if (m_swopClipItem && m_swopClipItem->text != item.text)
         m_replaced.append(*m_swopClipItem);
     m_swopClipItem = item;
     Q_EMIT changed();

@@ -1,56 +1,45 @@
 #pragma once
 
-#include <QByteArray>
+#include "platform/Copy.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 #include <optional>
 
-/// What somebody put on the pasteboard, as it stood when its change was published. Buffers are
-/// implicitly shared, so a copy of this value is cheap however large the text.
-struct PasteboardContents
+/// What somebody put on the pasteboard, and the circumstances, as they stood when its change was
+/// published. A format that was not offered, or did not arrive whole, is absent.
+struct PasteboardContents : Copy
 {
+    /// What the owner offered, of use here or not.
+    enum class Media {
+        None,    ///< At most what tells about the copy.
+        Picture, ///< A picture, whatever else.
+        Other,
+    };
+
     /// The change that brought these contents; 0 only for a pasteboard nobody ever wrote.
     qint64 changeCount = 0;
-    /// The formats the owner offered, by their native names; for diagnosis only.
-    QStringList types;
-    /// The plain text; absent when none was offered, when it did not arrive whole, or when it is
-    /// larger than can be of use (see `isTextTooLarge`).
-    std::optional<QString> text;
-    /// The RTF source; absent when none was offered or it did not arrive whole.
-    std::optional<QString> rtf;
-    /// Absolute paths of copied files, in the owner's order; empty for a text copy.
-    QStringList fileNames;
+    Media media = Media::None;
     /// Name of the application in front when the change happened, by the rule of
     /// ApplicationNames; the empty text when it could not be told.
     QString applicationName;
     /// One of our own windows was in front when the change happened, so that `applicationName` is
     /// our own although another application may have made the change.
     bool isOursInFront = false;
-    /// Reading stopped because the text passed the size set with setLargestUsefulText.
+    /// Reading stopped because the text passed the size set with setLargestUsefulText; there is
+    /// nothing of the copy then.
     bool isTextTooLarge = false;
     /// Size in bytes of UTF-8 of a text that is too large; absent when reading stopped before it
     /// was known.
     std::optional<qint64> tooLargeBytes;
-    /// False when a conversion was refused, stalled or timed out, so that a format is missing.
-    bool isComplete = true;
-    /// The owner marked the copy as a secret. Such contents are never fetched: every format above
-    /// is absent.
+    /// The owner marked the copy as a secret. Such contents are never fetched: every format is
+    /// absent.
     bool isConcealed = false;
     /// Written through this pasteboard's own write().
     bool isOwnWrite = false;
-};
-
-/// What to put on the pasteboard. Absent formats are not offered.
-struct PasteboardItem
-{
-    std::optional<QString> text;
-    std::optional<QString> rtf;
-    /// Absolute paths; a file item without `text` offers its paths as text, one a line.
-    QStringList fileNames;
 };
 
 /// The system pasteboard with the semantics of a pasteboard server: it counts changes, keeps
@@ -99,9 +88,10 @@ public:
     /// stops early and publishes it with `isTextTooLarge`.
     virtual void setLargestUsefulText(qint64 bytes) = 0;
 
-    /// Replaces the contents and becomes the owner. The change count has risen when it returns.
-    /// False when the display server did not confirm the ownership; nothing has changed then.
-    [[nodiscard]] virtual bool write(const PasteboardItem &item) = 0;
+    /// Replaces the contents and becomes the owner. Absent formats are not offered, but files
+    /// without a text offer their paths as text. The change count has risen when it returns. False
+    /// when the display server did not confirm the ownership; nothing has changed then.
+    [[nodiscard]] virtual bool write(const Copy &copy) = 0;
 
     /// Whether the application into which KeySender has typed the latest paste has asked for what
     /// is on the pasteboard since. What others ask for does not count.

@@ -377,7 +377,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
 
     copy(QStringLiteral("older"));
     PasteboardContents picture;
-    picture.types = QStringList{QStringLiteral("image/png")};
+    picture.media = PasteboardContents::Media::Picture;
     m_platform.pasteboard.copyFromOutside(picture);
     delegate.launch();
     EXPECT_TRUE(footer->isHidden());

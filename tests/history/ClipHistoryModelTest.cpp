@@ -145,8 +145,10 @@ private:
         static const int kSteps[] = {-3'600'000, -30'000, 0, 3'600'000};
         m_rig->platform.clock.advance(
             std::chrono::milliseconds(pick(8) == 0 ? kSteps[pick(4)] : 5'001));
-        m_rig->history.addToClipList(copy, {}, QStringLiteral("Editor"),
-                                     filepath.isEmpty() ? std::nullopt : std::optional(filepath));
+        m_rig->history.addToClipList({copy,
+                                      {},
+                                      QStringLiteral("Editor"),
+                                      filepath.isEmpty() ? std::nullopt : std::optional(filepath)});
         m_naive.add(copy, filepath, m_rig->platform.clock.now().toMSecsSinceEpoch() * 1000,
                     static_cast<int>(m_rig->settings.maxItems));
     }

@@ -23,8 +23,8 @@ QStringList list(const char *words)
 TEST_F(ClipHistoryTest, aFreshHistoryIsEmptyAndWhatIsAddedIsThereAfterARestart)
 {
     EXPECT_EQ(m_rig.texts(), QStringList());
-    m_rig.history.addToClipList(QStringLiteral("größer\0🎉"), QStringLiteral("{\\rtf1}"),
-                                QStringLiteral("Editor"), QStringLiteral("/tmp/a b"));
+    m_rig.history.addToClipList({QStringLiteral("größer\0🎉"), QStringLiteral("{\\rtf1}"),
+                                 QStringLiteral("Editor"), QStringLiteral("/tmp/a b")});
     const HistoryRig again(m_folder.path());
     ASSERT_EQ(again.history.clipItemArr().size(), 1u);
     const ClipItem &item = *again.at(0);
@@ -51,8 +51,8 @@ TEST_F(ClipHistoryTest, aRepeatOfTheLatestCopyChangesNothing)
 
 TEST_F(ClipHistoryTest, aTextCopiedAgainMovesToTheTopAsTheSameClip)
 {
-    m_rig.history.addToClipList(QStringLiteral("A"), QStringLiteral("rtf"), QStringLiteral("One"),
-                                QStringLiteral("/tmp/A"));
+    m_rig.history.addToClipList({QStringLiteral("A"), QStringLiteral("rtf"), QStringLiteral("One"),
+                                 QStringLiteral("/tmp/A")});
     const auto first = m_rig.at(0);
     m_rig.history.countPaste(first);
     m_rig.add(QStringLiteral("B"));
@@ -70,7 +70,7 @@ TEST_F(ClipHistoryTest, aTextCopiedAgainMovesToTheTopAsTheSameClip)
 TEST_F(ClipHistoryTest, copiesWithinOneMillisecondKeepTheirOrder)
 {
     for (const char *text : {"A", "B", "C", "A"})
-        m_rig.history.addToClipList(QString::fromUtf8(text), {}, {}, {});
+        m_rig.history.addToClipList({QString::fromUtf8(text), {}, {}, {}});
     EXPECT_EQ(m_rig.texts(), list("A C B"));
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A C B"));
 }
@@ -145,8 +145,8 @@ TEST_F(ClipHistoryTest, aCopyIsKeptEvenWhereThereIsRoomForNone)
 
 TEST_F(ClipHistoryTest, anEmptyTextIsNotRecorded)
 {
-    m_rig.history.addToClipList(QString(), {}, {}, {});
-    m_rig.history.addToClipList(std::nullopt, {}, {}, QStringLiteral("/tmp/A"));
+    m_rig.history.addToClipList({QString(), {}, {}, {}});
+    m_rig.history.addToClipList({std::nullopt, {}, {}, QStringLiteral("/tmp/A")});
     EXPECT_EQ(m_rig.texts(), QStringList());
 }
 

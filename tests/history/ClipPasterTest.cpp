@@ -15,10 +15,12 @@ protected:
     ClipPasterTest()
     {
         m_rig.copy(QStringLiteral("Straße"));
-        m_rig.history.addToClipList(QStringLiteral("a.txt"), {}, QStringLiteral("Files"),
-                                    QStringLiteral("/tmp/a.txt"));
-        m_rig.history.addToClipList(QStringLiteral("Rich"), QStringLiteral("{\\rtf1 Rich}"),
-                                    QStringLiteral("Writer"), {});
+        m_rig.history.addToClipList(
+            {QStringLiteral("a.txt"), {}, QStringLiteral("Files"), QStringLiteral("/tmp/a.txt")});
+        m_rig.history.addToClipList({QStringLiteral("Rich"),
+                                     QStringLiteral("{\\rtf1 Rich}"),
+                                     QStringLiteral("Writer"),
+                                     {}});
     }
 
     static constexpr int kRich = 0;
@@ -291,15 +293,13 @@ TEST_F(ClipPasterTest, whatStandsNowhereElseIsNotReplacedUnseen)
         QString said;
     };
     PasteboardContents picture;
-    picture.types = QStringList{QStringLiteral("TARGETS"), QStringLiteral("image/png")};
+    picture.media = PasteboardContents::Media::Picture;
     PasteboardContents captioned = picture;
     captioned.text = QStringLiteral("caption");
     PasteboardContents secret = picture;
     secret.isConcealed = true;
     PasteboardContents drawing;
-    drawing.types = QStringList{QStringLiteral("application/x-drawing")};
-    PasteboardContents nothing;
-    nothing.types = QStringList{QStringLiteral("TARGETS"), QStringLiteral("TIMESTAMP")};
+    drawing.media = PasteboardContents::Media::Other;
     PasteboardContents book;
     book.text = QString(20'000, u'x');
     const QString other = QStringLiteral("other");
@@ -307,7 +307,7 @@ TEST_F(ClipPasterTest, whatStandsNowhereElseIsNotReplacedUnseen)
                         {"text with a picture", captioned, {}},
                         {"secret", secret, {}},
                         {"drawing", drawing, other},
-                        {"nothing", nothing, {}},
+                        {"nothing", {}, {}},
                         {"too large", book, other}};
     QStringList said;
     QObject::connect(
@@ -371,7 +371,7 @@ TEST_F(ClipPasterTest, aCopyThatReplacesTheHeldSelectionLosesNothing)
             m_rig.add(*text);
         m_rig.paster.swop();
         m_rig.copy(QStringLiteral("second"));
-        EXPECT_EQ(m_rig.swopState.swopClipItem()->strValue, QStringLiteral("second"));
+        EXPECT_EQ(m_rig.swopState.swopClipItem()->text, QStringLiteral("second"));
         row.end();
         EXPECT_EQ(m_rig.texts().mid(0, 3).join(QStringLiteral(" | ")).toStdString(),
                   row.newestFirst)

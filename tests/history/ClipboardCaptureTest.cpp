@@ -155,7 +155,7 @@ TEST_F(ClipboardCaptureTest, duringASwopTheLatestCopyIsHeldInsteadOfRecorded)
     m_rig.copy(QStringLiteral("first"));
     m_rig.copy(QStringLiteral("second"), QStringLiteral("Terminal"));
     EXPECT_EQ(m_rig.texts(), QStringList());
-    EXPECT_EQ(m_rig.swopState.swopClipItem()->strValue, QStringLiteral("second"));
+    EXPECT_EQ(m_rig.swopState.swopClipItem()->text, QStringLiteral("second"));
     EXPECT_EQ(m_rig.swopState.swopClipItem()->applicationName, QStringLiteral("Terminal"));
 }
 

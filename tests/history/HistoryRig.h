@@ -63,7 +63,7 @@ public:
     void add(const QString &text, const std::optional<QString> &filepath = {})
     {
         platform.clock.advance(std::chrono::seconds(1));
-        history.addToClipList(text, std::nullopt, QStringLiteral("Editor"), filepath);
+        history.addToClipList({text, std::nullopt, QStringLiteral("Editor"), filepath});
     }
     QStringList texts() const { return textsOf(history.clipItemArr()); }
     std::shared_ptr<ClipItem> at(std::size_t row) const { return history.clipItemArr().at(row); }

@@ -7,16 +7,13 @@ void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
     contents.changeCount = m_changeCount + 1;
     contents.isOwnWrite = false;
     m_copiedText = contents.text;
-    if (contents.isConcealed) {
-        contents.text.reset();
-        contents.rtf.reset();
-        contents.fileNames.clear();
-    }
-    if (contents.text && contents.text->toUtf8().size() > m_largestUsefulText) {
-        contents.tooLargeBytes = contents.text->toUtf8().size();
-        contents.text.reset();
+    const qint64 bytes = contents.text.value_or(QString()).toUtf8().size();
+    if (!contents.isConcealed && bytes > m_largestUsefulText) {
         contents.isTextTooLarge = true;
+        contents.tooLargeBytes = bytes;
     }
+    if (contents.isConcealed || contents.isTextTooLarge)
+        static_cast<Copy &>(contents) = Copy();
     m_contents = contents;
     m_unjudged.append(contents);
     m_changeCount = contents.changeCount;
@@ -56,25 +53,21 @@ void MemoryPasteboard::judge(qint64 changeCount, Judgement judgement)
         m_contents.reset();
 }
 
-bool MemoryPasteboard::write(const PasteboardItem &item)
+bool MemoryPasteboard::write(const Copy &copy)
 {
     if (m_writeFails)
         return false;
     PasteboardContents contents;
     contents.changeCount = m_changeCount + 1;
-    contents.text = item.text;
-    contents.rtf = item.rtf;
-    contents.fileNames = item.fileNames;
+    static_cast<Copy &>(contents) = copy.withText();
     contents.isOwnWrite = true;
     contents.applicationName = m_frontName;
     contents.isOursInFront = m_isOursInFront;
-    if (!contents.text && !item.fileNames.isEmpty())
-        contents.text = item.fileNames.join(u'\n');
     m_unjudged.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
     m_unjudged.append(contents);
     m_contents = contents;
     m_copiedText = contents.text;
-    m_writes.append(item);
+    m_writes.append(copy);
     m_changeCount = contents.changeCount;
     return true;
 }

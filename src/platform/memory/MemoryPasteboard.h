@@ -39,8 +39,8 @@ public:
     qint64 largestUsefulText() const { return m_largestUsefulText; }
     /// Change counts judged so far, each with the judgement it got.
     const QList<std::pair<qint64, Judgement>> &judgements() const { return m_judgements; }
-    /// Texts written through write(), oldest first.
-    const QList<PasteboardItem> &writes() const { return m_writes; }
+    /// What was written through write(), oldest first.
+    const QList<Copy> &writes() const { return m_writes; }
 
     // ^Pasteboard
     qint64 changeCount() const override { return m_changeCount; }
@@ -48,7 +48,7 @@ public:
     std::optional<PasteboardContents> contents() const override { return m_contents; }
     void judge(qint64 changeCount, Judgement judgement) override;
     void setLargestUsefulText(qint64 bytes) override { m_largestUsefulText = bytes; }
-    bool write(const PasteboardItem &item) override;
+    bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_isPasteRead; }
     void clear() override;
     void askText(Selection selection, QObject *context, TextAnswer answer) override;
@@ -65,7 +65,7 @@ private:
     std::optional<PasteboardContents> m_contents;
     QList<PasteboardContents> m_unjudged;
     QList<std::pair<qint64, Judgement>> m_judgements;
-    QList<PasteboardItem> m_writes;
+    QList<Copy> m_writes;
     std::optional<QString> m_copiedText; ///< As its owner has it, whatever the history may know.
     std::optional<QString> m_markedText;
     bool m_ownersHang = false;

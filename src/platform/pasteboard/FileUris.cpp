@@ -95,11 +95,6 @@ FileUris::Action FileUris::actionOfGnomeList(const QByteArray &gnomeList)
     return linesOf(gnomeList).first() == "cut" ? Action::Cut : Action::Copy;
 }
 
-QString FileUris::paths(const QStringList &paths)
-{
-    return paths.join(u'\n');
-}
-
 bool FileUris::areAddresses(const QByteArray &text, qsizetype count)
 {
     QList<QByteArray> lines = linesOf(text);

@@ -8,6 +8,11 @@
 /// address of another host or scheme is no file.
 namespace FileUris {
 
+const QString kUriList = QStringLiteral("text/uri-list");
+const QString kGnomeList = QStringLiteral("x-special/gnome-copied-files");
+/// Beside the first, "1" says that the files were cut.
+const QString kKdeCut = QStringLiteral("application/x-kde-cutselection");
+
 /// Absolute paths of the files in a text/uri-list, in its order. Lines may end in any way;
 /// comments and addresses of other kinds are left out.
 QStringList filesOfUriList(const QByteArray &uriList);
@@ -27,10 +32,6 @@ QByteArray gnomeList(const QStringList &paths, Action action = Action::Copy);
 
 /// What such a list says.
 Action actionOfGnomeList(const QByteArray &gnomeList);
-
-/// The text of files that came without one: the whole paths, one a line, because files of one name
-/// are not one clip.
-QString paths(const QStringList &paths);
 
 /// Whether a text is nothing but addresses of `count` files, one a line, which is no text of its
 /// own.

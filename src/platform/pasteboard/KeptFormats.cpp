@@ -1,5 +1,6 @@
 #include "platform/pasteboard/KeptFormats.h"
 
+#include "platform/Copy.h"
 #include "platform/pasteboard/PictureFormats.h"
 #include "platform/pasteboard/TextFormats.h"
 
@@ -60,8 +61,9 @@ QList<QStringList> KeptFormats::plan(const QStringList &offered, const QStringLi
             wanted.append(name);
     }
     QStringList first = TextFormats::inOrder(wanted).mid(0, 1);
-    first << QStringLiteral("text/rtf") << QStringLiteral("application/rtf")
-          << QStringLiteral("text/html");
+    for (const CopyFormat &format : copyFormats())
+        first += format.names;
+    first.append(QStringLiteral("text/html"));
     QList<QStringList> plan;
     for (const QString &name : first) {
         if (wanted.removeOne(name))

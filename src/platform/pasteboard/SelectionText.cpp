@@ -2,8 +2,6 @@
 
 #include <QStringConverter>
 
-#include <algorithm>
-
 namespace {
 
 constexpr auto kFlags =
@@ -51,24 +49,4 @@ QByteArray SelectionText::latin1ToUtf8(const QByteArray &latin1)
 QByteArray SelectionText::utf8ToLatin1(const QByteArray &utf8)
 {
     return fromUtf8(utf8).toLatin1();
-}
-
-QString SelectionText::fromRtf(const QByteArray &bytes)
-{
-    return QString::fromLatin1(bytes);
-}
-
-QByteArray SelectionText::toRtf(const QString &rtf)
-{
-    const auto isByte = [](QChar character) { return character.unicode() <= 0xFF; };
-    if (std::all_of(rtf.begin(), rtf.end(), isByte))
-        return rtf.toLatin1();
-    QByteArray bytes;
-    for (const QChar character : rtf) {
-        if (isByte(character))
-            bytes += static_cast<char>(character.unicode());
-        else // RTF counts in signed 16-bit numbers.
-            bytes += "\\u" + QByteArray::number(static_cast<qint16>(character.unicode())) + '?';
-    }
-    return bytes;
 }

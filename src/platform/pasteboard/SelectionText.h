@@ -19,10 +19,4 @@ bool isLatin1(const QByteArray &utf8);
 QByteArray latin1ToUtf8(const QByteArray &latin1);
 QByteArray utf8ToLatin1(const QByteArray &utf8);
 
-/// RTF is bytes in a code page that it names itself, so each byte becomes one character and the
-/// source comes back byte for byte.
-QString fromRtf(const QByteArray &bytes);
-/// A character beyond a byte, which no RTF that was read here has, is written as RTF escapes it.
-QByteArray toRtf(const QString &rtf);
-
 } // namespace SelectionText

@@ -1,20 +1,34 @@
 #include "platform/x11/FetchedSelection.h"
 
-#include "platform/pasteboard/SelectionText.h"
+#include <algorithm>
+
+namespace {
+
+PasteboardContents::Media mediaOf(const QStringList &names)
+{
+    using Media = PasteboardContents::Media;
+    const auto isPicture = [](const QString &name) {
+        return name.startsWith(QStringLiteral("image/"));
+    };
+    if (std::any_of(names.begin(), names.end(), isPicture))
+        return Media::Picture;
+    // Owners of nothing have names too, which tell about the copy.
+    const auto isMedia = [](const QString &name) { return name.contains(u'/'); };
+    return std::any_of(names.begin(), names.end(), isMedia) ? Media::Other : Media::None;
+}
+
+} // namespace
 
 PasteboardContents FetchedSelection::contents(qint64 largestUsefulText) const
 {
     PasteboardContents contents;
-    contents.types = types;
+    contents.media = mediaOf(names);
     contents.isConcealed = isConcealed;
-    contents.isComplete = isComplete;
-    contents.fileNames = fileNames;
-    contents.isTextTooLarge = isTextTooLarge || (text && text->size() > largestUsefulText);
-    if (text && contents.isTextTooLarge)
-        contents.tooLargeBytes = text->size();
-    if (text && !contents.isTextTooLarge)
-        contents.text = SelectionText::fromUtf8(*text);
-    if (rtf && !contents.isTextTooLarge)
-        contents.rtf = SelectionText::fromRtf(*rtf);
+    contents.isTextTooLarge =
+        isTextTooLarge || (copy.text && copy.text->size() > largestUsefulText);
+    if (!contents.isTextTooLarge)
+        static_cast<Copy &>(contents) = copy.copy();
+    else if (copy.text)
+        contents.tooLargeBytes = copy.text->size();
     return contents;
 }

@@ -1,6 +1,7 @@
 #include "platform/x11/KeptCopy.h"
 
 #include "platform/pasteboard/KeptFormats.h"
+#include "platform/pasteboard/PictureFormats.h"
 #include "platform/x11/SelectionConnection.h"
 
 #include <algorithm>
@@ -21,9 +22,8 @@ void KeptCopy::begin(qint64 changeCount, const FetchedSelection &fetched, xcb_ti
     m_changeCount = changeCount;
     m_time = time;
     m_restEnds = std::chrono::steady_clock::now() + m_limits.rest;
-    m_offer = SelectionOffer::of(fetched);
-    m_fetched.types = fetched.types;
-    m_fetched.atoms = fetched.atoms;
+    m_offer = SelectionOffer::of(fetched.copy, m_connection.atoms());
+    m_fetched = fetched;
 }
 
 void KeptCopy::forget()
@@ -114,15 +114,15 @@ void KeptCopy::read()
 {
     m_state = State::Reading;
     m_begun = m_lastProgress = std::chrono::steady_clock::now();
-    m_bytesLeft = m_limits.largestKept - m_offer->byteCount();
+    m_bytesLeft = m_limits.largestKept - m_fetched.copy.byteCount();
     m_isTooLarge = false;
-    const QList<xcb_atom_t> targets = m_offer->targets(m_connection.atoms());
+    const QList<xcb_atom_t> targets = m_offer->targets();
     QStringList had;
-    for (const QString &name : std::as_const(m_fetched.types)) {
+    for (const QString &name : std::as_const(m_fetched.names)) {
         if (targets.contains(m_fetched.atoms[name]))
             had.append(name);
     }
-    for (const QStringList &names : KeptFormats::plan(m_fetched.types, had)) {
+    for (const QStringList &names : KeptFormats::plan(m_fetched.names, had)) {
         QList<xcb_atom_t> request;
         for (const QString &name : names)
             request.append(m_fetched.atoms[name]);
@@ -156,7 +156,7 @@ void KeptCopy::useAnswer()
     const xcb_atom_t target = request.takeFirst();
     if (m_conversion.state() == ConversionState::Whole) {
         m_formats.append(
-            {target, {m_conversion.type(), m_conversion.bytes(), m_conversion.format()}});
+            {target, {m_conversion.type(), m_conversion.bytes(), m_conversion.format()}, {}});
         m_bytesLeft -= m_conversion.bytes().size();
         request.clear();
     }
@@ -171,6 +171,6 @@ void KeptCopy::end(bool isWhole)
     m_conversion.abandon();
     m_requests.clear();
     m_state = isWhole ? State::Whole : State::Partial;
-    m_offer =
-        m_offer->with(std::exchange(m_formats, {}), m_fetched.atoms, m_connection.atoms().imagePng);
+    m_offer = m_offer->with(std::exchange(m_formats, {}), m_fetched.atoms,
+                            m_connection.atoms().formats[PictureFormats::kPng]);
 }

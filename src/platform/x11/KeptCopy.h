@@ -67,9 +67,9 @@ private:
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
     TimePoint m_restEnds;
     std::shared_ptr<const SelectionOffer> m_offer;
-    FetchedSelection m_fetched;          ///< Its names; the contents are in the offer.
+    FetchedSelection m_fetched;
     QList<QList<xcb_atom_t>> m_requests; ///< The first of the first list is under way.
-    QList<SelectionOffer::Kept> m_formats;
+    QList<SelectionOffer::Format> m_formats;
     qint64 m_bytesLeft = 0;
     bool m_isTooLarge = false; ///< Something was left out.
     TimePoint m_begun;

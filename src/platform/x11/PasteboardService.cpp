@@ -124,7 +124,7 @@ void PasteboardService::offerPrimary()
     if (!offer)
         offer = m_kept.offer();
     if (offer)
-        offer = offer->textAlone();
+        offer = offer->textAlone(m_connection.atoms());
     if (!offer)
         return;
     markText(std::move(offer));
@@ -180,7 +180,7 @@ void PasteboardService::handOver(std::function<void()> done)
     const xcb_atom_t clipboard = m_connection.atoms().clipboard;
     const std::shared_ptr<const SelectionOffer> offer = m_server.offer(clipboard);
     if (offer && !offer->isEmpty() &&
-        m_managerRole.requestSave(offer->targets(m_connection.atoms()), m_server.time(clipboard)))
+        m_managerRole.requestSave(offer->targets(), m_server.time(clipboard)))
         m_handedOver = std::move(done);
     else
         done();
@@ -286,7 +286,7 @@ void PasteboardService::collectFinished()
         publishClipboard(*fetched);
     const auto primary = m_primaryReader.takeFinished();
     // A terminal in which nothing is marked has copied nothing.
-    if (primary && (primary->text || primary->isTextTooLarge || primary->isConcealed))
+    if (primary && (primary->copy.text || primary->isTextTooLarge || primary->isConcealed))
         publish(*primary, std::move(m_primaryFront));
     m_managerRole.answerWaiting();
 }

@@ -1,6 +1,11 @@
 #pragma once
 
+#include <QHash>
+#include <QString>
+
 #include <xcb/xcb.h>
+
+class X11Connection;
 
 /// The names that selections are exchanged under, as this X server numbers them.
 struct SelectionAtoms
@@ -21,17 +26,8 @@ struct SelectionAtoms
     xcb_atom_t incr = XCB_ATOM_NONE;
     xcb_atom_t null = XCB_ATOM_NONE;
 
-    // Formats; STRING is one of X's predefined atoms
-    xcb_atom_t utf8String = XCB_ATOM_NONE;
-    xcb_atom_t textPlainUtf8 = XCB_ATOM_NONE;
-    xcb_atom_t textPlain = XCB_ATOM_NONE;
-    xcb_atom_t text = XCB_ATOM_NONE;
-    xcb_atom_t textRtf = XCB_ATOM_NONE;
-    xcb_atom_t applicationRtf = XCB_ATOM_NONE;
-    xcb_atom_t uriList = XCB_ATOM_NONE;
-    xcb_atom_t gnomeCopiedFiles = XCB_ATOM_NONE;
-    xcb_atom_t kdeCutSelection = XCB_ATOM_NONE;
-    xcb_atom_t imagePng = XCB_ATOM_NONE;
+    /// What we offer, by name.
+    QHash<QString, xcb_atom_t> formats;
 
-    static SelectionAtoms intern(xcb_connection_t *connection);
+    static SelectionAtoms intern(const X11Connection &server);
 };

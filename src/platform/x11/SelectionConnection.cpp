@@ -19,7 +19,7 @@ SelectionConnection::SelectionConnection()
         if (version)
             m_ownerChangeEvent = xfixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
     }
-    m_atoms = SelectionAtoms::intern(xcb());
+    m_atoms = SelectionAtoms::intern(m_server);
 }
 
 bool SelectionConnection::isSameClient(xcb_window_t one, xcb_window_t other) const

@@ -1,6 +1,5 @@
 #include "platform/x11/SelectionQuestions.h"
 
-#include "platform/pasteboard/SelectionText.h"
 #include "platform/x11/SelectionConnection.h"
 
 #include <algorithm>
@@ -64,8 +63,7 @@ void SelectionQuestions::answerFinished()
         const auto fetched = question.reader.takeFinished();
         if (!fetched)
             continue;
-        const auto text =
-            fetched->text ? std::optional(SelectionText::fromUtf8(*fetched->text)) : std::nullopt;
+        const std::optional<QString> text = fetched->copy.copy().text;
         const auto receivers = std::exchange(question.receivers, {});
         for (const Receiver &receive : receivers)
             receive(text);

@@ -1,7 +1,5 @@
 #include "platform/x11/SelectionReader.h"
 
-#include "platform/pasteboard/FileUris.h"
-#include "platform/pasteboard/SelectionText.h"
 #include "platform/pasteboard/TextFormats.h"
 #include "platform/x11/SelectionConnection.h"
 
@@ -13,7 +11,7 @@
 namespace {
 
 constexpr qint64 kMostTargetBytes = 64 * 1024;
-constexpr qsizetype kMostTypes = 1024;
+constexpr qsizetype kMostNamed = 1024;
 constexpr qsizetype kMostNames = 4096;
 
 QList<xcb_atom_t> atomsOf(const QByteArray &bytes)
@@ -41,11 +39,9 @@ void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 m
     m_isReading = true;
     m_isFinished = false;
     m_begun = std::chrono::steady_clock::now();
-    m_isInterrupted = false;
-    m_missing.clear();
-    m_offered.clear();
     m_texts.clear();
     m_mayHaveNoText = false;
+    m_isTextRefused = false;
     m_askAgainAt.reset();
     m_timesAskedAgain = 0;
     m_fetched = FetchedSelection();
@@ -80,7 +76,6 @@ void SelectionReader::checkClock(TimePoint now)
         return;
     }
     // A hung owner would not answer the next question either.
-    m_isInterrupted = true;
     m_fetched.isGivenUp = true;
     finish();
 }
@@ -103,7 +98,6 @@ std::optional<FetchedSelection> SelectionReader::takeFinished()
 
 FetchedSelection SelectionReader::abandon()
 {
-    m_isInterrupted = true;
     finish();
     m_isFinished = false;
     return std::exchange(m_fetched, FetchedSelection());
@@ -148,32 +142,31 @@ void SelectionReader::useAnswer()
         // Without its text the copy is of no use, so the rest is not even asked for.
         m_fetched.isTextTooLarge = true;
         m_requests.clear();
-        m_missing.clear();
+        m_isTextRefused = false;
         return;
     }
-    if (m_conversion.state() != State::Whole || m_conversion.format() != 8) {
-        const auto isSamePart = [&](const Request &other) { return other.part == request.part; };
-        if (std::none_of(m_requests.begin(), m_requests.end(), isSamePart))
-            m_missing.insert(request.part);
+    const bool isHad = m_conversion.state() == State::Whole && m_conversion.format() == 8;
+    if (request.part == Part::Text)
+        m_isTextRefused = !isHad;
+    if (!isHad)
         return;
-    }
-    m_missing.remove(request.part);
     switch (request.part) {
     case Part::Targets:
         break;
     case Part::Text:
+        dropOthersLike(request);
         useText();
         break;
-    case Part::Rtf:
-        m_fetched.rtf = m_conversion.bytes();
-        dropRequests(Part::Rtf);
+    case Part::Format:
+        m_fetched.copy.formats[request.format] = m_conversion.bytes();
+        dropOthersLike(request);
         break;
     case Part::Files:
         useFiles();
         break;
     case Part::CutMark:
         if (m_conversion.bytes().startsWith('1'))
-            m_fetched.fileAction = FileUris::Action::Cut;
+            m_fetched.copy.fileAction = FileUris::Action::Cut;
         break;
     }
 }
@@ -182,81 +175,84 @@ void SelectionReader::useTargets()
 {
     const SelectionAtoms &atoms = m_connection.atoms();
     if (m_conversion.state() == IncomingConversion::State::Whole && m_conversion.format() == 32) {
-        m_offered = atomsOf(m_conversion.bytes());
-        if (m_wish == Wish::Copy && m_offered.contains(atoms.passwordHint)) {
-            m_fetched.isConcealed = true;
-            return;
-        }
-        planFormats();
+        const QList<xcb_atom_t> offered = atomsOf(m_conversion.bytes());
+        m_fetched.isConcealed = m_wish == Wish::Copy && offered.contains(atoms.passwordHint);
+        if (!m_fetched.isConcealed)
+            planFormats(offered.mid(0, kMostNamed));
         return;
     }
     // An owner too simple to list its formats may still have a text.
-    m_requests = {{Part::Text, atoms.utf8String}, {Part::Text, XCB_ATOM_STRING}};
+    m_requests = {{Part::Text, atoms.formats[QStringLiteral("UTF8_STRING")]},
+                  {Part::Text, XCB_ATOM_STRING}};
 }
 
-void SelectionReader::planFormats()
+void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
 {
-    const SelectionAtoms &atoms = m_connection.atoms();
-    const QList<xcb_atom_t> named = m_offered.mid(0, kMostTypes);
-    const QStringList names = namesOf(named);
-    for (const QString &name : TextFormats::inOrder(names)) {
-        const auto atom = std::find_if(named.begin(), named.end(),
-                                       [&](xcb_atom_t one) { return nameOf(one) == name; });
-        m_texts.append({Part::Text, *atom});
+    const QStringList names = namesOf(offered);
+    for (qsizetype i = 0; i < offered.size(); ++i) {
+        if (names[i].isEmpty())
+            continue;
+        m_fetched.names.append(names[i]);
+        m_fetched.atoms[names[i]] = offered[i];
     }
+    for (const QString &name : TextFormats::inOrder(names))
+        m_texts.append({Part::Text, m_fetched.atoms[name]});
     m_requests = m_texts;
     m_mayHaveNoText = TextFormats::mayHoldNone(names);
-    const Request wanted[] = {
-        {Part::Rtf, atoms.textRtf},
-        {Part::Rtf, atoms.applicationRtf},
-        {Part::Files, atoms.uriList},
-        // Asked for beside the other list, because only this one may say that the files were cut.
-        {Part::Files, atoms.gnomeCopiedFiles},
-        {Part::CutMark, atoms.kdeCutSelection},
+    const auto plan = [&](Part part, const QString &name, const CopyFormat *format = nullptr) {
+        if (m_fetched.atoms.contains(name))
+            m_requests.append({part, m_fetched.atoms[name], format});
     };
-    for (const Request &request : wanted) {
-        if (m_offered.contains(request.target))
-            m_requests.append(request);
+    for (const CopyFormat &format : copyFormats()) {
+        for (const QString &name : format.names)
+            plan(Part::Format, name, &format);
     }
+    plan(Part::Files, FileUris::kUriList);
+    // Asked for beside the other list, because only this one may say that the files were cut.
+    plan(Part::Files, FileUris::kGnomeList);
+    plan(Part::CutMark, FileUris::kKdeCut);
 }
 
 bool SelectionReader::waitToAskAgain()
 {
-    if (!m_missing.contains(Part::Text) || m_texts.isEmpty() || m_mayHaveNoText ||
+    if (!m_isTextRefused || m_texts.isEmpty() || m_mayHaveNoText ||
         m_timesAskedAgain == m_limits.askAgain.size())
         return false;
     m_askAgainAt = m_lastProgress + m_limits.askAgain.at(m_timesAskedAgain++);
     return true;
 }
 
+/// What is had under one name need not be asked for under the others.
+void SelectionReader::dropOthersLike(const Request &had)
+{
+    m_requests.removeIf([&](const Request &request) {
+        return request.part == had.part && request.format == had.format;
+    });
+}
+
 void SelectionReader::useText()
 {
-    const xcb_atom_t target = m_conversion.target();
-    const xcb_atom_t type = m_conversion.type();
-    const QByteArray text = TextFormats::toUtf8(m_conversion.bytes(), nameOf(target), nameOf(type));
+    const QStringList names = namesOf({m_conversion.target(), m_conversion.type()});
+    const QByteArray text = TextFormats::toUtf8(m_conversion.bytes(), names[0], names[1]);
     // Drawing programs may as well answer with nothing as refuse.
     if (!text.isEmpty() || !m_mayHaveNoText)
-        m_fetched.text = text;
-    dropRequests(Part::Text);
+        m_fetched.copy.text = text;
     if (m_wish == Wish::Text)
         m_requests.clear();
 }
 
 void SelectionReader::useFiles()
 {
-    if (m_conversion.target() == m_connection.atoms().gnomeCopiedFiles) {
-        if (m_fetched.fileNames.isEmpty())
-            m_fetched.fileNames = FileUris::filesOfGnomeList(m_conversion.bytes());
-        m_fetched.fileAction = FileUris::actionOfGnomeList(m_conversion.bytes());
+    CopyBytes &copy = m_fetched.copy;
+    const QByteArray &bytes = m_conversion.bytes();
+    if (m_conversion.target() == m_fetched.atoms.value(FileUris::kUriList)) {
+        copy.uriList = bytes;
+        copy.fileNames = FileUris::filesOfUriList(bytes);
         return;
     }
-    m_fetched.uriList = m_conversion.bytes();
-    m_fetched.fileNames = FileUris::filesOfUriList(m_fetched.uriList);
-}
-
-void SelectionReader::dropRequests(Part part)
-{
-    m_requests.removeIf([part](const Request &request) { return request.part == part; });
+    if (copy.fileNames.isEmpty())
+        copy.fileNames = FileUris::filesOfGnomeList(bytes);
+    copy.fileAction = FileUris::actionOfGnomeList(bytes);
 }
 
 void SelectionReader::finish()
@@ -266,26 +262,16 @@ void SelectionReader::finish()
     m_askAgainAt.reset();
     m_isReading = false;
     m_isFinished = true;
-    const QList<xcb_atom_t> named = m_offered.mid(0, kMostTypes);
-    m_fetched.types = namesOf(named);
-    for (const xcb_atom_t atom : named)
-        m_fetched.atoms[nameOf(atom)] = atom;
-    m_missing.remove(Part::CutMark);
-    if (m_mayHaveNoText)
-        m_missing.remove(Part::Text);
-    if (!m_fetched.fileNames.isEmpty())
-        m_missing.remove(Part::Files);
-    m_fetched.isComplete = !m_isInterrupted && m_missing.isEmpty();
-    const qsizetype files = m_fetched.fileNames.size();
+    CopyBytes &copy = m_fetched.copy;
+    const qsizetype files = copy.fileNames.size();
     if (files == 0 || m_fetched.isTextTooLarge)
         return;
     // Many file managers offer no text, or what they have as the list already.
-    if (!m_fetched.text || FileUris::areAddresses(*m_fetched.text, files)) {
-        m_fetched.text = SelectionText::toUtf8(FileUris::paths(m_fetched.fileNames));
-    }
+    if (!copy.text || FileUris::areAddresses(*copy.text, files))
+        copy.text = CopyBytes::of(Copy{{}, {}, copy.fileNames}.withText()).text;
 }
 
-void SelectionReader::learnNames(const QList<xcb_atom_t> &atoms)
+QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
 {
     if (m_names.size() > kMostNames)
         m_names.clear();
@@ -301,21 +287,8 @@ void SelectionReader::learnNames(const QList<xcb_atom_t> &atoms)
             m_names[atom] = QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
                                               xcb_get_atom_name_name_length(reply.get()));
     }
-}
-
-QString SelectionReader::nameOf(xcb_atom_t atom)
-{
-    learnNames({atom});
-    return m_names.value(atom);
-}
-
-QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
-{
-    learnNames(atoms);
     QStringList names;
-    for (const xcb_atom_t atom : atoms) {
-        if (const QString name = nameOf(atom); !name.isEmpty())
-            names.append(name);
-    }
+    for (const xcb_atom_t atom : atoms)
+        names.append(m_names.value(atom));
     return names;
 }

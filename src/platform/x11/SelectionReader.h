@@ -6,7 +6,6 @@
 
 #include <QHash>
 #include <QList>
-#include <QSet>
 
 #include <chrono>
 #include <optional>
@@ -14,10 +13,11 @@
 #include <xcb/xcb.h>
 
 /// Reads a selection, one format after the other, because many owners muddle up two transfers to
-/// the same window: the list of formats first, then text, RTF and files. The text comes first, so
-/// that it is there when the owner does not live long. A text that was listed and refused is asked
-/// for again, a little later, before the reading ends. Owned by the pasteboard's service, one a
-/// selection; service thread only. It never waits for the owner: events and the clock drive it.
+/// the same window: the list of formats first, then text, other formats and files. The text comes
+/// first, so that it is there when the owner does not live long. A text that was listed and refused
+/// is asked for again, a little later, before the reading ends. Owned by the pasteboard's service,
+/// one a selection; service thread only. It never waits for the owner: events and the clock drive
+/// it.
 class SelectionReader
 {
 public:
@@ -54,11 +54,12 @@ public:
     FetchedSelection abandon();
 
 private:
-    enum class Part { Targets, Text, Rtf, Files, CutMark };
+    enum class Part { Targets, Text, Format, Files, CutMark };
     struct Request
     {
         Part part;
         xcb_atom_t target;
+        const CopyFormat *format = nullptr; ///< Of a Format.
     };
 
     void askNext();
@@ -67,19 +68,17 @@ private:
     void useTargets();
     void useText();
     void useFiles();
-    void planFormats();
+    void planFormats(const QList<xcb_atom_t> &offered);
+    void dropOthersLike(const Request &had);
     bool waitToAskAgain();
-    void dropRequests(Part part);
     void finish();
-    void learnNames(const QList<xcb_atom_t> &atoms);
-    QString nameOf(xcb_atom_t atom);
+    /// Empty for an atom that the server does not know.
     QStringList namesOf(const QList<xcb_atom_t> &atoms);
 
     SelectionConnection &m_connection;
     const PasteboardLimits &m_limits;
     IncomingConversion m_conversion;
     bool m_isReading = false;
-    bool m_isInterrupted = false;
     bool m_isFinished = false;
     xcb_atom_t m_selection = XCB_ATOM_NONE;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
@@ -87,11 +86,10 @@ private:
     Wish m_wish = Wish::Copy;
     TimePoint m_begun;
     TimePoint m_lastProgress;
-    QList<Request> m_requests; ///< The first one is under way.
-    QSet<Part> m_missing;      ///< Listed, and not had.
-    QList<xcb_atom_t> m_offered;
+    QList<Request> m_requests;    ///< The first one is under way.
     QList<Request> m_texts;       ///< To be asked again if all are refused.
     bool m_mayHaveNoText = false; ///< Although one is listed.
+    bool m_isTextRefused = false;
     std::size_t m_timesAskedAgain = 0;
     std::optional<TimePoint> m_askAgainAt; ///< While nothing is under way but the wait for it.
     FetchedSelection m_fetched;

@@ -69,7 +69,7 @@ bool SelectionServer::put(const Served &served, xcb_window_t requestor, xcb_atom
     if (target == atoms.targets) {
         const QList<quint32> targets =
             QList<quint32>{atoms.targets, atoms.timestamp, atoms.multiple} +
-            served.offer->targets(atoms);
+            served.offer->targets();
         m_connection.replace(requestor, property, XCB_ATOM_ATOM, targets);
         return true;
     }
@@ -77,7 +77,7 @@ bool SelectionServer::put(const Served &served, xcb_window_t requestor, xcb_atom
         m_connection.replace(requestor, property, XCB_ATOM_INTEGER, QList<quint32>{served.time});
         return true;
     }
-    const auto data = served.offer->convert(target, atoms);
+    const auto data = served.offer->convert(target);
     if (data)
         m_transfers.send(requestor, property, *data);
     return data.has_value();

@@ -93,3 +93,17 @@ void X11Connection::internAtoms(const char *const *names, xcb_atom_t *atoms,
         atoms[i] = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
     }
 }
+
+QHash<QString, xcb_atom_t> X11Connection::atoms(const QStringList &names) const
+{
+    QList<QByteArray> bytes;
+    std::vector<const char *> pointers;
+    for (const QString &name : names)
+        pointers.push_back(bytes.emplaceBack(name.toUtf8()).constData());
+    std::vector<xcb_atom_t> interned(pointers.size());
+    internAtoms(pointers.data(), interned.data(), interned.size());
+    QHash<QString, xcb_atom_t> atoms;
+    for (qsizetype i = 0; i < names.size(); ++i)
+        atoms[names[i]] = interned[std::size_t(i)];
+    return atoms;
+}

@@ -3,6 +3,8 @@
 #include <xcb/xcb.h>
 
 #include <QByteArray>
+#include <QHash>
+#include <QStringList>
 
 #include <array>
 #include <cstdlib>
@@ -104,6 +106,8 @@ public:
         internAtoms(names, result.data(), count);
         return result;
     }
+
+    QHash<QString, xcb_atom_t> atoms(const QStringList &names) const;
 
     /// A property's value as `PendingProperty` tells it; `property` and `firstOf` wait for it.
     PendingProperty ask(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const;

@@ -1,6 +1,6 @@
 #include "platform/x11/X11Pasteboard.h"
 
-#include "platform/pasteboard/FileUris.h"
+#include "platform/pasteboard/CopyBytes.h"
 #include "platform/pasteboard/PasteboardChanges.h"
 #include "platform/x11/PasteboardService.h"
 #include "platform/x11/SelectionConnection.h"
@@ -113,17 +113,13 @@ void X11Pasteboard::setLargestUsefulText(qint64 bytes)
     m_changes->setLargestUsefulText(bytes);
 }
 
-bool X11Pasteboard::write(const PasteboardItem &item)
+bool X11Pasteboard::write(const Copy &copy)
 {
     if (!m_thread)
         return false;
     PasteboardContents contents;
-    contents.text = item.text;
-    if (!contents.text && !item.fileNames.isEmpty())
-        contents.text = FileUris::paths(item.fileNames);
-    contents.rtf = item.rtf;
-    contents.fileNames = item.fileNames;
-    const auto offer = SelectionOffer::of(item);
+    static_cast<Copy &>(contents) = copy.withText();
+    const auto offer = SelectionOffer::of(CopyBytes::of(contents), m_connection->atoms());
     bool isWritten = false;
     const bool hasRun =
         m_thread->run([&] { isWritten = m_service->write(offer, std::move(contents)); });
@@ -164,9 +160,8 @@ void X11Pasteboard::markText(const QString &text)
 {
     if (!m_thread)
         return;
-    PasteboardItem item;
-    item.text = text;
-    m_thread->post([this, offer = SelectionOffer::of(item)] { m_service->markText(offer); });
+    const auto offer = SelectionOffer::of(CopyBytes::of({text, {}, {}}), m_connection->atoms());
+    m_thread->post([this, offer] { m_service->markText(offer); });
 }
 
 void X11Pasteboard::shutDown()

@@ -49,7 +49,7 @@ public:
     std::optional<PasteboardContents> contents() const override;
     void judge(qint64 changeCount, Judgement judgement) override;
     void setLargestUsefulText(qint64 bytes) override;
-    bool write(const PasteboardItem &item) override;
+    bool write(const Copy &copy) override;
     bool isPasteRead() const override;
     void clear() override;
     void askText(Selection selection, QObject *context, TextAnswer answer) override;

@@ -42,7 +42,7 @@ protected:
     void add(const QString &text, const std::optional<QString> &path = {})
     {
         memory.clock.advance(std::chrono::seconds(1));
-        delegate.history().addToClipList(text, {}, QStringLiteral("Editor"), path);
+        delegate.history().addToClipList({text, {}, QStringLiteral("Editor"), path});
     }
 
     /// Records the texts, the last of them newest.

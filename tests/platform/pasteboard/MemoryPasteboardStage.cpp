@@ -12,10 +12,9 @@ public:
     {
         m_pasteboard.copyFromOutside(contents);
     }
-    PasteboardItem pasteElsewhere() override
+    Copy pasteElsewhere() override
     {
-        const PasteboardContents contents = m_pasteboard.contents().value_or(PasteboardContents());
-        return {contents.text, contents.rtf, contents.fileNames};
+        return m_pasteboard.contents().value_or(PasteboardContents());
     }
     void markElsewhere(const QString &text) override { m_pasteboard.markOutside(text); }
     std::optional<QString> markedElsewhere() override { return m_pasteboard.markedText(); }

@@ -73,7 +73,6 @@ TEST_P(PasteboardTexts, passUnchangedInBothDirections)
     m_stage->copyElsewhere(textCopy(text));
     ASSERT_TRUE(m_pasteboard.contents());
     EXPECT_EQ(m_pasteboard.contents()->text, text);
-    EXPECT_TRUE(m_pasteboard.contents()->isComplete);
     ASSERT_TRUE(m_pasteboard.write({text, {}, {}}));
     EXPECT_EQ(m_stage->pasteElsewhere().text, text);
 }
@@ -95,16 +94,16 @@ TEST_F(PasteboardContract, aWriteCountsAtOnceIsNotAnnouncedAndIsWhatOthersPaste)
     m_stage->copyElsewhere(textCopy(QStringLiteral("theirs")));
     m_announced.clear();
     const qint64 start = m_pasteboard.changeCount();
-    const PasteboardItem item{QStringLiteral("ours"),
-                              QStringLiteral("{\\rtf1 \u00e4 ours}"),
-                              {QStringLiteral("/tmp/a b%#ü"), QStringLiteral("/tmp/c")}};
+    const Copy item{QStringLiteral("ours"),
+                    QStringLiteral("{\\rtf1 \u00e4 ours}"),
+                    {QStringLiteral("/tmp/a b%#ü"), QStringLiteral("/tmp/c")}};
     ASSERT_TRUE(m_pasteboard.write(item));
     EXPECT_EQ(m_pasteboard.changeCount(), start + 1);
     ASSERT_TRUE(m_pasteboard.contents());
     EXPECT_TRUE(m_pasteboard.contents()->isOwnWrite);
     EXPECT_EQ(m_pasteboard.contents()->text, item.text);
 
-    const PasteboardItem pasted = m_stage->pasteElsewhere();
+    const Copy pasted = m_stage->pasteElsewhere();
     EXPECT_EQ(pasted.text, item.text);
     EXPECT_EQ(pasted.rtf, item.rtf);
     EXPECT_EQ(pasted.fileNames, item.fileNames);
@@ -127,7 +126,7 @@ TEST_F(PasteboardContract, filesWithoutATextOfferTheirPathsOneALine)
     ASSERT_TRUE(m_pasteboard.write({{}, {}, files}));
     const QString paths = files.join(u'\n');
     EXPECT_EQ(m_pasteboard.contents()->text, paths);
-    const PasteboardItem pasted = m_stage->pasteElsewhere();
+    const Copy pasted = m_stage->pasteElsewhere();
     EXPECT_EQ(pasted.fileNames, files);
     EXPECT_EQ(pasted.text, paths);
 }

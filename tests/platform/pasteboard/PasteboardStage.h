@@ -25,7 +25,7 @@ public:
     virtual void copyElsewhere(const PasteboardContents &contents) = 0;
 
     /// What the other program would paste now; absent formats where there is nothing.
-    virtual PasteboardItem pasteElsewhere() = 0;
+    virtual Copy pasteElsewhere() = 0;
 
     /// The other program marks a text, and gives it when it is asked.
     virtual void markElsewhere(const QString &text) = 0;

@@ -36,7 +36,7 @@ void X11Stage::copyElsewhere(const PasteboardContents &contents)
     if (contents.text)
         formats["UTF8_STRING"] = SelectionText::toUtf8(*contents.text);
     if (contents.rtf)
-        formats["text/rtf"] = SelectionText::toRtf(*contents.rtf);
+        formats["text/rtf"] = contents.rtf->toLatin1();
     if (!contents.fileNames.isEmpty())
         formats["text/uri-list"] = FileUris::uriList(contents.fileNames);
     if (contents.isConcealed)
@@ -50,13 +50,13 @@ void X11Stage::copyElsewhere(const PasteboardContents &contents)
     QObject::disconnect(connection);
 }
 
-PasteboardItem X11Stage::pasteElsewhere()
+Copy X11Stage::pasteElsewhere()
 {
-    PasteboardItem item;
+    Copy item;
     if (const auto text = paste("UTF8_STRING"))
         item.text = SelectionText::fromUtf8(*text);
     if (const auto rtf = paste("text/rtf"))
-        item.rtf = SelectionText::fromRtf(*rtf);
+        item.rtf = QString::fromLatin1(*rtf);
     item.fileNames = FileUris::filesOfUriList(paste("text/uri-list").value_or(QByteArray()));
     return item;
 }

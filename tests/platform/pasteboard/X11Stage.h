@@ -23,7 +23,7 @@ public:
     // ^PasteboardStage
     Pasteboard &pasteboard() override { return m_pasteboard; }
     void copyElsewhere(const PasteboardContents &contents) override;
-    PasteboardItem pasteElsewhere() override;
+    Copy pasteElsewhere() override;
     void markElsewhere(const QString &text) override;
     std::optional<QString> markedElsewhere() override;
     bool workUntil(const std::function<bool()> &isReached) override;

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What was copied, in every format that is known here: the one value that goes from the
+/// pasteboard into the history and back. Its strings are implicitly shared, so a copy of it is
+/// cheap however large the text.
+struct Copy
+{
+    /// The plain text; of files whatever their owner offered with them.
+    std::optional<QString> text;
+    /// The RTF source, one character a byte.
+    std::optional<QString> rtf;
+    /// Absolute paths of copied files, in the owner's order; empty for a text.
+    QStringList fileNames;
+
+    /// The same, where files without a text have their whole paths for one, one a line: files of
+    /// one name are not one clip.
+    Copy withText() const;
+};
+
+/// A format that a copy may have beside its text and its files. One row of copyFormats() is all
+/// that the pasteboards and the store know of it: it is read, kept, stored and offered by that.
+struct CopyFormat
+{
+    std::optional<QString> Copy::*source;
+    /// The clip's attribute, and the store's column for it.
+    const char *attribute;
+    /// What programs call it, all with the same bytes: asked for in this order, offered under each.
+    QStringList names;
+    QString (*fromBytes)(const QByteArray &bytes);
+    QByteArray (*toBytes)(const QString &source);
+};
+
+/// In the order in which they are asked for, stored and offered.
+const QList<CopyFormat> &copyFormats();

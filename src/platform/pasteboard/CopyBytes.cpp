@@ -1,0 +1,83 @@
+#include "platform/pasteboard/CopyBytes.h"
+
+#include "platform/pasteboard/SelectionText.h"
+
+CopyBytes CopyBytes::of(const Copy &copy)
+{
+    CopyBytes bytes;
+    if (copy.text)
+        bytes.text = SelectionText::toUtf8(*copy.text);
+    for (const CopyFormat &format : copyFormats()) {
+        if (const std::optional<QString> &source = copy.*format.source)
+            bytes.formats[&format] = format.toBytes(*source);
+    }
+    bytes.fileNames = copy.fileNames;
+    return bytes;
+}
+
+Copy CopyBytes::copy() const
+{
+    Copy copy;
+    if (text)
+        copy.text = SelectionText::fromUtf8(*text);
+    for (auto format = formats.begin(); format != formats.end(); ++format)
+        copy.*format.key()->source = format.key()->fromBytes(*format);
+    copy.fileNames = fileNames;
+    return copy;
+}
+
+qint64 CopyBytes::byteCount() const
+{
+    qint64 count = text.value_or(QByteArray()).size() + uriList.size();
+    for (const QByteArray &bytes : formats)
+        count += bytes.size();
+    return count;
+}
+
+QList<CopyBytes::Offer> CopyBytes::offers() const
+{
+    QList<Offer> offers;
+    const auto add = [&](const QString &name, const QByteArray &bytes) {
+        offers.append({name, name, bytes, nullptr});
+    };
+    if (!fileNames.isEmpty())
+        add(FileUris::kGnomeList, FileUris::gnomeList(fileNames, fileAction));
+    const QByteArray list = uriList.isEmpty() ? FileUris::uriList(fileNames) : uriList;
+    if (!list.isEmpty())
+        add(FileUris::kUriList, list);
+    if (!list.isEmpty() && fileAction == FileUris::Action::Cut)
+        add(FileUris::kKdeCut, QByteArrayLiteral("1"));
+    if (text) {
+        const QString utf8 = QStringLiteral("UTF8_STRING");
+        for (const QString &name :
+             {utf8, QStringLiteral("text/plain;charset=utf-8"), QStringLiteral("text/plain")})
+            add(name, *text);
+        // It leaves the encoding to the owner, which tells it by the type.
+        offers.append({QStringLiteral("TEXT"), utf8, *text, nullptr});
+    }
+    if (text && SelectionText::isLatin1(*text)) {
+        const QString latin1 = QStringLiteral("STRING");
+        offers.append({latin1, latin1, *text, &SelectionText::utf8ToLatin1});
+    }
+    for (const CopyFormat &format : copyFormats()) {
+        if (formats.contains(&format)) {
+            for (const QString &name : format.names)
+                add(name, formats[&format]);
+        }
+    }
+    return offers;
+}
+
+QStringList CopyBytes::names()
+{
+    CopyBytes everything;
+    everything.text = QByteArray();
+    for (const CopyFormat &format : copyFormats())
+        everything.formats[&format] = QByteArray();
+    everything.fileNames = QStringList{QStringLiteral("/")};
+    everything.fileAction = FileUris::Action::Cut;
+    QStringList names;
+    for (const Offer &offer : everything.offers())
+        names.append(offer.name);
+    return names;
+}
