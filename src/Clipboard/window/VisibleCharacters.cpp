@@ -107,8 +107,7 @@ qint64 VisibleCharacters::count(QStringView text)
 
 VisibleCharacters::Counted VisibleCharacters::countSome(QStringView text, qsizetype begin)
 {
-    constexpr qsizetype kSlice = 32 * 1024;
-    QStringView slice = text.mid(begin, kSlice);
+    QStringView slice = text.mid(begin, kCountedAtOnce);
     // What stands at the end of a slice may go on behind it.
     const bool isLast = begin + slice.size() == text.size();
     if (!isLast && slice.back().isHighSurrogate())

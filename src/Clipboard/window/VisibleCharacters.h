@@ -13,8 +13,9 @@ struct Counted
     qsizetype end; ///< Where the first character stands that is not counted.
     qint64 characters;
 };
-/// Counts on from `begin`, where a character begins, for a moment that does not grow with the text:
-/// a part of a frame.
+/// As much of a text as is counted within a small part of a frame, in UTF-16 units.
+constexpr qsizetype kCountedAtOnce = qsizetype{128} * 1024;
+/// Counts on from `begin`, where a character begins, through so much.
 Counted countSome(QStringView text, qsizetype begin);
 
 /// `length` or as much less as no character is cut in two by.

@@ -57,10 +57,11 @@ TEST_F(ClipInfoLineTest, charactersAreWhatPeopleSee)
             length += run.length;
         EXPECT_EQ(length, row.emojiLength) << row.text.toStdString();
     }
+    constexpr qsizetype kSlice = VisibleCharacters::kCountedAtOnce;
     // What a character consists of may lie on both sides of where a long count pauses.
     for (const Row &row : rows) {
         const QString text = row.text + u'.';
-        for (qsizetype before = 32 * 1024 - text.size(); before <= 32 * 1024; ++before)
+        for (qsizetype before = kSlice - text.size(); before <= kSlice; ++before)
             EXPECT_EQ(VisibleCharacters::count(QString(before, u'a') + text),
                       before + row.count + 1)
                 << row.text.toStdString() << " behind " << before;
