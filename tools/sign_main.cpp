@@ -1,9 +1,9 @@
 // Makes the keys and the signatures of the update feed: quillmarsh-sign --help
 
-#include "updates/UpdateFeed.h"
-#include "updates/UpdateItem.h"
-#include "updates/UpdateSignature.h"
-#include "updates/UpdateVersion.h"
+#include "updates/updater/UpdateFeed.h"
+#include "updates/updater/UpdateItem.h"
+#include "updates/updater/UpdateSignature.h"
+#include "updates/updater/UpdateVersion.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -35,8 +35,8 @@
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutValidator.h"
-#include "updates/DMHelperAppDelegate.h"
 #include "updates/DevMateKit.h"
+#include "updates/updater/DMHelperAppDelegate.h"
 
 #include <QApplication>
 #include <QDir>

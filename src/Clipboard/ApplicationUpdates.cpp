@@ -1,8 +1,8 @@
 #include "Clipboard/ApplicationUpdates.h"
 
 #include "platform/Platform.h"
-#include "updates/DMHelperAppDelegate.h"
-#include "updates/DM_SUUpdater.h"
+#include "updates/updater/DMHelperAppDelegate.h"
+#include "updates/updater/DM_SUUpdater.h"
 
 #include <QCoreApplication>
 

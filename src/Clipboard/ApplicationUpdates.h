@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Info.h"
-#include "updates/DM_SUUpdaterDelegate.h"
+#include "updates/updater/DM_SUUpdaterDelegate.h"
 
 #include <QAction>
 #include <QString>

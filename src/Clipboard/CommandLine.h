@@ -10,7 +10,7 @@
 /// version need neither a display nor a bus.
 struct CommandLine
 {
-    /// One of the door's actions; empty when none was given, which opens the history of the
+    /// One of those of SingleInstance; empty when none was given, which opens the history of the
     /// instance that runs, or starts one quietly.
     QString action;
     /// For standard output; the process ends with success then and does nothing else.

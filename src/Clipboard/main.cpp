@@ -1,6 +1,6 @@
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/CommandLine.h"
-#include "Clipboard/DoorActions.h"
+#include "Clipboard/InstanceActions.h"
 #include "history/StoredClips.h"
 #include "looks/DesktopLooks.h"
 #include "looks/FieldPasteboard.h"
@@ -45,7 +45,7 @@ QString storeFolder(const Info &info)
 }
 
 /// `action` is what this start was asked for, performed once everything stands.
-int runApplication(QApplication &application, InstanceDoor &door, const QString &action)
+int runApplication(QApplication &application, SingleInstance &instance, const QString &action)
 {
     const Info info = Info::main();
     const std::unique_ptr<Platform> platform = PlatformLoader::makePlatform();
@@ -59,7 +59,8 @@ int runApplication(QApplication &application, InstanceDoor &door, const QString 
     TerminationSignals termination;
     QObject::connect(&termination, &TerminationSignals::terminationRequested, &delegate,
                      &AppDelegate::quit);
-    QObject::connect(&application, &QCoreApplication::aboutToQuit, &door, &InstanceDoor::close);
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &instance,
+                     &SingleInstance::close);
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &delegate,
@@ -68,13 +69,13 @@ int runApplication(QApplication &application, InstanceDoor &door, const QString 
     QObject::connect(
         &application, &QGuiApplication::saveStateRequest, &delegate,
         [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartNever); });
-    DoorActions actions(delegate, door);
+    InstanceActions actions(delegate, instance);
     // Before the event loop, because a copy that is there already would be captured by an
     // application whose panes are not loaded yet.
     delegate.applicationDidFinishLaunching();
     QMetaObject::invokeMethod(
         &actions, [&actions, action] { actions.perform(action); }, Qt::QueuedConnection);
-    door.open();
+    instance.open();
 
     const int status = QApplication::exec();
     g_delegate = nullptr;
@@ -91,7 +92,7 @@ QStringList wordsOf(int argc, char **argv)
 }
 
 /// The exit code of a start that ends before it becomes the application; absent when it becomes it.
-std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
+std::optional<int> endEarly(const CommandLine &line, SingleInstance &instance)
 {
     if (line.answer) {
         std::fputs(qUtf8Printable(*line.answer), stdout);
@@ -102,20 +103,20 @@ std::optional<int> endEarly(const CommandLine &line, InstanceDoor &door)
                      qUtf8Printable(*line.problem));
         return CommandLine::kNotUnderstood;
     }
-    switch (door.enter(line.action)) {
-    case InstanceDoor::Entry::First:
+    switch (instance.enter(line.action)) {
+    case SingleInstance::Entry::First:
         break;
-    case InstanceDoor::Entry::Forwarded:
+    case SingleInstance::Entry::Forwarded:
         return EXIT_SUCCESS;
-    case InstanceDoor::Entry::Refused:
+    case SingleInstance::Entry::Refused:
         std::fprintf(stderr, "quillmarsh: the one that is running does not know \"%s\"\n",
                      qUtf8Printable(line.action));
         return EXIT_FAILURE;
-    case InstanceDoor::Entry::Unable:
+    case SingleInstance::Entry::Unable:
         // Only a change of the history depends on anything.
         std::fputs("quillmarsh: nothing was deleted: the history cannot be written\n", stderr);
         return EXIT_FAILURE;
-    case InstanceDoor::Entry::Unreachable:
+    case SingleInstance::Entry::Unreachable:
         std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
         return EXIT_FAILURE;
     }
@@ -137,7 +138,8 @@ int live(int argc, char **argv)
     // First of all, so that a second start is over before it talks to the display.
     const CommandLine line =
         CommandLine::parse(wordsOf(argc, argv), *Info::main().bundleShortVersionString);
-    std::unique_ptr<InstanceDoor> entered = PlatformLoader::makeDoor(storeFolder(Info::main()));
+    std::unique_ptr<SingleInstance> entered =
+        PlatformLoader::makeSingleInstance(storeFolder(Info::main()));
     if (const std::optional<int> status = endEarly(line, *entered))
         return *status;
     if (const std::optional<QString> problem = PlatformLoader::chooseDisplay()) {
@@ -151,9 +153,9 @@ int live(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral(QUILLMARSH_BUNDLE_IDENTIFIER));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon")));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    // The door listens on the application's event loop and so is closed before it.
-    const std::unique_ptr<InstanceDoor> door = std::move(entered);
-    return runApplication(application, *door, line.action);
+    // The instance listens on the application's event loop and so is closed before it.
+    const std::unique_ptr<SingleInstance> instance = std::move(entered);
+    return runApplication(application, *instance, line.action);
 }
 
 } // namespace

@@ -119,7 +119,7 @@ void HotKeyCenter::handleEvent(const HotKeyEvent &event)
     if (matches.empty())
         return;
     if (matches.size() > 1)
-        qCCritical(hotKeyLog, "ERROR!");
+        qCCritical(lcHotKey, "ERROR!");
     const HotKey &hotKey = *matches.front();
     hotKey.invokeWithEvent(keyUpOf(hotKey, event));
 }

@@ -1,3 +1,3 @@
 #include "hotkey/HotKeyLog.h"
 
-Q_LOGGING_CATEGORY(hotKeyLog, "quillmarsh.hotkey")
+Q_LOGGING_CATEGORY(lcHotKey, "quillmarsh.hotkey")

@@ -34,15 +34,15 @@ void HotKeyTextField::setHotKey(const std::shared_ptr<HotKey> &hotKey)
 
 QString HotKeyTextField::stringValue() const
 {
-    qCWarning(hotKeyLog, "-[HotKeyTextField stringValue] is not what you want. "
-                         "Use -[HotKeyTextField hotKey] instead.");
+    qCWarning(lcHotKey, "-[HotKeyTextField stringValue] is not what you want. "
+                        "Use -[HotKeyTextField hotKey] instead.");
     return text();
 }
 
 void HotKeyTextField::setStringValue(const QString &string)
 {
-    qCWarning(hotKeyLog, "-[HotKeyTextField setStringValue:] is not what you want. "
-                         "Use -[HotKeyTextField setHotKey:] instead.");
+    qCWarning(lcHotKey, "-[HotKeyTextField setStringValue:] is not what you want. "
+                        "Use -[HotKeyTextField setHotKey:] instead.");
     setText(string);
 }
 

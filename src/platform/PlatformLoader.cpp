@@ -1,20 +1,20 @@
 #include "platform/PlatformLoader.h"
 
-#include "platform/freedesktop/DBusInstanceDoor.h"
 #include "platform/freedesktop/DataFolders.h"
-#include "platform/freedesktop/DesktopEntryApplicationNames.h"
-#include "platform/freedesktop/DesktopEntryCatalog.h"
-#include "platform/freedesktop/DesktopEntryScan.h"
-#include "platform/freedesktop/FreedesktopInstalledApplications.h"
-#include "platform/freedesktop/FreedesktopLoginItems.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
-#include "platform/freedesktop/FreedesktopSymbolicHotKeys.h"
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/freedesktop/ProcRunningApplications.h"
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/SystemClock.h"
+#include "platform/freedesktop/entries/DesktopEntryApplicationNames.h"
+#include "platform/freedesktop/entries/DesktopEntryCatalog.h"
+#include "platform/freedesktop/entries/DesktopEntryScan.h"
+#include "platform/freedesktop/entries/FreedesktopInstalledApplications.h"
+#include "platform/freedesktop/entries/FreedesktopLoginItems.h"
+#include "platform/freedesktop/instance/DBusSingleInstance.h"
+#include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
 #include "platform/x11/X11FrontApplication.h"
 #include "platform/x11/X11HotKeys.h"
 #include "platform/x11/X11KeySender.h"
@@ -111,9 +111,9 @@ std::optional<QString> PlatformLoader::chooseDisplay()
     return std::nullopt;
 }
 
-std::unique_ptr<InstanceDoor> PlatformLoader::makeDoor(const QString &storeFolder)
+std::unique_ptr<SingleInstance> PlatformLoader::makeSingleInstance(const QString &storeFolder)
 {
-    return std::make_unique<DBusInstanceDoor>(storeFolder);
+    return std::make_unique<DBusSingleInstance>(storeFolder);
 }
 
 std::unique_ptr<Platform> PlatformLoader::makePlatform()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/InstanceDoor.h"
 #include "platform/Platform.h"
+#include "platform/SingleInstance.h"
 
 #include <memory>
 #include <optional>
@@ -15,7 +15,7 @@ namespace PlatformLoader {
 std::optional<QString> chooseDisplay();
 
 /// `storeFolder` is the one whose history only one instance may keep.
-std::unique_ptr<InstanceDoor> makeDoor(const QString &storeFolder);
+std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storeFolder);
 
 std::unique_ptr<Platform> makePlatform();
 

@@ -167,15 +167,15 @@ void MASShortcutBinder::setState(const QString &key, HotKeyState state)
         return;
     const QString name = bound.wanted ? bound.wanted->description() : QString();
     if (state == HotKeyState::HeldElsewhere)
-        qCInfo(shortcutLog).noquote() << "Another program holds" << name << "which is the" << key
-                                      << "and works as soon as that program lets go of it";
+        qCInfo(lcShortcut).noquote() << "Another program holds" << name << "which is the" << key
+                                     << "and works as soon as that program lets go of it";
     else if (state == HotKeyState::Unusable)
-        qCWarning(shortcutLog).noquote()
+        qCWarning(lcShortcut).noquote()
             << "The shortcut stored under" << key << "in"
             << (m_settings ? m_settings->location() : QString())
             << "is none that can be recorded; it is kept and does nothing";
     else if (state == HotKeyState::Works && before != HotKeyState::None)
-        qCInfo(shortcutLog).noquote() << name << "works now as the" << key;
+        qCInfo(lcShortcut).noquote() << name << "works now as the" << key;
 
     const bool isAnyWaiting = std::ranges::any_of(std::as_const(m_actions), [](const Bound &other) {
         return other.state == HotKeyState::HeldElsewhere || other.state == HotKeyState::Unusable;
@@ -206,7 +206,7 @@ void MASShortcutBinder::deliver(const QString &key)
     const QVariant stored = settings->value(key);
     const std::optional<MASShortcut> shortcut = bound->options.shortcutOf(stored);
     if (!shortcut && stored.isValid() && stored != bound->options.storedFormOf(std::nullopt)) {
-        qCWarning(shortcutLog).noquote()
+        qCWarning(lcShortcut).noquote()
             << "The shortcut stored under" << key << "in" << settings->location()
             << "cannot be read; it counts as none and is kept";
     }

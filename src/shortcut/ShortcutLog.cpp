@@ -1,3 +1,3 @@
 #include "shortcut/ShortcutLog.h"
 
-Q_LOGGING_CATEGORY(shortcutLog, "quillmarsh.shortcut")
+Q_LOGGING_CATEGORY(lcShortcut, "quillmarsh.shortcut")

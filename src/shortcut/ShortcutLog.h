@@ -3,4 +3,4 @@
 #include <QLoggingCategory>
 
 /// The room's log lines.
-Q_DECLARE_LOGGING_CATEGORY(shortcutLog)
+Q_DECLARE_LOGGING_CATEGORY(lcShortcut)

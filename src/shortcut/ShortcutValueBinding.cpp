@@ -45,19 +45,19 @@ void ShortcutValueBinding::propagateValue(const std::optional<MASShortcut> &valu
         return;
     const ValueTransformer *transformer = m_options.transformer();
     if (transformer && !transformer->allowsReverseTransformation()) {
-        qCWarning(shortcutLog,
+        qCWarning(lcShortcut,
                   "WARNING: binding \"%s\" has value transformer, but it doesn't allow reverse "
                   "transformations in %s",
                   kBinding, kMethod);
     }
     SettingsStore *const settings = m_settings;
     if (!settings) {
-        qCWarning(shortcutLog, "ERROR: NSObservedObjectKey was nil for binding \"%s\" in %s",
+        qCWarning(lcShortcut, "ERROR: NSObservedObjectKey was nil for binding \"%s\" in %s",
                   kBinding, kMethod);
         return;
     }
     if (m_key->isEmpty()) {
-        qCWarning(shortcutLog, "ERROR: NSObservedKeyPathKey was nil for binding \"%s\" in %s",
+        qCWarning(lcShortcut, "ERROR: NSObservedKeyPathKey was nil for binding \"%s\" in %s",
                   kBinding, kMethod);
         return;
     }

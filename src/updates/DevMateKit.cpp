@@ -1,11 +1,11 @@
 #include "updates/DevMateKit.h"
 
 #include "platform/Platform.h"
-#include "updates/CrashReporter.h"
-#include "updates/FeedbackDelivery.h"
-#include "updates/FeedbackDialog.h"
-#include "updates/FeedbackMessage.h"
-#include "updates/IssueReportDialog.h"
+#include "updates/crashes/CrashReporter.h"
+#include "updates/crashes/IssueReportDialog.h"
+#include "updates/feedback/FeedbackDelivery.h"
+#include "updates/feedback/FeedbackDialog.h"
+#include "updates/feedback/FeedbackMessage.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Info.h"
-#include "updates/CrashReports.h"
+#include "updates/crashes/CrashReports.h"
 
 #include <QObject>
 #include <QString>

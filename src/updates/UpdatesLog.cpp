@@ -1,3 +1,3 @@
 #include "updates/UpdatesLog.h"
 
-Q_LOGGING_CATEGORY(updatesLog, "quillmarsh.updates", QtInfoMsg)
+Q_LOGGING_CATEGORY(lcUpdates, "quillmarsh.updates", QtInfoMsg)

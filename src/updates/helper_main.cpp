@@ -4,8 +4,8 @@
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
 #include "platform/freedesktop/UserFolders.h"
-#include "updates/DMHelperAppDelegate.h"
 #include "updates/ProxyQuestion.h"
+#include "updates/updater/DMHelperAppDelegate.h"
 
 #include <QApplication>
 #include <QIcon>

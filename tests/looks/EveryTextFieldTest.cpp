@@ -10,10 +10,10 @@
 #include "looks/ToolkitClipboard.h"
 #include "platform/Info.h"
 #include "platform/memory/MemoryPlatform.h"
-#include "updates/CrashReports.h"
-#include "updates/FeedbackDialog.h"
-#include "updates/IssueReportDialog.h"
-#include "updates/UpdateWindow.h"
+#include "updates/crashes/CrashReports.h"
+#include "updates/crashes/IssueReportDialog.h"
+#include "updates/feedback/FeedbackDialog.h"
+#include "updates/updater/UpdateWindow.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "platform/freedesktop/FreedesktopLoginItems.h"
+#include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 #include "platform/memory/MemoryDesktopLists.h"
 
 #include <QCoreApplication>

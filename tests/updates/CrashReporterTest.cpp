@@ -1,4 +1,4 @@
-#include "updates/CrashReports.h"
+#include "updates/crashes/CrashReports.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #include "updates/DevMateKit.h"
 #include "platform/memory/MemoryPlatform.h"
 #include "support/ExpectedWarnings.h"
-#include "updates/FeedbackForm.h"
+#include "updates/feedback/FeedbackForm.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,6 +1,6 @@
-#include "updates/UpdateFeed.h"
+#include "updates/updater/UpdateFeed.h"
 #include "updates/UpdateSamples.h"
-#include "updates/UpdateVersion.h"
+#include "updates/updater/UpdateVersion.h"
 
 #include <gtest/gtest.h>
 

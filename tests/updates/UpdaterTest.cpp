@@ -1,13 +1,13 @@
 #include "platform/memory/MemoryPlatform.h"
 #include "support/ExpectedWarnings.h"
-#include "updates/DMHelperAppDelegate.h"
-#include "updates/DM_SUUpdater.h"
-#include "updates/Installation.h"
 #include "updates/TlsServer.h"
 #include "updates/UpdateSamples.h"
-#include "updates/UpdateSchedule.h"
-#include "updates/UpdateSignature.h"
-#include "updates/UpdateWindow.h"
+#include "updates/updater/DMHelperAppDelegate.h"
+#include "updates/updater/DM_SUUpdater.h"
+#include "updates/updater/Installation.h"
+#include "updates/updater/UpdateSchedule.h"
+#include "updates/updater/UpdateSignature.h"
+#include "updates/updater/UpdateWindow.h"
 
 #include <QAction>
 #include <QLabel>

@@ -2,7 +2,7 @@
 // names. A secret stands wherever a crash may pick one up.
 
 #include "platform/SignalStack.h"
-#include "updates/CrashReporter.h"
+#include "updates/crashes/CrashReporter.h"
 
 #include <QFile>
 

@@ -23,7 +23,7 @@
 
 namespace {
 
-Q_LOGGING_CATEGORY(preferencesLog, "quillmarsh.preferences")
+Q_LOGGING_CATEGORY(lcPreferences, "quillmarsh.preferences")
 
 constexpr qlonglong kDefaultMaxItems = 1000;
 constexpr qlonglong kDefaultMaxStringSize = 10000;
@@ -106,20 +106,20 @@ void PreferencesGeneralViewController::loadPreferences()
     // Whatever the user chose before: deliberate, both are set at every start.
     m_platform.settings->setValue(SettingsKeys::kUpdaterIsInTestMode, true);
     m_platform.settings->setValue(SettingsKeys::kUpdaterChecksForBetaUpdates, true);
-    qCInfo(preferencesLog, "Loading Open at Login preference");
+    qCInfo(lcPreferences, "Loading Open at Login preference");
     loadOpenAtLogin();
-    qCInfo(preferencesLog, "Loading launch shortcut preference");
+    qCInfo(lcPreferences, "Loading launch shortcut preference");
     loadShortcut(openShortCutPrefKey, GlobalShortcuts::defaultOpenShortcut());
-    qCInfo(preferencesLog, "Loading swop shortcut preference");
+    qCInfo(lcPreferences, "Loading swop shortcut preference");
     loadShortcut(swopShortCutPrefKey, GlobalShortcuts::defaultSwopShortcut());
-    qCInfo(preferencesLog, "Loading max items preference");
+    qCInfo(lcPreferences, "Loading max items preference");
     if (!loadMaxItems())
         return;
-    qCInfo(preferencesLog, "Loading max string size preference");
+    qCInfo(lcPreferences, "Loading max string size preference");
     loadMaxStringSize();
-    qCInfo(preferencesLog, "Loading notifications preference");
+    qCInfo(lcPreferences, "Loading notifications preference");
     loadNotifications();
-    qCInfo(preferencesLog, "Loading welcomeWindow preference");
+    qCInfo(lcPreferences, "Loading welcomeWindow preference");
     loadWelcomeWindow();
 }
 

@@ -1,7 +1,7 @@
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 
-#include "platform/freedesktop/DesktopEntry.h"
-#include "platform/freedesktop/DesktopEntryIcon.h"
+#include "platform/freedesktop/entries/DesktopEntry.h"
+#include "platform/freedesktop/entries/DesktopEntryIcon.h"
 
 #include <QApplication>
 #include <QDBusMessage>

@@ -1,6 +1,6 @@
-#include "platform/freedesktop/DesktopEntryApplicationNames.h"
-#include "platform/freedesktop/DesktopEntryCatalog.h"
-#include "platform/freedesktop/FreedesktopInstalledApplications.h"
+#include "platform/freedesktop/entries/DesktopEntryApplicationNames.h"
+#include "platform/freedesktop/entries/DesktopEntryCatalog.h"
+#include "platform/freedesktop/entries/FreedesktopInstalledApplications.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "platform/freedesktop/DesktopEntry.h"
+#include "platform/freedesktop/entries/DesktopEntry.h"
 
 #include <QTemporaryDir>
 

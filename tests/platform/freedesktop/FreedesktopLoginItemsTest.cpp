@@ -1,6 +1,6 @@
-#include "platform/freedesktop/FreedesktopLoginItems.h"
-#include "platform/freedesktop/AutostartEntry.h"
+#include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 #include "platform/freedesktop/RegularFile.h"
+#include "platform/freedesktop/entries/AutostartEntry.h"
 
 #include "support/ExpectedWarnings.h"
 

@@ -1,4 +1,4 @@
-#include "platform/freedesktop/InstanceSocket.h"
+#include "platform/freedesktop/instance/InstanceSocket.h"
 
 #include "support/ExpectedWarnings.h"
 
@@ -23,7 +23,7 @@ using Answer = InstanceSocket::Answer;
 using Claim = InstanceSocket::Claim;
 using std::chrono::milliseconds;
 
-const DoorMessage kMessage{QStringLiteral("swop"), QStringLiteral("token-1")};
+const InstanceMessage kMessage{QStringLiteral("swop"), QStringLiteral("token-1")};
 
 mode_t modeOf(const QString &path)
 {
@@ -51,14 +51,14 @@ TEST_F(InstanceSocketTest, aSecondStartReachesTheFirstWhichAnswersWhatItMakesOfI
                                     [&] { return second.forward(kMessage, milliseconds(5000)); });
         pollfd readable{first.descriptor(), POLLIN, 0};
         ASSERT_EQ(::poll(&readable, 1, 5000), 1);
-        first.receive([&](const DoorMessage &message) {
+        first.receive([&](const InstanceMessage &message) {
             EXPECT_EQ(message.action, kMessage.action);
             EXPECT_EQ(message.activationToken, kMessage.activationToken);
             return answer;
         });
         EXPECT_EQ(forwarded.get(), answer);
     }
-    first.receive([](const DoorMessage &) {
+    first.receive([](const InstanceMessage &) {
         ADD_FAILURE() << "nothing waits";
         return Answer::Refused;
     });

@@ -1,10 +1,10 @@
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
-#include "platform/freedesktop/FreedesktopSymbolicHotKeys.h"
-#include "platform/freedesktop/GSettingsShortcuts.h"
-#include "platform/freedesktop/PlasmaShortcuts.h"
-#include "platform/freedesktop/ShortcutText.h"
-#include "platform/freedesktop/XfceShortcuts.h"
+#include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
+#include "platform/freedesktop/shortcuts/GSettingsShortcuts.h"
+#include "platform/freedesktop/shortcuts/PlasmaShortcuts.h"
+#include "platform/freedesktop/shortcuts/ShortcutText.h"
+#include "platform/freedesktop/shortcuts/XfceShortcuts.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/SingleInstance.h"
+#include "platform/freedesktop/instance/InstanceSocket.h"
+
+#include <QDBusConnection>
+#include <QList>
+
+#include <utility>
+
+/// org.freedesktop.Application on the session bus for other programs, and the lock with its socket
+/// beside the store for a second start, which therefore needs neither a bus nor an application
+/// object. Owned by main. Whatever comes before open() waits: bus calls in a list, other starts in
+/// the socket.
+class DBusSingleInstance : public SingleInstance
+{
+    Q_OBJECT
+
+public:
+    /// How long the running instance has to take an action.
+    static constexpr std::chrono::milliseconds kAnswerLimit{1000};
+    /// How long it has to save and end once it takes nothing more.
+    static constexpr std::chrono::milliseconds kLeaveLimit{5000};
+    /// Longer activation tokens count as none: telling the display of one takes time by its length.
+    static constexpr qsizetype kLongestToken = 1024;
+
+    explicit DBusSingleInstance(const QString &storeFolder, QObject *parent = nullptr);
+    ~DBusSingleInstance() override;
+
+    // ^SingleInstance
+    Entry enter(const QString &action) override;
+    QString activationToken() const override { return m_activationToken; }
+    void open() override;
+    void setActionCheck(ActionCheck check) override { m_canDo = std::move(check); }
+    void close() override;
+
+private:
+    /// Becomes the only instance of the store, or hands the message over.
+    Entry enterBySocket(const InstanceMessage &message);
+    /// Takes the bus name, or hands the message to the one who has it.
+    Entry enterByBus(const InstanceMessage &message);
+    /// Whether nobody else has the name, so that it is ours.
+    bool ownsNameOn(QDBusConnection &bus);
+
+    InstanceSocket::Answer receive(InstanceMessage message);
+    void deliver(const InstanceMessage &message);
+
+    /// Read before an application object is made, which takes it out of the environment.
+    QString m_activationToken;
+    InstanceSocket m_socket;
+    ActionCheck m_canDo;
+    bool m_ownsName = false;
+    bool m_isOpen = false;
+    QList<InstanceMessage> m_waiting;
+};

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QLoggingCategory>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+
+Q_DECLARE_LOGGING_CATEGORY(lcInstance)
+
+/// What one start hands to the instance that runs.
+struct InstanceMessage
+{
+    QString action;          ///< Empty: activate.
+    QString activationToken; ///< Empty when the start brought none.
+};
+
+/// One instance a store, whatever the environment of a start: a lock in the folder of the store
+/// that the kernel releases when its process ends, however it ends, and beside it a socket through
+/// which a second start reaches the first. Works without a bus and without an application object,
+/// because a second start should cost nothing more. Owned by DBusSingleInstance.
+class InstanceSocket
+{
+public:
+    enum class Claim {
+        Taken,   ///< We hold the lock, and listen.
+        Held,    ///< Another process holds the lock.
+        Unusable ///< There is no folder to keep a lock in; a log line has said why.
+    };
+
+    enum class Answer {
+        Taken,
+        Refused, ///< The holder does not know the action.
+        Unable,  ///< The holder cannot do it now.
+        None,    ///< The holder listens but did not answer in time.
+        Nobody   ///< The holder does not listen: not yet, or it is on its way out, or gone.
+    };
+
+    /// Answers Taken, Refused or Unable.
+    using Receiver = std::function<Answer(const InstanceMessage &)>;
+
+    /// `folder` is made when it is missing, and is this user's alone from then on.
+    explicit InstanceSocket(QString folder);
+    InstanceSocket(const InstanceSocket &) = delete;
+    InstanceSocket &operator=(const InstanceSocket &) = delete;
+    ~InstanceSocket();
+
+    Claim claim();
+    /// Gives lock and socket up.
+    void release();
+
+    /// Hands `message` to the process that holds the lock, and waits at most `limit` for its
+    /// answer. Call claim() again after Nobody.
+    Answer forward(const InstanceMessage &message, std::chrono::milliseconds limit);
+
+    /// Readable when a message waits; -1 when we do not listen.
+    int descriptor() const { return m_socket; }
+    /// Reads the next message and tells its sender what `receiver` made of it. One that is none of
+    /// ours is not answered.
+    void receive(const Receiver &receiver);
+    /// Sends everybody away who waits for an answer or would come: this instance ends. The lock
+    /// stays until release().
+    void stopListening();
+
+private:
+    struct Letter;
+
+    bool openFolder();
+    bool listen();
+    Answer awaitAnswer(int own, std::chrono::steady_clock::time_point deadline) const;
+    Letter read() const;
+    void answer(const Letter &letter, const char *word) const;
+
+    const QString m_path;
+    int m_folder = -1;
+    int m_lock = -1;
+    int m_socket = -1;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "updates/updater/UpdateError.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class DM_SUUpdater;
+
+/// Whoever answers for the application that an updater updates. Every call comes on the main
+/// thread.
+class DM_SUUpdaterDelegate
+{
+public:
+    DM_SUUpdaterDelegate() = default;
+    DM_SUUpdaterDelegate(const DM_SUUpdaterDelegate &) = delete;
+    DM_SUUpdaterDelegate &operator=(const DM_SUUpdaterDelegate &) = delete;
+    virtual ~DM_SUUpdaterDelegate() = default;
+
+    virtual bool updaterShouldCheckForBetaUpdates(const DM_SUUpdater &updater) = 0;
+    virtual bool isUpdaterInTestMode(const DM_SUUpdater &updater) = 0;
+    /// Whether pathToRelaunchForUpdater() is started after an installation.
+    virtual bool updaterShouldRelaunchApplication(const DM_SUUpdater &updater) = 0;
+    /// An update without windows is downloaded and would be installed when the program quits;
+    /// `immediateInstallation` installs it now, and does nothing once the updater is gone.
+    virtual void updaterWillInstallUpdateOnQuit(const DM_SUUpdater &updater, const QString &version,
+                                                std::function<void()> immediateInstallation) = 0;
+    virtual QString pathToRelaunchForUpdater(const DM_SUUpdater &updater) = 0;
+    /// Whether the updater may show an alert of its own in a run that the user did not ask for.
+    virtual bool updaterMayShowModalAlert(const DM_SUUpdater &updater) = 0;
+    /// The run is over without an installation; no error when there was simply nothing newer.
+    virtual void updaterDidAbortWithError(const DM_SUUpdater &updater,
+                                          const std::optional<UpdateError> &error) = 0;
+    /// The update is installed and whatever is to be relaunched waits for this process to end.
+    virtual void updaterWillRelaunchApplication(const DM_SUUpdater &updater) = 0;
+};

@@ -1,0 +1,250 @@
+#include "platform/freedesktop/instance/DBusSingleInstance.h"
+
+#include "BusService.h"
+#include "support/ExpectedWarnings.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <future>
+
+/// An instance that is reached over the bus only.
+class FakeInstance : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    void reset() {}
+    QStringList calls;
+
+public Q_SLOTS:
+    void Activate(const QVariantMap &data) { note(QStringLiteral("activate"), data); }
+    void ActivateAction(const QString &action, const QVariantList &, const QVariantMap &data)
+    {
+        note(action, data);
+    }
+
+private:
+    void note(const QString &call, const QVariantMap &data)
+    {
+        calls << call + u' ' + data.value(QStringLiteral("activation-token")).toString() + u' ' +
+                     data.value(QStringLiteral("desktop-startup-id")).toString();
+    }
+};
+
+namespace {
+
+using Entry = SingleInstance::Entry;
+
+const auto kName = QStringLiteral("org.quillmarsh.Quillmarsh");
+const auto kPath = QStringLiteral("/org/quillmarsh/Quillmarsh");
+
+/// What came through a instance, in order: "action token".
+struct Visitors
+{
+    explicit Visitors(const SingleInstance &instance)
+    {
+        QObject::connect(
+            &instance, &SingleInstance::activated, &context,
+            [this](const QString &token) { came << QStringLiteral("activate ") + token; });
+        QObject::connect(
+            &instance, &SingleInstance::actionRequested, &context,
+            [this](const QString &action, const QString &token) { came << action + u' ' + token; });
+    }
+
+    bool become(const QStringList &expected)
+    {
+        return QTest::qWaitFor([&] { return came == expected; });
+    }
+
+    QStringList came;
+    QObject context;
+};
+
+class SingleInstanceTest : public testing::Test
+{
+protected:
+    std::future<Entry> startAgain(const QString &action) const
+    {
+        return std::async(std::launch::async, [this, action] {
+            return DBusSingleInstance(folder.path()).enter(action);
+        });
+    }
+
+    const QTemporaryDir folder;
+    DBusSingleInstance instance{folder.path()};
+};
+
+Entry entryOf(std::future<Entry> &start)
+{
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return start.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    return start.get();
+}
+
+TEST_F(SingleInstanceTest, whatComesBeforeItIsOpenWaitsInsideOrOutside)
+{
+    Visitors visitors(instance);
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    qputenv("XDG_ACTIVATION_TOKEN", "clicked");
+    auto second = startAgain(QStringLiteral("swop"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(visitors.came, QStringList());
+    instance.open();
+    EXPECT_EQ(entryOf(second), Entry::Forwarded);
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+    EXPECT_TRUE(visitors.become({QStringLiteral("swop clicked")}));
+}
+
+TEST_F(SingleInstanceTest, anInstanceThatHangsIsReportedWithinItsSecond)
+{
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(startAgain(QString()).get(), Entry::Unreachable);
+    EXPECT_GE(timer.elapsed(), 900);
+    EXPECT_LT(timer.elapsed(), 2000);
+}
+
+TEST_F(SingleInstanceTest, noBusIsLaunchedWhereThereIsNone)
+{
+    const bool hasBus = !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    EXPECT_EQ(QDBusConnection::sessionBus().isConnected(), hasBus);
+    EXPECT_EQ(!qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"), hasBus);
+}
+
+TEST_F(SingleInstanceTest, anInstanceOnItsWayOutTakesNothingMoreAndIsSucceeded)
+{
+    auto leaving = std::make_unique<DBusSingleInstance>(folder.path());
+    Visitors visitors(*leaving);
+    ASSERT_EQ(leaving->enter(QString()), Entry::First);
+    leaving->open();
+    auto quit = startAgain(QStringLiteral("quit"));
+    EXPECT_EQ(entryOf(quit), Entry::Forwarded);
+    EXPECT_TRUE(visitors.become({QStringLiteral("quit ")}));
+    // While it saves.
+    auto next = startAgain(QStringLiteral("launch"));
+    EXPECT_FALSE(QTest::qWaitFor(
+        [&] { return next.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }, 100));
+    leaving.reset();
+    EXPECT_EQ(entryOf(next), Entry::First);
+    EXPECT_EQ(visitors.came.size(), 1);
+}
+
+TEST_F(SingleInstanceTest, aTokenWithoutMeasureCountsAsNone)
+{
+    Visitors visitors(instance);
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    instance.open();
+    ExpectedWarnings::expect(QStringLiteral("an activation token of 1025 characters is ignored"));
+    QStringList expected;
+    for (const QByteArray &token : {QByteArray(1024, 't'), QByteArray(1025, 't')}) {
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+        auto second = startAgain(QStringLiteral("launch"));
+        EXPECT_EQ(entryOf(second), Entry::Forwarded);
+        expected << QStringLiteral("launch ") +
+                        (token.size() > 1024 ? QString() : QString::fromLatin1(token));
+        EXPECT_TRUE(visitors.become(expected));
+    }
+    qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+TEST_F(SingleInstanceTest, anActionThatDoesNotExistIsRefusedAndNamedInOneShortLine)
+{
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    instance.open();
+    ExpectedWarnings::expect(QStringLiteral("there is no action \"format\\u001B[2J\""));
+    ExpectedWarnings::expect(QStringLiteral("there is no action \"xx"));
+    auto known = startAgain(QStringLiteral("format\x1B[2J"));
+    EXPECT_EQ(entryOf(known), Entry::Refused);
+    auto endless = startAgain(QString(2000, u'x'));
+    EXPECT_EQ(entryOf(endless), Entry::Refused);
+    EXPECT_LT(ExpectedWarnings::messages().back().size(), 100);
+}
+
+class SingleInstanceOnBus : public SingleInstanceTest
+{
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+            GTEST_SKIP() << "this run has no bus";
+        ASSERT_TRUE(other.isConnected());
+    }
+
+    SingleInstanceOnBus()
+        : other(QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
+                                              QStringLiteral("another program")))
+    {
+    }
+
+    QDBusConnection other;
+
+    QDBusPendingCall call(const char *member, const QVariantList &arguments)
+    {
+        auto message = QDBusMessage::createMethodCall(
+            kName, kPath, QStringLiteral("org.freedesktop.Application"), QLatin1String(member));
+        message.setArguments(arguments);
+        return other.asyncCall(message);
+    }
+
+    static bool isAnswered(const QDBusPendingCall &call, bool isError = false)
+    {
+        return QTest::qWaitFor([&] { return call.isFinished(); }) && call.isError() == isError;
+    }
+};
+
+TEST_F(SingleInstanceOnBus, otherProgramsReachEveryAction)
+{
+    Visitors visitors(instance);
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    const QVariantMap token{{QStringLiteral("activation-token"), QStringLiteral("t")},
+                            {QStringLiteral("desktop-startup-id"), QStringLiteral("s")}};
+    const QVariantMap startupId{{QStringLiteral("desktop-startup-id"), QStringLiteral("s")}};
+    EXPECT_TRUE(isAnswered(call("Activate", {token})));
+    EXPECT_EQ(visitors.came, QStringList()); // Taken, and kept until the instance is open.
+    instance.open();
+    EXPECT_TRUE(isAnswered(call("Open", {QStringList{QStringLiteral("file:///x")}, startupId})));
+    QStringList expected{QStringLiteral("activate t"), QStringLiteral("activate s")};
+    ExpectedWarnings::expect(QStringLiteral("there is no action"));
+    EXPECT_TRUE(isAnswered(
+        call("ActivateAction", {QStringLiteral("format"), QVariantList(), QVariantMap()}), true));
+    EXPECT_TRUE(visitors.become(expected));
+    // The last, because with it the instance is closed.
+    for (const char *name : {"launch", "swop", "preferences", "check-for-updates", "feedback",
+                             "help", "welcome", "clear-all", "quit"}) {
+        const QString action = QLatin1String(name);
+        EXPECT_TRUE(isAnswered(call("ActivateAction", {action, QVariantList(), token})));
+        expected << action + QStringLiteral(" t");
+    }
+    EXPECT_TRUE(visitors.become(expected));
+}
+
+TEST_F(SingleInstanceOnBus, anInstanceThatSharesOnlyTheBusIsReachedOverIt)
+{
+    BusService<FakeInstance> running(kName, kPath);
+    qputenv("DESKTOP_STARTUP_ID", "id");
+    EXPECT_EQ(instance.enter(QString()), Entry::Forwarded);
+    EXPECT_EQ(instance.enter(QStringLiteral("preferences")), Entry::Forwarded);
+    qunsetenv("DESKTOP_STARTUP_ID");
+    EXPECT_EQ(running.ask([](FakeInstance &fake) { return fake.calls; }),
+              (QStringList{QStringLiteral("activate id id"), QStringLiteral("preferences id id")}));
+
+    running.hang();
+    QElapsedTimer timer;
+    timer.start();
+    ExpectedWarnings::expect(QStringLiteral("did not take the action"));
+    EXPECT_EQ(instance.enter(QString()), Entry::Unreachable);
+    EXPECT_LT(timer.elapsed(), 2000);
+}
+
+} // namespace
+
+#include "SingleInstanceTest.moc"
