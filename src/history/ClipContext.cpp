@@ -292,36 +292,3 @@ ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
     return both(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
                                                    : wholeCharacters(start->bytes));
 }
-
-bool ClipContext::isNewer(const ClipItem &one, const ClipItem &other)
-{
-    const bool hasDate = !std::isnan(one.m_createDate);
-    if (hasDate != !std::isnan(other.m_createDate))
-        return hasDate;
-    if (hasDate && one.m_createDate != other.m_createDate)
-        return one.m_createDate > other.m_createDate;
-    // A record gets the highest key when it is saved.
-    if ((one.m_pk == 0) != (other.m_pk == 0))
-        return one.m_pk == 0;
-    return one.m_pk > other.m_pk;
-}
-
-bool ClipContext::hasText(const ClipItem &item)
-{
-    return item.m_hasText;
-}
-
-bool ClipContext::hasFilepath(const ClipItem &item)
-{
-    return item.m_hasFilepath;
-}
-
-double ClipContext::createDate(const ClipItem &item)
-{
-    return item.m_createDate;
-}
-
-bool ClipContext::isInHistory(const ClipItem &item)
-{
-    return item.m_context != nullptr;
-}

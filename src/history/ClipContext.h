@@ -64,13 +64,6 @@ public:
     QString drawnText(const ClipItem &item);
     void forgetShortText(const ClipItem &item);
 
-    /// The newer clip goes first; of one date the later record, and what has no date last.
-    static bool isNewer(const ClipItem &one, const ClipItem &other);
-    static bool isInHistory(const ClipItem &item);
-    static bool hasText(const ClipItem &item);
-    static bool hasFilepath(const ClipItem &item);
-    static double createDate(const ClipItem &item);
-
 private:
     void touch(const std::shared_ptr<ClipItem> &item);
     void rememberText(qint64 pk, const QString &text);

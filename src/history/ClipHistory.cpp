@@ -23,7 +23,7 @@ const QString kFilePrefix = QStringLiteral("file:");
 
 bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipItem> &other)
 {
-    return ClipContext::isNewer(*one, *other);
+    return one->isNewerThan(*other);
 }
 
 } // namespace
@@ -72,9 +72,8 @@ void ClipHistory::fetch()
     m_history.assign(std::make_move_iterator(fetched->items.rbegin()),
                      std::make_move_iterator(fetched->items.rend()));
     m_hasTextless =
-        !std::all_of(m_history.begin(), m_history.end(), [](const std::shared_ptr<ClipItem> &item) {
-            return ClipContext::hasText(*item);
-        });
+        !std::all_of(m_history.begin(), m_history.end(),
+                     [](const std::shared_ptr<ClipItem> &item) { return item->hasText(); });
     if (!std::is_sorted(m_history.begin(), m_history.end(), isNewer))
         std::sort(m_history.begin(), m_history.end(), isNewer);
     m_index.enqueue(m_history);
@@ -165,7 +164,7 @@ double ClipHistory::stamp() const
 {
     constexpr double kStep = 1e-6;
     const double now = static_cast<double>(m_clock.now().toMSecsSinceEpoch()) / 1000;
-    const double newest = m_history.empty() ? now : ClipContext::createDate(*m_history.front());
+    const double newest = m_history.empty() ? now : m_history.front()->createSeconds();
     if (m_history.empty() || !(newest >= now))
         return now;
     return std::max(newest + kStep, std::nextafter(newest, ClipStore::kMaxDate));
@@ -241,9 +240,8 @@ void ClipHistory::maxItemsModified(qint64 maxItems)
     if (isTooLong) {
         std::for_each(shown.begin() + static_cast<std::ptrdiff_t>(kept), shown.end(),
                       [this](const std::shared_ptr<ClipItem> &item) { forget(item); });
-        std::erase_if(m_history, [](const std::shared_ptr<ClipItem> &item) {
-            return !ClipContext::isInHistory(*item);
-        });
+        std::erase_if(m_history,
+                      [](const std::shared_ptr<ClipItem> &item) { return !item->isInHistory(); });
     }
     saveContext();
     loadClipItems();
@@ -281,8 +279,7 @@ ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
         // Whatever text it has contains nothing at its beginning, so no text is read.
         std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
                      [&](const std::shared_ptr<ClipItem> &item) {
-                         return ClipContext::hasText(*item) &&
-                                (!onlyFiles || ClipContext::hasFilepath(*item));
+                         return item->hasText() && (!onlyFiles || item->hasFilepath());
                      });
         return found;
     }

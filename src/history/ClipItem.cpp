@@ -71,6 +71,19 @@ std::optional<qint32> ClipItem::pasteCount() const
     return m_context ? m_context->details(*this).pasteCount : std::nullopt;
 }
 
+bool ClipItem::isNewerThan(const ClipItem &other) const
+{
+    const bool hasDate = !std::isnan(m_createDate);
+    if (hasDate != !std::isnan(other.m_createDate))
+        return hasDate;
+    if (hasDate && m_createDate != other.m_createDate)
+        return m_createDate > other.m_createDate;
+    // A record gets the highest key when it is saved.
+    if ((m_pk == 0) != (other.m_pk == 0))
+        return m_pk == 0;
+    return m_pk > other.m_pk;
+}
+
 QString ClipItem::drawnText() const
 {
     return m_context ? m_context->drawnText(*this) : QString();

@@ -42,6 +42,15 @@ public:
     /// The whole of it, in every format.
     Clip clip() const;
 
+    // What is known without a look into the store
+    bool isInHistory() const { return m_context != nullptr; }
+    bool hasText() const { return m_hasText; }
+    bool hasFilepath() const { return m_hasFilepath; }
+    /// Seconds since 1970 UTC; NaN when absent.
+    double createSeconds() const { return m_createDate; }
+    /// The newer clip goes first; of one date the later record, and what has no date last.
+    bool isNewerThan(const ClipItem &other) const;
+
     /// The one line that a list shows, made when it is first asked for. Of a text longer than
     /// 16 KiB it shows the beginning, which is more than any list has room for.
     std::optional<QString> shortText() const;
