@@ -68,30 +68,16 @@ qint64 PasteboardChanges::publishCleared()
     return ++m_changeCount;
 }
 
-void PasteboardChanges::announce(qint64 changeCount)
-{
-    const std::lock_guard lock(m_mutex);
-    m_unannounced.append(changeCount);
-}
-
-QList<qint64> PasteboardChanges::takeUnannounced()
-{
-    const std::lock_guard lock(m_mutex);
-    return std::exchange(m_unannounced, {});
-}
-
 void PasteboardChanges::expectPaste()
 {
     const std::lock_guard lock(m_mutex);
     m_isPasteRead = false;
-    m_isPasteReadNews = false;
 }
 
 void PasteboardChanges::notePasteRead()
 {
     const std::lock_guard lock(m_mutex);
     m_isPasteRead = true;
-    m_isPasteReadNews = true;
 }
 
 bool PasteboardChanges::isPasteRead() const
@@ -100,22 +86,16 @@ bool PasteboardChanges::isPasteRead() const
     return m_isPasteRead;
 }
 
-bool PasteboardChanges::takePasteReadNews()
+void PasteboardChanges::post(std::function<void()> task)
 {
     const std::lock_guard lock(m_mutex);
-    return std::exchange(m_isPasteReadNews, false);
+    m_tasks.push_back(std::move(task));
 }
 
-void PasteboardChanges::answer(qint64 question, const std::optional<QString> &text)
+std::vector<std::function<void()>> PasteboardChanges::takeTasks()
 {
     const std::lock_guard lock(m_mutex);
-    m_answers.insert(question, text);
-}
-
-QMap<qint64, std::optional<QString>> PasteboardChanges::takeAnswers()
-{
-    const std::lock_guard lock(m_mutex);
-    return std::exchange(m_answers, {});
+    return std::exchange(m_tasks, {});
 }
 
 void PasteboardChanges::judge(qint64 changeCount, Pasteboard::Judgement judgement)

@@ -3,9 +3,9 @@
 #include "platform/Pasteboard.h"
 #include "platform/pasteboard/PasteboardLimits.h"
 
-#include <QMap>
-
+#include <functional>
 #include <mutex>
+#include <vector>
 
 /// What has been published: the one place where the main thread and the service thread meet. Each
 /// operation holds the lock for a few pointer copies only, so neither ever waits for the other's
@@ -30,22 +30,15 @@ public:
     /// The pasteboard was emptied: a change without contents.
     qint64 publishCleared();
 
-    /// Notes a change of another client for the main thread to announce.
-    void announce(qint64 changeCount);
-    /// The changes noted since the last call, oldest first.
-    QList<qint64> takeUnannounced();
-
     /// A paste is about to be typed, and nobody has read it.
     void expectPaste();
     void notePasteRead();
     bool isPasteRead() const;
-    /// Whether the latest paste was read since the last call.
-    bool takePasteReadNews();
 
-    /// Notes an answer for the main thread to pass on.
-    void answer(qint64 question, const std::optional<QString> &text);
-    /// The answers noted since the last call, by their questions' numbers.
-    QMap<qint64, std::optional<QString>> takeAnswers();
+    /// Keeps what is to be done on the main thread.
+    void post(std::function<void()> task);
+    /// What was kept since the last call, oldest first.
+    std::vector<std::function<void()>> takeTasks();
 
     void judge(qint64 changeCount, Pasteboard::Judgement judgement);
 
@@ -55,9 +48,7 @@ private:
     qint64 m_largestUsefulText = PasteboardLimits::kLargestFormat;
     std::optional<PasteboardContents> m_contents;
     QList<PasteboardContents> m_unjudged;
-    QList<qint64> m_unannounced;
     bool m_isPasteRead = false;
-    bool m_isPasteReadNews = false;
     bool m_isReading = false;
-    QMap<qint64, std::optional<QString>> m_answers;
+    std::vector<std::function<void()>> m_tasks;
 };

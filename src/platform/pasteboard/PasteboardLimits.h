@@ -4,13 +4,17 @@
 
 #include <array>
 #include <chrono>
+#include <functional>
 
 /// How long other programs are waited for and how much is read of them: no hung program may hold
-/// the pasteboard up, and no large copy the memory. Tests shorten the times.
+/// the pasteboard up, and no large copy the memory. Tests bring their own clock.
 struct PasteboardLimits
 {
     /// Never more than this of one format.
     static constexpr qint64 kLargestFormat = qint64(64) * 1024 * 1024;
+
+    /// By what they are measured.
+    std::function<std::chrono::steady_clock::time_point()> now = &std::chrono::steady_clock::now;
 
     /// An owner that sends nothing for so long is given up.
     std::chrono::milliseconds ownerStall{2'000};

@@ -32,7 +32,7 @@ void ClipboardManagerRole::handle(const xcb_selection_request_event_t &request)
     const SelectionAtoms &atoms = m_connection.atoms();
     if (request.target == atoms.saveTargets) {
         if (!save(request))
-            m_waiting.append({request, std::chrono::steady_clock::now() + m_patience});
+            m_waiting.append({request, m_connection.now() + m_patience});
         return;
     }
     const xcb_atom_t property =

@@ -38,7 +38,19 @@ void IncomingConversion::ask(xcb_atom_t selection, xcb_atom_t target, xcb_timest
                           time);
 }
 
-bool IncomingConversion::handle(const xcb_selection_notify_event_t &event)
+bool IncomingConversion::handle(const xcb_generic_event_t &event)
+{
+    switch (event.response_type & 0x7F) {
+    case XCB_SELECTION_NOTIFY:
+        return handleAnswer(reinterpret_cast<const xcb_selection_notify_event_t &>(event));
+    case XCB_PROPERTY_NOTIFY:
+        return handleProperty(reinterpret_cast<const xcb_property_notify_event_t &>(event));
+    default:
+        return false;
+    }
+}
+
+bool IncomingConversion::handleAnswer(const xcb_selection_notify_event_t &event)
 {
     if (m_state != State::Asked || event.selection != m_selection || event.target != m_target)
         return false;
@@ -55,7 +67,7 @@ bool IncomingConversion::handle(const xcb_selection_notify_event_t &event)
     return true;
 }
 
-bool IncomingConversion::handle(const xcb_property_notify_event_t &event)
+bool IncomingConversion::handleProperty(const xcb_property_notify_event_t &event)
 {
     if (m_state != State::Growing || event.window != m_connection.window() ||
         event.atom != m_property || event.state != XCB_PROPERTY_NEW_VALUE)

@@ -29,8 +29,7 @@ public:
     void ask(xcb_atom_t selection, xcb_atom_t target, xcb_timestamp_t time, qint64 mostBytes);
 
     /// True when the event moved the conversion on.
-    bool handle(const xcb_selection_notify_event_t &event);
-    bool handle(const xcb_property_notify_event_t &event);
+    bool handle(const xcb_generic_event_t &event);
 
     /// Stops waiting, whatever the state.
     void abandon();
@@ -44,6 +43,8 @@ public:
     const QByteArray &bytes() const { return m_bytes; }
 
 private:
+    bool handleAnswer(const xcb_selection_notify_event_t &event);
+    bool handleProperty(const xcb_property_notify_event_t &event);
     void readAnswer();
     bool readPiece();
     bool appendRest(qint64 offset);

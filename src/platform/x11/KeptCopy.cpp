@@ -21,7 +21,7 @@ void KeptCopy::begin(qint64 changeCount, const FetchedSelection &fetched, xcb_ti
     m_state = fetched.isGivenUp ? State::Partial : State::Resting;
     m_changeCount = changeCount;
     m_time = time;
-    m_restEnds = std::chrono::steady_clock::now() + m_limits.rest;
+    m_restEnds = m_connection.now() + m_limits.rest;
     m_offer = SelectionOffer::of(fetched.copy, m_connection.atoms());
     m_fetched = fetched;
 }
@@ -77,15 +77,7 @@ KeptCopy::Safety KeptCopy::secure()
     return Safety::Impossible;
 }
 
-bool KeptCopy::handle(const xcb_selection_notify_event_t &event)
-{
-    if (m_state != State::Reading || !m_conversion.handle(event))
-        return false;
-    goOn();
-    return true;
-}
-
-bool KeptCopy::handle(const xcb_property_notify_event_t &event)
+bool KeptCopy::handle(const xcb_generic_event_t &event)
 {
     if (m_state != State::Reading || !m_conversion.handle(event))
         return false;
@@ -113,7 +105,7 @@ std::optional<KeptCopy::TimePoint> KeptCopy::keepDeadlines(TimePoint now)
 void KeptCopy::read()
 {
     m_state = State::Reading;
-    m_begun = m_lastProgress = std::chrono::steady_clock::now();
+    m_begun = m_lastProgress = m_connection.now();
     m_bytesLeft = m_limits.largestKept - m_fetched.copy.byteCount();
     m_isTooLarge = false;
     const QList<xcb_atom_t> targets = m_offer->targets();
@@ -142,7 +134,7 @@ void KeptCopy::askNext()
 
 void KeptCopy::goOn()
 {
-    m_lastProgress = std::chrono::steady_clock::now();
+    m_lastProgress = m_connection.now();
     if (m_conversion.isUnderWay())
         return;
     useAnswer();

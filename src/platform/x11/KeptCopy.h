@@ -43,8 +43,7 @@ public:
     Safety secure();
 
     /// True when the event belonged to the reading.
-    bool handle(const xcb_selection_notify_event_t &event);
-    bool handle(const xcb_property_notify_event_t &event);
+    bool handle(const xcb_generic_event_t &event);
 
     /// Does what is due and says when it must be asked again.
     std::optional<TimePoint> keepDeadlines(TimePoint now);

@@ -51,7 +51,7 @@ void OutgoingTransfers::handle(const xcb_property_notify_event_t &event)
                          QByteArray::fromRawData(data.bytes.constData() + transfer->sent, size),
                          data.format);
     transfer->sent += size;
-    transfer->lastProgress = std::chrono::steady_clock::now();
+    transfer->lastProgress = m_connection.now();
     if (size == 0)
         end(transfer);
 }
@@ -89,7 +89,7 @@ void OutgoingTransfers::begin(xcb_window_t requestor, xcb_atom_t property,
         std::min<qint64>(data.bytes.size(), std::numeric_limits<qint32>::max()));
     m_connection.replace(requestor, property, m_connection.atoms().incr,
                          QList<quint32>{leastBytes});
-    m_transfers.push_back({requestor, property, data, 0, std::chrono::steady_clock::now()});
+    m_transfers.push_back({requestor, property, data, 0, m_connection.now()});
 }
 
 void OutgoingTransfers::watch(xcb_window_t requestor, bool isWatched)

@@ -45,9 +45,9 @@ void PasteboardService::handle(const xcb_generic_event_t &event)
     if (type == m_connection.ownerChangeEvent() && type != 0)
         handleOwnerChange(as<xcb_xfixes_selection_notify_event_t>(event));
     else if (type == XCB_SELECTION_NOTIFY)
-        handleAnswer(as<xcb_selection_notify_event_t>(event));
+        handleAnswer(event);
     else if (type == XCB_PROPERTY_NOTIFY)
-        handleProperty(as<xcb_property_notify_event_t>(event));
+        handleProperty(event);
     else if (type == XCB_DESTROY_NOTIFY)
         m_server.transfers().drop(as<xcb_destroy_notify_event_t>(event).window);
     else if (type == XCB_SELECTION_REQUEST) {
@@ -236,29 +236,33 @@ void PasteboardService::handlePrimaryOwner(const xcb_xfixes_selection_notify_eve
     m_connection.watchOwner(XCB_ATOM_PRIMARY, false);
 }
 
-void PasteboardService::handleProperty(const xcb_property_notify_event_t &event)
+void PasteboardService::handleProperty(const xcb_generic_event_t &event)
 {
-    if (event.window == m_connection.window()) {
-        if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event) &&
-            !m_kept.handle(event))
-            m_questions.handle(event);
-    } else if (event.window == m_connection.server().root()) {
-        m_front.handle(event);
-    } else {
-        m_server.transfers().handle(event);
+    const auto &property = as<xcb_property_notify_event_t>(event);
+    if (property.window == m_connection.window())
+        handleReading(event);
+    else if (property.window == m_connection.server().root())
+        m_front.handle(property);
+    else
+        m_server.transfers().handle(property);
+}
+
+void PasteboardService::handleAnswer(const xcb_generic_event_t &event)
+{
+    const auto &answer = as<xcb_selection_notify_event_t>(event);
+    if (!m_managerRole.isSaveAnswer(answer)) {
+        if (!handleReading(event))
+            m_pool.handleLate(answer);
+    } else if (m_handedOver) {
+        std::exchange(m_handedOver, nullptr)();
     }
 }
 
-void PasteboardService::handleAnswer(const xcb_selection_notify_event_t &event)
+/// True when somebody waited for it.
+bool PasteboardService::handleReading(const xcb_generic_event_t &event)
 {
-    if (m_managerRole.isSaveAnswer(event)) {
-        if (m_handedOver)
-            std::exchange(m_handedOver, nullptr)();
-        return;
-    }
-    if (!m_clipboardReader.handle(event) && !m_primaryReader.handle(event) &&
-        !m_kept.handle(event) && !m_questions.handle(event))
-        m_pool.handleLate(event);
+    return m_clipboardReader.handle(event) || m_primaryReader.handle(event) ||
+           m_kept.handle(event) || m_questions.handle(event);
 }
 
 void PasteboardService::serve(const xcb_selection_request_event_t &request)

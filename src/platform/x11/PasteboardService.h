@@ -68,8 +68,9 @@ private:
     void handleOwnerChange(const xcb_xfixes_selection_notify_event_t &event);
     void handleClipboardOwner(const xcb_xfixes_selection_notify_event_t &event);
     void handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event);
-    void handleProperty(const xcb_property_notify_event_t &event);
-    void handleAnswer(const xcb_selection_notify_event_t &event);
+    void handleProperty(const xcb_generic_event_t &event);
+    void handleAnswer(const xcb_generic_event_t &event);
+    bool handleReading(const xcb_generic_event_t &event);
     void serve(const xcb_selection_request_event_t &request);
     void beginReading(xcb_window_t owner, xcb_timestamp_t time);
     void answerFromClipboard();

@@ -29,5 +29,6 @@ struct SelectionAtoms
     /// What we offer, by name.
     QHash<QString, xcb_atom_t> formats;
 
-    static SelectionAtoms intern(const X11Connection &server);
+    SelectionAtoms() = default;
+    explicit SelectionAtoms(const X11Connection &server);
 };

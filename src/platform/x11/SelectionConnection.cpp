@@ -1,8 +1,10 @@
 #include "platform/x11/SelectionConnection.h"
 
+#include <utility>
+
 #include <xcb/xfixes.h>
 
-SelectionConnection::SelectionConnection()
+SelectionConnection::SelectionConnection(Clock clock) : m_clock(std::move(clock))
 {
     if (m_server.isBroken())
         return;
@@ -19,7 +21,7 @@ SelectionConnection::SelectionConnection()
         if (version)
             m_ownerChangeEvent = xfixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
     }
-    m_atoms = SelectionAtoms::intern(m_server);
+    m_atoms = SelectionAtoms(m_server);
 }
 
 bool SelectionConnection::isSameClient(xcb_window_t one, xcb_window_t other) const

@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QList>
 
+#include <chrono>
+#include <functional>
 #include <optional>
 
 #include <xcb/xcb.h>
@@ -25,8 +27,11 @@ public:
         qint64 bytesLeft = 0; ///< Of the property, after `bytes`.
     };
 
+    using TimePoint = std::chrono::steady_clock::time_point;
+    using Clock = std::function<TimePoint()>;
+
     /// Opens the display of the environment. Without one it is broken from the start.
-    SelectionConnection();
+    explicit SelectionConnection(Clock clock);
 
     SelectionConnection(const SelectionConnection &) = delete;
     SelectionConnection &operator=(const SelectionConnection &) = delete;
@@ -35,6 +40,8 @@ public:
     xcb_connection_t *xcb() const { return m_server.get(); }
     xcb_window_t window() const { return m_window; }
     const SelectionAtoms &atoms() const { return m_atoms; }
+    /// By what those are measured who are asked or answered here.
+    TimePoint now() const { return m_clock(); }
 
     /// Whether both ids were made by the same client.
     bool isSameClient(xcb_window_t one, xcb_window_t other) const;
@@ -64,6 +71,7 @@ public:
     void answer(const xcb_selection_request_event_t &request, xcb_atom_t property);
 
 private:
+    const Clock m_clock;
     X11Connection m_server;
     xcb_window_t m_window = XCB_WINDOW_NONE;
     quint32 m_resourceMask = 0;

@@ -26,16 +26,7 @@ void SelectionQuestions::ask(xcb_atom_t selection, Receiver receive)
     xcb_flush(m_connection.xcb());
 }
 
-bool SelectionQuestions::handle(const xcb_selection_notify_event_t &event)
-{
-    const bool isOurs = std::any_of(m_questions.begin(), m_questions.end(),
-                                    [&](auto &entry) { return entry.second.reader.handle(event); });
-    if (isOurs)
-        answerFinished();
-    return isOurs;
-}
-
-bool SelectionQuestions::handle(const xcb_property_notify_event_t &event)
+bool SelectionQuestions::handle(const xcb_generic_event_t &event)
 {
     const bool isOurs = std::any_of(m_questions.begin(), m_questions.end(),
                                     [&](auto &entry) { return entry.second.reader.handle(event); });

@@ -26,8 +26,7 @@ public:
     void ask(xcb_atom_t selection, Receiver receive);
 
     /// True when the event belonged to a question.
-    bool handle(const xcb_selection_notify_event_t &event);
-    bool handle(const xcb_property_notify_event_t &event);
+    bool handle(const xcb_generic_event_t &event);
 
     /// Gives up owners that are too slow.
     std::optional<TimePoint> keepDeadlines(TimePoint now);

@@ -38,7 +38,7 @@ void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 m
     m_mostTextBytes = mostTextBytes;
     m_isReading = true;
     m_isFinished = false;
-    m_begun = std::chrono::steady_clock::now();
+    m_begun = m_connection.now();
     m_texts.clear();
     m_mayHaveNoText = false;
     m_isTextRefused = false;
@@ -49,15 +49,7 @@ void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 m
     askNext();
 }
 
-bool SelectionReader::handle(const xcb_selection_notify_event_t &event)
-{
-    if (!m_isReading || !m_conversion.handle(event))
-        return false;
-    goOn();
-    return true;
-}
-
-bool SelectionReader::handle(const xcb_property_notify_event_t &event)
+bool SelectionReader::handle(const xcb_generic_event_t &event)
 {
     if (!m_isReading || !m_conversion.handle(event))
         return false;
@@ -105,7 +97,7 @@ FetchedSelection SelectionReader::abandon()
 
 void SelectionReader::askNext()
 {
-    m_lastProgress = std::chrono::steady_clock::now();
+    m_lastProgress = m_connection.now();
     if (m_requests.isEmpty()) {
         if (!waitToAskAgain())
             finish();
@@ -122,7 +114,7 @@ void SelectionReader::askNext()
 
 void SelectionReader::goOn()
 {
-    m_lastProgress = std::chrono::steady_clock::now();
+    m_lastProgress = m_connection.now();
     if (m_conversion.isUnderWay())
         return;
     useAnswer();

@@ -40,8 +40,7 @@ public:
     bool isReading() const { return m_isReading; }
 
     /// True when the event belonged to this reading.
-    bool handle(const xcb_selection_notify_event_t &event);
-    bool handle(const xcb_property_notify_event_t &event);
+    bool handle(const xcb_generic_event_t &event);
 
     /// Gives up an owner that is too slow.
     void checkClock(TimePoint now);

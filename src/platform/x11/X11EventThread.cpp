@@ -20,6 +20,7 @@ constexpr int kEventsAtOnce = 64;
 
 X11EventThread::X11EventThread(const X11Connection &connection, Handler handler, Hooks hooks)
     : m_connection(connection), m_handler(std::move(handler)), m_hooks(std::move(hooks)),
+      m_now(m_hooks.now ? m_hooks.now : &std::chrono::steady_clock::now),
       m_wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), m_thread([this] { loop(); })
 {
 }
@@ -77,7 +78,7 @@ void X11EventThread::loop()
         }
         std::optional<TimePoint> deadline;
         if (m_hooks.keepDeadlines)
-            deadline = m_hooks.keepDeadlines(std::chrono::steady_clock::now());
+            deadline = m_hooks.keepDeadlines(m_now());
         xcb_flush(m_connection.get());
         // So may the flush and the keeping of deadlines.
         if (const XcbPointer<xcb_generic_event_t> event{
@@ -97,8 +98,7 @@ void X11EventThread::sleep(std::optional<TimePoint> deadline) const
 {
     int milliseconds = -1;
     if (deadline) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-            *deadline - std::chrono::steady_clock::now());
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*deadline - m_now());
         milliseconds = static_cast<int>(std::clamp<qint64>(left.count(), 0, 60'000));
     }
     pollfd waits[] = {{xcb_get_file_descriptor(m_connection.get()), POLLIN, 0},

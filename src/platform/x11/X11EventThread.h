@@ -19,8 +19,7 @@ public:
     using Task = std::function<void()>;
     using TimePoint = std::chrono::steady_clock::time_point;
 
-    /// What an adapter wants to be told besides its events; both run on the thread and may be
-    /// left out.
+    /// What an adapter wants besides its events. All run on the thread and may be left out.
     struct Hooks
     {
         /// Does what is due, and says when it must be asked again at the latest; absent: not
@@ -28,6 +27,8 @@ public:
         std::function<std::optional<TimePoint>(TimePoint now)> keepDeadlines;
         /// The connection is lost. Told once; nothing runs on the thread afterwards.
         Task handleLoss;
+        /// By what deadlines are kept; the steady clock when left out.
+        std::function<TimePoint()> now;
     };
 
     /// `connection` must outlive the thread, and be used by nobody else while it runs.
@@ -54,6 +55,7 @@ private:
     const X11Connection &m_connection;
     const Handler m_handler;
     const Hooks m_hooks;
+    const std::function<TimePoint()> m_now;
     const int m_wakeUp; ///< An eventfd.
     std::mutex m_mutex;
     std::deque<Task> m_tasks; ///< Guarded by m_mutex, as the two below.

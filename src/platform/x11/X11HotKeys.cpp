@@ -32,7 +32,7 @@ X11HotKeys::X11HotKeys(QObject *parent)
       m_grabs(m_connection), m_heldKeys(m_connection), m_handOver(m_connection),
       m_typeAhead(m_connection, m_heldKeys),
       m_thread(m_connection, [this](const xcb_generic_event_t &event) { handle(event); },
-               {[this](X11EventThread::TimePoint now) { return keepDeadlines(now); }, {}})
+               {[this](X11EventThread::TimePoint now) { return keepDeadlines(now); }, {}, {}})
 {
     m_thread.post([this] { m_keyboard.setDetectableAutoRepeat(); });
 }

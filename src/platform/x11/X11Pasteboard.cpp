@@ -1,7 +1,6 @@
 #include "platform/x11/X11Pasteboard.h"
 
 #include "platform/pasteboard/CopyBytes.h"
-#include "platform/pasteboard/PasteboardChanges.h"
 #include "platform/x11/PasteboardService.h"
 #include "platform/x11/SelectionConnection.h"
 #include "platform/x11/X11EventThread.h"
@@ -16,23 +15,24 @@
 Q_LOGGING_CATEGORY(lcPasteboard, "quillmarsh.pasteboard")
 
 X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimits &limits)
-    : m_limits(limits), m_connection(std::make_unique<SelectionConnection>()),
-      m_changes(std::make_unique<PasteboardChanges>())
+    : m_limits(limits), m_connection(std::make_unique<SelectionConnection>(limits.now))
 {
-    // The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
-    const auto wake = [this] { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); };
     PasteboardService::Listeners listeners;
-    listeners.changed = [this, wake](qint64 changeCount) {
-        m_changes->announce(changeCount);
-        wake();
+    listeners.changed = [this](qint64 changeCount) {
+        doOnMainThread([this, changeCount] { Q_EMIT changed(changeCount); });
     };
-    listeners.pasteRead = [this, wake] {
-        m_changes->notePasteRead();
-        wake();
+    listeners.pasteRead = [this] {
+        m_changes.notePasteRead();
+        doOnMainThread([this] {
+            // Another paste may be expected by now.
+            if (isPasteRead())
+                Q_EMIT pasteRead();
+        });
     };
-    m_service = std::make_unique<PasteboardService>(*m_connection, *m_changes, names, m_limits,
+    m_service = std::make_unique<PasteboardService>(*m_connection, m_changes, names, m_limits,
                                                     std::move(listeners));
     X11EventThread::Hooks hooks;
+    hooks.now = m_limits.now;
     hooks.keepDeadlines = [this](X11EventThread::TimePoint now) {
         return m_service->keepDeadlines(now);
     };
@@ -47,19 +47,17 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
 
 X11Pasteboard::~X11Pasteboard() = default;
 
+/// The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
+void X11Pasteboard::doOnMainThread(std::function<void()> task)
+{
+    m_changes.post(std::move(task));
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+}
+
 void X11Pasteboard::customEvent(QEvent *)
 {
-    const QList<qint64> changeCounts = m_changes->takeUnannounced();
-    for (const qint64 changeCount : changeCounts)
-        Q_EMIT changed(changeCount);
-    if (m_changes->takePasteReadNews())
-        Q_EMIT pasteRead();
-    const QMap<qint64, std::optional<QString>> answers = m_changes->takeAnswers();
-    for (auto answer = answers.begin(); answer != answers.end(); ++answer) {
-        const Question question = m_questions.take(answer.key());
-        if (question.context)
-            question.answer(answer.value());
-    }
+    for (const auto &task : m_changes.takeTasks())
+        task();
 }
 
 void X11Pasteboard::offerPrimary()
@@ -78,39 +76,19 @@ void X11Pasteboard::expectPaste(xcb_window_t target)
 {
     // Done when it returns, because the keystroke may be answered at once.
     const auto expect = [this, target] {
-        m_changes->expectPaste();
+        m_changes.expectPaste();
         m_service->expectPaste(target);
     };
     if (m_thread && !m_thread->run(expect))
         qCDebug(lcPasteboard, "Nobody will read the paste: the connection is lost");
 }
 
-qint64 X11Pasteboard::changeCount() const
-{
-    return m_changes->changeCount();
-}
-
-QList<PasteboardContents> X11Pasteboard::changesAfter(qint64 changeCount) const
-{
-    return m_changes->changesAfter(changeCount);
-}
-
-std::optional<PasteboardContents> X11Pasteboard::contents() const
-{
-    return m_changes->contents();
-}
-
 void X11Pasteboard::judge(qint64 changeCount, Judgement judgement)
 {
-    m_changes->judge(changeCount, judgement);
+    m_changes.judge(changeCount, judgement);
     if (m_thread)
         m_thread->post(
             [this, changeCount, judgement] { m_service->judge(changeCount, judgement); });
-}
-
-void X11Pasteboard::setLargestUsefulText(qint64 bytes)
-{
-    m_changes->setLargestUsefulText(bytes);
 }
 
 bool X11Pasteboard::write(const Copy &copy)
@@ -126,22 +104,17 @@ bool X11Pasteboard::write(const Copy &copy)
     return hasRun && isWritten;
 }
 
-bool X11Pasteboard::isPasteRead() const
-{
-    return m_changes->isPasteRead();
-}
-
 void X11Pasteboard::clear()
 {
     if (!m_thread || !m_thread->run([this] { m_service->clear(); }))
-        m_changes->publishCleared();
+        m_changes.publishCleared();
 }
 
 void X11Pasteboard::askText(Selection selection, QObject *context, TextAnswer answer)
 {
     // What is at hand is pasted before the next key, which may have been pressed already.
     if (const auto text =
-            selection == Selection::Clipboard ? m_changes->text() : std::optional<QString>()) {
+            selection == Selection::Clipboard ? m_changes.text() : std::optional<QString>()) {
         answer(text);
         return;
     }
@@ -150,8 +123,11 @@ void X11Pasteboard::askText(Selection selection, QObject *context, TextAnswer an
     const qint64 number = ++m_questionsAsked;
     m_questions.insert(number, {context, std::move(answer)});
     const auto receive = [this, number](const std::optional<QString> &text) {
-        m_changes->answer(number, text);
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        doOnMainThread([this, number, text] {
+            const Question question = m_questions.take(number);
+            if (question.context)
+                question.answer(text);
+        });
     };
     m_thread->post([this, selection, receive] { m_service->askText(selection, receive); });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "platform/pasteboard/PasteboardChanges.h"
 #include "platform/pasteboard/PasteboardLimits.h"
 
 #include <QMap>
@@ -11,7 +12,6 @@
 #include <xcb/xcb.h>
 
 class ApplicationNames;
-class PasteboardChanges;
 class PasteboardService;
 class SelectionConnection;
 class X11EventThread;
@@ -44,13 +44,16 @@ public:
     void expectPaste(xcb_window_t target);
 
     // ^Pasteboard
-    qint64 changeCount() const override;
-    QList<PasteboardContents> changesAfter(qint64 changeCount) const override;
-    std::optional<PasteboardContents> contents() const override;
+    qint64 changeCount() const override { return m_changes.changeCount(); }
+    QList<PasteboardContents> changesAfter(qint64 changeCount) const override
+    {
+        return m_changes.changesAfter(changeCount);
+    }
+    std::optional<PasteboardContents> contents() const override { return m_changes.contents(); }
     void judge(qint64 changeCount, Judgement judgement) override;
-    void setLargestUsefulText(qint64 bytes) override;
+    void setLargestUsefulText(qint64 bytes) override { m_changes.setLargestUsefulText(bytes); }
     bool write(const Copy &copy) override;
-    bool isPasteRead() const override;
+    bool isPasteRead() const override { return m_changes.isPasteRead(); }
     void clear() override;
     void askText(Selection selection, QObject *context, TextAnswer answer) override;
     void markText(const QString &text) override;
@@ -67,11 +70,13 @@ private:
         TextAnswer answer;
     };
 
+    void doOnMainThread(std::function<void()> task);
+
     PasteboardLimits m_limits;
     qint64 m_questionsAsked = 0;
     QMap<qint64, Question> m_questions; ///< By number, until they are answered.
     std::unique_ptr<SelectionConnection> m_connection;
-    std::unique_ptr<PasteboardChanges> m_changes;
+    PasteboardChanges m_changes;
     std::unique_ptr<PasteboardService> m_service;
     std::unique_ptr<X11EventThread> m_thread; ///< Last, so it ends first; null after shutDown().
 };

@@ -3,10 +3,27 @@
 #include "platform/pasteboard/FileUris.h"
 #include "platform/pasteboard/SelectionText.h"
 
-X11Stage::X11Stage(const PasteboardLimits &limits) : m_pasteboard(m_names, limits)
+X11Stage::X11Stage(const PasteboardLimits &limits) : m_pasteboard(m_names, measured(limits))
 {
     // Only then is every copy that a test makes a change of its own.
     pumpUntil({&m_client}, [this] { return m_client.owner("CLIPBOARD_MANAGER") != 0; });
+}
+
+PasteboardLimits X11Stage::measured(PasteboardLimits limits) const
+{
+    limits.now = [this] { return m_time.now(); };
+    return limits;
+}
+
+void X11Stage::advance(std::chrono::milliseconds time)
+{
+    // It returns once its turn has come, after what was asked for before.
+    const auto waitForTurn = [this] { m_pasteboard.expectPaste(XCB_WINDOW_NONE); };
+    waitForTurn();
+    m_time.advance(time);
+    // Deadlines are kept between two turns.
+    waitForTurn();
+    waitForTurn();
 }
 
 bool X11Stage::reaches(qint64 count, const QList<XcbClient *> &clients)

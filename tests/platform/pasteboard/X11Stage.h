@@ -5,11 +5,18 @@
 #include "platform/pasteboard/XcbClient.h"
 #include "platform/x11/X11Pasteboard.h"
 
+#include <atomic>
+
 /// The real pasteboard on the test's display. Applications are named by their window class.
 class X11Stage : public PasteboardStage
 {
 public:
     explicit X11Stage(const PasteboardLimits &limits = {});
+
+    /// From now on the pasteboard's time stands still, but for advance().
+    void stopTime() { m_time.stop(); }
+    /// Returns when what is due by then is done.
+    void advance(std::chrono::milliseconds time);
 
     X11Pasteboard *operator->() { return &m_pasteboard; }
     /// Waits, with `clients` at work, until the change count is `count`.
@@ -38,6 +45,27 @@ private:
         }
     };
 
+    /// Real until it is stopped. Read on the pasteboard's thread.
+    class Time
+    {
+    public:
+        using Clock = std::chrono::steady_clock;
+
+        Clock::time_point now() const
+        {
+            const Clock::rep stopped = m_stopped;
+            return stopped == 0 ? Clock::now() : Clock::time_point(Clock::duration(stopped));
+        }
+        void stop() { m_stopped = Clock::now().time_since_epoch().count(); }
+        void advance(Clock::duration time) { m_stopped += time.count(); }
+
+    private:
+        std::atomic<Clock::rep> m_stopped = 0;
+    };
+
+    PasteboardLimits measured(PasteboardLimits limits) const;
+
+    Time m_time;
     ClassNames m_names;
     XcbClient m_client;
     X11Pasteboard m_pasteboard;

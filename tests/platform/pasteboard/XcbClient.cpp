@@ -143,6 +143,7 @@ void XcbClient::pump()
 
 void XcbClient::serve(const xcb_selection_request_event_t &request)
 {
+    m_requests.append(m_atoms.key(request.target));
     if (!manners.hangsOn.isEmpty() && request.target == atom(manners.hangsOn))
         return;
     if (request.target == atom("SAVE_TARGETS") && save && !save())
@@ -162,7 +163,6 @@ void XcbClient::serve(const xcb_selection_request_event_t &request)
 
 bool XcbClient::put(const xcb_selection_request_event_t &request)
 {
-    m_requests.append(m_atoms.key(request.target));
     const Formats formats = m_owned.value(request.selection);
     if (request.target == atom("TARGETS")) {
         QList<quint32> targets{atom("TARGETS")};
