@@ -18,10 +18,9 @@ ROOMS_WITH_WIDGETS = ("shortcut", "updates", "hotkey", "preferenceswindow")
 FOLDERS = {
     "Clipboard/settings": {LOOKS, "shortcut", "hotkey"},
     "Clipboard/preview": {LOOKS},
-    "Clipboard/window": {LOOKS, "history", "Clipboard/preview", "Clipboard"},
-    "Clipboard/preferences": {LOOKS, "shortcut", "preferenceswindow", "Clipboard/settings",
-                              "Clipboard"},
-    "Clipboard/welcome": {LOOKS, "Clipboard/settings", "Clipboard/preferences", "Clipboard"},
+    "Clipboard/window": {LOOKS, "history", "Clipboard/preview"},
+    "Clipboard/preferences": {LOOKS, "shortcut", "preferenceswindow", "Clipboard/settings"},
+    "Clipboard/welcome": {LOOKS, "Clipboard/settings"},
 }
 ADAPTERS = ("x11", "wayland", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.

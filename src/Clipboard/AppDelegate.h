@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Clipboard/LaunchAtLogin.h"
+#include "Clipboard/preferences/PreferencesActions.h"
+#include "Clipboard/welcome/WelcomeActions.h"
+#include "Clipboard/window/HistoryActions.h"
 #include "platform/Info.h"
 #include "platform/Platform.h"
 
 #include <QAction>
 #include <QList>
-#include <QObject>
 #include <QPointer>
 #include <QString>
 #include <QUrl>
@@ -23,12 +25,12 @@ class ClipPaster;
 class ClipStore;
 class ClipboardCapture;
 class ClipboardWindow;
-class ApplicationHiding;
 class DamagedSettingsQuestion;
 class ApplicationUpdates;
 class DMHelperAppDelegate;
 class DevMateKit;
 class HistoryNotices;
+class HistoryPanel;
 class HotKeyManager;
 class HotKeyTextField;
 class LiveSettings;
@@ -42,12 +44,11 @@ class TourGuide;
 class TraylessHint;
 class ViewController;
 class WelcomeWindowController;
-class WindowDelegate;
 
 /// The one long-lived owner: builds the rooms' objects in their order, keeps them until the
-/// application quits, and forwards what menus, shortcuts and windows ask for. Owned by main;
-/// main thread only.
-class AppDelegate : public QObject
+/// application quits, and forwards what menus, shortcuts and windows ask for. The windows know only
+/// the actions that they need of it. Owned by main; main thread only.
+class AppDelegate : public HistoryActions, public PreferencesActions, public WelcomeActions
 {
     Q_OBJECT
 
@@ -78,9 +79,9 @@ public:
     // Status menu and global shortcuts
     /// Opens the history window; while it is open, steps to the next clip. The first-run welcome
     /// goes first.
-    void launch();
+    void launch() override;
     /// Exchanges the front application's selection with a clip that the user picks.
-    void swop();
+    void swop() override;
     void openPreferences();
     /// Shows the preferences with the largest text that is recorded, ready to be changed.
     void openTextLimit();
@@ -97,32 +98,23 @@ public:
     void showWelcomeWindow(bool force);
     /// True when the welcome took the open shortcut, so that the history must not open.
     bool handleWelcomeWindow();
-    /// Opens the history window and points out its parts. Without that window the program ends.
-    void startTour();
-    /// Switches the periodic check of the update that dmManager() has in progress; there is none in
-    /// the application itself, so this deliberately changes nothing.
-    void setCheckForUpdates(bool isOn);
+    // ^WelcomeActions
+    void setOpenAtLogin(bool isOn) override;
+    /// There is no update in progress in the application itself, so this deliberately changes
+    /// nothing.
+    void setCheckForUpdates(bool isOn) override;
+    void setWelcomeWindowShown() override;
+    void startTour() override;
     /// Always: whoever runs the application is told of its betas.
     bool updaterShouldCheckForBetaUpdates() const { return true; }
 
     // History window
     void setWindowVisible();
-    /// Closes the history window.
-    void hide();
     /// Sends the history window its cancel operation and gives the front back to the previous
     /// application.
     void hideApp();
-    /// Whether a window of ours has the keyboard.
-    bool isOursInFront() const;
     /// The clip at the table's selected index; none when the index is outside the list.
     std::shared_ptr<ClipItem> getSelectedItem() const;
-    /// Opens the selected clip's file after closing the history window; nothing when it is gone.
-    void openFile();
-    /// Shows the selected clip's file in a file browser; the history window stays open.
-    void revealInFinder();
-    /// The history window was closed: if by its user and not by a paste, that ends a swop under
-    /// way.
-    void windowClosed();
 
     // Store
     /// Where the user's applications keep what is theirs, each in a folder of its own.
@@ -136,27 +128,29 @@ public:
     ClipContext &getManagedObjectContext() const { return managedObjectContext(); }
 
     // Clips
-    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const;
-    /// Replaces the list by the clips that match; an absent text leaves it as it is.
-    void filterClipItemArr(const std::optional<QString> &searchText);
-    void deleteItem(const std::shared_ptr<ClipItem> &item);
-    /// Pastes the clip at `row`, as it is or in "upper" or "lower" case. A negative row ends a
-    /// swop without a paste.
-    void performPaste(int row, const std::optional<QString> &format);
-    /// Shrinks the history to at most `maxItems` clips.
-    void maxItemsModified(qint64 maxItems);
-    /// Puts a text of our own on the pasteboard; capture records it like any copy.
-    void setPasteboardString(const QString &text, const std::optional<QString> &rtf);
+    // ^HistoryActions
+    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const override;
+    void filterClipItemArr(const std::optional<QString> &searchText) override;
+    void deleteItem(const std::shared_ptr<ClipItem> &item) override;
+    bool isReadOnly() const override;
+    void performPaste(int row, const std::optional<QString> &format) override;
+    void openFile() override;
+    void revealInFinder() override;
+    void hide() override;
+
+    // ^PreferencesActions
+    void maxItemsModified(qint64 maxItems) override;
+    void setPasteboardString(const QString &text, const std::optional<QString> &rtf) override;
+    void launchAtStartup(bool isOn) override;
 
     /// Our entry among the session's login items and the end of their list.
     LaunchAtLogin::Lookup applicationIsInStartUpItems() const;
-    /// Adds the application to the session's login items or takes it out.
-    void launchAtStartup(bool isOn);
 
     const SwopState &swopState() const { return *m_swopState; }
     ClipHistory &history() const { return *m_history; }
-    ViewController *viewController() const { return m_viewController; }
-    ClipboardWindow *window() const { return m_window; }
+    /// Null before the start, as the window is.
+    ViewController *viewController() const;
+    ClipboardWindow *window() const;
     CCNPreferencesWindowController *preferences() const { return m_preferences.get(); }
     PreferencesGeneralViewController &generalPane() const { return *m_preferencesGeneral; }
     PreferencesApplicationViewController &applicationPane() const
@@ -172,14 +166,7 @@ public:
     WelcomeWindowController &welcomeWindowController() const { return *m_welcomeWindowController; }
     TourGuide &tourGuide() const { return *m_tourGuide; }
 
-Q_SIGNALS:
-    /// The list has changed by a load, a search or a deletion; rows told before are out of date.
-    void clipItemArrChanged();
-
 private:
-    class PasteWindow;
-
-    void timeout();
     void initStatusBar();
     void loadPreferences();
     void showOpenShortcut();
@@ -187,7 +174,6 @@ private:
     /// otherwise.
     void askAboutDamagedSettings(const QWidget *over = nullptr);
     void tellUnwritableHistory();
-    /// What the open history says at its foot.
     void updateFooter();
     /// Whether the welcome takes all input. Then it comes to the front, and `wish`, if it is not
     /// null, comes true once the welcome is closed.
@@ -204,8 +190,6 @@ private:
     std::unique_ptr<PreferencesApplicationViewController> m_preferencesApplication;
     std::unique_ptr<PreferencesGeneralViewController> m_preferencesGeneral;
     std::unique_ptr<LiveSettings> m_liveSettings;
-    std::unique_ptr<ApplicationHiding> m_hiding;
-    std::unique_ptr<PasteWindow> m_pasteWindow;
     std::unique_ptr<HotKeyManager> m_hotKeyManager;
     std::unique_ptr<HotKeyTextField> m_hotKeyField;
     std::unique_ptr<ClipHistory> m_history;
@@ -215,9 +199,7 @@ private:
     std::unique_ptr<HistoryNotices> m_notices;
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<QTimer> m_timer;
-    std::unique_ptr<WindowDelegate> m_windowController;
-    ClipboardWindow *m_window = nullptr;        ///< The window controller's.
-    ViewController *m_viewController = nullptr; ///< The window's content controller.
+    std::unique_ptr<HistoryPanel> m_panel; ///< Shows what m_history lists.
     std::unique_ptr<CCNPreferencesWindowController> m_preferences;
     std::unique_ptr<WelcomeWindowController> m_welcomeWindowController;
     std::unique_ptr<TourGuide> m_tourGuide;

@@ -1,19 +1,24 @@
 #include "Clipboard/ApplicationUpdates.h"
 
-#include "platform/Platform.h"
+#include "platform/FrontApplication.h"
 #include "updates/updater/DMHelperAppDelegate.h"
 #include "updates/updater/DM_SUUpdater.h"
 
 #include <QCoreApplication>
+#include <QWindow>
 
 #include <utility>
 
-ApplicationUpdates::ApplicationUpdates(Platform &platform, const Info &info, Answers answers)
+ApplicationUpdates::ApplicationUpdates(const UpdaterPorts &ports,
+                                       FrontApplication &frontApplication, const Info &info,
+                                       Answers answers)
     : m_answers(std::move(answers)), m_dmManager(std::make_unique<DMHelperAppDelegate>(
-                                         platform, info, QCoreApplication::applicationFilePath())),
-      m_updater(DM_SUUpdater::updaterForMainBundle(platform, info))
+                                         ports, info, QCoreApplication::applicationFilePath())),
+      m_updater(DM_SUUpdater::updaterForMainBundle(ports, info))
 {
     m_updater->setDelegate(this);
+    QObject::connect(m_updater.get(), &DM_SUUpdater::frontWanted, &frontApplication,
+                     &FrontApplication::activate);
     m_checkForUpdatesMI.setText(QCoreApplication::translate("StatusMenu", "Check For Updates..."));
     QObject::connect(&m_checkForUpdatesMI, &QAction::triggered, m_updater.get(),
                      &DM_SUUpdater::checkForUpdates);

@@ -2,6 +2,7 @@
 
 #include "platform/Info.h"
 #include "updates/updater/DM_SUUpdaterDelegate.h"
+#include "updates/updater/UpdaterPorts.h"
 
 #include <QAction>
 #include <QString>
@@ -10,9 +11,9 @@
 #include <memory>
 #include <optional>
 
-struct Platform;
 class DMHelperAppDelegate;
 class DM_SUUpdater;
+class FrontApplication;
 
 /// The application's updater with the menu item that starts its interactive check, the update
 /// helper, and the answers that the updater wants. Owned by AppDelegate.
@@ -25,7 +26,8 @@ public:
         std::function<void()> quit; ///< Called when a relaunch waits for our end.
     };
 
-    ApplicationUpdates(Platform &platform, const Info &info, Answers answers);
+    ApplicationUpdates(const UpdaterPorts &ports, FrontApplication &frontApplication,
+                       const Info &info, Answers answers);
     ~ApplicationUpdates() override;
 
     QAction *checkForUpdatesMI() { return &m_checkForUpdatesMI; }

@@ -1,14 +1,18 @@
 #include "Clipboard/HistoryNotices.h"
 
+#include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "history/ClipPaster.h"
 #include "history/ClipboardCapture.h"
+#include "platform/SettingsStore.h"
 
 #include <QLocale>
 #include <QStringList>
 
 #include <utility>
 
-HistoryNotices::HistoryNotices(const ClipboardCapture &capture, const ClipPaster &paster)
+HistoryNotices::HistoryNotices(const ClipboardCapture &capture, const ClipPaster &paster,
+                               const SettingsStore &settings)
+    : m_settings(settings)
 {
     connect(&capture, &ClipboardCapture::refused, this, &HistoryNotices::copyRefused);
     connect(&paster, &ClipPaster::unrecordedReplaced, this, &HistoryNotices::unrecordedReplaced);
@@ -19,6 +23,14 @@ void HistoryNotices::historyOpens()
     QStringList lines{std::exchange(m_refusal, QString()), std::exchange(m_replacement, QString())};
     lines.removeAll(QString());
     m_text = lines.join(u'\n');
+}
+
+QString HistoryNotices::text() const
+{
+    QStringList lines{
+        m_settings.areSettingsDamaged() ? DamagedSettingsQuestion::notice() : QString(), m_text};
+    lines.removeAll(QString());
+    return lines.join(u'\n');
 }
 
 void HistoryNotices::copyRefused(std::optional<qint64> bytes, qint64 limit)

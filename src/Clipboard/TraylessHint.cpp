@@ -2,7 +2,9 @@
 
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "Clipboard/settings/SettingsKeys.h"
-#include "platform/Platform.h"
+#include "platform/Notifications.h"
+#include "platform/SettingsStore.h"
+#include "platform/StatusBar.h"
 
 #include <QCoreApplication>
 
@@ -16,10 +18,12 @@ constexpr std::chrono::seconds kTimeForPanel{3};
 
 } // namespace
 
-TraylessHint::TraylessHint(Platform &platform, std::function<bool()> isAllowed)
-    : m_platform(platform), m_isAllowed(std::move(isAllowed))
+TraylessHint::TraylessHint(SettingsStore &settings, const StatusBar &statusBar,
+                           Notifications &notifications, std::function<bool()> isAllowed)
+    : m_settings(settings), m_statusBar(statusBar), m_notifications(notifications),
+      m_isAllowed(std::move(isAllowed))
 {
-    if (m_platform.settings->boolForKey(SettingsKeys::kTraylessHintShown))
+    if (m_settings.boolForKey(SettingsKeys::kTraylessHintShown))
         return;
     m_timer.setSingleShot(true);
     m_timer.setInterval(kTimeForPanel);
@@ -29,16 +33,16 @@ TraylessHint::TraylessHint(Platform &platform, std::function<bool()> isAllowed)
 
 void TraylessHint::tell()
 {
-    if (m_platform.statusBar->isItemVisible() || !m_isAllowed())
+    if (m_statusBar.isItemVisible() || !m_isAllowed())
         return;
     const std::optional<QString> shortcut =
-        GlobalShortcuts::workingSentenceName(*m_platform.settings, SettingsKeys::kOpenShortCut);
-    m_platform.notifications->deliver(
+        GlobalShortcuts::workingSentenceName(m_settings, SettingsKeys::kOpenShortCut);
+    m_notifications.deliver(
         QCoreApplication::translate("TraylessHint", "Quillmarsh is running"),
         shortcut ? QCoreApplication::translate(
                        "TraylessHint", "Press %1 to open the history, or start Quillmarsh again.")
                        .arg(*shortcut)
                  : QCoreApplication::translate("TraylessHint",
                                                "Start Quillmarsh again to open the history."));
-    m_platform.settings->setValue(SettingsKeys::kTraylessHintShown, true);
+    m_settings.setValue(SettingsKeys::kTraylessHintShown, true);
 }

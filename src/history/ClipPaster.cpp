@@ -8,7 +8,10 @@
 #include "history/HistoryWindow.h"
 #include "history/HotKeyManager.h"
 #include "history/SwopState.h"
-#include "platform/Platform.h"
+#include "platform/Clock.h"
+#include "platform/FrontApplication.h"
+#include "platform/Notifications.h"
+#include "platform/Workspace.h"
 
 #include <QScopeGuard>
 
@@ -35,15 +38,15 @@ bool isUnrecorded(const PasteboardContents &contents)
 
 } // namespace
 
-ClipPaster::ClipPaster(Platform &platform, CaptureSettings &settings, ClipHistory &history,
+ClipPaster::ClipPaster(const Ports &ports, CaptureSettings &settings, ClipHistory &history,
                        ClipboardCapture &capture, SwopState &swopState,
                        HotKeyManager &hotKeyManager, HistoryWindow &window, const Waits &waits)
-    : m_platform(platform), m_settings(settings), m_history(history), m_capture(capture),
+    : m_ports(ports), m_settings(settings), m_history(history), m_capture(capture),
       m_swopState(swopState), m_hotKeyManager(hotKeyManager), m_window(window), m_waits(waits)
 {
     m_putBackTimer.setSingleShot(true);
     connect(&m_putBackTimer, &QTimer::timeout, this, &ClipPaster::putBack);
-    connect(m_platform.pasteboard.get(), &Pasteboard::pasteRead, this, [this] {
+    connect(&m_ports.pasteboard, &Pasteboard::pasteRead, this, [this] {
         if (m_putBack)
             m_putBackTimer.start(m_waits.reading);
     });
@@ -59,16 +62,20 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
         return;
     }
     const auto &clips = m_history.clipItemArr();
-    if (static_cast<std::size_t>(row) >= clips.size() || m_capture.isPaused())
+    if (static_cast<std::size_t>(row) >= clips.size() || m_isPasting)
         return;
-    // Held by itself: hiding the window resets the list.
+    // Held by itself: making the window's list whole changes the rows.
     const std::shared_ptr<ClipItem> item = clips[static_cast<std::size_t>(row)];
     const Clip clip = item->clip();
     // What has just arrived is still the swop's.
     if (m_swopState.performSwop())
         m_capture.readFromPasteboard();
+    m_isPasting = true;
     m_capture.setPaused(true);
-    const auto resume = qScopeGuard([this] { m_capture.setPaused(false); });
+    const auto resume = qScopeGuard([this] {
+        m_capture.setPaused(false);
+        m_isPasting = false;
+    });
 
     const Outcome outcome = clip.filepath() ? pasteFile(clip) : pasteString(clip, format);
     if (outcome == Outcome::NotWritten) {
@@ -76,7 +83,8 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
         tell(tr("The clip was not pasted"), tr("The clipboard could not be written."));
         return;
     }
-    // Not before the keystroke, which would wait for the disk.
+    // Not before the keystroke, which would wait for the list, the preview and the disk.
+    m_window.makeWhole();
     m_history.countPaste(item);
     m_putBack.reset();
     m_putBackTimer.stop();
@@ -98,20 +106,19 @@ ClipPaster::Outcome ClipPaster::pasteString(Copy copy, const std::optional<QStri
 
 ClipPaster::Outcome ClipPaster::pasteFile(const Clip &clip)
 {
-    const bool exists = m_platform.workspace->fileExists(*clip.filepath());
+    const bool exists = m_ports.workspace.fileExists(*clip.filepath());
     if (exists && !replaceBy({clip.text, std::nullopt, clip.fileNames}))
         return Outcome::NotWritten;
     m_window.hideApp();
     if (!exists && m_settings.isNotificationsEnabled())
         notifyFileNoLongerExists();
-    m_window.cancelOperation();
     return exists ? typeIntoTarget() : Outcome::NothingToType;
 }
 
 bool ClipPaster::replaceBy(const Copy &copy)
 {
-    const std::optional<PasteboardContents> present = m_platform.pasteboard->contents();
-    if (!m_platform.pasteboard->write(copy))
+    const std::optional<PasteboardContents> present = m_ports.pasteboard.contents();
+    if (!m_ports.pasteboard.write(copy))
         return false;
     if (present && isUnrecorded(*present))
         Q_EMIT unrecordedReplaced(present->media == PasteboardContents::Media::Picture);
@@ -120,7 +127,7 @@ bool ClipPaster::replaceBy(const Copy &copy)
 
 ClipPaster::Outcome ClipPaster::typeIntoTarget()
 {
-    if (!m_platform.frontApplication->returnToTarget()) {
+    if (!m_ports.frontApplication.returnToTarget()) {
         tell(tr("The clip is on the clipboard"), tr("The previous window could not be activated."));
         return Outcome::Stranded;
     }
@@ -140,7 +147,7 @@ void ClipPaster::completeSwop(const Clip &clip, Outcome outcome)
         addHeld(held);
         return;
     }
-    m_platform.clock->wait(m_waits.exchange);
+    m_ports.clock.wait(m_waits.exchange);
     m_history.addToClipList(clip);
     addHeld(held);
     m_capture.passOverOwnWrites();
@@ -161,8 +168,8 @@ void ClipPaster::addReplacedSelections()
 
 void ClipPaster::putBackLater(const SwopItem &selection, Outcome outcome)
 {
-    m_putBack = PutBack{selection, m_platform.pasteboard->contents()};
-    if (outcome != Outcome::Typed || m_platform.pasteboard->isPasteRead())
+    m_putBack = PutBack{selection, m_ports.pasteboard.contents()};
+    if (outcome != Outcome::Typed || m_ports.pasteboard.isPasteRead())
         putBack();
     else
         m_putBackTimer.start(m_waits.patience);
@@ -175,14 +182,14 @@ void ClipPaster::putBack()
         return;
     const PutBack due = *std::exchange(m_putBack, std::nullopt);
     // By its text, because another clipboard manager may have taken the clip over.
-    const std::optional<PasteboardContents> present = m_platform.pasteboard->contents();
+    const std::optional<PasteboardContents> present = m_ports.pasteboard.contents();
     if (present.has_value() != due.pasted.has_value() ||
         (present &&
          (present->text != due.pasted->text || present->fileNames != due.pasted->fileNames)))
         return;
     Copy selection = due.selection;
     selection.fileNames.clear();
-    if (!m_platform.pasteboard->write(selection)) {
+    if (!m_ports.pasteboard.write(selection)) {
         qCWarning(lcHistory, "The replaced selection could not be put on the pasteboard");
         tell(tr("The replaced text is not on the clipboard"),
              tr("The clipboard could not be written."));
@@ -193,15 +200,15 @@ void ClipPaster::putBack()
 
 void ClipPaster::swop()
 {
-    if (m_capture.isPaused())
+    if (m_isPasting)
         return;
     const bool isTargetInFront = returnFromOwnWindow();
     // What was copied before the swop is no part of it.
     m_capture.readFromPasteboard();
     if (isTargetInFront) {
-        m_swopState.begin(m_platform.frontApplication->applicationName());
+        m_swopState.begin(m_ports.frontApplication.applicationName());
         m_hotKeyManager.copy();
-        m_platform.clock->wait(m_waits.copy);
+        m_ports.clock.wait(m_waits.copy);
         m_capture.readFromPasteboard();
     } else {
         m_swopState.begin(QString());
@@ -209,19 +216,21 @@ void ClipPaster::swop()
     m_window.showAtMouse();
 }
 
-/// The keystroke that copies would go to our own window otherwise. False when the target does not
-/// come to the front instead.
+/// The keystroke that copies would go to our own window otherwise. A swop that is chosen from there
+/// ends like one whose window was closed. False when the target does not come to the front instead.
 bool ClipPaster::returnFromOwnWindow()
 {
     if (!m_window.isOursInFront())
         return true;
     m_window.hideApp();
-    return m_platform.frontApplication->returnToTarget();
+    m_window.makeWhole();
+    cancelSwop();
+    return m_ports.frontApplication.returnToTarget();
 }
 
 void ClipPaster::cancelSwop()
 {
-    if (!m_swopState.performSwop() || m_capture.isPaused())
+    if (!m_swopState.performSwop() || m_isPasting)
         return;
     addReplacedSelections();
     if (m_swopState.swopClipItem())
@@ -238,16 +247,16 @@ void ClipPaster::finish()
 void ClipPaster::tell(const QString &title, const QString &subtitle)
 {
     if (m_settings.isNotificationsEnabled())
-        m_platform.notifications->deliver(title, subtitle);
+        m_ports.notifications.deliver(title, subtitle);
 }
 
 bool ClipPaster::setPasteboardString(const QString &text, const std::optional<QString> &rtf)
 {
-    return m_platform.pasteboard->write({text, rtf, {}});
+    return m_ports.pasteboard.write({text, rtf, {}});
 }
 
 void ClipPaster::notifyFileNoLongerExists()
 {
-    m_platform.notifications->deliver(tr("File no longer exists"),
-                                      tr("The file no longer exists at the copied location."));
+    m_ports.notifications.deliver(tr("File no longer exists"),
+                                  tr("The file no longer exists at the copied location."));
 }

@@ -16,8 +16,11 @@ class ClipHistory;
 class ClipboardCapture;
 class HistoryWindow;
 class HotKeyManager;
-struct Platform;
+class Clock;
+class FrontApplication;
+class Notifications;
 class SwopState;
+class Workspace;
 
 /// Puts clips back: on the pasteboard and, with a keystroke, into the application that was in
 /// front; and exchanges that application's selection for a clip (swop). Owned by the application
@@ -40,8 +43,18 @@ public:
         std::chrono::milliseconds reading{100};
     };
 
+    /// What it wants of the desktop.
+    struct Ports
+    {
+        Pasteboard &pasteboard;
+        FrontApplication &frontApplication;
+        Workspace &workspace;
+        Notifications &notifications;
+        Clock &clock;
+    };
+
     /// Everything given must outlive the paster.
-    ClipPaster(Platform &platform, CaptureSettings &settings, ClipHistory &history,
+    ClipPaster(const Ports &ports, CaptureSettings &settings, ClipHistory &history,
                ClipboardCapture &capture, SwopState &swopState, HotKeyManager &hotKeyManager,
                HistoryWindow &window, const Waits &waits);
 
@@ -60,7 +73,7 @@ public:
     void swop();
 
     /// The history window was closed without a choice: what a swop holds is added to the history,
-    /// and the swop ends. Nothing happens outside a swop, or while a paste hides the window.
+    /// and the swop ends. Nothing happens outside a swop, or during a paste.
     void cancelSwop();
 
     /// Ends what is still to come of a swop at once, because the application ends.
@@ -103,7 +116,7 @@ private:
     bool returnFromOwnWindow();
     void tell(const QString &title, const QString &subtitle);
 
-    Platform &m_platform;
+    const Ports m_ports;
     CaptureSettings &m_settings;
     ClipHistory &m_history;
     ClipboardCapture &m_capture;
@@ -111,6 +124,7 @@ private:
     HotKeyManager &m_hotKeyManager;
     HistoryWindow &m_window;
     const Waits m_waits;
+    bool m_isPasting = false;
     std::optional<PutBack> m_putBack;
     QTimer m_putBackTimer;
 };

@@ -28,6 +28,12 @@ ClipboardCapture::ClipboardCapture(Pasteboard &pasteboard, const FrontApplicatio
     connect(&m_pasteboard, &Pasteboard::changed, this, &ClipboardCapture::readFromPasteboard);
 }
 
+void ClipboardCapture::begin()
+{
+    m_hasBegun = true;
+    readFromPasteboard();
+}
+
 void ClipboardCapture::timeout()
 {
     readFromPasteboard();
@@ -35,7 +41,7 @@ void ClipboardCapture::timeout()
 
 void ClipboardCapture::readFromPasteboard()
 {
-    if (m_isPaused)
+    if (!m_hasBegun || m_isPaused)
         return;
     tellLargestUsefulText();
     // Read before the changes, so that one published in between is still due at the next step.

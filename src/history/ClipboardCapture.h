@@ -27,7 +27,11 @@ public:
                      ClipHistory &history, Notifications &notifications, CaptureSettings &settings,
                      SwopState &swopState);
 
-    /// Both run the capture step; nothing happens while paused.
+    /// From now on changes are examined, what the pasteboard holds already first of all. Before,
+    /// the limits may not be known.
+    void begin();
+
+    /// Both run the capture step; nothing happens before begin() and while paused.
     void timeout();
     void readFromPasteboard();
 
@@ -42,10 +46,9 @@ public:
     /// What we have written until now is in the history already, or must not come into it.
     void passOverOwnWrites();
 
-    /// While paused, changes wait: a paste must not see its own writes halfway. What it wrote
-    /// counts as copied in the application that is in front when the pause ends.
+    /// A paste is under way: changes wait, because it must not see its own writes halfway. What it
+    /// wrote counts as copied in the application that is in front when the pause ends.
     void setPaused(bool isPaused);
-    bool isPaused() const { return m_isPaused; }
 
 Q_SIGNALS:
     /// A copy was not recorded because its text is larger than `limit` bytes; `bytes` is absent
@@ -70,6 +73,7 @@ private:
     SwopState &m_swopState;
     qint64 m_previousChangeCount = 0;
     qint64 m_toldLargestText = -1; ///< Bytes; -1 before the pasteboard was told any.
+    bool m_hasBegun = false;
     bool m_isPaused = false;
     qint64 m_pauseBegan = 0; ///< Change count, as the two below.
     qint64 m_pauseEnded = 0;

@@ -141,10 +141,10 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     return platform;
 }
 
-std::unique_ptr<Platform> PlatformLoader::makeHelperPlatform()
+std::unique_ptr<HelperPlatform> PlatformLoader::makeHelperPlatform()
 {
     restoreEnvironment();
-    auto platform = std::make_unique<Platform>();
+    auto platform = std::make_unique<HelperPlatform>();
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/HelperPlatform.h"
 #include "platform/Platform.h"
 #include "platform/SingleInstance.h"
 
@@ -19,9 +20,6 @@ std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storeFolder);
 
 std::unique_ptr<Platform> makePlatform();
 
-/// What the update helper wants: clock, settings, running applications, keyboard layout and status
-/// bar. The rest is null, because two programs must not both serve the pasteboard and grab the
-/// keys.
-std::unique_ptr<Platform> makeHelperPlatform();
+std::unique_ptr<HelperPlatform> makeHelperPlatform();
 
 } // namespace PlatformLoader

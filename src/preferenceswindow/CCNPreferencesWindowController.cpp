@@ -1,6 +1,7 @@
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 
-#include "platform/Platform.h"
+#include "platform/FrontApplication.h"
+#include "platform/WindowSpace.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNSegmentedControl.h"
 
@@ -68,9 +69,11 @@ private:
 
 } // namespace
 
-CCNPreferencesWindowController::CCNPreferencesWindowController(Platform &platform)
-    : m_platform(platform),
-      m_window(std::make_unique<CCNPreferencesWindow>(*platform.settings, *platform.windowSpace))
+CCNPreferencesWindowController::CCNPreferencesWindowController(SettingsStore &settings,
+                                                               WindowSpace &windowSpace,
+                                                               FrontApplication &frontApplication)
+    : m_windowSpace(windowSpace), m_frontApplication(frontApplication),
+      m_window(std::make_unique<CCNPreferencesWindow>(settings, windowSpace))
 {
     m_animation.setDuration(kSwitchMilliseconds);
     m_animation.setEasingCurve(easeInEaseOut());
@@ -120,14 +123,14 @@ void CCNPreferencesWindowController::showPreferencesWindow()
 {
     // Set up before it is mapped rather than shown invisibly first: without a compositor there
     // are no transparent windows.
-    m_window->setVibrant(m_allowsVibrancy && m_platform.windowSpace->isCompositing());
+    m_window->setVibrant(m_allowsVibrancy && m_windowSpace.isCompositing());
     if (!m_viewControllers.isEmpty())
         activateViewController(m_viewControllers.first(), false);
     m_window->keepOnScreen();
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
     m_window->raise();
-    m_platform.frontApplication->activate(m_window->windowHandle());
+    m_frontApplication.activate(m_window->windowHandle());
 }
 
 void CCNPreferencesWindowController::dismissPreferencesWindow()
@@ -297,7 +300,7 @@ void CCNPreferencesWindowController::activateViewController(Pane *pane, bool ani
                                                                   : pane->preferenceTitle());
     m_window->setContentOpacity(0);
     m_window->setContentView(view);
-    if (animate && m_window->isVisible() && m_platform.windowSpace->areAnimationsEnabled())
+    if (animate && m_window->isVisible() && m_windowSpace.areAnimationsEnabled())
         m_animation.start();
     else
         finishSwitch();

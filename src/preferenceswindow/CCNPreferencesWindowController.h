@@ -12,10 +12,12 @@
 
 class CCNPreferencesWindow;
 class CCNSegmentedControl;
-struct Platform;
+class FrontApplication;
 class QAction;
 class QToolBar;
 class QWidget;
+class SettingsStore;
+class WindowSpace;
 
 /// Shows the preference panes in one window and switches between them with its toolbar: ordinary
 /// items with icons, or one segmented control. Switching resizes the window to the new pane with a
@@ -28,8 +30,9 @@ class CCNPreferencesWindowController : public QObject
 public:
     using Pane = CCNPreferencesWindowControllerProtocol;
 
-    /// `platform` keeps the window's frame and brings it to the front; it must outlive this.
-    explicit CCNPreferencesWindowController(Platform &platform);
+    /// The settings keep the window's frame. All must outlive this.
+    CCNPreferencesWindowController(SettingsStore &settings, WindowSpace &windowSpace,
+                                   FrontApplication &frontApplication);
     ~CCNPreferencesWindowController() override;
 
     /// Adds each pane in order, then builds the toolbar. Panes are not owned and must outlive
@@ -93,7 +96,8 @@ private:
     QRect frameFor(const QSize &content) const;
     void finishSwitch();
 
-    Platform &m_platform;
+    WindowSpace &m_windowSpace;
+    FrontApplication &m_frontApplication;
     std::unique_ptr<CCNPreferencesWindow> m_window;
     QList<Pane *> m_viewControllers;
     Pane *m_activeViewController = nullptr;

@@ -1,6 +1,6 @@
 #include "updates/DevMateKit.h"
 
-#include "platform/Platform.h"
+#include "platform/FrontApplication.h"
 #include "updates/crashes/CrashReporter.h"
 #include "updates/crashes/IssueReportDialog.h"
 #include "updates/feedback/FeedbackDelivery.h"
@@ -21,9 +21,10 @@ QString productLine(const Info &info)
 
 } // namespace
 
-DevMateKit::DevMateKit(Platform &platform, Info info, QString folder)
-    : m_platform(platform), m_info(std::move(info)), m_folder(std::move(folder)),
-      m_reports(m_folder + QStringLiteral("/crashes"))
+DevMateKit::DevMateKit(Workspace &workspace, FrontApplication &frontApplication, Info info,
+                       QString folder)
+    : m_workspace(workspace), m_frontApplication(frontApplication), m_info(std::move(info)),
+      m_folder(std::move(folder)), m_reports(m_folder + QStringLiteral("/crashes"))
 {
 }
 
@@ -36,7 +37,7 @@ void DevMateKit::sendTrackingReport()
     FeedbackMessage message;
     message.kind = FeedbackMessage::Kind::Usage;
     message.text = productLine(m_info);
-    m_usage = std::make_unique<FeedbackDelivery>(m_info, *m_platform.workspace, m_folder);
+    m_usage = std::make_unique<FeedbackDelivery>(m_info, m_workspace, m_folder);
     m_usage->deliver(message);
 }
 
@@ -55,14 +56,13 @@ void DevMateKit::showFeedbackDialog(FeedbackMode)
     dialog.setAttribute(Qt::WA_ShowWithoutActivating, false);
     dialog.show();
     dialog.raise();
-    m_platform.frontApplication->activate(dialog.windowHandle());
+    m_frontApplication.activate(dialog.windowHandle());
 }
 
 FeedbackDialog &DevMateKit::feedbackDialog()
 {
     if (!m_feedbackDialog) {
-        m_feedbackDialog =
-            std::make_unique<FeedbackDialog>(m_info, *m_platform.workspace, m_folder);
+        m_feedbackDialog = std::make_unique<FeedbackDialog>(m_info, m_workspace, m_folder);
         qApp->installEventFilter(this);
     }
     return *m_feedbackDialog;
@@ -73,7 +73,7 @@ void DevMateKit::offerWhatIsLeft()
     m_reports.tidy();
     if (m_reports.count() > 0) {
         m_issueDialog =
-            std::make_unique<IssueReportDialog>(m_info, *m_platform.workspace, m_folder, m_reports);
+            std::make_unique<IssueReportDialog>(m_info, m_workspace, m_folder, m_reports);
         qApp->installEventFilter(this);
         m_issueDialog->show();
     }

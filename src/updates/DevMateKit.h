@@ -11,9 +11,10 @@
 class CrashReporter;
 class FeedbackDelivery;
 class FeedbackDialog;
+class FrontApplication;
 class IssueReportDialog;
 class QDialog;
-struct Platform;
+class Workspace;
 
 /// What goes back to those who make the program: feedback, crash reports, and the usage report.
 /// Owned by AppDelegate. Nothing leaves the computer without an address built in, and no clip ever
@@ -31,9 +32,9 @@ public:
         Reported, ///< Crashes leave a report, about which the next start asks.
     };
 
-    /// Drafts and reports are kept in `folder`, the application's data folder. `platform` must
+    /// Drafts and reports are kept in `folder`, the application's data folder. The ports must
     /// outlive this object.
-    DevMateKit(Platform &platform, Info info, QString folder);
+    DevMateKit(Workspace &workspace, FrontApplication &frontApplication, Info info, QString folder);
     ~DevMateKit() override;
 
     /// Tells the address that was built in that this version runs; without one nothing is sent.
@@ -52,7 +53,8 @@ private:
     FeedbackDialog &feedbackDialog();
     void offerWhatIsLeft();
 
-    Platform &m_platform;
+    Workspace &m_workspace;
+    FrontApplication &m_frontApplication;
     const Info m_info;
     const QString m_folder;
     const CrashReports m_reports;

@@ -33,13 +33,15 @@ int live(int argc, char **argv)
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon")));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
-    const std::unique_ptr<Platform> platform = PlatformLoader::makeHelperPlatform();
-    DMHelperAppDelegate delegate(*platform, info, QCoreApplication::applicationFilePath());
+    const std::unique_ptr<HelperPlatform> platform = PlatformLoader::makeHelperPlatform();
+    DMHelperAppDelegate delegate(
+        {*platform->clock, *platform->settings, *platform->runningApplications}, info,
+        QCoreApplication::applicationFilePath());
     const TerminationSignals termination;
     QObject::connect(&termination, &TerminationSignals::terminationRequested, &application,
                      &QCoreApplication::quit);
     const WindowKeys keys(*platform->keyboardLayout, &QCoreApplication::quit);
-    delegate.applicationDidFinishLaunching();
+    delegate.applicationDidFinishLaunching(*platform->statusBar);
     return QApplication::exec();
 }
 

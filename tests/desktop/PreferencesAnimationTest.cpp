@@ -72,10 +72,11 @@ private:
 TEST(PreferencesAnimation, growsAndShrinksInManyStepsWithoutMovingTheTopOrTheMiddle)
 {
     MemoryPlatform memory;
-    memory.platform.windowSpace = std::make_unique<X11WindowSpace>();
+    X11WindowSpace windowSpace;
     FakePane tall(QStringLiteral("tall"), QStringLiteral("Tall"), QSize(600, 460));
     FakePane low(QStringLiteral("low"), QStringLiteral("Low"), QSize(400, 240));
-    CCNPreferencesWindowController controller(memory.platform);
+    CCNPreferencesWindowController controller(memory.settings, windowSpace,
+                                              memory.frontApplication);
     controller.setShowToolbarItemsAsSegmentedControl(true);
     controller.setPreferencesViewControllers({&tall, &low});
     controller.showPreferencesWindow();

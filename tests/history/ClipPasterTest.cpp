@@ -104,11 +104,15 @@ TEST_F(ClipPasterTest, theFirstPasteCountsAsZero)
     EXPECT_EQ(HistoryRig(m_folder.path()).at(kPlain)->pasteCount(), 1);
 }
 
-TEST_F(ClipPasterTest, theClipChosenIsPastedAlthoughHidingTheWindowResetsTheList)
+TEST_F(ClipPasterTest, theClipChosenIsPastedAndOnlyThenIsTheListMadeWhole)
 {
     m_rig.history.filterClipItemArr(QStringLiteral("str"));
-    m_rig.window.whenHidden = [this] { m_rig.history.filterClipItemArr(QString()); };
+    m_rig.window.whenMadeWhole = [this] {
+        EXPECT_EQ(keys().size(), 1);
+        m_rig.history.filterClipItemArr(QString());
+    };
     m_rig.paster.performPaste(0, {});
+    EXPECT_GT(m_rig.texts().size(), 1);
     EXPECT_EQ(onPasteboard()->text, QStringLiteral("Straße"));
 }
 

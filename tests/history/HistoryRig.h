@@ -86,6 +86,7 @@ class TestWindow : public HistoryWindow
 {
 public:
     std::function<void()> whenHidden = [] {};
+    std::function<void()> whenMadeWhole = [] {};
     bool isShown = true;
     bool isInFront = false; ///< Until it is hidden.
 
@@ -97,7 +98,7 @@ public:
         isInFront = false;
         whenHidden();
     }
-    void cancelOperation() override { isShown = false; }
+    void makeWhole() override { whenMadeWhole(); }
     void showAtMouse() override { isShown = true; }
 };
 
@@ -109,9 +110,11 @@ public:
         : HistoryRig(folder), hotKeyManager(platform.keySender),
           capture(platform.pasteboard, platform.frontApplication, history, platform.notifications,
                   settings, swopState),
-          paster(platform.platform, settings, history, capture, swopState, hotKeyManager, window,
-                 waits)
+          paster({platform.pasteboard, platform.frontApplication, platform.workspace,
+                  platform.notifications, platform.clock},
+                 settings, history, capture, swopState, hotKeyManager, window, waits)
     {
+        capture.begin();
     }
 
     void copy(const QString &text, const QString &applicationName = QStringLiteral("Editor"))

@@ -43,7 +43,8 @@ protected:
     MemoryPlatform memory;
     FakePane tall{QStringLiteral("tall"), QStringLiteral("Tall"), kTall};
     FakePane low{QStringLiteral("low"), QStringLiteral("Low"), kShort};
-    CCNPreferencesWindowController controller{memory.platform};
+    CCNPreferencesWindowController controller{memory.settings, memory.windowSpace,
+                                              memory.frontApplication};
 };
 
 TEST_F(PreferencesController, theWindowFitsThePaneItShows)
@@ -209,7 +210,8 @@ TEST(PreferencesPanes, outliveTheWindowThatShowsThem)
     MemoryPlatform memory;
     FakePane pane(QStringLiteral("a"), QStringLiteral("A"), kShort);
     {
-        CCNPreferencesWindowController controller(memory.platform);
+        CCNPreferencesWindowController controller(memory.settings, memory.windowSpace,
+                                                  memory.frontApplication);
         controller.setPreferencesViewControllers({&pane});
         controller.showPreferencesWindow();
     }
@@ -234,7 +236,8 @@ TEST_P(ToolbarItems, standInTheirOrder)
     MemoryPlatform memory;
     FakePane first(QStringLiteral("first"), QStringLiteral("1"), kShort);
     FakePane second(QStringLiteral("second"), QStringLiteral("2"), kShort);
-    CCNPreferencesWindowController controller(memory.platform);
+    CCNPreferencesWindowController controller(memory.settings, memory.windowSpace,
+                                              memory.frontApplication);
     controller.setShowToolbarItemsAsSegmentedControl(GetParam().isSegmented);
     controller.setCenterToolbarItems(GetParam().isCentred);
     const QList<CCNPreferencesWindowController::Pane *> panes{&first, &second};
@@ -278,7 +281,8 @@ TEST_P(ToolbarOfFewPanes, isThereOnlyWhenWanted)
     MemoryPlatform memory;
     FakePane first(kFirst, QStringLiteral("1"), kShort);
     FakePane second(kSecond, QStringLiteral("2"), kShort);
-    CCNPreferencesWindowController controller(memory.platform);
+    CCNPreferencesWindowController controller(memory.settings, memory.windowSpace,
+                                              memory.frontApplication);
     controller.setShowToolbarWithSingleViewController(GetParam().showsWithSingle);
     controller.setShowToolbarItemsAsSegmentedControl(GetParam().isSegmented);
     const QList<CCNPreferencesWindowController::Pane *> panes{&first, &second};

@@ -32,7 +32,8 @@ protected:
         m_kit.reset();
         Info info;
         info.bundleShortVersionString = QStringLiteral("7.8");
-        m_kit = std::make_unique<DevMateKit>(m_platform.platform, info, folder());
+        m_kit = std::make_unique<DevMateKit>(m_platform.workspace, m_platform.frontApplication,
+                                             info, folder());
     }
 
     QString folder() const { return m_folder.filePath(QStringLiteral("data")); }

@@ -208,9 +208,10 @@ protected:
         info.bundleVersion = text("1.0");
         info.feedUrl = url;
         info.certificateAuthorities = TlsServer::authority();
-        updater = DM_SUUpdater::updaterForBundle(root() + text("/versions/1.0"),
-                                                 m_platform.platform, info);
+        updater = DM_SUUpdater::updaterForBundle(root() + text("/versions/1.0"), m_ports, info);
         updater->setDelegate(&delegate);
+        QObject::connect(updater.get(), &DM_SUUpdater::frontWanted, &m_platform.frontApplication,
+                         &FrontApplication::activate);
     }
 
     QString root() const { return QFileInfo(m_folder.path()).canonicalFilePath(); }
@@ -221,6 +222,8 @@ protected:
         TlsServer::reply(connection, m_feed.toUtf8());
     }};
     MemoryPlatform m_platform;
+    const UpdaterPorts m_ports{m_platform.clock, m_platform.settings,
+                               m_platform.runningApplications};
     EndsOfRuns delegate;
     std::unique_ptr<DM_SUUpdater> updater;
 };
@@ -326,13 +329,15 @@ protected:
     std::unique_ptr<DMHelperAppDelegate> launch(const QString &prefix)
     {
         auto helper = std::make_unique<DMHelperAppDelegate>(
-            m_platform.platform, m_info, prefix + text("/libexec/quillmarsh/quillmarsh-updater"));
+            m_ports, m_info, prefix + text("/libexec/quillmarsh/quillmarsh-updater"));
         helper->setErrorPresenter([this](const UpdateError &error) { m_errors.append(error); });
-        helper->applicationDidFinishLaunching();
+        helper->applicationDidFinishLaunching(m_platform.statusBar);
         return helper;
     }
 
     MemoryPlatform m_platform;
+    const UpdaterPorts m_ports{m_platform.clock, m_platform.settings,
+                               m_platform.runningApplications};
     QTemporaryDir m_folder;
     Info m_info;
     QList<UpdateError> m_errors;
@@ -384,7 +389,7 @@ TEST_F(DMHelperAppDelegateTest, anUpdateThatCannotBeginSaysWhyWithItsCode)
 
 TEST_F(DMHelperAppDelegateTest, answersItsUpdaterByVersionSettingsAndWhatRuns)
 {
-    const auto updater = DM_SUUpdater::updaterForMainBundle(m_platform.platform, m_info);
+    const auto updater = DM_SUUpdater::updaterForMainBundle(m_ports, m_info);
     for (const auto &[version, isBeta] :
          {std::pair("2.1b", true), {"2.1", false}, {"2.1b2", false}}) {
         m_info.bundleShortVersionString = text(version);

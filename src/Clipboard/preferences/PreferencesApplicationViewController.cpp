@@ -4,7 +4,7 @@
 #include "Clipboard/preferences/ApplicationsPaneView.h"
 #include "looks/WindowIcons.h"
 #include "platform/KeyedArchive.h"
-#include "platform/Platform.h"
+#include "platform/SettingsStore.h"
 
 #include <QKeyEvent>
 #include <QPushButton>
@@ -32,8 +32,10 @@ std::optional<QList<ApplicationDef>> decoded(const QByteArray &stored)
 
 } // namespace
 
-PreferencesApplicationViewController::PreferencesApplicationViewController(Platform &platform)
-    : m_platform(platform), m_model(m_data, *platform.workspace)
+PreferencesApplicationViewController::PreferencesApplicationViewController(
+    SettingsStore &settings, InstalledApplications &installedApplications, Workspace &workspace)
+    : m_settings(settings), m_installedApplications(installedApplications),
+      m_model(m_data, workspace)
 {
 }
 
@@ -46,14 +48,13 @@ PreferencesApplicationViewController::~PreferencesApplicationViewController()
 
 void PreferencesApplicationViewController::loadPreferences()
 {
-    const SettingsStore &settings = *m_platform.settings;
-    if (!settings.contains(preferenceKey))
+    if (!m_settings.contains(preferenceKey))
         return;
-    const auto list = decoded(settings.value(preferenceKey).toByteArray());
+    const auto list = decoded(m_settings.value(preferenceKey).toByteArray());
     if (!list)
         qFatal("The list of ignored applications under \"%s\" in %s cannot be read; "
                "nothing was changed there",
-               qUtf8Printable(preferenceKey), qUtf8Printable(settings.location()));
+               qUtf8Printable(preferenceKey), qUtf8Printable(m_settings.location()));
     m_data = *list;
     listChanged();
 }
@@ -63,13 +64,13 @@ void PreferencesApplicationViewController::savePreferences()
     QList<ArchivedObject> objects;
     for (const ApplicationDef &application : std::as_const(m_data))
         objects.append(application.encode());
-    m_platform.settings->setValue(preferenceKey, KeyedArchive::archive(objects));
+    m_settings.setValue(preferenceKey, KeyedArchive::archive(objects));
 }
 
 void PreferencesApplicationViewController::addApplication()
 {
     if (!m_chooser) {
-        m_chooser = new ApplicationChooser(*m_platform.installedApplications, view()->window());
+        m_chooser = new ApplicationChooser(m_installedApplications, view()->window());
         m_chooser->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_chooser, &ApplicationChooser::ended, this,
                 &PreferencesApplicationViewController::openPanelEnded);
@@ -190,8 +191,7 @@ void PreferencesApplicationViewController::offerSuggestions()
         return;
     }
     if (m_view->isVisible()) {
-        for (const InstalledApplication &application :
-             m_platform.installedApplications->applications()) {
+        for (const InstalledApplication &application : m_installedApplications.applications()) {
             if (application.isPasswordManager)
                 m_suggestions.append(application);
         }

@@ -13,10 +13,10 @@
 
 #include <memory>
 
-class AppDelegate;
 class ApplicationChooser;
 class ApplicationsPaneView;
-struct Platform;
+class SettingsStore;
+class Workspace;
 
 /// The "Applications" pane: the list of applications whose copies are never recorded, kept under
 /// "applicationsToIgnore". Owned by the application delegate, through which capture reads data().
@@ -30,11 +30,11 @@ public:
 
     const QString preferenceKey = SettingsKeys::kApplicationsToIgnore;
 
-    /// `platform` must outlive the pane.
-    explicit PreferencesApplicationViewController(Platform &platform);
+    /// All must outlive the pane.
+    PreferencesApplicationViewController(SettingsStore &settings,
+                                         InstalledApplications &installedApplications,
+                                         Workspace &workspace);
     ~PreferencesApplicationViewController() override;
-
-    void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
 
     /// Reads the stored list; without one the list stays as it is. A stored list that cannot be
     /// read ends the program: recording on without it would record what the user excluded.
@@ -81,8 +81,8 @@ private:
     /// Adds an entry unless its name is in the list.
     void append(const ApplicationDef &application);
 
-    Platform &m_platform;
-    AppDelegate *m_appDelegate = nullptr;
+    SettingsStore &m_settings;
+    InstalledApplications &m_installedApplications;
     QList<ApplicationDef> m_data;
     IgnoredApplicationsModel m_model;
     QList<InstalledApplication> m_suggestions; ///< Offered by the empty list.

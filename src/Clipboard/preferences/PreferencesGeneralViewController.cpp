@@ -1,11 +1,13 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
-#include "Clipboard/AppDelegate.h"
 #include "Clipboard/preferences/GeneralPaneView.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
+#include "Clipboard/preferences/PreferencesActions.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "looks/WindowIcons.h"
+#include "platform/LoginItems.h"
+#include "platform/SettingsStore.h"
 #include "shortcut/MASShortcut.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutView.h"
@@ -52,8 +54,10 @@ std::optional<qint64> unreachableMaxItems(const QVariant &stored, qint64 asInteg
 
 } // namespace
 
-PreferencesGeneralViewController::PreferencesGeneralViewController(Platform &platform)
-    : m_platform(platform)
+PreferencesGeneralViewController::PreferencesGeneralViewController(PreferencesActions &appDelegate,
+                                                                   SettingsStore &settings,
+                                                                   LoginItems &loginItems)
+    : m_appDelegate(appDelegate), m_settings(settings), m_loginItems(loginItems)
 {
 }
 
@@ -64,14 +68,9 @@ PreferencesGeneralViewController::~PreferencesGeneralViewController()
         m_view->removeEventFilter(this);
 }
 
-void PreferencesGeneralViewController::setAppDelegate(AppDelegate *appDelegate)
-{
-    m_appDelegate = appDelegate;
-}
-
 void PreferencesGeneralViewController::loadView()
 {
-    m_view = std::make_unique<GeneralPaneView>(*m_platform.settings);
+    m_view = std::make_unique<GeneralPaneView>(m_settings);
     m_view->installEventFilter(this);
     QCoreApplication::instance()->installEventFilter(this);
     openAtLoginCB = m_view->openAtLogin;
@@ -94,9 +93,6 @@ void PreferencesGeneralViewController::loadView()
             &PreferencesGeneralViewController::maxStringSizeEdited);
     connect(maxStringSizeTextField, &QLineEdit::editingFinished, this,
             &PreferencesGeneralViewController::maxStringSizeLeft);
-    if (m_appDelegate)
-        connect(m_appDelegate, &AppDelegate::clipItemArrChanged, m_view.get(),
-                [this] { explainMaxItems(getMaxItems()); });
 }
 
 void PreferencesGeneralViewController::loadPreferences()
@@ -104,8 +100,8 @@ void PreferencesGeneralViewController::loadPreferences()
     if (!bindShortcuts())
         return;
     // Whatever the user chose before: deliberate, both are set at every start.
-    m_platform.settings->setValue(SettingsKeys::kUpdaterIsInTestMode, true);
-    m_platform.settings->setValue(SettingsKeys::kUpdaterChecksForBetaUpdates, true);
+    m_settings.setValue(SettingsKeys::kUpdaterIsInTestMode, true);
+    m_settings.setValue(SettingsKeys::kUpdaterChecksForBetaUpdates, true);
     qCInfo(lcPreferences, "Loading Open at Login preference");
     loadOpenAtLogin();
     qCInfo(lcPreferences, "Loading launch shortcut preference");
@@ -142,22 +138,26 @@ bool PreferencesGeneralViewController::isNotificationsEnabled() const
 
 void PreferencesGeneralViewController::setWelcomeWindowShown()
 {
-    SettingsStore &settings = *m_platform.settings;
     m_welcomeWindowShown = true;
-    settings.setValue(welcomeWindowPrefKey, true);
-    if (settings.contains(welcomeMessagePrefKey))
+    m_settings.setValue(welcomeWindowPrefKey, true);
+    if (m_settings.contains(welcomeMessagePrefKey))
         return;
-    settings.setValue(welcomeMessagePrefKey, true);
-    requiredAppDelegate().setPasteboardString(QStringLiteral("Quillmarsh setup complete"),
-                                              std::nullopt);
+    m_settings.setValue(welcomeMessagePrefKey, true);
+    m_appDelegate.setPasteboardString(QStringLiteral("Quillmarsh setup complete"), std::nullopt);
 }
 
 void PreferencesGeneralViewController::setOpenAtLogin(bool isOn)
 {
     required(openAtLoginCB, "openAtLoginCB").setChecked(isOn);
-    m_platform.settings->setValue(openAtLoginPrefKey, isOn);
-    requiredAppDelegate().launchAtStartup(isOn);
+    m_settings.setValue(openAtLoginPrefKey, isOn);
+    m_appDelegate.launchAtStartup(isOn);
     explainOpenAtLogin(isOn);
+}
+
+void PreferencesGeneralViewController::clipItemArrChanged()
+{
+    if (m_view)
+        explainMaxItems(getMaxItems());
 }
 
 void PreferencesGeneralViewController::sliderMoved(int value)
@@ -224,40 +224,36 @@ bool PreferencesGeneralViewController::bindShortcuts()
     MASShortcutBinder *binder = MASShortcutBinder::sharedBinder();
     if (!openShortcut || !swopShortcut || !binder)
         return false;
-    binder->bindShortcutWithDefaultsKey(openShortCutPrefKey,
-                                        [this] { requiredAppDelegate().launch(); });
-    binder->bindShortcutWithDefaultsKey(swopShortCutPrefKey,
-                                        [this] { requiredAppDelegate().swop(); });
+    binder->bindShortcutWithDefaultsKey(openShortCutPrefKey, [this] { m_appDelegate.launch(); });
+    binder->bindShortcutWithDefaultsKey(swopShortCutPrefKey, [this] { m_appDelegate.swop(); });
     return true;
 }
 
 void PreferencesGeneralViewController::loadOpenAtLogin()
 {
-    SettingsStore &settings = *m_platform.settings;
-    if (!settings.contains(openAtLoginPrefKey))
-        settings.setValue(openAtLoginPrefKey, true);
-    required(openAtLoginCB, "openAtLoginCB").setChecked(settings.boolForKey(openAtLoginPrefKey));
+    if (!m_settings.contains(openAtLoginPrefKey))
+        m_settings.setValue(openAtLoginPrefKey, true);
+    required(openAtLoginCB, "openAtLoginCB").setChecked(m_settings.boolForKey(openAtLoginPrefKey));
 }
 
 void PreferencesGeneralViewController::loadShortcut(const QString &key, const MASShortcut &shortcut)
 {
-    if (!m_platform.settings->contains(key))
-        m_platform.settings->setValue(key, shortcut.archive());
+    if (!m_settings.contains(key))
+        m_settings.setValue(key, shortcut.archive());
 }
 
 bool PreferencesGeneralViewController::loadMaxItems()
 {
-    SettingsStore &settings = *m_platform.settings;
-    if (!settings.contains(maxItemsPrefKey))
-        settings.setValue(maxItemsPrefKey, kDefaultMaxItems);
-    const qint64 stored = settings.integerForKey(maxItemsPrefKey);
+    if (!m_settings.contains(maxItemsPrefKey))
+        m_settings.setValue(maxItemsPrefKey, kDefaultMaxItems);
+    const qint64 stored = m_settings.integerForKey(maxItemsPrefKey);
     HistorySizeSlider &slider = required(maxItemsSlider, "maxItemsSlider");
     {
         const QSignalBlocker blocker(slider);
         slider.setValue(static_cast<int>(
             std::clamp<qint64>(stored, HistorySizeSlider::kMinimum, HistorySizeSlider::kMaximum)));
     }
-    m_unreachableMaxItems = unreachableMaxItems(settings.value(maxItemsPrefKey), stored);
+    m_unreachableMaxItems = unreachableMaxItems(m_settings.value(maxItemsPrefKey), stored);
     if (!sliderLabel)
         return false;
     showMaxItems(getMaxItems());
@@ -266,10 +262,9 @@ bool PreferencesGeneralViewController::loadMaxItems()
 
 void PreferencesGeneralViewController::loadMaxStringSize()
 {
-    SettingsStore &settings = *m_platform.settings;
-    if (!settings.contains(maxStringSizePrefKey))
-        settings.setValue(maxStringSizePrefKey, kDefaultMaxStringSize);
-    m_maxStringSize = std::max<qint64>(0, settings.integerForKey(maxStringSizePrefKey));
+    if (!m_settings.contains(maxStringSizePrefKey))
+        m_settings.setValue(maxStringSizePrefKey, kDefaultMaxStringSize);
+    m_maxStringSize = std::max<qint64>(0, m_settings.integerForKey(maxStringSizePrefKey));
     QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
     field.setText(QString::number(m_maxStringSize));
     field.setValidator(new OnlyIntegerNumberFormatter(&field));
@@ -278,23 +273,22 @@ void PreferencesGeneralViewController::loadMaxStringSize()
 
 void PreferencesGeneralViewController::loadNotifications()
 {
-    SettingsStore &settings = *m_platform.settings;
-    if (!settings.contains(notificationsPrefKey))
-        settings.setValue(notificationsPrefKey, true);
+    if (!m_settings.contains(notificationsPrefKey))
+        m_settings.setValue(notificationsPrefKey, true);
     required(notificationsCheckbox, "notificationsCheckbox")
-        .setChecked(settings.boolForKey(notificationsPrefKey));
+        .setChecked(m_settings.boolForKey(notificationsPrefKey));
 }
 
 void PreferencesGeneralViewController::loadWelcomeWindow()
 {
-    if (m_platform.settings->contains(welcomeWindowPrefKey))
-        m_welcomeWindowShown = m_platform.settings->boolForKey(welcomeWindowPrefKey);
+    if (m_settings.contains(welcomeWindowPrefKey))
+        m_welcomeWindowShown = m_settings.boolForKey(welcomeWindowPrefKey);
 }
 
 void PreferencesGeneralViewController::maxItemsChosen(int value)
 {
     m_unreachableMaxItems.reset();
-    m_platform.settings->setValue(maxItemsPrefKey, qlonglong(value));
+    m_settings.setValue(maxItemsPrefKey, qlonglong(value));
     sliderMoved(value);
 }
 
@@ -309,7 +303,7 @@ void PreferencesGeneralViewController::maxStringSizeEdited(const QString &text)
 {
     if (!text.isEmpty()) {
         m_maxStringSize = OnlyIntegerNumberFormatter::integerValue(text);
-        m_platform.settings->setValue(maxStringSizePrefKey, qlonglong(m_maxStringSize));
+        m_settings.setValue(maxStringSizePrefKey, qlonglong(m_maxStringSize));
     }
     m_view->explainMaxStringSize(getMaxStringSize());
 }
@@ -333,15 +327,14 @@ void PreferencesGeneralViewController::showMaxItems(qint64 maxItems)
 
 void PreferencesGeneralViewController::explainMaxItems(qint64 maxItems)
 {
-    const auto clips =
-        m_appDelegate ? static_cast<qint64>(m_appDelegate->getClipItemArr().size()) : 0;
+    const auto clips = static_cast<qint64>(m_appDelegate.getClipItemArr().size());
     m_view->explainMaxItems(maxItems == kNoLimit ? std::nullopt : std::optional(maxItems), clips);
 }
 
 void PreferencesGeneralViewController::explainOpenAtLogin(bool wasWrittenNow)
 {
-    m_view->explainOpenAtLogin(m_platform.settings->boolForKey(openAtLoginPrefKey),
-                               m_platform.loginItems->ownEntry(), wasWrittenNow);
+    m_view->explainOpenAtLogin(m_settings.boolForKey(openAtLoginPrefKey), m_loginItems.ownEntry(),
+                               wasWrittenNow);
 }
 
 void PreferencesGeneralViewController::viewDidDisappear()
@@ -350,13 +343,6 @@ void PreferencesGeneralViewController::viewDidDisappear()
     // The first comparison never finds them equal: the member keeps its -1, so the history is cut
     // to size whenever the pane disappears. Deliberate.
     const qint64 maxItems = required(maxItemsSlider, "maxItemsSlider").value();
-    if (m_originalMaxItems != maxItems && m_appDelegate)
-        m_appDelegate->maxItemsModified(m_unreachableMaxItems ? kNoLimit : maxItems);
-}
-
-AppDelegate &PreferencesGeneralViewController::requiredAppDelegate() const
-{
-    if (!m_appDelegate)
-        qFatal("The General pane has no application delegate");
-    return *m_appDelegate;
+    if (m_originalMaxItems != maxItems)
+        m_appDelegate.maxItemsModified(m_unreachableMaxItems ? kNoLimit : maxItems);
 }

@@ -10,14 +10,15 @@
 #include <memory>
 #include <optional>
 
-class AppDelegate;
 class GeneralPaneView;
 class HistorySizeSlider;
+class LoginItems;
 class MASShortcut;
 class MASShortcutView;
 class QCheckBox;
+class PreferencesActions;
 class QLineEdit;
-struct Platform;
+class SettingsStore;
 
 /// The "General" pane: owns the settings keys and their defaults, shows them in its controls, and
 /// is where everybody reads the live limits. Owned by the application delegate, which loads it at
@@ -38,12 +39,11 @@ public:
     const QString welcomeWindowPrefKey = SettingsKeys::kWelcomeWindowShown;
     const QString welcomeMessagePrefKey = SettingsKeys::kWelcomeMessageShown;
 
-    /// `platform` must outlive the pane.
-    explicit PreferencesGeneralViewController(Platform &platform);
+    /// All must outlive the pane.
+    PreferencesGeneralViewController(PreferencesActions &appDelegate, SettingsStore &settings,
+                                     LoginItems &loginItems);
     ~PreferencesGeneralViewController() override;
 
-    /// Called before the view is loaded. The delegate must outlive the pane.
-    void setAppDelegate(AppDelegate *appDelegate);
     /// Makes the controls; they show nothing yet.
     void loadView();
     /// Binds the shortcuts, writes the defaults that are missing and shows the settings: once, at
@@ -70,6 +70,8 @@ public:
     /// Stores the choice and changes the login item.
     void setOpenAtLogin(bool isOn);
 
+    /// The history has more clips or fewer.
+    void clipItemArrChanged();
     void sliderMoved(int value);
     void openAtLoginClicked();
     void notificationsClicked();
@@ -112,10 +114,10 @@ private:
     /// `wasWrittenNow`: the desktop's list was to be written a moment ago.
     void explainOpenAtLogin(bool wasWrittenNow);
     void viewDidDisappear();
-    AppDelegate &requiredAppDelegate() const;
 
-    Platform &m_platform;
-    AppDelegate *m_appDelegate = nullptr;
+    PreferencesActions &m_appDelegate;
+    SettingsStore &m_settings;
+    LoginItems &m_loginItems;
     qint64 m_originalMaxItems = -1;
     bool m_welcomeWindowShown = false;
     bool m_isEnding = false; ///< The application's end hides the pane.

@@ -2,8 +2,11 @@
 
 #include "hotkey/HotKeyCenter.h"
 #include "looks/ReadingDirection.h"
+#include "platform/HotKeys.h"
+#include "platform/KeyboardLayout.h"
 #include "platform/ModifierFlags.h"
-#include "platform/Platform.h"
+#include "platform/SettingsStore.h"
+#include "platform/SymbolicHotKeys.h"
 #include "shortcut/KeyNames.h"
 #include "shortcut/KeyedUnarchiveTransformer.h"
 #include "shortcut/MASShortcutBinder.h"
@@ -24,13 +27,15 @@ QString tr(const char *text)
 
 } // namespace
 
-void GlobalShortcuts::connect(Platform &platform, const std::function<MenuModel()> &statusMenu)
+void GlobalShortcuts::connect(KeyboardLayout &keyboardLayout, HotKeys &hotKeys,
+                              SymbolicHotKeys &symbolicHotKeys, SettingsStore &settings,
+                              const std::function<MenuModel()> &statusMenu)
 {
-    KeyNames::current().setKeyboardLayout(platform.keyboardLayout.get());
-    MASShortcutMonitor::connectShared(*platform.hotKeys);
-    HotKeyCenter::connectShared(*platform.hotKeys);
-    MASShortcutBinder::connectShared(*platform.settings);
-    MASShortcutValidator::connectShared(platform.symbolicHotKeys.get(), platform.hotKeys.get());
+    KeyNames::current().setKeyboardLayout(&keyboardLayout);
+    MASShortcutMonitor::connectShared(hotKeys);
+    HotKeyCenter::connectShared(hotKeys);
+    MASShortcutBinder::connectShared(settings);
+    MASShortcutValidator::connectShared(&symbolicHotKeys, &hotKeys);
     MASShortcutValidator::sharedValidator().setBoundElsewhere(
         [](const MASShortcut &shortcut, const QString &key) {
             return MASShortcutBinder::sharedBinder()->isBoundElsewhere(shortcut, key);

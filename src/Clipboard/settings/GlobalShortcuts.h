@@ -9,17 +9,20 @@
 #include <functional>
 #include <optional>
 
-struct Platform;
+class HotKeys;
+class KeyboardLayout;
 class SettingsStore;
+class SymbolicHotKeys;
 
 /// The two system-wide shortcuts, as far as they are not the General pane's: it binds them to their
 /// actions when it loads.
 namespace GlobalShortcuts {
 
-/// Gives the process-wide shortcut objects their platform. Once, before any of them is used.
+/// Gives the process-wide shortcut objects their ports. Once, before any of them is used.
 /// `statusMenu` tells the menu whose entries a new shortcut must not clash with; copying, cutting
 /// and pasting are taken besides.
-void connect(Platform &platform, const std::function<MenuModel()> &statusMenu);
+void connect(KeyboardLayout &keyboardLayout, HotKeys &hotKeys, SymbolicHotKeys &symbolicHotKeys,
+             SettingsStore &settings, const std::function<MenuModel()> &statusMenu);
 
 /// A shortcut in words, as the keys of a Linux keyboard are called: "Super + Shift + V".
 QString wordName(const MASShortcut &shortcut);

@@ -43,15 +43,13 @@ std::array<Content, TourGuide::kPopovers> contents()
 
 } // namespace
 
-void TourGuide::startTour(QWidget *searchTextField, QWidget *listView, QWidget *previewView)
+void TourGuide::startTour(QWidget &searchTextField, QWidget &listView, QWidget &previewView)
 {
-    if (!m_appDelegate || !searchTextField || !listView || !previewView)
-        qFatal("The tour has nothing to show");
     endTour();
-    m_searchTextField = searchTextField;
-    m_listView = listView;
-    m_previewView = previewView;
-    m_window = searchTextField->window();
+    m_searchTextField = &searchTextField;
+    m_listView = &listView;
+    m_previewView = &previewView;
+    m_window = searchTextField.window();
     m_window->installEventFilter(this);
     size_t index = 0;
     for (const Content &content : contents()) {

@@ -6,7 +6,6 @@
 
 #include <array>
 
-class AppDelegate;
 class TourPopover;
 class TourViewController;
 
@@ -21,12 +20,9 @@ class TourGuide : public QObject
 public:
     static constexpr int kPopovers = 4;
 
-    /// Called before a tour. The delegate must outlive the guide.
-    void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
-
     /// Begins with the first popover; a tour under way begins anew. The three stand in the same
     /// window.
-    void startTour(QWidget *searchTextField, QWidget *listView, QWidget *previewView);
+    void startTour(QWidget &searchTextField, QWidget &listView, QWidget &previewView);
     /// Goes on to the next popover; after the last the tour is over.
     void nextClicked();
     void endTour();
@@ -42,7 +38,6 @@ public:
 private:
     void showPopover(int index);
 
-    AppDelegate *m_appDelegate = nullptr;
     QPointer<QWidget> m_searchTextField;
     QPointer<QWidget> m_listView;
     QPointer<QWidget> m_previewView;

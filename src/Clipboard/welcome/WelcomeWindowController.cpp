@@ -1,10 +1,9 @@
 #include "Clipboard/welcome/WelcomeWindowController.h"
 
-#include "Clipboard/AppDelegate.h"
-#include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "Clipboard/settings/SettingsKeys.h"
 #include "Clipboard/welcome/PageIndicator.h"
+#include "Clipboard/welcome/WelcomeActions.h"
 #include "Clipboard/welcome/WelcomePage1Controller.h"
 #include "Clipboard/welcome/WelcomePages.h"
 #include "Clipboard/welcome/WelcomeWindow.h"
@@ -12,6 +11,9 @@
 #include "looks/ClipColors.h"
 #include "looks/PaneButton.h"
 #include "looks/PointerScreen.h"
+#include "platform/FrontApplication.h"
+#include "platform/SettingsStore.h"
+#include "platform/WindowSpace.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -24,8 +26,13 @@ constexpr int kLastPage = WelcomeWindowView::kPages - 1;
 
 } // namespace
 
-WelcomeWindowController::WelcomeWindowController(Platform &platform, const QString &storeFolder)
-    : m_platform(platform), m_storeFolder(storeFolder)
+WelcomeWindowController::WelcomeWindowController(WelcomeActions &appDelegate,
+                                                 const SettingsStore &settings,
+                                                 WindowSpace &windowSpace,
+                                                 FrontApplication &frontApplication,
+                                                 const QString &storeFolder)
+    : m_appDelegate(appDelegate), m_settings(settings), m_windowSpace(windowSpace),
+      m_frontApplication(frontApplication), m_storeFolder(storeFolder)
 {
 }
 
@@ -38,7 +45,7 @@ void WelcomeWindowController::showWelcomeWindow()
         return;
     }
     loadWindow();
-    m_page1->openAtLogin->setChecked(m_platform.settings->boolForKey(SettingsKeys::kOpenAtLogin));
+    m_page1->openAtLogin->setChecked(m_settings.boolForKey(SettingsKeys::kOpenAtLogin));
     showShortcuts();
     showPage(0, PageSlider::Movement::None);
     bringToFront();
@@ -53,7 +60,7 @@ void WelcomeWindowController::loadWindow()
 {
     if (m_window)
         return;
-    m_window = std::make_unique<WelcomeWindow>(*m_platform.windowSpace);
+    m_window = std::make_unique<WelcomeWindow>(m_windowSpace);
     m_view = new WelcomeWindowView(m_window.get());
     m_page1 = new WelcomePage1Controller;
     auto [page2, setOpenKeys] = WelcomePages::makePage2();
@@ -96,9 +103,8 @@ void WelcomeWindowController::addShortcut(const QKeySequence &keys,
 
 void WelcomeWindowController::setPageView(QWidget *page, PageSlider::Movement movement)
 {
-    m_view->mainContentView->setPage(page, m_platform.windowSpace->areAnimationsEnabled()
-                                               ? movement
-                                               : PageSlider::Movement::None);
+    m_view->mainContentView->setPage(
+        page, m_windowSpace.areAnimationsEnabled() ? movement : PageSlider::Movement::None);
 }
 
 void WelcomeWindowController::showPage(int index, PageSlider::Movement movement)
@@ -130,7 +136,7 @@ void WelcomeWindowController::nextClicked()
     showPage(m_currentPageIdx + 1, PageSlider::Movement::Forward);
     if (m_currentPageIdx != kLastPage)
         return;
-    requiredAppDelegate().generalPane().setWelcomeWindowShown();
+    m_appDelegate.setWelcomeWindowShown();
     m_session.stop();
 }
 
@@ -150,11 +156,10 @@ void WelcomeWindowController::returnPressed()
 
 void WelcomeWindowController::applyPage1()
 {
-    AppDelegate &appDelegate = requiredAppDelegate();
-    appDelegate.generalPane().setOpenAtLogin(m_page1->openAtLogin->isChecked());
+    m_appDelegate.setOpenAtLogin(m_page1->openAtLogin->isChecked());
     // Deliberately off, whatever the box shows: what is handed over is whether the check box
     // itself, not its state, equals the number 1, and a check box equals no number.
-    appDelegate.setCheckForUpdates(false);
+    m_appDelegate.setCheckForUpdates(false);
 }
 
 void WelcomeWindowController::closeWindow()
@@ -175,13 +180,13 @@ void WelcomeWindowController::windowWillClose()
 void WelcomeWindowController::tourClicked()
 {
     closeWindow();
-    requiredAppDelegate().startTour();
+    m_appDelegate.startTour();
 }
 
 void WelcomeWindowController::showShortcuts()
 {
     const auto keysOf = [this](const QString &key) {
-        const auto shortcut = GlobalShortcuts::storedShortcut(*m_platform.settings, key);
+        const auto shortcut = GlobalShortcuts::storedShortcut(m_settings, key);
         return shortcut ? GlobalShortcuts::keyCaps(*shortcut) : QStringList();
     };
     m_setOpenKeys(keysOf(SettingsKeys::kOpenShortCut));
@@ -194,7 +199,7 @@ QString WelcomeWindowController::openShortcutLine() const
     const MASShortcut usual = GlobalShortcuts::defaultOpenShortcut();
     const QString usualName = GlobalShortcuts::sentenceName(usual);
     const std::optional<MASShortcut> own =
-        GlobalShortcuts::storedShortcut(*m_platform.settings, SettingsKeys::kOpenShortCut);
+        GlobalShortcuts::storedShortcut(m_settings, SettingsKeys::kOpenShortCut);
     if (own == usual)
         return tr("Open your history at any time: %1").arg(usualName);
     if (own)
@@ -215,19 +220,12 @@ void WelcomeWindowController::applyTheme()
 void WelcomeWindowController::bringToFront()
 {
     if (!m_window->isVisible()) {
-        const QRect screen = PointerScreen::visibleFrame(*m_platform.windowSpace);
+        const QRect screen = PointerScreen::visibleFrame(m_windowSpace);
         QRect frame(QPoint(), m_view->fittingSize());
         frame.moveCenter(screen.center());
         m_window->setFrame(frame);
     }
     m_window->showNormal();
     m_window->raise();
-    m_platform.frontApplication->activate(m_window->windowHandle());
-}
-
-AppDelegate &WelcomeWindowController::requiredAppDelegate() const
-{
-    if (!m_appDelegate)
-        qFatal("The welcome window has no application delegate");
-    return *m_appDelegate;
+    m_frontApplication.activate(m_window->windowHandle());
 }

@@ -11,12 +11,14 @@
 #include <functional>
 #include <memory>
 
-class AppDelegate;
+class FrontApplication;
+class SettingsStore;
+class WelcomeActions;
 class WelcomePage;
 class WelcomePage1Controller;
 class WelcomeWindow;
 class WelcomeWindowView;
-struct Platform;
+class WindowSpace;
 
 /// Shows the first-run window and leads through its four pages. Owned by AppDelegate. Until the
 /// last page is reached the window runs modally: showWelcomeWindow() returns only then, or when the
@@ -26,12 +28,11 @@ class WelcomeWindowController : public QObject
     Q_OBJECT
 
 public:
-    /// `platform` must outlive the controller. `storeFolder` is where the history is kept.
-    WelcomeWindowController(Platform &platform, const QString &storeFolder);
+    /// `storeFolder` is where the history is kept; all else must outlive the controller.
+    WelcomeWindowController(WelcomeActions &appDelegate, const SettingsStore &settings,
+                            WindowSpace &windowSpace, FrontApplication &frontApplication,
+                            const QString &storeFolder);
     ~WelcomeWindowController() override;
-
-    /// Called before the window is first shown. The delegate must outlive the controller.
-    void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
 
     /// Shows the first page and runs the window modally. While it runs already, only brings it to
     /// the front.
@@ -69,11 +70,12 @@ private:
     QString openShortcutLine() const;
     void applyTheme();
     void bringToFront();
-    AppDelegate &requiredAppDelegate() const;
 
-    Platform &m_platform;
+    WelcomeActions &m_appDelegate;
+    const SettingsStore &m_settings;
+    WindowSpace &m_windowSpace;
+    FrontApplication &m_frontApplication;
     const QString m_storeFolder;
-    AppDelegate *m_appDelegate = nullptr;
     ModalSession m_session;
     std::unique_ptr<WelcomeWindow> m_window;
     WelcomeWindowView *m_view = nullptr;              ///< The window's.

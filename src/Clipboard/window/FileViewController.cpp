@@ -1,12 +1,13 @@
 #include "Clipboard/window/FileViewController.h"
 
-#include "Clipboard/AppDelegate.h"
 #include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/PreviewRegistry.h"
+#include "Clipboard/window/HistoryActions.h"
 #include "Clipboard/window/PathLabel.h"
 #include "looks/Looks.h"
 #include "looks/PaneButton.h"
 #include "looks/WindowIcons.h"
+#include "platform/Workspace.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -25,8 +26,9 @@ constexpr std::chrono::seconds kForgetAfter{30};
 
 } // namespace
 
-FileViewController::FileViewController()
-    : m_registry(std::make_unique<PreviewRegistry>()), m_view(std::make_unique<QWidget>()),
+FileViewController::FileViewController(HistoryActions &appDelegate, Workspace &workspace)
+    : m_appDelegate(appDelegate), m_workspace(workspace),
+      m_registry(std::make_unique<PreviewRegistry>()), m_view(std::make_unique<QWidget>()),
       m_filepathLabel(new PathLabel(view())), m_separatorLine(new QFrame(view())),
       m_openButton(new PaneButton(tr("Open"), view())),
       m_revealInFinderButton(new PaneButton(tr("Reveal in File Manager"), view())),
@@ -83,7 +85,7 @@ void FileViewController::setPreviewItem(const QString &path)
 void FileViewController::askExistence(const QString &path)
 {
     const quint64 question = ++m_question;
-    m_appDelegate->platform().workspace->askFileExists(path, this, [this, question](bool exists) {
+    m_workspace.askFileExists(path, this, [this, question](bool exists) {
         if (question == m_question)
             existenceKnown(exists);
     });
@@ -147,12 +149,12 @@ bool FileViewController::eventFilter(QObject *watched, QEvent *event)
 
 void FileViewController::openClicked()
 {
-    m_appDelegate->openFile();
+    m_appDelegate.openFile();
 }
 
 void FileViewController::revealClicked()
 {
-    m_appDelegate->revealInFinder();
+    m_appDelegate.revealInFinder();
 }
 
 void FileViewController::setColors(const ClipColors &colors)

@@ -10,13 +10,14 @@
 
 #include <memory>
 
-class AppDelegate;
 class FilePreview;
+class HistoryActions;
 class PaneButton;
 class PathLabel;
 class PreviewRegistry;
 class QFrame;
 class QLabel;
+class Workspace;
 
 /// The file preview: shows the selected file clip's file, its path, and buttons to open or reveal
 /// it; or says that the file has gone. Owned by ViewController, which puts its view into the
@@ -26,11 +27,9 @@ class FileViewController : public QObject
     Q_OBJECT
 
 public:
-    FileViewController();
+    /// Both must outlive the controller.
+    FileViewController(HistoryActions &appDelegate, Workspace &workspace);
     ~FileViewController() override;
-
-    /// Must be called once, before the first file is shown.
-    void setAppDelegate(AppDelegate *appDelegate) { m_appDelegate = appDelegate; }
 
     /// The whole pane. May be put into another widget, which must outlive this object.
     QWidget *view() const { return m_view.get(); }
@@ -77,7 +76,8 @@ private:
     void askExistence(const QString &path);
     void existenceKnown(bool exists);
 
-    AppDelegate *m_appDelegate = nullptr;
+    HistoryActions &m_appDelegate;
+    Workspace &m_workspace;
     const std::unique_ptr<PreviewRegistry> m_registry;
     QTimer m_forgetting; ///< From when the pane is hidden until what it has read is forgotten.
     const std::unique_ptr<QWidget> m_view; ///< Ends before the registry that its parts use.

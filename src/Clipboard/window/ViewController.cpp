@@ -1,6 +1,5 @@
 #include "Clipboard/window/ViewController.h"
 
-#include "Clipboard/AppDelegate.h"
 #include "Clipboard/window/ClipInfoLine.h"
 #include "Clipboard/window/ClipRowDelegate.h"
 #include "Clipboard/window/ClipTableView.h"
@@ -8,10 +7,10 @@
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/EmptyStateView.h"
 #include "Clipboard/window/FileViewController.h"
+#include "Clipboard/window/HistoryActions.h"
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/SearchFieldDelegate.h"
-#include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/SwopState.h"
 #include "looks/ClipColors.h"
@@ -24,9 +23,10 @@
 
 #include <algorithm>
 
-ViewController::ViewController(AppDelegate &appDelegate)
-    : m_appDelegate(appDelegate), m_views(*appDelegate.platform().clock),
-      m_fileViewController(std::make_unique<FileViewController>())
+ViewController::ViewController(HistoryActions &appDelegate, const SwopState &swopState,
+                               Workspace &workspace, Clock &clock)
+    : m_appDelegate(appDelegate), m_swopState(swopState), m_views(clock),
+      m_fileViewController(std::make_unique<FileViewController>(appDelegate, workspace))
 {
     viewDidLoad();
 }
@@ -44,13 +44,12 @@ void ViewController::viewDidLoad()
             &ViewController::splitViewDidResizeSubviews);
     connect(m_views.textFieldView, &PreviewPane::resized, this,
             &ViewController::splitViewDidResizeSubviews);
-    m_fileViewController->setAppDelegate(&m_appDelegate);
     m_fileViewController->view()->hide();
     m_fileViewController->view()->setParent(m_views.textFieldView);
     connect(textView(), &ClipTextView::otherKeyPressed, this, &ViewController::typeIntoSearchField);
-    connect(&m_appDelegate, &AppDelegate::clipItemArrChanged, this,
+    connect(&m_appDelegate, &HistoryActions::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
-    connect(&m_appDelegate.swopState(), &SwopState::changed, this, &ViewController::updateNotice);
+    connect(&m_swopState, &SwopState::changed, this, &ViewController::updateNotice);
     applyTheme();
     updateEmptyState();
     updateNotice();
@@ -135,9 +134,15 @@ void ViewController::hide()
     {
         const QScopedValueRollback<bool> hiding(m_isHiding, true);
         m_appDelegate.hide();
-        clearSearch();
-        selectRow(0);
+        makeWhole();
     }
+    Q_EMIT closed();
+}
+
+void ViewController::makeWhole()
+{
+    clearSearch();
+    selectRow(0);
     Q_EMIT didHide();
 }
 
@@ -240,14 +245,13 @@ void ViewController::updateEmptyState()
 
 void ViewController::updateNotice()
 {
-    const SwopState &swop = m_appDelegate.swopState();
-    if (!swop.performSwop())
-        m_views.setNotice(m_appDelegate.history().isReadOnly()
+    if (!m_swopState.performSwop())
+        m_views.setNotice(m_appDelegate.isReadOnly()
                               ? tr("Nothing is recorded: the history cannot be written")
                               : QString());
-    else if (!swop.swopClipItem())
+    else if (!m_swopState.swopClipItem())
         m_views.setNotice(tr("Swop: no selection is held, so the clip is only pasted"));
-    else if (const QString name = swop.swopClipItem()->applicationName.value_or(QString());
+    else if (const QString name = m_swopState.swopClipItem()->applicationName.value_or(QString());
              !name.isEmpty())
         m_views.setNotice(tr("Swop: the selection of %1 is held").arg(name.simplified()));
     else

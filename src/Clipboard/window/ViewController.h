@@ -10,14 +10,17 @@
 #include <optional>
 #include <vector>
 
-class AppDelegate;
 class ClipItem;
 class ClipTextView;
+class Clock;
 class FileViewController;
+class HistoryActions;
 class QAbstractScrollArea;
 class QKeyEvent;
 class QTableView;
 class SearchFieldDelegate;
+class SwopState;
+class Workspace;
 
 /// The history window's content controller: lists the clips, keeps the one selection that every
 /// operation acts on, and shows the selected clip's preview. Owned by WindowDelegate. What is
@@ -33,11 +36,12 @@ public:
         Value ///< The clip's display text.
     };
 
-    /// `appDelegate` must outlive the controller.
-    explicit ViewController(AppDelegate &appDelegate);
+    /// All must outlive the controller.
+    ViewController(HistoryActions &appDelegate, const SwopState &swopState, Workspace &workspace,
+                   Clock &clock);
     ~ViewController() override;
 
-    AppDelegate &appDelegate() const { return m_appDelegate; }
+    HistoryActions &appDelegate() const { return m_appDelegate; }
 
     /// The whole content. Stands in a window that outlives the controller, but goes with it.
     ClipboardView *mainView() const { return m_views.mainView.get(); }
@@ -75,8 +79,10 @@ public:
     void paste();
     void paste(const QString &format);
     void paste(int row, const std::optional<QString> &format);
-    /// Closes the window and makes the history whole again.
+    /// Closes the window, as its user wants, and makes the history whole again.
     void hide();
+    /// Ends the search and selects the first clip, once the window is hidden.
+    void makeWhole();
     void deleteItem();
     void selectRow(int row);
     /// Selects the row nearest to `row` that exists and shows its preview; the preview of the clip
@@ -118,8 +124,10 @@ public:
     void applyTheme();
 
 Q_SIGNALS:
-    /// The window was closed and the history is whole again.
+    /// The window is gone and the history whole again.
     void didHide();
+    /// Besides, its user has closed it: no paste has.
+    void closed();
 
 private:
     /// What a file preview is given, by the established name; the preview takes the plain path
@@ -145,7 +153,8 @@ private:
     std::shared_ptr<ClipItem> itemAt(int row) const;
     int selectedRow() const;
 
-    AppDelegate &m_appDelegate;
+    HistoryActions &m_appDelegate;
+    const SwopState &m_swopState;
     HistoryViews m_views;
     SearchFieldDelegate *m_searchFieldDelegate = nullptr;
     std::unique_ptr<FileViewController> m_fileViewController;

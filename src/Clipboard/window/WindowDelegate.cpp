@@ -1,6 +1,5 @@
 #include "Clipboard/window/WindowDelegate.h"
 
-#include "Clipboard/AppDelegate.h"
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/FileViewController.h"
@@ -8,13 +7,18 @@
 #include "Clipboard/window/ViewController.h"
 #include "looks/PaneButton.h"
 #include "looks/PointerScreen.h"
+#include "platform/FrontApplication.h"
+#include "platform/KeySender.h"
 #include "platform/ModifierFlags.h"
+#include "platform/WindowSpace.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -22,10 +26,12 @@ constexpr std::chrono::milliseconds kRecheckInterval{50};
 
 } // namespace
 
-WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
-    : m_appDelegate(appDelegate),
-      m_window(std::make_unique<ClipboardWindow>(*appDelegate.platform().windowSpace)),
-      m_viewController(std::make_unique<ViewController>(appDelegate))
+WindowDelegate::WindowDelegate(std::unique_ptr<ViewController> viewController,
+                               WindowSpace &windowSpace, FrontApplication &frontApplication,
+                               KeySender &keySender)
+    : m_windowSpace(windowSpace), m_frontApplication(frontApplication), m_keySender(keySender),
+      m_window(std::make_unique<ClipboardWindow>(windowSpace)),
+      m_viewController(std::move(viewController))
 {
     m_window->setContentView(m_viewController->mainView());
     m_window->installEventFilter(this);
@@ -34,8 +40,6 @@ WindowDelegate::WindowDelegate(AppDelegate &appDelegate)
     filePane.revealInFinderButton()->installEventFilter(this);
     connect(m_window.get(), &ClipboardWindow::themeChanged, m_viewController.get(),
             &ViewController::applyTheme);
-    connect(m_viewController.get(), &ViewController::didHide, &m_appDelegate,
-            &AppDelegate::windowClosed);
 
     m_recheckTimer.setInterval(kRecheckInterval);
     connect(&m_recheckTimer, &QTimer::timeout, this, &WindowDelegate::windowDeactivated);
@@ -48,44 +52,42 @@ WindowDelegate::~WindowDelegate()
 
 void WindowDelegate::showWindow()
 {
-    const Platform &platform = m_appDelegate.platform();
     if (!m_window->isVisible())
         takeAim();
     if (!m_isPrepared) {
         m_window->winId();
-        platform.windowSpace->prepareUtilityWindow(m_window->windowHandle());
+        m_windowSpace.prepareUtilityWindow(m_window->windowHandle());
         // Another screen may have another scale, for which the icons are drawn anew.
         connect(m_window->windowHandle(), &QWindow::screenChanged, m_viewController.get(),
                 &ViewController::applyTheme);
         m_isPrepared = true;
     }
-    m_window->setFrame(ClipboardWindow::placedFrame(
-        PointerScreen::visibleFrame(*platform.windowSpace), m_window->frame().width()));
+    m_window->setFrame(ClipboardWindow::placedFrame(PointerScreen::visibleFrame(m_windowSpace),
+                                                    m_window->frame().width()));
     m_viewController->setIsWindowKey(true);
     m_window->show();
-    platform.keySender->keepTypedAhead(m_window->windowHandle());
+    m_keySender.keepTypedAhead(m_window->windowHandle());
     m_window->raise();
-    platform.frontApplication->activate(m_window->windowHandle());
+    m_frontApplication.activate(m_window->windowHandle());
 }
 
 void WindowDelegate::takeAim()
 {
-    FrontApplication &front = *m_appDelegate.platform().frontApplication;
     const QWidgetList windows = QApplication::topLevelWidgets();
     const auto covered = std::find_if(windows.begin(), windows.end(), [&](const QWidget *window) {
         const QWidget *focused = window->focusWidget();
         return window->isVisible() && window->windowHandle() && focused &&
                focused->testAttribute(Qt::WA_InputMethodEnabled) &&
-               front.isInFront(*window->windowHandle());
+               m_frontApplication.isInFront(*window->windowHandle());
     });
     m_coveredWindow = covered == windows.end() ? nullptr : *covered;
-    front.setOwnTarget(m_coveredWindow ? m_coveredWindow->windowHandle() : nullptr);
+    m_frontApplication.setOwnTarget(m_coveredWindow ? m_coveredWindow->windowHandle() : nullptr);
 }
 
 void WindowDelegate::forgetCoveredWindow()
 {
     m_coveredWindow = nullptr;
-    m_appDelegate.platform().frontApplication->setOwnTarget(nullptr);
+    m_frontApplication.setOwnTarget(nullptr);
 }
 
 void WindowDelegate::cancelOperation()
@@ -93,10 +95,24 @@ void WindowDelegate::cancelOperation()
     m_window->hide();
 }
 
+void WindowDelegate::makeWay()
+{
+    const QScopedValueRollback<bool> makesWay(m_makesWay, true);
+    m_window->hide();
+}
+
+void WindowDelegate::makeWhole()
+{
+    if (std::exchange(m_isMadeWay, false))
+        m_viewController->makeWhole();
+}
+
 void WindowDelegate::windowDidResignKey()
 {
     m_recheckTimer.stop();
-    m_viewController->hide();
+    m_isMadeWay = m_makesWay;
+    if (!m_makesWay)
+        m_viewController->hide();
     m_viewController->setIsWindowKey(false);
 }
 
@@ -167,8 +183,7 @@ bool WindowDelegate::hasFocusInOwnDialog() const
 
 bool WindowDelegate::keepsKey() const
 {
-    return hasFocusInOwnDialog() ||
-           m_appDelegate.platform().frontApplication->isInFront(*m_window->windowHandle());
+    return hasFocusInOwnDialog() || m_frontApplication.isInFront(*m_window->windowHandle());
 }
 
 void WindowDelegate::windowDeactivated()

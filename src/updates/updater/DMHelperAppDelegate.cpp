@@ -1,6 +1,8 @@
 #include "updates/updater/DMHelperAppDelegate.h"
 
-#include "platform/Platform.h"
+#include "platform/RunningApplications.h"
+#include "platform/SettingsStore.h"
+#include "platform/StatusBar.h"
 #include "updates/UpdatesLog.h"
 #include "updates/updater/DM_SUUpdater.h"
 #include "updates/updater/Installation.h"
@@ -33,8 +35,8 @@ void showAlert(const UpdateError &error)
 
 } // namespace
 
-DMHelperAppDelegate::DMHelperAppDelegate(Platform &platform, Info info, QString programPath)
-    : m_platform(platform), m_info(std::move(info)), m_programPath(std::move(programPath)),
+DMHelperAppDelegate::DMHelperAppDelegate(const UpdaterPorts &ports, Info info, QString programPath)
+    : m_ports(ports), m_info(std::move(info)), m_programPath(std::move(programPath)),
       m_present(&showAlert)
 {
 }
@@ -46,15 +48,15 @@ void DMHelperAppDelegate::setErrorPresenter(std::function<void(const UpdateError
     m_present = std::move(present);
 }
 
-void DMHelperAppDelegate::applicationDidFinishLaunching()
+void DMHelperAppDelegate::applicationDidFinishLaunching(StatusBar &statusBar)
 {
     const QAction *updating = m_menu.addAction(tr("Update in background"));
     connect(updating, &QAction::triggered, this, &DMHelperAppDelegate::updateMainApp);
     m_menu.addSeparator();
     const QAction *quitting = m_menu.addAction(tr("Quit"));
     connect(quitting, &QAction::triggered, qApp, &QCoreApplication::quit);
-    m_platform.statusBar->showItem(QIcon(QStringLiteral(":/AppIcon")),
-                                   QGuiApplication::applicationDisplayName(), &m_menu);
+    statusBar.showItem(QIcon(QStringLiteral(":/AppIcon")),
+                       QGuiApplication::applicationDisplayName(), &m_menu);
     // The helper lies three levels inside the main bundle.
     m_mainAppBundlePath = m_programPath.section(u'/', 0, -4);
     m_mainAppUpdater.reset();
@@ -66,7 +68,7 @@ void DMHelperAppDelegate::updateMainApp()
         fail(kBusyCode, tr("Updating process is in progress."));
         return;
     }
-    auto updater = DM_SUUpdater::updaterForBundle(m_mainAppBundlePath, m_platform, m_info);
+    auto updater = DM_SUUpdater::updaterForBundle(m_mainAppBundlePath, m_ports, m_info);
     if (!updater) {
         fail(kNotLocatedCode, tr("Main application bundle could not be located"));
         return;
@@ -90,8 +92,7 @@ bool DMHelperAppDelegate::isMainAppRunning() const
 {
     if (!DM_SUUpdater::isBundle(m_mainAppBundlePath))
         return false;
-    const QStringList running =
-        m_platform.runningApplications->bundlePaths(m_info.bundleIdentifier);
+    const QStringList running = m_ports.runningApplications.bundlePaths(m_info.bundleIdentifier);
     const Installation installation =
         Installation::of(Installation::Evidence::of(m_mainAppBundlePath));
     return running.contains(m_mainAppBundlePath) ||
@@ -130,7 +131,7 @@ bool DMHelperAppDelegate::updaterShouldCheckForBetaUpdates(const DM_SUUpdater &)
 
 bool DMHelperAppDelegate::isUpdaterInTestMode(const DM_SUUpdater &)
 {
-    const bool isTest = m_platform.settings->boolForKey(QStringLiteral("checkForTestUpdates"));
+    const bool isTest = m_ports.settings.boolForKey(QStringLiteral("checkForTestUpdates"));
     if (isTest)
         qCInfo(lcUpdates, "%s\n", "check for test updates enabled");
     return isTest;

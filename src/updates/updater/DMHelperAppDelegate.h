@@ -2,6 +2,7 @@
 
 #include "platform/Info.h"
 #include "updates/updater/DM_SUUpdaterDelegate.h"
+#include "updates/updater/UpdaterPorts.h"
 
 #include <QMenu>
 #include <QObject>
@@ -11,8 +12,8 @@
 #include <memory>
 #include <optional>
 
-struct Platform;
 class DM_SUUpdater;
+class StatusBar;
 
 /// Updates the main application from outside it, and answers for it while its updater works. Owned
 /// by the helper program, where it has the status item and starts the runs; the main application
@@ -24,11 +25,11 @@ class DMHelperAppDelegate : public QObject, public DM_SUUpdaterDelegate
 public:
     /// `programPath` is the absolute path of the program that this runs in. `info` is that of the
     /// main bundle.
-    DMHelperAppDelegate(Platform &platform, Info info, QString programPath);
+    DMHelperAppDelegate(const UpdaterPorts &ports, Info info, QString programPath);
     ~DMHelperAppDelegate() override;
 
-    /// The start of the helper program.
-    void applicationDidFinishLaunching();
+    /// The start of the helper program, whose status item goes onto `statusBar`.
+    void applicationDidFinishLaunching(StatusBar &statusBar);
     /// Updates the main application in the background, or says in an alert why not.
     void updateMainApp();
     /// Does nothing.
@@ -62,7 +63,7 @@ private:
     void abort(const std::optional<UpdateError> &error);
     void fail(int code, const QString &description);
 
-    Platform &m_platform;
+    const UpdaterPorts m_ports;
     const Info m_info;
     const QString m_programPath;
     QMenu m_menu; ///< The status item's.

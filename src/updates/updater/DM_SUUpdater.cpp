@@ -1,6 +1,7 @@
 #include "updates/updater/DM_SUUpdater.h"
 
-#include "platform/Platform.h"
+#include "platform/RunningApplications.h"
+#include "platform/SettingsStore.h"
 #include "updates/UpdatesLog.h"
 #include "updates/updater/Relauncher.h"
 #include "updates/updater/UpdateRun.h"
@@ -32,20 +33,19 @@ QString downloadFolder(const Info &info)
 } // namespace
 
 std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForBundle(const QString &bundlePath,
-                                                             Platform &platform, const Info &info)
+                                                             const UpdaterPorts &ports,
+                                                             const Info &info)
 {
     if (!isBundle(bundlePath))
         return nullptr;
-    return std::unique_ptr<DM_SUUpdater>(
-        new DM_SUUpdater(bundlePath, platform, info, Owner::Helper));
+    return std::unique_ptr<DM_SUUpdater>(new DM_SUUpdater(bundlePath, ports, info, Owner::Helper));
 }
 
-std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForMainBundle(Platform &platform,
+std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForMainBundle(const UpdaterPorts &ports,
                                                                  const Info &info)
 {
     const QString prefix = QCoreApplication::applicationFilePath().section(u'/', 0, -3);
-    return std::unique_ptr<DM_SUUpdater>(
-        new DM_SUUpdater(prefix, platform, info, Owner::MainBundle));
+    return std::unique_ptr<DM_SUUpdater>(new DM_SUUpdater(prefix, ports, info, Owner::MainBundle));
 }
 
 bool DM_SUUpdater::isBundle(const QString &bundlePath)
@@ -54,11 +54,11 @@ bool DM_SUUpdater::isBundle(const QString &bundlePath)
     return program.isFile() && program.isExecutable();
 }
 
-DM_SUUpdater::DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info, Owner owner)
-    : m_platform(platform), m_info(std::move(info)),
+DM_SUUpdater::DM_SUUpdater(const QString &bundlePath, const UpdaterPorts &ports, Info info,
+                           Owner owner)
+    : m_ports(ports), m_info(std::move(info)),
       m_installation(Installation::of(Installation::Evidence::of(bundlePath))),
-      m_schedule(*platform.settings, *platform.clock, owner == Owner::MainBundle && !obstacle(),
-                 this)
+      m_schedule(ports.settings, ports.clock, owner == Owner::MainBundle && !obstacle(), this)
 {
     connect(&m_schedule, &UpdateSchedule::due, this, [this] {
         if (!m_run)
@@ -121,7 +121,7 @@ void DM_SUUpdater::start(Manner manner)
     UpdateRun::Setup setup;
     setup.info = m_info;
     setup.installation = m_installation;
-    setup.running = m_platform.runningApplications.get();
+    setup.running = &m_ports.runningApplications;
     setup.downloadFolder = downloadFolder(m_info);
     setup.withBeta = m_delegate && m_delegate->updaterShouldCheckForBetaUpdates(*this);
     setup.withTest = m_delegate && m_delegate->isUpdaterInTestMode(*this);
@@ -173,7 +173,7 @@ void DM_SUUpdater::runFound()
         m_run->download();
         return;
     }
-    const bool isSkipped = m_platform.settings->value(kSkippedKey).toString() == version;
+    const bool isSkipped = m_ports.settings.value(kSkippedKey).toString() == version;
     const bool mayShow = !m_delegate || m_delegate->updaterMayShowModalAlert(*this);
     if (m_manner == Manner::Scheduled && (isSkipped || !mayShow)) {
         abort(std::nullopt);
@@ -271,7 +271,7 @@ UpdateWindow &DM_SUUpdater::openWindow()
         });
         connect(m_window.get(), &UpdateWindow::skipChosen, this, [this] {
             if (m_run)
-                m_platform.settings->setValue(kSkippedKey, m_run->item().version);
+                m_ports.settings.setValue(kSkippedKey, m_run->item().version);
             m_window->close();
         });
     }
@@ -282,7 +282,7 @@ UpdateWindow &DM_SUUpdater::openWindow()
     m_window->show();
     m_window->raise();
     if (isAskedFor)
-        m_platform.frontApplication->activate(m_window->windowHandle());
+        Q_EMIT frontWanted(m_window->windowHandle());
     return *m_window;
 }
 

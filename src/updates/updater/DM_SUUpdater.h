@@ -4,6 +4,7 @@
 #include "updates/updater/DM_SUUpdaterDelegate.h"
 #include "updates/updater/Installation.h"
 #include "updates/updater/UpdateSchedule.h"
+#include "updates/updater/UpdaterPorts.h"
 
 #include <QObject>
 #include <QString>
@@ -11,7 +12,7 @@
 #include <memory>
 #include <optional>
 
-struct Platform;
+class QWindow;
 class UpdateRun;
 class UpdateWindow;
 
@@ -27,11 +28,12 @@ public:
     /// The updater of the program in the prefix `bundlePath`; null when there is no program. `info`
     /// is the program's. Until it has a delegate it asks for no beta and no test versions, shows
     /// its windows and relaunches nothing.
-    static std::unique_ptr<DM_SUUpdater> updaterForBundle(const QString &bundlePath,
-                                                          Platform &platform, const Info &info);
+    static std::unique_ptr<DM_SUUpdater>
+    updaterForBundle(const QString &bundlePath, const UpdaterPorts &ports, const Info &info);
 
     /// The updater of the program that is running.
-    static std::unique_ptr<DM_SUUpdater> updaterForMainBundle(Platform &platform, const Info &info);
+    static std::unique_ptr<DM_SUUpdater> updaterForMainBundle(const UpdaterPorts &ports,
+                                                              const Info &info);
 
     /// Whether there is a program in the prefix.
     static bool isBundle(const QString &bundlePath);
@@ -55,6 +57,10 @@ public:
     /// For tests and for who brings it to the front; null while none is open.
     UpdateWindow *window() const { return m_window.get(); }
 
+Q_SIGNALS:
+    /// The window that the user's own check has opened is to have the keyboard.
+    void frontWanted(QWindow *window);
+
 private:
     enum class Manner {
         Background,  ///< Never a window.
@@ -65,7 +71,7 @@ private:
     /// Only the program itself looks once a day.
     enum class Owner { MainBundle, Helper };
 
-    DM_SUUpdater(const QString &bundlePath, Platform &platform, Info info, Owner owner);
+    DM_SUUpdater(const QString &bundlePath, const UpdaterPorts &ports, Info info, Owner owner);
 
     std::optional<QString> obstacle() const;
     void start(Manner manner);
@@ -80,7 +86,7 @@ private:
     void dismissed();
     bool hasWindow() const { return m_window != nullptr; }
 
-    Platform &m_platform;
+    const UpdaterPorts m_ports;
     const Info m_info;
     const Installation m_installation;
     DM_SUUpdaterDelegate *m_delegate = nullptr;

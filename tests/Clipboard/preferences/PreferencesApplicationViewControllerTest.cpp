@@ -41,7 +41,8 @@ protected:
     }
 
     MemoryPlatform memory;
-    PreferencesApplicationViewController pane{memory.platform};
+    PreferencesApplicationViewController pane{memory.settings, memory.installedApplications,
+                                              memory.workspace};
 };
 
 TEST_F(ApplicationsPane, comesBackWithTheSameRowsInTheSameOrder)
@@ -49,7 +50,8 @@ TEST_F(ApplicationsPane, comesBackWithTheSameRowsInTheSameOrder)
     add("Mail");
     add("1Password 7");
     add("A.Dotted.Name");
-    PreferencesApplicationViewController again(memory.platform);
+    PreferencesApplicationViewController again(memory.settings, memory.installedApplications,
+                                               memory.workspace);
     again.loadPreferences();
     EXPECT_EQ(again.data(), pane.data());
     EXPECT_EQ(names(), QStringList({QStringLiteral("Mail"), QStringLiteral("1Password 7"),
@@ -84,7 +86,8 @@ TEST_P(UndecodableList, endsTheProgramWithALineThatNamesKeyAndFile)
         {
             MemoryPlatform memory;
             memory.settings.setValue(kKey, GetParam().stored);
-            PreferencesApplicationViewController pane(memory.platform);
+            PreferencesApplicationViewController pane(memory.settings, memory.installedApplications,
+                                                      memory.workspace);
             pane.loadPreferences();
         },
         "\"applicationsToIgnore\" in memory cannot be read");

@@ -2,6 +2,7 @@
 
 #include "Clipboard/AppDelegate.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
+#include "Clipboard/preferences/PreferencesActions.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "platform/memory/MemoryPlatform.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
@@ -176,11 +177,27 @@ TEST_F(GeneralPane, tellsWhatItLoadsInItsOrder)
     EXPECT_EQ(told, expected);
 }
 
-TEST(GeneralPaneAlone, stopsItsLoadWithoutARecorder)
+/// The pane without an application.
+class GeneralPaneAlone : public testing::Test, public PreferencesActions
 {
+protected:
+    GeneralPaneAlone() { MASShortcutBinder::connectShared(memory.settings); }
+
+    // ^PreferencesActions
+    void launch() override {}
+    void swop() override {}
+    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const override { return clips; }
+    void maxItemsModified(qint64) override {}
+    void setPasteboardString(const QString &, const std::optional<QString> &) override {}
+    void launchAtStartup(bool) override {}
+
     MemoryPlatform memory;
-    MASShortcutBinder::connectShared(memory.settings);
-    PreferencesGeneralViewController pane(memory.platform);
+    std::vector<std::shared_ptr<ClipItem>> clips;
+    PreferencesGeneralViewController pane{*this, memory.settings, memory.loginItems};
+};
+
+TEST_F(GeneralPaneAlone, stopsItsLoadWithoutARecorder)
+{
     pane.loadView();
     delete pane.swopShortcut.data();
     pane.loadPreferences();
@@ -189,11 +206,8 @@ TEST(GeneralPaneAlone, stopsItsLoadWithoutARecorder)
     EXPECT_FALSE(MASShortcutBinder::sharedBinder()->isRegisteredAction(pane.openShortCutPrefKey));
 }
 
-TEST(GeneralPaneAlone, stopsItsLoadWithoutTheSlidersLabel)
+TEST_F(GeneralPaneAlone, stopsItsLoadWithoutTheSlidersLabel)
 {
-    MemoryPlatform memory;
-    MASShortcutBinder::connectShared(memory.settings);
-    PreferencesGeneralViewController pane(memory.platform);
     pane.loadView();
     delete pane.sliderLabel.data();
     pane.loadPreferences();
@@ -201,10 +215,10 @@ TEST(GeneralPaneAlone, stopsItsLoadWithoutTheSlidersLabel)
     EXPECT_FALSE(memory.settings.contains(pane.maxStringSizePrefKey));
 }
 
-TEST(GeneralPaneDeathTest, aLimitCannotBeAskedWithoutItsControl)
+using GeneralPaneDeathTest = GeneralPaneAlone;
+
+TEST_F(GeneralPaneDeathTest, aLimitCannotBeAskedWithoutItsControl)
 {
-    MemoryPlatform memory;
-    const PreferencesGeneralViewController pane(memory.platform);
     EXPECT_DEATH((void)pane.getMaxItems(), "maxItemsSlider");
     EXPECT_DEATH((void)pane.getMaxStringSize(), "maxStringSizeTextField");
     EXPECT_DEATH((void)pane.isNotificationsEnabled(), "notificationsCheckbox");

@@ -1,9 +1,12 @@
+#include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/EmptyStateView.h"
 #include "Clipboard/window/FileViewController.h"
+#include "Clipboard/window/HistoryActions.h"
 #include "Clipboard/window/NoticeLine.h"
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/SplitViewDelegate.h"
 #include "WindowRig.h"
+#include "history/SwopState.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -297,6 +300,68 @@ TEST_F(ViewControllerTest, everyControlCarriesTheNameThatOthersLookFor)
     const QAbstractItemModel &model = *table->model();
     EXPECT_EQ(model.index(0, 0).data(Qt::AccessibleTextRole), QStringLiteral("1"));
     EXPECT_EQ(model.index(0, 1).data(Qt::AccessibleTextRole), QStringLiteral("first words"));
+}
+
+TEST_F(ViewControllerTest, aPasteTypesBeforeTheHistoryIsMadeWhole)
+{
+    addAll({QStringLiteral("apple"), QStringLiteral("pear")});
+    open();
+    QTest::keyClicks(field, QStringLiteral("app"));
+    int keystrokes = 0;
+    memory.keySender.setReaction([&](quint32) {
+        ++keystrokes;
+        EXPECT_FALSE(delegate.window()->isVisible());
+        EXPECT_EQ(field->text(), QStringLiteral("app"));
+        EXPECT_EQ(delegate.getClipItemArr().size(), 1U);
+    });
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(keystrokes, 1);
+    EXPECT_EQ(field->text(), QString());
+    EXPECT_EQ(delegate.getClipItemArr().size(), 2U);
+    EXPECT_FALSE(controller->isWindowKey());
+}
+
+/// The actions of an application that has no clips and is asked for one thing after the other.
+class TestActions : public HistoryActions
+{
+public:
+    // ^HistoryActions
+    const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const override { return clips; }
+    void filterClipItemArr(const std::optional<QString> &text) override
+    {
+        asked.append(QStringLiteral("filter ") + text.value_or(QString()));
+    }
+    void deleteItem(const std::shared_ptr<ClipItem> &) override {}
+    bool isReadOnly() const override { return true; }
+    void performPaste(int row, const std::optional<QString> &format) override
+    {
+        asked.append(QStringLiteral("paste %1 ").arg(row) + format.value_or(QString()));
+    }
+    void openFile() override { asked.append(QStringLiteral("open")); }
+    void revealInFinder() override { asked.append(QStringLiteral("reveal")); }
+    void hide() override { asked.append(QStringLiteral("hide")); }
+
+    std::vector<std::shared_ptr<ClipItem>> clips;
+    QStringList asked;
+};
+
+TEST(ViewControllerAlone, asksForWhatItsUserDoes)
+{
+    MemoryPlatform memory;
+    TestActions actions;
+    const SwopState swopState;
+    ViewController controller(actions, swopState, memory.workspace, memory.clock);
+    EXPECT_TRUE(controller.mainView()->findChild<NoticeLine *>()->text().contains(
+        QStringLiteral("cannot be written")));
+    QTest::keyClicks(controller.searchTextField(), QStringLiteral("x"));
+    controller.paste(3, QStringLiteral("upper"));
+    controller.fileViewController().openClicked();
+    controller.fileViewController().revealClicked();
+    controller.hide();
+    EXPECT_EQ(actions.asked,
+              (QStringList{QStringLiteral("filter x"), QStringLiteral("paste 3 upper"),
+                           QStringLiteral("open"), QStringLiteral("reveal"), QStringLiteral("hide"),
+                           QStringLiteral("filter ")}));
 }
 
 } // namespace

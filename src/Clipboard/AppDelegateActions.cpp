@@ -1,0 +1,309 @@
+// What is asked of the application: most of it is one line into a room.
+
+#include "Clipboard/AppDelegate.h"
+
+#include "Clipboard/ApplicationUpdates.h"
+#include "Clipboard/HelpPage.h"
+#include "Clipboard/HistoryPanel.h"
+#include "Clipboard/preferences/PreferencesGeneralViewController.h"
+#include "Clipboard/welcome/TourGuide.h"
+#include "Clipboard/welcome/WelcomeWindowController.h"
+#include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/PreviewPane.h"
+#include "Clipboard/window/SearchField.h"
+#include "Clipboard/window/ViewController.h"
+#include "history/ClipHistory.h"
+#include "history/ClipItem.h"
+#include "history/ClipPaster.h"
+#include "history/ClipStore.h"
+#include "history/ClipboardCapture.h"
+#include "history/StoreModel.h"
+#include "preferenceswindow/CCNPreferencesWindow.h"
+#include "preferenceswindow/CCNPreferencesWindowController.h"
+#include "updates/DevMateKit.h"
+#include "updates/updater/DMHelperAppDelegate.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <utility>
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcApplication, "quillmarsh.application")
+
+} // namespace
+
+void AppDelegate::logTrace(const QString &message) const
+{
+    if (m_trace)
+        qCInfo(lcApplication).noquote() << message;
+}
+
+void AppDelegate::launch()
+{
+    if (handleWelcomeWindow())
+        return;
+    if (m_panel->isWorkedIn()) {
+        viewController()->next();
+        return;
+    }
+    // A clip that was pasted a moment ago is the newest, and would move the rows at the next step.
+    m_capture->readFromPasteboard();
+    m_history->loadForeignChanges();
+    setWindowVisible();
+    viewController()->selectRow(0, true);
+}
+
+void AppDelegate::swop()
+{
+    // Later there would be no selection to swop.
+    if (waitsForWelcome(nullptr))
+        return;
+    // A swop takes its selection from another program, never from a field of ours.
+    m_panel->forgetCoveredWindow();
+    m_paster->swop();
+    m_panel->unhide();
+}
+
+void AppDelegate::openPreferences()
+{
+    if (waitsForWelcome(&AppDelegate::openPreferences))
+        return;
+    m_preferences->showPreferencesWindow();
+    askAboutDamagedSettings(m_preferences->window());
+}
+
+void AppDelegate::openTextLimit()
+{
+    if (waitsForWelcome(&AppDelegate::openTextLimit))
+        return;
+    openPreferences();
+    m_preferencesGeneral->selectMaxStringSize();
+}
+
+void AppDelegate::clearAll()
+{
+    // A search of what is gone would say that nothing matches, as if there were something.
+    viewController()->clearSearch();
+    m_history->clearAll();
+}
+
+void AppDelegate::help()
+{
+    openHelpPage(*m_platform.workspace);
+}
+
+void AppDelegate::quit()
+{
+    qCInfo(lcApplication, "Exit");
+    QCoreApplication::quit();
+}
+
+void AppDelegate::checkForUpdates()
+{
+    if (waitsForWelcome(&AppDelegate::checkForUpdates))
+        return;
+    if (!m_checkForUpdatesMI)
+        qFatal("The menu item that checks for updates is missing");
+    m_checkForUpdatesMI->trigger();
+}
+
+DMHelperAppDelegate &AppDelegate::dmManager() const
+{
+    return m_updates->dmManager();
+}
+
+void AppDelegate::showFeedbackDialog()
+{
+    if (waitsForWelcome(&AppDelegate::showFeedbackDialog))
+        return;
+    m_devMateKit->showFeedbackDialog(DevMateKit::FeedbackMode::Dialog);
+}
+
+void AppDelegate::showWelcomeWindow(bool force)
+{
+    if (force || !m_preferencesGeneral->welcomeWindowShown())
+        m_welcomeWindowController->showWelcomeWindow();
+}
+
+bool AppDelegate::handleWelcomeWindow()
+{
+    // Damaged settings do not tell whether it was shown, and would not keep what is chosen in it.
+    if (!m_preferencesGeneral->welcomeWindowShown() && !m_platform.settings->areSettingsDamaged()) {
+        showWelcomeWindow(false);
+        return true;
+    }
+    // One that was asked for again runs modally although it was completed before.
+    if (m_welcomeWindowController->isWindowOpen() || m_welcomeWindowController->isModal())
+        m_welcomeWindowController->closeWindow();
+    return false;
+}
+
+/// While the welcome runs modally no other window takes input, so none is opened beside it.
+bool AppDelegate::waitsForWelcome(void (AppDelegate::*wish)())
+{
+    if (!m_welcomeWindowController->isModal())
+        return false;
+    m_welcomeWindowController->showWelcomeWindow();
+    if (wish && !m_wishesAfterWelcome.contains(wish))
+        m_wishesAfterWelcome.append(wish);
+    return true;
+}
+
+void AppDelegate::welcomeWindowClosed()
+{
+    // Later, because the welcome's own call is still under way.
+    const auto wishes = std::exchange(m_wishesAfterWelcome, {});
+    for (const auto wish : wishes)
+        QMetaObject::invokeMethod(this, wish, Qt::QueuedConnection);
+}
+
+void AppDelegate::setOpenAtLogin(bool isOn)
+{
+    m_preferencesGeneral->setOpenAtLogin(isOn);
+}
+
+void AppDelegate::setCheckForUpdates(bool isOn)
+{
+    dmManager().checkForUpdates(isOn);
+}
+
+void AppDelegate::setWelcomeWindowShown()
+{
+    m_preferencesGeneral->setWelcomeWindowShown();
+}
+
+void AppDelegate::startTour()
+{
+    setWindowVisible();
+    viewController()->selectRow(0, true);
+    m_tourGuide->startTour(*viewController()->searchTextField(), *viewController()->clipTableView(),
+                           *viewController()->textFieldView());
+}
+
+ViewController *AppDelegate::viewController() const
+{
+    return m_panel->viewController();
+}
+
+ClipboardWindow *AppDelegate::window() const
+{
+    return m_panel->window();
+}
+
+void AppDelegate::setWindowVisible()
+{
+    m_panel->setWindowVisible();
+}
+
+void AppDelegate::hide()
+{
+    m_panel->hide();
+}
+
+void AppDelegate::hideApp()
+{
+    m_panel->hideApp();
+}
+
+std::shared_ptr<ClipItem> AppDelegate::getSelectedItem() const
+{
+    const int row = viewController()->clipTableView()->selectedIdx().value_or(-1);
+    const auto &items = m_history->clipItemArr();
+    if (row < 0 || static_cast<size_t>(row) >= items.size())
+        return nullptr;
+    return items[static_cast<size_t>(row)];
+}
+
+void AppDelegate::openFile()
+{
+    const std::shared_ptr<ClipItem> item = getSelectedItem();
+    const std::optional<QString> path = item ? item->filepath() : std::nullopt;
+    if (!path || !m_platform.workspace->fileExists(*path))
+        return;
+    hide();
+    if (!m_platform.workspace->openFile(*path))
+        qCWarning(lcApplication, "no application could be started for the file");
+}
+
+void AppDelegate::revealInFinder()
+{
+    const std::shared_ptr<ClipItem> item = getSelectedItem();
+    if (item && item->filepath())
+        m_platform.workspace->selectFile(*item->filepath(), QFileInfo(*item->filepath()).path());
+}
+
+QUrl AppDelegate::applicationDocumentsDirectory() const
+{
+    return QUrl::fromLocalFile(QFileInfo(m_storeFolder).absolutePath());
+}
+
+const StoreModel &AppDelegate::managedObjectModel() const
+{
+    return managedObjectContext().store().model();
+}
+
+ClipStore &AppDelegate::persistentStoreCoordinator() const
+{
+    ClipStore &store = managedObjectContext().store();
+    store.open();
+    return store;
+}
+
+ClipContext &AppDelegate::managedObjectContext() const
+{
+    return m_history->managedObjectContext();
+}
+
+const std::vector<std::shared_ptr<ClipItem>> &AppDelegate::getClipItemArr() const
+{
+    return m_history->getClipItemArr();
+}
+
+void AppDelegate::filterClipItemArr(const std::optional<QString> &searchText)
+{
+    m_history->filterClipItemArr(searchText);
+}
+
+bool AppDelegate::isReadOnly() const
+{
+    return m_history->isReadOnly();
+}
+
+void AppDelegate::deleteItem(const std::shared_ptr<ClipItem> &item)
+{
+    m_history->deleteItem(item);
+}
+
+void AppDelegate::performPaste(int row, const std::optional<QString> &format)
+{
+    // Return where nothing matches ends a swop like closing the window does: the selection that it
+    // holds may be replaced by the next paste and stand nowhere else.
+    if (row < 0)
+        m_paster->cancelSwop();
+    m_paster->performPaste(row, format);
+    m_panel->unhide();
+    m_panel->forgetCoveredWindow();
+}
+
+void AppDelegate::maxItemsModified(qint64 maxItems)
+{
+    m_history->maxItemsModified(maxItems);
+}
+
+void AppDelegate::setPasteboardString(const QString &text, const std::optional<QString> &rtf)
+{
+    m_paster->setPasteboardString(text, rtf);
+}
+
+LaunchAtLogin::Lookup AppDelegate::applicationIsInStartUpItems() const
+{
+    return m_launchAtLogin.applicationIsInStartUpItems();
+}
+
+void AppDelegate::launchAtStartup(bool isOn)
+{
+    m_launchAtLogin.launchAtStartup(isOn);
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class ClipItem;
+
+/// What the history window asks of the application. Implemented above this room, which thereby
+/// knows nothing of the rest; outlives the window. Main thread.
+class HistoryActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The clips listed at the moment, newest first.
+    virtual const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const = 0;
+    /// Replaces the list by the clips that match; an absent text leaves it as it is.
+    virtual void filterClipItemArr(const std::optional<QString> &searchText) = 0;
+    virtual void deleteItem(const std::shared_ptr<ClipItem> &item) = 0;
+    /// Whether the history can be read but takes nothing.
+    virtual bool isReadOnly() const = 0;
+
+    /// Pastes the clip at `row`, as it is or in "upper" or "lower" case. A negative row ends a
+    /// swop without a paste.
+    virtual void performPaste(int row, const std::optional<QString> &format) = 0;
+    /// Opens the selected clip's file after closing the history window; nothing when it is gone.
+    virtual void openFile() = 0;
+    /// Shows the selected clip's file in a file browser; the history window stays open.
+    virtual void revealInFinder() = 0;
+    /// Closes the history window.
+    virtual void hide() = 0;
+
+Q_SIGNALS:
+    /// The list has changed by a load, a search or a deletion; rows told before are out of date.
+    void clipItemArrChanged();
+};
