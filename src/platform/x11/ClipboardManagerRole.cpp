@@ -6,7 +6,7 @@
 
 ClipboardManagerRole::ClipboardManagerRole(SelectionConnection &connection,
                                            std::chrono::milliseconds patience,
-                                           std::function<Safety()> safety)
+                                           std::function<Safety(xcb_window_t)> safety)
     : m_connection(connection), m_patience(patience), m_safety(std::move(safety))
 {
 }
@@ -104,7 +104,7 @@ void ClipboardManagerRole::announce(xcb_timestamp_t time)
 bool ClipboardManagerRole::save(const xcb_selection_request_event_t &request)
 {
     // Which formats the application lists does not matter: all that can be kept are.
-    const Safety safety = m_safety();
+    const Safety safety = m_safety(request.requestor);
     if (safety == Safety::BeingRead)
         return false;
     finish(request, safety == Safety::Saved);

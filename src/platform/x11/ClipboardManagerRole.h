@@ -21,9 +21,9 @@ public:
     enum class Safety { Saved, BeingRead, Impossible };
 
     /// `connection` is not owned and must outlive this object. `safety` is asked at each request
-    /// to save, and again while it waits, which is `patience` at most.
+    /// to save, with its requestor, and again while that waits, which is `patience` at most.
     ClipboardManagerRole(SelectionConnection &connection, std::chrono::milliseconds patience,
-                         std::function<Safety()> safety);
+                         std::function<Safety(xcb_window_t requestor)> safety);
 
     /// Takes the part if it is free.
     void start();
@@ -58,7 +58,7 @@ private:
 
     SelectionConnection &m_connection;
     std::chrono::milliseconds m_patience;
-    std::function<Safety()> m_safety;
+    std::function<Safety(xcb_window_t requestor)> m_safety;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME; ///< Since when the part is ours.
     QList<Waiting> m_waiting;                  ///< In the order of their coming.
 };

@@ -23,8 +23,10 @@ PasteboardService::PasteboardService(SelectionConnection &connection, Pasteboard
       m_clipboardReader(connection, m_pool, m_limits),
       m_primaryReader(connection, m_pool, m_limits), m_questions(connection, m_pool, m_limits),
       m_server(connection, m_limits.requestorStall),
-      m_managerRole(connection, m_limits.keep, [this] { return secure(); }),
-      m_front(connection.server(), names), m_kept(connection, m_pool, m_limits)
+      m_managerRole(connection, m_limits.keep,
+                    [this](xcb_window_t requestor) { return secure(requestor); }),
+      m_front(connection.server(), names), m_kept(connection, m_pool, m_limits),
+      m_leaving(connection, m_limits.keep)
 {
 }
 
@@ -34,8 +36,10 @@ void PasteboardService::start()
     m_connection.watchOwner(clipboard, true);
     const xcb_window_t owner = m_connection.owner(clipboard);
     m_front.start();
-    if (owner != XCB_WINDOW_NONE)
+    if (owner != XCB_WINDOW_NONE) {
+        m_leaving.begin(owner);
         beginReading(owner, XCB_CURRENT_TIME);
+    }
     m_managerRole.start();
 }
 
@@ -49,7 +53,7 @@ void PasteboardService::handle(const xcb_generic_event_t &event)
     else if (type == XCB_PROPERTY_NOTIFY)
         handleProperty(event);
     else if (type == XCB_DESTROY_NOTIFY)
-        m_server.transfers().drop(as<xcb_destroy_notify_event_t>(event).window);
+        handleEnd(as<xcb_destroy_notify_event_t>(event).window);
     else if (type == XCB_SELECTION_REQUEST) {
         const auto &request = as<xcb_selection_request_event_t>(event);
         if (request.selection == m_connection.atoms().clipboardManager)
@@ -57,8 +61,8 @@ void PasteboardService::handle(const xcb_generic_event_t &event)
         else
             serve(request);
     } else if (type == 0 && as<xcb_generic_error_t>(event).error_code == XCB_WINDOW)
-        // A requestor that died before it got its answer.
-        m_server.transfers().drop(as<xcb_generic_error_t>(event).resource_id);
+        // A requestor that died before it got its answer, or an owner before it was watched.
+        handleEnd(as<xcb_generic_error_t>(event).resource_id);
     collectFinished();
 }
 
@@ -67,10 +71,12 @@ std::optional<PasteboardService::TimePoint> PasteboardService::keepDeadlines(Tim
     m_clipboardReader.checkClock(now);
     m_primaryReader.checkClock(now);
     collectFinished();
+    if (m_leaving.isAwaited() && *m_leaving.deadline() <= now)
+        publishEmptied();
     std::optional<TimePoint> next = m_server.transfers().keepDeadlines(now);
     for (const std::optional<TimePoint> deadline :
          {m_clipboardReader.deadline(), m_primaryReader.deadline(), m_questions.keepDeadlines(now),
-          m_kept.keepDeadlines(now), m_managerRole.keepDeadlines(now)}) {
+          m_kept.keepDeadlines(now), m_managerRole.keepDeadlines(now), m_leaving.deadline()}) {
         if (deadline)
             next = next ? std::min(*next, *deadline) : deadline;
     }
@@ -208,21 +214,44 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
         adoptIfJudged();
         return;
     }
-    m_kept.forget();
+    // What empties it twice, or fills it, is not the end of its owner.
+    if (m_leaving.isAwaited())
+        publishEmptied();
     m_ownerDied.reset();
+    if (event.owner == XCB_WINDOW_NONE) {
+        m_server.release(event.selection);
+        if (m_isClearing || !m_leaving.letGo(event.timestamp))
+            publishEmptied();
+        return;
+    }
+    m_kept.forget();
+    m_leaving.begin(event.owner);
     if (event.owner == m_connection.window()) {
         m_server.confirm(event.selection, event.selection_timestamp);
         return;
     }
     m_server.release(event.selection);
-    if (event.owner != XCB_WINDOW_NONE) {
-        beginReading(event.owner, event.selection_timestamp);
-        return;
-    }
-    // Somebody emptied it on purpose: no contents, and nothing to adopt.
+    beginReading(event.owner, event.selection_timestamp);
+}
+
+/// Somebody emptied it on purpose: no contents, and nothing to adopt.
+void PasteboardService::publishEmptied()
+{
+    m_kept.forget();
+    m_leaving.begin(XCB_WINDOW_NONE);
     const qint64 changeCount = m_changes.publishCleared();
     if (!std::exchange(m_isClearing, false))
         m_listeners.changed(changeCount);
+}
+
+void PasteboardService::handleEnd(xcb_window_t window)
+{
+    m_server.transfers().drop(window);
+    if (const std::optional<xcb_timestamp_t> time = m_leaving.takeEnd(window)) {
+        m_kept.handleDeath();
+        m_ownerDied = time;
+        adoptIfJudged();
+    }
 }
 
 void PasteboardService::handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event)
@@ -344,12 +373,17 @@ bool PasteboardService::claim(xcb_atom_t selection, std::shared_ptr<const Select
     return isOurs;
 }
 
-ClipboardManagerRole::Safety PasteboardService::secure()
+ClipboardManagerRole::Safety PasteboardService::secure(xcb_window_t requestor)
 {
     using Safety = ClipboardManagerRole::Safety;
     if (m_clipboardReader.isReading())
         return Safety::BeingRead;
-    return m_server.isServing(m_connection.atoms().clipboard) ? Safety::Saved : m_kept.secure();
+    if (m_server.isServing(m_connection.atoms().clipboard))
+        return Safety::Saved;
+    const Safety safety = m_kept.secure();
+    if (safety == Safety::Saved)
+        m_leaving.save(requestor);
+    return safety;
 }
 
 qint64 PasteboardService::largestRead() const

@@ -5,6 +5,7 @@
 #include "platform/x11/ClipboardManagerRole.h"
 #include "platform/x11/FrontWindowTracker.h"
 #include "platform/x11/KeptCopy.h"
+#include "platform/x11/LeavingOwner.h"
 #include "platform/x11/PropertyPool.h"
 #include "platform/x11/SelectionConnection.h"
 #include "platform/x11/SelectionQuestions.h"
@@ -67,6 +68,8 @@ public:
 private:
     void handleOwnerChange(const xcb_xfixes_selection_notify_event_t &event);
     void handleClipboardOwner(const xcb_xfixes_selection_notify_event_t &event);
+    void publishEmptied();
+    void handleEnd(xcb_window_t window);
     void handlePrimaryOwner(const xcb_xfixes_selection_notify_event_t &event);
     void handleProperty(const xcb_generic_event_t &event);
     void handleAnswer(const xcb_generic_event_t &event);
@@ -80,7 +83,7 @@ private:
     void adoptIfJudged();
     bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
                xcb_timestamp_t time);
-    ClipboardManagerRole::Safety secure();
+    ClipboardManagerRole::Safety secure(xcb_window_t requestor);
     qint64 largestRead() const;
 
     SelectionConnection &m_connection;
@@ -99,6 +102,7 @@ private:
     std::optional<xcb_window_t> m_pasteTarget; ///< Until it has asked for what was pasted.
     QList<SelectionQuestions::Receiver> m_awaitingClipboard; ///< Until it has been read.
     KeptCopy m_kept;
+    LeavingOwner m_leaving;
     xcb_timestamp_t m_clipboardTime = XCB_CURRENT_TIME; ///< Of what is being read.
     std::optional<xcb_timestamp_t> m_ownerDied; ///< Until its contents are adopted or forgotten.
     bool m_isClearing = false;

@@ -104,6 +104,39 @@ TEST_F(X11Kept, anOwnerThatAsksIsToldThatItIsSavedOnceAllIs)
     EXPECT_TRUE(isServed("application/x-document", QByteArray(500'000, 'x')));
 }
 
+TEST_F(X11Kept, anOwnerThatEmptiesTheClipboardAsItEndsIsOutlivedByWhatItHadSaved)
+{
+    copy(m_owner, document(), Judgement::Keep);
+    ASSERT_TRUE(isSaved(m_owner));
+    m_owner.disown("CLIPBOARD");
+    m_owner.die();
+    EXPECT_TRUE(isServed("image/png", picture("png")));
+    EXPECT_EQ(m_stage->changeCount(), 1);
+}
+
+TEST_F(X11Kept, anOwnerThatEmptiesTheClipboardAndStaysMeansIt)
+{
+    m_stage.stopTime();
+    const auto isEmptied = [&] {
+        m_stage.advance(5s);
+        return m_stage->changeCount() == 2;
+    };
+    copy(m_owner, document(), Judgement::Keep);
+    ASSERT_TRUE(isSaved(m_owner));
+    m_owner.disown("CLIPBOARD");
+    EXPECT_TRUE(pumpUntil({&m_owner}, isEmptied));
+    EXPECT_FALSE(m_stage->contents()->text);
+
+    copy(m_owner, document(), Judgement::Keep);
+    XcbClient bystander;
+    bystander.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
+    ASSERT_TRUE(pumpUntil({&m_owner, &bystander}, [&] { return bystander.isAnswered(); }));
+    m_owner.disown("CLIPBOARD");
+    EXPECT_TRUE(m_stage.reaches(4, {&m_owner})) << "nobody else asks for it";
+    m_owner.die();
+    EXPECT_EQ(m_stage.paste("UTF8_STRING"), std::nullopt);
+}
+
 TEST_F(X11Kept, aDiscardedOrSecretCopyIsNeitherReadNorSaidToBeSaved)
 {
     copy(m_owner, document(), Judgement::Discard);
