@@ -1,30 +1,54 @@
 """Tries Quillmarsh with the applications of known.py, each on a desktop of its own, prints a line for
-each cell, and writes the table to matrix.md:  matrix.py RELEASE [APPLICATION ...]
-A cell that did not come out as known.py expects is an error."""
+each cell and then the page, and writes that to applications.md:  matrix.py RELEASE [APPLICATION ...]
+With APPLICATIONS only those are tried, and the page's other rows stay as they are. A cell that did
+not come out as it should is an error."""
 
 import pathlib
+import subprocess
 import sys
 import traceback
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "support")]
-from known import APPLICATIONS, COLUMNS  # noqa: E402
+from known import APPLICATIONS, COLUMNS, NOTES  # noqa: E402
 from trial import Trial  # noqa: E402
 
 GOOD = "✓"
+PAGE = pathlib.Path("applications.md")
 HEAD = """# With every application
 
-What `tests/applications/run` saw on {release}. ✓: as it should be, read back from the program. –: the
-program has no such thing. Anything else is what a person meets, and the notes say why.
+What the real programs of {release} did beside Quillmarsh, each on a desktop of its own: openbox,
+a notification service, a session bus and an empty home. `tests/applications/run` wrote this page; it
+makes a fresh root of the release, installs the package and the applications, and works them by
+their keys, as a person would. To repeat it, as root, with a Debian mirror and 12 GB to spare:
+
+    tools/package
+    tests/applications/run 12                                # everything, in about half an hour
+    tests/applications/run 12 build/package/*.deb kate GIMP  # some, whose rows are written anew
+
+✓: as it should be. –: the application has no such thing; the note says why. Anything else is what
+went wrong.
+
+- **copy text**: a copy by the application's own keys is in the history, under its name.
+- **copy rich**: so is its RTF.
+- **copy files**: so is the copied file, with its path.
+- **close after copy**: the application has closed, and what it had copied can still be pasted, with
+  RTF, HTML or the picture where there was one.
+- **paste**, **paste upper**, **paste lower**: Return, Shift + Return and Alt + Return in the history put
+  the clip, in capitals or in small letters, into the application's document or folder.
+- **swop**: the selection and a clip have changed places.
+
+What is in the document afterwards is read from the file that the application saves, or from its
+own copy by another program.
 
 """
 
 
 def attempt(application, column):
     """What the cell says, and whether that is as it should be."""
-    trial = getattr(application, column, None)
-    if trial is None:
-        return "–", True
+    if column in application.absent:
+        return f"–[^{application.absent[column]}]", True
+    trial = getattr(application, column)
     try:
         with Trial(application) as desk:
             try:
@@ -39,28 +63,45 @@ def attempt(application, column):
         return f"✗ {problem}".splitlines()[0], False
 
 
+def version(package):
+    told = subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", package],
+                          capture_output=True, text=True, check=False).stdout
+    return told.partition(":")[2] or told
+
+
+def earlier_rows():
+    lines = PAGE.read_text(encoding="utf-8").splitlines() if PAGE.exists() else []
+    rows = ([cell.strip() for cell in line.strip("|").split("|")]
+            for line in lines if line.startswith("|"))
+    return {row[0]: row for row in rows}
+
+
+def page(release, rows):
+    heads = ["application", "version", *(column.replace("_", " ") for column in COLUMNS)]
+    lines = [heads, ["---"] * len(heads), *rows]
+    table = "\n".join("| " + " | ".join(line) + " |" for line in lines)
+    notes = "\n".join(f"[^{name}]: {note}" for name, note in NOTES.items())
+    return f"{HEAD.format(release=release.replace('-', ' '))}{table}\n\n{notes}\n"
+
+
 def main():
     release, *wanted = sys.argv[1:]
-    rows, failures = [], 0
+    earlier = earlier_rows()
+    rows, passed, failed = [], 0, 0
     for application in APPLICATIONS:
         if wanted and application.name not in wanted:
+            rows.append(earlier.get(application.name,
+                                    [application.name, "", *["not tried"] * len(COLUMNS)]))
             continue
-        cells = []
+        rows.append([application.name, version(application.package)])
         for column in COLUMNS:
             cell, is_good = attempt(application, column)
             print(f"{application.name}: {column.replace('_', ' ')}: {cell}", flush=True)
-            failures += not is_good
-            cells.append(cell)
-        rows.append([application.name, *cells])
-    heads = ["application", *(column.replace("_", " ") for column in COLUMNS)]
-    lines = [heads, ["---"] * len(heads), *rows]
-    notes = [f"- **{a.name}**: {a.note}" for a in APPLICATIONS if a.note]
-    pathlib.Path("matrix.md").write_text(
-        HEAD.format(release=release.replace("-", " "))
-        + "\n".join("| " + " | ".join(line) + " |" for line in lines)
-        + "\n\n## Notes\n\n" + "\n".join(notes) + "\n", encoding="utf-8")
-    print(f"{sum(len(row) - 1 for row in rows) - failures} passed, {failures} failed")
-    return failures != 0
+            passed, failed = passed + is_good, failed + (not is_good)
+            rows[-1].append(cell)
+    PAGE.write_text(page(release, rows), encoding="utf-8")
+    print("", PAGE.read_text(encoding="utf-8"), f"{passed} passed, {failed} failed", sep="\n")
+    return failed != 0
 
 
 if __name__ == "__main__":

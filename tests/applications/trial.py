@@ -74,7 +74,14 @@ class Trial:
     def start(self, text=""):
         """Opens the application on a document of that text, and waits until it has the keyboard."""
         self.process = self.application.start(self, text)
-        self.wait_until_in_front(self.application.window_class)
+        try:
+            self.wait_until_in_front(self.application.window_class)
+        except TimeoutError:
+            # PCManFM-Qt shows no window once in a dozen starts, with us or without.
+            print(f"{self.application.name} is started again", flush=True)
+            self.end()
+            self.process = self.application.start(self, text)
+            self.wait_until_in_front(self.application.window_class)
         self.application.settle(self)
 
     def end(self):
