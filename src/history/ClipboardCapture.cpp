@@ -109,12 +109,13 @@ void ClipboardCapture::examine(const PasteboardContents &contents)
             << QStringLiteral("ignoring copy from %1").arg(contents.applicationName);
         // What a paste has just offered stays on offer: the application it is meant for may be
         // the ignored one.
-        m_pasteboard.judge(contents.changeCount, contents.isOwnWrite
-                                                     ? Pasteboard::Judgement::Keep
-                                                     : Pasteboard::Judgement::Discard);
+        if (contents.isOwnWrite)
+            m_pasteboard.acknowledge(contents.changeCount);
+        else
+            m_pasteboard.discard(contents.changeCount);
         return;
     }
-    m_pasteboard.judge(contents.changeCount, Pasteboard::Judgement::Keep);
+    m_pasteboard.acknowledge(contents.changeCount);
     if (!contents.isOwnWrite || contents.changeCount > m_passedOver)
         record(contents);
 }

@@ -16,8 +16,8 @@ struct PasteboardContents;
 /// Turns pasteboard changes into clips. The application delegate owns it and calls timeout() once
 /// a second; the pasteboard's own change signal runs the same step at once. Each change of another
 /// client is examined exactly once and in order, whether it is recorded, ignored or refused; of
-/// our own writes the latest. Every examined change is judged, so that the pasteboard forgets what
-/// was ignored.
+/// our own writes the latest. Every examined change is acknowledged or discarded, so that the
+/// pasteboard forgets what was ignored.
 class ClipboardCapture : public QObject
 {
     Q_OBJECT

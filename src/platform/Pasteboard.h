@@ -47,7 +47,7 @@ struct PasteboardContents : Copy
 /// Platform; used from the main thread only. No operation blocks on another program;
 /// write() and clear() wait for the display server's confirmation (below a millisecond).
 ///
-/// Changes of other clients are kept, in order, until they are judged, so none is lost between
+/// Changes of other clients are kept, in order, until they are examined, so none is lost between
 /// two looks; of own writes only the latest is kept. Ownership is never taken because something
 /// was copied: only to write, and to keep serving what a dead owner left behind.
 class Pasteboard : public QObject
@@ -55,11 +55,6 @@ class Pasteboard : public QObject
     Q_OBJECT
 
 public:
-    enum class Judgement {
-        Keep,   ///< May be served on after its owner's death.
-        Discard ///< Forget it: neither kept in memory nor served after its owner's death.
-    };
-
     /// What a text field pastes from.
     enum class Selection {
         Clipboard, ///< What was copied.
@@ -74,15 +69,17 @@ public:
     /// are change 1.
     virtual qint64 changeCount() const = 0;
 
-    /// The changes after `changeCount` that were not judged yet, oldest first.
+    /// The changes after `changeCount` that were not examined yet, oldest first.
     virtual QList<PasteboardContents> changesAfter(qint64 changeCount) const = 0;
 
     /// The current contents; absent when the pasteboard is empty or its contents were discarded.
     virtual std::optional<PasteboardContents> contents() const = 0;
 
-    /// Says what may become of a change after it was examined. A change number that is no longer
-    /// known is ignored.
-    virtual void judge(qint64 changeCount, Judgement judgement) = 0;
+    /// Say that a change was examined: acknowledged, it may be served on after its owner's death;
+    /// discarded, it is forgotten, neither kept in memory nor served after its owner's death. A
+    /// change number that is no longer known is ignored.
+    virtual void acknowledge(qint64 changeCount) = 0;
+    virtual void discard(qint64 changeCount) = 0;
 
     /// Size in bytes of UTF-8 beyond which a text is of no use to the caller. Reading a larger one
     /// stops early and publishes it with `isTextTooLarge`.

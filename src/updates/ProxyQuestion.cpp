@@ -1,11 +1,11 @@
 #include "updates/ProxyQuestion.h"
 
+#include "platform/Mutex.h"
 #include "platform/SignalStack.h"
 
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
 #include <thread>
 
 namespace {
@@ -17,21 +17,22 @@ std::atomic<int> g_openQuestions = 0;
 /// What the thread knows of the question, which may be gone before the answer comes.
 struct ProxyQuestion::Link
 {
-    std::mutex mutex;
-    ProxyQuestion *question;
+    explicit Link(ProxyQuestion *asked) : question(asked) {}
+
+    Mutex mutex;
+    ProxyQuestion *question QUILLMARSH_GUARDED_BY(mutex);
 };
 
 ProxyQuestion::ProxyQuestion(const QUrl &url, QObject *parent)
-    : QObject(parent), m_link(std::make_shared<Link>())
+    : QObject(parent), m_link(std::make_shared<Link>(this))
 {
-    m_link->question = this;
     ++g_openQuestions;
     std::thread([link = m_link, url] {
         const SignalStack signalStack;
         const QNetworkProxy proxy =
             QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url))
                 .value(0, QNetworkProxy::NoProxy);
-        const std::lock_guard lock(link->mutex);
+        const MutexLock lock(link->mutex);
         if (ProxyQuestion *question = link->question)
             QMetaObject::invokeMethod(
                 question, [question, proxy] { Q_EMIT question->answered(proxy); },
@@ -42,7 +43,7 @@ ProxyQuestion::ProxyQuestion(const QUrl &url, QObject *parent)
 
 ProxyQuestion::~ProxyQuestion()
 {
-    const std::lock_guard lock(m_link->mutex);
+    const MutexLock lock(m_link->mutex);
     m_link->question = nullptr;
 }
 

@@ -15,7 +15,7 @@ void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
     if (contents.isConcealed || contents.isTextTooLarge)
         static_cast<Copy &>(contents) = Copy();
     m_contents = contents;
-    m_unjudged.append(contents);
+    m_unexamined.append(contents);
     m_changeCount = contents.changeCount;
     Q_EMIT changed(m_changeCount);
 }
@@ -37,19 +37,25 @@ void MemoryPasteboard::setPasteRead(bool isRead)
 QList<PasteboardContents> MemoryPasteboard::changesAfter(qint64 changeCount) const
 {
     QList<PasteboardContents> later;
-    for (const PasteboardContents &contents : m_unjudged) {
+    for (const PasteboardContents &contents : m_unexamined) {
         if (contents.changeCount > changeCount)
             later.append(contents);
     }
     return later;
 }
 
-void MemoryPasteboard::judge(qint64 changeCount, Judgement judgement)
+void MemoryPasteboard::acknowledge(qint64 changeCount)
 {
-    m_judgements.append({changeCount, judgement});
-    m_unjudged.removeIf(
+    m_acknowledged.append(changeCount);
+    m_unexamined.removeIf(
         [&](const PasteboardContents &contents) { return contents.changeCount == changeCount; });
-    if (judgement == Judgement::Discard && m_contents && m_contents->changeCount == changeCount)
+}
+
+void MemoryPasteboard::discard(qint64 changeCount)
+{
+    acknowledge(changeCount);
+    m_discarded.append(m_acknowledged.takeLast());
+    if (m_contents && m_contents->changeCount == changeCount)
         m_contents.reset();
 }
 
@@ -63,8 +69,8 @@ bool MemoryPasteboard::write(const Copy &copy)
     contents.isOwnWrite = true;
     contents.applicationName = m_frontName;
     contents.isOursInFront = m_isOursInFront;
-    m_unjudged.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
-    m_unjudged.append(contents);
+    m_unexamined.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
+    m_unexamined.append(contents);
     m_contents = contents;
     m_copiedText = contents.text;
     m_writes.append(copy);

@@ -37,8 +37,9 @@ public:
     void setPasteRead(bool isRead);
 
     qint64 largestUsefulText() const { return m_largestUsefulText; }
-    /// Change counts judged so far, each with the judgement it got.
-    const QList<std::pair<qint64, Judgement>> &judgements() const { return m_judgements; }
+    /// Change counts examined so far.
+    const QList<qint64> &acknowledged() const { return m_acknowledged; }
+    const QList<qint64> &discarded() const { return m_discarded; }
     /// What was written through write(), oldest first.
     const QList<Copy> &writes() const { return m_writes; }
 
@@ -46,7 +47,8 @@ public:
     qint64 changeCount() const override { return m_changeCount; }
     QList<PasteboardContents> changesAfter(qint64 changeCount) const override;
     std::optional<PasteboardContents> contents() const override { return m_contents; }
-    void judge(qint64 changeCount, Judgement judgement) override;
+    void acknowledge(qint64 changeCount) override;
+    void discard(qint64 changeCount) override;
     void setLargestUsefulText(qint64 bytes) override { m_largestUsefulText = bytes; }
     bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_isPasteRead; }
@@ -63,8 +65,9 @@ private:
     QString m_frontName;
     bool m_isOursInFront = false;
     std::optional<PasteboardContents> m_contents;
-    QList<PasteboardContents> m_unjudged;
-    QList<std::pair<qint64, Judgement>> m_judgements;
+    QList<PasteboardContents> m_unexamined;
+    QList<qint64> m_acknowledged;
+    QList<qint64> m_discarded;
     QList<Copy> m_writes;
     std::optional<QString> m_copiedText; ///< As its owner has it, whatever the history may know.
     std::optional<QString> m_markedText;

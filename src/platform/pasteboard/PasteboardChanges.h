@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/Mutex.h"
 #include "platform/Pasteboard.h"
 #include "platform/pasteboard/PasteboardLimits.h"
 
 #include <functional>
-#include <mutex>
 #include <vector>
 
 /// What has been published: the one place where the main thread and the service thread meet. Each
@@ -40,15 +40,16 @@ public:
     /// What was kept since the last call, oldest first.
     std::vector<std::function<void()>> takeTasks();
 
-    void judge(qint64 changeCount, Pasteboard::Judgement judgement);
+    void acknowledge(qint64 changeCount);
+    void discard(qint64 changeCount);
 
 private:
-    mutable std::mutex m_mutex; ///< Guards everything below.
-    qint64 m_changeCount = 0;
-    qint64 m_largestUsefulText = PasteboardLimits::kLargestFormat;
-    std::optional<PasteboardContents> m_contents;
-    QList<PasteboardContents> m_unjudged;
-    bool m_isPasteRead = false;
-    bool m_isReading = false;
-    std::vector<std::function<void()>> m_tasks;
+    mutable Mutex m_mutex;
+    qint64 m_changeCount QUILLMARSH_GUARDED_BY(m_mutex) = 0;
+    qint64 m_largestUsefulText QUILLMARSH_GUARDED_BY(m_mutex) = PasteboardLimits::kLargestFormat;
+    std::optional<PasteboardContents> m_contents QUILLMARSH_GUARDED_BY(m_mutex);
+    QList<PasteboardContents> m_unexamined QUILLMARSH_GUARDED_BY(m_mutex);
+    bool m_isPasteRead QUILLMARSH_GUARDED_BY(m_mutex) = false;
+    bool m_isReading QUILLMARSH_GUARDED_BY(m_mutex) = false;
+    std::vector<std::function<void()>> m_tasks QUILLMARSH_GUARDED_BY(m_mutex);
 };

@@ -37,14 +37,16 @@ void KeptCopy::forget()
     m_formats.clear();
 }
 
-void KeptCopy::judge(qint64 changeCount, Pasteboard::Judgement judgement)
+void KeptCopy::acknowledge(qint64 changeCount)
 {
-    if (m_state == State::None || m_changeCount != changeCount)
-        return;
-    if (judgement == Pasteboard::Judgement::Discard)
-        forget();
-    else
+    if (m_state != State::None && m_changeCount == changeCount)
         m_isWanted = true;
+}
+
+void KeptCopy::discard(qint64 changeCount)
+{
+    if (m_state != State::None && m_changeCount == changeCount)
+        forget();
 }
 
 void KeptCopy::handleDeath()

@@ -14,7 +14,7 @@
 #include <optional>
 
 /// What is had of the present owner's copy, to be served on when its owner dies: at first what was
-/// read to publish it; then, when the application has judged that it may be kept and the owner
+/// read to publish it; then, when the application has acknowledged it and the owner
 /// has had some rest or asks to be saved, everything else that the owner lists and that can be
 /// kept. None of that is published. Owned by the pasteboard's service; service thread only.
 class KeptCopy
@@ -30,7 +30,8 @@ public:
     void begin(qint64 changeCount, const FetchedSelection &fetched, xcb_timestamp_t time);
     /// There is another owner, or none on purpose.
     void forget();
-    void judge(qint64 changeCount, Pasteboard::Judgement judgement);
+    void acknowledge(qint64 changeCount);
+    void discard(qint64 changeCount);
     /// Nothing more is to be had; what came whole stays.
     void handleDeath();
 

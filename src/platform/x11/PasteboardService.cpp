@@ -117,10 +117,16 @@ void PasteboardService::clear()
         m_changes.publishCleared();
 }
 
-void PasteboardService::judge(qint64 changeCount, Pasteboard::Judgement judgement)
+void PasteboardService::acknowledge(qint64 changeCount)
 {
-    m_kept.judge(changeCount, judgement);
-    adoptIfJudged();
+    m_kept.acknowledge(changeCount);
+    adoptIfWanted();
+    m_managerRole.answerWaiting();
+}
+
+void PasteboardService::discard(qint64 changeCount)
+{
+    m_kept.discard(changeCount);
     m_managerRole.answerWaiting();
 }
 
@@ -211,7 +217,7 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
         m_server.release(event.selection);
         m_kept.handleDeath();
         m_ownerDied = event.timestamp;
-        adoptIfJudged();
+        adoptIfWanted();
         return;
     }
     // What empties it twice, or fills it, is not the end of its owner.
@@ -343,7 +349,7 @@ void PasteboardService::publishClipboard(const FetchedSelection &fetched)
     answerFromClipboard();
 }
 
-void PasteboardService::adoptIfJudged()
+void PasteboardService::adoptIfWanted()
 {
     if (!m_ownerDied || !m_kept.isWanted() || !m_kept.offer())
         return;

@@ -49,7 +49,8 @@ public:
     [[nodiscard]] bool write(std::shared_ptr<const SelectionOffer> offer,
                              PasteboardContents contents);
     void clear();
-    void judge(qint64 changeCount, Pasteboard::Judgement judgement);
+    void acknowledge(qint64 changeCount);
+    void discard(qint64 changeCount);
     /// Owns PRIMARY too, with the text of the pasteboard; nothing when there is none.
     void offerPrimary();
     /// Owns PRIMARY with what was marked in our own fields.
@@ -80,7 +81,7 @@ private:
     void collectFinished();
     qint64 publish(const FetchedSelection &fetched, FrontWindowTracker::Question question);
     void publishClipboard(const FetchedSelection &fetched);
-    void adoptIfJudged();
+    void adoptIfWanted();
     bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
                xcb_timestamp_t time);
     ClipboardManagerRole::Safety secure(xcb_window_t requestor);

@@ -28,7 +28,7 @@ X11EventThread::X11EventThread(const X11Connection &connection, Handler handler,
 X11EventThread::~X11EventThread()
 {
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         m_isEnding = true;
     }
     eventfd_write(m_wakeUp, 1);
@@ -39,7 +39,7 @@ X11EventThread::~X11EventThread()
 void X11EventThread::post(Task task)
 {
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         if (m_isLost)
             return;
         m_tasks.push_back(std::move(task));
@@ -72,7 +72,7 @@ void X11EventThread::loop()
         // the descriptor will not wake us again.
         bool hasWorked = runTasks() | handleEvents();
         {
-            const std::lock_guard lock(m_mutex);
+            const MutexLock lock(m_mutex);
             if (m_isEnding && m_tasks.empty())
                 return;
         }
@@ -111,7 +111,7 @@ void X11EventThread::sleep(std::optional<TimePoint> deadline) const
 void X11EventThread::dropTasks()
 {
     std::deque<Task> dropped;
-    const std::lock_guard lock(m_mutex);
+    const MutexLock lock(m_mutex);
     m_isLost = true;
     dropped.swap(m_tasks);
 }
@@ -120,7 +120,7 @@ bool X11EventThread::runTasks()
 {
     std::deque<Task> tasks;
     {
-        const std::lock_guard lock(m_mutex);
+        const MutexLock lock(m_mutex);
         tasks.swap(m_tasks);
     }
     for (const Task &task : tasks)

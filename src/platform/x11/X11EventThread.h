@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/Mutex.h"
 #include "platform/x11/X11Connection.h"
 
 #include <chrono>
 #include <deque>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <thread>
 
@@ -57,9 +57,9 @@ private:
     const Hooks m_hooks;
     const std::function<TimePoint()> m_now;
     const int m_wakeUp; ///< An eventfd.
-    std::mutex m_mutex;
-    std::deque<Task> m_tasks; ///< Guarded by m_mutex, as the two below.
-    bool m_isEnding = false;
-    bool m_isLost = false;
+    Mutex m_mutex;
+    std::deque<Task> m_tasks QUILLMARSH_GUARDED_BY(m_mutex);
+    bool m_isEnding QUILLMARSH_GUARDED_BY(m_mutex) = false;
+    bool m_isLost QUILLMARSH_GUARDED_BY(m_mutex) = false;
     std::thread m_thread;
 };

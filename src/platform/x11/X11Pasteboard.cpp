@@ -83,12 +83,18 @@ void X11Pasteboard::expectPaste(xcb_window_t target)
         qCDebug(lcPasteboard, "Nobody will read the paste: the connection is lost");
 }
 
-void X11Pasteboard::judge(qint64 changeCount, Judgement judgement)
+void X11Pasteboard::acknowledge(qint64 changeCount)
 {
-    m_changes.judge(changeCount, judgement);
+    m_changes.acknowledge(changeCount);
     if (m_thread)
-        m_thread->post(
-            [this, changeCount, judgement] { m_service->judge(changeCount, judgement); });
+        m_thread->post([this, changeCount] { m_service->acknowledge(changeCount); });
+}
+
+void X11Pasteboard::discard(qint64 changeCount)
+{
+    m_changes.discard(changeCount);
+    if (m_thread)
+        m_thread->post([this, changeCount] { m_service->discard(changeCount); });
 }
 
 bool X11Pasteboard::write(const Copy &copy)

@@ -50,7 +50,8 @@ public:
         return m_changes.changesAfter(changeCount);
     }
     std::optional<PasteboardContents> contents() const override { return m_changes.contents(); }
-    void judge(qint64 changeCount, Judgement judgement) override;
+    void acknowledge(qint64 changeCount) override;
+    void discard(qint64 changeCount) override;
     void setLargestUsefulText(qint64 bytes) override { m_changes.setLargestUsefulText(bytes); }
     bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_changes.isPasteRead(); }

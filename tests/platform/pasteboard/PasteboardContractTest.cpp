@@ -39,7 +39,7 @@ protected:
     QSignalSpy m_announced{&m_pasteboard, &Pasteboard::changed};
 };
 
-TEST_F(PasteboardContract, everyCopyElsewhereIsAnnouncedOnceAndKeptInOrderUntilJudged)
+TEST_F(PasteboardContract, everyCopyElsewhereIsAnnouncedOnceAndKeptInOrderUntilExamined)
 {
     const qint64 start = m_pasteboard.changeCount();
     m_stage->copyElsewhere(textCopy(QStringLiteral("one")));
@@ -50,8 +50,8 @@ TEST_F(PasteboardContract, everyCopyElsewhereIsAnnouncedOnceAndKeptInOrderUntilJ
     EXPECT_EQ(textsOf(m_pasteboard.changesAfter(start)),
               QStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("two")}));
 
-    m_pasteboard.judge(start + 2, Pasteboard::Judgement::Keep);
-    m_pasteboard.judge(start + 99, Pasteboard::Judgement::Discard);
+    m_pasteboard.acknowledge(start + 2);
+    m_pasteboard.discard(start + 99);
     EXPECT_EQ(textsOf(m_pasteboard.changesAfter(start)),
               QStringList({QStringLiteral("one"), QStringLiteral("two")}));
     EXPECT_EQ(m_pasteboard.changesAfter(start + 2).size(), 1);
@@ -110,7 +110,7 @@ TEST_F(PasteboardContract, aWriteCountsAtOnceIsNotAnnouncedAndIsWhatOthersPaste)
     EXPECT_EQ(m_announced.size(), 0);
 }
 
-TEST_F(PasteboardContract, ofOwnWritesOnlyTheLatestAwaitsJudgement)
+TEST_F(PasteboardContract, ofOwnWritesOnlyTheLatestAwaitsExamination)
 {
     ASSERT_TRUE(m_pasteboard.write({QStringLiteral("first"), {}, {}}));
     m_stage->copyElsewhere(textCopy(QStringLiteral("theirs")));
@@ -169,7 +169,7 @@ TEST_F(PasteboardContract, aSecretIsAnnouncedButNeverRead)
 TEST_F(PasteboardContract, aDiscardedCopyIsForgotten)
 {
     m_stage->copyElsewhere(textCopy(QStringLiteral("ignored")));
-    m_pasteboard.judge(m_pasteboard.changeCount(), Pasteboard::Judgement::Discard);
+    m_pasteboard.discard(m_pasteboard.changeCount());
     EXPECT_FALSE(m_pasteboard.contents());
     EXPECT_TRUE(m_pasteboard.changesAfter(0).isEmpty());
 }
@@ -180,7 +180,7 @@ TEST_F(PasteboardContract, aTextFieldMayPasteWhatTheHistoryHasNoUseFor)
     EXPECT_EQ(asked(Selection::Clipboard), std::nullopt);
     m_stage->copyElsewhere(textCopy(QStringLiteral("plain")));
     EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("plain"));
-    m_pasteboard.judge(m_pasteboard.changeCount(), Pasteboard::Judgement::Discard);
+    m_pasteboard.discard(m_pasteboard.changeCount());
     EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("plain"));
 
     PasteboardContents secret = textCopy(QStringLiteral("hunter2"));

@@ -8,7 +8,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-using Judgement = Pasteboard::Judgement;
 
 QByteArray picture(const char *encoding)
 {
@@ -34,13 +33,16 @@ XcbClient::Formats document()
 class X11Kept : public testing::Test
 {
 protected:
-    /// The owner copies, and the application judges that.
-    void copy(XcbClient &owner, const XcbClient::Formats &formats, Judgement judgement)
+    /// The owner copies, and the application wants that or not.
+    void copy(XcbClient &owner, const XcbClient::Formats &formats, bool isWanted = true)
     {
         const qint64 count = m_stage->changeCount() + 1;
         owner.own("CLIPBOARD", formats);
         ASSERT_TRUE(m_stage.reaches(count, {&owner}));
-        m_stage->judge(count, judgement);
+        if (isWanted)
+            m_stage->acknowledge(count);
+        else
+            m_stage->discard(count);
     }
     /// Whether the owner, which asks for its copy to be saved, is told that it is.
     bool isSaved(XcbClient &owner)
@@ -62,7 +64,7 @@ protected:
 TEST_F(X11Kept, everythingThatADeadOwnerListedOutlivesItOnceItHadRest)
 {
     const XcbClient::Formats formats = document();
-    copy(m_owner, formats, Judgement::Keep);
+    copy(m_owner, formats);
     ASSERT_TRUE(pumpUntil({&m_owner}, [&] {
         return m_owner.requests().contains("application/x-document") &&
                m_owner.hasSent(m_owner.sentBytes());
@@ -81,7 +83,7 @@ TEST_F(X11Kept, everythingThatADeadOwnerListedOutlivesItOnceItHadRest)
 
 TEST_F(X11Kept, aPictureAloneIsKeptAndOfferedAsPng)
 {
-    copy(m_owner, {{"image/bmp", picture("bmp")}}, Judgement::Keep);
+    copy(m_owner, {{"image/bmp", picture("bmp")}});
     EXPECT_TRUE(isSaved(m_owner));
     m_owner.die();
     EXPECT_TRUE(isServed("image/bmp", picture("bmp")));
@@ -96,8 +98,8 @@ TEST_F(X11Kept, anOwnerThatAsksIsToldThatItIsSavedOnceAllIs)
     m_owner.own("CLIPBOARD", document());
     m_owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
     ASSERT_TRUE(m_stage.reaches(count, {&m_owner}));
-    EXPECT_FALSE(m_owner.isAnswered()) << "nobody has judged it yet";
-    m_stage->judge(count, Judgement::Keep);
+    EXPECT_FALSE(m_owner.isAnswered()) << "nobody has examined it yet";
+    m_stage->acknowledge(count);
     ASSERT_TRUE(pumpUntil({&m_owner}, [&] { return m_owner.isAnswered(); }));
     EXPECT_FALSE(m_owner.isRefused());
     m_owner.die();
@@ -139,12 +141,12 @@ TEST_F(X11Kept, anOwnerThatEmptiesTheClipboardAndStaysMeansIt)
 
 TEST_F(X11Kept, aDiscardedOrSecretCopyIsNeitherReadNorSaidToBeSaved)
 {
-    copy(m_owner, document(), Judgement::Discard);
+    copy(m_owner, document(), false);
     EXPECT_FALSE(isSaved(m_owner));
     EXPECT_EQ(m_owner.requests().count("text/html"), 0);
     XcbClient::Formats secret = document();
     secret["x-kde-passwordManagerHint"] = "secret";
-    copy(m_owner, secret, Judgement::Keep);
+    copy(m_owner, secret);
     EXPECT_FALSE(isSaved(m_owner));
     EXPECT_EQ(m_owner.requests().count("text/html"), 0);
 }
@@ -152,7 +154,7 @@ TEST_F(X11Kept, aDiscardedOrSecretCopyIsNeitherReadNorSaidToBeSaved)
 TEST_F(X11Kept, copiesInARowLeaveNoTimeToReadAllButTheLast)
 {
     for (int i = 0; i < 5; ++i)
-        copy(m_owner, document(), Judgement::Keep);
+        copy(m_owner, document());
     ASSERT_TRUE(pumpUntil({&m_owner},
                           [&] { return m_owner.requests().contains("application/x-document"); }));
     EXPECT_EQ(m_owner.requests().count("text/html"), 1);
@@ -179,7 +181,7 @@ TEST_P(X11KeptLimits, leaveWhatCameBeforeAndAreNotSaidToBeSaved)
     owner.manners.hangsOn = GetParam().hangsOn;
     owner.own("CLIPBOARD", document());
     ASSERT_TRUE(stage.reaches(1, {&owner}));
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
     const QByteArray hangsOn = GetParam().hangsOn;
     if (!hangsOn.isEmpty()) {
@@ -199,12 +201,12 @@ INSTANTIATE_TEST_SUITE_P(All, X11KeptLimits,
                                          LimitRow{"tooMuch", {}, 400'000}),
                          [](const auto &row) { return std::string(row.param.name); });
 
-TEST(X11KeptUnjudged, isRefusedToAnOwnerThatWaitsAfterAWhile)
+TEST(X11KeptUnexamined, isRefusedToAnOwnerThatWaitsAfterAWhile)
 {
     X11Stage stage;
     stage.stopTime();
     XcbClient owner;
-    owner.copy("never judged");
+    owner.copy("never examined");
     ASSERT_TRUE(stage.reaches(1, {&owner}));
     owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
     ASSERT_TRUE(pumpUntil({&owner}, [&] {

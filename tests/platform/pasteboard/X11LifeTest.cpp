@@ -14,7 +14,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-using Judgement = Pasteboard::Judgement;
 
 bool isServed(X11Stage &stage, const QByteArray &text)
 {
@@ -33,13 +32,13 @@ TEST(X11Life, anOwnerThatQuitsOnceItHasAnsweredIsRecordedWholeAndCanBePasted)
         ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.hasSent(text.size()); }));
         owner.die();
         ASSERT_EQ(stage.change(i, {}).text, QString::fromUtf8(text));
-        stage->judge(i, Judgement::Keep);
+        stage->acknowledge(i);
         ASSERT_TRUE(isServed(stage, text));
     }
     EXPECT_EQ(stage->changeCount(), 20);
 }
 
-TEST(X11Life, aDeadOwnersCopyIsServedInItsOwnBytesOnlyOnceItIsJudged)
+TEST(X11Life, aDeadOwnersCopyIsServedInItsOwnBytesOnlyOnceItIsAcknowledged)
 {
     X11Stage stage;
     XcbClient owner;
@@ -47,7 +46,7 @@ TEST(X11Life, aDeadOwnersCopyIsServedInItsOwnBytesOnlyOnceItIsJudged)
     ASSERT_TRUE(stage.reaches(1, {&owner}));
     owner.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     EXPECT_TRUE(isServed(stage, "a\xFF"));
     EXPECT_EQ(stage.paste("application/rtf"), "{\\rtf1}");
     EXPECT_EQ(stage->changeCount(), 1);
@@ -60,7 +59,7 @@ TEST(X11Life, aTextThatIsTooLargeToBeOfUseStillOutlivesItsOwner)
     XcbClient owner;
     owner.copy(QByteArray(1'000'000, 'x'));
     ASSERT_TRUE(stage.change(1, {&owner}).isTextTooLarge);
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     owner.die();
     EXPECT_TRUE(isServed(stage, QByteArray(1'000'000, 'x')));
 }
@@ -71,7 +70,7 @@ TEST(X11Life, aDiscardedCopyIsNotServedAfterItsOwnersDeath)
     XcbClient owner;
     owner.copy("ignored");
     ASSERT_TRUE(stage.reaches(1, {&owner}));
-    stage->judge(1, Judgement::Discard);
+    stage->discard(1);
     owner.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
 }
@@ -82,7 +81,7 @@ TEST(X11Life, aDeliberateClearLeavesNothingToAdopt)
     XcbClient owner;
     owner.copy("cleared");
     ASSERT_TRUE(stage.reaches(1, {&owner}));
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     owner.disown("CLIPBOARD");
     ASSERT_TRUE(stage.reaches(2, {&owner}));
     EXPECT_FALSE(stage->contents());
@@ -90,7 +89,7 @@ TEST(X11Life, aDeliberateClearLeavesNothingToAdopt)
 
     owner.copy("cleared by us");
     ASSERT_TRUE(stage.reaches(3, {&owner}));
-    stage->judge(3, Judgement::Keep);
+    stage->acknowledge(3);
     stage->clear();
     owner.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
@@ -103,7 +102,7 @@ TEST(X11Life, ownershipIsNotTakenWhileTheOwnerLives)
     XcbClient owner;
     owner.copy("theirs");
     ASSERT_TRUE(stage.reaches(1, {&owner}));
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     stage->offerPrimary();
     EXPECT_EQ(owner.owner("CLIPBOARD"), owner.window());
 }
@@ -129,7 +128,7 @@ TEST(X11Life, anApplicationThatAsksForItsCopyToBeSavedMayQuitOnceItIsAnswered)
     // Asked while the copy is still being read.
     owner.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
     ASSERT_TRUE(stage.reaches(1, {&owner}));
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.isAnswered(); }));
     EXPECT_FALSE(owner.isRefused());
     owner.die();

@@ -321,11 +321,11 @@ TEST(X11Owners, aSecretIsNotAskedForAndNeitherItNorWhatWasBeforeOutlivesItsOwner
     XcbClient owner;
     owner.copy("before");
     ASSERT_TRUE(stage.reaches(1, {&owner}));
-    stage->judge(1, Pasteboard::Judgement::Keep);
+    stage->acknowledge(1);
     owner.own("CLIPBOARD", {{"UTF8_STRING", "hunter2"}, {"x-kde-passwordManagerHint", "secret"}});
     EXPECT_TRUE(stage.change(2, {&owner}).isConcealed);
     EXPECT_TRUE(owner.hasSent(qstrlen("before")));
-    stage->judge(2, Pasteboard::Judgement::Keep);
+    stage->acknowledge(2);
     owner.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
 }

@@ -4,8 +4,6 @@
 
 namespace {
 
-using Judgement = Pasteboard::Judgement;
-
 // What programs that people use were seen to do.
 
 TEST(X11Programs, aGVimThatDoesNotYetKnowThatItIsTheOwnerIsAskedAgain)
@@ -17,7 +15,7 @@ TEST(X11Programs, aGVimThatDoesNotYetKnowThatItIsTheOwnerIsAskedAgain)
         gvim.copy("yanked");
         const PasteboardContents contents = stage.change(1, {&gvim});
         EXPECT_EQ(contents.text, QStringLiteral("yanked")) << refusals;
-        stage->judge(1, Judgement::Keep);
+        stage->acknowledge(1);
         gvim.die();
         EXPECT_TRUE(pumpUntil({}, [&] { return stage.paste("UTF8_STRING") == "yanked"; }));
     }
@@ -70,7 +68,7 @@ TEST_P(X11FileManagers, leaveTheirFilesAsTheyWereMarked)
     XcbClient manager;
     manager.own("CLIPBOARD", GetParam().formats);
     EXPECT_EQ(stage.change(1, {&manager}).text, QStringLiteral("/tmp/report.txt"));
-    stage->judge(1, Judgement::Keep);
+    stage->acknowledge(1);
     manager.die();
     ASSERT_TRUE(pumpUntil({}, [&] { return stage.paste("text/uri-list") == uri + "\r\n"; }));
     EXPECT_EQ(stage.paste("x-special/gnome-copied-files"),

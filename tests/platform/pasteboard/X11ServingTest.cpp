@@ -191,7 +191,7 @@ TEST(X11Serving, primaryIsPublishedOnlyForTheClientThatOwnsIt)
     stage->publishPrimary(terminal.window());
     EXPECT_EQ(stage.change(2, {&terminal, &other}).text, QStringLiteral("marked"));
     // What was published is no copy: nothing of it is taken over.
-    stage->judge(2, Pasteboard::Judgement::Keep);
+    stage->acknowledge(2);
     terminal.die();
     other.die();
     EXPECT_EQ(stage.paste("UTF8_STRING"), std::nullopt);
