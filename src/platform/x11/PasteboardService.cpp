@@ -256,7 +256,7 @@ void PasteboardService::handleEnd(xcb_window_t window)
     if (const std::optional<xcb_timestamp_t> time = m_leaving.takeEnd(window)) {
         m_kept.handleDeath();
         m_ownerDied = time;
-        adoptIfJudged();
+        adoptIfWanted();
     }
 }
 
