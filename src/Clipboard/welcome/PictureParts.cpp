@@ -28,13 +28,6 @@ void PictureParts::drawCard(QPainter &painter, const QRectF &frame, const ClipCo
     painter.drawRoundedRect(frame, kRadius, kRadius);
 }
 
-void PictureParts::drawWriting(QPainter &painter, const QPointF &start, qreal width,
-                               const QColor &color)
-{
-    painter.setPen(QPen(color, 4, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QLineF(start, start + QPointF(width, 0)));
-}
-
 void PictureParts::drawArrow(QPainter &painter, const QPointF &from, const QPointF &to,
                              const QColor &color)
 {

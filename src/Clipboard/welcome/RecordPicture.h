@@ -2,8 +2,6 @@
 
 #include "Clipboard/welcome/WelcomeStage.h"
 
-class QPainter;
-
 /// The picture of what the program does: copies from several places meet in the history, and one
 /// of them lands in another document. Without a word, so that it needs no translation.
 class RecordPicture : public WelcomeStage
@@ -15,9 +13,4 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-
-private:
-    void drawSource(QPainter &painter, const QPointF &centre, qreal degrees, int marked) const;
-    void drawHistory(QPainter &painter) const;
-    void drawTarget(QPainter &painter) const;
 };
