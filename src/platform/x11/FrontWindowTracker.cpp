@@ -23,14 +23,19 @@ void FrontWindowTracker::start()
 
 void FrontWindowTracker::handle(const xcb_property_notify_event_t &event)
 {
+    // The second is written by a window manager that starts. What the one before it said of the
+    // active window is void then.
     if (event.atom == m_activeWindowAtom || event.atom == m_managerAtom)
         update();
 }
 
 FrontWindowTracker::Question FrontWindowTracker::askAtCopy(xcb_window_t owner)
 {
+    // Without a window manager nobody announces who is in front.
     if (!m_isManaged)
         update();
+    // Asked and not waited for: the copy itself has to be asked for at once, and the answers are
+    // there by the time it has come.
     Question question;
     question.seen = m_seen;
     question.isOurs = m_seen.isThere && isQtWindow(m_seen.window);

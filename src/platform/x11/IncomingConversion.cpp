@@ -29,6 +29,8 @@ void IncomingConversion::ask(xcb_atom_t selection, xcb_atom_t target, xcb_timest
     m_target = target;
     m_time = time;
     m_mostBytes = mostBytes;
+    // One that is for this conversion alone and does not exist now (ICCCM 2.4): what a slow owner
+    // writes for an earlier question must not be read as the answer to this one.
     m_property = m_pool.take();
     m_type = XCB_ATOM_NONE;
     m_format = 0;
@@ -40,6 +42,7 @@ void IncomingConversion::ask(xcb_atom_t selection, xcb_atom_t target, xcb_timest
 
 bool IncomingConversion::handle(const xcb_generic_event_t &event)
 {
+    // Without the bit that marks what a client sent: owners answer by SendEvent (ICCCM 2.2).
     switch (event.response_type & 0x7F) {
     case XCB_SELECTION_NOTIFY:
         return handleAnswer(reinterpret_cast<const xcb_selection_notify_event_t &>(event));
@@ -69,6 +72,7 @@ bool IncomingConversion::handleAnswer(const xcb_selection_notify_event_t &event)
 
 bool IncomingConversion::handleProperty(const xcb_property_notify_event_t &event)
 {
+    // The deletions that are told in between are our own.
     if (m_state != State::Growing || event.window != m_connection.window() ||
         event.atom != m_property || event.state != XCB_PROPERTY_NEW_VALUE)
         return false;
@@ -91,6 +95,8 @@ void IncomingConversion::readAnswer()
         return;
     }
     if (value->type == m_connection.atoms().incr) {
+        // ICCCM 2.7.2: a lower bound of the size. One that is too large already is not begun; a
+        // small one promises nothing, so each piece is counted as well.
         quint32 leastBytes = 0;
         if (value->format == 32 && value->bytes.size() >= qsizetype(sizeof leastBytes))
             std::memcpy(&leastBytes, value->bytes.constData(), sizeof leastBytes);
@@ -109,6 +115,7 @@ void IncomingConversion::readAnswer()
     m_bytes = value->bytes;
     const bool fits = m_bytes.size() + value->bytesLeft <= m_mostBytes &&
                       (value->bytesLeft == 0 || appendRest(m_bytes.size()));
+    // ICCCM 2.4: its removal tells the owner that all has been read.
     m_connection.remove(m_connection.window(), m_property);
     m_pool.giveBack(m_property);
     m_state = fits ? State::Whole : State::TooLarge;
@@ -120,10 +127,12 @@ bool IncomingConversion::readPiece()
     // The announcement of a piece that was read together with an earlier one.
     if (!value || value->type == XCB_ATOM_NONE)
         return false;
+    // The announcement was of the type INCR; only the pieces have that of the contents.
     if (m_type == XCB_ATOM_NONE) {
         m_type = value->type;
         m_format = value->format;
     }
+    // ICCCM 2.7.2: a piece of no bytes is the end, and is removed like the others.
     if (value->bytes.isEmpty()) {
         m_connection.remove(m_connection.window(), m_property);
         m_pool.giveBack(m_property);
@@ -143,6 +152,8 @@ bool IncomingConversion::readPiece()
 bool IncomingConversion::appendRest(qint64 offset)
 {
     for (;;) {
+        // Never in one go: a reply as large as a hostile owner likes would be in our memory before
+        // it could be refused.
         const auto value = m_connection.read(m_connection.window(), m_property, offset, kNextBytes);
         if (!value || value->bytes.isEmpty())
             return true;
@@ -157,6 +168,7 @@ bool IncomingConversion::appendRest(qint64 offset)
 
 void IncomingConversion::settle(State state)
 {
+    // An owner that has refused writes nothing more there; any other still may.
     if (state == State::Refused)
         m_pool.giveBack(m_property);
     else

@@ -16,6 +16,7 @@ KeptCopy::KeptCopy(SelectionConnection &connection, PropertyPool &pool,
 void KeptCopy::begin(qint64 changeCount, const FetchedSelection &fetched, xcb_timestamp_t time)
 {
     forget();
+    // A secret must not outlive the program that marked it as one.
     if (fetched.isConcealed)
         return;
     m_state = fetched.isGivenUp ? State::Partial : State::Resting;
@@ -52,6 +53,7 @@ void KeptCopy::discard(qint64 changeCount)
 void KeptCopy::handleDeath()
 {
     if (m_state == State::Reading)
+        // The pieces of an INCR that have come are not the format.
         end(false);
     else if (m_state == State::Resting)
         m_state = State::Partial;
@@ -110,6 +112,8 @@ void KeptCopy::read()
     m_begun = m_lastProgress = m_connection.now();
     m_bytesLeft = m_limits.largestKept - m_fetched.copy.byteCount();
     m_isTooLarge = false;
+    // All that is listed and can be kept: owners make formats when they are asked for them, and
+    // after the end of this one nobody can.
     const QList<xcb_atom_t> targets = m_offer->targets();
     QStringList had;
     for (const QString &name : std::as_const(m_fetched.names)) {
@@ -130,6 +134,8 @@ void KeptCopy::askNext()
     if (m_requests.isEmpty())
         end(!m_isTooLarge);
     else
+        // With the time of the copy: an owner that has copied anew since then refuses an earlier
+        // one (ICCCM 2.2), instead of giving us the formats of another copy.
         m_conversion.ask(m_connection.atoms().clipboard, m_requests.first().first(), m_time,
                          std::max<qint64>(m_bytesLeft, 0));
 }
@@ -149,6 +155,8 @@ void KeptCopy::useAnswer()
     QList<xcb_atom_t> &request = m_requests.first();
     const xcb_atom_t target = request.takeFirst();
     if (m_conversion.state() == ConversionState::Whole) {
+        // Type and format as the owner gave them. They need not follow from the target: that of
+        // TEXT is the owner's choice (ICCCM 2.6.2).
         m_formats.append(
             {target, {m_conversion.type(), m_conversion.bytes(), m_conversion.format()}, {}});
         m_bytesLeft -= m_conversion.bytes().size();

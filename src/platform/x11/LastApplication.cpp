@@ -14,6 +14,7 @@ void LastApplication::remember(const QString &name, quint32 processId)
 
 QString LastApplication::nameWhileItRuns() const
 {
+    // Process numbers come again, so that the name must be the same as well.
     const bool isRunning =
         !m_processName.isEmpty() && ClientProcess::nameOf(m_processId) == m_processName;
     return isRunning ? m_name : QString();

@@ -16,6 +16,7 @@ void LeavingOwner::begin(xcb_window_t owner)
 
 void LeavingOwner::save(xcb_window_t requestor)
 {
+    // The window that asks need not be the one that owns the selection: what ends is the client.
     if (m_owner != XCB_WINDOW_NONE && m_connection.isSameClient(requestor, m_owner))
         m_isSaved = true;
 }

@@ -28,6 +28,8 @@ void OutgoingTransfers::send(xcb_window_t requestor, xcb_atom_t property,
         });
     if (earlier != m_transfers.end())
         end(earlier);
+    // In one piece where one request holds it: INCR takes a round trip a piece, and not every
+    // requestor knows it.
     if (data.bytes.size() <= kPieceBytes)
         m_connection.replace(requestor, property, data.type, data.bytes, data.format);
     else
@@ -36,6 +38,7 @@ void OutgoingTransfers::send(xcb_window_t requestor, xcb_atom_t property,
 
 void OutgoingTransfers::handle(const xcb_property_notify_event_t &event)
 {
+    // ICCCM 2.7.2: the requestor asks for the next piece by deleting the last one.
     if (event.state != XCB_PROPERTY_DELETE)
         return;
     const auto transfer =
@@ -68,6 +71,7 @@ std::optional<OutgoingTransfers::TimePoint> OutgoingTransfers::keepDeadlines(Tim
     std::optional<TimePoint> next;
     for (auto transfer = m_transfers.begin(); transfer != m_transfers.end();) {
         const TimePoint deadline = transfer->lastProgress + m_stallLimit;
+        // Nothing tells that a requestor hangs. It would keep the clip in our memory for ever.
         if (now >= deadline) {
             const auto index = transfer - m_transfers.begin();
             end(transfer);
@@ -85,6 +89,8 @@ void OutgoingTransfers::begin(xcb_window_t requestor, xcb_atom_t property,
 {
     // Watched before the announcement is there to be taken.
     watch(requestor, true);
+    // A lower bound is enough (ICCCM 2.7.2), and nobody who reads it as signed must find a negative
+    // one.
     const auto leastBytes = static_cast<quint32>(
         std::min<qint64>(data.bytes.size(), std::numeric_limits<qint32>::max()));
     m_connection.replace(requestor, property, m_connection.atoms().incr,
@@ -94,6 +100,8 @@ void OutgoingTransfers::begin(xcb_window_t requestor, xcb_atom_t property,
 
 void OutgoingTransfers::watch(xcb_window_t requestor, bool isWatched)
 {
+    // ICCCM 2.7.2 has the owner watch the requestor's window: the deletions of the property drive
+    // the transfer. A window that ends deletes nothing more, so its end is watched as well.
     const quint32 events =
         isWatched ? XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY : 0;
     xcb_change_window_attributes(m_connection.xcb(), requestor, XCB_CW_EVENT_MASK, &events);
@@ -106,6 +114,8 @@ void OutgoingTransfers::end(std::vector<Transfer>::iterator transfer)
     const auto isSameWindow = [requestor](const Transfer &other) {
         return other.requestor == requestor;
     };
+    // We have one event mask on a window, which a second transfer to it may still need: MULTIPLE
+    // begins several.
     if (std::none_of(m_transfers.begin(), m_transfers.end(), isSameWindow))
         watch(requestor, false);
 }

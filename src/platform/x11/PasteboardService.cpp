@@ -33,11 +33,13 @@ PasteboardService::PasteboardService(SelectionConnection &connection, Pasteboard
 void PasteboardService::start()
 {
     const xcb_atom_t clipboard = m_connection.atoms().clipboard;
+    // Watched before it is asked for, so that no copy falls between the two.
     m_connection.watchOwner(clipboard, true);
     const xcb_window_t owner = m_connection.owner(clipboard);
     m_front.start();
     if (owner != XCB_WINDOW_NONE) {
         m_leaving.begin(owner);
+        // No event tells when it was copied; whatever is there now is meant.
         beginReading(owner, XCB_CURRENT_TIME);
     }
     m_managerRole.start();
@@ -213,6 +215,8 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
     // Whatever the owner answered before this came before it; nothing more is to be had.
     if (m_clipboardReader.isReading())
         publishClipboard(m_clipboardReader.abandon());
+    // XFixes tells the end of an owner's window or client from an owner that gives the selection
+    // up. Only the end leaves something to adopt.
     if (event.subtype != XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER) {
         m_server.release(event.selection);
         m_kept.handleDeath();
@@ -237,6 +241,8 @@ void PasteboardService::handleClipboardOwner(const xcb_xfixes_selection_notify_e
         return;
     }
     m_server.release(event.selection);
+    // ICCCM 2.4 wants a time instead of CurrentTime: with that of this change an owner that has
+    // copied again by then refuses, and that copy is counted as a change of its own.
     beginReading(event.owner, event.selection_timestamp);
 }
 
@@ -365,6 +371,8 @@ bool PasteboardService::claim(xcb_atom_t selection, std::shared_ptr<const Select
 {
     m_server.stage(selection, offer);
     xcb_set_selection_owner(m_connection.xcb(), m_connection.window(), selection, time);
+    // ICCCM 2.1: SetSelectionOwner has no answer, and the server drops one whose time is before the
+    // last change. Only the question who owns it tells.
     const bool isOurs = m_connection.owner(selection) == m_connection.window();
     // What came before the confirmation is handled before it, in order: a change by another
     // client is counted before ours.

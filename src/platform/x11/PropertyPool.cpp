@@ -16,6 +16,7 @@ PropertyPool::PropertyPool(SelectionConnection &connection) : m_connection(conne
 
 xcb_atom_t PropertyPool::take()
 {
+    // Used again instead of made anew: the server forgets no atom until its last client has gone.
     return m_free.isEmpty() ? makeProperty() : m_free.takeFirst();
 }
 
@@ -37,6 +38,8 @@ void PropertyPool::handleLate(const xcb_selection_notify_event_t &event)
     if (!m_abandoned.contains(event.property))
         return;
     const auto value = m_connection.read(m_connection.window(), event.property, 0, 0);
+    // Removing the announcement of an INCR would begin the transfer (ICCCM 2.7.2). Left there, its
+    // owner gives up after a while.
     if (value && value->type == m_connection.atoms().incr)
         return;
     m_connection.remove(m_connection.window(), event.property);

@@ -7,6 +7,8 @@
 SelectionAtoms::SelectionAtoms(const X11Connection &server)
     : formats(server.atoms(CopyBytes::names() + QStringList{PictureFormats::kPng}))
 {
+    // The password hint comes from one desktop's clipboard manager and has become the mark that
+    // password managers set everywhere.
     const std::array named = server.atoms(
         {"CLIPBOARD", "CLIPBOARD_MANAGER", "MANAGER", "TARGETS", "TIMESTAMP", "MULTIPLE",
          "SAVE_TARGETS", "x-kde-passwordManagerHint", "ATOM_PAIR", "INCR", "NULL"});

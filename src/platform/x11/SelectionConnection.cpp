@@ -10,12 +10,15 @@ SelectionConnection::SelectionConnection(Clock clock) : m_clock(std::move(clock)
         return;
     m_resourceMask = xcb_get_setup(xcb())->resource_id_mask;
     m_window = xcb_generate_id(xcb());
+    // Owners and requestors are windows (ICCCM 2.1, 2.4). This one is never shown; its properties'
+    // changes are what an INCR is read by.
     const quint32 events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window(xcb(), 0, m_window, m_server.root(), 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &events);
     const xcb_query_extension_reply_t *xfixes = xcb_get_extension_data(xcb(), &xcb_xfixes_id);
     if (xfixes && xfixes->present) {
+        // The server refuses any other request of the extension before it was told a version.
         const XcbPointer<xcb_xfixes_query_version_reply_t> version(
             xcb_xfixes_query_version_reply(xcb(), xcb_xfixes_query_version(xcb(), 5, 0), nullptr));
         if (version)
@@ -26,6 +29,7 @@ SelectionConnection::SelectionConnection(Clock clock) : m_clock(std::move(clock)
 
 bool SelectionConnection::isSameClient(xcb_window_t one, xcb_window_t other) const
 {
+    // Each client makes its ids within a range that the server gave it.
     return (one & ~m_resourceMask) == (other & ~m_resourceMask);
 }
 
@@ -33,6 +37,8 @@ void SelectionConnection::watchOwner(xcb_atom_t selection, bool isWatched)
 {
     if (m_ownerChangeEvent == 0)
         return;
+    // All three, because the core protocol tells only the former owner that the selection has
+    // changed hands, and nobody that its owner has died.
     const quint32 events = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
                            XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
                            XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
@@ -51,6 +57,8 @@ std::optional<SelectionConnection::Value> SelectionConnection::read(xcb_window_t
                                                                     qint64 offset,
                                                                     qint64 most) const
 {
+    // Read without deleting: a deletion has a meaning of its own (ICCCM 2.4, 2.7.2), and is left to
+    // who knows whether all was read.
     const XcbPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(
         xcb(),
         xcb_get_property(xcb(), 0, window, property, XCB_GET_PROPERTY_TYPE_ANY,
@@ -95,10 +103,13 @@ void SelectionConnection::answer(const xcb_selection_request_event_t &request, x
         char bytes[32];
     } event = {};
     event.notify.response_type = XCB_SELECTION_NOTIFY;
+    // All but the property is repeated: requestors tell by it which question was answered.
     event.notify.time = request.time;
     event.notify.requestor = request.requestor;
     event.notify.selection = request.selection;
     event.notify.target = request.target;
     event.notify.property = property;
+    // ICCCM 2.2: with no event mask, which sends it to the client that made the window, whatever
+    // that has selected.
     xcb_send_event(xcb(), 0, request.requestor, 0, event.bytes);
 }

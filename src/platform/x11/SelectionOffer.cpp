@@ -9,6 +9,7 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::of(const CopyBytes &copy,
 {
     std::shared_ptr<SelectionOffer> offer(new SelectionOffer);
     offer->m_text = copy.text;
+    // Converted when it is asked for: a copy is offered in many formats and pasted in one or none.
     for (const CopyBytes::Offer &format : copy.offers())
         offer->m_formats.append({atoms.formats[format.name],
                                  {atoms.formats[format.type], format.bytes},
@@ -20,6 +21,8 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::textAlone(const SelectionA
 {
     if (!m_text)
         return nullptr;
+    // A middle click pastes PRIMARY as well, wherever it falls: no more in it than a terminal
+    // needs.
     CopyBytes copy;
     copy.text = m_text;
     return of(copy, atoms);
@@ -31,6 +34,8 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::with(const QList<Format> &
 {
     std::shared_ptr<SelectionOffer> offer(new SelectionOffer(*this));
     offer->m_formats += formats;
+    // Programs paste the first encoding of their own list that TARGETS names. So those that the
+    // owner made from its picture go on being listed, made from the one that was kept.
     const QStringList pictures = PictureFormats::inOrder(atoms.keys());
     atoms[PictureFormats::kPng] = imagePng;
     for (const QString &name : pictures) {
@@ -68,6 +73,7 @@ std::optional<SelectionOffer::Data> SelectionOffer::convert(xcb_atom_t target) c
         return std::nullopt;
     if (!format->convert)
         return format->data;
+    // One that fails becomes a refusal, which every requestor must expect (ICCCM 2.2).
     const std::optional<QByteArray> bytes = format->convert(format->data.bytes);
     return bytes ? std::optional(Data{format->data.type, *bytes}) : std::nullopt;
 }

@@ -13,6 +13,7 @@ SelectionQuestions::SelectionQuestions(SelectionConnection &connection, Property
 
 void SelectionQuestions::ask(xcb_atom_t selection, Receiver receive)
 {
+    // One question for all who ask meanwhile, because owners muddle up two transfers.
     const auto question =
         m_questions
             .try_emplace(selection, Question{SelectionReader(m_connection, m_pool, m_limits), {}})
@@ -21,6 +22,7 @@ void SelectionQuestions::ask(xcb_atom_t selection, Receiver receive)
     receivers.append(std::move(receive));
     if (reader.isReading())
         return;
+    // ICCCM 2.4 prefers the time of an event; but whoever owns the selection now is who is meant.
     reader.begin(selection, XCB_CURRENT_TIME, PasteboardLimits::kLargestIdleText,
                  SelectionReader::Wish::Text);
     xcb_flush(m_connection.xcb());

@@ -167,7 +167,10 @@ void SelectionReader::useTargets()
 {
     const SelectionAtoms &atoms = m_connection.atoms();
     if (m_conversion.state() == IncomingConversion::State::Whole && m_conversion.format() == 32) {
+        // ICCCM 2.6.2 wants the type ATOM. It is not looked at, because some owners write TARGETS.
         const QList<xcb_atom_t> offered = atomsOf(m_conversion.bytes());
+        // That it is listed is enough: asking for its value would be one conversation more with the
+        // owner of a secret.
         m_fetched.isConcealed = m_wish == Wish::Copy && offered.contains(atoms.passwordHint);
         if (!m_fetched.isConcealed)
             planFormats(offered.mid(0, kMostNamed));

@@ -23,6 +23,8 @@ void SelectionServer::stage(xcb_atom_t selection, std::shared_ptr<const Selectio
 
 void SelectionServer::confirm(xcb_atom_t selection, xcb_timestamp_t time)
 {
+    // What was served before is served until the server says that the selection changed hands:
+    // requests that come until then are meant for it.
     Served &served = m_served[selection];
     if (auto staged = m_staged.take(selection))
         served.offer = std::move(staged);
@@ -43,6 +45,7 @@ bool SelectionServer::handle(const xcb_selection_request_event_t &request)
 {
     // The request's time is not held against it: toolkits send the time of the last event they
     // saw, which may lie before our write, and a refusal would be a paste that fails.
+    // ICCCM 2.2: a client of old names no property and means the one called like the target.
     const xcb_atom_t property =
         request.property != XCB_ATOM_NONE ? request.property : request.target;
     const Served served = m_served.value(request.selection);
@@ -52,6 +55,8 @@ bool SelectionServer::handle(const xcb_selection_request_event_t &request)
     bool isDone = false;
     if (served.offer && isStranger) {
         if (request.target == m_connection.atoms().multiple)
+            // ICCCM 2.6.2: its property holds the list of what is asked for, so it cannot do
+            // without.
             isDone = request.property != XCB_ATOM_NONE &&
                      putAll(served, request.requestor, request.property);
         else
@@ -67,12 +72,14 @@ bool SelectionServer::put(const Served &served, xcb_window_t requestor, xcb_atom
 {
     const SelectionAtoms &atoms = m_connection.atoms();
     if (target == atoms.targets) {
+        // ICCCM 2.6.2 requires the first three of every owner.
         const QList<quint32> targets =
             QList<quint32>{atoms.targets, atoms.timestamp, atoms.multiple} +
             served.offer->targets();
         m_connection.replace(requestor, property, XCB_ATOM_ATOM, targets);
         return true;
     }
+    // When we became the owner, by which other managers tell this copy from the last (ICCCM 2.6.2).
     if (target == atoms.timestamp) {
         m_connection.replace(requestor, property, XCB_ATOM_INTEGER, QList<quint32>{served.time});
         return true;
@@ -91,6 +98,7 @@ bool SelectionServer::putAll(const Served &served, xcb_window_t requestor, xcb_a
     QList<quint32> pairs(value->bytes.size() / qsizetype(sizeof(quint32)));
     std::memcpy(pairs.data(), value->bytes.constData(), pairs.size() * sizeof(quint32));
     for (qsizetype i = 0; i + 1 < pairs.size(); i += 2) {
+        // In their order and each by itself: one that fails does not stop the others (ICCCM 2.6.2).
         if (pairs[i + 1] == XCB_ATOM_NONE || !put(served, requestor, pairs[i], pairs[i + 1]))
             pairs[i + 1] = XCB_ATOM_NONE;
     }

@@ -23,6 +23,7 @@ void sendStartupEnd(const X11Connection &connection, xcb_window_t window, const 
     xcb_client_message_event_t message = {};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 8;
+    // It sends nothing itself: listeners join the messages of one text by it.
     message.window = window;
     message.type = begin;
     constexpr qsizetype kPart = sizeof message.data.data8;

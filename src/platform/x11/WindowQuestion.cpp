@@ -14,6 +14,7 @@ WindowQuestion::Atoms WindowQuestion::atoms(const X11Connection &connection)
 
 WindowQuestion::WindowQuestion(const X11Connection &connection, const Atoms &atoms,
                                xcb_window_t window)
+    // All on their way at once: answered one by one they would hold up each copy.
     : m_exists(connection.get(), xcb_get_window_attributes(connection.get(), window)),
       m_class(connection.ask(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING)),
       m_gtkApplicationId(connection.ask(window, atoms.gtkApplicationId, atoms.utf8)),
@@ -51,6 +52,7 @@ std::optional<WindowIdentity> WindowQuestion::identity()
     if (!m_exists.take(xcb_get_window_attributes_reply))
         return std::nullopt;
     WindowIdentity identity;
+    // ICCCM 4.1.2.5: the instance and the class, in Latin-1, each ended by a zero.
     const QList<QByteArray> names = m_class.value().split('\0');
     identity.resourceName = QString::fromLatin1(names.value(0));
     identity.resourceClass = QString::fromLatin1(names.value(1));

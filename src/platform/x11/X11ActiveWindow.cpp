@@ -18,6 +18,7 @@ X11ActiveWindow::X11ActiveWindow(const X11Connection &connection)
 
 xcb_window_t X11ActiveWindow::current() const
 {
+    // Nobody takes it away when the window manager dies, so it counts only with a living one.
     PendingProperty active =
         m_connection.ask(m_connection.root(), m_atoms.activeWindow, XCB_ATOM_WINDOW);
     if (isManaged())
@@ -35,6 +36,9 @@ xcb_window_t X11ActiveWindow::current() const
 
 bool X11ActiveWindow::isManaged() const
 {
+    // EWMH: the window that is named has the same property, which names itself. The root window
+    // alone may tell of a window manager that is dead, and another window may have got its number
+    // since.
     const auto ask = [this](xcb_window_t window) {
         return m_connection.ask(window, m_atoms.supportingCheck, XCB_ATOM_WINDOW);
     };
@@ -96,6 +100,7 @@ X11ActiveWindow::PendingFocus X11ActiveWindow::askFocus() const
 xcb_window_t X11ActiveWindow::focusOf(PendingFocus &pending)
 {
     const auto reply = pending.take(xcb_get_input_focus_reply);
+    // "The root that the pointer is on" means that no window has the keyboard for good.
     return reply && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT ? reply->focus
                                                                  : xcb_window_t(XCB_NONE);
 }

@@ -35,6 +35,7 @@ quint32 PendingProperty::first()
 
 X11Connection::X11Connection() : m_connection(xcb_connect(nullptr, &m_screenNumber))
 {
+    // Never null: a connection that failed is an object which says so.
     if (isBroken())
         return;
     xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
@@ -75,6 +76,8 @@ quint32 X11Connection::firstOf(xcb_window_t window, xcb_atom_t property, xcb_ato
 
 void X11Connection::roundTrip() const
 {
+    // Any question would do: the server answers in order, so by then it has done all that was asked
+    // before, and sent the events of it.
     const XcbPointer<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
@@ -82,6 +85,7 @@ void X11Connection::roundTrip() const
 void X11Connection::internAtoms(const char *const *names, xcb_atom_t *atoms,
                                 std::size_t count) const
 {
+    // Asked for together, they take the time of one.
     std::vector<xcb_intern_atom_cookie_t> cookies;
     cookies.reserve(count);
     for (std::size_t i = 0; i < count; ++i)

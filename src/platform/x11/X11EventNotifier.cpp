@@ -13,6 +13,7 @@ X11EventNotifier::X11EventNotifier(const X11Connection &connection, Handler hand
 
 void X11EventNotifier::handleArrived()
 {
+    // Until there is none: what has been read into the queue leaves the socket silent.
     while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())})
         m_handler(*event);
     // A lost connection stays readable for ever.

@@ -110,6 +110,7 @@ void X11EventThread::sleep(std::optional<TimePoint> deadline) const
 
 void X11EventThread::dropTasks()
 {
+    // Declared first, so that they go after the lock: a broken promise wakes its waiter at once.
     std::deque<Task> dropped;
     const MutexLock lock(m_mutex);
     m_isLost = true;

@@ -34,8 +34,11 @@ void sendActivation(xcb_connection_t *xcb, xcb_window_t root, xcb_atom_t atom, x
     message.format = 32;
     message.window = window;
     message.type = atom;
+    // EWMH: as an ordinary application (source 1) we could be refused, by window managers that keep
+    // windows from stealing the keyboard, however recent the time.
     message.data.data32[0] = kSourceIsPager;
     message.data.data32[1] = time;
+    // To the root window with both masks, as EWMH has it: only the window manager gets those.
     xcb_send_event(xcb, 0, root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char *>(&message));
@@ -224,6 +227,8 @@ xcb_timestamp_t X11FrontApplication::serverTime()
 
 xcb_timestamp_t X11FrontApplication::userTime()
 {
+    // EWMH: the time of what the user did. An earlier one than the _NET_WM_USER_TIME of the active
+    // window loses. The clock goes round every 49 days, so times are compared by difference.
     const xcb_timestamp_t now = serverTime();
     const bool isByHotKey = m_lastPress && int32_t(now - *m_lastPress) >= 0 &&
                             int32_t(now - *m_lastPress) < kHotKeyValidity;

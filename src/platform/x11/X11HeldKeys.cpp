@@ -61,6 +61,8 @@ X11HeldKeys::Keys X11HeldKeys::down(bool withPrograms) const
         xcb, xcb_input_xi_query_device(xcb, XCB_INPUT_DEVICE_ALL), nullptr));
     if (!devices)
         return {};
+    // Each device by itself: the master, as the core keymap, mixes fingers and XTEST. A floating
+    // one has left its master, but may have a key down.
     std::vector<xcb_input_query_device_state_cookie_t> cookies;
     xcb_input_xi_device_info_iterator_t device =
         xcb_input_xi_query_device_infos_iterator(devices.get());
@@ -85,6 +87,7 @@ void X11HeldKeys::setListening(bool isListening)
 {
     if (m_opcode == 0 || isListening == m_isListening)
         return;
+    // Only while it matters: it wakes us at each key that anybody lets go of.
     m_isListening = isListening;
     struct
     {

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
+// X keycodes are the kernel's plus 8, because the protocol has none below 8.
 constexpr int kEvdevOffset = 8;
 /// Nothing tells when the keyboard comes to a window of ours while a key waits for it.
 constexpr std::chrono::milliseconds kLookInterval{2};
@@ -121,10 +122,13 @@ bool X11HotKeys::typeFreely(const std::function<Keystroke(const Typing &)> &plan
             takeArrived();
         }
         const Keystroke keystroke = plan({m_connection, m_keyboard, m_grabs});
+        // Typed by XTEST it would fire like one that was pressed.
         if (keystroke.isHotKey)
             m_grabs.setSuspended(true);
         if (isKeeping)
             m_typeAhead.letGo();
+        // A hot key that is still down has the keyboard for us: the keystroke would come here
+        // instead of to the target.
         giveKeyboardBack();
         for (const auto &[eventType, keycode] : keystroke.steps)
             xcb_test_fake_input(m_connection.get(), eventType, keycode, XCB_CURRENT_TIME, XCB_NONE,
@@ -240,6 +244,7 @@ void X11HotKeys::handleRelease(const xcb_key_release_event_t &event)
 
 void X11HotKeys::handlePress(const xcb_key_press_event_t &event)
 {
+    // The grabs of hot keys are on the root window; on another there is only that of Return.
     if (event.event != m_connection.root()) {
         m_typeAhead.begin(event);
         return;
@@ -350,6 +355,7 @@ void X11HotKeys::endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime)
     }
     if (ended.empty())
         return;
+    // What tells the release is a raw event, which has neither place nor modifiers.
     const XcbPointer<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
         m_connection.get(), xcb_query_pointer(m_connection.get(), m_connection.root()), nullptr));
     for (auto &[keycode, event] : ended) {
@@ -378,6 +384,8 @@ void X11HotKeys::giveKeyboardBack()
         return;
     expectReleaseElsewhere();
     m_handOver.forget();
+    // This ends also the grab that a key began by itself, and thaws the keys that the server held
+    // back for it.
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
 }
 

@@ -37,6 +37,7 @@ bool X11KeyGrabs::isAvailable(const X11Combination &combination)
     const auto known = m_wanted.find(combination);
     if (known != m_wanted.end() && known->second)
         return true;
+    // There is no question for it: the server says so only to who tries.
     if (!grab(combination))
         return false;
     ungrab(combination);
@@ -91,6 +92,8 @@ std::vector<X11Combination> X11KeyGrabs::matching(xcb_keycode_t keycode, quint16
 
 std::vector<quint16> X11KeyGrabs::masksOf(const X11Combination &combination) const
 {
+    // A grab is for exactly these modifiers: with NumLock on, one without it stays silent. "Any
+    // modifiers" instead would take the key from everybody.
     std::vector<quint16> masks = m_modifiers.lockVariants(combination.carbonModifiers);
     for (quint16 &mask : masks)
         mask |= m_modifiers.maskOf(combination.carbonModifiers);
@@ -119,12 +122,16 @@ bool X11KeyGrabs::isUsedByAnother(const X11Combination &combination, quint16 mas
 
 bool X11KeyGrabs::grab(const X11Combination &combination)
 {
+    // Synchronous for the keyboard: it stands still from the press on, and gives one event at a
+    // time until the window that the hot key opens can have the others.
     xcb_connection_t *xcb = m_connection.get();
     std::vector<xcb_void_cookie_t> cookies;
     for (const quint16 mask : masksOf(combination))
         cookies.push_back(xcb_grab_key_checked(xcb, 0, m_connection.root(), mask,
                                                combination.keycode, XCB_GRAB_MODE_ASYNC,
                                                XCB_GRAB_MODE_SYNC));
+    // An Access error: another client has that variant. With one missing the hot key would work
+    // until somebody presses NumLock, so all go.
     bool isRefused = m_connection.isBroken();
     for (const xcb_void_cookie_t &cookie : cookies)
         isRefused |= XcbPointer<xcb_generic_error_t>(xcb_request_check(xcb, cookie)) != nullptr;

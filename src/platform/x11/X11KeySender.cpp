@@ -54,6 +54,9 @@ bool X11KeySender::sendCommand(quint32 keyCode)
     const xcb_window_t target = m_front.windowInFront();
     if (!isCopy)
         m_selections.expectPaste(target);
+    // In a terminal Ctrl-C would end the program inside and Ctrl-V type a control character, and
+    // Ctrl-Shift-V is not every terminal's. What is marked there is PRIMARY already, and
+    // Shift-Insert pastes PRIMARY.
     if (!m_front.isTerminal(target))
         return send(
             {CarbonModifiers::kControl, isCopy ? xkb_keysym_t(XKB_KEY_c) : XKB_KEY_v, keyCode});
@@ -104,6 +107,7 @@ X11HotKeys::Keystroke X11KeySender::plan(const X11HotKeys::Typing &typing, const
     const X11Modifiers &modifiers = typing.grabs.modifiers();
     const bool isControl = chord.carbonModifier == CarbonModifiers::kControl;
     const xcb_keycode_t modifierKey = isControl ? modifiers.controlKey : modifiers.shiftKey;
+    // Asked anew: a notice may be under way, and in another group the key types another letter.
     typing.keyboard.readGroup();
     const auto position =
         xcb_keycode_t(VirtualKey::toEvdev(chord.keyCode).value_or(0) + kEvdevOffset);

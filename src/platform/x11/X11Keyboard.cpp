@@ -34,6 +34,8 @@ void X11Keyboard::selectNotices() const
                                    XCB_XKB_MAP_PART_MODIFIER_MAP | XCB_XKB_MAP_PART_VIRTUAL_MODS |
                                    XCB_XKB_MAP_PART_VIRTUAL_MOD_MAP;
     constexpr uint16_t kKeyboardParts = XCB_XKB_NKN_DETAIL_KEYCODES;
+    // Another keyboard that is plugged in or used may bring a map of its own, which comes as the
+    // first notice; a new layout as the second.
     xcb_xkb_select_events_details_t details = {};
     details.affectNewKeyboard = kKeyboardParts;
     details.newKeyboardDetails = kKeyboardParts;
@@ -49,6 +51,8 @@ void X11Keyboard::setDetectableAutoRepeat()
 {
     if (!m_hasExtension)
         return;
+    // Without it the server lets a held key go and presses it again at each repetition, which
+    // nobody can tell from fingers.
     constexpr uint32_t kFlag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     const auto cookie = xcb_xkb_per_client_flags(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, kFlag,
                                                  kFlag, 0, 0, 0);
@@ -86,6 +90,8 @@ xkb_keymap *X11Keyboard::keymap()
     if (m_keymap || !m_hasExtension)
         return m_keymap.get();
     if (!m_context)
+        // The server gives the map whole, so that nothing is included from files. It is asked, and
+        // not the names in _XKB_RULES_NAMES, which do not tell what xmodmap has changed.
         m_context.reset(xkb_context_new(XKB_CONTEXT_NO_DEFAULT_INCLUDES));
     const int32_t device = xkb_x11_get_core_keyboard_device_id(m_connection.get());
     if (m_context && device >= 0)
@@ -111,10 +117,13 @@ std::optional<xcb_keycode_t> X11Keyboard::keyFor(xkb_keysym_t symbol)
     if (!map)
         return std::nullopt;
     std::optional<xcb_keycode_t> elsewhere;
+    // Neither core events nor XTEST have more than a byte for it.
     const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(map), 255);
     for (xkb_keycode_t keycode = xkb_keymap_min_keycode(map); keycode <= last; ++keycode) {
         if (plainSymbol(map, keycode, m_group) == symbol)
             return xcb_keycode_t(keycode);
+        // Toolkits find Ctrl-V in another group where the one in effect has no Latin letters; so
+        // the key of that group will do.
         const xkb_layout_index_t groups = xkb_keymap_num_layouts_for_key(map, keycode);
         for (xkb_layout_index_t group = 0; group < groups && !elsewhere; ++group) {
             if (plainSymbol(map, keycode, group) == symbol)

@@ -28,6 +28,7 @@ void X11KeyboardHandOver::begin()
 void X11KeyboardHandOver::passOver()
 {
     m_heldSince.reset();
+    // Gives the next event and freezes the keyboard again with it.
     xcb_allow_events(m_connection.get(), XCB_ALLOW_SYNC_KEYBOARD, XCB_CURRENT_TIME);
 }
 
@@ -50,5 +51,6 @@ bool X11KeyboardHandOver::isTooLate(TimePoint now) const
 void X11KeyboardHandOver::letGo()
 {
     m_heldSince.reset();
+    // The server takes the key as if it had just been pressed and no grab of ours had been there.
     xcb_allow_events(m_connection.get(), XCB_ALLOW_REPLAY_KEYBOARD, XCB_CURRENT_TIME);
 }

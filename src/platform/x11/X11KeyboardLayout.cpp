@@ -83,6 +83,8 @@ QString nameOf(xkb_keysym_t symbol)
 
 bool isAsciiCapable(xkb_keymap *keymap, xkb_layout_index_t group)
 {
+    // Not all twelve, because some Latin layouts have letters of their own among them, as Turkish F
+    // has. Those for Cyrillic or Greek have none.
     const auto givesLetter = [&](quint32 keyCode) {
         const xkb_keysym_t symbol =
             X11Keyboard::plainSymbol(keymap, keycodeOf(keyCode).value_or(0), group);
@@ -146,6 +148,7 @@ QString X11KeyboardLayout::characters(quint32 keyCode, quint32 carbonModifiers) 
     xkb_keymap *keymap = currentKeymap();
     if (!keycode || !keymap)
         return {};
+    // A state of its own: what is held just now has nothing to do with it.
     const XkbPointer<xkb_state> state(xkb_state_new(keymap));
     const xkb_mod_index_t capsLock = xkb_keymap_mod_get_index(keymap, XKB_MOD_NAME_CAPS);
     const bool isLocked =
@@ -174,6 +177,7 @@ void X11KeyboardLayout::takeIn(const xcb_generic_event_t &event)
 
 xkb_keymap *X11KeyboardLayout::currentKeymap() const
 {
+    // The map is asked of the server, and with its answer a notice may come that it is out of date.
     m_events.handleArrived();
     m_keyboard.keymap();
     m_events.handleArrived();
@@ -184,6 +188,7 @@ xkb_keymap *X11KeyboardLayout::usKeymap() const
 {
     if (!m_us) {
         const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+        // By the rules whose keycodes are the kernel's, as ours are.
         const xkb_rule_names names = {"evdev", "pc105", "us", nullptr, nullptr};
         if (context)
             m_us.reset(

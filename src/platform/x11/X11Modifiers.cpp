@@ -86,12 +86,15 @@ X11Modifiers X11Modifiers::read(const X11Connection &connection)
     if (!map)
         return modifiers;
 
+    // Mod1 to Mod5 mean what the layout makes of them: Alt, Super and the locks are known by the
+    // symbols of their keys.
     const ModifierRows rows = rowsOf(*map);
     if (const quint16 alt = maskHolding(rows, symbols, {XKB_KEY_Alt_L, XKB_KEY_Alt_R}))
         modifiers.option = alt;
     if (const quint16 super = maskHolding(rows, symbols, {XKB_KEY_Super_L, XKB_KEY_Super_R}))
         modifiers.command = super;
     const quint16 taken = modifiers.option | modifiers.command;
+    // A lock that shares its modifier cannot be left out without leaving out Alt or Super.
     modifiers.numLock = maskHolding(rows, symbols, {XKB_KEY_Num_Lock}) & ~taken;
     modifiers.scrollLock = maskHolding(rows, symbols, {XKB_KEY_Scroll_Lock}) & ~taken;
     if (!rows[XCB_MAP_INDEX_CONTROL].empty())
@@ -149,5 +152,6 @@ std::vector<quint16> X11Modifiers::lockVariants(quint32 carbonModifiers) const
 
 quint16 X11Modifiers::withoutLocks(quint16 state) const
 {
+    // Above the modifiers are the buttons of the pointer and the group of the layout.
     return state & kAllModifiers & ~(XCB_MOD_MASK_LOCK | numLock | scrollLock);
 }

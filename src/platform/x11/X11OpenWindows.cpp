@@ -31,6 +31,8 @@ std::vector<xcb_window_t> X11OpenWindows::shownWithoutManager() const
         return shown;
     const xcb_window_t *children = xcb_query_tree_children(tree.get());
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
+        // Nobody has put them into frames, so they are on the root window itself, beside menus and
+        // helpers, which have no class.
         const bool hasClass =
             !m_connection.property(children[i], XCB_ATOM_WM_CLASS, XCB_ATOM_STRING).isEmpty();
         if (hasClass && m_windows.isShown(children[i]))

@@ -45,6 +45,8 @@ void X11PasteTarget::handle(const xcb_generic_event_t &event)
     if ((event.response_type & kEventMask) != XCB_PROPERTY_NOTIFY)
         return;
     const xcb_atom_t atom = reinterpret_cast<const xcb_property_notify_event_t &>(event).atom;
+    // The second is written by a window manager that starts: from then on it tells who is in front,
+    // and not the place of the keyboard.
     if (atom == m_activeWindowAtom || atom == m_managerAtom)
         follow();
 }

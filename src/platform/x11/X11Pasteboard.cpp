@@ -150,6 +150,8 @@ void X11Pasteboard::shutDown()
 {
     if (!m_thread)
         return;
+    // A selection is nobody's once its connection has gone: whoever is to keep it must have it by
+    // then.
     // The task's alone: it is dropped when the connection is lost, which ends the wait, and the
     // answer may come when nobody waits any more.
     auto handedOver = std::make_shared<std::promise<void>>();

@@ -49,6 +49,8 @@ X11TrayArea::X11TrayArea(QObject *parent) : TrayArea(parent)
     if (!connection)
         return;
     const int screen = defaultScreen();
+    // The system tray protocol: who owns this selection is the tray of that screen (a manager
+    // selection, ICCCM 2.8).
     m_selection = internAtom(connection, "_NET_SYSTEM_TRAY_S" + QByteArray::number(screen));
     m_colors = internAtom(connection, "_NET_SYSTEM_TRAY_COLORS");
     const xcb_query_extension_reply_t *fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
@@ -99,6 +101,8 @@ std::optional<QColor> X11TrayArea::foreground()
     if (!colors || colors->format != 32 || colors->value_len < kComponents)
         return std::nullopt;
     const auto *values = static_cast<const uint32_t *>(xcb_get_property_value(colors.get()));
+    // Of 16 bits each. The first colour is that of plain icons, then come error, warning and
+    // success.
     const auto component = [values](int i) { return static_cast<quint16>(values[i] & 0xFFFF); };
     return QColor::fromRgba64(component(0), component(1), component(2));
 }

@@ -35,6 +35,7 @@ X11TypeAhead::X11TypeAhead(const X11Connection &connection, const X11HeldKeys &h
 
 void X11TypeAhead::watch(xcb_window_t window, const Keycodes &keys) const
 {
+    // With any modifiers, because Return pastes with some of them too.
     for (const xcb_keycode_t key : keys)
         xcb_grab_key(m_connection.get(), 0, window, XCB_MOD_MASK_ANY, key, XCB_GRAB_MODE_ASYNC,
                      XCB_GRAB_MODE_SYNC);

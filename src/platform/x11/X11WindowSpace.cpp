@@ -95,6 +95,8 @@ QRect X11WindowSpace::visibleFrame(const QScreen &screen) const
 bool X11WindowSpace::areAnimationsEnabled() const
 {
     xcb_connection_t *xcb = m_connection.get();
+    // XSETTINGS: whoever owns this selection has the desktop's settings in a property of its
+    // window.
     const XcbPointer<xcb_get_selection_owner_reply_t> daemon(xcb_get_selection_owner_reply(
         xcb, xcb_get_selection_owner(xcb, m_atoms.settingsOwner), nullptr));
     if (!daemon || daemon->owner == XCB_NONE)
@@ -170,6 +172,8 @@ void X11WindowSpace::watchCompositor()
     const xcb_query_extension_reply_t *fixes = xcb_get_extension_data(xcb, &xcb_xfixes_id);
     if (!fixes || !fixes->present)
         return;
+    // EWMH: a compositing manager owns _NET_WM_CM_Sn of its screen, so that its coming and going
+    // are changes of an owner.
     m_selectionEvent = fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
     const XcbPointer<xcb_xfixes_query_version_reply_t> version(
         xcb_xfixes_query_version_reply(xcb, xcb_xfixes_query_version(xcb, 1, 0), nullptr));
@@ -214,6 +218,8 @@ void X11WindowSpace::keepOutOfTaskbar(QWindow &window) const
     xcb_connection_t *qt = qtX11Connection();
     if (!qt || !window.handle())
         return;
+    // Written and not asked for by a message: EWMH leaves the property to the client until its
+    // window is shown. The switcher's state is one desktop's own.
     const xcb_atom_t states[] = {m_atoms.skipTaskbar, m_atoms.skipPager, m_atoms.skipSwitcher};
     xcb_change_property(qt, XCB_PROP_MODE_REPLACE, xcb_window_t(window.winId()),
                         m_atoms.windowState, XCB_ATOM_ATOM, 32, std::size(states), states);

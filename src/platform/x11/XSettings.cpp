@@ -26,6 +26,7 @@ std::optional<qint32> XSettings::integer(const QByteArray &bytes, const QByteArr
 {
     QDataStream stream(bytes);
     quint8 order = 0;
+    // By the machine that the settings daemon runs on; 0 is little-endian, as in the X protocol.
     stream >> order;
     stream.setByteOrder(order == 0 ? QDataStream::LittleEndian : QDataStream::BigEndian);
     skip(stream, 3 + kSerialSize);
@@ -39,6 +40,7 @@ std::optional<qint32> XSettings::integer(const QByteArray &bytes, const QByteArr
         QByteArray told(nameSize, Qt::Uninitialized);
         if (stream.readRawData(told.data(), nameSize) != nameSize)
             return std::nullopt;
+        // Names and texts are filled up to words; each setting tells when it last changed.
         skip(stream, padded(nameSize) - nameSize + kSerialSize);
         qint32 value = 0; // of a text: its size
         if (type == Integer || type == String)
