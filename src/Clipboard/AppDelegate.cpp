@@ -2,7 +2,6 @@
 
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/HistoryNotices.h"
-#include "Clipboard/HistoryPanel.h"
 #include "Clipboard/LiveSettings.h"
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/TraylessHint.h"
@@ -71,7 +70,6 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
                                                 m_info, storeFolder);
     m_liveSettings = std::make_unique<LiveSettings>(*m_preferencesGeneral,
                                                     *m_preferencesApplication, *platform.settings);
-    m_panel = std::make_unique<HistoryPanel>();
     m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
     m_hotKeyField = std::make_unique<HotKeyTextField>(*platform.hotKeys, *platform.keyboardLayout);
     m_history = std::make_unique<ClipHistory>(storeFolder, *platform.clock, *m_liveSettings);
@@ -79,15 +77,27 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_capture = std::make_unique<ClipboardCapture>(*platform.pasteboard, *platform.frontApplication,
                                                    *m_history, *platform.notifications,
                                                    *m_liveSettings, *m_swopState);
+    auto viewController =
+        std::make_unique<ViewController>(*this, *m_swopState, *platform.workspace, *platform.clock);
+    m_windowController =
+        std::make_unique<WindowDelegate>(std::move(viewController), *platform.windowSpace,
+                                         *platform.frontApplication, *platform.keySender);
     m_paster = std::make_unique<ClipPaster>(
         ClipPaster::Ports{*platform.pasteboard, *platform.frontApplication, *platform.workspace,
                           *platform.notifications, *platform.clock},
-        *m_liveSettings, *m_history, *m_capture, *m_swopState, *m_hotKeyManager, *m_panel,
-        ClipPaster::Waits());
+        *m_liveSettings, *m_history, *m_capture, *m_swopState, *m_hotKeyManager,
+        *m_windowController, ClipPaster::Waits());
     m_notices = std::make_unique<HistoryNotices>(*m_capture, *m_paster, *platform.settings);
-    connect(m_panel.get(), &HistoryPanel::opens, m_notices.get(), &HistoryNotices::historyOpens);
-    connect(m_panel.get(), &HistoryPanel::shown, this,
-            [this] { askAboutDamagedSettings(m_panel->window()); });
+    connect(m_windowController.get(), &WindowDelegate::opens, m_notices.get(),
+            &HistoryNotices::historyOpens);
+    connect(m_windowController.get(), &WindowDelegate::shown, this,
+            [this] { askAboutDamagedSettings(window()); });
+    connect(this->viewController(), &ViewController::didHide, this, [this] {
+        m_notices->historyCloses();
+        updateFooter();
+    });
+    connect(this->viewController(), &ViewController::closed, m_paster.get(),
+            &ClipPaster::cancelSwop);
     connect(m_capture.get(), &ClipboardCapture::limitAsked, this, &AppDelegate::openTextLimit);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
@@ -114,16 +124,6 @@ void AppDelegate::applicationDidFinishLaunching()
     logTrace(QStringLiteral("schedule timer complete"));
     m_history->loadClipItems();
     logTrace(QStringLiteral("load clipItems complete"));
-    auto viewController = std::make_unique<ViewController>(
-        *this, *m_swopState, *m_platform.workspace, *m_platform.clock);
-    connect(viewController.get(), &ViewController::didHide, this, [this] {
-        m_notices->historyCloses();
-        updateFooter();
-    });
-    connect(viewController.get(), &ViewController::closed, m_paster.get(), &ClipPaster::cancelSwop);
-    m_panel->load(
-        std::make_unique<WindowDelegate>(std::move(viewController), *m_platform.windowSpace,
-                                         *m_platform.frontApplication, *m_platform.keySender));
     logTrace(QStringLiteral("load story board complete"));
     loadPreferences();
     logTrace(QStringLiteral("load preferences complete"));

@@ -30,7 +30,6 @@ class ApplicationUpdates;
 class DMHelperAppDelegate;
 class DevMateKit;
 class HistoryNotices;
-class HistoryPanel;
 class HotKeyManager;
 class HotKeyTextField;
 class LiveSettings;
@@ -44,6 +43,7 @@ class TourGuide;
 class TraylessHint;
 class ViewController;
 class WelcomeWindowController;
+class WindowDelegate;
 
 /// The one long-lived owner: builds the rooms' objects in their order, keeps them until the
 /// application quits, and forwards what menus, shortcuts and windows ask for. The windows know only
@@ -148,7 +148,6 @@ public:
 
     const SwopState &swopState() const { return *m_swopState; }
     ClipHistory &history() const { return *m_history; }
-    /// Null before the start, as the window is.
     ViewController *viewController() const;
     ClipboardWindow *window() const;
     CCNPreferencesWindowController *preferences() const { return m_preferences.get(); }
@@ -199,7 +198,7 @@ private:
     std::unique_ptr<HistoryNotices> m_notices;
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<QTimer> m_timer;
-    std::unique_ptr<HistoryPanel> m_panel; ///< Shows what m_history lists.
+    std::unique_ptr<WindowDelegate> m_windowController;
     std::unique_ptr<CCNPreferencesWindowController> m_preferences;
     std::unique_ptr<WelcomeWindowController> m_welcomeWindowController;
     std::unique_ptr<TourGuide> m_tourGuide;

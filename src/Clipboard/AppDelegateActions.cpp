@@ -4,14 +4,15 @@
 
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/HelpPage.h"
-#include "Clipboard/HistoryPanel.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/welcome/TourGuide.h"
 #include "Clipboard/welcome/WelcomeWindowController.h"
 #include "Clipboard/window/ClipTableView.h"
+#include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/PreviewPane.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
+#include "Clipboard/window/WindowDelegate.h"
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/ClipPaster.h"
@@ -45,7 +46,8 @@ void AppDelegate::launch()
 {
     if (handleWelcomeWindow())
         return;
-    if (m_panel->isWorkedIn()) {
+    m_windowController->noticeLostKeyboard();
+    if (viewController()->isWindowKey()) {
         viewController()->next();
         return;
     }
@@ -62,9 +64,9 @@ void AppDelegate::swop()
     if (waitsForWelcome(nullptr))
         return;
     // A swop takes its selection from another program, never from a field of ours.
-    m_panel->forgetCoveredWindow();
+    m_windowController->forgetCoveredWindow();
     m_paster->swop();
-    m_panel->unhide();
+    m_windowController->unhide();
 }
 
 void AppDelegate::openPreferences()
@@ -185,27 +187,27 @@ void AppDelegate::startTour()
 
 ViewController *AppDelegate::viewController() const
 {
-    return m_panel->viewController();
+    return m_windowController->getViewController();
 }
 
 ClipboardWindow *AppDelegate::window() const
 {
-    return m_panel->window();
+    return m_windowController->window();
 }
 
 void AppDelegate::setWindowVisible()
 {
-    m_panel->setWindowVisible();
+    m_windowController->showWindow();
 }
 
 void AppDelegate::hide()
 {
-    m_panel->hide();
+    window()->close();
 }
 
 void AppDelegate::hideApp()
 {
-    m_panel->hideApp();
+    m_windowController->hideApp();
 }
 
 std::shared_ptr<ClipItem> AppDelegate::getSelectedItem() const
@@ -284,8 +286,8 @@ void AppDelegate::performPaste(int row, const std::optional<QString> &format)
     if (row < 0)
         m_paster->cancelSwop();
     m_paster->performPaste(row, format);
-    m_panel->unhide();
-    m_panel->forgetCoveredWindow();
+    m_windowController->unhide();
+    m_windowController->forgetCoveredWindow();
 }
 
 void AppDelegate::maxItemsModified(qint64 maxItems)

@@ -41,26 +41,9 @@ bool ApplicationUpdates::updaterShouldRelaunchApplication(const DM_SUUpdater &)
     return true;
 }
 
-void ApplicationUpdates::updaterWillInstallUpdateOnQuit(const DM_SUUpdater &, const QString &,
-                                                        std::function<void()> immediateInstallation)
-{
-    immediateInstallation();
-}
-
 QString ApplicationUpdates::pathToRelaunchForUpdater(const DM_SUUpdater &)
 {
     return QCoreApplication::applicationFilePath();
-}
-
-bool ApplicationUpdates::updaterMayShowModalAlert(const DM_SUUpdater &)
-{
-    return true;
-}
-
-void ApplicationUpdates::updaterDidAbortWithError(const DM_SUUpdater &,
-                                                  const std::optional<UpdateError> &)
-{
-    // The updater has logged it and, where the user asked, shown it.
 }
 
 void ApplicationUpdates::updaterWillRelaunchApplication(const DM_SUUpdater &)

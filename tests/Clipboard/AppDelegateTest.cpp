@@ -1,19 +1,16 @@
-#include "Clipboard/AppDelegate.h"
+#include "Clipboard/ApplicationRig.h"
 
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
-#include "Clipboard/settings/SettingsKeys.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/ViewController.h"
 #include "history/ClipContext.h"
-#include "history/ClipItem.h"
 #include "hotkey/HotKeyCenter.h"
 #include "hotkey/HotKeyTextField.h"
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
-#include "platform/memory/MemoryPlatform.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "shortcut/MASShortcutValidator.h"
 #include "support/ExpectedWarnings.h"
@@ -27,10 +24,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <functional>
 
@@ -38,46 +32,24 @@ namespace {
 
 constexpr quint32 kCommandShift = CarbonModifiers::kCommand | CarbonModifiers::kShift;
 
-Info info()
-{
-    return {QStringLiteral("org.example.Test"), QStringLiteral("7.8"), QStringLiteral("7.8")};
-}
-
-class AppDelegateTest : public testing::Test
+class AppDelegateTest : public ApplicationRig
 {
 protected:
-    AppDelegateTest()
-    {
-        m_platform.frontApplication.setApplicationName(QStringLiteral("Editor"));
-        m_platform.settings.setValue(SettingsKeys::kWelcomeWindowShown, true);
-    }
+    AppDelegateTest() { memory.frontApplication.setApplicationName(QStringLiteral("Editor")); }
 
-    AppDelegate &start()
+    /// Presses the swop shortcut in an application in which `selection` is selected.
+    void swopSelection()
     {
-        m_delegate = std::make_unique<AppDelegate>(m_platform.platform, info(), m_folder.path());
-        m_delegate->applicationDidFinishLaunching();
-        return *m_delegate;
-    }
-
-    void copy(const QString &text)
-    {
-        PasteboardContents contents;
-        contents.text = text;
-        contents.applicationName = QStringLiteral("Editor");
-        m_platform.pasteboard.copyFromOutside(contents);
-    }
-
-    QStringList clips() const
-    {
-        QStringList texts;
-        for (const auto &item : m_delegate->getClipItemArr())
-            texts.append(item->strValue().value_or(QString()));
-        return texts;
+        memory.keySender.setReaction([this](quint32 key) {
+            if (key == VirtualKey::kC)
+                copy(QStringLiteral("selection"));
+        });
+        press(VirtualKey::kX);
     }
 
     void press(quint32 keyCode)
     {
-        m_platform.hotKeys.press(keyCode, kCommandShift);
+        memory.hotKeys.press(keyCode, kCommandShift);
         // Actions of hot keys are queued.
         QCoreApplication::processEvents();
     }
@@ -92,10 +64,6 @@ protected:
             found = found ? found : qobject_cast<Window *>(candidate);
         return found;
     }
-
-    QTemporaryDir m_folder;
-    MemoryPlatform m_platform;
-    std::unique_ptr<AppDelegate> m_delegate;
 };
 
 TEST_F(AppDelegateTest, theMenuHasItsEntriesInOrderAndItsFirstLineCannotBeChosen)
@@ -108,19 +76,19 @@ TEST_F(AppDelegateTest, theMenuHasItsEntriesInOrderAndItsFirstLineCannotBeChosen
                                                 "Preferences...|-|Launch...|-|Clear All|-|Help...|"
                                                 "Send Feedback...|-|Quit"));
     EXPECT_FALSE(menu.actions().first()->isEnabled());
-    const MenuModel withKeys = m_delegate->statusMenu().model();
+    const MenuModel withKeys = application->statusMenu().model();
     ASSERT_EQ(withKeys.size(), 1U);
     EXPECT_EQ(withKeys[0].keyEquivalent, QStringLiteral("Command-q"));
-    EXPECT_EQ(m_platform.statusBar.menu(), &menu);
+    EXPECT_EQ(memory.statusBar.menu(), &menu);
 }
 
 TEST_F(AppDelegateTest, startUpTellsItsStepsInOrderOnlyWhileTraceIsOn)
 {
     start();
     EXPECT_FALSE(ExpectedWarnings::messages().contains(QStringLiteral("initStatusBar complete")));
-    m_delegate = std::make_unique<AppDelegate>(m_platform.platform, info(), m_folder.path());
-    m_delegate->setTrace(true);
-    m_delegate->applicationDidFinishLaunching();
+    application = std::make_unique<AppDelegate>(memory.platform, info(), folder.path());
+    application->setTrace(true);
+    application->applicationDidFinishLaunching();
     const QStringList steps{
         QStringLiteral("applicationDidFinishLaunching start"),
         QStringLiteral("initStatusBar complete"),
@@ -140,28 +108,28 @@ TEST_F(AppDelegateTest, startUpTellsItsStepsInOrderOnlyWhileTraceIsOn)
 
 TEST_F(AppDelegateTest, theStoreIsOpenedByItsFirstUseAndNotBefore)
 {
-    const QString store = m_folder.path() + QStringLiteral("/Quillmarsh.sqlite");
-    const AppDelegate delegate(m_platform.platform, info(), m_folder.path());
+    const QString store = folder.path() + QStringLiteral("/Quillmarsh.sqlite");
+    const AppDelegate delegate(memory.platform, info(), folder.path());
     EXPECT_FALSE(QFileInfo::exists(store));
     EXPECT_EQ(&delegate.persistentStoreCoordinator(), &delegate.managedObjectContext().store());
     EXPECT_TRUE(QFileInfo::exists(store));
     EXPECT_EQ(delegate.applicationDocumentsDirectory().toLocalFile(),
-              QFileInfo(m_folder.path()).absolutePath());
+              QFileInfo(folder.path()).absolutePath());
     EXPECT_EQ(delegate.managedObjectModel().entityName(), QStringLiteral("ClipItem"));
 }
 
 TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened)
 {
     start();
-    EXPECT_EQ(m_platform.hotKeys.idsOf(VirtualKey::kV, kCommandShift).size(), 1U);
-    EXPECT_EQ(m_platform.hotKeys.idsOf(VirtualKey::kX, kCommandShift).size(), 1U);
+    EXPECT_EQ(memory.hotKeys.idsOf(VirtualKey::kV, kCommandShift).size(), 1U);
+    EXPECT_EQ(memory.hotKeys.idsOf(VirtualKey::kX, kCommandShift).size(), 1U);
     press(VirtualKey::kV);
-    EXPECT_TRUE(m_delegate->window()->isVisible());
+    EXPECT_TRUE(application->window()->isVisible());
 }
 
 TEST_F(AppDelegateTest, aKeyWhoseCapitalIsSeveralLettersIsNotTakenByTheMenu)
 {
-    m_platform.keyboardLayout.setName(VirtualKey::kMinus, QStringLiteral("ß"));
+    memory.keyboardLayout.setName(VirtualKey::kMinus, QStringLiteral("ß"));
     start();
     EXPECT_FALSE(MASShortcutValidator::sharedValidator().isShortcutAlreadyTakenBySystem(
         {VirtualKey::kMinus, ModifierFlags::kCommand}));
@@ -169,26 +137,26 @@ TEST_F(AppDelegateTest, aKeyWhoseCapitalIsSeveralLettersIsNotTakenByTheMenu)
 
 TEST_F(AppDelegateTest, theDesktopsListIsReadAtTheStart)
 {
-    QSignalSpy readings(&m_platform.symbolicHotKeys, &SymbolicHotKeys::refreshed);
+    QSignalSpy readings(&memory.symbolicHotKeys, &SymbolicHotKeys::refreshed);
     start();
     EXPECT_EQ(readings.size(), 1);
 }
 
 TEST_F(AppDelegateTest, aCopyThatIsSeenBeforeThePanesAreLoadedIsRecordedOnceTheyAre)
 {
-    m_delegate = std::make_unique<AppDelegate>(m_platform.platform, info(), m_folder.path());
+    application = std::make_unique<AppDelegate>(memory.platform, info(), folder.path());
     copy(QStringLiteral("early"));
-    m_delegate->applicationDidFinishLaunching();
+    application->applicationDidFinishLaunching();
     EXPECT_EQ(clips(), QStringList{QStringLiteral("early")});
 }
 
 TEST_F(AppDelegateTest, itsOneHotKeyFieldAndTheSharedCenterStandOnThePlatform)
 {
-    EXPECT_EQ(start().hotKeyField().hotKeys(), &m_platform.hotKeys);
+    EXPECT_EQ(start().hotKeyField().hotKeys(), &memory.hotKeys);
     int runs = 0;
     const auto hotKey = HotKeyCenter::sharedHotKeyCenter()->registerHotKeyWithKeyCode(
         VirtualKey::kC, ModifierFlags::kCommand, [&runs](const KeyUpEvent &) { ++runs; });
-    m_platform.hotKeys.release(VirtualKey::kC, CarbonModifiers::kCommand);
+    memory.hotKeys.release(VirtualKey::kC, CarbonModifiers::kCommand);
     EXPECT_EQ(runs, 1);
     HotKeyCenter::sharedHotKeyCenter()->unregisterHotKey(hotKey);
 }
@@ -199,9 +167,9 @@ TEST_F(AppDelegateTest, theOpenShortcutStepsDownWhileTheHistoryIsOpen)
     copy(QStringLiteral("one"));
     copy(QStringLiteral("two"));
     press(VirtualKey::kV);
-    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("two"));
+    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("two"));
     press(VirtualKey::kV);
-    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("one"));
+    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("one"));
 }
 
 TEST_F(AppDelegateTest, aChosenClipIsPastedIntoTheApplicationThatWasInFront)
@@ -210,13 +178,13 @@ TEST_F(AppDelegateTest, aChosenClipIsPastedIntoTheApplicationThatWasInFront)
     copy(QStringLiteral("first"));
     copy(QStringLiteral("second"));
     press(VirtualKey::kV);
-    m_delegate->viewController()->next();
-    m_delegate->viewController()->paste();
-    EXPECT_FALSE(m_delegate->window()->isVisible());
-    EXPECT_EQ(m_platform.pasteboard.contents()->text, QStringLiteral("first"));
-    EXPECT_EQ(m_platform.keySender.sent(), QList<quint32>{VirtualKey::kV});
+    application->viewController()->next();
+    application->viewController()->paste();
+    EXPECT_FALSE(application->window()->isVisible());
+    EXPECT_EQ(memory.pasteboard.contents()->text, QStringLiteral("first"));
+    EXPECT_EQ(memory.keySender.sent(), QList<quint32>{VirtualKey::kV});
     press(VirtualKey::kV);
-    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("first"))
+    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("first"))
         << "the newest clip, before the next step of the timer";
 }
 
@@ -224,15 +192,11 @@ TEST_F(AppDelegateTest, swopLeavesTheReplacedSelectionNewestAndOnThePasteboard)
 {
     start();
     copy(QStringLiteral("clip"));
-    m_platform.keySender.setReaction([this](quint32 key) {
-        if (key == VirtualKey::kC)
-            copy(QStringLiteral("selection"));
-    });
-    press(VirtualKey::kX);
+    swopSelection();
     EXPECT_EQ(clips(), QStringList{QStringLiteral("clip")});
-    m_delegate->viewController()->paste();
+    application->viewController()->paste();
     EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
-    EXPECT_EQ(m_platform.pasteboard.contents()->text, QStringLiteral("selection"));
+    EXPECT_EQ(memory.pasteboard.contents()->text, QStringLiteral("selection"));
 }
 
 TEST_F(AppDelegateTest, whatWasPastedCopiedOrHeldRightBeforeTheEndIsInTheHistory)
@@ -240,36 +204,31 @@ TEST_F(AppDelegateTest, whatWasPastedCopiedOrHeldRightBeforeTheEndIsInTheHistory
     start();
     for (const char *text : {"a", "b", "c"})
         copy(QString::fromLatin1(text));
-    m_delegate->performPaste(2, {});
-    m_delegate->applicationWillTerminate();
+    application->performPaste(2, {});
+    application->applicationWillTerminate();
     start();
     EXPECT_EQ(clips(),
               (QStringList{QStringLiteral("a"), QStringLiteral("c"), QStringLiteral("b")}));
 
-    m_platform.keySender.setReaction([this](quint32) { copy(QStringLiteral("selection")); });
-    press(VirtualKey::kX);
-    m_delegate->applicationWillTerminate();
+    swopSelection();
+    application->applicationWillTerminate();
     EXPECT_EQ(clips().first(), QStringLiteral("selection"));
 }
 
 TEST_F(AppDelegateTest, aChangedSizeLimitReachesThePasteboardAtOnce)
 {
     start();
-    m_delegate->generalPane().maxStringSizeTextField->setText(QStringLiteral("123"));
-    EXPECT_EQ(m_platform.pasteboard.largestUsefulText(), 123);
+    application->generalPane().maxStringSizeTextField->setText(QStringLiteral("123"));
+    EXPECT_EQ(memory.pasteboard.largestUsefulText(), 123);
 }
 
 TEST_F(AppDelegateTest, aSwopClosedWithoutAChoiceKeepsTheSelectionAndGoesOnRecording)
 {
     start();
     copy(QStringLiteral("clip"));
-    m_platform.keySender.setReaction([this](quint32 key) {
-        if (key == VirtualKey::kC)
-            copy(QStringLiteral("selection"));
-    });
-    press(VirtualKey::kX);
-    QTest::keyClick(m_delegate->window(), Qt::Key_Escape);
-    EXPECT_FALSE(m_delegate->window()->isVisible());
+    swopSelection();
+    QTest::keyClick(application->window(), Qt::Key_Escape);
+    EXPECT_FALSE(application->window()->isVisible());
     copy(QStringLiteral("later"));
     EXPECT_EQ(clips(), (QStringList{QStringLiteral("later"), QStringLiteral("selection"),
                                     QStringLiteral("clip")}));
@@ -279,11 +238,7 @@ TEST_F(AppDelegateTest, aSwopEndedByReturnWhereNothingMatchesKeepsTheSelection)
 {
     AppDelegate &delegate = start();
     copy(QStringLiteral("clip"));
-    m_platform.keySender.setReaction([&](quint32 key) {
-        if (key == VirtualKey::kC)
-            copy(QStringLiteral("selection"));
-    });
-    press(VirtualKey::kX);
+    swopSelection();
     delegate.viewController()->filterDataArray(QStringLiteral("no such clip"));
     delegate.viewController()->paste();
     EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
@@ -300,9 +255,9 @@ TEST_F(AppDelegateTest, ourWindowsMakeWayForAPasteUnlessItGoesIntoAFieldOfOneOfT
     QSignalSpy hidden(preferences, &CCNPreferencesWindow::hidden);
     QLineEdit own;
     int keystrokes = 0;
-    m_platform.keySender.setReaction([&](quint32) {
+    memory.keySender.setReaction([&](quint32) {
         EXPECT_FALSE(preferences->isVisible());
-        EXPECT_EQ(own.isVisible(), m_platform.frontApplication.ownTarget() != nullptr);
+        EXPECT_EQ(own.isVisible(), memory.frontApplication.ownTarget() != nullptr);
         ++keystrokes;
     });
     for (const bool isOverField : {false, true}) {
@@ -314,9 +269,8 @@ TEST_F(AppDelegateTest, ourWindowsMakeWayForAPasteUnlessItGoesIntoAFieldOfOneOfT
             ASSERT_TRUE(QTest::qWaitForWindowActive(&own));
         }
         press(VirtualKey::kV);
-        EXPECT_EQ(m_platform.frontApplication.ownTarget(),
-                  isOverField ? own.windowHandle() : nullptr);
-        m_delegate->viewController()->paste();
+        EXPECT_EQ(memory.frontApplication.ownTarget(), isOverField ? own.windowHandle() : nullptr);
+        application->viewController()->paste();
         EXPECT_EQ(std::exchange(keystrokes, 0), 1);
         EXPECT_TRUE(preferences->isVisible());
         EXPECT_EQ(hidden.count(), 0) << "its user has not left it";
@@ -329,28 +283,28 @@ TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWi
     copy(QStringLiteral("old"));
     copy(QStringLiteral("new"));
     press(VirtualKey::kV);
-    m_delegate->viewController()->next();
+    application->viewController()->next();
     copy(QStringLiteral("newest"));
-    EXPECT_EQ(m_delegate->getSelectedItem()->strValue(), QStringLiteral("old"));
-    EXPECT_EQ(m_delegate->viewController()->clipTableView()->selectedIdx(), 2);
+    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("old"));
+    EXPECT_EQ(application->viewController()->clipTableView()->selectedIdx(), 2);
 }
 
 TEST_F(AppDelegateTest, theHistoryOutlivesTheApplication)
 {
     start();
     copy(QStringLiteral("kept"));
-    m_delegate.reset();
+    application.reset();
     start();
     EXPECT_EQ(clips(), QStringList{QStringLiteral("kept")});
 }
 
 TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
 {
-    m_platform.settings.setDamaged(true);
+    memory.settings.setDamaged(true);
     start();
     copy(QStringLiteral("maybe a secret"));
     EXPECT_TRUE(clips().isEmpty());
-    m_platform.settings.acceptFreshSettings();
+    memory.settings.acceptFreshSettings();
     copy(QStringLiteral("after the answer"));
     EXPECT_EQ(clips(), QStringList{QStringLiteral("after the answer")});
 }
@@ -378,7 +332,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     copy(QStringLiteral("older"));
     PasteboardContents picture;
     picture.media = PasteboardContents::Media::Picture;
-    m_platform.pasteboard.copyFromOutside(picture);
+    memory.pasteboard.copyFromOutside(picture);
     delegate.launch();
     EXPECT_TRUE(footer->isHidden());
     delegate.performPaste(0, std::nullopt);
@@ -386,7 +340,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     EXPECT_EQ(footer->text(), QStringLiteral("The copied picture is replaced"));
     delegate.viewController()->hide();
 
-    m_platform.notifications.click();
+    memory.notifications.click();
     const auto *preferences = window<CCNPreferencesWindow>();
     ASSERT_TRUE(preferences);
     EXPECT_TRUE(preferences->isVisible());
@@ -396,7 +350,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     // Of this one the size is not known.
     PasteboardContents contents;
     contents.isTextTooLarge = true;
-    m_platform.pasteboard.copyFromOutside(contents);
+    memory.pasteboard.copyFromOutside(contents);
     delegate.launch();
     EXPECT_EQ(footer->text(),
               QStringLiteral("A copy was not recorded; it is larger than the limit of 10,000 "
@@ -405,8 +359,8 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
 
 TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnswered)
 {
-    m_platform.settings.setDamaged(true);
-    m_platform.settings.setValue(SettingsKeys::kWelcomeWindowShown, {});
+    memory.settings.setDamaged(true);
+    memory.settings.setValue(SettingsKeys::kWelcomeWindowShown, {});
     AppDelegate &delegate = start();
     const auto *footer = delegate.window()->findChild<QLabel *>(QStringLiteral("footer"));
     const auto question = []() -> DamagedSettingsQuestion * {
@@ -433,13 +387,13 @@ TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnsw
     delegate.openPreferences();
     QTest::keyClick(question(), Qt::Key_Escape);
     EXPECT_FALSE(question());
-    EXPECT_TRUE(m_platform.settings.areSettingsDamaged());
+    EXPECT_TRUE(memory.settings.areSettingsDamaged());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     delegate.hide();
     delegate.launch();
     ASSERT_TRUE(question());
     question()->buttons().first()->click();
-    EXPECT_FALSE(m_platform.settings.areSettingsDamaged());
+    EXPECT_FALSE(memory.settings.areSettingsDamaged());
     EXPECT_TRUE(footer->isHidden());
     delegate.openPreferences();
     EXPECT_FALSE(question());
@@ -448,25 +402,25 @@ TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnsw
 TEST_F(AppDelegateTest, openingAFileClipClosesTheHistoryAndRevealingLeavesItOpen)
 {
     start();
-    m_platform.workspace.addFile(QStringLiteral("/tmp/a.txt"));
+    memory.workspace.addFile(QStringLiteral("/tmp/a.txt"));
     PasteboardContents file;
     file.text = QStringLiteral("a.txt");
     file.fileNames = {QStringLiteral("/tmp/a.txt")};
-    m_platform.pasteboard.copyFromOutside(file);
+    memory.pasteboard.copyFromOutside(file);
     press(VirtualKey::kV);
-    m_delegate->revealInFinder();
-    EXPECT_TRUE(m_delegate->window()->isVisible());
-    EXPECT_EQ(m_platform.workspace.selected().size(), 1);
-    m_delegate->openFile();
-    EXPECT_FALSE(m_delegate->window()->isVisible());
-    EXPECT_EQ(m_platform.workspace.opened(), QStringList{QStringLiteral("/tmp/a.txt")});
+    application->revealInFinder();
+    EXPECT_TRUE(application->window()->isVisible());
+    EXPECT_EQ(memory.workspace.selected().size(), 1);
+    application->openFile();
+    EXPECT_FALSE(application->window()->isVisible());
+    EXPECT_EQ(memory.workspace.opened(), QStringList{QStringLiteral("/tmp/a.txt")});
 }
 
 TEST_F(AppDelegateTest, aMissingVersionEndsTheStart)
 {
     const auto startWithoutVersion = [this] {
-        AppDelegate delegate(m_platform.platform, {QStringLiteral("org.example.Test"), {}, {}},
-                             m_folder.path());
+        AppDelegate delegate(memory.platform, {QStringLiteral("org.example.Test"), {}, {}},
+                             folder.path());
         delegate.applicationDidFinishLaunching();
     };
     EXPECT_DEATH(startWithoutVersion(), "CFBundleVersion");

@@ -172,21 +172,11 @@ class EndsOfRuns : public DM_SUUpdaterDelegate
 {
 public:
     // ^DM_SUUpdaterDelegate
-    bool updaterShouldCheckForBetaUpdates(const DM_SUUpdater &) override { return false; }
-    bool isUpdaterInTestMode(const DM_SUUpdater &) override { return false; }
-    bool updaterShouldRelaunchApplication(const DM_SUUpdater &) override { return false; }
-    void updaterWillInstallUpdateOnQuit(const DM_SUUpdater &, const QString &,
-                                        std::function<void()>) override
-    {
-    }
-    QString pathToRelaunchForUpdater(const DM_SUUpdater &) override { return {}; }
-    bool updaterMayShowModalAlert(const DM_SUUpdater &) override { return true; }
     void updaterDidAbortWithError(const DM_SUUpdater &,
                                   const std::optional<UpdateError> &error) override
     {
         ends.append(error ? error->localizedDescription : text("cancelled"));
     }
-    void updaterWillRelaunchApplication(const DM_SUUpdater &) override {}
 
     QStringList ends;
 };

@@ -52,7 +52,6 @@ void ViewController::viewDidLoad()
     connect(&m_swopState, &SwopState::changed, this, &ViewController::updateNotice);
     applyTheme();
     updateEmptyState();
-    updateNotice();
 }
 
 void ViewController::applyTheme()
@@ -89,6 +88,7 @@ QWidget *ViewController::textClipView() const
 
 void ViewController::viewDidAppear()
 {
+    updateNotice();
     selectRow(0);
     m_views.searchTextField->setFocus(Qt::ActiveWindowFocusReason);
 }

@@ -52,8 +52,10 @@ WindowDelegate::~WindowDelegate()
 
 void WindowDelegate::showWindow()
 {
-    if (!m_window->isVisible())
+    if (!m_window->isVisible()) {
+        Q_EMIT opens();
         takeAim();
+    }
     if (!m_isPrepared) {
         m_window->winId();
         m_windowSpace.prepareUtilityWindow(m_window->windowHandle());
@@ -69,6 +71,7 @@ void WindowDelegate::showWindow()
     m_keySender.keepTypedAhead(m_window->windowHandle());
     m_window->raise();
     m_frontApplication.activate(m_window->windowHandle());
+    Q_EMIT shown();
 }
 
 void WindowDelegate::takeAim()
@@ -95,10 +98,16 @@ void WindowDelegate::cancelOperation()
     m_window->hide();
 }
 
-void WindowDelegate::makeWay()
+bool WindowDelegate::isOursInFront() const
+{
+    return m_viewController->isWindowKey() || QApplication::activeWindow();
+}
+
+void WindowDelegate::hideApp()
 {
     const QScopedValueRollback<bool> makesWay(m_makesWay, true);
     m_window->hide();
+    m_hiding.hide(m_coveredWindow);
 }
 
 void WindowDelegate::makeWhole()

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Clipboard/window/ApplicationHiding.h"
+#include "history/HistoryWindow.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -14,10 +17,10 @@ class QKeyEvent;
 class ViewController;
 class WindowSpace;
 
-/// Controls the history window: shows it on the pointer's screen, and closes it again when it
-/// loses the keyboard to another window. Owned by AppDelegate; owns the window, which lives as
-/// long and is only shown and hidden.
-class WindowDelegate : public QObject
+/// Controls the history window: shows it on the pointer's screen, closes it again when it loses the
+/// keyboard to another window, and has all our windows make way for a paste. Owned by AppDelegate;
+/// owns the window, which lives as long and is only shown and hidden.
+class WindowDelegate : public QObject, public HistoryWindow
 {
     Q_OBJECT
 
@@ -33,23 +36,32 @@ public:
     /// Shows the window at its place and makes it the active one. Where it covers a text field of
     /// ours that has the keyboard, the next paste goes into that field.
     void showWindow();
-    /// The window of that field; null when another program is pasted into.
-    QWidget *coveredWindow() const { return m_coveredWindow; }
+    /// The next paste goes into another program, whatever the window covers.
     void forgetCoveredWindow();
+    /// Brings back the windows that have made way, without the keyboard.
+    void unhide() { m_hiding.unhide(); }
     /// Orders the window out, as its user does by Escape.
     void cancelOperation();
-    /// Orders the window out for a paste: nobody has closed it, and what it lists and shows stays
-    /// until makeWhole(), which only then changes anything.
-    void makeWay();
-    void makeWhole();
     /// The window is not the active one any more: it is closed and made ready for the next time.
     void windowDidResignKey();
     /// The toolkit tells late that the keyboard has gone to another window. Whoever needs to know
     /// it now asks for it to be noticed.
     void noticeLostKeyboard();
 
+    // ^HistoryWindow
+    bool isOursInFront() const override;
+    void hideApp() override;
+    void makeWhole() override;
+    void showAtMouse() override { showWindow(); }
+
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    /// The window is about to be shown after it was hidden.
+    void opens();
+    /// It is on the screen, perhaps not for the first time.
+    void shown();
 
 private:
     bool isForSearchField(const QObject &watched, const QKeyEvent &event) const;
@@ -65,8 +77,9 @@ private:
     std::unique_ptr<ClipboardWindow> m_window;
     std::unique_ptr<ViewController> m_viewController;
     QTimer m_recheckTimer; ///< Runs while somebody holds the keyboard without being in front.
-    QPointer<QWidget> m_coveredWindow;
+    QPointer<QWidget> m_coveredWindow; ///< Has the field that is pasted into; null for none.
+    ApplicationHiding m_hiding;
     bool m_isPrepared = false;
-    bool m_makesWay = false;  ///< The window is being hidden by makeWay().
+    bool m_makesWay = false;  ///< The window is being hidden by hideApp().
     bool m_isMadeWay = false; ///< It was, and is to be made whole.
 };

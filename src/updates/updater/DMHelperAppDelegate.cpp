@@ -142,12 +142,6 @@ bool DMHelperAppDelegate::updaterShouldRelaunchApplication(const DM_SUUpdater &)
     return !isMainAppRunning();
 }
 
-void DMHelperAppDelegate::updaterWillInstallUpdateOnQuit(
-    const DM_SUUpdater &, const QString &, std::function<void()> immediateInstallation)
-{
-    immediateInstallation();
-}
-
 QString DMHelperAppDelegate::pathToRelaunchForUpdater(const DM_SUUpdater &)
 {
     return m_programPath;

@@ -51,8 +51,6 @@ public:
     bool updaterShouldCheckForBetaUpdates(const DM_SUUpdater &updater) override;
     bool isUpdaterInTestMode(const DM_SUUpdater &updater) override;
     bool updaterShouldRelaunchApplication(const DM_SUUpdater &updater) override;
-    void updaterWillInstallUpdateOnQuit(const DM_SUUpdater &updater, const QString &version,
-                                        std::function<void()> immediateInstallation) override;
     QString pathToRelaunchForUpdater(const DM_SUUpdater &updater) override;
     bool updaterMayShowModalAlert(const DM_SUUpdater &updater) override;
     void updaterDidAbortWithError(const DM_SUUpdater &updater,

@@ -123,8 +123,8 @@ void DM_SUUpdater::start(Manner manner)
     setup.installation = m_installation;
     setup.running = &m_ports.runningApplications;
     setup.downloadFolder = downloadFolder(m_info);
-    setup.withBeta = m_delegate && m_delegate->updaterShouldCheckForBetaUpdates(*this);
-    setup.withTest = m_delegate && m_delegate->isUpdaterInTestMode(*this);
+    setup.withBeta = m_delegate->updaterShouldCheckForBetaUpdates(*this);
+    setup.withTest = m_delegate->isUpdaterInTestMode(*this);
     m_run = std::make_unique<UpdateRun>(std::move(setup));
     connect(m_run.get(), &UpdateRun::found, this, &DM_SUUpdater::runFound);
     connect(m_run.get(), &UpdateRun::foundNothing, this, [this] {
@@ -174,7 +174,7 @@ void DM_SUUpdater::runFound()
         return;
     }
     const bool isSkipped = m_ports.settings.value(kSkippedKey).toString() == version;
-    const bool mayShow = !m_delegate || m_delegate->updaterMayShowModalAlert(*this);
+    const bool mayShow = m_delegate->updaterMayShowModalAlert(*this);
     if (m_manner == Manner::Scheduled && (isSkipped || !mayShow)) {
         abort(std::nullopt);
         return;
@@ -186,7 +186,7 @@ void DM_SUUpdater::runFound()
 
 void DM_SUUpdater::runDownloaded()
 {
-    if (m_manner != Manner::Background || !m_delegate) {
+    if (m_manner != Manner::Background) {
         install();
         return;
     }
@@ -210,9 +210,9 @@ void DM_SUUpdater::runInstalled()
     endRun();
     if (hasWindow())
         m_window->showInstalled();
-    if (m_delegate && m_delegate->updaterShouldRelaunchApplication(*this))
+    if (m_delegate->updaterShouldRelaunchApplication(*this))
         relaunch();
-    else if (m_delegate)
+    else
         m_delegate->updaterDidAbortWithError(*this, std::nullopt);
 }
 
@@ -235,8 +235,6 @@ void DM_SUUpdater::abort(const std::optional<QString> &reason)
             m_window->showProblem(*reason);
     }
     endRun();
-    if (!m_delegate)
-        return;
     std::optional<UpdateError> error;
     if (reason)
         error = UpdateError{UpdateError::updaterDomain(), kUpdaterErrorCode, *reason};

@@ -41,7 +41,10 @@ public:
     ~DM_SUUpdater() override;
 
     /// `delegate` is not owned and outlives this object; null for none.
-    void setDelegate(DM_SUUpdaterDelegate *delegate) { m_delegate = delegate; }
+    void setDelegate(DM_SUUpdaterDelegate *delegate)
+    {
+        m_delegate = delegate ? delegate : &m_noDelegate;
+    }
 
     /// Looks for an update without windows and hands what it has found and checked to the delegate,
     /// or says through it why the run is over. Nothing while a run is under way.
@@ -89,7 +92,8 @@ private:
     const UpdaterPorts m_ports;
     const Info m_info;
     const Installation m_installation;
-    DM_SUUpdaterDelegate *m_delegate = nullptr;
+    DM_SUUpdaterDelegate m_noDelegate;
+    DM_SUUpdaterDelegate *m_delegate = &m_noDelegate;
     UpdateSchedule m_schedule;
     Manner m_manner = Manner::Interactive;
     std::unique_ptr<UpdateRun> m_run;

@@ -1,10 +1,9 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
-#include "Clipboard/AppDelegate.h"
+#include "Clipboard/ApplicationRig.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PreferencesActions.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
-#include "platform/memory/MemoryPlatform.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 #include "shortcut/MASShortcut.h"
@@ -16,10 +15,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <limits>
@@ -28,35 +24,26 @@ namespace {
 
 constexpr qint64 kNoLimit = std::numeric_limits<qint64>::max();
 
-class GeneralPane : public testing::Test
+class GeneralPane : public ApplicationRig
 {
 protected:
-    PreferencesGeneralViewController &start()
-    {
-        delegate = std::make_unique<AppDelegate>(
-            memory.platform,
-            Info{QStringLiteral("org.example.Test"), QStringLiteral("1"), QStringLiteral("1")},
-            folder.path());
-        delegate->applicationDidFinishLaunching();
-        return delegate->generalPane();
-    }
+    GeneralPane() : ApplicationRig(User::Newcomer) {}
+
+    PreferencesGeneralViewController &start() { return ApplicationRig::start().generalPane(); }
 
     void copy(int count)
     {
-        for (int i = 0; i < count; ++i) {
-            PasteboardContents contents;
-            contents.text = QStringLiteral("clip %1").arg(++copies);
-            memory.pasteboard.copyFromOutside(contents);
-        }
+        for (int i = 0; i < count; ++i)
+            ApplicationRig::copy(QStringLiteral("clip %1").arg(++copies));
     }
 
-    size_t clipCount() const { return delegate->getClipItemArr().size(); }
+    size_t clipCount() const { return application->getClipItemArr().size(); }
     QVariant stored(const QString &key) const { return memory.settings.value(key); }
-    void openPane() { delegate->openPreferences(); }
-    void leavePane() { delegate->preferences()->dismissPreferencesWindow(); }
+    void openPane() { application->openPreferences(); }
+    void leavePane() { application->preferences()->dismissPreferencesWindow(); }
     QString note(const char *name) const
     {
-        return delegate->generalPane()
+        return application->generalPane()
             .view()
             ->findChild<QLabel *>(QString::fromLatin1(name))
             ->text();
@@ -68,10 +55,7 @@ protected:
         QTest::keyClicks(&field, text);
     }
 
-    QTemporaryDir folder;
-    MemoryPlatform memory;
     int copies = 0;
-    std::unique_ptr<AppDelegate> delegate;
 };
 
 TEST_F(GeneralPane, writesEveryDefaultOnAFreshAccount)
@@ -240,7 +224,7 @@ TEST_P(StoredMaxItems, removesClipsOnlyWhenItIsASizeThatTheSliderCanShow)
 {
     start();
     copy(8);
-    delegate.reset();
+    application.reset();
     memory.settings.setValue(QStringLiteral("maxItems"), GetParam().stored);
     const PreferencesGeneralViewController &pane = start();
     EXPECT_EQ(pane.getMaxItems(), GetParam().maxItems);
@@ -277,7 +261,8 @@ TEST_F(GeneralPane, saysHowManyClipsWillGoAndRemovesThemOnlyWhenThePaneIsLeft)
     pane.maxItemsSlider->setValue(5);
     EXPECT_TRUE(note("maxItemsNote").startsWith(QStringLiteral("The 3 oldest clips will be")));
     EXPECT_EQ(clipCount(), 8U);
-    delegate->preferences()->toolbarItemAction(QStringLiteral("ApplicationPreferencesIdentifier"));
+    application->preferences()->toolbarItemAction(
+        QStringLiteral("ApplicationPreferencesIdentifier"));
     EXPECT_EQ(clipCount(), 5U);
     EXPECT_FALSE(note("maxItemsNote").contains(QStringLiteral("will be removed")));
 }
@@ -294,14 +279,14 @@ TEST_F(GeneralPane, removesNothingWhenTheApplicationEndsWhileItIsOpen)
             QCoreApplication::sendEvent(qApp, &quit);
         EXPECT_EQ(clipCount(), 8U) << isAskedToQuit;
         // Another end than by being asked, as by the loss of the session.
-        delegate.reset();
+        application.reset();
         start();
         EXPECT_EQ(clipCount(), 8U) << isAskedToQuit;
         openPane();
         leavePane();
         EXPECT_EQ(clipCount(), 5U) << "left";
-        delegate->clearAll();
-        delegate.reset();
+        application->clearAll();
+        application.reset();
         memory.settings.setValue(QStringLiteral("maxItems"), qlonglong(1000));
     }
 }
@@ -364,7 +349,7 @@ TEST_F(GeneralPane, silencesNotificationsOnlyUntilTheNextStart)
     pane.notificationsCheckbox->click();
     EXPECT_FALSE(pane.isNotificationsEnabled());
     EXPECT_EQ(stored(QStringLiteral("notificationsEnabled")), QVariant(true));
-    delegate.reset();
+    application.reset();
     EXPECT_TRUE(start().isNotificationsEnabled());
 }
 
@@ -373,7 +358,7 @@ TEST_F(GeneralPane, storesWhetherToOpenAtLogin)
     const PreferencesGeneralViewController &pane = start();
     pane.openAtLoginCB->click();
     EXPECT_EQ(stored(QStringLiteral("openAtLogin")), QVariant(false));
-    delegate->generalPane().setOpenAtLogin(true);
+    application->generalPane().setOpenAtLogin(true);
     EXPECT_EQ(stored(QStringLiteral("openAtLogin")), QVariant(true));
     EXPECT_TRUE(pane.openAtLoginCB->isChecked());
 }
@@ -389,10 +374,10 @@ TEST_F(GeneralPane, tellsWhatTheDesktopDoesAtLoginOtherThanTheBoxSays)
     };
     EXPECT_TRUE(told().startsWith(QStringLiteral("Missing in")));
     memory.loginItems.setWritable(false);
-    delegate->generalPane().setOpenAtLogin(true);
+    application->generalPane().setOpenAtLogin(true);
     EXPECT_TRUE(note("openAtLoginNote").contains(QStringLiteral("could not be written")));
     memory.loginItems.setWritable(true);
-    delegate->generalPane().setOpenAtLogin(true);
+    application->generalPane().setOpenAtLogin(true);
     EXPECT_EQ(note("openAtLoginNote"), QString());
     EXPECT_EQ(told(), QString());
     memory.loginItems.setOwnEnabled(false);

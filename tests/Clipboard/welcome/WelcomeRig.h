@@ -1,32 +1,20 @@
 #pragma once
 
-#include "Clipboard/AppDelegate.h"
-#include "Clipboard/settings/SettingsKeys.h"
+#include "Clipboard/ApplicationRig.h"
 #include "Clipboard/welcome/WelcomePage1Controller.h"
 #include "Clipboard/welcome/WelcomeWindow.h"
 #include "Clipboard/welcome/WelcomeWindowController.h"
 #include "Clipboard/welcome/WelcomeWindowView.h"
 #include "Clipboard/window/ClipboardWindow.h"
-#include "history/ClipItem.h"
-#include "platform/memory/MemoryPlatform.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
-
 /// The real application of a user who has never seen the welcome, on a platform of fakes.
-class WelcomeRig : public testing::Test
+class WelcomeRig : public ApplicationRig
 {
 protected:
-    WelcomeRig()
-        : delegate(memory.platform, {QStringLiteral("org.example.Test"), QStringLiteral("1"), {}},
-                   folder.path()),
-          welcome(delegate.welcomeWindowController())
-    {
-        delegate.applicationDidFinishLaunching();
-    }
+    WelcomeRig() : ApplicationRig(User::Newcomer) {}
 
     /// Presses the open shortcut and does `steps` while the welcome runs modally. Returns when the
     /// press is over; a session that the steps leave running is ended.
@@ -56,24 +44,6 @@ protected:
         QTest::keyClick(welcome.window()->windowHandle(), key, modifiers);
     }
 
-    void copy(const QString &text)
-    {
-        PasteboardContents contents;
-        contents.text = text;
-        contents.applicationName = QStringLiteral("Editor");
-        memory.pasteboard.copyFromOutside(contents);
-    }
-
-    QStringList clips() const
-    {
-        QStringList texts;
-        for (const auto &item : delegate.getClipItemArr())
-            texts.append(item->strValue().value_or(QString()));
-        return texts;
-    }
-
-    QTemporaryDir folder;
-    MemoryPlatform memory;
-    AppDelegate delegate;
-    WelcomeWindowController &welcome;
+    AppDelegate &delegate = start();
+    WelcomeWindowController &welcome = delegate.welcomeWindowController();
 };

@@ -351,6 +351,7 @@ TEST(ViewControllerAlone, asksForWhatItsUserDoes)
     TestActions actions;
     const SwopState swopState;
     ViewController controller(actions, swopState, memory.workspace, memory.clock);
+    controller.viewDidAppear();
     EXPECT_TRUE(controller.mainView()->findChild<NoticeLine *>()->text().contains(
         QStringLiteral("cannot be written")));
     QTest::keyClicks(controller.searchTextField(), QStringLiteral("x"));

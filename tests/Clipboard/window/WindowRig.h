@@ -1,36 +1,19 @@
 #pragma once
 
-#include "Clipboard/AppDelegate.h"
-#include "Clipboard/settings/SettingsKeys.h"
+#include "Clipboard/ApplicationRig.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
 #include "history/ClipHistory.h"
-#include "history/ClipItem.h"
-#include "platform/memory/MemoryPlatform.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 /// The real application with its history window, on a platform of fakes.
-class WindowRig : public testing::Test
+class WindowRig : public ApplicationRig
 {
 protected:
-    WindowRig()
-        : delegate(memory.platform, {QStringLiteral("org.example.Test"), QStringLiteral("1"), {}},
-                   folder.path())
-    {
-        memory.settings.setValue(SettingsKeys::kWelcomeWindowShown, true);
-        delegate.applicationDidFinishLaunching();
-        controller = delegate.viewController();
-        table = controller->clipTableView();
-        field = controller->searchTextField();
-    }
-
     /// Opens the history and waits until it has the keyboard.
     void open()
     {
@@ -75,10 +58,8 @@ protected:
         return texts;
     }
 
-    QTemporaryDir folder;
-    MemoryPlatform memory;
-    AppDelegate delegate;
-    ViewController *controller = nullptr;
-    ClipTableView *table = nullptr;
-    SearchField *field = nullptr;
+    AppDelegate &delegate = start();
+    ViewController *controller = delegate.viewController();
+    ClipTableView *table = controller->clipTableView();
+    SearchField *field = controller->searchTextField();
 };

@@ -1,4 +1,4 @@
-#include "Clipboard/ApplicationHiding.h"
+#include "Clipboard/window/ApplicationHiding.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -8,7 +8,7 @@
 
 /// Hides the windows of the application for the time of a paste, so that the keyboard goes straight
 /// to the window that is pasted into, and brings them back where they were. Their user has not left
-/// them meanwhile, so neither they nor what stands in them hears of it. Owned by AppDelegate.
+/// them meanwhile, so neither they nor what stands in them hears of it. Owned by WindowDelegate.
 class ApplicationHiding
 {
 public:
