@@ -120,7 +120,11 @@ void WindowDelegate::windowDidResignKey()
 {
     m_recheckTimer.stop();
     m_isMadeWay = m_makesWay;
-    if (!m_makesWay)
+    // Closed in any case, which destroys the display system's window: a window manager that learns
+    // late of one that was hidden would take down the one that is shown next.
+    if (m_makesWay)
+        m_window->close();
+    else
         m_viewController->hide();
     m_viewController->setIsWindowKey(false);
 }

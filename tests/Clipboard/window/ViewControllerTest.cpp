@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QSplitter>
+#include <QWindow>
 
 #include <ostream>
 
@@ -311,6 +312,7 @@ TEST_F(ViewControllerTest, aPasteTypesBeforeTheHistoryIsMadeWhole)
     memory.keySender.setReaction([&](quint32) {
         ++keystrokes;
         EXPECT_FALSE(delegate.window()->isVisible());
+        EXPECT_FALSE(delegate.window()->windowHandle()->handle()) << "it is not only hidden";
         EXPECT_EQ(field->text(), QStringLiteral("app"));
         EXPECT_EQ(delegate.getClipItemArr().size(), 1U);
     });
