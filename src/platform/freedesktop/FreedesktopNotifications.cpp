@@ -34,6 +34,8 @@ FreedesktopNotifications::FreedesktopNotifications(QDBusConnection bus,
         // Another server gives the same numbers to other notifications.
         m_activations.clear();
     });
+    // Servers may send these to everybody, about the notifications of all programs: the numbers
+    // tell ours.
     m_bus.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this,
                   SLOT(actionInvoked(uint, QString)));
     m_bus.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this,
@@ -69,6 +71,7 @@ void FreedesktopNotifications::askCapabilities()
         m_isAsking = false;
         const auto waiting = std::exchange(m_waiting, {});
         const QDBusPendingReply<QStringList> reply = *watcher;
+        // A server without GetCapabilities is a simple one, which still shows what it is sent.
         if (reply.isError() && reply.error().type() != QDBusError::UnknownMethod) {
             drop(reply.error());
             return;
@@ -83,6 +86,8 @@ void FreedesktopNotifications::askCapabilities()
 
 void FreedesktopNotifications::send(const Message &message)
 {
+    // By "desktop-entry" the desktop finds our icon and the user's wishes for us. "transient" keeps
+    // it out of the list of those that wait to be read: it is out of date in a minute.
     const QVariantMap hints{
         {QStringLiteral("desktop-entry"), Info::main().bundleIdentifier},
         {QStringLiteral("transient"), true},
@@ -93,8 +98,11 @@ void FreedesktopNotifications::send(const Message &message)
     if (message.activated && abilities.hasActions)
         actions << kClick << tr("Open");
     auto call = QDBusMessage::createMethodCall(kService, kPath, kService, QStringLiteral("Notify"));
+    // 0: none that is shown already is replaced.
     call << QStringLiteral("Quillmarsh") << uint(0) << Info::main().bundleIdentifier
          << message.title
+         // Where the body is markup, a "<" of the text would swallow what follows; where it is not,
+         // the escape would be seen.
          << (abilities.hasBodyMarkup ? message.subtitle.toHtmlEscaped() : message.subtitle)
          << actions << hints << kServersOwnTimeout;
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, m_answerLimitMs), this);

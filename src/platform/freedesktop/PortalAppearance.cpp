@@ -77,6 +77,7 @@ void PortalAppearance::readAll()
 {
     auto call =
         QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
+    // All at once, because portals without an accent answer an error to a question for it.
     call << QStringList{kSpace};
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

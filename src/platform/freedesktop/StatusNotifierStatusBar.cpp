@@ -96,6 +96,7 @@ void StatusNotifierStatusBar::askForHost()
     auto call = QDBusMessage::createMethodCall(kWatcher, kWatcherPath,
                                                QStringLiteral("org.freedesktop.DBus.Properties"),
                                                QStringLiteral("Get"));
+    // A watcher alone shows nothing: it only introduces items to hosts, and may run without one.
     call << kWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, kAnswerLimitMs), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, question] {
@@ -153,6 +154,8 @@ void StatusNotifierStatusBar::makeItem()
 {
     if (m_kind == Kind::Unsettled)
         m_kind = *m_hasHost ? Kind::Notifier : Kind::Embedded;
+    // Not earlier: Qt looks for a place once, when the first item is made, and keeps to the kind
+    // that it found (or to none) for the whole process.
     m_item = std::make_unique<QSystemTrayIcon>(m_icon);
     m_item->setToolTip(m_toolTip);
     m_item->setContextMenu(m_menu);

@@ -12,6 +12,7 @@ namespace {
 constexpr char kEscape = '\x1B';
 constexpr char kControlSequence = '\x9B';
 constexpr char kStartOfText = '\x02';
+// Not part of the encoding as it was published: Xlib writes it for what no announced set has.
 const QByteArray kUtf8Begins = QByteArrayLiteral("\x1B%G");
 const QByteArray kUtf8Ends = QByteArrayLiteral("\x1B%@");
 const QByteArray kReplacement = QByteArrayLiteral("\xEF\xBF\xBD");
@@ -25,6 +26,8 @@ struct Set
     char prefix = 0;       ///< To be put before each character in the encoding.
 };
 
+// The last rows are the short announcements of ISO 2022, which old programs write. EUC reaches
+// half-width kana behind the byte 8E and the third Japanese set behind 8F.
 constexpr Set kLeftSets[] = {
     {"(B", "US-ASCII"},      {"(J", "US-ASCII"},      {"$(A", "EUC-CN", true},
     {"$(B", "EUC-JP", true}, {"$(C", "EUC-KR", true}, {"$(D", "EUC-JP", true, '\x8F'},
@@ -103,6 +106,7 @@ private:
             ++end;
         const QByteArray announcement = m_bytes.mid(m_at + 1, end - m_at);
         m_at = std::min(end + 1, m_bytes.size());
+        // An announcement that nobody knows is passed over: the text behind it is better than none.
         if (announcement.startsWith("%/"))
             readSegment();
         for (const Set &set : kLeftSets)
@@ -114,6 +118,8 @@ private:
     /// A piece in an encoding that is told by its name, with its length before it.
     void readSegment()
     {
+        // Two digits to the base of 128, with the top bit set so that neither is a control
+        // character.
         const auto digit = [this](qsizetype at) {
             return at < m_bytes.size() ? static_cast<unsigned char>(m_bytes[at]) & 0x7F : 0;
         };
@@ -127,6 +133,7 @@ private:
 
     void skipDirection()
     {
+        // Plain text has no place for the direction in which it was written.
         while (m_at < m_bytes.size() && m_bytes[m_at] != ']')
             ++m_at;
         ++m_at;
@@ -144,6 +151,7 @@ private:
                 break;
             if (set.prefix != 0 && (!set.isDouble || i % 2 == 0))
                 piece += set.prefix;
+            // The left half has the same characters seven bits wide.
             piece += set.isDouble ? static_cast<char>(byte | 0x80) : byte;
         }
         m_text += decode(piece, set.encoding);
@@ -152,6 +160,7 @@ private:
     const QByteArray &m_bytes;
     qsizetype m_at = 0;
     QByteArray m_text;
+    // With nothing announced it is ASCII and Latin-1, so that any STRING is a COMPOUND_TEXT too.
     const Set *m_left = &kLeftSets[0];
     const Set *m_right = &kRightSets[0];
 };

@@ -40,14 +40,18 @@ QList<CopyBytes::Offer> CopyBytes::offers() const
     const auto add = [&](const QString &name, const QByteArray &bytes) {
         offers.append({name, name, bytes, nullptr});
     };
+    // Before the plain list, which cannot say whether the files were copied or cut: file managers
+    // look for theirs first.
     if (!fileNames.isEmpty())
         add(FileUris::kGnomeList, FileUris::gnomeList(fileNames, fileAction));
+    // The owner's own list, if there was one: it may name what is no file of this machine.
     const QByteArray list = uriList.isEmpty() ? FileUris::uriList(fileNames) : uriList;
     if (!list.isEmpty())
         add(FileUris::kUriList, list);
     if (!list.isEmpty() && fileAction == FileUris::Action::Cut)
         add(FileUris::kKdeCut, QByteArrayLiteral("1"));
     if (text) {
+        // Under the names of X and those of MIME: each toolkit asks for its own, some for one only.
         const QString utf8 = QStringLiteral("UTF8_STRING");
         for (const QString &name :
              {utf8, QStringLiteral("text/plain;charset=utf-8"), QStringLiteral("text/plain")})
@@ -55,6 +59,8 @@ QList<CopyBytes::Offer> CopyBytes::offers() const
         // It leaves the encoding to the owner, which tells it by the type.
         offers.append({QStringLiteral("TEXT"), utf8, *text, nullptr});
     }
+    // ICCCM 2.6.2 fixes STRING to Latin-1. Offered for any other text it would lose characters with
+    // those who prefer it.
     if (text && SelectionText::isLatin1(*text)) {
         const QString latin1 = QStringLiteral("STRING");
         offers.append({latin1, latin1, *text, &SelectionText::utf8ToLatin1});

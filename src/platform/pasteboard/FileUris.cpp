@@ -11,6 +11,8 @@ const QByteArray kScheme = QByteArrayLiteral("file:");
 
 bool isThisMachine(const QByteArray &host)
 {
+    // A file address may name the machine, and many programs do so with their own. The file of
+    // another machine would be a wrong one here.
     return host.isEmpty() || host.compare("localhost", Qt::CaseInsensitive) == 0 ||
            host.compare(QSysInfo::machineHostName().toUtf8(), Qt::CaseInsensitive) == 0;
 }
@@ -37,6 +39,7 @@ std::optional<QString> localFile(const QByteArray &uri)
 
 QByteArray uriOf(const QString &path)
 {
+    // By the bytes of its name: names in no encoding at all must be found again.
     return "file://" + QFile::encodeName(path).toPercentEncoding("/");
 }
 
@@ -45,6 +48,8 @@ QList<QByteArray> linesOf(QByteArray list)
     // Some owners end their list as C strings end.
     while (list.endsWith('\0'))
         list.chop(1);
+    // RFC 2483 ends lines with CRLF; many programs write LF alone. Its comments, which begin with
+    // #, are no addresses and fall out by themselves.
     list.replace('\r', '\n');
     return list.split('\n');
 }
@@ -86,6 +91,7 @@ QByteArray FileUris::gnomeList(const QStringList &paths, Action action)
 {
     QByteArray list = action == Action::Cut ? "cut" : "copy";
     for (const QString &path : paths)
+        // Before each, because a newline behind the last one would begin an empty address.
         list += '\n' + uriOf(path);
     return list;
 }

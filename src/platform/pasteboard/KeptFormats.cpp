@@ -60,6 +60,7 @@ QList<QStringList> KeptFormats::plan(const QStringList &offered, const QStringLi
         if (isOfUse(name) && name != noText && !had.contains(name) && !wanted.contains(name))
             wanted.append(name);
     }
+    // First what would be missed most: the owner may end any moment.
     QStringList first = TextFormats::inOrder(wanted).mid(0, 1);
     for (const CopyFormat &format : copyFormats())
         first += format.names;

@@ -54,6 +54,8 @@ qint64 PasteboardChanges::publish(PasteboardContents contents)
 {
     const MutexLock lock(m_mutex);
     contents.changeCount = m_changeCount + 1;
+    // Copies of others are each a clip, but what we wrote came from the history: only what is there
+    // at last says anything.
     if (contents.isOwnWrite)
         m_unexamined.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
     m_unexamined.append(contents);
@@ -64,6 +66,7 @@ qint64 PasteboardChanges::publish(PasteboardContents contents)
 qint64 PasteboardChanges::publishCleared()
 {
     const MutexLock lock(m_mutex);
+    // What was cleared on purpose is nobody's to paste, from our own fields neither.
     m_contents.reset();
     return ++m_changeCount;
 }
@@ -110,6 +113,7 @@ void PasteboardChanges::discard(qint64 changeCount)
 {
     acknowledge(changeCount);
     const MutexLock lock(m_mutex);
+    // What is not to be recorded must not stay in memory either.
     if (m_contents && m_contents->changeCount == changeCount)
         m_contents.reset();
 }

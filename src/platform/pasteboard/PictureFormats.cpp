@@ -15,6 +15,7 @@ const QString kPrefix = QStringLiteral("image/");
 
 bool isPicture(const QString &name)
 {
+    // Lines or layers, of which a picture is only one view: none can be made from another.
     static const std::array kDrawings{QStringLiteral("svg"),        QStringLiteral("wmf"),
                                       QStringLiteral("emf"),        QStringLiteral("xcf"),
                                       QStringLiteral("openraster"), QStringLiteral("psd")};
@@ -27,6 +28,7 @@ bool isPicture(const QString &name)
 /// What image plug-ins call the encoding.
 QByteArray encodingOf(const QString &name)
 {
+    // Programs list one encoding under all the names it has had.
     static const QHash<QByteArray, QByteArray> kOthers{{"ms-bmp", "bmp"},
                                                        {"portable-pixmap", "ppm"},
                                                        {"icon", "ico"},

@@ -4,6 +4,7 @@
 
 namespace {
 
+// A mark of the byte order at the beginning belongs to the text: a copy is given back as it came.
 constexpr auto kFlags =
     QStringConverter::Flag::Stateless | QStringConverter::Flag::ConvertInitialBom;
 

@@ -51,6 +51,8 @@ Converter converterOf(const QString &charset)
 /// What a name is worth; the lower the better, absent when it names no text.
 std::optional<int> rankOf(const QString &name)
 {
+    // Then by how surely the encoding is known. STRING is Latin-1; a bare text/plain and TEXT are
+    // what their owner makes of them (ICCCM 2.6.2); COMPOUND_TEXT has to be decoded.
     static const std::array kNames{kString, kPlain, kText, kCompoundText};
     if (name == kUtf8String)
         return 0;
@@ -65,6 +67,7 @@ std::optional<int> rankOf(const QString &name)
 
 QByteArray fromUnknown(const QByteArray &bytes)
 {
+    // Texts in Latin-1 are hardly ever valid UTF-8 by chance.
     QStringDecoder decoder(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
     const QString text = decoder.decode(bytes);
     return decoder.hasError() ? SelectionText::latin1ToUtf8(bytes) : bytes;
@@ -117,6 +120,7 @@ bool TextFormats::mayHoldNone(const QStringList &offered)
 
 QByteArray TextFormats::toUtf8(const QByteArray &bytes, const QString &name, const QString &type)
 {
+    // Says its encoding itself, whatever type an owner gives with it.
     if (name == kUtf8String || type == kUtf8String)
         return bytes;
     if (type == kCompoundText)

@@ -80,6 +80,7 @@ void Additions::addKey(const QString &line)
 bool AutostartEntry::isSwitchedOff(const DesktopEntry &entry)
 {
     const auto state = entry.text(kSwitch);
+    // Hidden is the standard's word for it. The other is what several desktops' own settings write.
     return entry.isTrue("Hidden") || (state && keepsFromStarting(QLatin1String(kSwitch), *state));
 }
 

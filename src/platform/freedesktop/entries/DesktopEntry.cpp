@@ -8,6 +8,7 @@ namespace {
 
 QString unescaped(const QByteArray &value)
 {
+    // The escapes that the desktop entry standard gives to values of all kinds.
     static constexpr QStringView kEscapes = u"sntr\\";
     static constexpr QStringView kMeanings = u" \n\t\r\\";
     const QString raw = QString::fromUtf8(value);
@@ -57,6 +58,7 @@ std::optional<QStringList> split(const QString &exec)
 QString quoted(const QString &argument)
 {
     constexpr QStringView kReserved = u" \t\n\"'\\><~|&;$*?#()`";
+    // The standard wants an argument with any of these in quotes.
     const bool needsQuotes =
         argument.isEmpty() || std::any_of(argument.begin(), argument.end(), [&](QChar character) {
             return kReserved.contains(character);
@@ -85,6 +87,8 @@ std::optional<DesktopEntry> DesktopEntry::parse(const QByteArray &bytes)
         const QByteArrayView line = QByteArrayView(bytes).sliced(begin, end - begin).trimmed();
         begin = end + 1;
         if (line.startsWith('[')) {
+            // The main group is whole: the standard allows a group once, and behind it are actions
+            // only.
             if (isInGroup)
                 break;
             isInGroup = line == QByteArrayView("[Desktop Entry]");
@@ -127,6 +131,7 @@ QStringList DesktopEntry::command() const
     const auto isFieldCode = [](const QString &word) {
         return word.size() == 2 && word[0] == u'%' && word[1] != u'%';
     };
+    // %f, %U and their like stand for files and icons that a launcher puts in.
     words.removeIf(isFieldCode);
     for (QString &word : words)
         word.replace(QStringLiteral("%%"), QStringLiteral("%"));

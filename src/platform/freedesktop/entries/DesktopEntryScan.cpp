@@ -49,12 +49,14 @@ QStringList withoutEnvironment(QStringList command)
 
 std::optional<DesktopApplication> application(const DesktopEntry &entry)
 {
+    // Hidden means deleted by the user, and hides entries of the same id in lesser folders too.
     if (entry.isTrue("Hidden") || entry.text("Type") != QStringLiteral("Application"))
         return std::nullopt;
     DesktopApplication application;
     application.name = entry.text("Name").value_or(QString()).simplified();
     if (application.name.isEmpty() || application.name.size() > kLongestName)
         return std::nullopt;
+    // The standard has an entry ignored whose TryExec is not installed.
     const auto needed = entry.text("TryExec");
     if (needed && !needed->isEmpty() && QStandardPaths::findExecutable(*needed).isEmpty())
         return std::nullopt;
@@ -130,6 +132,7 @@ void Scanner::scanFolder(const std::filesystem::path &folder, const QString &idP
             folders.push_back(item->path());
     }
     for (const std::filesystem::path &below : folders)
+        // The id of an entry in a folder below begins with the names on the way, joined by "-".
         scanFolder(below, idPrefix + textOf(below.filename()) + u'-', depth + 1);
     m_entered.remove(inode);
 }

@@ -18,6 +18,7 @@ ApplicationAdaptor::ApplicationAdaptor(QObject *parent, Receiver receiver)
 
 QString ApplicationAdaptor::activationToken(const QVariantMap &platformData)
 {
+    // Launchers of Wayland send the one, those of X11 the other, many both.
     const QString token = platformData.value(kActivationToken).toString();
     return token.isEmpty() ? platformData.value(kStartupId).toString() : token;
 }
@@ -45,6 +46,7 @@ void ApplicationAdaptor::ActivateAction(const QString &action, const QVariantLis
     const auto answer = m_receiver({action, activationToken(platformData)});
     if (answer == InstanceSocket::Answer::Taken)
         return;
+    // The reply that Qt sends by itself would say that it was done.
     call.setDelayedReply(true);
     QDBusConnection::sessionBus().send(
         answer == InstanceSocket::Answer::Refused

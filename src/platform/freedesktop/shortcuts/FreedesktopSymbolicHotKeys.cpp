@@ -14,6 +14,7 @@
 namespace {
 
 constexpr std::chrono::seconds kAnswerLimit{5};
+// Each costs a start of another program.
 constexpr int kMostCustomShortcuts = 200;
 
 /// The file of that name in each configuration folder, the user's first.
@@ -30,6 +31,7 @@ QList<QByteArray> configurationFiles(const QString &name)
 
 QStringList FreedesktopSymbolicHotKeys::currentDesktops()
 {
+    // Several names by the desktop entry standard, from the most particular to what it is built on.
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
 }
 
@@ -80,9 +82,11 @@ QList<SymbolicHotKey> FreedesktopSymbolicHotKeys::read() const
 
 QList<SymbolicHotKey> FreedesktopSymbolicHotKeys::readGSettings(const QStringList &schemas) const
 {
+    // By the tool instead of the library: a schema that is not installed would end the process.
     const QByteArray listing = output({QStringLiteral("list-recursively")});
     QList<SymbolicHotKey> hotKeys = GSettingsShortcuts::parse(listing, schemas);
     const QStringList custom = GSettingsShortcuts::customSchemas(listing, schemas);
+    // The user's own shortcuts lie in relocatable schemas, which the listing leaves out.
     for (const QString &schema : custom.first(qMin<qsizetype>(custom.size(), kMostCustomShortcuts)))
         hotKeys +=
             GSettingsShortcuts::parseCustom(output({QStringLiteral("list-recursively"), schema}));

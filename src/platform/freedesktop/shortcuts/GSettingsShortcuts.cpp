@@ -12,6 +12,8 @@ namespace {
 /// The texts within a printed value: none, one, or those of a list.
 QStringList textsOf(const QString &value)
 {
+    // The values are printed as GVariant texts: in single quotes, or in double ones if they contain
+    // a single one, and with a type before empty lists ("@as []").
     static const QRegularExpression pattern(
         QStringLiteral(R"re('((?:[^'\\]|\\.)*)'|"((?:[^"\\]|\\.)*)")re"));
     static const QRegularExpression escape(QStringLiteral(R"(\\(.))"));
@@ -32,6 +34,7 @@ void visit(const QByteArray &listing, const Visitor &visitor)
 {
     for (const QByteArray &line : listing.split('\n')) {
         const QString text = QString::fromUtf8(line);
+        // Schema, key and value; the value has blanks of its own.
         const QString schema = text.section(u' ', 0, 0);
         const QString key = text.section(u' ', 1, 1);
         if (!key.isEmpty())
@@ -54,6 +57,8 @@ QStringList GSettingsShortcuts::schemasOf(const QString &desktop)
     const auto is = [&desktop](QStringView name) {
         return desktop.compare(name, Qt::CaseInsensitive) == 0;
     };
+    // Each desktop keeps those of the window manager, of the shell and of the media keys apart. The
+    // others are built on the same settings daemon, or on a branch of it with its own names.
     if (is(u"GNOME") || is(u"Unity") || is(u"Budgie") || is(u"Pantheon"))
         return {QStringLiteral("org.gnome.desktop.wm.keybindings"),
                 QStringLiteral("org.gnome.mutter.keybindings"),
@@ -88,6 +93,7 @@ QStringList GSettingsShortcuts::customSchemas(const QByteArray &listing, const Q
     visit(listing, [&](const QString &schema, const QString &key, const QString &value) {
         if (!schemas.contains(schema))
             return;
+        // The one lists whole paths, the other names below a path that is fixed.
         if (key == u"custom-keybindings") {
             for (const QString &path : textsOf(value))
                 custom.append(schema + QStringLiteral(".custom-keybinding:") + path);

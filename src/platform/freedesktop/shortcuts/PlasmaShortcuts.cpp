@@ -45,9 +45,12 @@ QList<SymbolicHotKey> PlasmaShortcuts::parse(const QByteArray &file)
     QList<SymbolicHotKey> hotKeys;
     for (const QByteArray &line : file.split('\n')) {
         const QString text = QString::fromUtf8(line).trimmed();
+        // Keys with _k_ are names to show. A value has three parts: the shortcuts in force, those
+        // by default and the action's name.
         const qsizetype equals = text.indexOf(u'=');
         if (equals <= 0 || text.startsWith(u'[') || text.startsWith(u"_k_"))
             continue;
+        // Escaped twice, as a value of the file and as part of a list.
         const QString inForce = firstPart(unescaped(text.sliced(equals + 1)));
         for (const QString &shortcut : inForce.split(u'\t', Qt::SkipEmptyParts)) {
             if (const auto hotKey = ShortcutText::fromQt(shortcut))

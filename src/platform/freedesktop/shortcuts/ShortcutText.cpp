@@ -27,6 +27,8 @@ Places usKeyboard()
     Places places;
     const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
         xkb_context_new(XKB_CONTEXT_NO_FLAGS), xkb_context_unref);
+    // The lists name symbols, and hot keys are places: where a symbol lies is read off one
+    // keyboard, the American one, as the virtual key codes are.
     const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
     const std::unique_ptr<xkb_keymap, decltype(&xkb_keymap_unref)> keymap(
         context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
@@ -35,6 +37,7 @@ Places usKeyboard()
     // Without the system's keyboard descriptions no name can be placed.
     if (!keymap)
         return places;
+    // Level by level, so that a symbol is found where it needs no Shift, if there is such a place.
     for (xkb_level_index_t level = 0; level < 2; ++level) {
         for (const VirtualKey::Row &row : VirtualKey::rows()) {
             const xkb_keysym_t *symbols = nullptr;
@@ -59,6 +62,7 @@ std::optional<quint32> gtkModifier(const QString &name)
     static const QHash<QString, quint32> kModifiers{
         {QStringLiteral("shift"), CarbonModifiers::kShift},
         {QStringLiteral("shft"), CarbonModifiers::kShift},
+        // The toolkit's name for the main modifier, which is Control everywhere but on one system.
         {QStringLiteral("primary"), CarbonModifiers::kControl},
         {QStringLiteral("control"), CarbonModifiers::kControl},
         {QStringLiteral("ctrl"), CarbonModifiers::kControl},
@@ -80,6 +84,8 @@ xkb_keysym_t gtkSymbol(QStringView name)
         return XKB_KEY_grave;
     const QByteArray bytes = name.toUtf8();
     xkb_keysym_t symbol = xkb_keysym_from_name(bytes.constData(), XKB_KEYSYM_NO_FLAGS);
+    // Written by hand, names come in any case ("return"); but exactly first, as "V" and "v" are two
+    // symbols.
     if (symbol == XKB_KEY_NoSymbol)
         symbol = xkb_keysym_from_name(bytes.constData(), XKB_KEYSYM_CASE_INSENSITIVE);
     return xkb_keysym_to_lower(symbol);
@@ -89,6 +95,7 @@ xkb_keysym_t qtSymbol(Qt::Key key)
 {
     if (key >= Qt::Key_F1 && key <= Qt::Key_F35)
         return XKB_KEY_F1 + static_cast<xkb_keysym_t>(key - Qt::Key_F1);
+    // Below this a key is the character that it types.
     if (key < Qt::Key_Escape)
         return xkb_keysym_to_lower(xkb_utf32_to_keysym(static_cast<uint32_t>(key)));
     static const QHash<int, xkb_keysym_t> kSymbols{
@@ -126,6 +133,7 @@ std::optional<SymbolicHotKey> ShortcutText::fromGtk(QStringView accelerator)
         const qsizetype end = accelerator.indexOf(u'>');
         const auto modifier =
             end < 0 ? std::nullopt : gtkModifier(accelerator.sliced(1, end - 1).toString());
+        // With a modifier that no hot key of ours can have it clashes with none.
         if (!modifier)
             return std::nullopt;
         hotKey.carbonModifiers |= *modifier;

@@ -26,6 +26,7 @@ void merge(const QByteArray &channel, Properties *properties)
             path.removeLast();
         if (token != QXmlStreamReader::StartElement)
             continue;
+        // The shortcut itself is the name of the property, and its value what it does.
         path.append(xml.attributes().value(QLatin1String("name")).toString());
         const QString value = xml.attributes().value(QLatin1String("value")).toString();
         if (path.size() != 3 || value.isEmpty())
@@ -48,6 +49,7 @@ QList<SymbolicHotKey> XfceShortcuts::parse(const QList<QByteArray> &channels)
         const auto &[provider, set, name] = property.key();
         const QString isOverridden =
             properties.value(Path(provider, QStringLiteral("custom"), QStringLiteral("override")));
+        // The user's set replaces the default one as a whole, but only once it says so.
         if (set != (isOverridden == u"true" ? u"custom" : u"default"))
             continue;
         if (const auto hotKey = ShortcutText::fromGtk(name))
