@@ -26,7 +26,7 @@ ADAPTERS = ("x11", "wayland", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
 MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
 # What adapters of one kind share; each may know it.
-SHARED = "platform/pasteboard"
+SHARED = {"platform/pasteboard", "platform/typing"}
 LOADER = "platform/PlatformLoader.cpp"
 LOADER_HEADER = "platform/PlatformLoader.h"
 
@@ -51,7 +51,7 @@ def may_know(path):
     elif own in FOLDERS:
         known = {own, "platform", *FOLDERS[own]}
     elif own.removeprefix("platform/") in ADAPTERS:
-        known = {own, SHARED, "platform"}
+        known = {own, *SHARED, "platform"}
     elif own.startswith("platform/") or own in ROOMS:
         known = {own, "platform"}
     else:

@@ -286,6 +286,22 @@
         <source>The replaced text is not on the clipboard</source>
         <translation>النص المستبدل ليس على الحافظة</translation>
     </message>
+    <message>
+        <source>What is selected in %1 cannot be copied safely. Paste the clip there yourself; the middle mouse button does it, too.</source>
+        <translation>لا يمكن نسخ المحدَّد في %1 بأمان. ألصق القصاصة هناك بنفسك؛ زر الفأرة الأوسط يفعل ذلك أيضًا.</translation>
+    </message>
+    <message>
+        <source>No keys are known that paste into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>لا تُعرف مفاتيح تلصق في %1. ألصقها هناك بنفسك؛ زر الفأرة الأوسط يفعل ذلك أيضًا.</translation>
+    </message>
+    <message>
+        <source>this application</source>
+        <translation>هذا التطبيق</translation>
+    </message>
+    <message>
+        <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
+        <translation>لم ينقل %1 القصاصة إلى الحاسوب الذي يعرضه، لذا لم يُلصق شيء هناك. زر الفأرة الأوسط يلصق القصاصة أيضًا.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -262,6 +262,22 @@
         <source>The replaced text is not on the clipboard</source>
         <translation>Der ersetzte Text liegt nicht in der Zwischenablage</translation>
     </message>
+    <message>
+        <source>What is selected in %1 cannot be copied safely. Paste the clip there yourself; the middle mouse button does it, too.</source>
+        <translation>Was in %1 markiert ist, lässt sich nicht gefahrlos kopieren. Fügen Sie den Clip dort selbst ein; die mittlere Maustaste tut es auch.</translation>
+    </message>
+    <message>
+        <source>No keys are known that paste into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Es sind keine Tasten bekannt, die in %1 einfügen. Fügen Sie ihn dort selbst ein; die mittlere Maustaste tut es auch.</translation>
+    </message>
+    <message>
+        <source>this application</source>
+        <translation>dieser Anwendung</translation>
+    </message>
+    <message>
+        <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
+        <translation>%1 hat den Clip nicht auf den gezeigten Computer übernommen, darum wurde dort nichts eingefügt. Die mittlere Maustaste fügt den Clip ebenfalls ein.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

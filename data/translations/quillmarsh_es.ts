@@ -262,6 +262,22 @@
         <source>The replaced text is not on the clipboard</source>
         <translation>El texto reemplazado no está en el portapapeles</translation>
     </message>
+    <message>
+        <source>What is selected in %1 cannot be copied safely. Paste the clip there yourself; the middle mouse button does it, too.</source>
+        <translation>Lo que está seleccionado en %1 no se puede copiar sin riesgo. Pegue allí el recorte usted mismo; el botón central del ratón también lo hace.</translation>
+    </message>
+    <message>
+        <source>No keys are known that paste into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>No se conoce ninguna tecla que pegue en %1. Péguelo allí usted mismo; el botón central del ratón también lo hace.</translation>
+    </message>
+    <message>
+        <source>this application</source>
+        <translation>esta aplicación</translation>
+    </message>
+    <message>
+        <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
+        <translation>%1 no pasó el recorte al equipo que muestra, así que allí no se pegó nada. El botón central del ratón también pega el recorte.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -262,6 +262,22 @@
         <source>The replaced text is not on the clipboard</source>
         <translation>Le texte remplacé n’est pas dans le presse-papiers</translation>
     </message>
+    <message>
+        <source>What is selected in %1 cannot be copied safely. Paste the clip there yourself; the middle mouse button does it, too.</source>
+        <translation>Ce qui est sélectionné dans %1 ne peut pas être copié sans risque. Collez-y l’extrait vous-même ; le bouton central de la souris le fait aussi.</translation>
+    </message>
+    <message>
+        <source>No keys are known that paste into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Aucune touche connue ne colle dans %1. Collez-le vous-même ; le bouton central de la souris le fait aussi.</translation>
+    </message>
+    <message>
+        <source>this application</source>
+        <translation>cette application</translation>
+    </message>
+    <message>
+        <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
+        <translation>%1 n’a pas transmis l’extrait à l’ordinateur qu’il affiche ; rien n’y a donc été collé. Le bouton central de la souris colle aussi l’extrait.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

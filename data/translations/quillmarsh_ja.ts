@@ -256,6 +256,22 @@
         <source>The replaced text is not on the clipboard</source>
         <translation>置き換えたテキストはクリップボードにありません</translation>
     </message>
+    <message>
+        <source>What is selected in %1 cannot be copied safely. Paste the clip there yourself; the middle mouse button does it, too.</source>
+        <translation>%1で選択されているものは安全にコピーできません。クリップはそこでご自身で貼り付けてください。マウスの中ボタンでも貼り付けられます。</translation>
+    </message>
+    <message>
+        <source>No keys are known that paste into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>%1に貼り付けるキーがわかりません。そこでご自身で貼り付けてください。マウスの中ボタンでも貼り付けられます。</translation>
+    </message>
+    <message>
+        <source>this application</source>
+        <translation>このアプリケーション</translation>
+    </message>
+    <message>
+        <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
+        <translation>%1は表示しているコンピュータにクリップを引き渡さなかったため、そこには何も貼り付けられませんでした。クリップはマウスの中ボタンでも貼り付けられます。</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

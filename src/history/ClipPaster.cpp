@@ -50,6 +50,11 @@ ClipPaster::ClipPaster(const Ports &ports, CaptureSettings &settings, ClipHistor
         if (m_putBack)
             m_putBackTimer.start(m_waits.reading);
     });
+    m_hotKeyManager.setGivenUp([this] {
+        leaveToUser(
+            tr("%1 did not take the clip over to the computer that it shows, so nothing was "
+               "pasted there. The middle mouse button pastes the clip, too."));
+    });
     connect(&m_swopState, &SwopState::changed, &m_capture,
             &ClipboardCapture::tellLargestUsefulText);
 }
@@ -131,8 +136,29 @@ ClipPaster::Outcome ClipPaster::typeIntoTarget()
         tell(tr("The clip is on the clipboard"), tr("The previous window could not be activated."));
         return Outcome::Stranded;
     }
-    m_hotKeyManager.paste();
-    return Outcome::Typed;
+    const bool isSwop = m_swopState.performSwop();
+    if (isSwop && m_isCopyUnknown)
+        return leaveToUser(
+            tr("What is selected in %1 cannot be copied safely. Paste the clip there "
+               "yourself; the middle mouse button does it, too."));
+    const KeySender::Outcome sent = isSwop && m_swopState.swopClipItem()
+                                        ? m_hotKeyManager.pasteOverCopied()
+                                        : m_hotKeyManager.paste();
+    return sent == KeySender::Outcome::NoKnownKeys
+               ? leaveToUser(tr("No keys are known that paste into %1. Paste it there yourself; "
+                                "the middle mouse button does it, too."))
+               : Outcome::Typed;
+}
+
+ClipPaster::Outcome ClipPaster::leaveToUser(const QString &reason)
+{
+    const std::optional<PasteboardContents> contents = m_ports.pasteboard.contents();
+    if (contents && contents->text)
+        m_ports.pasteboard.markText(*contents->text);
+    const QString target = m_ports.frontApplication.applicationName();
+    tell(tr("The clip is on the clipboard"),
+         reason.arg(target.isEmpty() ? tr("this application") : target));
+    return Outcome::Stranded;
 }
 
 void ClipPaster::completeSwop(const Clip &clip, Outcome outcome)
@@ -207,10 +233,11 @@ void ClipPaster::swop()
     m_capture.readFromPasteboard();
     if (isTargetInFront) {
         m_swopState.begin(m_ports.frontApplication.applicationName());
-        m_hotKeyManager.copy();
+        m_isCopyUnknown = m_hotKeyManager.copy() == KeySender::Outcome::NoKnownKeys;
         m_ports.clock.wait(m_waits.copy);
         m_capture.readFromPasteboard();
     } else {
+        m_isCopyUnknown = false;
         m_swopState.begin(QString());
     }
     m_window.showAtMouse();

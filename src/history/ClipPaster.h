@@ -61,8 +61,10 @@ public:
     /// Pastes the clip at `row` of the history's current list; a row beyond it is ignored.
     /// `format` is "upper", "lower" or anything else for the text as it is; files ignore it. When
     /// the target does not come back nothing is typed: the clip stays on the pasteboard and the
-    /// user is told, as when the pasteboard cannot be written: then the window stays as it is, and
-    /// so does a swop. A negative row ends a swop without a paste and forgets what it holds.
+    /// user is told. So it is, as the primary selection too, where no keys are known to paste, or
+    /// to copy what a swop is about. When the pasteboard cannot be written the user is told, and
+    /// the window stays as it is, and so does a swop. A negative row ends a swop without a paste
+    /// and forgets what it holds.
     ///
     /// The selection that a swop has replaced goes back on the pasteboard when the target has asked
     /// for the clip, at the latest a while later, and not at all if somebody copies meanwhile.
@@ -108,6 +110,8 @@ private:
     Outcome pasteString(Copy copy, const std::optional<QString> &format);
     Outcome pasteFile(const Clip &clip);
     Outcome typeIntoTarget();
+    /// Leaves the clip to the user, for whom nothing can be typed; `reason` names the target as %1.
+    Outcome leaveToUser(const QString &reason);
     void completeSwop(const Clip &clip, Outcome outcome);
     void addHeld(const SwopItem &held);
     void addReplacedSelections();
@@ -125,6 +129,7 @@ private:
     HistoryWindow &m_window;
     const Waits m_waits;
     bool m_isPasting = false;
+    bool m_isCopyUnknown = false; ///< In the application whose selection the swop is about.
     std::optional<PutBack> m_putBack;
     QTimer m_putBackTimer;
 };

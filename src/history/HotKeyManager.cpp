@@ -1,23 +1,35 @@
 #include "history/HotKeyManager.h"
 
 #include "history/HistoryLog.h"
-#include "platform/KeySender.h"
 #include "platform/VirtualKeys.h"
+
+#include <utility>
 
 HotKeyManager::HotKeyManager(KeySender &keySender) : m_keySender(keySender) {}
 
-void HotKeyManager::paste()
+KeySender::Outcome HotKeyManager::paste()
 {
-    send(VirtualKey::kV);
+    return logged(m_keySender.sendCommand(VirtualKey::kV));
 }
 
-void HotKeyManager::copy()
+KeySender::Outcome HotKeyManager::pasteOverCopied()
 {
-    send(VirtualKey::kC);
+    return logged(m_keySender.sendPasteOverCopied());
 }
 
-void HotKeyManager::send(unsigned keyCode)
+KeySender::Outcome HotKeyManager::copy()
 {
-    if (!m_keySender.isAvailable() || !m_keySender.sendCommand(keyCode))
+    return logged(m_keySender.sendCommand(VirtualKey::kC));
+}
+
+void HotKeyManager::setGivenUp(std::function<void()> givenUp)
+{
+    m_keySender.setGivenUp(std::move(givenUp));
+}
+
+KeySender::Outcome HotKeyManager::logged(KeySender::Outcome outcome)
+{
+    if (outcome == KeySender::Outcome::Failed)
         qCWarning(lcHistory, "No event source");
+    return outcome;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
-class KeySender;
+#include "platform/KeySender.h"
+
+#include <functional>
 
 /// Types the desktop's copy and paste keystrokes into the application in front. Owned by the
 /// application delegate.
@@ -10,11 +12,16 @@ public:
     explicit HotKeyManager(KeySender &keySender);
 
     /// Each logs "No event source" and does nothing more where keystrokes cannot be sent.
-    void paste();
-    void copy();
+    KeySender::Outcome paste();
+    /// In the place of what copy() has copied.
+    KeySender::Outcome pasteOverCopied();
+    KeySender::Outcome copy();
+
+    /// As KeySender::setGivenUp().
+    void setGivenUp(std::function<void()> givenUp);
 
 private:
-    void send(unsigned keyCode);
+    static KeySender::Outcome logged(KeySender::Outcome outcome);
 
     KeySender &m_keySender;
 };

@@ -20,7 +20,7 @@ struct ApplicationIdentity
     /// The untranslated Name of the application's desktop entry, so that it reads the same in
     /// every language; else the window class; else the process name; else empty.
     QString name;
-    /// Whether the keys of copy and paste mean something else there.
+    /// Whether it says of itself that it is a terminal.
     bool isTerminal = false;
 };
 

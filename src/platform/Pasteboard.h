@@ -103,7 +103,7 @@ public:
     /// it or was given up; never after `context` is gone or after shutDown().
     virtual void askText(Selection selection, QObject *context, TextAnswer answer) = 0;
 
-    /// Offers a text that was marked in a field of ours as Selection::Primary.
+    /// Offers a text as Selection::Primary, as if it had been marked in a field of ours.
     virtual void markText(const QString &text) = 0;
 
     /// Hands the contents to another clipboard manager if there is one, then stops serving.

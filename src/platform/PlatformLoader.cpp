@@ -6,6 +6,7 @@
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 #include "platform/freedesktop/PortalAppearance.h"
 #include "platform/freedesktop/ProcRunningApplications.h"
+#include "platform/freedesktop/RegularFile.h"
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/SystemClock.h"
 #include "platform/freedesktop/entries/DesktopEntryApplicationNames.h"
@@ -26,6 +27,7 @@
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
+#include <QStandardPaths>
 
 #include <xcb/xcb.h>
 
@@ -63,6 +65,13 @@ void restoreEnvironment()
     g_qtPlatformBefore.reset();
 }
 
+/// The user's table of the keys that applications take.
+std::optional<QByteArray> readUsersKeys()
+{
+    return readRegularFile(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                           QStringLiteral("/quillmarsh/keys.json"));
+}
+
 /// Where one adapter needs another, it is the sibling it was made with: both know X11.
 void makeX11Adapters(Platform &platform)
 {
@@ -73,8 +82,10 @@ void makeX11Adapters(Platform &platform)
     const X11KeySender::Selections selections{
         [served = pasteboard.get()](xcb_window_t target) { served->expectPaste(target); },
         [served = pasteboard.get()] { served->offerPrimary(); },
-        [served = pasteboard.get()](xcb_window_t target) { served->publishPrimary(target); }};
-    platform.keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, selections);
+        [served = pasteboard.get()](xcb_window_t target) { served->publishPrimary(target); },
+        [served = pasteboard.get()] { return served->askers(); }};
+    platform.keySender = std::make_unique<X11KeySender>(*hotKeys, *frontApplication, names,
+                                                        selections, readUsersKeys);
     QObject::connect(pasteboard.get(), &Pasteboard::pasteRead, hotKeys.get(),
                      &X11HotKeys::letTypedAheadGo);
     platform.windowSpace = std::make_unique<X11WindowSpace>();

@@ -58,8 +58,11 @@ class Application:
     def settle(self, desk):
         """What has to be done before keys reach the document."""
 
-    def copy_all(self, desk):
+    def select(self, desk):
         desk.key(self.select_all)
+
+    def copy_all(self, desk):
+        self.select(desk)
         desk.key(*self.copy_keys)
 
     def check_name(self, desk):
@@ -116,13 +119,32 @@ class Editor(Application):
         desk.start(TEXT)
         desk.copy_until_recorded(TEXT)
         desk.copy_elsewhere(OTHER)
-        desk.key(self.select_all)
+        self.select(desk)
         desk.key("super+shift+x")
         desk.app.wait_until_active(desk.app.window())
         desk.key("Return")
         desk.app.wait_until_hidden()
         desk.app.wait_for_clip(TEXT)
         desk.wait_for_text(OTHER)
+
+
+class Vim(Editor):
+    """Tried in its normal mode, in which it starts."""
+
+    copy_keys = ("quotedbl", "plus", "y")
+    save_keys = ("Escape", "Escape", "colon", "w", "Return")
+
+    def select(self, desk):
+        # Without the end of the line, which is no character of the text.
+        desk.key("Escape", "g", "g", "v", "G", "g", "underscore")
+
+
+class Emacs(Editor):
+    copy_keys = ("alt+w",)
+    save_keys = ("ctrl+x", "ctrl+s")
+
+    def select(self, desk):
+        desk.key("ctrl+x", "h")
 
 
 class CopyReader(Editor):
@@ -545,8 +567,8 @@ APPLICATIONS = [
     Browser("Chromium", CHROMIUM, "chromium", "Chromium Web Browser"),
     RichEditor("LibreOffice Writer", [*OFFICE, "--writer"], "libreoffice"),
     Spreadsheet("LibreOffice Calc", [*OFFICE, "--calc"], "libreoffice"),
-    Editor("GVim", ["gvim", "-f", "-u", "NONE"], "gvim"),
-    Editor("Emacs", ["emacs", "-Q"], "emacs"),
+    Vim("GVim", ["gvim", "-f", "-u", "NONE"], "gvim"),
+    Emacs("Emacs", ["emacs", "-Q"], "emacs"),
     PasswordSafe("KeePassXC", ["keepassxc"], "keepassxc"),
     PaintProgram("GIMP", ["gimp", "--no-splash", "--new-instance"], "gimp",
                  "GNU Image Manipulation Program"),

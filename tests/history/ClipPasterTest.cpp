@@ -172,6 +172,55 @@ TEST_F(ClipPasterTest, whenTheTargetDoesNotComeBackNothingIsTypedAndTheClipStays
     EXPECT_EQ(m_rig.platform.notifications.delivered().size(), 1);
 }
 
+TEST_F(ClipPasterTest, whereNoKeysAreKnownTheClipIsMarkedTooAndTheUserIsTold)
+{
+    m_rig.platform.frontApplication.setApplicationName(QStringLiteral("Front"));
+    m_rig.platform.keySender.setUnknown(VirtualKey::kC);
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(kPlain, QStringLiteral("upper"));
+    EXPECT_TRUE(keys().isEmpty()) << "it would overwrite the selection";
+    EXPECT_EQ(onPasteboard()->text, QStringLiteral("STRASSE"));
+    EXPECT_EQ(m_rig.platform.pasteboard.markedText(), QStringLiteral("STRASSE"));
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(keys(), QList<quint32>{VirtualKey::kV}) << "no swop any more";
+
+    m_rig.platform.keySender.setUnknown(VirtualKey::kV);
+    m_rig.platform.pasteboard.markOutside({});
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(m_rig.platform.pasteboard.markedText(), QStringLiteral("Straße"));
+    const QString title = QStringLiteral("The clip is on the clipboard");
+    EXPECT_EQ(
+        m_rig.platform.notifications.delivered(),
+        (QList<std::pair<QString, QString>>{
+            {title, QStringLiteral("What is selected in Front cannot be copied safely. Paste the "
+                                   "clip there yourself; the middle mouse button does it, too.")},
+            {title, QStringLiteral("No keys are known that paste into Front. Paste it there "
+                                   "yourself; the middle mouse button does it, too.")}}));
+}
+
+TEST_F(ClipPasterTest, aClipThatWasNotTakenOverToAnotherComputerIsMarkedTooAndTheUserIsTold)
+{
+    m_rig.platform.frontApplication.setApplicationName(QStringLiteral("Viewer"));
+    m_rig.paster.performPaste(kPlain, {});
+    m_rig.platform.keySender.giveUp();
+    EXPECT_EQ(m_rig.platform.pasteboard.markedText(), QStringLiteral("Straße"));
+    expectNotification(
+        "The clip is on the clipboard",
+        "Viewer did not take the clip over to the computer that it shows, so nothing "
+        "was pasted there. The middle mouse button pastes the clip, too.");
+}
+
+TEST_F(ClipPasterTest, aSwopPastesOverWhatItHasCopiedAndOnlyThen)
+{
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(m_rig.platform.keySender.sentOverCopied(), 0) << "nothing was selected";
+    answerCopyWith(QStringLiteral("selection"));
+    m_rig.paster.swop();
+    m_rig.paster.performPaste(0, {});
+    EXPECT_EQ(m_rig.platform.keySender.sentOverCopied(), 1);
+}
+
 TEST_F(ClipPasterTest, whenThePasteboardCannotBeWrittenTheUserIsToldAndTheWindowStays)
 {
     m_rig.platform.workspace.addFile(QStringLiteral("/tmp/a.txt"));

@@ -26,12 +26,22 @@ void MemoryClock::wait(std::chrono::milliseconds duration)
         m_duringWait();
 }
 
-bool MemoryKeySender::sendCommand(quint32 keyCode)
+KeySender::Outcome MemoryKeySender::sendCommand(quint32 keyCode)
 {
+    if (!m_isAvailable)
+        return Outcome::Failed;
+    if (m_unknown.contains(keyCode))
+        return Outcome::NoKnownKeys;
     m_sent.append(keyCode);
     if (m_reaction)
         m_reaction(keyCode);
-    return true;
+    return Outcome::Sent;
+}
+
+KeySender::Outcome MemoryKeySender::sendPasteOverCopied()
+{
+    ++m_sentOverCopied;
+    return sendCommand(VirtualKey::kV);
 }
 
 void MemoryFrontApplication::activate(QWindow *window)

@@ -41,18 +41,29 @@ class MemoryKeySender : public KeySender
 public:
     void setAvailable(bool isAvailable) { m_isAvailable = isAvailable; }
     void setReaction(std::function<void(quint32)> reaction) { m_reaction = std::move(reaction); }
+    /// Makes the command unknown to the application in front.
+    void setUnknown(quint32 keyCode) { m_unknown.insert(keyCode); }
     const QList<quint32> &sent() const { return m_sent; }
+    /// The last paste was not taken over in time.
+    void giveUp() const { m_givenUp(); }
+    /// How many of those sent were to paste over what had been copied.
+    int sentOverCopied() const { return m_sentOverCopied; }
 
     // ^KeySender
     bool isAvailable() const override { return m_isAvailable; }
     bool isKeyHeld() const override { return false; }
-    bool sendCommand(quint32 keyCode) override;
+    Outcome sendCommand(quint32 keyCode) override;
+    Outcome sendPasteOverCopied() override;
+    void setGivenUp(std::function<void()> givenUp) override { m_givenUp = std::move(givenUp); }
     void keepTypedAhead(QWindow *) override {}
 
 private:
     bool m_isAvailable = true;
+    QSet<quint32> m_unknown;
     QList<quint32> m_sent;
+    int m_sentOverCopied = 0;
     std::function<void(quint32)> m_reaction;
+    std::function<void()> m_givenUp;
 };
 
 class MemoryFrontApplication : public FrontApplication

@@ -189,6 +189,11 @@ void PasteboardService::publishPrimary(xcb_window_t target)
     m_primaryFront = m_front.askAtCopy(owner);
 }
 
+std::vector<xcb_window_t> PasteboardService::askers() const
+{
+    return m_server.askers(m_connection.atoms().clipboard);
+}
+
 void PasteboardService::handOver(std::function<void()> done)
 {
     const xcb_atom_t clipboard = m_connection.atoms().clipboard;

@@ -62,6 +62,9 @@ public:
     /// From now on it is looked out for the client of `target` to ask for what we serve.
     void expectPaste(xcb_window_t target) { m_pasteTarget = target; }
 
+    /// Who has asked for what we serve on the pasteboard, the latest last.
+    std::vector<xcb_window_t> askers() const;
+
     /// Has another manager save what we own and calls `done` when it has, or at once when there is
     /// none to ask or nothing to save.
     void handOver(std::function<void()> done);

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr qint64 kMostPairBytes = 4096;
+constexpr std::size_t kMostAskers = 64;
 
 } // namespace
 
@@ -26,8 +27,10 @@ void SelectionServer::confirm(xcb_atom_t selection, xcb_timestamp_t time)
     // What was served before is served until the server says that the selection changed hands:
     // requests that come until then are meant for it.
     Served &served = m_served[selection];
-    if (auto staged = m_staged.take(selection))
+    if (auto staged = m_staged.take(selection)) {
         served.offer = std::move(staged);
+        served.askers.clear();
+    }
     served.time = time;
 }
 
@@ -41,6 +44,11 @@ std::shared_ptr<const SelectionOffer> SelectionServer::offer(xcb_atom_t selectio
     return m_served.value(selection).offer;
 }
 
+std::vector<xcb_window_t> SelectionServer::askers(xcb_atom_t selection) const
+{
+    return m_served.value(selection).askers;
+}
+
 bool SelectionServer::handle(const xcb_selection_request_event_t &request)
 {
     // The request's time is not held against it: toolkits send the time of the last event they
@@ -48,6 +56,13 @@ bool SelectionServer::handle(const xcb_selection_request_event_t &request)
     // ICCCM 2.2: a client of old names no property and means the one called like the target.
     const xcb_atom_t property =
         request.property != XCB_ATOM_NONE ? request.property : request.target;
+    if (const auto asked = m_served.find(request.selection); asked != m_served.end()) {
+        std::vector<xcb_window_t> &askers = asked->askers;
+        std::erase(askers, request.requestor);
+        askers.push_back(request.requestor);
+        if (askers.size() > kMostAskers)
+            askers.erase(askers.begin());
+    }
     const Served served = m_served.value(request.selection);
     // Watching the root window for a transfer would disturb our own watch on it.
     const bool isStranger = request.requestor != m_connection.window() &&

@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <memory>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -32,6 +33,9 @@ public:
     std::shared_ptr<const SelectionOffer> offer(xcb_atom_t selection) const;
     xcb_timestamp_t time(xcb_atom_t selection) const { return m_served.value(selection).time; }
 
+    /// Who has asked for what is served now, if only for its formats: the latest last.
+    std::vector<xcb_window_t> askers(xcb_atom_t selection) const;
+
     /// True when contents were given, and not only told of.
     bool handle(const xcb_selection_request_event_t &request);
 
@@ -42,6 +46,7 @@ private:
     {
         std::shared_ptr<const SelectionOffer> offer;
         xcb_timestamp_t time = XCB_CURRENT_TIME;
+        std::vector<xcb_window_t> askers;
     };
 
     bool put(const Served &served, xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);

@@ -63,6 +63,14 @@ bool X11ActiveWindow::isInFrontWithFocus(xcb_window_t window) const
     return (!isManaged() || active.first() == window) && leadsTo(window, focusOf(focus));
 }
 
+bool X11ActiveWindow::isOfSameProgram(xcb_window_t one, xcb_window_t other) const
+{
+    WindowQuestion ofOne = ask(one);
+    WindowQuestion ofOther = ask(other);
+    const quint32 processId = ofOne.processId();
+    return processId != 0 && processId == ofOther.processId();
+}
+
 WindowQuestion X11ActiveWindow::ask(xcb_window_t window) const
 {
     return {m_connection, m_questionAtoms, window};

@@ -37,6 +37,9 @@ public:
     WindowQuestion ask(xcb_window_t window) const;
     std::optional<WindowIdentity> identityOf(xcb_window_t window) const;
 
+    /// Whether both windows belong to one process, if only by different connections.
+    bool isOfSameProgram(xcb_window_t one, xcb_window_t other) const;
+
     /// The window whose name a dialog bears: the one it is for, else the window itself.
     xcb_window_t namingWindowOf(xcb_window_t window) const;
 

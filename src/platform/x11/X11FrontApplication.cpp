@@ -61,12 +61,6 @@ X11FrontApplication::X11FrontApplication(const ApplicationNames &names, const Ho
             [this](const HotKeyEvent &event) { m_lastPress = event.timestamp; });
 }
 
-bool X11FrontApplication::isTerminal(xcb_window_t window) const
-{
-    const std::optional<WindowIdentity> identity = m_active.identityOf(window);
-    return identity && m_names.identify(*identity).isTerminal;
-}
-
 QString X11FrontApplication::applicationName() const
 {
     const xcb_window_t active = m_active.current();

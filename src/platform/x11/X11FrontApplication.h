@@ -29,8 +29,17 @@ public:
     /// The window in front, ours or another's; XCB_NONE when there is none.
     xcb_window_t windowInFront() const { return m_active.current(); }
 
-    /// Whether the window belongs to a terminal.
-    bool isTerminal(xcb_window_t window) const;
+    /// What the window tells about its program; absent when it is gone.
+    std::optional<WindowIdentity> identityOf(xcb_window_t window) const
+    {
+        return m_active.identityOf(window);
+    }
+
+    /// Whether both windows belong to one process, if only by different connections.
+    bool isOfSameProgram(xcb_window_t one, xcb_window_t other) const
+    {
+        return m_active.isOfSameProgram(one, other);
+    }
 
     // ^FrontApplication
     QString applicationName() const override;

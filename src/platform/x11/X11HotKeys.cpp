@@ -130,9 +130,7 @@ bool X11HotKeys::typeFreely(const std::function<Keystroke(const Typing &)> &plan
         // A hot key that is still down has the keyboard for us: the keystroke would come here
         // instead of to the target.
         giveKeyboardBack();
-        for (const auto &[eventType, keycode] : keystroke.steps)
-            xcb_test_fake_input(m_connection.get(), eventType, keycode, XCB_CURRENT_TIME, XCB_NONE,
-                                0, 0, 0);
+        type(keystroke);
         if (isKeeping) {
             m_typeAhead.takeBack(m_grabs.modifiers().heldKeys);
             xcb_ungrab_server(m_connection.get());
@@ -142,6 +140,18 @@ bool X11HotKeys::typeFreely(const std::function<Keystroke(const Typing &)> &plan
             m_grabs.setSuspended(false);
         endHoldsThatAreUp();
     });
+}
+
+void X11HotKeys::type(const Keystroke &keystroke) const
+{
+    const auto before = keystroke.locks ? std::optional(m_keyboard.locks()) : std::nullopt;
+    if (before)
+        m_keyboard.lock(*keystroke.locks);
+    for (const auto &[eventType, keycode] : keystroke.steps)
+        xcb_test_fake_input(m_connection.get(), eventType, keycode, XCB_CURRENT_TIME, XCB_NONE, 0,
+                            0, 0);
+    if (before)
+        m_keyboard.lock(*before);
 }
 
 void X11HotKeys::keepTypedAhead(xcb_window_t window)

@@ -41,6 +41,8 @@ public:
             xcb_keycode_t keycode;
         };
         std::vector<Step> steps;
+        /// In effect while they are typed; those in effect now when absent.
+        std::optional<X11Keyboard::Locks> locks;
         bool isHotKey = false; ///< Whether the steps make up one of our own combinations.
     };
 
@@ -92,6 +94,7 @@ private:
     void handleRelease(const xcb_key_release_event_t &event);
     /// Press or release, of no id yet.
     HotKeyEvent eventOf(const xcb_key_press_event_t &event) const;
+    void type(const Keystroke &keystroke) const;
     void endHold(xcb_keycode_t keycode, HotKeyEvent event);
     void endHoldsThatAreUp(std::optional<xcb_timestamp_t> releaseTime = std::nullopt);
     void handleOtherPress(xcb_keycode_t keycode);

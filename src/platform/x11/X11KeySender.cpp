@@ -1,7 +1,8 @@
 #include "platform/x11/X11KeySender.h"
 
-#include "platform/ModifierFlags.h"
+#include "platform/ApplicationNames.h"
 #include "platform/VirtualKeys.h"
+#include "platform/x11/X11ChordPlan.h"
 #include "platform/x11/X11FrontApplication.h"
 
 #include <QCoreApplication>
@@ -10,29 +11,12 @@
 
 #include <utility>
 
-namespace {
-
-constexpr int kEvdevOffset = 8;
-
-/// The keys that are down among `keycodes`.
-std::vector<xcb_keycode_t> heldOf(const X11Connection &connection,
-                                  const std::vector<xcb_keycode_t> &keycodes)
-{
-    const XcbPointer<xcb_query_keymap_reply_t> down(
-        xcb_query_keymap_reply(connection.get(), xcb_query_keymap(connection.get()), nullptr));
-    std::vector<xcb_keycode_t> held;
-    for (const xcb_keycode_t keycode : keycodes) {
-        if (down && (down->keys[keycode / 8] & (1U << (keycode % 8))))
-            held.push_back(keycode);
-    }
-    return held;
-}
-
-} // namespace
-
 X11KeySender::X11KeySender(X11HotKeys &hotKeys, const X11FrontApplication &frontApplication,
-                           Selections selections)
-    : m_hotKeys(hotKeys), m_front(frontApplication), m_selections(std::move(selections))
+                           const ApplicationNames &names, Selections selections,
+                           KnownKeys::UsersTable usersTable)
+    : m_hotKeys(hotKeys), m_front(frontApplication), m_names(names),
+      m_selections(std::move(selections)), m_knownKeys(std::move(usersTable)),
+      m_takeOver(frontApplication, m_selections.askers)
 {
 }
 
@@ -46,26 +30,68 @@ bool X11KeySender::isKeyHeld() const
     return m_hotKeys.isKeyHeld();
 }
 
-bool X11KeySender::sendCommand(quint32 keyCode)
+KeySender::Outcome X11KeySender::sendCommand(quint32 keyCode)
 {
-    const bool isCopy = keyCode == VirtualKey::kC;
-    if (!isAvailable() || (!isCopy && keyCode != VirtualKey::kV))
-        return false;
+    if (!isAvailable() || (keyCode != VirtualKey::kC && keyCode != VirtualKey::kV))
+        return Outcome::Failed;
+    m_takeOver.cancel();
     const xcb_window_t target = m_front.windowInFront();
-    if (!isCopy)
-        m_selections.expectPaste(target);
-    // In a terminal Ctrl-C would end the program inside and Ctrl-V type a control character, and
-    // Ctrl-Shift-V is not every terminal's. What is marked there is PRIMARY already, and
-    // Shift-Insert pastes PRIMARY.
-    if (!m_front.isTerminal(target))
-        return send(
-            {CarbonModifiers::kControl, isCopy ? xkb_keysym_t(XKB_KEY_c) : XKB_KEY_v, keyCode});
-    if (isCopy) {
+    if (keyCode == VirtualKey::kC)
+        return copy(target);
+    const ApplicationKeys keys = keysOf(target);
+    return paste(target, keys, keys.paste);
+}
+
+KeySender::Outcome X11KeySender::sendPasteOverCopied()
+{
+    if (!isAvailable())
+        return Outcome::Failed;
+    m_takeOver.cancel();
+    const xcb_window_t target = m_front.windowInFront();
+    const ApplicationKeys keys = keysOf(target);
+    return paste(target, keys, keys.replace);
+}
+
+ApplicationKeys X11KeySender::keysOf(xcb_window_t target)
+{
+    const WindowIdentity identity = m_front.identityOf(target).value_or(WindowIdentity());
+    return m_knownKeys.keysOf(identity, m_names.identify(identity).isTerminal);
+}
+
+KeySender::Outcome X11KeySender::copy(xcb_window_t target)
+{
+    const ApplicationKeys keys = keysOf(target);
+    if (keys.copiesMarked) {
         m_selections.publishPrimary(target);
-        return true;
+        return Outcome::Sent;
     }
-    m_selections.offerPrimary();
-    return send({CarbonModifiers::kShift, XKB_KEY_Insert, VirtualKey::kHelp});
+    return keys.copy.empty() ? Outcome::NoKnownKeys : send(keys.copy);
+}
+
+KeySender::Outcome X11KeySender::paste(xcb_window_t target, const ApplicationKeys &keys,
+                                       const KeySequence &sequence)
+{
+    if (sequence.empty())
+        return Outcome::NoKnownKeys;
+    m_selections.expectPaste(target);
+    if (keys.pastesPrimary)
+        m_selections.offerPrimary();
+    if (!keys.isRemote)
+        return send(sequence);
+    ++m_sent;
+    m_takeOver.await(target, [this, target, sequence](bool isTakenOver) {
+        pasteTakenOver(target, sequence, isTakenOver);
+    });
+    return Outcome::Sent;
+}
+
+void X11KeySender::pasteTakenOver(xcb_window_t target, const KeySequence &sequence,
+                                  bool isTakenOver)
+{
+    const bool isSent =
+        isTakenOver && m_front.windowInFront() == target && send(sequence) == Outcome::Sent;
+    if (!isSent && m_givenUp)
+        m_givenUp();
 }
 
 void X11KeySender::keepTypedAhead(QWindow *window)
@@ -95,36 +121,16 @@ bool X11KeySender::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-bool X11KeySender::send(const Chord &chord)
+KeySender::Outcome X11KeySender::send(const KeySequence &sequence)
 {
     ++m_sent;
-    return m_hotKeys.typeFreely(
-        [&chord](const X11HotKeys::Typing &typing) { return plan(typing, chord); });
-}
-
-X11HotKeys::Keystroke X11KeySender::plan(const X11HotKeys::Typing &typing, const Chord &chord)
-{
-    const X11Modifiers &modifiers = typing.grabs.modifiers();
-    const bool isControl = chord.carbonModifier == CarbonModifiers::kControl;
-    const xcb_keycode_t modifierKey = isControl ? modifiers.controlKey : modifiers.shiftKey;
-    // Asked anew: a notice may be under way, and in another group the key types another letter.
-    typing.keyboard.readGroup();
-    const auto position =
-        xcb_keycode_t(VirtualKey::toEvdev(chord.keyCode).value_or(0) + kEvdevOffset);
-    const xcb_keycode_t key = typing.keyboard.keyFor(chord.symbol).value_or(position);
-
-    X11HotKeys::Keystroke keystroke;
-    // The user may have made a hot key of the very keystroke we type.
-    keystroke.isHotKey =
-        !typing.grabs.matching(key, modifiers.maskOf(chord.carbonModifier)).empty();
-    // The key itself as well: the server ignores the press of a key that is down.
-    std::vector<xcb_keycode_t> inTheWay = modifiers.heldKeys;
-    inTheWay.push_back(key);
-    for (const xcb_keycode_t held : heldOf(typing.connection, inTheWay))
-        keystroke.steps.push_back({XCB_KEY_RELEASE, held});
-    keystroke.steps.insert(keystroke.steps.end(), {{XCB_KEY_PRESS, modifierKey},
-                                                   {XCB_KEY_PRESS, key},
-                                                   {XCB_KEY_RELEASE, key},
-                                                   {XCB_KEY_RELEASE, modifierKey}});
-    return keystroke;
+    bool canBeTyped = true;
+    const bool isSent = m_hotKeys.typeFreely([&](const X11HotKeys::Typing &typing) {
+        const std::optional<X11HotKeys::Keystroke> keystroke = X11ChordPlan(typing).of(sequence);
+        canBeTyped = keystroke.has_value();
+        return keystroke.value_or(X11HotKeys::Keystroke());
+    });
+    if (!isSent)
+        return Outcome::Failed;
+    return canBeTyped ? Outcome::Sent : Outcome::NoKnownKeys;
 }

@@ -1,14 +1,19 @@
 #pragma once
 
 #include "platform/KeySender.h"
+#include "platform/typing/KnownKeys.h"
 #include "platform/x11/X11HotKeys.h"
+#include "platform/x11/X11TakeOver.h"
 
 #include <QObject>
 
 #include <xcb/xcb.h>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
+class ApplicationNames;
 class X11FrontApplication;
 
 /// Types with the server's test extension, over the connection and on the thread of the hot keys.
@@ -24,41 +29,44 @@ public:
     {
         /// A paste is about to be typed into the window.
         std::function<void(xcb_window_t target)> expectPaste;
-        // Copy and paste in a terminal, where Ctrl-C and Ctrl-V belong to the program inside.
-        /// Makes the pasteboard's text the primary selection, which Shift-Insert pastes.
+        /// Makes the pasteboard's text the primary selection.
         std::function<void()> offerPrimary;
         /// Takes the primary selection of the target window as a copy.
         std::function<void(xcb_window_t target)> publishPrimary;
+        /// Who has asked for the pasteboard's contents, if only for their formats.
+        std::function<std::vector<xcb_window_t>()> askers;
     };
 
-    /// Both references must outlive this object.
+    /// The references must outlive this object.
     X11KeySender(X11HotKeys &hotKeys, const X11FrontApplication &frontApplication,
-                 Selections selections);
+                 const ApplicationNames &names, Selections selections,
+                 KnownKeys::UsersTable usersTable = {});
 
     // ^KeySender
     bool isAvailable() const override;
     bool isKeyHeld() const override;
-    [[nodiscard]] bool sendCommand(quint32 keyCode) override;
+    [[nodiscard]] Outcome sendCommand(quint32 keyCode) override;
+    [[nodiscard]] Outcome sendPasteOverCopied() override;
+    void setGivenUp(std::function<void()> givenUp) override { m_givenUp = std::move(givenUp); }
     void keepTypedAhead(QWindow *window) override;
 
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// A modifier with a key.
-    struct Chord
-    {
-        quint32 carbonModifier;
-        xkb_keysym_t symbol;
-        quint32 keyCode; ///< Where the key is when no key gives the symbol.
-    };
-
-    bool send(const Chord &chord);
-    static X11HotKeys::Keystroke plan(const X11HotKeys::Typing &typing, const Chord &chord);
+    ApplicationKeys keysOf(xcb_window_t target);
+    Outcome copy(xcb_window_t target);
+    Outcome paste(xcb_window_t target, const ApplicationKeys &keys, const KeySequence &sequence);
+    void pasteTakenOver(xcb_window_t target, const KeySequence &sequence, bool isTakenOver);
+    Outcome send(const KeySequence &sequence);
 
     X11HotKeys &m_hotKeys;
     const X11FrontApplication &m_front;
+    const ApplicationNames &m_names;
     const Selections m_selections;
+    KnownKeys m_knownKeys;
+    X11TakeOver m_takeOver;
+    std::function<void()> m_givenUp;
     bool m_isFiltering = false;
     int m_sent = 0;
 };

@@ -2,6 +2,9 @@
 
 #include <xkbcommon/xkbcommon-x11.h>
 
+#include <array>
+#include <bit>
+
 // A field of this header is called by a C++ keyword.
 #define explicit xkbExplicit
 #include <xcb/xkb.h>
@@ -131,6 +134,75 @@ std::optional<xcb_keycode_t> X11Keyboard::keyFor(xkb_keysym_t symbol)
         }
     }
     return elsewhere;
+}
+
+xkb_layout_index_t X11Keyboard::groupCount()
+{
+    xkb_keymap *map = keymap();
+    return map ? xkb_keymap_num_layouts(map) : 0;
+}
+
+std::optional<X11Keyboard::Place> X11Keyboard::placeOf(xkb_keysym_t symbol,
+                                                       xkb_layout_index_t group)
+{
+    xkb_keymap *map = keymap();
+    if (!map)
+        return std::nullopt;
+    const xkb_mod_mask_t locking =
+        XCB_MOD_MASK_LOCK | (1U << xkb_keymap_mod_get_index(map, XKB_MOD_NAME_NUM));
+    std::optional<Place> best;
+    const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(map), 255);
+    for (xkb_keycode_t keycode = xkb_keymap_min_keycode(map); keycode <= last; ++keycode) {
+        const xkb_level_index_t levels = xkb_keymap_num_levels_for_key(map, keycode, group);
+        for (xkb_level_index_t level = 0; level < levels; ++level) {
+            const xkb_keysym_t *symbols = nullptr;
+            const int count =
+                xkb_keymap_key_get_syms_by_level(map, keycode, group, level, &symbols);
+            if (count != 1 || symbols[0] != symbol)
+                continue;
+            std::array<xkb_mod_mask_t, 16> masks{};
+            const std::size_t known = xkb_keymap_key_get_mods_for_level(map, keycode, group, level,
+                                                                        masks.data(), masks.size());
+            for (std::size_t i = 0; i < known; ++i) {
+                const bool isFewer =
+                    !best || std::popcount(masks[i]) < std::popcount(best->modifiers);
+                if ((masks[i] & locking) == 0 && masks[i] <= 0xFF && isFewer)
+                    best = Place{xcb_keycode_t(keycode), quint16(masks[i])};
+            }
+        }
+    }
+    return best;
+}
+
+std::optional<xcb_keycode_t> X11Keyboard::usualKeyFor(xkb_keysym_t symbol)
+{
+    const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
+    const XkbPointer<xkb_keymap> map(
+        context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
+                : nullptr);
+    for (xkb_keycode_t keycode = 8; map && keycode <= 255; ++keycode) {
+        if (plainSymbol(map.get(), keycode, 0) == symbol)
+            return xcb_keycode_t(keycode);
+    }
+    return std::nullopt;
+}
+
+X11Keyboard::Locks X11Keyboard::locks() const
+{
+    if (!m_hasExtension)
+        return {};
+    const auto cookie = xcb_xkb_get_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD);
+    const XcbPointer<xcb_xkb_get_state_reply_t> state(
+        xcb_xkb_get_state_reply(m_connection.get(), cookie, nullptr));
+    return state ? Locks{state->lockedGroup, state->lockedMods} : Locks{};
+}
+
+void X11Keyboard::lock(const Locks &locks) const
+{
+    if (m_hasExtension)
+        xcb_xkb_latch_lock_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, XCB_MOD_MASK_LOCK,
+                                 locks.modifiers, 1, locks.group, 0, 0, 0);
 }
 
 xkb_keysym_t X11Keyboard::plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode,

@@ -25,6 +25,19 @@ class X11Keyboard
 public:
     enum class Change { None, Mapping, Group };
 
+    /// What it takes to type a symbol.
+    struct Place
+    {
+        xcb_keycode_t keycode;
+        quint16 modifiers; ///< The server's, to be held.
+    };
+    /// What stays in effect without a finger on a key.
+    struct Locks
+    {
+        uint8_t group = 0;
+        uint8_t modifiers = 0;
+    };
+
     /// Asks the server for notices; without its keyboard extension there are none, and no keymap.
     explicit X11Keyboard(const X11Connection &connection);
 
@@ -44,8 +57,20 @@ public:
     /// Asks for the group in effect now.
     void readGroup();
 
+    /// Groups of the key that has most of them.
+    xkb_layout_index_t groupCount();
+
     /// A key that gives `symbol` by itself: in the group in effect, else in any.
     std::optional<xcb_keycode_t> keyFor(xkb_keysym_t symbol);
+
+    /// How to type `symbol` in `group` while nothing is locked, with as few modifiers as it takes.
+    std::optional<Place> placeOf(xkb_keysym_t symbol, xkb_layout_index_t group);
+
+    /// The key that bears `symbol` on an American keyboard, by itself.
+    static std::optional<xcb_keycode_t> usualKeyFor(xkb_keysym_t symbol);
+
+    Locks locks() const;
+    void lock(const Locks &locks) const;
 
     /// What the key gives by itself in `group`; XKB_KEY_NoSymbol when nothing.
     static xkb_keysym_t plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode,

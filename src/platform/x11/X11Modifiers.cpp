@@ -97,12 +97,9 @@ X11Modifiers X11Modifiers::read(const X11Connection &connection)
     // A lock that shares its modifier cannot be left out without leaving out Alt or Super.
     modifiers.numLock = maskHolding(rows, symbols, {XKB_KEY_Num_Lock}) & ~taken;
     modifiers.scrollLock = maskHolding(rows, symbols, {XKB_KEY_Scroll_Lock}) & ~taken;
-    if (!rows[XCB_MAP_INDEX_CONTROL].empty())
-        modifiers.controlKey = rows[XCB_MAP_INDEX_CONTROL].front();
-    if (!rows[XCB_MAP_INDEX_SHIFT].empty())
-        modifiers.shiftKey = rows[XCB_MAP_INDEX_SHIFT].front();
     const quint16 locks = XCB_MOD_MASK_LOCK | modifiers.numLock | modifiers.scrollLock;
     for (std::size_t row = 0; row < rows.size(); ++row) {
+        modifiers.keys.at(row) = rows[row].empty() ? xcb_keycode_t(0) : rows[row].front();
         if ((locks & (1U << row)) == 0)
             modifiers.heldKeys.insert(modifiers.heldKeys.end(), rows[row].begin(), rows[row].end());
     }

@@ -4,6 +4,7 @@
 
 #include <QtGlobal>
 
+#include <array>
 #include <vector>
 
 /// Which of the server's eight modifiers stand for which keys, read from the modifier map: layouts
@@ -16,9 +17,8 @@ struct X11Modifiers
     /// 0 when no modifier stands for the key.
     quint16 numLock = 0;
     quint16 scrollLock = 0;
-    /// A key that is Control; 0 when there is none.
-    xcb_keycode_t controlKey = 0;
-    xcb_keycode_t shiftKey = 0;
+    /// A key of each modifier, in the order of their bits; 0 when it has none.
+    std::array<xcb_keycode_t, 8> keys{};
     /// Every key that is a modifier while it is held; the locking keys are not among them.
     std::vector<xcb_keycode_t> heldKeys;
 

@@ -83,6 +83,14 @@ void X11Pasteboard::expectPaste(xcb_window_t target)
         qCDebug(lcPasteboard, "Nobody will read the paste: the connection is lost");
 }
 
+std::vector<xcb_window_t> X11Pasteboard::askers() const
+{
+    std::vector<xcb_window_t> askers;
+    if (m_thread && !m_thread->run([&] { askers = m_service->askers(); }))
+        return {};
+    return askers;
+}
+
 void X11Pasteboard::acknowledge(qint64 changeCount)
 {
     m_changes.acknowledge(changeCount);

@@ -43,6 +43,9 @@ public:
     /// that it belongs to.
     void expectPaste(xcb_window_t target);
 
+    /// Who has asked for what was written last, if only for its formats.
+    std::vector<xcb_window_t> askers() const;
+
     // ^Pasteboard
     qint64 changeCount() const override { return m_changes.changeCount(); }
     QList<PasteboardContents> changesAfter(qint64 changeCount) const override

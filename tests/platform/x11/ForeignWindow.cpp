@@ -1,8 +1,10 @@
 #include "ForeignWindow.h"
 
 #include "platform/x11/X11ActiveWindow.h"
+#include "platform/x11/X11Keyboard.h"
 
 #include <QMap>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <iterator>
@@ -34,6 +36,26 @@ QString modifiersOf(quint16 state)
     if (state & XCB_MOD_MASK_4)
         modifiers += QStringLiteral("Super-");
     return modifiers;
+}
+
+/// What the key gives in the event's state, and the modifiers that are not used up by that.
+QString symbolOf(xkb_keymap *keymap, const xcb_key_press_event_t &key)
+{
+    constexpr int kGroupBits = 13;
+    const XkbPointer<xkb_state> state(xkb_state_new(keymap));
+    xkb_state_update_mask(state.get(), key.state & 0xFF, 0, 0, 0, 0, key.state >> kGroupBits & 3);
+    QString symbol;
+    for (const auto &[name, text] :
+         {std::pair(XKB_MOD_NAME_CTRL, "Ctrl+"), std::pair(XKB_MOD_NAME_ALT, "Alt+"),
+          std::pair(XKB_MOD_NAME_SHIFT, "Shift+")}) {
+        const xkb_mod_index_t index = xkb_keymap_mod_get_index(keymap, name);
+        if ((key.state & (1U << index)) &&
+            xkb_state_mod_index_is_consumed(state.get(), key.detail, index) == 0)
+            symbol += QLatin1String(text);
+    }
+    char name[64] = "";
+    xkb_keysym_get_name(xkb_state_key_get_one_sym(state.get(), key.detail), name, sizeof name);
+    return symbol + QLatin1String(name);
 }
 
 } // namespace
@@ -118,4 +140,23 @@ QStringList ForeignWindow::takeKeys()
                     nameOf(key.detail));
     }
     return keys;
+}
+
+QString ForeignWindow::takeSymbols()
+{
+    static const QRegularExpression kModifier(
+        QStringLiteral("(Shift|Control|Alt|Meta|Super)_[LR]$|ISO_Level3_Shift$|Caps_Lock$"));
+    X11Keyboard keyboard(m_connection);
+    xkb_keymap *keymap = keyboard.keymap();
+    m_connection.roundTrip();
+    QStringList symbols;
+    while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_connection.get())}) {
+        if ((event->response_type & 0x7F) != XCB_KEY_PRESS)
+            continue;
+        const QString symbol =
+            symbolOf(keymap, reinterpret_cast<const xcb_key_press_event_t &>(*event));
+        if (!symbol.contains(kModifier))
+            symbols.append(symbol);
+    }
+    return symbols.join(u' ');
 }

@@ -30,6 +30,9 @@ public:
     /// What was typed since the last call: "+v" for a press, "-v" for a release, "+Control-v" for
     /// a press with the server's modifiers added.
     QStringList takeKeys();
+    /// The same as a program that looks at its keyboard understands it, without the modifier keys:
+    /// "Ctrl+y Shift+Insert quotedbl P".
+    QString takeSymbols();
 
 private:
     X11Connection m_connection;

@@ -65,7 +65,8 @@ protected:
     RealKeyboard m_keyboard;
     X11HotKeys m_hotKeys;
     X11FrontApplication m_front{m_names, m_hotKeys};
-    X11KeySender m_sender{m_hotKeys, m_front, {[](xcb_window_t) {}, [] {}, [](xcb_window_t) {}}};
+    X11KeySender m_sender{
+        m_hotKeys, m_front, m_names, {[](xcb_window_t) {}, [] {}, [](xcb_window_t) {}, {}}};
     ForeignWindow m_target;
     QLineEdit m_ours;
 };
@@ -76,7 +77,7 @@ TEST_F(TypeAheadTest, whatFollowsReturnFollowsTheKeystroke)
     QObject::connect(&m_ours, &QLineEdit::returnPressed, &m_ours, [this] {
         m_ours.hide();
         ASSERT_TRUE(m_front.returnToTarget());
-        ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kV));
+        ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), KeySender::Outcome::Sent);
     });
     enum class ShiftUp { BeforeTheKeystroke, BehindIt, AtLast };
     for (const ShiftUp up : {ShiftUp::BeforeTheKeystroke, ShiftUp::BehindIt, ShiftUp::AtLast}) {

@@ -161,16 +161,6 @@ TEST_F(X11FrontApplicationTest, aTargetThatCannotComeBackIsGivenUpAtTheLimit)
     EXPECT_LT(timer.elapsed(), 3000);
 }
 
-TEST_F(X11FrontApplicationTest, aTerminalIsToldByItsWindow)
-{
-    ForeignWindow target("Target");
-    EXPECT_FALSE(m_front.isTerminal(target.id()));
-    ForeignWindow terminal("Terminal");
-    EXPECT_TRUE(m_front.isTerminal(terminal.id()));
-    target.destroy();
-    EXPECT_FALSE(m_front.isTerminal(target.id()));
-}
-
 TEST_F(X11FrontApplicationTest, theNameIsThatOfTheWindowADialogIsForAndIsKeptWhileItsProgramRuns)
 {
     EXPECT_EQ(m_front.applicationName(), QString());

@@ -11,6 +11,7 @@
 #include "Settle.h"
 
 #include <QProcess>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -23,6 +24,8 @@ constexpr HotKeyId kOpen{0x54455354, 1};
 
 const QStringList kCtrlV{QStringLiteral("+Control"), QStringLiteral("+Control-v"),
                          QStringLiteral("-v"), QStringLiteral("-Control")};
+
+using Outcome = KeySender::Outcome;
 
 class X11KeySenderTest : public testing::Test
 {
@@ -43,12 +46,17 @@ protected:
     X11FrontApplication m_front{m_names, m_hotKeys};
     QStringList m_primary;
     xcb_window_t m_pastedInto = XCB_NONE;
+    std::optional<QByteArray> m_usersTable;
+    std::vector<xcb_window_t> m_askers;
     X11KeySender m_sender{
         m_hotKeys,
         m_front,
+        m_names,
         {[this](xcb_window_t target) { m_pastedInto = target; },
          [this] { m_primary.append(QStringLiteral("offered")); },
-         [this](xcb_window_t target) { m_primary.append(QString::number(target)); }}};
+         [this](xcb_window_t target) { m_primary.append(QString::number(target)); },
+         [this] { return m_askers; }},
+        [this] { return m_usersTable; }};
 };
 
 struct Held
@@ -79,7 +87,7 @@ TEST_P(WhileHeld, theKeystrokeArrivesCleanAndNothingSticks)
     ASSERT_EQ(pressed.size(), held.isHotKey ? 1U : 0U);
     std::ignore = target.takeKeys();
 
-    ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kV));
+    ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
     EXPECT_EQ(typed(target), kCtrlV);
     m_keyboard.releaseAll();
     settle(m_hotKeys);
@@ -131,7 +139,7 @@ TEST_P(InLayout, theKeyThatGivesTheLetterIsTyped)
     ForeignWindow target;
     ASSERT_TRUE(target.show());
     settle(m_hotKeys);
-    ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kV));
+    ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
     EXPECT_EQ(typed(target).value(1),
               QStringLiteral("+Control-") + QString::fromLatin1(GetParam().key));
 }
@@ -152,36 +160,129 @@ INSTANTIATE_TEST_SUITE_P(
                            "."}),
     [](const auto &row) { return std::string(row.param.name); });
 
-TEST_F(X11KeySenderTest, aTerminalGetsThePrimarySelectionAndShiftInsert)
-{
-    ForeignWindow terminal("Terminal");
-    ASSERT_TRUE(terminal.show());
-    ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kV));
-    EXPECT_EQ(m_primary, QStringList{QStringLiteral("offered")});
-    EXPECT_EQ(m_pastedInto, terminal.id());
-    EXPECT_EQ(terminal.takeKeys(),
-              (QStringList{QStringLiteral("+Shift"), QStringLiteral("+Shift-Insert"),
-                           QStringLiteral("-Insert"), QStringLiteral("-Shift")}));
-}
+enum class Command { Copy, Paste, PasteOverCopied };
 
-TEST_F(X11KeySenderTest, aCopyInATerminalTypesNothing)
+struct Known
 {
-    ForeignWindow terminal("Terminal");
-    ASSERT_TRUE(terminal.show());
-    ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kC));
-    EXPECT_EQ(m_primary, QStringList{QString::number(terminal.id())});
-    EXPECT_EQ(terminal.takeKeys(), QStringList());
-}
+    const char *name;
+    const char *windowClass;
+    Command command;
+    const char *typed;
+    Outcome outcome = Outcome::Sent;
+    const char *primary = ""; ///< What was done with it.
+};
 
-TEST_F(X11KeySenderTest, aCopyElsewhereIsCtrlC)
+class InApplication : public X11KeySenderTest, public testing::WithParamInterface<Known>
 {
-    ForeignWindow target;
+protected:
+    Outcome send(Command command)
+    {
+        if (command == Command::PasteOverCopied)
+            return m_sender.sendPasteOverCopied();
+        return m_sender.sendCommand(command == Command::Copy ? VirtualKey::kC : VirtualKey::kV);
+    }
+};
+
+TEST_P(InApplication, theKeysItTakesAreTyped)
+{
+    const Known &known = GetParam();
+    m_usersTable = R"([{"applications": ["Mine"], "paste": "Ctrl+x P", "copy": "Alt+Shift+k"},
+                       {"applications": ["Other"], "paste": "hebrew_aleph"}])";
+    ForeignWindow target(known.windowClass);
     ASSERT_TRUE(target.show());
-    ASSERT_TRUE(m_sender.sendCommand(VirtualKey::kC));
-    EXPECT_EQ(target.takeKeys().value(1), QStringLiteral("+Control-c"));
-    EXPECT_EQ(m_primary, QStringList());
-    EXPECT_EQ(m_pastedInto, xcb_window_t(XCB_NONE));
+    settle(m_hotKeys);
+    EXPECT_EQ(send(known.command), known.outcome);
+    EXPECT_EQ(target.takeSymbols(), QLatin1String(known.typed));
+    EXPECT_EQ(m_primary.value(0).replace(QString::number(target.id()), QStringLiteral("taken")),
+              QLatin1String(known.primary));
+    if (known.outcome == Outcome::Sent)
+        EXPECT_EQ(m_pastedInto == target.id(), known.command != Command::Copy);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Known, InApplication,
+    testing::Values(
+        Known{"pasteAnywhere", "Foreign", Command::Paste, "Ctrl+v"},
+        Known{"copyAnywhere", "Foreign", Command::Copy, "Ctrl+c"},
+        Known{"pasteOverAnywhere", "Foreign", Command::PasteOverCopied, "Ctrl+v"},
+        Known{"pasteInTerminal", "Terminal", Command::Paste, "Shift+Insert", Outcome::Sent,
+              "offered"},
+        Known{"copyInTerminal", "Terminal", Command::Copy, "", Outcome::Sent, "taken"},
+        Known{"pasteInXTerm", "XTerm", Command::Paste, "Shift+Insert", Outcome::Sent, "offered"},
+        Known{"pasteInEmacs", "Emacs", Command::Paste, "Ctrl+y"},
+        Known{"copyInEmacs", "Emacs", Command::Copy, "", Outcome::Sent, "taken"},
+        Known{"pasteOverInEmacs", "Emacs", Command::PasteOverCopied, "BackSpace Ctrl+y"},
+        Known{"pasteInGVim", "Gvim", Command::Paste, "Ctrl+backslash Ctrl+o quotedbl plus g P"},
+        Known{"copyInAMachine", "qemu-system-x86_64", Command::Copy, "", Outcome::NoKnownKeys},
+        Known{"nothingIsKnown", "Xedit", Command::Paste, "", Outcome::NoKnownKeys},
+        Known{"theUsersOwn", "mine", Command::Paste, "Ctrl+x P"},
+        Known{"theUsersOwnCopy", "Mine", Command::Copy, "Alt+K"},
+        Known{"aCharacterThatNoKeyHas", "Other", Command::Paste, "", Outcome::NoKnownKeys}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(X11KeySenderTest, aRemoteComputerIsPastedIntoOnceItsWindowHasTakenTheClipOver)
+{
+    int givenUp = 0;
+    m_sender.setGivenUp([&givenUp] { ++givenUp; });
+    ForeignWindow remote("xfreerdp");
+    ForeignWindow other;
+    ASSERT_TRUE(remote.show());
+    for (const bool isTakenOver : {true, false}) {
+        ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
+        EXPECT_EQ(remote.takeSymbols(), QString());
+        m_askers = isTakenOver ? std::vector{other.id(), remote.id()} : std::vector<xcb_window_t>();
+        QString symbols;
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            symbols += remote.takeSymbols();
+            return givenUp > 0 || !symbols.isEmpty();
+        }));
+        EXPECT_EQ(symbols, isTakenOver ? QStringLiteral("Ctrl+v") : QString());
+        EXPECT_EQ(givenUp, isTakenOver ? 0 : 1);
+    }
+    // Somebody else is in front by then.
+    ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
+    m_askers = {remote.id()};
+    ASSERT_TRUE(other.show());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return givenUp == 2; }));
+    EXPECT_EQ(other.takeSymbols(), QString());
+}
+
+struct Character
+{
+    const char *name;
+    QStringList setup;
+    bool isSecondGroup;
+    bool isCapsLock;
+};
+
+class PlainCharacters : public X11KeySenderTest, public testing::WithParamInterface<Character>
+{
+};
+
+TEST_P(PlainCharacters, areTheSameInEveryLayoutAndCapsLockIsAsItWas)
+{
+    m_usersTable = R"([{"applications": ["Mine"], "paste": "Ctrl+backslash g P at"}])";
+    m_setup.setLayout(GetParam().setup);
+    m_setup.setGroup(GetParam().isSecondGroup ? 1 : 0);
+    m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, GetParam().isCapsLock);
+    ForeignWindow target("Mine");
+    ASSERT_TRUE(target.show());
+    settle(m_hotKeys);
+    std::ignore = target.takeKeys();
+    ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
+    EXPECT_EQ(target.takeSymbols(), QStringLiteral("Ctrl+backslash g P at"));
+    m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, false);
+    m_keyboard.tap(KEY_G);
+    EXPECT_EQ(target.takeSymbols(),
+              GetParam().isSecondGroup ? QStringLiteral("Cyrillic_pe") : QStringLiteral("g"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Layouts, PlainCharacters,
+    testing::Values(Character{"german", {QStringLiteral("de")}, false, false},
+                    Character{"capsLock", {QStringLiteral("us")}, false, true},
+                    Character{"russianBesideAmerican", {QStringLiteral("us,ru")}, true, true}),
+    [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(X11KeySenderTest, withoutTheTestExtensionNothingIsSent)
 {
@@ -194,9 +295,9 @@ TEST_F(X11KeySenderTest, withoutTheTestExtensionNothingIsSent)
     qputenv("DISPLAY", ":" + server.readAllStandardOutput().trimmed());
     {
         X11HotKeys hotKeys;
-        X11KeySender sender(hotKeys, m_front, {});
+        X11KeySender sender(hotKeys, m_front, m_names, {});
         EXPECT_FALSE(sender.isAvailable());
-        EXPECT_FALSE(sender.sendCommand(VirtualKey::kV));
+        EXPECT_EQ(sender.sendCommand(VirtualKey::kV), Outcome::Failed);
     }
     qputenv("DISPLAY", display);
     server.terminate();
