@@ -54,13 +54,13 @@ bool X11ActiveWindow::hasInputFocus(xcb_window_t window) const
     return leadsTo(window, inputFocus());
 }
 
-bool X11ActiveWindow::isInFrontWithFocus(xcb_window_t window) const
+bool X11ActiveWindow::isInFrontWithFocus(xcb_window_t window, xcb_window_t keyboardPlace) const
 {
     // All on their way before the first answer: a paste waits for them.
     PendingProperty active =
         m_connection.ask(m_connection.root(), m_atoms.activeWindow, XCB_ATOM_WINDOW);
     PendingFocus focus = askFocus();
-    return (!isManaged() || active.first() == window) && leadsTo(window, focusOf(focus));
+    return (!isManaged() || active.first() == window) && leadsTo(keyboardPlace, focusOf(focus));
 }
 
 bool X11ActiveWindow::isOfSameProgram(xcb_window_t one, xcb_window_t other) const

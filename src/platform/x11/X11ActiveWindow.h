@@ -21,8 +21,9 @@ public:
     /// Whether the keyboard input goes to `window` or to a window inside it.
     bool hasInputFocus(xcb_window_t window) const;
 
-    /// Whether it does and the window manager, if one runs, calls it active.
-    bool isInFrontWithFocus(xcb_window_t window) const;
+    /// Whether it goes to `keyboardPlace`, often the window itself, and the window manager, if one
+    /// runs, calls the window active.
+    bool isInFrontWithFocus(xcb_window_t window, xcb_window_t keyboardPlace) const;
 
     /// The window that has the keyboard, often a part of another; XCB_NONE when none has.
     xcb_window_t inputFocus() const;

@@ -146,8 +146,11 @@ bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time
     for (;;) {
         if (takeNews(xcb_poll_for_event) == News::TargetDestroyed)
             return false;
-        if (m_active.isInFrontWithFocus(m_target))
+        if (m_active.isInFrontWithFocus(m_target, m_targetFocus))
             return true;
+        // A field of its own window that closed when it lost the keyboard.
+        if (m_targetFocus != m_target && !m_active.isShown(m_targetFocus))
+            return false;
         // What arrived along with the answers is off the socket, which stays silent about it.
         const News meanwhile = takeNews(xcb_poll_for_queued_event);
         if (meanwhile == News::TargetDestroyed)
@@ -159,7 +162,8 @@ bool X11FrontApplication::waitForTarget(milliseconds limit, xcb_timestamp_t time
             return false;
         if (now >= askAt) {
             askForTarget(time);
-            askAt = Steady::time_point::max();
+            // Giving the window back does not give it to a field of its own.
+            askAt = m_targetFocus == m_target ? Steady::time_point::max() : now + kPatience;
             continue;
         }
         const auto rest = std::chrono::ceil<milliseconds>(std::min(askAt, deadline) - now);
@@ -185,7 +189,7 @@ X11FrontApplication::takeNews(xcb_generic_event_t *(*nextEvent)(xcb_connection_t
 
 void X11FrontApplication::askForTarget(xcb_timestamp_t time)
 {
-    if (m_active.isManaged()) {
+    if (m_active.isManaged() && (m_targetFocus == m_target || m_active.current() != m_target)) {
         sendActivation(m_connection.get(), m_connection.root(), m_activeWindowAtom, m_target, time);
         return;
     }

@@ -28,8 +28,18 @@ X11PasteTarget::X11PasteTarget()
 
 void X11PasteTarget::refresh()
 {
-    follow();
     m_events.handleArrived();
+    follow();
+    if (m_window == XCB_NONE || m_active.current() != m_window)
+        return;
+    // One of ours may have it before it is said to be in front.
+    const xcb_window_t focus = m_active.inputFocus();
+    if (isQtWindow(focus))
+        return;
+    // Window managers have windows of their own that take the keyboard in passing.
+    const bool isOfTarget = focus != XCB_NONE && (m_active.isOfSameProgram(focus, m_window) ||
+                                                  m_active.hasInputFocus(m_window));
+    m_keyboardPlace = isOfTarget ? focus : m_window;
 }
 
 bool X11PasteTarget::eventFilter(QObject *watched, QEvent *event)
@@ -56,10 +66,10 @@ void X11PasteTarget::follow()
     const xcb_window_t front = m_active.current();
     // The one that is told may have been put away a moment ago.
     if (front != XCB_NONE && !isQtWindow(front) && m_active.isShown(front)) {
+        // Told again, it is no news of the keyboard.
+        if (front != m_window)
+            m_keyboardPlace = front;
         m_window = front;
-        const xcb_window_t focus =
-            m_active.isManaged() ? xcb_window_t(XCB_NONE) : m_active.inputFocus();
-        m_keyboardPlace = focus == XCB_NONE ? front : focus;
         return;
     }
     // Window managers say that nobody is in front in passing, between one window and the next.

@@ -25,8 +25,8 @@ public:
     /// front: nobody wants text typed into a window that cannot be seen.
     xcb_window_t window() const { return m_window; }
 
-    /// The window or the part of it that had the keyboard; known only without a window manager,
-    /// where nobody else gives the keyboard back. Otherwise the window.
+    /// What had the keyboard before a window of ours was shown: the window, or a part of it, or a
+    /// field of its own beside it. The window when it was not asked then.
     xcb_window_t keyboardPlace() const { return m_keyboardPlace; }
 
     // ^QObject

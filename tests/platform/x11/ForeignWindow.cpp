@@ -106,6 +106,23 @@ void ForeignWindow::destroy()
     m_connection.roundTrip();
 }
 
+xcb_window_t ForeignWindow::openField()
+{
+    const xcb_window_t field = xcb_generate_id(m_connection.get());
+    xcb_create_window(m_connection.get(), 0, field, m_window, 10, 10, 50, 20, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(m_connection.get(), field);
+    xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_PARENT, field, XCB_CURRENT_TIME);
+    m_connection.roundTrip();
+    return field;
+}
+
+void ForeignWindow::closeField(xcb_window_t field)
+{
+    xcb_destroy_window(m_connection.get(), field);
+    m_connection.roundTrip();
+}
+
 bool ForeignWindow::grabKey(int evdevCode, quint16 modifiers)
 {
     const auto cookie = xcb_grab_key_checked(m_connection.get(), 0, m_connection.root(), modifiers,

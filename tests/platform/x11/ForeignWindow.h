@@ -21,6 +21,9 @@ public:
     void map();
     void hide();
     void destroy();
+    /// A field inside that is a window of its own and has the keyboard when it returns.
+    xcb_window_t openField();
+    void closeField(xcb_window_t field);
     /// Keeps for itself a key with exactly these modifiers, as another hot-key program does.
     [[nodiscard]] bool grabKey(int evdevCode, quint16 modifiers);
     void ungrabKey(int evdevCode, quint16 modifiers);

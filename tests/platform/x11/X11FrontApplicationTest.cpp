@@ -130,6 +130,21 @@ TEST_F(X11FrontApplicationTest, aTargetThatWasNotTheLastOneIsAskedFor)
     EXPECT_TRUE(target.hasKeyboard());
 }
 
+TEST_F(X11FrontApplicationTest, aFieldOfItsOwnWindowGetsTheKeyboardBackUnlessItHasClosed)
+{
+    ForeignWindow target("Target");
+    ASSERT_TRUE(target.show());
+    const xcb_window_t field = target.openField();
+    for (const bool isClosed : {false, true}) {
+        ASSERT_TRUE(bringOursToFront());
+        m_ours.hide();
+        if (isClosed)
+            target.closeField(field);
+        EXPECT_EQ(m_front.returnToTarget(milliseconds(5000)), !isClosed);
+        EXPECT_EQ(X11ActiveWindow(X11Connection()).inputFocus() == field, !isClosed);
+    }
+}
+
 TEST_F(X11FrontApplicationTest, aTargetThatVanishedIsGivenUpAtOnce)
 {
     EXPECT_FALSE(m_front.returnToTarget()) << "there is none";
