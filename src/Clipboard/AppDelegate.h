@@ -59,7 +59,7 @@ public:
     AppDelegate(Platform &platform, Info info, const QString &storeFolder);
     ~AppDelegate() override;
 
-    /// The start-up sequence, run once by the event loop's first turn.
+    /// The start-up sequence: once, before the event loop runs.
     void applicationDidFinishLaunching();
     /// Ends what is under way, records what was not seen yet, and saves. Runs once, whatever ended
     /// the application.
@@ -110,8 +110,8 @@ public:
 
     // History window
     void setWindowVisible();
-    /// Sends the history window its cancel operation and gives the front back to the previous
-    /// application.
+    /// Has all our windows make way, as for a paste, so that the previous application comes to the
+    /// front.
     void hideApp();
     /// The clip at the table's selected index; none when the index is outside the list.
     std::shared_ptr<ClipItem> getSelectedItem() const;

@@ -32,7 +32,7 @@ public:
     /// Waits until the target is active and has the keyboard again, asking the window manager for
     /// it if it does not come back by itself. Call after our windows were hidden. True when it is
     /// back (or when nothing had ever taken its place), false when it is gone, there is none, or
-    /// `limit` has passed. The one bounded wait for another program on the main thread.
+    /// `limit` has passed. The main thread stands still meanwhile.
     [[nodiscard]] virtual bool returnToTarget(std::chrono::milliseconds limit = kReturnLimit) = 0;
 
     /// Makes one of our own windows the active one although another application is in front, in

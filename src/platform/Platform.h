@@ -21,7 +21,7 @@
 #include <memory>
 
 /// Everything the application wants of the desktop, one object a capability. Owned by main and
-/// outlives every other object. A capability that a desktop lacks is an object that says so,
+/// outlives all who use it. A capability that a desktop lacks is an object that says so,
 /// never a null pointer. Later members may use earlier ones, so they go first.
 struct Platform
 {

@@ -26,8 +26,8 @@ public:
     /// Whether the history can be read but takes nothing.
     virtual bool isReadOnly() const = 0;
 
-    /// Pastes the clip at `row`, as it is or in "upper" or "lower" case. A negative row ends a
-    /// swop without a paste.
+    /// Pastes the clip at `row`, as it is or in "upper" or "lower" case. A negative row is no
+    /// choice: it ends a swop, whose selection goes into the history.
     virtual void performPaste(int row, const std::optional<QString> &format) = 0;
     /// Opens the selected clip's file after closing the history window; nothing when it is gone.
     virtual void openFile() = 0;
