@@ -105,11 +105,14 @@ bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
 void PasteboardService::clear()
 {
     m_isClearing = true;
+    // To nobody instead of to us with nothing: whoever asks next learns at once that there is
+    // nothing.
     xcb_set_selection_owner(m_connection.xcb(), XCB_WINDOW_NONE, m_connection.atoms().clipboard,
                             XCB_CURRENT_TIME);
     // The event that we are waiting for comes before the answer to the question after it.
     m_connection.owner(m_connection.atoms().clipboard);
     while (m_isClearing) {
+        // Of what has come along with the answer: no other client can keep us here.
         const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_queued_event(m_connection.xcb()));
         if (!event)
             break;

@@ -57,6 +57,7 @@ void SelectionQuestions::answerFinished()
         if (!fetched)
             continue;
         const std::optional<QString> text = fetched->copy.copy().text;
+        // Taken first: who receives may ask again.
         const auto receivers = std::exchange(question.receivers, {});
         for (const Receiver &receive : receivers)
             receive(text);

@@ -39,7 +39,8 @@ quint32 WindowQuestion::processId()
 {
     if (m_knownProcessId)
         return *m_knownProcessId;
-    // A process number of another machine names a stranger here.
+    // By EWMH _NET_WM_PID counts only together with WM_CLIENT_MACHINE: a number of another machine
+    // names a stranger here.
     const QByteArray machine = m_machine.value();
     const bool isHere = machine.isEmpty() || machine == QSysInfo::machineHostName().toLocal8Bit();
     const quint32 told = m_processId.first();

@@ -64,6 +64,7 @@ std::optional<X11ChordPlan::Strokes> X11ChordPlan::strokesIn(xkb_layout_index_t 
 
 X11ChordPlan::Strokes X11ChordPlan::strokesAnywhere(const KeySequence &sequence) const
 {
+    // Toolkits look a shortcut up in the other groups where the one in effect has no such letter.
     X11Keyboard &keyboard = m_typing.keyboard;
     Strokes strokes;
     for (const KeyChord &chord : sequence) {

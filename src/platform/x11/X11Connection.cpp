@@ -17,6 +17,7 @@ PendingProperty::PendingProperty(xcb_connection_t *connection, xcb_window_t wind
 
 QByteArray PendingProperty::value()
 {
+    // None of a window that has gone meanwhile, which is nothing unusual.
     const auto reply = m_reply.take(xcb_get_property_reply);
     if (!reply)
         return {};

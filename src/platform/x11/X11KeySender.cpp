@@ -61,6 +61,7 @@ ApplicationKeys X11KeySender::keysOf(xcb_window_t target)
 KeySender::Outcome X11KeySender::copy(xcb_window_t target)
 {
     const ApplicationKeys keys = keysOf(target);
+    // In a terminal: Ctrl-C would end the program inside, and what is marked is PRIMARY already.
     if (keys.copiesMarked) {
         m_selections.publishPrimary(target);
         return Outcome::Sent;
@@ -74,6 +75,8 @@ KeySender::Outcome X11KeySender::paste(xcb_window_t target, const ApplicationKey
     if (sequence.empty())
         return Outcome::NoKnownKeys;
     m_selections.expectPaste(target);
+    // As Shift-Insert does in terminals, where Ctrl-V types a control character and Ctrl-Shift-V is
+    // not every one's.
     if (keys.pastesPrimary)
         m_selections.offerPrimary();
     if (!keys.isRemote)

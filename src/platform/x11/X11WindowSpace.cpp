@@ -201,6 +201,7 @@ QRect X11WindowSpace::withoutPanels(const QRect &frame) const
         xcb_get_geometry_reply(xcb, xcb_get_geometry(xcb, m_connection.root()), nullptr));
     if (!desktop)
         return frame;
+    // EWMH counts struts from the edges of the whole desktop, not from those of a monitor.
     const std::vector<xcb_window_t> clients =
         m_connection.elements(m_connection.root(), m_atoms.clientList, XCB_ATOM_WINDOW);
     QRect rest = frame;

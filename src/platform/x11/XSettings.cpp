@@ -38,6 +38,7 @@ std::optional<qint32> XSettings::integer(const QByteArray &bytes, const QByteArr
         quint16 nameSize = 0;
         stream >> type >> unused >> nameSize;
         QByteArray told(nameSize, Qt::Uninitialized);
+        // Another program's bytes: no length in them is taken for granted.
         if (stream.readRawData(told.data(), nameSize) != nameSize)
             return std::nullopt;
         // Names and texts are filled up to words; each setting tells when it last changed.
@@ -47,6 +48,8 @@ std::optional<qint32> XSettings::integer(const QByteArray &bytes, const QByteArr
             stream >> value;
         if (stream.status() != QDataStream::Ok || (type == String && value < 0))
             return std::nullopt;
+        // Settings of other types are passed over by their length; of a type that is none nobody
+        // knows it.
         if (type == Integer && told == name)
             return value;
         if (type == String)
