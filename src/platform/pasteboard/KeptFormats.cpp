@@ -12,6 +12,8 @@ namespace {
 
 bool isOfUse(const QString &name)
 {
+    // Not every target may be asked for: DELETE and the insertions change the owner's document
+    // (ICCCM 2.6.3), and pixmaps and their like (ICCCM 2.7.3) end with the client that made them.
     static const QSet<QString> kNotContents{
         // questions about the selection
         QStringLiteral("TARGETS"),

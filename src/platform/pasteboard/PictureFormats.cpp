@@ -63,6 +63,7 @@ QStringList PictureFormats::writable(const QByteArray &picture, const QStringLis
 {
     QBuffer buffer;
     buffer.setData(picture);
+    // No promise that could not be kept: what TARGETS names is asked for.
     if (!QImageReader(&buffer).canRead())
         return {};
     const QList<QByteArray> encodings = QImageWriter::supportedImageFormats();

@@ -11,6 +11,8 @@ namespace {
 
 bool isOurs(const QString &key)
 {
+    // Hidden and TryExec keep an entry from starting, and DBusActivatable starts it by other means
+    // than Exec: none of the old ones may stay.
     static const QStringList kOurs{
         QStringLiteral("Type"),   QStringLiteral("Name"),     QStringLiteral("Exec"),
         QStringLiteral("Icon"),   QStringLiteral("Terminal"), QStringLiteral("StartupNotify"),

@@ -13,6 +13,7 @@ ApplicationIdentity DesktopEntryApplicationNames::identify(const WindowIdentity 
     const auto index = m_catalog->index();
     if (const DesktopApplication *application = index->find(window))
         return {application->name, application->isTerminal};
+    // The class before the process: it is the application's own word for itself.
     const QString &name =
         window.resourceClass.isEmpty() ? window.processName : window.resourceClass;
     return {name};

@@ -34,6 +34,7 @@ DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopApplication> application
             table.insert(key.toLower(), application);
     };
     for (const DesktopApplication *application : order) {
+        // Without regard to case, in which entries and windows often disagree.
         put(m_byWindowClass, application->startupWmClass, application);
         put(m_byId, application->id, application);
         put(m_byLastPart, application->id.section(u'.', -1), application);
@@ -65,6 +66,7 @@ const DesktopApplication *DesktopEntryIndex::find(const WindowIdentity &window) 
         return found;
     if (const auto *found = first(m_byId, {window.gtkApplicationId, windowClass, name}))
         return found;
+    // An id in reverse domain order: toolkits make the class of its last part.
     if (const auto *found = first(m_byLastPart, {windowClass, name}))
         return found;
     // A process that runs somebody else's program says nothing about which one it runs.

@@ -98,6 +98,8 @@ std::optional<QList<LoginItem>> FreedesktopLoginItems::allItems() const
 std::optional<QList<LoginItem>> FreedesktopLoginItems::snapshot() const
 {
     auto items = allItems();
+    // By the autostart standard such a file is as good as none: it stands there to hide the
+    // system's file of that name.
     if (items)
         items->removeIf([this](const LoginItem &item) {
             const auto entry = DesktopEntry::read(pathOf(item));
