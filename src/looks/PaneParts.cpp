@@ -7,17 +7,22 @@
 
 namespace {
 
-constexpr qreal kNoteScale = Looks::kSmallScale;
 constexpr float kNoteOpacity = 0.7F;
 constexpr float kLineOpacity = 0.15F;
 
 } // namespace
 
+QLabel *makeWrappedLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
 PaneNote::PaneNote(const QString &text, QWidget *parent) : QLabel(text, parent)
 {
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * kNoteScale);
-    setFont(small);
+    setFont(Looks::scaled(font(), Looks::kSmallScale));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
 }

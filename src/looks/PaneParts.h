@@ -2,6 +2,9 @@
 
 #include <QLabel>
 
+/// A label that wraps, and shows its text as it is even where it looks like markup.
+QLabel *makeWrappedLabel(const QString &text = {}, QWidget *parent = nullptr);
+
 /// A small, quiet line of explanation that wraps. With emphasis it says something that the user
 /// should not miss.
 class PaneNote : public QLabel

@@ -1,5 +1,7 @@
 #include "Clipboard/preferences/HistorySizeSlider.h"
 
+#include "looks/Looks.h"
+
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -199,9 +201,7 @@ void HistorySizeSlider::wheelEvent(QWheelEvent *event)
 
 QFont HistorySizeSlider::tickFont() const
 {
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.85);
-    return small;
+    return Looks::scaled(font(), 0.85);
 }
 
 int HistorySizeSlider::tickHeight() const

@@ -1,5 +1,6 @@
 #include "Clipboard/preview/FileCard.h"
 
+#include "looks/Looks.h"
 #include "looks/ReadingDirection.h"
 #include "looks/WindowIcons.h"
 
@@ -66,9 +67,7 @@ void FileCard::updatePicture()
 void FileCard::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    QFont nameFont = font();
-    nameFont.setPointSizeF(nameFont.pointSizeF() * 1.2);
-    nameFont.setBold(true);
+    const QFont nameFont = Looks::scaled(font(), 1.2, QFont::Bold);
     const QFontMetrics nameMetrics(nameFont);
     const QFontMetrics metrics(font());
     const auto lineCount = qMax<qsizetype>(3, m_lines.size());

@@ -2,7 +2,9 @@
 
 #include "Clipboard/welcome/KeyCaps.h"
 #include "looks/ClipColors.h"
+#include "looks/Looks.h"
 #include "looks/PaneButton.h"
+#include "looks/PaneParts.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -12,14 +14,6 @@ namespace {
 constexpr int kLeastWidth = 262;
 constexpr int kCharactersAcross = 37;
 constexpr qreal kTitleScale = 1.2;
-
-QLabel *makeLabel(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
 
 QColor translucent(const QColor &color, int alpha)
 {
@@ -35,19 +29,16 @@ TourViewController::TourViewController(const Content &content, QWidget *parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(7);
 
-    QLabel *title = makeLabel(content.title, this);
+    QLabel *title = makeWrappedLabel(content.title, this);
     title->setObjectName(QStringLiteral("tourTitle"));
-    QFont large = title->font();
-    large.setPointSizeF(large.pointSizeF() * kTitleScale);
-    large.setWeight(QFont::DemiBold);
-    title->setFont(large);
+    title->setFont(Looks::scaled(title->font(), kTitleScale, QFont::DemiBold));
     column->addWidget(title);
     if (!content.text.isEmpty())
-        column->addWidget(makeLabel(content.text, this));
+        column->addWidget(makeWrappedLabel(content.text, this));
     addKeys(content.keys);
 
     auto *bar = new QHBoxLayout;
-    bar->addWidget(makeLabel(content.progress, this), 1);
+    bar->addWidget(makeWrappedLabel(content.progress, this), 1);
     bar->addWidget(m_next);
     column->addSpacing(3);
     column->addLayout(bar);
@@ -67,7 +58,7 @@ void TourViewController::addKeys(const QList<Keys> &keys)
         const int place = grid->rowCount();
         m_keyCaps.append(new KeyCaps(row.caps, this));
         grid->addWidget(m_keyCaps.last(), place, 0, Qt::AlignLeft | Qt::AlignVCenter);
-        grid->addWidget(makeLabel(row.meaning, this), place, 1);
+        grid->addWidget(makeWrappedLabel(row.meaning, this), place, 1);
     }
     static_cast<QVBoxLayout *>(layout())->addLayout(grid);
 }

@@ -2,6 +2,7 @@
 
 #include "Clipboard/welcome/WelcomeStage.h"
 #include "looks/Looks.h"
+#include "looks/PaneParts.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -11,18 +12,10 @@ namespace {
 constexpr int kSideMargin = Looks::kPageMargin;
 constexpr qreal kTitleScale = Looks::kHeadlineScale;
 
-QLabel *makeLabel(const QString &text, QWidget *parent)
-{
-    auto *label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
 } // namespace
 
 WelcomePage::WelcomePage(WelcomeStage *stage, const QString &title, const QString &text)
-    : m_stage(stage), m_title(makeLabel(title, this)), m_text(makeLabel(text, this)),
+    : m_stage(stage), m_title(makeWrappedLabel(title, this)), m_text(makeWrappedLabel(text, this)),
       m_column(new QVBoxLayout(this))
 {
     m_column->setContentsMargins(kSideMargin, kSideMargin, kSideMargin, 6);
@@ -44,10 +37,7 @@ void WelcomePage::addBelow(QLayout *layout)
 void WelcomePage::setColors(const ClipColors &colors)
 {
     m_stage->setColors(colors);
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * kTitleScale);
-    large.setWeight(QFont::DemiBold);
-    m_title->setFont(large);
+    m_title->setFont(Looks::scaled(font(), kTitleScale, QFont::DemiBold));
     QPalette palette = this->palette();
     palette.setColor(QPalette::WindowText, colors.text);
     palette.setColor(QPalette::Text, colors.text);

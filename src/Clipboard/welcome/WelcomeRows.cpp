@@ -1,6 +1,7 @@
 #include "Clipboard/welcome/WelcomeRows.h"
 
 #include "Clipboard/welcome/KeyCaps.h"
+#include "looks/PaneParts.h"
 #include "looks/WindowIcons.h"
 
 #include <QGridLayout>
@@ -36,11 +37,8 @@ void WelcomeRows::addIcon(const QString &icon, const QString &meaning)
 void WelcomeRows::add(QWidget *left, const QString &meaning)
 {
     const int row = m_grid->rowCount();
-    auto *text = new QLabel(meaning, this);
-    text->setTextFormat(Qt::PlainText);
-    text->setWordWrap(true);
     m_grid->addWidget(left, row, 0, Qt::AlignLeft | Qt::AlignVCenter);
-    m_grid->addWidget(text, row, 1);
+    m_grid->addWidget(makeWrappedLabel(meaning, this), row, 1);
     m_grid->setRowStretch(row, 1);
 }
 

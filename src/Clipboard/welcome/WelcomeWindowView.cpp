@@ -5,6 +5,7 @@
 #include "Clipboard/welcome/WelcomeWindow.h"
 #include "looks/Looks.h"
 #include "looks/PaneButton.h"
+#include "looks/PaneParts.h"
 #include "looks/WindowIcons.h"
 
 #include <QLabel>
@@ -30,7 +31,8 @@ WelcomeWindowView::WelcomeWindowView(QWidget *parent)
       nextButton(new PaneButton(tr("Next"), this)),
       tourButton(new PaneButton(tr("Take the tour"), this)),
       doneButton(new PaneButton(tr("Done"), this)),
-      closeButton(new QToolButton(this)), pageIndicators{}, cmdShiftVLabel(new QLabel(this))
+      closeButton(new QToolButton(this)), pageIndicators{},
+      cmdShiftVLabel(makeWrappedLabel({}, this))
 {
     for (int page = 0; page < kPages; ++page)
         pageIndicators.at(static_cast<size_t>(page)) =
@@ -38,9 +40,7 @@ WelcomeWindowView::WelcomeWindowView(QWidget *parent)
     nextButton->setEmphasised(true);
     doneButton->setEmphasised(true);
     cmdShiftVLabel->setObjectName(QStringLiteral("cmdShiftVLabel"));
-    cmdShiftVLabel->setTextFormat(Qt::PlainText);
     cmdShiftVLabel->setAlignment(Qt::AlignCenter);
-    cmdShiftVLabel->setWordWrap(true);
     closeButton->setAccessibleName(tr("Close"));
     closeButton->setToolTip(tr("Close"));
     closeButton->setAutoRaise(true);

@@ -116,9 +116,7 @@ void ClipInfoLine::setColors(const ClipColors &colors)
 
 QFont ClipInfoLine::lineFont() const
 {
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * Looks::kSmallScale);
-    return small;
+    return Looks::scaled(font(), Looks::kSmallScale);
 }
 
 QSize ClipInfoLine::sizeHint() const

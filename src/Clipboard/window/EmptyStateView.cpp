@@ -2,6 +2,7 @@
 
 #include "Clipboard/window/ClipboardWindow.h"
 #include "looks/Looks.h"
+#include "looks/PaneParts.h"
 #include "looks/WindowIcons.h"
 
 #include <QLabel>
@@ -11,23 +12,15 @@
 namespace {
 
 constexpr int kPictureExtent = 64;
-constexpr qreal kTitleScale = Looks::kLargeScale;
-
-QLabel *makeLabel(QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
 
 } // namespace
 
 EmptyStateView::EmptyStateView(QWidget *parent)
-    : QWidget(parent), m_picture(new QLabel(this)), m_title(makeLabel(this)),
-      m_hint(makeLabel(this))
+    : QWidget(parent), m_picture(new QLabel(this)), m_title(makeWrappedLabel({}, this)),
+      m_hint(makeWrappedLabel({}, this))
 {
+    for (QLabel *label : {m_title, m_hint})
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     setObjectName(QStringLiteral("emptyStateView"));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(Looks::kPageMargin, 0, Looks::kPageMargin, 0);
@@ -72,9 +65,7 @@ void EmptyStateView::showState(const QString &icon, const QString &title, const 
 void EmptyStateView::setColors(const ClipColors &colors)
 {
     m_colors = colors;
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * kTitleScale);
-    m_title->setFont(large);
+    m_title->setFont(Looks::scaled(font(), Looks::kLargeScale));
     QPalette text;
     text.setColor(QPalette::WindowText, colors.text);
     m_title->setPalette(text);

@@ -8,6 +8,7 @@
 #include "Clipboard/window/SearchField.h"
 #include "looks/ClipColors.h"
 #include "looks/Looks.h"
+#include "looks/PaneParts.h"
 #include "looks/ScrollBars.h"
 
 #include <QAccessible>
@@ -28,7 +29,8 @@ HistoryViews::HistoryViews(Clock &clock)
       noticeLine(new NoticeLine(mainView.get())),
       splitView(new QSplitter(Qt::Horizontal, mainView.get())), tableViewView(new QWidget),
       clipTableView(new ClipTableView(tableViewView)), textFieldView(new PreviewPane(clock)),
-      footer(new QLabel(mainView.get())), emptyStateView(new EmptyStateView(mainView.get()))
+      footer(makeWrappedLabel({}, mainView.get())),
+      emptyStateView(new EmptyStateView(mainView.get()))
 {
     auto *listColumn = new QVBoxLayout(tableViewView);
     listColumn->setContentsMargins(0, kListPadding, 0, kListPadding);
@@ -52,8 +54,6 @@ HistoryViews::HistoryViews(Clock &clock)
     QWidget::setTabOrder(searchTextField, clipTableView);
 
     footer->setObjectName(QStringLiteral("footer"));
-    footer->setTextFormat(Qt::PlainText);
-    footer->setWordWrap(true);
     footer->hide();
     QObject::connect(mainView.get(), &ClipboardView::resized, emptyStateView,
                      [this] { placeEmptyState(); });

@@ -45,9 +45,7 @@ void NoticeLine::setText(const QString &text)
 void NoticeLine::setColors(const ClipColors &colors)
 {
     m_colors = colors;
-    QFont small = QApplication::font();
-    small.setPointSizeF(small.pointSizeF() * Looks::kSmallScale);
-    setFont(small);
+    setFont(Looks::scaled(QApplication::font(), Looks::kSmallScale));
     setFixedHeight(fontMetrics().height() + Looks::kLinePadding);
     update();
 }

@@ -65,9 +65,7 @@ void SearchField::placeText()
 
 void SearchField::updateFont()
 {
-    QFont large = QApplication::font();
-    large.setPointSizeF(large.pointSizeF() * Looks::kLargeScale);
-    setFont(large);
+    setFont(Looks::scaled(QApplication::font(), Looks::kLargeScale));
 }
 
 void SearchField::replaceText(const QString &text)

@@ -22,7 +22,7 @@ IssueReportDialog::IssueReportDialog(const Info &info, Workspace &workspace, con
                                      const CrashReports &reports)
     : m_reports(reports), m_delivery(info, workspace, folder + QStringLiteral("/feedback")),
       m_headline(new QLabel), m_explanation(new PaneNote), m_report(new QPlainTextEdit),
-      m_status(new QLabel), m_show(new QPushButton(tr("Show &Report"))),
+      m_status(makeWrappedLabel()), m_show(new QPushButton(tr("Show &Report"))),
       m_decline(new QPushButton(tr("&Do Not Send"))),
       m_send(new QPushButton(m_delivery.actionInWords()))
 {
@@ -50,8 +50,6 @@ IssueReportDialog::IssueReportDialog(const Info &info, Workspace &workspace, con
     m_report->setMinimumHeight(kLinesOfReport * m_report->fontMetrics().lineSpacing());
     m_report->hide();
     m_status->setObjectName(QStringLiteral("status"));
-    m_status->setTextFormat(Qt::PlainText);
-    m_status->setWordWrap(true);
     m_status->hide();
     m_send->setDefault(true);
     layOut();

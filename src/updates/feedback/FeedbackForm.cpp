@@ -48,7 +48,7 @@ protected:
 FeedbackForm::FeedbackForm(const QString &systemLine, const FeedbackDelivery &delivery,
                            QWidget *parent)
     : QWidget(parent), text(new BoundedTextEdit), mail(new QLineEdit), system(new QCheckBox),
-      status(new QLabel), close(new QPushButton(tr("Close"))),
+      status(makeWrappedLabel()), close(new QPushButton(tr("Close"))),
       send(new QPushButton(delivery.actionInWords()))
 {
     text->setAccessibleName(tr("Message"));
@@ -63,8 +63,6 @@ FeedbackForm::FeedbackForm(const QString &systemLine, const FeedbackDelivery &de
     system->setAccessibleName(tr("Send version and desktop"));
     system->setAccessibleDescription(systemLine);
     status->setObjectName(QStringLiteral("status"));
-    status->setTextFormat(Qt::PlainText);
-    status->setWordWrap(true);
     // Return belongs to the text.
     close->setAutoDefault(false);
     send->setAutoDefault(false);

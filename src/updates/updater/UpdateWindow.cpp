@@ -1,6 +1,7 @@
 #include "updates/updater/UpdateWindow.h"
 
 #include "looks/Looks.h"
+#include "looks/PaneParts.h"
 
 #include <QCheckBox>
 #include <QGuiApplication>
@@ -28,8 +29,9 @@ constexpr int kProgressSteps = 1000;
 } // namespace
 
 UpdateWindow::UpdateWindow(const QString &appName, QWidget *parent)
-    : QDialog(parent), m_appName(appName), m_icon(new QLabel(this)), m_headline(new QLabel(this)),
-      m_text(new QLabel(this)), m_notes(new QPlainTextEdit(this)), m_command(new QLineEdit(this)),
+    : QDialog(parent), m_appName(appName), m_icon(new QLabel(this)),
+      m_headline(makeWrappedLabel({}, this)), m_text(makeWrappedLabel({}, this)),
+      m_notes(new QPlainTextEdit(this)), m_command(new QLineEdit(this)),
       m_progress(new QProgressBar(this)),
       m_automatic(new QCheckBox(tr("Look for updates once a &day"), this)),
       m_skip(new QPushButton(tr("&Skip This Version"), this)),
@@ -38,15 +40,7 @@ UpdateWindow::UpdateWindow(const QString &appName, QWidget *parent)
 {
     setWindowTitle(tr("Software Update"));
     setSizeGripEnabled(false);
-    QFont large = m_headline->font();
-    large.setPointSizeF(large.pointSizeF() * Looks::kLargeScale);
-    large.setBold(true);
-    m_headline->setFont(large);
-    // What a server sent is text, whatever it looks like.
-    for (QLabel *label : {m_headline, m_text}) {
-        label->setTextFormat(Qt::PlainText);
-        label->setWordWrap(true);
-    }
+    m_headline->setFont(Looks::scaled(m_headline->font(), Looks::kLargeScale, QFont::Bold));
     m_icon->setPixmap(QGuiApplication::windowIcon().pixmap(kIconExtent));
     m_notes->setReadOnly(true);
     m_notes->setTabChangesFocus(true);
