@@ -279,7 +279,7 @@ void ClipPaster::tell(const QString &title, const QString &subtitle)
 
 bool ClipPaster::setPasteboardString(const QString &text, const std::optional<QString> &rtf)
 {
-    return m_ports.pasteboard.write({text, rtf, {}});
+    return m_ports.pasteboard.write({text, rtf});
 }
 
 void ClipPaster::notifyFileNoLongerExists()

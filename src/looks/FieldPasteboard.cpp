@@ -341,6 +341,6 @@ void FieldPasteboard::write(const QString &text)
 {
     if (text.isEmpty())
         return;
-    if (!m_pasteboard.write({text, {}, {}}))
+    if (!m_pasteboard.write({text}))
         qCWarning(lcFields, "what was copied from a text field could not be put on the pasteboard");
 }

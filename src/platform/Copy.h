@@ -13,11 +13,11 @@
 struct Copy
 {
     /// The plain text; of files whatever their owner offered with them.
-    std::optional<QString> text;
+    std::optional<QString> text = {};
     /// The RTF source, one character a byte.
-    std::optional<QString> rtf;
+    std::optional<QString> rtf = {};
     /// Absolute paths of copied files, in the owner's order; empty for a text.
-    QStringList fileNames;
+    QStringList fileNames = {};
 
     /// The same, where files without a text have their whole paths for one, one a line: files of
     /// one name are not one clip.

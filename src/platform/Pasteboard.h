@@ -20,12 +20,12 @@ struct PasteboardContents : Copy
         Other,
     };
 
+    /// Name of the application in front when the change happened, by the rule of
+    /// ApplicationNames; the empty text when it could not be told.
+    QString applicationName = {};
     /// The change that brought these contents; 0 only for a pasteboard nobody ever wrote.
     qint64 changeCount = 0;
     Media media = Media::None;
-    /// Name of the application in front when the change happened, by the rule of
-    /// ApplicationNames; the empty text when it could not be told.
-    QString applicationName;
     /// One of our own windows was in front when the change happened, so that `applicationName` is
     /// our own although another application may have made the change.
     bool isOursInFront = false;
@@ -34,7 +34,7 @@ struct PasteboardContents : Copy
     bool isTextTooLarge = false;
     /// Size in bytes of UTF-8 of a text that is too large; absent when reading stopped before it
     /// was known.
-    std::optional<qint64> tooLargeBytes;
+    std::optional<qint64> tooLargeBytes = {};
     /// The owner marked the copy as a secret. Such contents are never fetched: every format is
     /// absent.
     bool isConcealed = false;

@@ -403,10 +403,8 @@ TEST_F(AppDelegateTest, openingAFileClipClosesTheHistoryAndRevealingLeavesItOpen
 {
     start();
     memory.workspace.addFile(QStringLiteral("/tmp/a.txt"));
-    PasteboardContents file;
-    file.text = QStringLiteral("a.txt");
-    file.fileNames = {QStringLiteral("/tmp/a.txt")};
-    memory.pasteboard.copyFromOutside(file);
+    memory.pasteboard.copyFromOutside(
+        {{QStringLiteral("a.txt"), {}, {QStringLiteral("/tmp/a.txt")}}});
     press(VirtualKey::kV);
     application->revealInFinder();
     EXPECT_TRUE(application->window()->isVisible());

@@ -37,10 +37,7 @@ protected:
 
     void copy(const QString &text)
     {
-        PasteboardContents contents;
-        contents.text = text;
-        contents.applicationName = QStringLiteral("Editor");
-        memory.pasteboard.copyFromOutside(contents);
+        memory.pasteboard.copyFromOutside({{text}, QStringLiteral("Editor")});
     }
 
     QStringList clips() const

@@ -353,8 +353,7 @@ TEST_F(ClipPasterTest, whatStandsNowhereElseIsNotReplacedUnseen)
     secret.isConcealed = true;
     PasteboardContents drawing;
     drawing.media = PasteboardContents::Media::Other;
-    PasteboardContents book;
-    book.text = QString(20'000, u'x');
+    const PasteboardContents book{{QString(20'000, u'x')}};
     const QString other = QStringLiteral("other");
     const Row rows[] = {{"picture", picture, QStringLiteral("picture")},
                         {"text with a picture", captioned, {}},

@@ -23,12 +23,11 @@ protected:
 
 TEST_F(ClipboardCaptureTest, aCopyIsRecordedAtOnceWithItsApplicationFileAndRtf)
 {
-    PasteboardContents contents;
-    contents.text = QStringLiteral("a.txt");
-    contents.rtf = QStringLiteral("{\\rtf1}");
-    contents.fileNames = {QStringLiteral("/tmp/a.txt"), QStringLiteral("/tmp/b.txt")};
-    contents.applicationName = QStringLiteral("Files");
-    m_rig.platform.pasteboard.copyFromOutside(contents);
+    m_rig.platform.pasteboard.copyFromOutside(
+        {{QStringLiteral("a.txt"),
+          QStringLiteral("{\\rtf1}"),
+          {QStringLiteral("/tmp/a.txt"), QStringLiteral("/tmp/b.txt")}},
+         QStringLiteral("Files")});
     ASSERT_EQ(m_rig.texts(), QStringList{QStringLiteral("a.txt")});
     EXPECT_EQ(m_rig.at(0)->rtfValue(), QStringLiteral("{\\rtf1}"));
     EXPECT_EQ(m_rig.at(0)->filepath(), QStringLiteral("/tmp/a.txt"));
@@ -38,10 +37,8 @@ TEST_F(ClipboardCaptureTest, aCopyIsRecordedAtOnceWithItsApplicationFileAndRtf)
 
 TEST_F(ClipboardCaptureTest, aCopyWithoutTextIsNotRecorded)
 {
-    PasteboardContents contents;
-    contents.rtf = QStringLiteral("{\\rtf1}");
-    contents.fileNames = {QStringLiteral("/tmp/a.txt")};
-    m_rig.platform.pasteboard.copyFromOutside(contents);
+    m_rig.platform.pasteboard.copyFromOutside(
+        {{std::nullopt, QStringLiteral("{\\rtf1}"), {QStringLiteral("/tmp/a.txt")}}});
     EXPECT_EQ(m_rig.texts(), QStringList());
     EXPECT_EQ(m_rig.capture.previousChangeCount(), 1);
 }
@@ -107,9 +104,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(ClipboardCaptureTest, concealedCopiesAndThoseBeforeTheSettingsAreKnownAreIgnored)
 {
-    PasteboardContents contents;
+    PasteboardContents contents{{}, QStringLiteral("Vault")};
     contents.isConcealed = true;
-    contents.applicationName = QStringLiteral("Vault");
     m_rig.platform.pasteboard.copyFromOutside(contents);
     EXPECT_TRUE(isDiscarded());
     EXPECT_TRUE(ExpectedWarnings::messages().contains(QStringLiteral("ignoring copy from Vault")));
@@ -178,9 +174,7 @@ TEST_F(ClipboardCaptureTest, aCopyThatASwopGetsOnceWeAreInFrontIsItsTargets)
     for (const Row &row : rows) {
         m_rig.settings.ignored = row.ignored;
         m_rig.swopState.begin(vault);
-        PasteboardContents contents;
-        contents.text = QStringLiteral("late");
-        contents.applicationName = row.inFront;
+        PasteboardContents contents{{QStringLiteral("late")}, row.inFront};
         contents.isOursInFront = row.isOurs;
         m_rig.platform.pasteboard.copyFromOutside(contents);
         const auto &held = m_rig.swopState.swopClipItem();

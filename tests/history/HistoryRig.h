@@ -120,10 +120,7 @@ public:
     void copy(const QString &text, const QString &applicationName = QStringLiteral("Editor"))
     {
         platform.clock.advance(std::chrono::seconds(1));
-        PasteboardContents contents;
-        contents.text = text;
-        contents.applicationName = applicationName;
-        platform.pasteboard.copyFromOutside(contents);
+        platform.pasteboard.copyFromOutside({{text}, applicationName});
     }
 
     /// A target that has to be waited for is given up, or has read what it asked for, at once.

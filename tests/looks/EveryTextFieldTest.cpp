@@ -265,9 +265,7 @@ protected:
 
 TEST_P(EveryTextField, neverReachesTheToolkitsClipboard)
 {
-    PasteboardContents copied;
-    copied.text = QStringLiteral("copied");
-    m_platform.pasteboard.copyFromOutside(copied);
+    m_platform.pasteboard.copyFromOutside({{QStringLiteral("copied")}});
     m_platform.pasteboard.markOutside(QStringLiteral("marked"));
     const std::unique_ptr<QWidget> window = GetParam().make(m_parts);
     window->show();

@@ -49,12 +49,7 @@ protected:
     {
         QTest::keyClick(m_widget.get(), key, modifiers);
     }
-    void copyElsewhere(const QString &text)
-    {
-        PasteboardContents contents;
-        contents.text = text;
-        m_pasteboard.copyFromOutside(contents);
-    }
+    void copyElsewhere(const QString &text) { m_pasteboard.copyFromOutside({{text}}); }
     QWidget *target() const
     {
         auto *area = qobject_cast<QAbstractScrollArea *>(m_widget.get());

@@ -63,11 +63,9 @@ bool MemoryPasteboard::write(const Copy &copy)
 {
     if (m_writeFails)
         return false;
-    PasteboardContents contents;
+    PasteboardContents contents{copy.withText(), m_frontName};
     contents.changeCount = m_changeCount + 1;
-    static_cast<Copy &>(contents) = copy.withText();
     contents.isOwnWrite = true;
-    contents.applicationName = m_frontName;
     contents.isOursInFront = m_isOursInFront;
     m_unexamined.removeIf([](const PasteboardContents &earlier) { return earlier.isOwnWrite; });
     m_unexamined.append(contents);

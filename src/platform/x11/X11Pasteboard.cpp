@@ -109,8 +109,7 @@ bool X11Pasteboard::write(const Copy &copy)
 {
     if (!m_thread)
         return false;
-    PasteboardContents contents;
-    static_cast<Copy &>(contents) = copy.withText();
+    PasteboardContents contents{copy.withText()};
     const auto offer = SelectionOffer::of(CopyBytes::of(contents), m_connection->atoms());
     bool isWritten = false;
     const bool hasRun =
@@ -150,7 +149,7 @@ void X11Pasteboard::markText(const QString &text)
 {
     if (!m_thread)
         return;
-    const auto offer = SelectionOffer::of(CopyBytes::of({text, {}, {}}), m_connection->atoms());
+    const auto offer = SelectionOffer::of(CopyBytes::of({text}), m_connection->atoms());
     m_thread->post([this, offer] { m_service->markText(offer); });
 }
 

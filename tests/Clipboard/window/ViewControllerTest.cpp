@@ -215,11 +215,8 @@ TEST_F(ViewControllerTest, aSwopSaysWhetherItHoldsASelectionAndWhose)
     EXPECT_FALSE(notice->isVisible());
     for (const Row &row : rows) {
         memory.keySender.setReaction([&](quint32) {
-            PasteboardContents contents;
-            contents.text = QStringLiteral("selection");
-            contents.applicationName = row.copiedIn.value_or(QString());
             if (row.copiedIn)
-                memory.pasteboard.copyFromOutside(contents);
+                memory.pasteboard.copyFromOutside({{QStringLiteral("selection")}, *row.copiedIn});
         });
         delegate.swop();
         EXPECT_EQ(notice->text(), row.notice);

@@ -9,9 +9,7 @@ namespace {
 
 PasteboardContents textCopy(const QString &text)
 {
-    PasteboardContents contents;
-    contents.text = text;
-    return contents;
+    return {{text}};
 }
 
 QStringList textsOf(const QList<PasteboardContents> &changes)
@@ -73,7 +71,7 @@ TEST_P(PasteboardTexts, passUnchangedInBothDirections)
     m_stage->copyElsewhere(textCopy(text));
     ASSERT_TRUE(m_pasteboard.contents());
     EXPECT_EQ(m_pasteboard.contents()->text, text);
-    ASSERT_TRUE(m_pasteboard.write({text, {}, {}}));
+    ASSERT_TRUE(m_pasteboard.write({text}));
     EXPECT_EQ(m_stage->pasteElsewhere().text, text);
 }
 
@@ -112,10 +110,10 @@ TEST_F(PasteboardContract, aWriteCountsAtOnceIsNotAnnouncedAndIsWhatOthersPaste)
 
 TEST_F(PasteboardContract, ofOwnWritesOnlyTheLatestAwaitsExamination)
 {
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("first"), {}, {}}));
+    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("first")}));
     m_stage->copyElsewhere(textCopy(QStringLiteral("theirs")));
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("second"), {}, {}}));
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("third"), {}, {}}));
+    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("second")}));
+    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("third")}));
     EXPECT_EQ(textsOf(m_pasteboard.changesAfter(0)),
               QStringList({QStringLiteral("theirs"), QStringLiteral("third")}));
 }
@@ -133,10 +131,10 @@ TEST_F(PasteboardContract, filesWithoutATextOfferTheirPathsOneALine)
 
 TEST_F(PasteboardContract, aCopyArrivesWithItsRtfAndFiles)
 {
-    PasteboardContents copied = textCopy(QStringLiteral("text"));
-    copied.rtf = QStringLiteral("{\\rtf1 text}");
-    copied.fileNames = {QStringLiteral("/tmp/one"), QStringLiteral("/tmp/two")};
-    m_stage->copyElsewhere(copied);
+    const Copy copied{QStringLiteral("text"),
+                      QStringLiteral("{\\rtf1 text}"),
+                      {QStringLiteral("/tmp/one"), QStringLiteral("/tmp/two")}};
+    m_stage->copyElsewhere({copied});
     ASSERT_TRUE(m_pasteboard.contents());
     EXPECT_EQ(m_pasteboard.contents()->rtf, copied.rtf);
     EXPECT_EQ(m_pasteboard.contents()->fileNames, copied.fileNames);
@@ -193,7 +191,7 @@ TEST_F(PasteboardContract, aTextFieldMayPasteWhatTheHistoryHasNoUseFor)
     m_stage->copyElsewhere(textCopy(QStringLiteral("too large")));
     EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("too large"));
 
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours"), {}, {}}));
+    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours")}));
     EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("ours"));
     m_pasteboard.clear();
     EXPECT_EQ(asked(Selection::Clipboard), std::nullopt);
@@ -216,7 +214,7 @@ TEST_F(PasteboardContract, whatIsMarkedGoesFromFieldToFieldAndChangesNoCopy)
 
 TEST_F(PasteboardContract, clearingCountsAsAChangeAndLeavesNothing)
 {
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours"), {}, {}}));
+    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours")}));
     const qint64 start = m_pasteboard.changeCount();
     m_pasteboard.clear();
     EXPECT_EQ(m_pasteboard.changeCount(), start + 1);

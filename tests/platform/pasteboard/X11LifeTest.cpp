@@ -112,7 +112,7 @@ TEST(X11Life, thePartOfTheManagerIsTakenOnlyWhenItIsFree)
     auto other = std::make_unique<XcbClient>();
     other->own("CLIPBOARD_MANAGER", {});
     X11Stage stage;
-    ASSERT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("ours")}));
     EXPECT_EQ(other->owner("CLIPBOARD_MANAGER"), other->window());
     other.reset();
     XcbClient looker;
@@ -147,7 +147,7 @@ TEST(X11Life, atTheEndAnotherManagerGetsTheContents)
         return true;
     };
     X11Stage stage;
-    ASSERT_TRUE(stage->write({QStringLiteral("handed over"), {}, {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("handed over")}));
     std::atomic_bool isOver = false;
     std::thread elsewhere([&] {
         while (!isOver)
@@ -157,7 +157,7 @@ TEST(X11Life, atTheEndAnotherManagerGetsTheContents)
     isOver = true;
     elsewhere.join();
     EXPECT_TRUE(isAsked);
-    EXPECT_FALSE(stage->write({QStringLiteral("too late"), {}, {}}));
+    EXPECT_FALSE(stage->write({QStringLiteral("too late")}));
     EXPECT_EQ(manager.owner("CLIPBOARD"), xcb_window_t(XCB_WINDOW_NONE));
 }
 
@@ -168,7 +168,7 @@ TEST(X11Life, aHungManagerDelaysTheEndByItsLimitOnly)
     PasteboardLimits limits;
     limits.handover = 1ms;
     X11Stage stage(limits);
-    ASSERT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("ours")}));
     // Without the limit it would never return.
     stage->shutDown();
 }
@@ -176,13 +176,13 @@ TEST(X11Life, aHungManagerDelaysTheEndByItsLimitOnly)
 TEST(X11Life, aLostConnectionIsLoggedOnceAndEverythingElseIsRefusedQuietly)
 {
     X11Stage stage;
-    ASSERT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("ours")}));
     XcbClient killer;
     ExpectedWarnings::expect(QStringLiteral("the pasteboard is not served"));
     xcb_kill_client(killer.xcb(), killer.owner("CLIPBOARD"));
     ASSERT_TRUE(pumpUntil({}, [&] { return killer.owner("CLIPBOARD") == 0; }));
     ASSERT_TRUE(pumpUntil({}, [] { return !ExpectedWarnings::messages().isEmpty(); }));
-    EXPECT_FALSE(stage->write({QStringLiteral("lost"), {}, {}}));
+    EXPECT_FALSE(stage->write({QStringLiteral("lost")}));
     EXPECT_EQ(stage->contents()->text, QStringLiteral("ours"));
     stage->offerPrimary();
     stage->publishPrimary(killer.window());

@@ -158,9 +158,7 @@ TEST(X11Owners, whoeverAsksAHungOwnerIsAnsweredWithNothingInTheTimeOfOneQuestion
 TEST(X11Owners, whoeverAsksWhileACopyIsReadGetsTheNewText)
 {
     X11Stage stage;
-    PasteboardContents old;
-    old.text = QStringLiteral("old");
-    stage.copyElsewhere(old);
+    stage.copyElsewhere({{QStringLiteral("old")}});
     XcbClient slow;
     slow.copy("new");
     ASSERT_EQ(slow.owner("CLIPBOARD"), slow.window());
@@ -181,7 +179,7 @@ TEST(X11Owners, aHungOwnerHoldsUpNeitherTheNextCopyNorOurWriteNorALateAnswer)
     XcbClient hung;
     XcbClient other;
     hung.copy("hung");
-    EXPECT_TRUE(stage->write({QStringLiteral("ours"), {}, {}}));
+    EXPECT_TRUE(stage->write({QStringLiteral("ours")}));
     EXPECT_EQ(stage.paste("UTF8_STRING"), "ours");
     hung.copy("hung again");
     other.copy("alive");

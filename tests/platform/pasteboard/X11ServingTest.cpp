@@ -61,7 +61,7 @@ TEST(X11Serving, everyListedFormatIsServedAndEveryOtherRefused)
 TEST(X11Serving, aTextBeyondLatin1IsNotOfferedAsString)
 {
     X11Stage stage;
-    ASSERT_TRUE(stage->write({QStringLiteral("日本 \xD800!"), {}, {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("日本 \xD800!")}));
     EXPECT_EQ(stage.paste("STRING"), std::nullopt);
     EXPECT_EQ(stage.paste("UTF8_STRING"), QStringLiteral("日本 \uFFFD!").toUtf8());
 }
@@ -69,7 +69,7 @@ TEST(X11Serving, aTextBeyondLatin1IsNotOfferedAsString)
 TEST(X11Serving, severalFormatsCanBeHadWithOneRequest)
 {
     X11Stage stage;
-    ASSERT_TRUE(stage->write({large(u'x'), QStringLiteral("{\\rtf1}"), {}}));
+    ASSERT_TRUE(stage->write({large(u'x'), QStringLiteral("{\\rtf1}")}));
     XcbClient requestor;
     requestor.askMultiple({"text/rtf", "ONE", "image/png", "TWO", "UTF8_STRING", "THREE"});
     ASSERT_TRUE(pumpUntil({&requestor}, [&] { return requestor.isAnswered(); }));
@@ -83,7 +83,7 @@ TEST(X11Serving, severalFormatsCanBeHadWithOneRequest)
 TEST(X11Serving, aRunningTransferSurvivesANewWriteAndAStalledOneHarmsNobody)
 {
     X11Stage stage;
-    ASSERT_TRUE(stage->write({large(u'a'), {}, {}}));
+    ASSERT_TRUE(stage->write({large(u'a')}));
     XcbClient stalled;
     stalled.manners.takesPieces = 2;
     XcbClient slow;
@@ -93,7 +93,7 @@ TEST(X11Serving, aRunningTransferSurvivesANewWriteAndAStalledOneHarmsNobody)
         client->ask("CLIPBOARD", "UTF8_STRING");
     ASSERT_TRUE(pumpUntil({&stalled, &slow, &dead}, [&] { return dead.isAnswered(); }));
     dead.die();
-    ASSERT_TRUE(stage->write({large(u'b'), {}, {}}));
+    ASSERT_TRUE(stage->write({large(u'b')}));
     EXPECT_EQ(stage.paste("UTF8_STRING"), QByteArray(kLarge, 'b'));
 
     slow.manners.takesPieces = -1;
@@ -106,7 +106,7 @@ TEST(X11Serving, aRequestorThatTakesNothingForTooLongIsLetGo)
 {
     X11Stage stage;
     stage.stopTime();
-    ASSERT_TRUE(stage->write({large(u'a'), {}, {}}));
+    ASSERT_TRUE(stage->write({large(u'a')}));
     XcbClient requestor;
     requestor.manners.takesPieces = 1;
     requestor.ask("CLIPBOARD", "UTF8_STRING");
@@ -121,7 +121,7 @@ TEST(X11Serving, aRequestorThatTakesNothingForTooLongIsLetGo)
 TEST(X11Serving, everybodyIsAnsweredWhileTheMainThreadIsBusy)
 {
     X11Stage stage;
-    ASSERT_TRUE(stage->write({large(u'a'), {}, {}}));
+    ASSERT_TRUE(stage->write({large(u'a')}));
     std::optional<QByteArray> pasted;
     std::thread elsewhere([&] {
         XcbClient requestor;
@@ -147,7 +147,7 @@ TEST(X11Serving, aPasteIsReadOnceItsTargetHasAskedForContentsAndByNobodyElse)
         return pumpUntil({&target}, [&] { return target.isAnswered(); });
     };
     for (const QByteArray selection : {"CLIPBOARD", "PRIMARY"}) {
-        ASSERT_TRUE(stage->write({QStringLiteral("clip"), {}, {}}));
+        ASSERT_TRUE(stage->write({QStringLiteral("clip")}));
         stage->offerPrimary();
         ASSERT_TRUE(ask("UTF8_STRING", selection));
         stage->expectPaste(target.window());
@@ -167,11 +167,11 @@ TEST(X11Serving, aPasteIsReadOnceItsTargetHasAskedForContentsAndByNobodyElse)
 TEST(X11Serving, primaryIsOfferedWithTheTextAloneOnceItReturns)
 {
     X11Stage stage;
-    ASSERT_TRUE(stage->write({QStringLiteral("text"), QStringLiteral("{\\rtf1}"), {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("text"), QStringLiteral("{\\rtf1}")}));
     stage->offerPrimary();
     EXPECT_EQ(stage.paste("UTF8_STRING", "PRIMARY"), "text");
     EXPECT_EQ(stage.paste("text/rtf", "PRIMARY"), std::nullopt);
-    ASSERT_TRUE(stage->write({QStringLiteral("later"), {}, {}}));
+    ASSERT_TRUE(stage->write({QStringLiteral("later")}));
     EXPECT_EQ(stage.paste("UTF8_STRING", "PRIMARY"), "text");
     XcbClient other;
     other.own("PRIMARY", {});

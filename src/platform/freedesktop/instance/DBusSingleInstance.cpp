@@ -99,8 +99,9 @@ QDBusMessage callFor(const InstanceMessage &message)
 
 } // namespace
 
-DBusSingleInstance::DBusSingleInstance(const QString &storeFolder, QObject *parent)
-    : SingleInstance(parent), m_socket(storeFolder)
+DBusSingleInstance::DBusSingleInstance(const QString &storeFolder,
+                                       std::chrono::milliseconds answerLimit)
+    : m_socket(storeFolder), m_answerLimit(answerLimit)
 {
     new ApplicationAdaptor(this,
                            [this](const InstanceMessage &message) { return receive(message); });
@@ -131,7 +132,7 @@ SingleInstance::Entry DBusSingleInstance::enterBySocket(const InstanceMessage &m
         // Asked anew each time round, because the holder may be on its way out.
         if (m_socket.claim() != InstanceSocket::Claim::Held)
             return Entry::First;
-        switch (m_socket.forward(message, kAnswerLimit)) {
+        switch (m_socket.forward(message, m_answerLimit)) {
         case InstanceSocket::Answer::Taken:
             return Entry::Forwarded;
         case InstanceSocket::Answer::Refused:
@@ -154,7 +155,7 @@ SingleInstance::Entry DBusSingleInstance::enterByBus(const InstanceMessage &mess
     QDBusConnection bus = findSessionBus();
     if (!bus.isConnected())
         return Entry::First;
-    const auto deadline = Clock::now() + kAnswerLimit;
+    const auto deadline = Clock::now() + m_answerLimit;
     for (;;) {
         if (ownsNameOn(bus))
             return Entry::First;

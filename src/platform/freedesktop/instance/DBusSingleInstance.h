@@ -24,7 +24,8 @@ public:
     /// Longer activation tokens count as none: telling the display of one takes time by its length.
     static constexpr qsizetype kLongestToken = 1024;
 
-    explicit DBusSingleInstance(const QString &storeFolder, QObject *parent = nullptr);
+    explicit DBusSingleInstance(const QString &storeFolder,
+                                std::chrono::milliseconds answerLimit = kAnswerLimit);
     ~DBusSingleInstance() override;
 
     // ^SingleInstance
@@ -48,6 +49,7 @@ private:
     /// Read before an application object is made, which takes it out of the environment.
     QString m_activationToken;
     InstanceSocket m_socket;
+    const std::chrono::milliseconds m_answerLimit;
     ActionCheck m_canDo;
     bool m_ownsName = false;
     bool m_isOpen = false;

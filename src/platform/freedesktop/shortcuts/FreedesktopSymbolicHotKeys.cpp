@@ -9,11 +9,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-#include <chrono>
-
 namespace {
 
-constexpr std::chrono::seconds kAnswerLimit{5};
 // Each costs a start of another program.
 constexpr int kMostCustomShortcuts = 200;
 
@@ -35,8 +32,9 @@ QStringList FreedesktopSymbolicHotKeys::currentDesktops()
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':', Qt::SkipEmptyParts);
 }
 
-FreedesktopSymbolicHotKeys::FreedesktopSymbolicHotKeys(const QStringList &desktops, QObject *parent)
-    : SymbolicHotKeys(parent), m_desktops(desktops)
+FreedesktopSymbolicHotKeys::FreedesktopSymbolicHotKeys(const QStringList &desktops,
+                                                       std::chrono::milliseconds answerLimit)
+    : m_desktops(desktops), m_answerLimit(answerLimit)
 {
     m_thread.setMaxThreadCount(1);
 }
@@ -101,7 +99,7 @@ QByteArray FreedesktopSymbolicHotKeys::output(const QStringList &arguments) cons
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(QStringLiteral("gsettings"), arguments, QIODevice::ReadOnly);
-    const QDeadlineTimer deadline(kAnswerLimit);
+    const QDeadlineTimer deadline(m_answerLimit);
     while (process.state() != QProcess::NotRunning) {
         // In short steps, so that our own end need not wait for the other program's.
         process.waitForFinished(20);

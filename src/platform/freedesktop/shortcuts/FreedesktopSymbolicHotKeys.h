@@ -6,6 +6,7 @@
 #include <QThreadPool>
 
 #include <atomic>
+#include <chrono>
 
 /// Reads the shortcuts of the desktop that is running, and only of that one: the settings of
 /// others are often installed too and say nothing about this session. Files are read and programs
@@ -18,8 +19,11 @@ public:
     /// The desktops that XDG_CURRENT_DESKTOP names.
     static QStringList currentDesktops();
 
+    /// How long a program that tells of them is given.
+    static constexpr std::chrono::milliseconds kAnswerLimit{5000};
+
     explicit FreedesktopSymbolicHotKeys(const QStringList &desktops = currentDesktops(),
-                                        QObject *parent = nullptr);
+                                        std::chrono::milliseconds answerLimit = kAnswerLimit);
     ~FreedesktopSymbolicHotKeys() override;
 
     // ^SymbolicHotKeys
@@ -32,6 +36,7 @@ private:
     QByteArray output(const QStringList &arguments) const;
 
     const QStringList m_desktops;
+    const std::chrono::milliseconds m_answerLimit;
     QList<SymbolicHotKey> m_hotKeys;
     bool m_isReading = false;
     std::atomic<bool> m_isEnding = false;
