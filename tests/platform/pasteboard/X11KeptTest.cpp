@@ -108,7 +108,7 @@ TEST_F(X11Kept, anOwnerThatAsksIsToldThatItIsSavedOnceAllIs)
 
 TEST_F(X11Kept, anOwnerThatEmptiesTheClipboardAsItEndsIsOutlivedByWhatItHadSaved)
 {
-    copy(m_owner, document(), Judgement::Keep);
+    copy(m_owner, document());
     ASSERT_TRUE(isSaved(m_owner));
     m_owner.disown("CLIPBOARD");
     m_owner.die();
@@ -123,13 +123,13 @@ TEST_F(X11Kept, anOwnerThatEmptiesTheClipboardAndStaysMeansIt)
         m_stage.advance(5s);
         return m_stage->changeCount() == 2;
     };
-    copy(m_owner, document(), Judgement::Keep);
+    copy(m_owner, document());
     ASSERT_TRUE(isSaved(m_owner));
     m_owner.disown("CLIPBOARD");
     EXPECT_TRUE(pumpUntil({&m_owner}, isEmptied));
     EXPECT_FALSE(m_stage->contents()->text);
 
-    copy(m_owner, document(), Judgement::Keep);
+    copy(m_owner, document());
     XcbClient bystander;
     bystander.ask("CLIPBOARD_MANAGER", "SAVE_TARGETS");
     ASSERT_TRUE(pumpUntil({&m_owner, &bystander}, [&] { return bystander.isAnswered(); }));
