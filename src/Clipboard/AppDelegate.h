@@ -67,7 +67,6 @@ public:
     /// Records what was not seen yet and saves it, for a session that may end without asking again.
     void saveContext();
 
-    Platform &platform() const { return m_platform; }
     const Info &info() const { return m_info; }
     QString appName() const { return QStringLiteral("Quillmarsh"); }
 

@@ -16,10 +16,10 @@ constexpr int kHeldKeyLooks = 200;
 
 } // namespace
 
-InstanceActions::InstanceActions(AppDelegate &appDelegate, SingleInstance &instance)
-    : m_appDelegate(appDelegate)
+InstanceActions::InstanceActions(AppDelegate &appDelegate, SingleInstance &instance,
+                                 FrontApplication &front, const KeySender &keySender)
+    : m_appDelegate(appDelegate), m_keySender(keySender)
 {
-    FrontApplication &front = *appDelegate.platform().frontApplication;
     front.endStartup(instance.activationToken());
     connect(&instance, &SingleInstance::activated, this, [this, &front](const QString &token) {
         front.endStartup(token);
@@ -64,7 +64,7 @@ void InstanceActions::perform(const QString &action)
 // keystroke that copies the selection.
 void InstanceActions::swopWhenKeysAreUp()
 {
-    if (m_heldKeyLooks++ < kHeldKeyLooks && m_appDelegate.platform().keySender->isKeyHeld()) {
+    if (m_heldKeyLooks++ < kHeldKeyLooks && m_keySender.isKeyHeld()) {
         m_heldKeyTimer.start();
         return;
     }

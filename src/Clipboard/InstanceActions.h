@@ -5,6 +5,8 @@
 #include <QTimer>
 
 class AppDelegate;
+class FrontApplication;
+class KeySender;
 class SingleInstance;
 
 /// Performs what other programs and further starts ask for, as the status menu
@@ -14,8 +16,9 @@ class InstanceActions : public QObject
     Q_OBJECT
 
 public:
-    /// Both must outlive this object. Nothing arrives before `instance` is open.
-    InstanceActions(AppDelegate &appDelegate, SingleInstance &instance);
+    /// All must outlive this object. Nothing arrives before `instance` is open.
+    InstanceActions(AppDelegate &appDelegate, SingleInstance &instance, FrontApplication &front,
+                    const KeySender &keySender);
 
     /// `action` is one of SingleInstance's.
     void perform(const QString &action);
@@ -25,6 +28,7 @@ private:
     void swopWhenKeysAreUp();
 
     AppDelegate &m_appDelegate;
+    const KeySender &m_keySender;
     QTimer m_heldKeyTimer;
     int m_heldKeyLooks = 0;
 };

@@ -69,7 +69,7 @@ int runApplication(QApplication &application, SingleInstance &instance, const QS
     QObject::connect(
         &application, &QGuiApplication::saveStateRequest, &delegate,
         [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartNever); });
-    InstanceActions actions(delegate, instance);
+    InstanceActions actions(delegate, instance, *platform->frontApplication, *platform->keySender);
     // Before the event loop, because a copy that is there already would be captured by an
     // application whose panes are not loaded yet.
     delegate.applicationDidFinishLaunching();
