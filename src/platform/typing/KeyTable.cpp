@@ -8,6 +8,8 @@
 
 namespace {
 
+using Remote = ApplicationKeys::Remote;
+
 constexpr QLatin1String kApplications("applications");
 constexpr QLatin1String kPaste("paste");
 constexpr QLatin1String kCopy("copy");
@@ -16,6 +18,8 @@ constexpr QLatin1String kPrimary("primary");
 constexpr QLatin1String kRemote("remote");
 constexpr QLatin1String kMembers[] = {kApplications, kPaste, kCopy, kReplace, kPrimary, kRemote};
 constexpr QLatin1String kNone("none");
+constexpr QLatin1String kAsks("asks");
+constexpr QLatin1String kTells("tells");
 constexpr QLatin1String kMarked("marked");
 
 /// The keys that `entry` has under `name`; empty for "none". Says what is wrong with them.
@@ -41,12 +45,15 @@ std::optional<QString> readEntry(const QJsonObject &entry, ApplicationKeys &keys
         if (std::none_of(std::begin(kMembers), std::end(kMembers), isMember))
             return QStringLiteral("\"%1\" is not known").arg(member);
     }
-    for (const auto &[name, isSet] :
-         {std::pair(kPrimary, &keys.pastesPrimary), {kRemote, &keys.isRemote}}) {
-        const QJsonValue value = entry.value(name);
-        if (!value.isUndefined() && !value.isBool())
-            return QStringLiteral("\"%1\" is neither true nor false").arg(name);
-        *isSet = value.toBool();
+    const QJsonValue primary = entry.value(kPrimary);
+    if (!primary.isUndefined() && !primary.isBool())
+        return QStringLiteral("\"primary\" is neither true nor false");
+    keys.pastesPrimary = primary.toBool();
+    if (entry.contains(kRemote)) {
+        const QString remote = entry.value(kRemote).toString();
+        if (remote != kAsks && remote != kTells)
+            return QStringLiteral("\"remote\" is neither \"asks\" nor \"tells\"");
+        keys.remote = remote == kAsks ? Remote::Asks : Remote::Tells;
     }
     keys.copiesMarked = entry.value(kCopy).toString() == kMarked;
     if (const auto problem = readKeys(entry, kPaste, QLatin1String("Ctrl+v"), keys.paste))

@@ -27,7 +27,7 @@ public:
     ///
     /// "paste" and "copy" are keys, or "none" where none are known or safe; "copy" may be "marked":
     /// what is marked is taken as it is. Left out they are Ctrl+v and Ctrl+c; "replace" is "paste".
-    /// "remote" is true for what shows another computer.
+    /// "remote", for what shows another computer, is "asks" or "tells".
     /// An entry that cannot be understood is left out, and told among the reading's problems.
     static Reading read(const QByteArray &json);
 

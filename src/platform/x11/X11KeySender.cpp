@@ -79,10 +79,10 @@ KeySender::Outcome X11KeySender::paste(xcb_window_t target, const ApplicationKey
     // not every one's.
     if (keys.pastesPrimary)
         m_selections.offerPrimary();
-    if (!keys.isRemote)
+    if (keys.remote == ApplicationKeys::Remote::No)
         return send(sequence);
     ++m_sent;
-    m_takeOver.await(target, [this, target, sequence](bool isTakenOver) {
+    m_takeOver.await(target, keys.remote, [this, target, sequence](bool isTakenOver) {
         pasteTakenOver(target, sequence, isTakenOver);
     });
     return Outcome::Sent;

@@ -24,13 +24,14 @@ X11TakeOver::X11TakeOver(const X11FrontApplication &frontApplication, Askers ask
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
 }
 
-void X11TakeOver::await(xcb_window_t target, std::function<void(bool isTakenOver)> done)
+void X11TakeOver::await(xcb_window_t target, ApplicationKeys::Remote remote,
+                        std::function<void(bool isTakenOver)> done)
 {
     m_target = target;
     m_done = std::move(done);
     m_deadline = std::chrono::steady_clock::now() + kLimit;
-    m_isAsked = false;
-    m_timer.start(milliseconds(0));
+    m_isAsked = remote == ApplicationKeys::Remote::Tells;
+    m_timer.start(m_isAsked ? kJourney : milliseconds(0));
 }
 
 void X11TakeOver::look()

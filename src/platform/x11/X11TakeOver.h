@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/typing/ApplicationKeys.h"
+
 #include <QTimer>
 
 #include <xcb/xcb.h>
@@ -23,8 +25,9 @@ public:
     X11TakeOver(const X11FrontApplication &frontApplication, Askers askers);
 
     /// Calls `done`, later and once: with true when the program of `target` has had the time to
-    /// take the contents over, with false when it did not even ask for them.
-    void await(xcb_window_t target, std::function<void(bool isTakenOver)> done);
+    /// take the contents over, with false when one that asks did not for them.
+    void await(xcb_window_t target, ApplicationKeys::Remote remote,
+               std::function<void(bool isTakenOver)> done);
 
     /// Forgets what is awaited.
     void cancel() { m_timer.stop(); }

@@ -75,6 +75,7 @@ TEST(KnownKeys, whatIsWrongInTheUsersTableIsToldOnceAndTheRestHolds)
         {R"({"applications": ["b"], "copy": ["Ctrl+c"]})", "\"copy\" tells no keys"},
         {R"({"applications": ["b"], "replace": ""})", "\"replace\" tells no keys"},
         {R"({"applications": ["b"], "primary": "yes"})", "\"primary\" is neither"},
+        {R"({"applications": ["b"], "remote": true})", "\"remote\" is neither"},
         {R"({"applications": ["b"], "past": "Ctrl+y"})", "\"past\" is not known"},
     };
     for (const Row &row : rows) {

@@ -245,6 +245,13 @@ TEST_F(X11KeySenderTest, aRemoteComputerIsPastedIntoOnceItsWindowHasTakenTheClip
     ASSERT_TRUE(other.show());
     ASSERT_TRUE(QTest::qWaitFor([&] { return givenUp == 2; }));
     EXPECT_EQ(other.takeSymbols(), QString());
+    // One that does not ask is given its time.
+    m_askers.clear();
+    ForeignWindow silent("TigerVNC Viewer");
+    ASSERT_TRUE(silent.show());
+    ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
+    EXPECT_EQ(silent.takeSymbols(), QString());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return silent.takeSymbols() == QStringLiteral("Ctrl+v"); }));
 }
 
 struct Character
