@@ -568,7 +568,7 @@ APPLICATIONS = [
     RichEditor("LibreOffice Writer", [*OFFICE, "--writer"], "libreoffice"),
     Spreadsheet("LibreOffice Calc", [*OFFICE, "--calc"], "libreoffice"),
     Vim("GVim", ["gvim", "-f", "-u", "NONE"], "gvim"),
-    Emacs("Emacs", ["emacs", "-Q"], "emacs"),
+    Emacs("Emacs", ["emacs", "-Q"], "emacs", "Emacs (GUI)"),
     PasswordSafe("KeePassXC", ["keepassxc"], "keepassxc"),
     PaintProgram("GIMP", ["gimp", "--no-splash", "--new-instance"], "gimp",
                  "GNU Image Manipulation Program"),
