@@ -3,6 +3,7 @@
 #include "platform/Appearance.h"
 #include "platform/ApplicationNames.h"
 #include "platform/Clock.h"
+#include "platform/FileQuestions.h"
 #include "platform/FrontApplication.h"
 #include "platform/HotKeys.h"
 #include "platform/InstalledApplications.h"
@@ -26,6 +27,7 @@
 struct Platform
 {
     std::unique_ptr<Clock> clock;
+    std::unique_ptr<FileQuestions> fileQuestions;
     std::unique_ptr<SettingsStore> settings;
     std::unique_ptr<Appearance> appearance;
     std::unique_ptr<ApplicationNames> applicationNames;

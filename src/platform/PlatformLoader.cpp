@@ -44,6 +44,9 @@ std::optional<QByteArray> g_qtPlatformBefore;
 /// catalogue of entries has a bound of its own and takes them in when they come.
 std::optional<QStringList> g_entryFolders;
 
+/// Has been asked before there is a platform.
+std::unique_ptr<FileQuestions> g_fileQuestions;
+
 /// Asked here because Qt would end the process with a crash report instead of a message.
 bool isX11ServerThere()
 {
@@ -116,7 +119,8 @@ std::optional<QString> PlatformLoader::chooseDisplay()
                          "may not be recorded, pasting into them may fail, and shortcuts may not "
                          "work while one is in front");
     g_entryFolders = DesktopEntryScan::standardFolders();
-    DataFolders::leaveOutHung();
+    g_fileQuestions = std::make_unique<FileQuestions>();
+    DataFolders::leaveOutHung(*g_fileQuestions);
     g_qtPlatformBefore = qgetenv(kQtPlatform);
     qputenv(kQtPlatform, "xcb");
     return std::nullopt;
@@ -131,11 +135,12 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
 {
     restoreEnvironment();
     auto platform = std::make_unique<Platform>();
-    // Begins to scan at once, on its own thread, for those who ask first: pasteboard and front
-    // application.
-    const auto entries = std::make_shared<DesktopEntryCatalog>(
-        g_entryFolders.value_or(DesktopEntryScan::standardFolders()));
     platform->clock = std::make_unique<SystemClock>();
+    platform->fileQuestions =
+        g_fileQuestions ? std::move(g_fileQuestions) : std::make_unique<FileQuestions>();
+    // Begins to scan at once, for those who ask first: pasteboard and front application.
+    const auto entries = std::make_shared<DesktopEntryCatalog>(
+        *platform->fileQuestions, g_entryFolders.value_or(DesktopEntryScan::standardFolders()));
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->appearance = std::make_unique<PortalAppearance>();
     platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
@@ -144,7 +149,7 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
     platform->notifications = std::make_unique<FreedesktopNotifications>();
-    platform->workspace = std::make_unique<FreedesktopWorkspace>();
+    platform->workspace = std::make_unique<FreedesktopWorkspace>(*platform->fileQuestions);
     platform->symbolicHotKeys = std::make_unique<FreedesktopSymbolicHotKeys>();
     makeX11Adapters(*platform);
     platform->statusBar =

@@ -70,11 +70,11 @@ TEST_F(PlatformLoaderTest, thePlatformIsCompleteAndTheChoiceIsKeptFromOtherProgr
         const auto platform = PlatformLoader::makePlatform();
         EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), before);
 
-        const auto &[clock, settings, appearance, names, installed, login, running, notifications,
-                     workspace, space, layout, hotKeys, symbolic, front, pasteboard, sender, bar] =
-            *platform;
-        EXPECT_TRUE(clock && settings && appearance && names && installed && login && running &&
-                    notifications);
+        const auto &[clock, files, settings, appearance, names, installed, login, running,
+                     notifications, workspace, space, layout, hotKeys, symbolic, front, pasteboard,
+                     sender, bar] = *platform;
+        EXPECT_TRUE(clock && files && settings && appearance && names && installed && login &&
+                    running && notifications);
         EXPECT_TRUE(workspace && space && layout && hotKeys && symbolic && front);
         EXPECT_TRUE(pasteboard && sender && bar);
     }

@@ -1,5 +1,6 @@
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 
+#include "platform/FileQuestions.h"
 #include "platform/freedesktop/entries/DesktopEntry.h"
 #include "platform/freedesktop/entries/DesktopEntryIcon.h"
 
@@ -15,12 +16,22 @@
 
 #include <array>
 
+#include <unistd.h>
+
 namespace {
 
 Q_LOGGING_CATEGORY(lcWorkspace, "quillmarsh.platform.workspace", QtInfoMsg)
 
+/// After which a file system that does not answer counts as one without the file.
+constexpr std::chrono::milliseconds kExistenceLimit{200};
+
 /// A file manager that is only starting needs its time; after this its folder is opened instead.
 constexpr int kFileManagerLimitMs = 10000;
+
+bool existsOnDisk(const QString &path)
+{
+    return ::access(QFile::encodeName(path).constData(), F_OK) == 0;
+}
 
 struct Opener
 {
@@ -62,17 +73,20 @@ QIcon themeIcon(const QStringList &names)
 
 } // namespace
 
-FreedesktopWorkspace::FreedesktopWorkspace(QDBusConnection bus) : m_bus(std::move(bus)) {}
+FreedesktopWorkspace::FreedesktopWorkspace(FileQuestions &questions, QDBusConnection bus)
+    : m_questions(questions), m_bus(std::move(bus))
+{
+}
 
 bool FreedesktopWorkspace::fileExists(const QString &path)
 {
-    return m_probe.exists(path);
+    return m_questions.isSo(path, kExistenceLimit, existsOnDisk);
 }
 
 void FreedesktopWorkspace::askFileExists(const QString &path, QObject *context,
                                          std::function<void(bool)> answer)
 {
-    m_probe.ask(path, context, std::move(answer));
+    m_questions.askWhether(path, kExistenceLimit, existsOnDisk, context, std::move(answer));
 }
 
 bool FreedesktopWorkspace::openFile(const QString &path)

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/Workspace.h"
-#include "platform/freedesktop/FileProbe.h"
 
 #include <QDBusConnection>
 #include <QObject>
+
+class FileQuestions;
 
 /// Hands files and addresses to the programs that the desktop has for them: `xdg-open` or `gio`
 /// opens, org.freedesktop.FileManager1 selects. Owned by Platform. Programs are started detached,
@@ -14,7 +15,9 @@ class FreedesktopWorkspace : public QObject, public Workspace
     Q_OBJECT
 
 public:
-    explicit FreedesktopWorkspace(QDBusConnection bus = QDBusConnection::sessionBus());
+    /// `questions` must outlive the workspace.
+    explicit FreedesktopWorkspace(FileQuestions &questions,
+                                  QDBusConnection bus = QDBusConnection::sessionBus());
 
     // ^Workspace
     bool fileExists(const QString &path) override;
@@ -26,6 +29,6 @@ public:
     QIcon iconForFile(const QString &path) override;
 
 private:
+    FileQuestions &m_questions;
     QDBusConnection m_bus;
-    FileProbe m_probe;
 };

@@ -150,4 +150,5 @@ MemoryPlatform::MemoryPlatform()
       statusBar(put<MemoryStatusBar>(platform.statusBar))
 {
     put<MemoryApplicationNames>(platform.applicationNames);
+    platform.fileQuestions = std::make_unique<FileQuestions>();
 }

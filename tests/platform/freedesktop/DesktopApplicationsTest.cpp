@@ -27,11 +27,14 @@ protected:
         entry.write("[Desktop Entry]\nType=Application\n" + keys);
     }
 
-    std::shared_ptr<DesktopEntryCatalog> catalog() const
+    std::shared_ptr<DesktopEntryCatalog>
+    catalog(DesktopEntryCatalog::Scan scan = DesktopEntryScan::of) const
     {
         return std::make_shared<DesktopEntryCatalog>(
+            m_questions,
             QStringList{m_folder.filePath(QStringLiteral("user")),
-                        m_folder.filePath(QStringLiteral("system"))});
+                        m_folder.filePath(QStringLiteral("system"))},
+            std::move(scan));
     }
 
     QString nameOf(const WindowIdentity &window) const
@@ -49,6 +52,11 @@ protected:
     }
 
     QTemporaryDir m_folder;
+    /// Time stands still, or goes on by so much whenever somebody looks at it.
+    mutable std::atomic<std::chrono::milliseconds> m_step = std::chrono::milliseconds(0);
+    mutable std::atomic<int> m_looks = 0;
+    mutable FileQuestions m_questions{
+        [this] { return Patience::TimePoint(m_step.load() * ++m_looks); }};
 };
 
 WindowIdentity window(const char *name, const char *windowClass, const char *gtkId = "",
@@ -155,6 +163,7 @@ TEST_F(DesktopApplications, whatIsInstalledLaterIsFound)
     put("sub/late.desktop", "Name=Late\nStartupWMClass=late\n", "user");
     EXPECT_EQ(applications.applications().size(), 1);
     put("later.desktop", "Name=Later\n", "user");
+    m_step = std::chrono::seconds(1);
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return names.identify(window("x", "later")).name == QStringLiteral("Later"); }));
 }
@@ -164,22 +173,22 @@ TEST_F(DesktopApplications, aFolderThatNeverAnswersHoldsNobodyUpAndIsTakenInWhen
     put("far.desktop", "Name=Far\n", "user");
     put("near.desktop", "Name=Near\n");
     const auto isBack = std::make_shared<std::latch>(1);
-    const auto shared = std::make_shared<DesktopEntryCatalog>(
-        QStringList{m_folder.filePath(QStringLiteral("user")),
-                    m_folder.filePath(QStringLiteral("system"))},
-        [isBack](const QString &folder) {
-            if (folder.endsWith(u"user"))
-                isBack->wait();
-            return DesktopEntryScan::of(folder);
-        });
+    m_step = std::chrono::seconds(1);
+    const auto shared = catalog([isBack](const QString &folder) {
+        if (folder.endsWith(u"user"))
+            isBack->wait();
+        return DesktopEntryScan::of(folder);
+    });
     const DesktopEntryApplicationNames names(shared);
     FreedesktopInstalledApplications applications(shared);
-    EXPECT_EQ(names.identify(window("x", "near")).name, QStringLiteral("Near"));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return names.identify(window("x", "near")).name == QStringLiteral("Near"); }));
     EXPECT_EQ(names.identify(window("x", "far")).name, QStringLiteral("far"));
     EXPECT_EQ(applications.applications().size(), 1);
     isBack->count_down();
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return names.identify(window("x", "far")).name == QStringLiteral("Far"); }));
+    m_step = std::chrono::milliseconds(0);
     EXPECT_EQ(applications.applications().size(), 2);
 }
 

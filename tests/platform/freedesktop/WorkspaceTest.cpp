@@ -1,5 +1,7 @@
 #include "platform/freedesktop/FreedesktopWorkspace.h"
 
+#include "platform/FileQuestions.h"
+
 #include "BusService.h"
 #include "support/ExpectedWarnings.h"
 
@@ -67,7 +69,8 @@ protected:
     QByteArray savedPath;
     QTemporaryDir programs;
     QTemporaryDir files;
-    FreedesktopWorkspace workspace;
+    FileQuestions questions;
+    FreedesktopWorkspace workspace{questions};
 };
 
 TEST_F(FreedesktopWorkspaceTest, opensFilesAndAddressesWithTheDesktopsOpener)
@@ -105,7 +108,8 @@ TEST_F(FreedesktopWorkspaceTest, showsAFileInTheFileManagerElseOpensItsFolder)
                QStringList{QString::fromLatin1(QUrl::fromLocalFile(file).toEncoded()) + u' '};
     }));
     EXPECT_FALSE(QFile::exists(noteFile()));
-    FreedesktopWorkspace withoutBus{QDBusConnection(QStringLiteral("no such connection"))};
+    FreedesktopWorkspace withoutBus{questions,
+                                    QDBusConnection(QStringLiteral("no such connection"))};
     withoutBus.selectFile(file, files.path());
     EXPECT_TRUE(isNoted(QStringLiteral("xdg-open ") + files.path()));
 }

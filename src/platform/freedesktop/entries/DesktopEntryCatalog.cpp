@@ -1,15 +1,10 @@
 #include "platform/freedesktop/entries/DesktopEntryCatalog.h"
 
+#include "platform/Mutex.h"
+
 #include <algorithm>
-#include <condition_variable>
-#include <mutex>
-#include <optional>
-#include <system_error>
-#include <thread>
 
 namespace {
-
-using Steady = std::chrono::steady_clock;
 
 constexpr std::chrono::seconds kRefreshInterval{1};
 
@@ -17,88 +12,58 @@ struct Folder
 {
     QString path;
     std::shared_ptr<const DesktopEntryScan> scan; ///< Null until it has answered once.
-    std::optional<Steady::time_point> askedAt;    ///< While a thread looks at it.
+    FileTicket look;                              ///< While it is being looked at.
 };
 
 } // namespace
 
 struct DesktopEntryCatalog::State
 {
-    enum class Await { Unknown, All };
-
     Scan scan;
-    std::mutex mutex;
-    std::condition_variable answered;
+    Mutex mutex;
+    /// Their number and paths do not change.
     std::vector<Folder> folders;
-    std::shared_ptr<const DesktopEntryIndex> index;
-    bool isIndexOld = true;
-    Steady::time_point lastAsked;
+    std::shared_ptr<const DesktopEntryIndex> index QUILLMARSH_GUARDED_BY(mutex);
+    bool isIndexOld QUILLMARSH_GUARDED_BY(mutex) = true;
+    Patience::TimePoint lastAsked QUILLMARSH_GUARDED_BY(mutex);
 
-    /// Looks at each folder that nobody looks at, on a thread of its own. With the lock held, as
-    /// all below.
-    static void ask(const std::shared_ptr<State> &state);
-    static void lookAt(const std::shared_ptr<State> &state, size_t number);
-
-    /// Waits for the folders that were never read, or for all that are being looked at; for none
-    /// longer than kLimit after it was asked.
-    void await(std::unique_lock<std::mutex> &lock, Await which);
-    void bringIndexUpToDate();
+    /// Looks at each folder that nobody looks at.
+    static void ask(const std::shared_ptr<State> &state, FileQuestions &questions)
+        QUILLMARSH_REQUIRES(state->mutex);
+    void lookAt(Folder &folder);
+    void bringIndexUpToDate() QUILLMARSH_REQUIRES(mutex);
 };
 
-void DesktopEntryCatalog::State::ask(const std::shared_ptr<State> &state)
+void DesktopEntryCatalog::State::ask(const std::shared_ptr<State> &state, FileQuestions &questions)
 {
-    state->lastAsked = Steady::now();
-    for (size_t number = 0; number < state->folders.size(); ++number) {
-        Folder &folder = state->folders[number];
-        if (folder.askedAt)
-            continue;
-        folder.askedAt = state->lastAsked;
-        try {
-            std::thread([state, number] { lookAt(state, number); }).detach();
-        } catch (const std::system_error &) {
-            folder.askedAt.reset(); // No more threads for this process: asked again next time.
-        }
+    state->lastAsked = questions.now();
+    for (Folder &folder : state->folders) {
+        if (!folder.look)
+            folder.look = questions.ask(folder.path, FileQuestions::Kind::Read, kLimit,
+                                        [state, &folder](const Patience &) {
+                                            state->lookAt(folder);
+                                            return FileQuestions::Delivery();
+                                        });
     }
 }
 
-void DesktopEntryCatalog::State::lookAt(const std::shared_ptr<State> &state, size_t number)
+void DesktopEntryCatalog::State::lookAt(Folder &folder)
 {
-    Folder &folder = state->folders[number];
     std::shared_ptr<const DesktopEntryScan> known;
     {
-        const std::lock_guard lock(state->mutex);
+        const MutexLock lock(mutex);
         known = folder.scan;
     }
     auto found = known;
     if (!known || !known->isCurrent())
-        found = std::make_shared<DesktopEntryScan>(state->scan(folder.path));
-    const std::lock_guard lock(state->mutex);
+        found = std::make_shared<DesktopEntryScan>(scan(folder.path));
+    const MutexLock lock(mutex);
     folder.scan = found;
-    folder.askedAt.reset();
-    state->isIndexOld = state->isIndexOld || found != known;
-    const bool isLast = std::none_of(state->folders.begin(), state->folders.end(),
-                                     [](const Folder &other) { return other.askedAt.has_value(); });
+    folder.look.reset();
+    isIndexOld = isIndexOld || found != known;
     // Here and not with whoever asks next, who may be the main thread.
-    if (isLast)
-        state->bringIndexUpToDate();
-    state->answered.notify_all();
-}
-
-void DesktopEntryCatalog::State::await(std::unique_lock<std::mutex> &lock, Await which)
-{
-    for (;;) {
-        std::optional<Steady::time_point> latest;
-        for (const Folder &folder : folders) {
-            if (!folder.askedAt || (which == Await::Unknown && folder.scan))
-                continue;
-            const Steady::time_point deadline = *folder.askedAt + kLimit;
-            if (deadline > Steady::now())
-                latest = std::max(deadline, latest.value_or(deadline));
-        }
-        if (!latest)
-            return;
-        answered.wait_until(lock, *latest);
-    }
+    if (std::none_of(folders.begin(), folders.end(), [](const auto &other) { return other.look; }))
+        bringIndexUpToDate();
 }
 
 void DesktopEntryCatalog::State::bringIndexUpToDate()
@@ -112,41 +77,50 @@ void DesktopEntryCatalog::State::bringIndexUpToDate()
     isIndexOld = false;
 }
 
-DesktopEntryCatalog::DesktopEntryCatalog(const QStringList &folders, Scan scan)
-    : m_state(std::make_shared<State>())
+DesktopEntryCatalog::DesktopEntryCatalog(FileQuestions &questions, const QStringList &folders,
+                                         Scan scan)
+    : m_questions(questions), m_state(std::make_shared<State>())
 {
     m_state->scan = std::move(scan);
     for (const QString &path : folders)
-        m_state->folders.push_back({path, nullptr, std::nullopt});
-    const std::lock_guard lock(m_state->mutex);
-    State::ask(m_state);
+        m_state->folders.push_back({path, nullptr, nullptr});
+    const MutexLock lock(m_state->mutex);
+    State::ask(m_state, m_questions);
 }
 
-DesktopEntryCatalog::~DesktopEntryCatalog()
+void DesktopEntryCatalog::await(Await which)
 {
-    // A thread that is only slow is done before what the whole process shares is taken apart.
-    std::unique_lock lock(m_state->mutex);
-    m_state->await(lock, State::Await::All);
+    std::vector<FileTicket> looks;
+    {
+        const MutexLock lock(m_state->mutex);
+        for (const Folder &folder : m_state->folders)
+            if (folder.look && (which == Await::All || !folder.scan))
+                looks.push_back(folder.look);
+    }
+    for (const FileTicket &look : looks)
+        m_questions.await(look);
 }
 
 std::shared_ptr<const DesktopEntryIndex> DesktopEntryCatalog::index()
 {
-    std::unique_lock lock(m_state->mutex);
-    m_state->await(lock, State::Await::Unknown);
+    await(Await::Unknown);
+    const MutexLock lock(m_state->mutex);
     m_state->bringIndexUpToDate();
-    const auto known = m_state->index;
-    if (Steady::now() - m_state->lastAsked >= kRefreshInterval)
-        State::ask(m_state);
-    return known;
+    if (m_questions.now() - m_state->lastAsked >= kRefreshInterval)
+        State::ask(m_state, m_questions);
+    return m_state->index;
 }
 
 std::shared_ptr<const DesktopEntryIndex> DesktopEntryCatalog::currentIndex()
 {
-    std::unique_lock lock(m_state->mutex);
     // A look that is under way may have begun before the latest change.
-    m_state->await(lock, State::Await::All);
-    State::ask(m_state);
-    m_state->await(lock, State::Await::All);
+    await(Await::All);
+    {
+        const MutexLock lock(m_state->mutex);
+        State::ask(m_state, m_questions);
+    }
+    await(Await::All);
+    const MutexLock lock(m_state->mutex);
     m_state->bringIndexUpToDate();
     return m_state->index;
 }

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "platform/FileQuestions.h"
 #include "platform/freedesktop/entries/DesktopEntryIndex.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 
-/// Keeps the index of the installed desktop entries up to date, on threads of its own, one a
-/// folder. Shared by those that look applications up; safe to call from any thread. A folder that
-/// does not answer (a mount whose server is gone) holds nobody up for longer than kLimit, and what
-/// is in it is taken in when it comes. Its thread is left behind and touches nothing of this
-/// object.
+/// Keeps the index of the installed desktop entries up to date, off the threads that ask for it.
+/// Shared by those that look applications up; safe to call from any thread. A folder that does not
+/// answer (a mount whose server is gone) holds nobody up for longer than kLimit, and what is in it
+/// is taken in when it comes.
 class DesktopEntryCatalog
 {
 public:
@@ -18,12 +18,10 @@ public:
 
     static constexpr std::chrono::milliseconds kLimit{300};
 
-    /// The first scan begins at once. `scan` is called on several threads.
-    explicit DesktopEntryCatalog(const QStringList &folders = DesktopEntryScan::standardFolders(),
-                                 Scan scan = DesktopEntryScan::of);
-    DesktopEntryCatalog(const DesktopEntryCatalog &) = delete;
-    DesktopEntryCatalog &operator=(const DesktopEntryCatalog &) = delete;
-    ~DesktopEntryCatalog();
+    /// The first scan begins at once. `scan` is called on several threads. `questions` must outlive
+    /// the catalog.
+    DesktopEntryCatalog(FileQuestions &questions, const QStringList &folders,
+                        Scan scan = DesktopEntryScan::of);
 
     /// What is known now. Waits for the first scan only: a wrong name would let through what the
     /// user wants ignored. Looks for changes in the background, at most once a second.
@@ -34,6 +32,12 @@ public:
 
 private:
     struct State;
+    enum class Await { Unknown, All };
 
-    std::shared_ptr<State> m_state; ///< The threads keep it too.
+    /// Waits for the folders that were never read, or for all that are being looked at; for none
+    /// longer than kLimit after it was asked.
+    void await(Await which);
+
+    FileQuestions &m_questions;
+    const std::shared_ptr<State> m_state; ///< The threads keep it too.
 };
