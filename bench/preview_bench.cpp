@@ -80,7 +80,8 @@ void measure(const QString &path)
     Runs work = {};
     bool hasBody = false;
     for (size_t run = 0; run < kRuns; ++run) {
-        PreviewRegistry registry;
+        FileQuestions questions;
+        PreviewRegistry registry(questions);
         Stall stall;
         QElapsedTimer whole;
         whole.start();
@@ -132,7 +133,8 @@ void measureMemory(const QStringList &files)
 {
     constexpr int kSteps = 64;
     const QTemporaryDir links;
-    PreviewRegistry registry;
+    FileQuestions questions;
+    PreviewRegistry registry(questions);
     const auto linked = [&](int step) {
         const QString link = links.filePath(QString::number(step));
         QFile::link(QFileInfo(files.at(step % files.size())).absoluteFilePath(), link);

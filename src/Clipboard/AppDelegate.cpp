@@ -77,8 +77,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_capture = std::make_unique<ClipboardCapture>(*platform.pasteboard, *platform.frontApplication,
                                                    *m_history, *platform.notifications,
                                                    *m_liveSettings, *m_swopState);
-    auto viewController =
-        std::make_unique<ViewController>(*this, *m_swopState, *platform.workspace, *platform.clock);
+    auto viewController = std::make_unique<ViewController>(
+        *this, *m_swopState, *platform.workspace, *platform.fileQuestions, *platform.clock);
     m_windowController =
         std::make_unique<WindowDelegate>(std::move(viewController), *platform.windowSpace,
                                          *platform.frontApplication, *platform.keySender);

@@ -2,9 +2,8 @@
 
 #include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/PreviewFile.h"
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
-#include <QElapsedTimer>
 #include <QMimeType>
 
 #include <array>
@@ -15,7 +14,7 @@
 
 namespace {
 
-constexpr qint64 kMostMilliseconds = 300;
+constexpr std::chrono::milliseconds kMaxTime{300};
 constexpr qint64 kMostClaimed = qint64(1) << 48; ///< Bytes of one entry, so that a sum stays one.
 
 struct Kind
@@ -61,9 +60,9 @@ std::optional<int> filterOf(const QMimeType &type)
 class Reading
 {
 public:
-    Reading(PreviewFile &file, const PreviewStop &stop) : m_file(file), m_stop(stop)
+    Reading(PreviewFile &file, const Patience &patience)
+        : m_file(file), m_patience(patience.atMost(kMaxTime))
     {
-        m_timer.start();
     }
     Reading(const Reading &) = delete;
     Reading &operator=(const Reading &) = delete;
@@ -89,17 +88,17 @@ public:
     /// One of the results of libarchive; `entry` is valid until the next.
     int next(archive_entry **entry)
     {
-        return isDue() ? ARCHIVE_FATAL : archive_read_next_header(m_archive, entry);
+        return m_patience.isOver() ? ARCHIVE_FATAL : archive_read_next_header(m_archive, entry);
     }
 
 private:
-    bool isDue() const { return m_timer.elapsed() > kMostMilliseconds || m_stop.isDue(); }
-
     static la_ssize_t readPart(archive *, void *data, const void **part)
     {
         auto *self = static_cast<Reading *>(data);
         *part = self->m_part.data();
-        return self->isDue() ? -1 : self->m_file.read(self->m_part.data(), self->m_part.size());
+        return self->m_patience.isOver()
+                   ? -1
+                   : self->m_file.read(self->m_part.data(), self->m_part.size());
     }
 
     static la_int64_t seek(archive *, void *data, la_int64_t offset, int whence)
@@ -113,8 +112,7 @@ private:
     }
 
     PreviewFile &m_file;
-    const PreviewStop &m_stop;
-    QElapsedTimer m_timer;
+    const Patience m_patience;
     /// Small, because the time is looked at between two parts, and one may unpack to 100,000 times
     /// its size.
     std::array<char, 4096> m_part;
@@ -144,9 +142,9 @@ bool ArchiveRenderer::accepts(const QMimeType &type) const
 
 std::shared_ptr<const PreviewContent> ArchiveRenderer::read(PreviewFile &file,
                                                             const QMimeType &type, QSize,
-                                                            const PreviewStop &stop) const
+                                                            const Patience &patience) const
 {
-    Reading reading(file, stop);
+    Reading reading(file, patience);
     if (!reading.open(filterOf(type).value_or(ARCHIVE_FILTER_NONE)))
         return nullptr;
     ListCount count;

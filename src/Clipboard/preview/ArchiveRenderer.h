@@ -13,5 +13,5 @@ public:
     bool accepts(const QMimeType &type) const override;
     std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
                                                QSize pixels,
-                                               const PreviewStop &stop) const override;
+                                               const Patience &patience) const override;
 };

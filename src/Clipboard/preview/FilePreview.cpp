@@ -63,7 +63,7 @@ void FilePreview::receive(const PreviewResult &result)
     const int place = m_body && m_body->scrollBar() ? m_body->scrollBar()->value() : 0;
     delete m_body;
     m_content = result.content;
-    m_body = m_content->makeBody(m_registry.threads(), this);
+    m_body = m_content->makeBody(m_registry.questions(), this);
     m_body->setGeometry(rect());
     m_body->setColors(m_colors);
     m_card->hide();

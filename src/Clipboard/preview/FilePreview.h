@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Clipboard/preview/FileWatch.h"
-#include "Clipboard/preview/PreviewThreads.h"
 #include "looks/ClipColors.h"
+#include "platform/FileQuestions.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -60,7 +60,7 @@ private:
     PreviewBody *m_body = nullptr;
     std::shared_ptr<const PreviewContent> m_content; ///< Of `m_body`.
     QSize m_askedPixels;                             ///< Of the latest read.
-    PreviewTicket m_ticket;
+    FileTicket m_ticket;
     QTimer m_patience; ///< Until the card is shown in place of a content that does not come.
     QTimer m_settling; ///< Until a change of the file or of the size has come to rest.
     FileWatch m_watch;

@@ -20,7 +20,7 @@ public:
 
     std::shared_ptr<Descriptor> descriptor() const { return m_descriptor; }
 
-    /// Begins to watch the file and its folder, where it comes back. On a preview thread; again
+    /// Begins to watch the file and its folder, where it comes back. On a helper thread; again
     /// after each change, because there may be another file by that name now. What the system
     /// cannot watch is not.
     static void follow(Descriptor &descriptor);

@@ -2,11 +2,10 @@
 
 #include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/PreviewFile.h"
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
 #include <QCollator>
 #include <QDirIterator>
-#include <QElapsedTimer>
 #include <QLocale>
 #include <QMimeType>
 
@@ -14,17 +13,15 @@
 
 namespace {
 
-constexpr qint64 kMostMilliseconds = 300;
+constexpr std::chrono::milliseconds kMaxTime{300};
 
-ListCount counted(const QString &path, QStringList *names, const PreviewStop &stop)
+ListCount counted(const QString &path, QStringList *names, const Patience &patience)
 {
     ListCount count;
-    QElapsedTimer timer;
-    timer.start();
     int looked = 0;
     const auto isEnough = [&] {
-        count.isWhole = count.isWhole && ++looked <= FolderRenderer::kMostCounted &&
-                        timer.elapsed() < kMostMilliseconds && !stop.isDue();
+        count.isWhole =
+            count.isWhole && ++looked <= FolderRenderer::kMostCounted && !patience.isOver();
         return !count.isWhole;
     };
     constexpr QDir::Filters kAll = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
@@ -67,9 +64,9 @@ bool FolderRenderer::accepts(const QMimeType &type) const
 }
 
 std::shared_ptr<const PreviewContent> FolderRenderer::read(PreviewFile &file, const QMimeType &,
-                                                           QSize, const PreviewStop &stop) const
+                                                           QSize, const Patience &patience) const
 {
     QStringList names;
-    const ListCount count = counted(file.path(), &names, stop);
+    const ListCount count = counted(file.path(), &names, patience.atMost(kMaxTime));
     return std::make_shared<ListContent>(count, firstSorted(std::move(names)));
 }

@@ -78,7 +78,7 @@ bool FontRenderer::accepts(const QMimeType &type) const
 }
 
 std::shared_ptr<const PreviewContent> FontRenderer::read(PreviewFile &file, const QMimeType &,
-                                                         QSize, const PreviewStop &) const
+                                                         QSize, const Patience &) const
 {
     if (file.size() > kMostBytes)
         return nullptr;
@@ -97,7 +97,7 @@ FontContent::FontContent(QString family, std::vector<Line> lines)
 {
 }
 
-PreviewBody *FontContent::makeBody(PreviewThreads &, QWidget *parent) const
+PreviewBody *FontContent::makeBody(FileQuestions &, QWidget *parent) const
 {
     return new FontBody(*this, parent);
 }

@@ -14,7 +14,7 @@ public:
     bool accepts(const QMimeType &type) const override;
     std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
                                                QSize pixels,
-                                               const PreviewStop &stop) const override;
+                                               const Patience &patience) const override;
 };
 
 /// The outlines of a specimen's lines.
@@ -35,7 +35,7 @@ public:
     const std::vector<Line> &lines() const { return m_lines; }
 
     // ^PreviewContent
-    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    PreviewBody *makeBody(FileQuestions &questions, QWidget *parent) const override;
     qint64 byteCount() const override;
 
 private:

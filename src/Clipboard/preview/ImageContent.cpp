@@ -9,7 +9,7 @@ ImageContent::ImageContent(std::vector<Frame> frames, bool isReduced)
 {
 }
 
-PreviewBody *ImageContent::makeBody(PreviewThreads &, QWidget *parent) const
+PreviewBody *ImageContent::makeBody(FileQuestions &, QWidget *parent) const
 {
     return new ImageBody(m_frames, parent);
 }

@@ -22,7 +22,7 @@ public:
     const std::vector<Frame> &frames() const { return m_frames; }
 
     // ^PreviewContent
-    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    PreviewBody *makeBody(FileQuestions &questions, QWidget *parent) const override;
     qint64 byteCount() const override;
     bool dependsOnSize() const override { return m_isReduced; }
 

@@ -2,7 +2,7 @@
 
 #include "Clipboard/preview/ImageContent.h"
 #include "Clipboard/preview/PreviewFile.h"
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
 #include <QImageReader>
 #include <QMimeType>
@@ -42,7 +42,7 @@ bool ImageRenderer::accepts(const QMimeType &type) const
 
 std::shared_ptr<const PreviewContent> ImageRenderer::read(PreviewFile &file, const QMimeType &type,
                                                           QSize pixels,
-                                                          const PreviewStop &stop) const
+                                                          const Patience &patience) const
 {
     const QList<QByteArray> formats = QImageReader::imageFormatsForMimeType(type.name().toLatin1());
     QImageReader reader(&file, formats.value(0));
@@ -68,7 +68,7 @@ std::shared_ptr<const PreviewContent> ImageRenderer::read(PreviewFile &file, con
         const int delay = reader.nextImageDelay();
         frames.push_back({image, delay < kShortestFrame ? kUsualFrame : delay});
     } while (isAnimation && frames.size() < kMostFrames && bytes < kMostAnimationBytes &&
-             !stop.isDue());
+             !patience.isOver());
     if (frames.empty())
         return nullptr;
     return std::make_shared<ImageContent>(std::move(frames), isReduced);

@@ -23,7 +23,7 @@ ListContent::ListContent(const ListCount &count, QStringList entries)
 {
 }
 
-PreviewBody *ListContent::makeBody(PreviewThreads &, QWidget *parent) const
+PreviewBody *ListContent::makeBody(FileQuestions &, QWidget *parent) const
 {
     return new ListBody(*this, parent);
 }

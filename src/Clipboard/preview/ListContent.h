@@ -24,7 +24,7 @@ public:
     const QStringList &entries() const { return m_entries; }
 
     // ^PreviewContent
-    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    PreviewBody *makeBody(FileQuestions &questions, QWidget *parent) const override;
     qint64 byteCount() const override { return m_entries.size() * 256; }
 
 private:

@@ -18,9 +18,9 @@ constexpr qreal kLongestRatio = 8;
 
 } // namespace
 
-PdfBody::PdfBody(const PdfContent &content, PreviewThreads &threads, QWidget *parent)
+PdfBody::PdfBody(const PdfContent &content, FileQuestions &questions, QWidget *parent)
     : PreviewBody(parent), m_path(content.path()), m_pageSizes(content.pageSizes()),
-      m_pageCount(content.pageCount()), m_threads(threads),
+      m_pageCount(content.pageCount()), m_questions(questions),
       m_scrollBar(new QScrollBar(Qt::Vertical, this))
 {
     setAccessibleName(tr("Document of %n pages", nullptr, m_pageCount));
@@ -84,8 +84,8 @@ void PdfBody::readNextInSight()
         if ((drawn != m_pages.end() && drawn->second.width() == pixels) || m_failed.contains(page))
             continue;
         m_isReading = true;
-        m_ticket = m_threads.run([this, path = m_path, page, pixels](const PreviewStop &stop) {
-            return [this, page, image = PdfContent::page(path, page, pixels, stop)] {
+        const auto work = [this, path = m_path, page, pixels](const Patience &patience) {
+            return [this, page, image = PdfContent::page(path, page, pixels, patience)] {
                 m_isReading = false;
                 if (image.isNull())
                     m_failed.insert(page);
@@ -94,7 +94,9 @@ void PdfBody::readNextInSight()
                 update();
                 readNextInSight();
             };
-        });
+        };
+        m_ticket =
+            m_questions.ask(m_path, FileQuestions::Kind::Read, PreviewRenderer::kMaxTime, work);
         return;
     }
 }

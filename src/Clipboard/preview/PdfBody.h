@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Clipboard/preview/PdfRenderer.h"
-#include "Clipboard/preview/PreviewThreads.h"
 #include "looks/ClipColors.h"
+#include "platform/FileQuestions.h"
 
 #include <QPixmap>
 
@@ -18,8 +18,8 @@ class PdfBody : public PreviewBody
     Q_OBJECT
 
 public:
-    /// `threads` must outlive the body.
-    PdfBody(const PdfContent &content, PreviewThreads &threads, QWidget *parent);
+    /// `questions` must outlive the body.
+    PdfBody(const PdfContent &content, FileQuestions &questions, QWidget *parent);
 
     /// Whether the page, counted from 0, is drawn.
     bool isDrawn(int page) const { return m_pages.contains(page); }
@@ -44,11 +44,11 @@ private:
     const QString m_path;
     const std::vector<QSizeF> m_pageSizes;
     const int m_pageCount;
-    PreviewThreads &m_threads;
+    FileQuestions &m_questions;
     std::vector<QRect> m_rects; ///< Of the pages, scrolled to the top.
     std::map<int, QPixmap> m_pages;
     std::set<int> m_failed; ///< Pages that cannot be drawn.
-    PreviewTicket m_ticket; ///< Of the page that is being drawn.
+    FileTicket m_ticket;    ///< Of the page that is being drawn.
     bool m_isReading = false;
     QScrollBar *m_scrollBar;
     ClipColors m_colors;

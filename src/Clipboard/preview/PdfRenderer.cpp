@@ -2,7 +2,7 @@
 
 #include "Clipboard/preview/PdfBody.h"
 #include "Clipboard/preview/PreviewFile.h"
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
 #include <QMimeType>
 #include <QPainter>
@@ -42,13 +42,15 @@ bool PdfRenderer::accepts(const QMimeType &type) const
 }
 
 std::shared_ptr<const PreviewContent> PdfRenderer::read(PreviewFile &file, const QMimeType &,
-                                                        QSize pixels, const PreviewStop &stop) const
+                                                        QSize pixels,
+                                                        const Patience &patience) const
 {
     QPdfDocument document;
     if (!load(document, file))
         return nullptr;
     std::vector<QSizeF> sizes;
-    for (int page = 0; page < std::min(document.pageCount(), kMostPages) && !stop.isDue(); ++page) {
+    for (int page = 0; page < std::min(document.pageCount(), kMostPages) && !patience.isOver();
+         ++page) {
         const QSizeF size = document.pagePointSize(page);
         sizes.push_back(size.isEmpty() ? QSizeF(1, 1) : size);
     }
@@ -64,16 +66,16 @@ PdfContent::PdfContent(QString path, std::vector<QSizeF> pageSizes, int pageCoun
 {
 }
 
-QImage PdfContent::page(const QString &path, int page, int width, const PreviewStop &stop)
+QImage PdfContent::page(const QString &path, int page, int width, const Patience &patience)
 {
-    PreviewFile file(path, stop);
+    PreviewFile file(path, patience);
     QPdfDocument document;
     if (!file.openRegular() || !load(document, file) || page >= document.pageCount())
         return {};
     return rendered(document, page, width);
 }
 
-PreviewBody *PdfContent::makeBody(PreviewThreads &threads, QWidget *parent) const
+PreviewBody *PdfContent::makeBody(FileQuestions &questions, QWidget *parent) const
 {
-    return new PdfBody(*this, threads, parent);
+    return new PdfBody(*this, questions, parent);
 }

@@ -17,7 +17,7 @@ public:
     bool accepts(const QMimeType &type) const override;
     std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
                                                QSize pixels,
-                                               const PreviewStop &stop) const override;
+                                               const Patience &patience) const override;
 };
 
 /// A document's first page and the sizes of its pages.
@@ -34,11 +34,11 @@ public:
     const QImage &first() const { return m_first; }
 
     /// The page of the document at `path` in `width` pixels, read anew; null when it cannot be.
-    /// On a preview thread.
-    static QImage page(const QString &path, int page, int width, const PreviewStop &stop);
+    /// On a helper thread.
+    static QImage page(const QString &path, int page, int width, const Patience &patience);
 
     // ^PreviewContent
-    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    PreviewBody *makeBody(FileQuestions &questions, QWidget *parent) const override;
     qint64 byteCount() const override { return m_first.sizeInBytes(); }
 
 private:

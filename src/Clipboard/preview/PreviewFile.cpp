@@ -1,6 +1,6 @@
 #include "Clipboard/preview/PreviewFile.h"
 
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
 #include <QFile>
 
@@ -11,8 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-PreviewFile::PreviewFile(QString path, const PreviewStop &stop)
-    : m_path(std::move(path)), m_stop(stop)
+PreviewFile::PreviewFile(QString path, const Patience &patience)
+    : m_path(std::move(path)), m_patience(patience)
 {
 }
 
@@ -46,7 +46,7 @@ qint64 PreviewFile::readData(char *data, qint64 maxSize)
     constexpr qint64 kPart = 1 << 20;
     qint64 done = 0;
     while (done < maxSize) {
-        if (m_bytesLeft <= 0 || m_stop.isDue())
+        if (m_bytesLeft <= 0 || m_patience.isOver())
             return -1;
         const qint64 wanted = std::min({maxSize - done, m_bytesLeft, kPart});
         const ssize_t got =

@@ -2,7 +2,7 @@
 
 #include <QIODevice>
 
-class PreviewStop;
+class Patience;
 
 /// A regular file opened for a preview. Reading it never waits for a writer, changes nothing, and
 /// fails once the preview is no longer wanted, its time is up or its bytes are used up; a library
@@ -12,8 +12,8 @@ class PreviewFile : public QIODevice
     Q_OBJECT
 
 public:
-    /// `stop` must outlive the file.
-    PreviewFile(QString path, const PreviewStop &stop);
+    /// `patience` must outlive the file.
+    PreviewFile(QString path, const Patience &patience);
     ~PreviewFile() override;
 
     /// Opens the file. False for anything but a regular file with content that may be read.
@@ -36,7 +36,7 @@ private:
     static constexpr qint64 kMostBytes = 256 << 20;
 
     const QString m_path;
-    const PreviewStop &m_stop;
+    const Patience &m_patience;
     int m_descriptor = -1;
     qint64 m_size = 0;
     qint64 m_bytesLeft = kMostBytes;

@@ -18,7 +18,7 @@
 
 #include <malloc.h>
 
-PreviewRegistry::PreviewRegistry()
+PreviewRegistry::PreviewRegistry(FileQuestions &questions) : m_questions(questions)
 {
     // The first that accepts a type and can read the file shows it, so the special come before the
     // general: an SVG picture is a text as well, and so are some office documents.
@@ -41,39 +41,41 @@ FilePreview *PreviewRegistry::makeView(const QString &path, QWidget *parent)
     return new FilePreview(*this, path, parent);
 }
 
-PreviewTicket PreviewRegistry::ask(const QString &path, QSize pixels,
-                                   std::function<void(const PreviewResult &)> receive,
-                                   std::shared_ptr<FileWatch::Descriptor> watch)
+FileTicket PreviewRegistry::ask(const QString &path, QSize pixels,
+                                std::function<void(const PreviewResult &)> receive,
+                                std::shared_ptr<FileWatch::Descriptor> watch)
 {
-    return m_threads.run([this, renderers = m_renderers, path, pixels, known = kept(path),
-                          receive = std::move(receive),
-                          watch = std::move(watch)](const PreviewStop &stop) {
+    auto work = [this, renderers = m_renderers, path, pixels, known = kept(path),
+                 receive = std::move(receive), watch = std::move(watch)](const Patience &patience) {
         if (watch)
             FileWatch::follow(*watch);
-        PreviewResult result = read(*renderers, path, pixels, known, stop);
+        PreviewResult result = read(*renderers, path, pixels, known, patience);
         return [this, path, pixels, receive, result = std::move(result)] {
             if (result.content)
                 keep({path, pixels, result});
             receive(result);
         };
-    });
+    };
+    return m_questions.ask(path, FileQuestions::Kind::Read, PreviewRenderer::kMaxTime,
+                           std::move(work));
 }
 
 void PreviewRegistry::forget()
 {
     m_kept.clear();
     // What the threads have freed would else stay with the process, ready for the next of them.
-    m_trimming = m_threads.run([](const PreviewStop &) {
-        ::malloc_trim(0);
-        return PreviewThreads::Delivery();
-    });
+    m_trimming = m_questions.ask(QString(), FileQuestions::Kind::Read, PreviewRenderer::kMaxTime,
+                                 [](const Patience &) {
+                                     ::malloc_trim(0);
+                                     return FileQuestions::Delivery();
+                                 });
 }
 
 PreviewResult PreviewRegistry::read(const Renderers &renderers, const QString &path, QSize pixels,
-                                    const std::optional<Kept> &kept, const PreviewStop &stop)
+                                    const std::optional<Kept> &kept, const Patience &patience)
 {
     PreviewResult result;
-    PreviewFile file(path, stop);
+    PreviewFile file(path, patience);
     QMimeType type;
     result.facts = FileFacts::read(file, &type);
     if (!result.facts || (!result.facts->isFolder && !file.isOpen()))
@@ -83,12 +85,12 @@ PreviewResult PreviewRegistry::read(const Renderers &renderers, const QString &p
         result.content = kept->result.content;
         return result;
     }
-    result.content = contentAs(type, renderers, file, pixels, stop);
+    result.content = contentAs(type, renderers, file, pixels, patience);
     if (!result.content && file.isOpen()) {
         // Many a picture is named as one of another kind.
         const QMimeType told = FileFacts::typeByContent(file);
         if (told != type)
-            result.content = contentAs(told, renderers, file, pixels, stop);
+            result.content = contentAs(told, renderers, file, pixels, patience);
     }
     return result;
 }
@@ -96,14 +98,14 @@ PreviewResult PreviewRegistry::read(const Renderers &renderers, const QString &p
 std::shared_ptr<const PreviewContent> PreviewRegistry::contentAs(const QMimeType &type,
                                                                  const Renderers &renderers,
                                                                  PreviewFile &file, QSize pixels,
-                                                                 const PreviewStop &stop)
+                                                                 const Patience &patience)
 {
     for (const auto &renderer : renderers) {
-        if (!renderer->accepts(type) || stop.isDue())
+        if (!renderer->accepts(type) || patience.isOver())
             continue;
         if (file.isOpen())
             file.seek(0);
-        if (auto content = renderer->read(file, type, pixels, stop))
+        if (auto content = renderer->read(file, type, pixels, patience))
             return content;
     }
     return nullptr;

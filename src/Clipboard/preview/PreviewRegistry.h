@@ -2,7 +2,7 @@
 
 #include "Clipboard/preview/FileFacts.h"
 #include "Clipboard/preview/FileWatch.h"
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
 #include <QSize>
 
@@ -32,24 +32,25 @@ public:
     static constexpr size_t kMostKept = 32;
     static constexpr qint64 kMostKeptBytes = 96 << 20;
 
-    PreviewRegistry();
+    /// `questions` must outlive the registry.
+    explicit PreviewRegistry(FileQuestions &questions);
     ~PreviewRegistry();
 
     /// An empty view for the file at `path`, a child of `parent`. The file itself is not touched
     /// before the view's refresh().
     FilePreview *makeView(const QString &path, QWidget *parent);
 
-    /// Reads the file for a view of `pixels` on a preview thread and hands the result to `receive`
+    /// Reads the file for a view of `pixels` on a helper thread and hands the result to `receive`
     /// on the main thread, while the ticket is held. A file system that hangs never answers. The
     /// file is followed by `watch`, unless null, from before it is read.
-    [[nodiscard]] PreviewTicket ask(const QString &path, QSize pixels,
-                                    std::function<void(const PreviewResult &)> receive,
-                                    std::shared_ptr<FileWatch::Descriptor> watch = nullptr);
+    [[nodiscard]] FileTicket ask(const QString &path, QSize pixels,
+                                 std::function<void(const PreviewResult &)> receive,
+                                 std::shared_ptr<FileWatch::Descriptor> watch = nullptr);
 
     /// Lets go of the results that are kept, and of their memory.
     void forget();
 
-    PreviewThreads &threads() { return m_threads; }
+    FileQuestions &questions() const { return m_questions; }
 
     /// Number of results kept.
     size_t keptCount() const { return m_kept.size(); }
@@ -64,16 +65,16 @@ private:
     };
 
     static PreviewResult read(const Renderers &renderers, const QString &path, QSize pixels,
-                              const std::optional<Kept> &kept, const PreviewStop &stop);
+                              const std::optional<Kept> &kept, const Patience &patience);
     static std::shared_ptr<const PreviewContent> contentAs(const QMimeType &type,
                                                            const Renderers &renderers,
                                                            PreviewFile &file, QSize pixels,
-                                                           const PreviewStop &stop);
+                                                           const Patience &patience);
     std::optional<Kept> kept(const QString &path) const;
     void keep(Kept fresh);
 
+    FileQuestions &m_questions;
     std::shared_ptr<const Renderers> m_renderers; ///< Shared with threads that hang.
     std::list<Kept> m_kept;                       ///< The latest first.
-    PreviewThreads m_threads;
-    PreviewTicket m_trimming;
+    FileTicket m_trimming;
 };

@@ -4,11 +4,12 @@
 #include <QString>
 #include <QWidget>
 
+#include <chrono>
 #include <memory>
 
 class PreviewFile;
-class PreviewStop;
-class PreviewThreads;
+class Patience;
+class FileQuestions;
 class QMimeType;
 class QScrollBar;
 struct ClipColors;
@@ -37,7 +38,7 @@ protected:
     }
 };
 
-/// What was read of a file, ready to be shown. Made on a preview thread, immutable from then on,
+/// What was read of a file, ready to be shown. Made on a helper thread, immutable from then on,
 /// and kept for when the file is looked at again.
 class PreviewContent
 {
@@ -48,8 +49,8 @@ public:
     virtual ~PreviewContent() = default;
 
     /// A widget that shows it, a child of `parent`; on the main thread, within a frame. What it
-    /// still has to read it reads on `threads`.
-    virtual PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const = 0;
+    /// still has to read it asks `questions` for.
+    virtual PreviewBody *makeBody(FileQuestions &questions, QWidget *parent) const = 0;
 
     /// Bytes of memory it holds, roughly.
     virtual qint64 byteCount() const = 0;
@@ -63,6 +64,9 @@ public:
 class PreviewRenderer
 {
 public:
+    /// For which a read is waited for.
+    static constexpr std::chrono::milliseconds kMaxTime{2000};
+
     PreviewRenderer() = default;
     PreviewRenderer(const PreviewRenderer &) = delete;
     PreviewRenderer &operator=(const PreviewRenderer &) = delete;
@@ -70,9 +74,10 @@ public:
 
     virtual bool accepts(const QMimeType &type) const = 0;
 
-    /// Reads what a view of `pixels` needs, on a preview thread; none when the file is not what its
+    /// Reads what a view of `pixels` needs, on a helper thread; none when the file is not what its
     /// type says, or too much. `file` is open at its beginning, but for folders, which it only
-    /// names. A read that takes long asks `stop` now and then.
-    virtual std::shared_ptr<const PreviewContent>
-    read(PreviewFile &file, const QMimeType &type, QSize pixels, const PreviewStop &stop) const = 0;
+    /// names. A read that takes long asks `patience` now and then.
+    virtual std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
+                                                       QSize pixels,
+                                                       const Patience &patience) const = 0;
 };

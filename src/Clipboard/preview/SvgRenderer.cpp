@@ -115,7 +115,7 @@ bool SvgRenderer::accepts(const QMimeType &type) const
 }
 
 std::shared_ptr<const PreviewContent> SvgRenderer::read(PreviewFile &file, const QMimeType &,
-                                                        QSize pixels, const PreviewStop &) const
+                                                        QSize pixels, const Patience &) const
 {
     if (file.size() > kMostBytes)
         return nullptr;

@@ -14,7 +14,7 @@ public:
     bool accepts(const QMimeType &type) const override;
     std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
                                                QSize pixels,
-                                               const PreviewStop &stop) const override;
+                                               const Patience &patience) const override;
 
     /// The drawing without what refers to other files, which it must not make us read. None when
     /// it is not well-formed, or when elements that repeat others make it grow beyond all bounds.

@@ -134,7 +134,7 @@ std::optional<QString> TextRenderer::decoded(const QByteArray &bytes)
 }
 
 std::shared_ptr<const PreviewContent> TextRenderer::read(PreviewFile &file, const QMimeType &type,
-                                                         QSize, const PreviewStop &) const
+                                                         QSize, const Patience &) const
 {
     const QByteArray bytes = file.read(kMostBytes);
     std::optional<QString> text = decoded(bytes);
@@ -159,7 +159,7 @@ TextContent::TextContent(QString text, Form form, bool isCut)
 {
 }
 
-PreviewBody *TextContent::makeBody(PreviewThreads &, QWidget *parent) const
+PreviewBody *TextContent::makeBody(FileQuestions &, QWidget *parent) const
 {
     return new TextBody(*this, parent);
 }

@@ -19,7 +19,7 @@ public:
     bool accepts(const QMimeType &type) const override;
     std::shared_ptr<const PreviewContent> read(PreviewFile &file, const QMimeType &type,
                                                QSize pixels,
-                                               const PreviewStop &stop) const override;
+                                               const Patience &patience) const override;
 
     /// The text that `bytes`, the beginning of a file, hold; none when they are no text.
     static std::optional<QString> decoded(const QByteArray &bytes);
@@ -43,7 +43,7 @@ public:
     bool isCut() const { return m_isCut; }
 
     // ^PreviewContent
-    PreviewBody *makeBody(PreviewThreads &threads, QWidget *parent) const override;
+    PreviewBody *makeBody(FileQuestions &questions, QWidget *parent) const override;
     qint64 byteCount() const override { return m_text.size() * qint64(sizeof(QChar)); }
 
 private:

@@ -41,7 +41,7 @@ bool ThumbnailRenderer::accepts(const QMimeType &type) const
 }
 
 std::shared_ptr<const PreviewContent> ThumbnailRenderer::read(PreviewFile &file, const QMimeType &,
-                                                              QSize, const PreviewStop &stop) const
+                                                              QSize, const Patience &patience) const
 {
     constexpr qint64 kMostBytes = 8 << 20;
     constexpr int kMostExtent = 1024; ///< Of the largest kind of thumbnail.
@@ -52,7 +52,7 @@ std::shared_ptr<const PreviewContent> ThumbnailRenderer::read(PreviewFile &file,
         for (const QByteArray &name : namesOf(file.path())) {
             PreviewFile thumbnail(QStringLiteral("%1/thumbnails/%2/%3.png")
                                       .arg(cache, QLatin1String(size), QLatin1String(name)),
-                                  stop);
+                                  patience);
             if (!thumbnail.openRegular())
                 continue;
             thumbnail.setByteLimit(kMostBytes);

@@ -24,8 +24,8 @@ bool isTyping(const QKeyEvent &event)
 
 } // namespace
 
-ClipTableView::ClipTableView(QWidget *parent)
-    : QTableView(parent), m_folders([this] { viewport()->update(); })
+ClipTableView::ClipTableView(FileQuestions &questions, QWidget *parent)
+    : QTableView(parent), m_folders(questions, [this] { viewport()->update(); })
 {
     setObjectName(QStringLiteral("clipTableView"));
     setAccessibleName(tr("Clips"));

@@ -21,7 +21,8 @@ class ClipTableView : public QTableView
     Q_OBJECT
 
 public:
-    explicit ClipTableView(QWidget *parent = nullptr);
+    /// `questions` must outlive the view.
+    ClipTableView(FileQuestions &questions, QWidget *parent);
     ~ClipTableView() override;
 
     /// The controller stands in for the platform's data source and delegate, and must outlive the

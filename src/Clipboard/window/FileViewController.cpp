@@ -26,9 +26,10 @@ constexpr std::chrono::seconds kForgetAfter{30};
 
 } // namespace
 
-FileViewController::FileViewController(HistoryActions &appDelegate, Workspace &workspace)
+FileViewController::FileViewController(HistoryActions &appDelegate, Workspace &workspace,
+                                       FileQuestions &questions)
     : m_appDelegate(appDelegate), m_workspace(workspace),
-      m_registry(std::make_unique<PreviewRegistry>()), m_view(std::make_unique<QWidget>()),
+      m_registry(std::make_unique<PreviewRegistry>(questions)), m_view(std::make_unique<QWidget>()),
       m_filepathLabel(new PathLabel(view())), m_separatorLine(new QFrame(view())),
       m_openButton(new PaneButton(tr("Open"), view())),
       m_revealInFinderButton(new PaneButton(tr("Reveal in File Manager"), view())),
@@ -68,9 +69,9 @@ void FileViewController::setPreviewItem(const QString &path)
     delete m_previewView;
     m_previewView = fresh;
     m_previewView->show();
-    // While a read hangs, only files that have answered are read, so that no further thread is
-    // lost.
-    if (!m_registry->threads().isHanging())
+    // While their file system hangs, only files that have answered are read, so that no further
+    // thread is lost.
+    if (!m_registry->questions().isHanging(path))
         m_previewView->refresh();
     m_filepathLabel->setPath(path);
 

@@ -11,6 +11,7 @@
 #include <memory>
 
 class FilePreview;
+class FileQuestions;
 class HistoryActions;
 class PaneButton;
 class PathLabel;
@@ -27,8 +28,8 @@ class FileViewController : public QObject
     Q_OBJECT
 
 public:
-    /// Both must outlive the controller.
-    FileViewController(HistoryActions &appDelegate, Workspace &workspace);
+    /// All must outlive the controller.
+    FileViewController(HistoryActions &appDelegate, Workspace &workspace, FileQuestions &questions);
     ~FileViewController() override;
 
     /// The whole pane. May be put into another widget, which must outlive this object.

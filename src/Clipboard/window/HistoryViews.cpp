@@ -24,12 +24,12 @@ constexpr int kFooterPadding = 8;
 
 } // namespace
 
-HistoryViews::HistoryViews(Clock &clock)
+HistoryViews::HistoryViews(Clock &clock, FileQuestions &questions)
     : mainView(std::make_unique<ClipboardView>()), searchTextField(new SearchField(mainView.get())),
       noticeLine(new NoticeLine(mainView.get())),
       splitView(new QSplitter(Qt::Horizontal, mainView.get())), tableViewView(new QWidget),
-      clipTableView(new ClipTableView(tableViewView)), textFieldView(new PreviewPane(clock)),
-      footer(makeWrappedLabel({}, mainView.get())),
+      clipTableView(new ClipTableView(questions, tableViewView)),
+      textFieldView(new PreviewPane(clock)), footer(makeWrappedLabel({}, mainView.get())),
       emptyStateView(new EmptyStateView(mainView.get()))
 {
     auto *listColumn = new QVBoxLayout(tableViewView);

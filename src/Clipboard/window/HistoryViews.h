@@ -8,6 +8,7 @@ class ClipTableView;
 class ClipboardView;
 class Clock;
 class EmptyStateView;
+class FileQuestions;
 class NoticeLine;
 class PreviewPane;
 class QLabel;
@@ -23,7 +24,7 @@ struct HistoryViews
     static constexpr int kDividerWidth = 1; ///< Points.
 
     /// `clock` must outlive the views.
-    explicit HistoryViews(Clock &clock);
+    HistoryViews(Clock &clock, FileQuestions &questions);
     ~HistoryViews();
 
     void setColors(const ClipColors &colors);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/PreviewThreads.h"
+#include "platform/FileQuestions.h"
 
 #include <QString>
 
@@ -14,7 +14,8 @@ class ListedFolders
 {
 public:
     /// `found` is called when a file of which contains() was asked has turned out to be a folder.
-    explicit ListedFolders(std::function<void()> found);
+    /// `questions` must outlive the object.
+    ListedFolders(FileQuestions &questions, std::function<void()> found);
 
     /// Whether the file at `path` is known to be a folder. The first time it is not: that asks.
     bool contains(const QString &path);
@@ -25,11 +26,11 @@ public:
 private:
     struct Asked
     {
-        PreviewTicket ticket;
+        FileTicket ticket;
         bool isFolder = false;
     };
 
+    FileQuestions &m_questions;
     const std::function<void()> m_found;
     std::map<QString, Asked> m_asked;
-    PreviewThreads m_threads;
 };

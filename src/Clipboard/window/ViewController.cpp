@@ -24,9 +24,9 @@
 #include <algorithm>
 
 ViewController::ViewController(HistoryActions &appDelegate, const SwopState &swopState,
-                               Workspace &workspace, Clock &clock)
-    : m_appDelegate(appDelegate), m_swopState(swopState), m_views(clock),
-      m_fileViewController(std::make_unique<FileViewController>(appDelegate, workspace))
+                               Workspace &workspace, FileQuestions &questions, Clock &clock)
+    : m_appDelegate(appDelegate), m_swopState(swopState), m_views(clock, questions),
+      m_fileViewController(std::make_unique<FileViewController>(appDelegate, workspace, questions))
 {
     viewDidLoad();
 }

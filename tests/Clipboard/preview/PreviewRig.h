@@ -30,7 +30,7 @@ protected:
     PreviewResult read(const QString &path, QSize pixels = QSize(512, 512))
     {
         std::optional<PreviewResult> got;
-        const PreviewTicket ticket =
+        const FileTicket ticket =
             registry.ask(path, pixels, [&got](const PreviewResult &result) { got = result; });
         EXPECT_TRUE(QTest::qWaitFor([&got] { return got.has_value(); }, kBoundMs))
             << path.toStdString();
@@ -48,5 +48,6 @@ protected:
     static constexpr int kBoundMs = 8000;
 
     QTemporaryDir folder;
-    PreviewRegistry registry;
+    FileQuestions questions;
+    PreviewRegistry registry{questions};
 };

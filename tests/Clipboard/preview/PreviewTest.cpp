@@ -164,7 +164,7 @@ TEST_F(PreviewTest, markdownAndPagesAreShownAsTheyRead)
 {
     const auto notes = readAs<TextContent>(sample("notes.md"));
     ASSERT_TRUE(notes);
-    const std::unique_ptr<PreviewBody> body(notes->makeBody(registry.threads(), nullptr));
+    const std::unique_ptr<PreviewBody> body(notes->makeBody(questions, nullptr));
     const QString read = qobject_cast<TextBody *>(body.get())->plainText();
     EXPECT_TRUE(read.contains(QStringLiteral("Some emphasis and code."))) << read.toStdString();
     EXPECT_FALSE(read.contains(u'#'));
@@ -194,7 +194,7 @@ TEST_F(PreviewTest, tagsInMarkdownTakeNothingWithThem)
     };
     for (const auto &row : kTable) {
         const TextContent content(QString::fromUtf8(row.text), TextContent::Form::Markdown, false);
-        const std::unique_ptr<PreviewBody> body(content.makeBody(registry.threads(), nullptr));
+        const std::unique_ptr<PreviewBody> body(content.makeBody(questions, nullptr));
         EXPECT_EQ(qobject_cast<TextBody *>(body.get())->plainText().trimmed().toStdString(),
                   row.shown);
     }

@@ -121,7 +121,8 @@ TEST_F(FileViewControllerTest, theListFindsOutWhichFilesAreFolders)
 {
     const QString file = addFile(QStringLiteral("there"));
     int found = 0;
-    ListedFolders folders([&found] { ++found; });
+    FileQuestions questions;
+    ListedFolders folders(questions, [&found] { ++found; });
     for (const QString &path : {folder.path(), file, QStringLiteral("/nowhere")})
         EXPECT_FALSE(folders.contains(path)) << "not before the answer";
     EXPECT_TRUE(QTest::qWaitFor([&] { return folders.contains(folder.path()); }));

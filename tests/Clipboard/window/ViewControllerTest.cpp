@@ -349,7 +349,8 @@ TEST(ViewControllerAlone, asksForWhatItsUserDoes)
     MemoryPlatform memory;
     TestActions actions;
     const SwopState swopState;
-    ViewController controller(actions, swopState, memory.workspace, memory.clock);
+    ViewController controller(actions, swopState, memory.workspace, *memory.platform.fileQuestions,
+                              memory.clock);
     controller.viewDidAppear();
     EXPECT_TRUE(controller.mainView()->findChild<NoticeLine *>()->text().contains(
         QStringLiteral("cannot be written")));
