@@ -10,7 +10,8 @@ import traceback
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "support")]
-from known import APPLICATIONS, COLUMNS, NOTES  # noqa: E402
+from application import COLUMNS, NOTES  # noqa: E402
+from known import APPLICATIONS  # noqa: E402
 from trial import Trial  # noqa: E402
 
 GOOD = "✓"
@@ -39,7 +40,9 @@ went wrong.
 - **swop**: the selection and a clip have changed places.
 
 What is in the document afterwards is read from the file that the application saves, or from its
-own copy by another program.
+own copy by another program. The versions are those of Debian's packages. GVim and Emacs run without
+a configuration; the rows with "beside" are mousepad next to another program that has a part in the
+clipboard.
 
 """
 

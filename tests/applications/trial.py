@@ -57,6 +57,10 @@ class Trial:
         window = self.tell("xdotool", "getactivewindow")
         return window, self.tell("xprop", "-id", window, "WM_CLASS") if window else ""
 
+    def title(self):
+        """Of the window in front."""
+        return self.tell("xdotool", "getactivewindow", "getwindowname")
+
     def wait_for(self, condition, what, seconds=SOON):
         return self.desktop.wait_for(condition, what, seconds)
 
