@@ -209,8 +209,8 @@ void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
     if (std::find(shown.begin(), shown.end(), item) == shown.end() || refusesChange())
         return;
     // By value: the argument may be an element of the list.
-    const std::shared_ptr<ClipItem> deleted(
-        item); // NOLINT(performance-unnecessary-copy-initialization)
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const std::shared_ptr<ClipItem> deleted(item);
     std::erase(m_history, deleted);
     std::erase(m_found, deleted);
     forget(deleted);
