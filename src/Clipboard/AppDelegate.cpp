@@ -48,8 +48,10 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
 {
     GlobalShortcuts::connect(*platform.keyboardLayout, *platform.hotKeys, *platform.symbolicHotKeys,
                              *platform.settings, [self = QPointer(this)] {
-                                 const StatusMenu *menu = self ? self->m_statusMenu.get() : nullptr;
-                                 return menu ? menu->model() : MenuModel();
+                                 const AppDelegate *delegate = self;
+                                 return delegate && delegate->m_statusMenu
+                                            ? delegate->m_statusMenu->model()
+                                            : MenuModel();
                              });
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(
         *platform.settings, *platform.installedApplications, *platform.workspace);
