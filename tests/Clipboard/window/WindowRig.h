@@ -25,7 +25,12 @@ protected:
     void add(const QString &text, const std::optional<QString> &path = {})
     {
         memory.clock.advance(std::chrono::seconds(1));
-        delegate.history().addToClipList({text, {}, QStringLiteral("Editor"), path});
+        Clip clip;
+        clip.text = text;
+        clip.applicationName = QStringLiteral("Editor");
+        if (path)
+            clip.fileNames.append(*path);
+        delegate.history().addToClipList(clip);
     }
 
     /// Records the texts, the last of them newest.

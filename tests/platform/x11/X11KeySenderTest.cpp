@@ -195,8 +195,9 @@ TEST_P(InApplication, theKeysItTakesAreTyped)
     EXPECT_EQ(target.takeSymbols(), QLatin1String(known.typed));
     EXPECT_EQ(m_primary.value(0).replace(QString::number(target.id()), QStringLiteral("taken")),
               QLatin1String(known.primary));
-    if (known.outcome == Outcome::Sent)
+    if (known.outcome == Outcome::Sent) {
         EXPECT_EQ(m_pastedInto == target.id(), known.command != Command::Copy);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
