@@ -70,7 +70,8 @@ void X11EventThread::loop()
     while (!m_connection.isBroken()) {
         // Both, always: a reply that a task waited for may have brought events along, for which
         // the descriptor will not wake us again.
-        bool hasWorked = runTasks() | handleEvents();
+        const bool hadTasks = runTasks();
+        bool hasWorked = handleEvents() || hadTasks;
         {
             const MutexLock lock(m_mutex);
             if (m_isEnding && m_tasks.empty())
