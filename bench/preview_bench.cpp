@@ -23,7 +23,7 @@
 namespace {
 
 constexpr int kRuns = 15;
-constexpr qint64 kMostMilliseconds = 5000;
+constexpr qint64 kMaxMilliseconds = 5000;
 
 /// The longest that the main thread was away from its loop, in milliseconds.
 class Stall
@@ -42,12 +42,12 @@ public:
         m_longest = std::max(m_longest, double(m_sinceTick.nsecsElapsed()) / 1e6);
         m_sinceTick.start();
         const double work = ownWork();
-        m_mostWork = std::max(m_mostWork, work - m_workBefore);
+        m_maxWork = std::max(m_maxWork, work - m_workBefore);
         m_workBefore = work;
     }
 
     double longest() const { return m_longest; }
-    double mostWork() const { return m_mostWork; }
+    double maxWork() const { return m_maxWork; }
 
 private:
     static double ownWork()
@@ -61,7 +61,7 @@ private:
     QElapsedTimer m_sinceTick;
     double m_longest = 0;
     double m_workBefore = ownWork();
-    double m_mostWork = 0;
+    double m_maxWork = 0;
 };
 
 using Runs = std::array<double, kRuns>;
@@ -89,14 +89,14 @@ void measure(const QString &path)
         view.resize(520, 400);
         view.show();
         view.refresh();
-        while (!view.body() && whole.elapsed() < kMostMilliseconds)
+        while (!view.body() && whole.elapsed() < kMaxMilliseconds)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         view.grab();
         shown[run] = double(whole.nsecsElapsed()) / 1e6;
         stall.note();
         hasBody = view.body();
         stalls[run] = stall.longest();
-        work[run] = stall.mostWork();
+        work[run] = stall.maxWork();
     }
     std::printf("%s%s\n", qPrintable(path), hasBody ? "" : " (card only)");
     print("shown", shown);
@@ -124,7 +124,7 @@ void show(PreviewRegistry &registry, const QString &path)
     view.refresh();
     QElapsedTimer whole;
     whole.start();
-    while (!view.body() && whole.elapsed() < kMostMilliseconds)
+    while (!view.body() && whole.elapsed() < kMaxMilliseconds)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     view.grab();
 }

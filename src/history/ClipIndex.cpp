@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr qint64 kLongestFolded = 1024 * 1024;  // bytes of one text
+constexpr qint64 kMaxFolded = 1024 * 1024;      // bytes of one text
 constexpr qint64 kAllFolded = 32 * 1024 * 1024; // bytes of all texts
 constexpr qsizetype kHashedBytes = 4 * 1024;    // of a text's beginning
 constexpr int kItemsBetweenLooks = 32;
@@ -61,13 +61,13 @@ void ClipIndex::read(ClipItem &item)
     // Deleted or met again since it was put into the queue.
     if (!item.m_context || item.m_text != ClipItem::Text::Unknown)
         return;
-    const std::optional<ClipStore::TextStart> start = m_context.textStart(item, kLongestFolded);
+    const std::optional<ClipStore::TextStart> start = m_context.textStart(item, kMaxFolded);
     if (!start) {
         item.m_text = ClipItem::Text::None;
         return;
     }
     item.m_textHash = hashOfStart(start->bytes, start->size);
-    if (start->size > kLongestFolded)
+    if (start->size > kMaxFolded)
         item.m_text = ClipItem::Text::InStore;
     else
         keepFolded(item, start->bytes);
@@ -77,7 +77,7 @@ void ClipIndex::add(ClipItem &item, const QString &text)
 {
     const QByteArray utf8 = text.toUtf8();
     item.m_textHash = hashOf(utf8);
-    if (utf8.size() > kLongestFolded)
+    if (utf8.size() > kMaxFolded)
         item.m_text = ClipItem::Text::InStore;
     else
         keepFolded(item, utf8);

@@ -82,9 +82,9 @@ void ClipboardCapture::tellLargestUsefulText()
     const qint64 bytes = m_swopState.performSwop()
                              ? std::numeric_limits<qint64>::max()
                              : std::max<qint64>(m_settings.getMaxStringSize(), 0);
-    if (bytes == m_toldLargestText)
+    if (bytes == m_maxTextSet)
         return;
-    m_toldLargestText = bytes;
+    m_maxTextSet = bytes;
     m_pasteboard.setLargestUsefulText(bytes);
 }
 

@@ -72,7 +72,7 @@ private:
     CaptureSettings &m_settings;
     SwopState &m_swopState;
     qint64 m_previousChangeCount = 0;
-    qint64 m_toldLargestText = -1; ///< Bytes; -1 before the pasteboard was told any.
+    qint64 m_maxTextSet = -1; ///< Bytes; -1 before the pasteboard was told any.
     bool m_hasBegun = false;
     bool m_isPaused = false;
     qint64 m_pauseBegan = 0; ///< Change count, as the two below.

@@ -105,8 +105,8 @@ std::unique_ptr<SQLite::Database> open(const QByteArray &path)
     struct stat status = {};
     if (::stat(path.constData(), &status) == 0) {
         // SQLite would take a file of one byte for an empty database and write over it.
-        constexpr off_t kSmallestDatabase = 512;
-        if (!S_ISREG(status.st_mode) || (status.st_size > 0 && status.st_size < kSmallestDatabase))
+        constexpr off_t kMinDatabase = 512;
+        if (!S_ISREG(status.st_mode) || (status.st_size > 0 && status.st_size < kMinDatabase))
             throw SQLite::Exception("it is not a database", SQLITE_NOTADB);
     }
     std::unique_ptr<SQLite::Database> database = connectTo(path);

@@ -69,7 +69,7 @@ QColor readableWith(const QColor &other, QColor color)
     if (color.lightness() == 0)
         color.setHsl(color.hslHue(), color.hslSaturation(), 1);
     for (int step = 0; step < 120; ++step) {
-        if (ClipColors::contrast(color, other) >= ClipColors::kLeastContrast)
+        if (ClipColors::contrast(color, other) >= ClipColors::kMinContrast)
             break;
         color = darkens ? color.darker(kStep) : color.lighter(kStep);
     }
@@ -79,11 +79,11 @@ QColor readableWith(const QColor &other, QColor color)
 /// Absent when the colour is merely what the style has brought along.
 std::optional<QColor> chosenHighlight(const QPalette &palette)
 {
-    const QColor told = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
     const QStyle *style = QApplication::style();
-    if (style && told == style->standardPalette().color(QPalette::Active, QPalette::Highlight))
+    if (style && highlight == style->standardPalette().color(QPalette::Active, QPalette::Highlight))
         return std::nullopt;
-    return told;
+    return highlight;
 }
 
 } // namespace

@@ -37,7 +37,7 @@ struct ClipColors
     static bool isDarkPalette(const QPalette &palette);
 
     /// The least contrast of text to what lies behind it.
-    static constexpr double kLeastContrast = 4.5;
+    static constexpr double kMinContrast = 4.5;
     /// From 1 (none) to 21 (black on white), by relative luminance.
     static double contrast(const QColor &first, const QColor &second);
 };

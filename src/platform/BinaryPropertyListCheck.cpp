@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr int kDeepest = 128;
-constexpr quint64 kMostReferences = 500'000;
-constexpr quint64 kLargestExpansion = 64 * 1024 * 1024;
+constexpr int kMaxDepth = 128;
+constexpr quint64 kMaxReferences = 500'000;
+constexpr quint64 kMaxExpansion = 64 * 1024 * 1024;
 /// What one node costs in memory, roughly.
 constexpr quint64 kNodeCost = 128;
 constexpr quint64 kTrailerSize = 32;
@@ -115,13 +115,13 @@ std::optional<quint64> Walk::costOfReferences(quint64 begin, quint64 count, int 
         return std::nullopt;
     quint64 total = kNodeCost;
     for (quint64 i = 0; i < count; ++i) {
-        if (++m_references > kMostReferences)
+        if (++m_references > kMaxReferences)
             return std::nullopt;
         const auto cost = costOf(number(begin + i * m_referenceSize, m_referenceSize), depth + 1);
         if (!cost)
             return std::nullopt;
         total += *cost;
-        if (total > kLargestExpansion)
+        if (total > kMaxExpansion)
             return std::nullopt;
     }
     return total;
@@ -164,7 +164,7 @@ std::optional<quint64> Walk::measure(quint64 offset, int depth)
     case 0xA:
         return costOfReferences(counted->begin, counted->count, depth);
     case 0xD:
-        if (counted->count > kMostReferences)
+        if (counted->count > kMaxReferences)
             return std::nullopt;
         return costOfReferences(counted->begin, counted->count * 2, depth);
     default:
@@ -174,7 +174,7 @@ std::optional<quint64> Walk::measure(quint64 offset, int depth)
 
 std::optional<quint64> Walk::costOf(quint64 index, int depth)
 {
-    if (index >= m_costs.size() || depth > kDeepest || m_costs[index] == kEntered)
+    if (index >= m_costs.size() || depth > kMaxDepth || m_costs[index] == kEntered)
         return std::nullopt;
     if (m_costs[index] != kUnknown)
         return m_costs[index];

@@ -16,14 +16,14 @@
 #include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
-#include "platform/x11/X11FrontApplication.h"
-#include "platform/x11/X11HotKeys.h"
-#include "platform/x11/X11KeySender.h"
-#include "platform/x11/X11KeyboardLayout.h"
-#include "platform/x11/X11OpenWindows.h"
-#include "platform/x11/X11Pasteboard.h"
-#include "platform/x11/X11TrayArea.h"
-#include "platform/x11/X11WindowSpace.h"
+#include "platform/x11/keys/X11HotKeys.h"
+#include "platform/x11/keys/X11KeySender.h"
+#include "platform/x11/keys/X11KeyboardLayout.h"
+#include "platform/x11/selection/X11Pasteboard.h"
+#include "platform/x11/windows/X11FrontApplication.h"
+#include "platform/x11/windows/X11OpenWindows.h"
+#include "platform/x11/windows/X11TrayArea.h"
+#include "platform/x11/windows/X11WindowSpace.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>

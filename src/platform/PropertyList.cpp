@@ -11,11 +11,11 @@
 
 namespace {
 
-constexpr qsizetype kLargestDocument = 16 * 1024 * 1024;
+constexpr qsizetype kMaxDocument = 16 * 1024 * 1024;
 /// Each level of XML nesting needs an opening tag of its own, so this bounds the depth as well,
 /// whatever comments and quotes do to make the nesting look other than it is.
-constexpr qsizetype kMostXmlContainers = 10'000;
-constexpr int kDeepestVariant = 64;
+constexpr qsizetype kMaxXmlContainers = 10'000;
+constexpr int kMaxVariantDepth = 64;
 /// libplist counts dates from 2001-01-01 UTC.
 constexpr qint64 kDateEpoch = 978'307'200;
 
@@ -24,7 +24,7 @@ using PropertyList::Tree;
 bool isSafeXml(const QByteArray &bytes)
 {
     return !bytes.contains('\0') &&
-           bytes.count("<array") + bytes.count("<dict") <= kMostXmlContainers;
+           bytes.count("<array") + bytes.count("<dict") <= kMaxXmlContainers;
 }
 
 QString text(void *node)
@@ -98,7 +98,7 @@ QVariant dateOf(void *node)
 
 QVariant toVariantAt(void *node, int depth)
 {
-    if (!node || depth > kDeepestVariant)
+    if (!node || depth > kMaxVariantDepth)
         return {};
     switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN: {
@@ -184,7 +184,7 @@ Tree integerTree(qint64 value)
 
 Tree treeAt(const QVariant &value, int depth)
 {
-    if (depth > kDeepestVariant)
+    if (depth > kMaxVariantDepth)
         return nullptr;
     switch (value.typeId()) {
     case QMetaType::Bool:
@@ -235,7 +235,7 @@ Tree PropertyList::parse(const QByteArray &bytes)
 {
     if (bytes.startsWith("bplist"))
         return parseBinary(bytes);
-    if (bytes.size() > kLargestDocument || !isSafeXml(bytes))
+    if (bytes.size() > kMaxDocument || !isSafeXml(bytes))
         return nullptr;
     // libplist leaves its results alone when it fails, so they start as null everywhere here.
     plist_t node = nullptr;
@@ -245,7 +245,7 @@ Tree PropertyList::parse(const QByteArray &bytes)
 
 Tree PropertyList::parseBinary(const QByteArray &bytes)
 {
-    if (bytes.size() > kLargestDocument || !isSafeBinaryPropertyList(bytes))
+    if (bytes.size() > kMaxDocument || !isSafeBinaryPropertyList(bytes))
         return nullptr;
     plist_t node = nullptr;
     plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &node);

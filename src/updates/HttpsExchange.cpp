@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kMostRedirects = 4;
+constexpr int kMaxRedirects = 4;
 constexpr qint64 kReadBufferBytes = 256 * 1024;
 
 /// Of the failures that a user can do something about, what happened; of the others what Qt says.
@@ -120,7 +120,7 @@ void HttpsExchange::start(const QNetworkProxy &proxy)
     if (!m_authorities.isEmpty())
         tls.setCaCertificates(QSslCertificate::fromData(m_authorities));
     m_request.setSslConfiguration(tls);
-    m_request.setMaximumRedirectsAllowed(kMostRedirects);
+    m_request.setMaximumRedirectsAllowed(kMaxRedirects);
     m_request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                            m_isPost ? QNetworkRequest::ManualRedirectPolicy
                                     : QNetworkRequest::NoLessSafeRedirectPolicy);
@@ -150,7 +150,7 @@ void HttpsExchange::read()
         if (bytes.isEmpty())
             return;
         m_count += bytes.size();
-        if (m_count > m_limits.mostBytes) {
+        if (m_count > m_limits.maxBytes) {
             fail(tr("The server sends more than was announced."));
             return;
         }
@@ -177,7 +177,7 @@ void HttpsExchange::replyFinished()
 
 void HttpsExchange::checkProgress()
 {
-    if (m_count - m_countAtLastCheck < m_limits.leastProgress)
+    if (m_count - m_countAtLastCheck < m_limits.minProgress)
         fail(tr("The server stopped answering."));
     m_countAtLastCheck = m_count;
 }

@@ -25,10 +25,10 @@ class HttpsExchange : public QObject
 public:
     struct Limits
     {
-        qint64 mostBytes = 1024 * 1024; ///< A longer answer is refused.
-        /// An answer that brings less than `leastProgress` bytes in this time is given up.
+        qint64 maxBytes = 1024 * 1024; ///< A longer answer is refused.
+        /// An answer that brings less than `minProgress` bytes in this time is given up.
         std::chrono::milliseconds stall{20000};
-        qint64 leastProgress = 1;
+        qint64 minProgress = 1;
         /// For the whole exchange; zero for none.
         std::chrono::milliseconds total{60000};
     };

@@ -219,7 +219,7 @@ TEST_F(AppDelegateTest, aChangedSizeLimitReachesThePasteboardAtOnce)
 {
     start();
     application->generalPane().maxStringSizeTextField->setText(QStringLiteral("123"));
-    EXPECT_EQ(memory.pasteboard.largestUsefulText(), 123);
+    EXPECT_EQ(memory.pasteboard.maxUsefulText(), 123);
 }
 
 TEST_F(AppDelegateTest, aSwopClosedWithoutAChoiceKeepsTheSelectionAndGoesOnRecording)

@@ -1,5 +1,5 @@
 #include "platform/memory/MemoryPlatform.h"
-#include "platform/x11/X11WindowSpace.h"
+#include "platform/x11/windows/X11WindowSpace.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 #include "preferenceswindow/FakePane.h"

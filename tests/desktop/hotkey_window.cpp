@@ -7,8 +7,8 @@
 #include "hotkey/HotKeyTextField.h"
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
-#include "platform/x11/X11HotKeys.h"
-#include "platform/x11/X11KeyboardLayout.h"
+#include "platform/x11/keys/X11HotKeys.h"
+#include "platform/x11/keys/X11KeyboardLayout.h"
 
 #include <QApplication>
 #include <QPushButton>

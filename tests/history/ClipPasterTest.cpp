@@ -394,7 +394,7 @@ TEST_F(ClipPasterTest, aSelectionThatIsTooLargeToBeRecordedIsLeftOnThePasteboard
     EXPECT_EQ(onPasteboard()->text, selection);
     EXPECT_EQ(m_rig.texts(), (QStringList{QStringLiteral("Straße"), QStringLiteral("Rich"),
                                           QStringLiteral("a.txt")}));
-    EXPECT_EQ(m_rig.platform.pasteboard.largestUsefulText(), 12);
+    EXPECT_EQ(m_rig.platform.pasteboard.maxUsefulText(), 12);
     m_rig.paster.swop();
     m_rig.paster.cancelSwop();
     EXPECT_FALSE(m_rig.texts().contains(selection));

@@ -130,7 +130,7 @@ TEST_F(ClipboardCaptureTest, aTextIsMeasuredInBytesAndTheLimitItselfIsRecorded)
 {
     m_rig.settings.maxStringSize = 6;
     m_rig.capture.timeout();
-    EXPECT_EQ(m_rig.platform.pasteboard.largestUsefulText(), 6);
+    EXPECT_EQ(m_rig.platform.pasteboard.maxUsefulText(), 6);
     m_rig.copy(QStringLiteral("äöü"));
     EXPECT_EQ(m_rig.texts(), QStringList{QStringLiteral("äöü")});
     EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());

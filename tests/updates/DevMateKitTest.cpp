@@ -196,9 +196,9 @@ TEST_F(DevMateKitTest, badInputIsNotSentAndSaysWhy)
     EXPECT_FALSE(canSend());
     text().setPlainText(QStringLiteral(" \n"));
     EXPECT_FALSE(canSend());
-    QApplication::clipboard()->setText(QString(FeedbackForm::kMostCharacters * 2, u'x'));
+    QApplication::clipboard()->setText(QString(FeedbackForm::kMaxCharacters * 2, u'x'));
     text().paste();
-    EXPECT_EQ(text().toPlainText().size(), FeedbackForm::kMostCharacters);
+    EXPECT_EQ(text().toPlainText().size(), FeedbackForm::kMaxCharacters);
     EXPECT_TRUE(canSend());
     QTest::keyClicks(&text(), QStringLiteral("yy"));
     EXPECT_FALSE(canSend());

@@ -39,9 +39,9 @@ TEST_P(HttpsExchangeTest, endsSoonWhateverTheServerDoes)
 {
     TlsServer server(GetParam().answer);
     HttpsExchange::Limits limits;
-    limits.mostBytes = qint64{1024} * 1024;
+    limits.maxBytes = qint64{1024} * 1024;
     limits.stall = 400ms;
-    limits.leastProgress = 4;
+    limits.minProgress = 4;
     limits.total = 1500ms;
     HttpsExchange exchange(TlsServer::authority(), limits);
     QString outcome;

@@ -23,14 +23,14 @@ bool OnlyIntegerNumberFormatter::isPartialStringValid(const QString &partialStri
 
 qint64 OnlyIntegerNumberFormatter::integerValue(const QString &text)
 {
-    constexpr qint64 kLargest = std::numeric_limits<qint64>::max();
+    constexpr qint64 kMax = std::numeric_limits<qint64>::max();
     qint64 number = 0;
     for (const char32_t character : text.toUcs4()) {
         if (!QChar::isDigit(character))
             break;
         const int digit = QChar::digitValue(character);
-        if (number > (kLargest - digit) / 10)
-            return kLargest;
+        if (number > (kMax - digit) / 10)
+            return kMax;
         number = number * 10 + digit;
     }
     return number;

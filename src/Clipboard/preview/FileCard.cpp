@@ -24,21 +24,22 @@ QString dated(const QDateTime &time)
 
 FileCard::FileCard(QString path, QWidget *parent) : QWidget(parent), m_path(std::move(path)) {}
 
-void FileCard::setFacts(const std::optional<FileFacts> &facts)
+void FileCard::setAttributes(const std::optional<FileAttributes> &attributes)
 {
-    m_facts = facts.value_or(FileFacts());
+    m_attributes = attributes.value_or(FileAttributes());
     m_lines.clear();
-    if (facts) {
-        m_lines.append(m_facts.kind.isEmpty() ? tr("File of an unknown kind") : m_facts.kind);
-        if (m_facts.size)
-            m_lines.append(QLocale().formattedDataSize(*m_facts.size));
-        if (m_facts.created.isValid())
-            m_lines.append(tr("Created %1").arg(dated(m_facts.created)));
-        if (m_facts.modified.isValid())
-            m_lines.append(tr("Changed %1").arg(dated(m_facts.modified)));
-        if (!m_facts.linkTarget.isEmpty())
+    if (attributes) {
+        m_lines.append(m_attributes.kind.isEmpty() ? tr("File of an unknown kind")
+                                                   : m_attributes.kind);
+        if (m_attributes.size)
+            m_lines.append(QLocale().formattedDataSize(*m_attributes.size));
+        if (m_attributes.created.isValid())
+            m_lines.append(tr("Created %1").arg(dated(m_attributes.created)));
+        if (m_attributes.modified.isValid())
+            m_lines.append(tr("Changed %1").arg(dated(m_attributes.modified)));
+        if (!m_attributes.linkTarget.isEmpty())
             m_lines.append(
-                tr("Links to %1").arg(ReadingDirection::leftToRight(m_facts.linkTarget)));
+                tr("Links to %1").arg(ReadingDirection::leftToRight(m_attributes.linkTarget)));
     }
     updatePicture();
     update();
@@ -53,12 +54,12 @@ void FileCard::setColors(const ClipColors &colors)
 
 void FileCard::updatePicture()
 {
-    QIcon icon = QIcon::fromTheme(m_facts.iconName);
+    QIcon icon = QIcon::fromTheme(m_attributes.iconName);
     if (icon.isNull())
-        icon = QIcon::fromTheme(m_facts.genericIconName);
+        icon = QIcon::fromTheme(m_attributes.genericIconName);
     if (icon.isNull())
-        m_picture = WindowIcons::pixmap(m_facts.isFolder ? QStringLiteral("folder")
-                                                         : QStringLiteral("document"),
+        m_picture = WindowIcons::pixmap(m_attributes.isFolder ? QStringLiteral("folder")
+                                                              : QStringLiteral("document"),
                                         kPictureExtent, m_colors.quietText, devicePixelRatioF());
     else
         m_picture = icon.pixmap(QSize(kPictureExtent, kPictureExtent), devicePixelRatioF());

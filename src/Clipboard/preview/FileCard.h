@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/FileFacts.h"
+#include "Clipboard/preview/FileAttributes.h"
 #include "looks/ClipColors.h"
 
 #include <QPixmap>
@@ -18,7 +18,7 @@ public:
     const QStringList &lines() const { return m_lines; }
 
     /// Tells what is known of the file; none when it does not exist.
-    void setFacts(const std::optional<FileFacts> &facts);
+    void setAttributes(const std::optional<FileAttributes> &attributes);
 
     void setColors(const ClipColors &colors);
 
@@ -29,7 +29,7 @@ private:
     void updatePicture();
 
     const QString m_path;
-    FileFacts m_facts;
+    FileAttributes m_attributes;
     QStringList m_lines;
     ClipColors m_colors;
     QPixmap m_picture;

@@ -1,8 +1,8 @@
 #include "Clipboard/preview/FilePreview.h"
 
 #include "Clipboard/preview/FileCard.h"
+#include "Clipboard/preview/PreviewReader.h"
 #include "Clipboard/preview/PreviewRegistry.h"
-#include "Clipboard/preview/PreviewRenderer.h"
 
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -52,7 +52,7 @@ void FilePreview::refresh()
 void FilePreview::receive(const PreviewResult &result)
 {
     m_patience.stop();
-    m_card->setFacts(result.facts);
+    m_card->setAttributes(result.attributes);
     if (!result.content) {
         showCard();
         return;

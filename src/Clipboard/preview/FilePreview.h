@@ -13,7 +13,7 @@ class PreviewContent;
 class PreviewRegistry;
 struct PreviewResult;
 
-/// A view of one file, made fresh for each file that is shown: its content where a renderer can
+/// A view of one file, made fresh for each file that is shown: its content where a reader can
 /// read it, else its card. Owned by its parent widget; the registry must outlive it. Follows the
 /// file's changes while it is visible. Ending it cancels what is being read for it.
 class FilePreview : public QWidget
@@ -25,7 +25,7 @@ public:
     ~FilePreview() override;
 
     /// Shows the file as it is now. Returns at once; it is read off the main thread and shown when
-    /// it has come. Where nothing comes in time, the card without facts is shown.
+    /// it has come. Where nothing comes in time, the card without attributes is shown.
     void refresh();
 
     /// Whether it was ever refreshed.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/FontRenderer.h"
+#include "Clipboard/preview/FontReader.h"
 #include "looks/ClipColors.h"
 
 /// Shows a font's specimen.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/PreviewRenderer.h"
+#include "Clipboard/preview/PreviewReader.h"
 
 #include <QImage>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/PreviewRenderer.h"
+#include "Clipboard/preview/PreviewReader.h"
 
 #include <QStringList>
 
@@ -16,7 +16,7 @@ struct ListCount
 class ListContent : public PreviewContent
 {
 public:
-    static constexpr qsizetype kMostEntries = 200; ///< Shown.
+    static constexpr qsizetype kMaxEntries = 200; ///< Shown.
 
     ListContent(const ListCount &count, QStringList entries);
 

@@ -14,7 +14,7 @@ namespace {
 constexpr int kMargin = 14;
 constexpr int kGap = 10;
 constexpr int kKeptAround = 4; ///< Pages before and after those in sight.
-constexpr qreal kLongestRatio = 8;
+constexpr qreal kMaxRatio = 8;
 
 } // namespace
 
@@ -47,7 +47,7 @@ void PdfBody::layOut()
     m_rects.clear();
     int y = kMargin;
     for (const QSizeF &size : m_pageSizes) {
-        const qreal ratio = std::min(size.height() / size.width(), kLongestRatio);
+        const qreal ratio = std::min(size.height() / size.width(), kMaxRatio);
         m_rects.emplace_back(kMargin, y, columnWidth(), qMax(1, qRound(columnWidth() * ratio)));
         y = m_rects.back().bottom() + 1 + kGap;
     }
@@ -96,7 +96,7 @@ void PdfBody::readNextInSight()
             };
         };
         m_ticket =
-            m_questions.ask(m_path, FileQuestions::Kind::Read, PreviewRenderer::kMaxTime, work);
+            m_questions.ask(m_path, FileQuestions::Kind::Read, PreviewReader::kMaxTime, work);
         return;
     }
 }

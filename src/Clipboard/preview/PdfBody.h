@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/PdfRenderer.h"
+#include "Clipboard/preview/PdfReader.h"
 #include "looks/ClipColors.h"
 #include "platform/FileQuestions.h"
 

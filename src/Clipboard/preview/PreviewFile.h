@@ -33,11 +33,11 @@ protected:
     qint64 writeData(const char *data, qint64 size) override;
 
 private:
-    static constexpr qint64 kMostBytes = 256 << 20;
+    static constexpr qint64 kMaxBytes = 256 << 20;
 
     const QString m_path;
     const Patience &m_patience;
     int m_descriptor = -1;
     qint64 m_size = 0;
-    qint64 m_bytesLeft = kMostBytes;
+    qint64 m_bytesLeft = kMaxBytes;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/FileFacts.h"
+#include "Clipboard/preview/FileAttributes.h"
 #include "Clipboard/preview/FileWatch.h"
 #include "platform/FileQuestions.h"
 
@@ -13,24 +13,24 @@
 class FilePreview;
 class PreviewContent;
 class PreviewFile;
-class PreviewRenderer;
+class PreviewReader;
 class QMimeType;
 class QWidget;
 
 /// What was found of a file. A value.
 struct PreviewResult
 {
-    std::optional<FileFacts> facts;                ///< None when there is no such file.
+    std::optional<FileAttributes> attributes;      ///< None when there is no such file.
     std::shared_ptr<const PreviewContent> content; ///< Null where only a card can be shown.
 };
 
-/// Chooses, by the type of a file, the renderer that reads it, and keeps the latest results. Owned
+/// Chooses, by the type of a file, what reads it, and keeps the latest results. Owned
 /// by FileViewController. A kept result is shown only if the file is still as it was.
 class PreviewRegistry
 {
 public:
-    static constexpr size_t kMostKept = 32;
-    static constexpr qint64 kMostKeptBytes = 96 << 20;
+    static constexpr size_t kMaxKept = 32;
+    static constexpr qint64 kMaxKeptBytes = 96 << 20;
 
     /// `questions` must outlive the registry.
     explicit PreviewRegistry(FileQuestions &questions);
@@ -56,7 +56,7 @@ public:
     size_t keptCount() const { return m_kept.size(); }
 
 private:
-    using Renderers = std::vector<std::unique_ptr<const PreviewRenderer>>;
+    using Readers = std::vector<std::unique_ptr<const PreviewReader>>;
     struct Kept
     {
         QString path;
@@ -64,17 +64,17 @@ private:
         PreviewResult result;
     };
 
-    static PreviewResult read(const Renderers &renderers, const QString &path, QSize pixels,
+    static PreviewResult read(const Readers &readers, const QString &path, QSize pixels,
                               const std::optional<Kept> &kept, const Patience &patience);
     static std::shared_ptr<const PreviewContent> contentAs(const QMimeType &type,
-                                                           const Renderers &renderers,
+                                                           const Readers &readers,
                                                            PreviewFile &file, QSize pixels,
                                                            const Patience &patience);
     std::optional<Kept> kept(const QString &path) const;
     void keep(Kept fresh);
 
     FileQuestions &m_questions;
-    std::shared_ptr<const Renderers> m_renderers; ///< Shared with threads that hang.
-    std::list<Kept> m_kept;                       ///< The latest first.
+    std::shared_ptr<const Readers> m_readers; ///< Shared with threads that hang.
+    std::list<Kept> m_kept;                   ///< The latest first.
     FileTicket m_trimming;
 };

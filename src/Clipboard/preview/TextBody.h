@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Clipboard/preview/TextRenderer.h"
+#include "Clipboard/preview/TextReader.h"
 
 class QAbstractScrollArea;
 class QLabel;

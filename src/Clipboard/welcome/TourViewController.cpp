@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kLeastWidth = 262;
+constexpr int kMinWidth = 262;
 constexpr int kCharactersAcross = 37;
 constexpr qreal kTitleScale = 1.2;
 
@@ -43,7 +43,7 @@ TourViewController::TourViewController(const Content &content, QWidget *parent)
     column->addSpacing(3);
     column->addLayout(bar);
     // Some languages have long names for their keys.
-    setFixedWidth(qMax(qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth()),
+    setFixedWidth(qMax(qMax(kMinWidth, kCharactersAcross * fontMetrics().averageCharWidth()),
                        layout()->minimumSize().width()));
     connect(m_next, &QPushButton::clicked, this, &TourViewController::nextClicked);
 }

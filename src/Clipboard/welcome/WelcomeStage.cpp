@@ -8,13 +8,13 @@
 namespace {
 
 constexpr qreal kRadius = Looks::kSurfaceRadius;
-constexpr int kLeastHeight = 256;
+constexpr int kMinHeight = 256;
 
 } // namespace
 
 WelcomeStage::WelcomeStage(QWidget *parent) : QWidget(parent)
 {
-    setMinimumHeight(kLeastHeight);
+    setMinimumHeight(kMinHeight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

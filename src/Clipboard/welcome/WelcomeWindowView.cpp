@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int kLeastWidth = 620;
+constexpr int kMinWidth = 620;
 constexpr int kCharactersAcross = 82;
 constexpr int kMargin = Looks::kPageMargin;
 constexpr int kCloseExtent = 18;
@@ -107,7 +107,7 @@ void WelcomeWindowView::setColors(const ClipColors &colors)
 
 QSize WelcomeWindowView::fittingSize() const
 {
-    const int width = qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth());
+    const int width = qMax(kMinWidth, kCharactersAcross * fontMetrics().averageCharWidth());
     return {width, qMax(qRound(WelcomeWindow::windowHeight), layout()->totalHeightForWidth(width))};
 }
 

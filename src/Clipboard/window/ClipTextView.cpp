@@ -54,19 +54,19 @@ struct Piece
 
 Piece firstPiece(QStringView text)
 {
-    constexpr qsizetype kMost = ClipTextView::kShownAtOnce;
-    const QStringView reach = text.left(kMost);
+    constexpr qsizetype kMax = ClipTextView::kShownAtOnce;
+    const QStringView reach = text.left(kMax);
     const auto *end = std::find_if(reach.begin(), reach.end(), endsLine);
     if (end != reach.end()) {
         const qsizetype length = end - reach.begin();
         return {length, text.mid(length).startsWith(u"\r\n") ? 2 : 1};
     }
-    if (text.size() <= kMost)
+    if (text.size() <= kMax)
         return {text.size(), 0};
     // Rather between words, if one ends nearby.
     constexpr qsizetype kNearby = 200;
     const qsizetype blank = reach.lastIndexOf(u' ');
-    return {blank >= kMost - kNearby ? blank + 1 : VisibleCharacters::wholeCharacters(text, kMost),
+    return {blank >= kMax - kNearby ? blank + 1 : VisibleCharacters::wholeCharacters(text, kMax),
             0};
 }
 
@@ -84,11 +84,11 @@ QTextBlockFormat continuing(const QTextBlock &before)
 /// time to break such a run into lines grows with the square of its length.
 bool hasLongWord(QStringView text)
 {
-    constexpr qsizetype kLongestWord = 4'000;
+    constexpr qsizetype kMaxWordLength = 4'000;
     qsizetype length = 0;
     return std::any_of(text.begin(), text.end(), [&](QChar character) {
         length = character.isSpace() ? 0 : length + 1;
-        return length > kLongestWord;
+        return length > kMaxWordLength;
     });
 }
 

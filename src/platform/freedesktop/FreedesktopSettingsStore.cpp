@@ -18,7 +18,7 @@ Q_LOGGING_CATEGORY(lcSettings, "quillmarsh.settings")
 
 namespace {
 
-constexpr qint64 kLargestFile = 16 * 1024 * 1024;
+constexpr qint64 kMaxBytes = 16 * 1024 * 1024;
 
 /// The types that a setting may have, in the form in which they come back from the file; invalid
 /// for anything else.
@@ -77,7 +77,7 @@ PropertyList::Tree FreedesktopSettingsStore::readFile(QString *problem) const
     if (!info.exists())
         return nullptr;
     // Opening a pipe or a device could wait for ever.
-    if (!info.isFile() || info.size() > kLargestFile) {
+    if (!info.isFile() || info.size() > kMaxBytes) {
         *problem = QStringLiteral("it is not a file of settings");
         return nullptr;
     }
@@ -86,7 +86,7 @@ PropertyList::Tree FreedesktopSettingsStore::readFile(QString *problem) const
         *problem = file.errorString();
         return nullptr;
     }
-    PropertyList::Tree document = PropertyList::parse(file.read(kLargestFile));
+    PropertyList::Tree document = PropertyList::parse(file.read(kMaxBytes));
     if (document && plist_get_node_type(document.get()) == PLIST_DICT)
         return document;
     *problem = QStringLiteral("it is not a property list with settings");

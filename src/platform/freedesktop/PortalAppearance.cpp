@@ -85,8 +85,8 @@ void PortalAppearance::readAll()
         const QDBusPendingReply<Settings> reply = *watcher;
         if (reply.isError())
             return;
-        const QVariantMap told = reply.value().value(kSpace);
-        take(toColorScheme(told.value(kColorScheme)), toColor(told.value(kAccentColor)));
+        const QVariantMap settings = reply.value().value(kSpace);
+        take(toColorScheme(settings.value(kColorScheme)), toColor(settings.value(kAccentColor)));
     });
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr off_t kLargestFile = 1024 * 1024;
+constexpr off_t kMaxBytes = 1024 * 1024;
 
 } // namespace
 
@@ -23,7 +23,7 @@ std::optional<QByteArray> readRegularFile(const QString &path)
     std::optional<QByteArray> bytes;
     struct stat status = {};
     if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
-        status.st_size <= kLargestFile) {
+        status.st_size <= kMaxBytes) {
         bytes = QByteArray(status.st_size, Qt::Uninitialized);
         const ssize_t count = ::read(descriptor, bytes->data(), static_cast<size_t>(bytes->size()));
         bytes->truncate(std::max<ssize_t>(count, 0));

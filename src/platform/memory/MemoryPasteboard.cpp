@@ -8,7 +8,7 @@ void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
     contents.isOwnWrite = false;
     m_copiedText = contents.text;
     const qint64 bytes = contents.text.value_or(QString()).toUtf8().size();
-    if (!contents.isConcealed && bytes > m_largestUsefulText) {
+    if (!contents.isConcealed && bytes > m_maxUsefulText) {
         contents.isTextTooLarge = true;
         contents.tooLargeBytes = bytes;
     }

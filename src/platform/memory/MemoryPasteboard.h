@@ -36,7 +36,7 @@ public:
     /// Whether what is pasted has been asked for; at first it always has.
     void setPasteRead(bool isRead);
 
-    qint64 largestUsefulText() const { return m_largestUsefulText; }
+    qint64 maxUsefulText() const { return m_maxUsefulText; }
     /// Change counts examined so far.
     const QList<qint64> &acknowledged() const { return m_acknowledged; }
     const QList<qint64> &discarded() const { return m_discarded; }
@@ -49,7 +49,7 @@ public:
     std::optional<PasteboardContents> contents() const override { return m_contents; }
     void acknowledge(qint64 changeCount) override;
     void discard(qint64 changeCount) override;
-    void setLargestUsefulText(qint64 bytes) override { m_largestUsefulText = bytes; }
+    void setLargestUsefulText(qint64 bytes) override { m_maxUsefulText = bytes; }
     bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_isPasteRead; }
     void clear() override;
@@ -59,7 +59,7 @@ public:
 
 private:
     qint64 m_changeCount = 0;
-    qint64 m_largestUsefulText = 64 * 1024 * 1024;
+    qint64 m_maxUsefulText = 64 * 1024 * 1024;
     bool m_writeFails = false;
     bool m_isPasteRead = true;
     QString m_frontName;

@@ -38,16 +38,16 @@ std::optional<QString> PasteboardChanges::text() const
     return m_contents && !m_isReading ? m_contents->text : std::nullopt;
 }
 
-qint64 PasteboardChanges::largestUsefulText() const
+qint64 PasteboardChanges::maxUsefulText() const
 {
     const MutexLock lock(m_mutex);
-    return m_largestUsefulText;
+    return m_maxUsefulText;
 }
 
 void PasteboardChanges::setLargestUsefulText(qint64 bytes)
 {
     const MutexLock lock(m_mutex);
-    m_largestUsefulText = std::clamp<qint64>(bytes, 0, PasteboardLimits::kLargestFormat);
+    m_maxUsefulText = std::clamp<qint64>(bytes, 0, PasteboardLimits::kMaxFormat);
 }
 
 qint64 PasteboardChanges::publish(PasteboardContents contents)

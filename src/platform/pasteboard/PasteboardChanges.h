@@ -22,7 +22,7 @@ public:
     /// The text of the pasteboard as it stands; absent when it is not known here.
     std::optional<QString> text() const;
 
-    qint64 largestUsefulText() const;
+    qint64 maxUsefulText() const;
     void setLargestUsefulText(qint64 bytes);
 
     /// Publishes contents under the next count, which it returns.
@@ -46,7 +46,7 @@ public:
 private:
     mutable Mutex m_mutex;
     qint64 m_changeCount QUILLMARSH_GUARDED_BY(m_mutex) = 0;
-    qint64 m_largestUsefulText QUILLMARSH_GUARDED_BY(m_mutex) = PasteboardLimits::kLargestFormat;
+    qint64 m_maxUsefulText QUILLMARSH_GUARDED_BY(m_mutex) = PasteboardLimits::kMaxFormat;
     std::optional<PasteboardContents> m_contents QUILLMARSH_GUARDED_BY(m_mutex);
     QList<PasteboardContents> m_unexamined QUILLMARSH_GUARDED_BY(m_mutex);
     bool m_isPasteRead QUILLMARSH_GUARDED_BY(m_mutex) = false;

@@ -11,7 +11,7 @@
 struct PasteboardLimits
 {
     /// Never more than this of one format.
-    static constexpr qint64 kLargestFormat = qint64(64) * 1024 * 1024;
+    static constexpr qint64 kMaxFormat = qint64(64) * 1024 * 1024;
 
     /// By what they are measured.
     std::function<std::chrono::steady_clock::time_point()> now = &std::chrono::steady_clock::now;
@@ -29,12 +29,12 @@ struct PasteboardLimits
     /// And that takes no longer, nor does an owner wait longer that asks for it.
     std::chrono::milliseconds keep{5'000};
     /// Never more than this of one copy is kept, in bytes.
-    qint64 largestKept = kLargestFormat;
+    qint64 maxKept = kMaxFormat;
     /// A requestor that takes nothing for so long gets no more.
     std::chrono::milliseconds requestorStall{10'000};
     /// For another clipboard manager to take the contents over when we quit.
     std::chrono::milliseconds handover{2'000};
 
     /// A text that is no use to the application is still worth keeping alive, up to this size.
-    static constexpr qint64 kLargestIdleText = qint64(4) * 1024 * 1024;
+    static constexpr qint64 kMaxIdleText = qint64(4) * 1024 * 1024;
 };

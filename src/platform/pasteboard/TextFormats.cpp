@@ -126,8 +126,8 @@ QByteArray TextFormats::toUtf8(const QByteArray &bytes, const QString &name, con
     if (type == kCompoundText)
         return CompoundText::toUtf8(bytes);
     // The type tells what the owner made of the question; some repeat it only.
-    for (const QString &told : {type, name}) {
-        const std::optional<QString> charset = charsetOf(told);
+    for (const QString &label : {type, name}) {
+        const std::optional<QString> charset = charsetOf(label);
         if (charset && !charset->isEmpty())
             return fromCharset(bytes, *charset);
     }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::size_t kLongest = 64;
+constexpr std::size_t kMaxChords = 64;
 
 std::optional<quint32> modifierNamed(QStringView name)
 {
@@ -58,7 +58,7 @@ std::optional<KeySequence> KeySequences::fromText(QStringView text)
     KeySequence sequence;
     for (const QStringView part : text.split(u' ', Qt::SkipEmptyParts)) {
         const std::optional<KeyChord> chord = chordFrom(part);
-        if (!chord || sequence.size() == kLongest)
+        if (!chord || sequence.size() == kMaxChords)
             return std::nullopt;
         sequence.push_back(*chord);
     }

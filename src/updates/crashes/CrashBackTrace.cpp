@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr int kMostFrames = 64;
-constexpr size_t kMostModules = 24;
+constexpr int kMaxFrames = 64;
+constexpr size_t kMaxModules = 24;
 
 using Path = std::array<char, PATH_MAX>;
 
@@ -47,7 +47,7 @@ struct CrashBackTrace::Walk
     CrashReportWriter &writer;
     int frames = 0;
     size_t modules = 0;
-    std::array<const void *, kMostModules> starts{}; ///< Of the modules that have been told.
+    std::array<const void *, kMaxModules> starts{}; ///< Of the modules that have been told.
 };
 
 namespace {
@@ -99,7 +99,7 @@ void CrashBackTrace::write(CrashReportWriter &writer) const
         [](_Unwind_Context *context, void *data) {
             Walk &present = *static_cast<Walk *>(data);
             present.owner.writeFrame(present, _Unwind_GetIP(context));
-            return ++present.frames < kMostFrames ? _URC_NO_REASON : _URC_END_OF_STACK;
+            return ++present.frames < kMaxFrames ? _URC_NO_REASON : _URC_END_OF_STACK;
         },
         &walk);
 }
@@ -115,7 +115,7 @@ void CrashBackTrace::writeFrame(Walk &walk, uintptr_t address) const
     const char *slash = std::strrchr(path, '/');
     const char *shortName = slash ? slash + 1 : path;
     const auto told = walk.starts.begin() + walk.modules;
-    if (walk.modules < kMostModules &&
+    if (walk.modules < kMaxModules &&
         std::find(walk.starts.begin(), told, found.dlfo_map_start) == told) {
         walk.starts[walk.modules++] = found.dlfo_map_start;
         writeModule(walk.writer, path, found.dlfo_map_start, found.dlfo_link_map->l_addr);

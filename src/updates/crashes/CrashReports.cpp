@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qint64 kMostBytesEach = qint64{64} * 1024;
+constexpr qint64 kMaxBytesEach = qint64{64} * 1024;
 
 } // namespace
 
@@ -26,7 +26,7 @@ void CrashReports::tidy() const
 {
     int kept = 0;
     for (const QString &path : paths()) {
-        if (QFileInfo(path).size() == 0 || ++kept > kMostKept)
+        if (QFileInfo(path).size() == 0 || ++kept > kMaxKept)
             QFile::remove(path);
     }
 }
@@ -37,7 +37,7 @@ QString CrashReports::text() const
     for (const QString &path : paths()) {
         QFile file(path);
         if (file.open(QIODevice::ReadOnly))
-            texts.append(QString::fromUtf8(file.read(kMostBytesEach)).trimmed());
+            texts.append(QString::fromUtf8(file.read(kMaxBytesEach)).trimmed());
     }
     return texts.join(QStringLiteral("\n\n"));
 }

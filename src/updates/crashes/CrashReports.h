@@ -8,7 +8,7 @@
 class CrashReports
 {
 public:
-    static constexpr int kMostKept = 5;
+    static constexpr int kMaxKept = 5;
 
     explicit CrashReports(QString folder) : m_folder(std::move(folder)) {}
 

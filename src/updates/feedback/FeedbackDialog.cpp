@@ -129,13 +129,13 @@ void FeedbackDialog::textChanged()
 {
     // The document counts an end of its own.
     const int length = m_form->text->document()->characterCount() - 1;
-    const bool isTooLong = length > FeedbackForm::kMostCharacters;
+    const bool isTooLong = length > FeedbackForm::kMaxCharacters;
     m_form->send->setEnabled(m_state == State::Writing && !draft().isEmpty() && !isTooLong);
     if (m_state != State::Writing)
         return;
     say(isTooLong ? tr("Too long: %1 of at most %2 characters.")
                         .arg(length)
-                        .arg(FeedbackForm::kMostCharacters)
+                        .arg(FeedbackForm::kMaxCharacters)
                   : QString());
     m_draftTimer.start();
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 kMostBytes = qint64{1024} * 1024;
+constexpr qint64 kMaxBytes = qint64{1024} * 1024;
 constexpr QLatin1String kText("text");
 constexpr QLatin1String kMail("mail");
 constexpr QLatin1String kSystem("system");
@@ -22,7 +22,7 @@ FeedbackDraft FeedbackDraft::load(const QString &path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
-    const QJsonObject fields = QJsonDocument::fromJson(file.read(kMostBytes)).object();
+    const QJsonObject fields = QJsonDocument::fromJson(file.read(kMaxBytes)).object();
     FeedbackDraft draft;
     draft.text = fields[kText].toString();
     draft.mail = fields[kMail].toString();

@@ -16,9 +16,9 @@
 namespace {
 
 constexpr int kMargin = Looks::kPageMargin;
-constexpr int kMostMailCharacters = 254;
+constexpr int kMaxMailCharacters = 254;
 constexpr int kLinesOfText = 9;
-constexpr int kLeastLinesOfText = 3; ///< On a screen that is low for its font.
+constexpr int kMinLinesOfText = 3; ///< On a screen that is low for its font.
 constexpr int kCharactersAcross = 66;
 
 class BoundedTextEdit : public QPlainTextEdit
@@ -37,8 +37,7 @@ protected:
     void insertFromMimeData(const QMimeData *source) override
     {
         const int selected = textCursor().selectionEnd() - textCursor().selectionStart();
-        const int room =
-            FeedbackForm::kMostCharacters - document()->characterCount() + 1 + selected;
+        const int room = FeedbackForm::kMaxCharacters - document()->characterCount() + 1 + selected;
         insertPlainText(source->text().left(std::max(room, 0)));
     }
 };
@@ -54,10 +53,10 @@ FeedbackForm::FeedbackForm(const QString &systemLine, const FeedbackDelivery &de
     text->setAccessibleName(tr("Message"));
     text->setTabChangesFocus(true);
     text->setMinimumSize(kCharactersAcross * fontMetrics().averageCharWidth(),
-                         kLeastLinesOfText * fontMetrics().lineSpacing());
+                         kMinLinesOfText * fontMetrics().lineSpacing());
     mail->setAccessibleName(tr("Mail address"));
     mail->setPlaceholderText(tr("optional, for an answer"));
-    mail->setMaxLength(kMostMailCharacters);
+    mail->setMaxLength(kMaxMailCharacters);
     system->setText(
         tr("Add the &line “%1”").arg(QString(systemLine).replace(u'&', QLatin1String("&&"))));
     system->setAccessibleName(tr("Send version and desktop"));

@@ -16,7 +16,7 @@ class FeedbackForm : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int kMostCharacters = 10000;
+    static constexpr int kMaxCharacters = 10000;
 
     /// `systemLine` is shown in full.
     FeedbackForm(const QString &systemLine, const FeedbackDelivery &delivery, QWidget *parent);

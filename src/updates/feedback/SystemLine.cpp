@@ -4,12 +4,12 @@
 
 namespace {
 
-constexpr qsizetype kMostCharacters = 40;
+constexpr qsizetype kMaxCharacters = 40;
 
 /// The variable's value, as far as it fits one line.
 QString fromEnvironment(const char *name)
 {
-    QString value = qEnvironmentVariable(name).left(kMostCharacters).simplified();
+    QString value = qEnvironmentVariable(name).left(kMaxCharacters).simplified();
     value.removeIf([](QChar character) { return !character.isPrint(); });
     return value;
 }

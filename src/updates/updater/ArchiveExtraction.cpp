@@ -120,7 +120,7 @@ public:
                 return count > 0 ? std::nullopt : std::optional(damaged());
             if (result != ARCHIVE_OK)
                 return damaged();
-            if (count >= ArchiveExtraction::kMostEntries)
+            if (count >= ArchiveExtraction::kMaxEntries)
                 return refused();
             if (auto problem = writeEntry(entry))
                 return problem;
@@ -179,7 +179,7 @@ private:
             if (count == 0)
                 return std::nullopt;
             m_bytes += count;
-            if (m_bytes > ArchiveExtraction::kMostBytes)
+            if (m_bytes > ArchiveExtraction::kMaxBytes)
                 return refused();
             if (m_isCancelled)
                 return ArchiveExtraction::tr("The update was cancelled.");

@@ -17,8 +17,8 @@ class ArchiveExtraction
     Q_DECLARE_TR_FUNCTIONS(ArchiveExtraction)
 
 public:
-    static constexpr qint64 kMostBytes = 2LL * 1024 * 1024 * 1024;
-    static constexpr int kMostEntries = 20000;
+    static constexpr qint64 kMaxBytes = 2LL * 1024 * 1024 * 1024;
+    static constexpr int kMaxEntries = 20000;
 
     /// Reads `archive` from its beginning into the empty `folder`; gives up when `isCancelled`
     /// becomes true. Nothing on success, else a sentence for the user; the folder then holds what

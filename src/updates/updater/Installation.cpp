@@ -42,14 +42,14 @@ bool isBelow(const QString &path, const QString &folder)
 /// Empty when there is no file.
 QByteArray markOf(const QString &path)
 {
-    struct stat facts = {};
-    if (::stat(QFile::encodeName(path).constData(), &facts) != 0)
+    struct stat status = {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
         return {};
     QByteArray mark;
     for (const auto number :
-         {static_cast<qint64>(facts.st_dev), static_cast<qint64>(facts.st_ino),
-          static_cast<qint64>(facts.st_size), static_cast<qint64>(facts.st_mtim.tv_sec),
-          static_cast<qint64>(facts.st_mtim.tv_nsec)})
+         {static_cast<qint64>(status.st_dev), static_cast<qint64>(status.st_ino),
+          static_cast<qint64>(status.st_size), static_cast<qint64>(status.st_mtim.tv_sec),
+          static_cast<qint64>(status.st_mtim.tv_nsec)})
         mark += QByteArray::number(number) + ' ';
     return mark;
 }

@@ -8,15 +8,15 @@
 
 namespace {
 
-constexpr qint64 kLeastBytesAStall = 16 * 1024;
+constexpr qint64 kMinBytesAStall = 16 * 1024;
 
 HttpsExchange::Limits limitsFor(const UpdateItem &item)
 {
     HttpsExchange::Limits limits;
-    limits.mostBytes = item.size;
+    limits.maxBytes = item.size;
     // A slow line may take its time as long as something comes.
     limits.total = std::chrono::milliseconds::zero();
-    limits.leastProgress = kLeastBytesAStall;
+    limits.minProgress = kMinBytesAStall;
     return limits;
 }
 

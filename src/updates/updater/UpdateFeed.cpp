@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr qint64 kMostFileBytes = 1024LL * 1024 * 1024;
-constexpr qsizetype kMostItems = 1000;
-constexpr qsizetype kMostNoteCharacters = 20000;
-constexpr qsizetype kMostNameCharacters = 40;
+constexpr qint64 kMaxFileBytes = 1024LL * 1024 * 1024;
+constexpr qsizetype kMaxItems = 1000;
+constexpr qsizetype kMaxNoteCharacters = 20000;
+constexpr qsizetype kMaxNameCharacters = 40;
 constexpr qsizetype kSignatureBytes = 64;
 
 /// One <item>, with a file for each kind of installation.
@@ -53,7 +53,7 @@ Release readRelease(QXmlStreamReader &xml)
         else if (name == u"minimumSystem")
             release.common.minimumSystem = xml.readElementText().trimmed();
         else if (name == u"notes")
-            release.common.notes = xml.readElementText().trimmed().left(kMostNoteCharacters);
+            release.common.notes = xml.readElementText().trimmed().left(kMaxNoteCharacters);
         else if (name == u"file")
             readFile(xml, release);
         else
@@ -78,13 +78,13 @@ bool beginsWithUpdates(QXmlStreamReader &xml)
 /// or has more attributes than any that we know.
 qsizetype endOfTag(const QByteArray &xml, qsizetype begin)
 {
-    constexpr qsizetype kMostBytes = 8 * 1024;
-    constexpr int kMostAttributes = 64;
+    constexpr qsizetype kMaxBytes = 8 * 1024;
+    constexpr int kMaxAttributes = 64;
     char quote = '\0';
     int attributes = 0;
     for (qsizetype at = begin; at < xml.size(); ++at) {
         const char byte = xml.at(at);
-        if (at - begin > kMostBytes || attributes > kMostAttributes)
+        if (at - begin > kMaxBytes || attributes > kMaxAttributes)
             return -1;
         if (quote != '\0')
             quote = byte == quote ? '\0' : quote;
@@ -169,21 +169,21 @@ std::variant<QList<UpdateItem>, QString> UpdateFeed::parse(const QByteArray &xml
         if (reader.hasError())
             break;
         if (release.files.isEmpty())
-            return refused(tr("Version %1 has no file.")
-                               .arg(release.common.version.left(kMostNameCharacters)));
+            return refused(
+                tr("Version %1 has no file.").arg(release.common.version.left(kMaxNameCharacters)));
         for (const UpdateItem &file : release.files) {
             const UpdateItem item = itemFor(release, file);
             if (strangenessOf(item)) {
                 qCInfo(lcUpdates) << "passed over in the list of updates:"
-                                  << item.version.left(kMostNameCharacters)
-                                  << item.channel.left(kMostNameCharacters);
+                                  << item.version.left(kMaxNameCharacters)
+                                  << item.channel.left(kMaxNameCharacters);
                 continue;
             }
             if (const auto fault = faultOf(item))
                 return refused(*fault);
             items.append(item);
         }
-        if (items.size() > kMostItems)
+        if (items.size() > kMaxItems)
             return refused(tr("It is too long."));
     }
     if (reader.hasError())
@@ -195,15 +195,15 @@ std::optional<QString> UpdateFeed::faultOf(const UpdateItem &item)
 {
     if (!UpdateVersion::parse(item.version)) {
         return tr("It offers a version that is not a number: “%1”.")
-            .arg(item.version.left(kMostNameCharacters));
+            .arg(item.version.left(kMaxNameCharacters));
     }
-    if (item.shortVersion.size() > kMostNameCharacters)
+    if (item.shortVersion.size() > kMaxNameCharacters)
         return tr("Version %1 has an impossible name.").arg(item.version);
     if (!item.minimumSystem.isEmpty() && !UpdateVersion::parse(item.minimumSystem))
         return tr("Version %1 asks for an unknown system.").arg(item.version);
     if (auto strangeness = strangenessOf(item))
         return strangeness;
-    if (item.size <= 0 || item.size > kMostFileBytes)
+    if (item.size <= 0 || item.size > kMaxFileBytes)
         return tr("Version %1 has no possible size.").arg(item.version);
     if (item.signature.size() != kSignatureBytes)
         return tr("Version %1 is not signed.").arg(item.version);

@@ -19,7 +19,7 @@ class UpdateFeed
 
 public:
     /// No feed may be longer.
-    static constexpr qint64 kMostBytes = 256 * 1024;
+    static constexpr qint64 kMaxBytes = 256 * 1024;
 
     /// What the running program can make use of.
     struct Wanted

@@ -20,7 +20,7 @@ namespace {
 HttpsExchange::Limits feedLimits()
 {
     HttpsExchange::Limits limits;
-    limits.mostBytes = UpdateFeed::kMostBytes;
+    limits.maxBytes = UpdateFeed::kMaxBytes;
     return limits;
 }
 

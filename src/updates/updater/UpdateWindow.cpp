@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int kLeastWidth = 480;
+constexpr int kMinWidth = 480;
 constexpr int kCharactersAcross = 66;
 constexpr int kMargin = Looks::kPageMargin;
 constexpr int kIconExtent = 56;
@@ -105,7 +105,7 @@ void UpdateWindow::offer(QPushButton *defaultButton, std::initializer_list<QPush
         button->setVisible(std::find(buttons.begin(), buttons.end(), button) != buttons.end());
     defaultButton->setDefault(true);
     defaultButton->setFocus();
-    const int width = qMax(kLeastWidth, kCharactersAcross * fontMetrics().averageCharWidth());
+    const int width = qMax(kMinWidth, kCharactersAcross * fontMetrics().averageCharWidth());
     // Also the column inside, which may still think that nothing in it wraps.
     layout()->invalidate();
     layout()->activate();

@@ -1,10 +1,10 @@
 #include "Clipboard/preview/FilePreview.h"
-#include "Clipboard/preview/FontRenderer.h"
+#include "Clipboard/preview/FontReader.h"
 #include "Clipboard/preview/ImageContent.h"
 #include "Clipboard/preview/ListContent.h"
 #include "Clipboard/preview/PdfBody.h"
-#include "Clipboard/preview/SvgRenderer.h"
-#include "Clipboard/preview/TextRenderer.h"
+#include "Clipboard/preview/SvgReader.h"
+#include "Clipboard/preview/TextReader.h"
 #include "PreviewRig.h"
 
 #include <QCryptographicHash>
@@ -56,9 +56,9 @@ TEST_F(PreviewKindsTest, aDrawingNeitherReadsOtherFilesNorGrowsWithoutBounds)
 
     QFile multiplying(sample("multiplying.svg"));
     ASSERT_TRUE(multiplying.open(QIODevice::ReadOnly));
-    EXPECT_EQ(SvgRenderer::harmless(multiplying.readAll()), std::nullopt);
-    EXPECT_EQ(SvgRenderer::harmless(QByteArray("<g>").repeated(100'000)), std::nullopt);
-    EXPECT_EQ(SvgRenderer::harmless("<svg><g id='a'><use href='#a'/></g></svg>")
+    EXPECT_EQ(SvgReader::harmless(multiplying.readAll()), std::nullopt);
+    EXPECT_EQ(SvgReader::harmless(QByteArray("<g>").repeated(100'000)), std::nullopt);
+    EXPECT_EQ(SvgReader::harmless("<svg><g id='a'><use href='#a'/></g></svg>")
                   .value_or(QByteArray())
                   .contains("use"),
               false);
@@ -96,7 +96,7 @@ TEST_F(PreviewKindsTest, aBrokenDocumentOrFontGivesACardAndABrokenDrawingItsText
     for (const QString &path : {sample("truncated.pdf"), sample("hostile.pdf"),
                                 write(QStringLiteral("noise.ttf"), noise)}) {
         const PreviewResult result = read(path);
-        EXPECT_TRUE(result.facts) << path.toStdString();
+        EXPECT_TRUE(result.attributes) << path.toStdString();
         EXPECT_FALSE(result.content) << path.toStdString();
     }
     EXPECT_TRUE(readAs<TextContent>(write(QStringLiteral("broken.svg"), "<svg><g></svg>")));

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Clipboard/preview/PreviewReader.h"
 #include "Clipboard/preview/PreviewRegistry.h"
-#include "Clipboard/preview/PreviewRenderer.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -37,7 +37,7 @@ protected:
         return got.value_or(PreviewResult());
     }
 
-    /// The content as its renderer made it; null for any other.
+    /// The content as its reader made it; null for any other.
     template <typename Content>
     std::shared_ptr<const Content> readAs(const QString &path, QSize pixels = QSize(512, 512))
     {

@@ -43,10 +43,10 @@ TEST_F(PreviewTest, whatIsNoReadableFileGivesACardInBoundedTime)
         paths.append(unreadable);
     for (const QString &path : paths) {
         const PreviewResult result = read(path);
-        EXPECT_TRUE(result.facts) << path.toStdString();
+        EXPECT_TRUE(result.attributes) << path.toStdString();
         EXPECT_FALSE(result.content) << path.toStdString();
     }
-    EXPECT_FALSE(read(folder.filePath(QStringLiteral("nothing"))).facts);
+    EXPECT_FALSE(read(folder.filePath(QStringLiteral("nothing"))).attributes);
     ::close(socket);
 }
 
@@ -54,7 +54,7 @@ TEST_F(PreviewTest, aBrokenOrHostileFileGivesACardInBoundedTime)
 {
     for (const char *name : {"truncated.png", "huge_claim.png", "truncated.gif", "binary.txt"}) {
         const PreviewResult result = read(sample(name));
-        EXPECT_TRUE(result.facts) << name;
+        EXPECT_TRUE(result.attributes) << name;
         EXPECT_FALSE(result.content) << name;
     }
 }
@@ -136,9 +136,9 @@ TEST_F(PreviewTest, aTextIsReadInTheEncodingItIsWrittenIn)
             << row.name << ": " << text->text().toStdString();
     }
     const QByteArray unmarked("R\0e\0g\0i\0s\0t\0r\0y\0 \0o\0f\0 \0s\0i\0z\0e\0s\0\r\0\n\0", 38);
-    EXPECT_EQ(TextRenderer::decoded(unmarked), QStringLiteral("Registry of sizes\r\n"));
+    EXPECT_EQ(TextReader::decoded(unmarked), QStringLiteral("Registry of sizes\r\n"));
     // Too few bytes for statistics.
-    EXPECT_EQ(TextRenderer::decoded("Gr\xFC\xDF"), QString::fromUtf8("Grüß"));
+    EXPECT_EQ(TextReader::decoded("Gr\xFC\xDF"), QString::fromUtf8("Grüß"));
 }
 
 TEST_F(PreviewTest, ofALongTextTheBeginningIsShown)
@@ -148,12 +148,12 @@ TEST_F(PreviewTest, ofALongTextTheBeginningIsShown)
         readAs<TextContent>(write(QStringLiteral("long.log"), line.repeated(50'000)));
     ASSERT_TRUE(lines);
     EXPECT_TRUE(lines->isCut());
-    EXPECT_EQ(lines->text().size(), TextRenderer::kMostCharacters);
+    EXPECT_EQ(lines->text().size(), TextReader::kMaxCharacters);
     const auto one =
         readAs<TextContent>(write(QStringLiteral("min.js"), "var a;" + QByteArray(1'000'000, 'x')));
     ASSERT_TRUE(one);
     EXPECT_TRUE(one->isCut());
-    EXPECT_EQ(one->text().size(), TextRenderer::kMostOfLine + 1);
+    EXPECT_EQ(one->text().size(), TextReader::kMaxOfLine + 1);
     const auto whole = readAs<TextContent>(write(QStringLiteral("short.txt"), "a\r\nb\n"));
     ASSERT_TRUE(whole);
     EXPECT_FALSE(whole->isCut());
@@ -223,9 +223,9 @@ TEST_F(PreviewTest, theLatestResultsAreKeptWhileTheirFilesStay)
     const auto after = readAs<TextContent>(first);
     ASSERT_TRUE(after);
     EXPECT_EQ(after->text(), QStringLiteral("changed"));
-    for (size_t i = 0; i < PreviewRegistry::kMostKept; ++i)
+    for (size_t i = 0; i < PreviewRegistry::kMaxKept; ++i)
         read(write(QStringLiteral("%1.txt").arg(i), "content"));
-    EXPECT_EQ(registry.keptCount(), PreviewRegistry::kMostKept);
+    EXPECT_EQ(registry.keptCount(), PreviewRegistry::kMaxKept);
     EXPECT_NE(read(first).content, std::shared_ptr<const PreviewContent>(after));
 }
 

@@ -29,7 +29,7 @@ TEST(ClipTextView, aTextOfUsualSizeIsShownWhole)
 
 TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
 {
-    constexpr qsizetype kMost = ClipTextView::kShownBytes;
+    constexpr qsizetype kMax = ClipTextView::kShownBytes;
     struct Row
     {
         const char *name;
@@ -42,17 +42,17 @@ TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
         {"many lines", lines.repeated(5'000), 500'000},
         {"lines and a long one among them",
          lines + QString(300'000, u'y') + u'\n' + lines.repeated(200), 320'101},
-        {"a whole mebibyte in lines", lines.repeated(kMost / 100 + 1).left(kMost), kMost},
-        {"one byte more", lines.repeated(kMost / 100 + 1).left(kMost + 1), kMost},
-        {"characters of two bytes", QString(kMost / 2 + 7, u'é'), kMost / 2},
+        {"a whole mebibyte in lines", lines.repeated(kMax / 100 + 1).left(kMax), kMax},
+        {"one byte more", lines.repeated(kMax / 100 + 1).left(kMax + 1), kMax},
+        {"characters of two bytes", QString(kMax / 2 + 7, u'é'), kMax / 2},
         {"lines that end in their own ways",
          (QString(25'000, u'x') + QStringLiteral("\r\na\u2029\rb ")).repeated(9), 9 * 25'007},
         {"a character of four bytes across the bound",
-         QString(kMost - 2, u'x') + QStringLiteral("🎉🎉"), kMost - 2},
+         QString(kMax - 2, u'x') + QStringLiteral("🎉🎉"), kMax - 2},
         {"and across what is shown at once",
          QString(ClipTextView::kShownAtOnce - 1, u'x') + QStringLiteral("🎉🎉"),
          ClipTextView::kShownAtOnce + 3},
-        {"five million characters on one line", QString(5'000'000, u'x'), kMost},
+        {"five million characters on one line", QString(5'000'000, u'x'), kMax},
     };
     for (const Row &row : kRows) {
         ClipTextView view;

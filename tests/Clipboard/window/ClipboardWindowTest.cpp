@@ -180,7 +180,7 @@ TEST_F(ClipboardWindowTest, theColoursFollowTheDesktopLiveAndStayReadable)
              {colors.accentText, colors.paper},
              {colors.warning, colors.paper}}};
         for (const auto &[text, ground] : pairs)
-            EXPECT_GE(ClipColors::contrast(text, ground), ClipColors::kLeastContrast)
+            EXPECT_GE(ClipColors::contrast(text, ground), ClipColors::kMinContrast)
                 << qUtf8Printable(text.name() + u' ' + ground.name());
         if (row.accent) {
             EXPECT_NEAR(colors.selected.hslHueF(), row.accent->hslHueF(), 0.02);

@@ -1,5 +1,5 @@
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
-#include "platform/x11/X11TrayArea.h"
+#include "platform/x11/windows/X11TrayArea.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -164,7 +164,7 @@ struct LimitRow
 {
     const char *name;
     QByteArray hangsOn;
-    qint64 largestKept;
+    qint64 maxKept;
 };
 
 class X11KeptLimits : public testing::TestWithParam<LimitRow>
@@ -174,7 +174,7 @@ class X11KeptLimits : public testing::TestWithParam<LimitRow>
 TEST_P(X11KeptLimits, leaveWhatCameBeforeAndAreNotSaidToBeSaved)
 {
     PasteboardLimits limits;
-    limits.largestKept = GetParam().largestKept;
+    limits.maxKept = GetParam().maxKept;
     X11Stage stage(limits);
     stage.stopTime();
     XcbClient owner;
@@ -197,7 +197,7 @@ TEST_P(X11KeptLimits, leaveWhatCameBeforeAndAreNotSaidToBeSaved)
 
 INSTANTIATE_TEST_SUITE_P(All, X11KeptLimits,
                          testing::Values(LimitRow{"hungOwner", "application/x-document",
-                                                  PasteboardLimits::kLargestFormat},
+                                                  PasteboardLimits::kMaxFormat},
                                          LimitRow{"tooMuch", {}, 400'000}),
                          [](const auto &row) { return std::string(row.param.name); });
 

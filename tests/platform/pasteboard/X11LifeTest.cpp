@@ -1,7 +1,7 @@
 #include "platform/pasteboard/X11Stage.h"
 #include "platform/x11/ForeignProgram.h"
-#include "platform/x11/X11ActiveWindow.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/windows/X11ActiveWindow.h"
 #include "support/ExpectedWarnings.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "platform/ApplicationNames.h"
 #include "platform/pasteboard/PasteboardStage.h"
 #include "platform/pasteboard/XcbClient.h"
-#include "platform/x11/X11Pasteboard.h"
+#include "platform/x11/selection/X11Pasteboard.h"
 
 #include <atomic>
 

@@ -1,7 +1,7 @@
 #include "ForeignWindow.h"
 
-#include "platform/x11/X11ActiveWindow.h"
-#include "platform/x11/X11Keyboard.h"
+#include "platform/x11/keys/X11Keyboard.h"
+#include "platform/x11/windows/X11ActiveWindow.h"
 
 #include <QMap>
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
 #include "platform/memory/MemoryHotKeys.h"
-#include "platform/x11/X11HotKeys.h"
+#include "platform/x11/keys/X11HotKeys.h"
 
 #include "ForeignWindow.h"
 #include "RealKeyboard.h"

@@ -1,5 +1,5 @@
-#include "platform/x11/X11FrontApplication.h"
-#include "platform/x11/X11HotKeys.h"
+#include "platform/x11/keys/X11HotKeys.h"
+#include "platform/x11/windows/X11FrontApplication.h"
 
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"

@@ -1,7 +1,7 @@
-#include "platform/x11/X11WindowSpace.h"
+#include "platform/x11/windows/X11WindowSpace.h"
 
-#include "platform/x11/X11ActiveWindow.h"
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/windows/X11ActiveWindow.h"
 
 #include <QGuiApplication>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "platform/x11/X11FrontApplication.h"
+#include "platform/x11/windows/X11FrontApplication.h"
 
 #include "platform/memory/MemoryHotKeys.h"
 

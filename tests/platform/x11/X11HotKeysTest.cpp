@@ -1,4 +1,4 @@
-#include "platform/x11/X11HotKeys.h"
+#include "platform/x11/keys/X11HotKeys.h"
 
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"

@@ -1,8 +1,8 @@
-#include "platform/x11/X11KeySender.h"
+#include "platform/x11/keys/X11KeySender.h"
 
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
-#include "platform/x11/X11FrontApplication.h"
+#include "platform/x11/windows/X11FrontApplication.h"
 
 #include "ForeignWindow.h"
 #include "KeyboardSetup.h"

@@ -1,4 +1,4 @@
-#include "platform/x11/X11KeyboardLayout.h"
+#include "platform/x11/keys/X11KeyboardLayout.h"
 
 #include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"

@@ -1,4 +1,4 @@
-#include "platform/x11/X11OpenWindows.h"
+#include "platform/x11/windows/X11OpenWindows.h"
 
 #include "ForeignProgram.h"
 #include "ForeignWindow.h"

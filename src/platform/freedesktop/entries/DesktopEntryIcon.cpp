@@ -4,13 +4,13 @@
 
 namespace {
 
-constexpr qint64 kLargestIcon = qint64(4) * 1024 * 1024;
+constexpr qint64 kMaxIcon = qint64(4) * 1024 * 1024;
 
 QIcon iconOfFile(const QString &path)
 {
     // A pipe or a giant in an icon's place must not hold up the painting.
     const QFileInfo file(path);
-    return file.isFile() && file.size() <= kLargestIcon ? QIcon(path) : QIcon();
+    return file.isFile() && file.size() <= kMaxIcon ? QIcon(path) : QIcon();
 }
 
 QIcon iconOfTheme(QString name)

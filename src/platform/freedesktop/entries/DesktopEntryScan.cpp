@@ -15,9 +15,9 @@
 
 namespace {
 
-constexpr int kDeepestFolder = 8;
-constexpr size_t kMostEntries = 20'000;
-constexpr qsizetype kLongestName = 256;
+constexpr int kMaxFolderDepth = 8;
+constexpr size_t kMaxEntries = 20'000;
+constexpr qsizetype kMaxNameLength = 256;
 constexpr std::chrono::nanoseconds kClockGrain = std::chrono::milliseconds(100);
 constexpr QStringView kSuffix = u".desktop";
 
@@ -54,7 +54,7 @@ std::optional<DesktopApplication> application(const DesktopEntry &entry)
         return std::nullopt;
     DesktopApplication application;
     application.name = entry.text("Name").value_or(QString()).simplified();
-    if (application.name.isEmpty() || application.name.size() > kLongestName)
+    if (application.name.isEmpty() || application.name.size() > kMaxNameLength)
         return std::nullopt;
     // The standard has an entry ignored whose TryExec is not installed.
     const auto needed = entry.text("TryExec");
@@ -99,7 +99,7 @@ QString textOf(const std::filesystem::path &path)
 
 void Scanner::addEntry(const std::filesystem::path &file, const QString &id)
 {
-    if (result.ids.contains(id) || result.applications.size() >= kMostEntries)
+    if (result.ids.contains(id) || result.applications.size() >= kMaxEntries)
         return;
     result.ids.insert(id);
     const QString path = textOf(file);
@@ -117,7 +117,7 @@ void Scanner::scanFolder(const std::filesystem::path &folder, const QString &idP
     // Taken before the folder is read: what changes meanwhile makes the stamp an old one.
     result.stamps.push_back(DesktopFolderStamp::of(textOf(folder)));
     const quint64 inode = result.stamps.back().inode;
-    if (inode == 0 || depth > kDeepestFolder || m_entered.contains(inode))
+    if (inode == 0 || depth > kMaxFolderDepth || m_entered.contains(inode))
         return;
     m_entered.insert(inode);
     std::error_code error;

@@ -43,16 +43,16 @@ bool isKnown(const QString &action)
 /// What a caller wrote, fit for one line of the log.
 QString quoted(const QString &text)
 {
-    constexpr qsizetype kMostCharacters = 64;
+    constexpr qsizetype kMaxCharacters = 64;
     QString line;
-    QDebug(&line).nospace() << text.left(kMostCharacters);
-    return text.size() > kMostCharacters ? line + QStringLiteral("…") : line;
+    QDebug(&line).nospace() << text.left(kMaxCharacters);
+    return text.size() > kMaxCharacters ? line + QStringLiteral("…") : line;
 }
 
 QString usable(const QString &activationToken)
 {
-    const bool isTooLong = activationToken.size() > DBusSingleInstance::kLongestToken ||
-                           activationToken.toUtf8().size() > DBusSingleInstance::kLongestToken;
+    const bool isTooLong = activationToken.size() > DBusSingleInstance::kMaxTokenLength ||
+                           activationToken.toUtf8().size() > DBusSingleInstance::kMaxTokenLength;
     if (isTooLong)
         qCWarning(lcInstance, "an activation token of %lld characters is ignored",
                   static_cast<long long>(activationToken.size()));
@@ -72,10 +72,10 @@ QString ownActivationToken()
 QDBusConnection findSessionBus()
 {
     constexpr const char *kAddress = "DBUS_SESSION_BUS_ADDRESS";
-    const bool isTold = !qEnvironmentVariableIsEmpty(kAddress);
+    const bool isNamed = !qEnvironmentVariableIsEmpty(kAddress);
     const bool isInPlace =
         QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-    if (isTold || isInPlace)
+    if (isNamed || isInPlace)
         return QDBusConnection::sessionBus();
     qputenv(kAddress, "disabled:");
     QDBusConnection bus = QDBusConnection::sessionBus();

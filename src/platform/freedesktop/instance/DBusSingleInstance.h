@@ -22,7 +22,7 @@ public:
     /// How long it has to save and end once it takes nothing more.
     static constexpr std::chrono::milliseconds kLeaveLimit{5000};
     /// Longer activation tokens count as none: telling the display of one takes time by its length.
-    static constexpr qsizetype kLongestToken = 1024;
+    static constexpr qsizetype kMaxTokenLength = 1024;
 
     explicit DBusSingleInstance(const QString &storeFolder,
                                 std::chrono::milliseconds answerLimit = kAnswerLimit);

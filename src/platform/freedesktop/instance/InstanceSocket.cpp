@@ -31,7 +31,7 @@ constexpr const char *kTaken = "taken";
 constexpr const char *kRefused = "refused";
 constexpr const char *kUnable = "unable";
 constexpr const char *kLeaving = "leaving";
-constexpr qsizetype kLargestMessage = 4096;
+constexpr qsizetype kMaxMessage = 4096;
 /// Who waits for an answer looks so often whether the holder is gone, which sends no word of it.
 constexpr std::chrono::milliseconds kLookInterval{5};
 
@@ -77,7 +77,7 @@ bool waitFor(int descriptor, short events, Clock::time_point deadline)
 struct InstanceSocket::Letter
 {
     ssize_t size = 0; ///< In bytes; none came when it is not positive.
-    char text[kLargestMessage];
+    char text[kMaxMessage];
     sockaddr_un sender = {};
     socklen_t senderSize = sizeof(sockaddr_un);
 };
@@ -106,15 +106,15 @@ bool InstanceSocket::openFolder()
         QDir().mkpath(QFileInfo(m_path).absolutePath()))
         ::mkdir(path.constData(), S_IRWXU);
     m_folder = ::open(path.constData(), O_DIRECTORY | O_RDONLY | O_CLOEXEC);
-    struct stat facts = {};
-    if (m_folder >= 0 && ::fstat(m_folder, &facts) == 0 && facts.st_uid != ::geteuid()) {
+    struct stat status = {};
+    if (m_folder >= 0 && ::fstat(m_folder, &status) == 0 && status.st_uid != ::geteuid()) {
         closeDescriptor(m_folder);
         errno = EPERM;
     }
     if (m_folder < 0)
         return false;
     // Whoever may enter it could send messages.
-    if ((facts.st_mode & (S_IRWXG | S_IRWXO)) != 0)
+    if ((status.st_mode & (S_IRWXG | S_IRWXO)) != 0)
         ::fchmod(m_folder, S_IRWXU);
     return true;
 }
@@ -221,15 +221,18 @@ void InstanceSocket::receive(const Receiver &receiver)
     const Letter letter = read();
     if (letter.size <= 0)
         return;
-    const bool isWhole = letter.size <= kLargestMessage;
+    const bool isWhole = letter.size <= kMaxMessage;
     const QList<QByteArray> lines =
         isWhole ? QByteArray(letter.text, letter.size).split('\n') : QList<QByteArray>();
     if (lines.size() != 3 || lines.first() != kGreeting) {
         qCWarning(lcInstance, "a message from another start was not understood");
         return;
     }
-    const Answer told = receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))});
-    answer(letter, told == Answer::Taken ? kTaken : told == Answer::Refused ? kRefused : kUnable);
+    const Answer result =
+        receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))});
+    answer(letter, result == Answer::Taken     ? kTaken
+                   : result == Answer::Refused ? kRefused
+                                               : kUnable);
 }
 
 void InstanceSocket::stopListening()

@@ -12,7 +12,7 @@
 namespace {
 
 // Each costs a start of another program.
-constexpr int kMostCustomShortcuts = 200;
+constexpr int kMaxCustomShortcuts = 200;
 
 /// The file of that name in each configuration folder, the user's first.
 QList<QByteArray> configurationFiles(const QString &name)
@@ -85,7 +85,7 @@ QList<SymbolicHotKey> FreedesktopSymbolicHotKeys::readGSettings(const QStringLis
     QList<SymbolicHotKey> hotKeys = GSettingsShortcuts::parse(listing, schemas);
     const QStringList custom = GSettingsShortcuts::customSchemas(listing, schemas);
     // The user's own shortcuts lie in relocatable schemas, which the listing leaves out.
-    for (const QString &schema : custom.first(qMin<qsizetype>(custom.size(), kMostCustomShortcuts)))
+    for (const QString &schema : custom.first(qMin<qsizetype>(custom.size(), kMaxCustomShortcuts)))
         hotKeys +=
             GSettingsShortcuts::parseCustom(output({QStringLiteral("list-recursively"), schema}));
     return hotKeys;

@@ -1,0 +1,165 @@
+#include "Clipboard/preview/TextReader.h"
+
+#include "Clipboard/preview/ClosedDocument.h"
+#include "Clipboard/preview/PreviewFile.h"
+#include "Clipboard/preview/TextBody.h"
+
+#include <QMimeType>
+#include <QStringDecoder>
+#include <QTextDocumentFragment>
+
+#include <memory>
+
+#include <unicode/ucnv.h>
+#include <unicode/ucsdet.h>
+
+namespace {
+
+/// Bytes enough to tell an encoding by.
+constexpr qsizetype kTellingBytes = 32 << 10;
+/// A web page has more markup than text.
+constexpr qsizetype kMaxOfPage = 60'000;
+/// Unlike that of plain text, all of its layout is made at once.
+constexpr qsizetype kMaxOfMarkdown = 10'000;
+
+std::optional<QString> decodedAs(const QByteArray &bytes, QStringConverter::Encoding encoding)
+{
+    // Statelessly an incomplete last character, which a bounded read leaves, would be an error.
+    QStringDecoder decoder(encoding);
+    QString text = decoder(bytes);
+    if (decoder.hasError())
+        return std::nullopt;
+    return text;
+}
+
+/// By the likeliest of the encodings that people still have.
+std::optional<QString> decodedByStatistics(const QByteArray &bytes)
+{
+    constexpr int kLikely = 20; ///< Of 100; less is said of any few bytes.
+    constexpr int kSure = 90;
+    UErrorCode error = U_ZERO_ERROR;
+    const std::unique_ptr<UCharsetDetector, decltype(&ucsdet_close)> detector(ucsdet_open(&error),
+                                                                              &ucsdet_close);
+    ucsdet_setText(detector.get(), bytes.constData(),
+                   static_cast<int32_t>(qMin(bytes.size(), kTellingBytes)), &error);
+    const UCharsetMatch *match = ucsdet_detect(detector.get(), &error);
+    if (U_FAILURE(error))
+        return std::nullopt;
+    QByteArray name = match ? ucsdet_getName(match, &error) : "";
+    const int confidence = match ? ucsdet_getConfidence(match, &error) : 0;
+    // No text of one byte a character holds NUL, while data of any kind do.
+    const bool holdsNul = bytes.left(kTellingBytes).contains('\0');
+    if (holdsNul) {
+        if (!name.startsWith("UTF-") || confidence < kSure)
+            return std::nullopt;
+    } else if (confidence < kLikely) {
+        name = "windows-1252";
+    }
+    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
+        ucnv_open(name.constData(), &error), &ucnv_close);
+    if (U_FAILURE(error))
+        return std::nullopt;
+    QString text(bytes.size() * 2, Qt::Uninitialized);
+    const int32_t length = ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()),
+                                         static_cast<int32_t>(text.size()), bytes.constData(),
+                                         static_cast<int32_t>(bytes.size()), &error);
+    if (U_FAILURE(error))
+        return std::nullopt;
+    text.truncate(length);
+    if (holdsNul && text.contains(QChar(u'\0')))
+        return std::nullopt;
+    return text;
+}
+
+/// The beginning of `text` that a view can lay out within a frame, long lines shortened.
+QString shownPart(const QString &text, qsizetype maxCharacters, bool *isCut)
+{
+    QString shown;
+    qsizetype lines = 0;
+    qsizetype start = 0;
+    while (start < text.size()) {
+        const qsizetype found = text.indexOf(u'\n', start);
+        const qsizetype end = found < 0 ? text.size() : found;
+        const qsizetype length = qMin(end - start, TextReader::kMaxOfLine);
+        if (++lines > TextReader::kMaxLines || shown.size() + length > maxCharacters)
+            break;
+        shown += QStringView(text).mid(start, length);
+        if (length < end - start) {
+            *isCut = true;
+            if (shown.back().isHighSurrogate())
+                shown.chop(1);
+            shown += u'…';
+        }
+        if (found >= 0)
+            shown += u'\n';
+        start = end + 1;
+    }
+    *isCut = *isCut || start < text.size();
+    // The text engine takes NUL for the end of what it draws.
+    return shown.replace(QChar(u'\0'), QChar::ReplacementCharacter);
+}
+
+bool isPage(const QMimeType &type)
+{
+    return type.inherits(QStringLiteral("text/html")) ||
+           type.inherits(QStringLiteral("application/xhtml+xml"));
+}
+
+TextContent::Form formOf(const QMimeType &type)
+{
+    if (type.inherits(QStringLiteral("text/markdown")))
+        return TextContent::Form::Markdown;
+    const bool isProse = type.name() == QLatin1String("text/plain") || isPage(type);
+    return isProse ? TextContent::Form::Prose : TextContent::Form::Code;
+}
+
+} // namespace
+
+bool TextReader::accepts(const QMimeType &type) const
+{
+    // Rich text is one only to programs.
+    return !type.inherits(QStringLiteral("application/rtf")) &&
+           (type.inherits(QStringLiteral("text/plain")) ||
+            type.inherits(QStringLiteral("application/xml")));
+}
+
+std::optional<QString> TextReader::decoded(const QByteArray &bytes)
+{
+    if (const auto marked = QStringConverter::encodingForData(bytes))
+        return decodedAs(bytes, *marked);
+    if (!bytes.left(kTellingBytes).contains('\0'))
+        if (std::optional<QString> text = decodedAs(bytes, QStringConverter::Utf8))
+            return text;
+    return decodedByStatistics(bytes);
+}
+
+std::shared_ptr<const PreviewContent> TextReader::read(PreviewFile &file, const QMimeType &type,
+                                                       QSize, const Patience &) const
+{
+    const QByteArray bytes = file.read(kMaxBytes);
+    std::optional<QString> text = decoded(bytes);
+    if (!text)
+        return nullptr;
+    bool isCut = bytes.size() < file.size();
+    if (isPage(type)) {
+        isCut = isCut || text->size() > kMaxOfPage;
+        // By itself the importer would read the style sheets that the page names, devices included.
+        const ClosedDocument nothingElse;
+        text = QTextDocumentFragment::fromHtml(text->left(kMaxOfPage), &nothingElse).toPlainText();
+    }
+    text->replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    const TextContent::Form form = formOf(type);
+    const qsizetype most = form == TextContent::Form::Markdown ? kMaxOfMarkdown : kMaxCharacters;
+    const QString shown = shownPart(*text, most, &isCut);
+    return std::make_shared<TextContent>(shown, form, isCut);
+}
+
+TextContent::TextContent(QString text, Form form, bool isCut)
+    : m_text(std::move(text)), m_form(form), m_isCut(isCut)
+{
+}
+
+PreviewBody *TextContent::makeBody(FileQuestions &, QWidget *parent) const
+{
+    return new TextBody(*this, parent);
+}
