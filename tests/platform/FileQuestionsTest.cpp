@@ -124,7 +124,7 @@ TEST_F(FileQuestionsTest, nobodyWaitsLongerThanTheBoundAndNotAgainForWhatIsKnown
     EXPECT_FALSE(ask(QStringLiteral("/hung/5"), Kind::Look)) << "all threads of the mount hang";
     EXPECT_FALSE(questions.isSo(QStringLiteral("/hung/5"), 10s, check()));
     disk->released.release(100);
-    EXPECT_TRUE(isRunning(0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !questions.isHanging(path); }));
     EXPECT_TRUE(questions.isSo(path, 10s, check()));
     EXPECT_FALSE(questions.isSo(QStringLiteral("/hung/missing"), 10s, check()));
 }
