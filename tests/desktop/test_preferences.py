@@ -207,12 +207,15 @@ class PreferencesJourney(Journey):
         chooser = self.app.window("Choose Application")
         self.app.wait_until_active(chooser)
         self.app.key("alt+o")
-        self.wait_for(lambda: active() not in ("", window, chooser), "the files")
-        self.app.wait_until_active(active())
+        def files():
+            return next((one for one in [active()] if one not in ("", window, chooser)), None)
+
+        self.app.wait_until_active(self.desktop.wait_for(files, "the files"))
         self.app.type(link)
         self.app.key("Return")
         self.app.wait_until_hidden("Choose Application")
         self.wait_for(lambda: self.setting("applicationsToIgnore"), "the stored list")
+        self.app.wait_until_active(window)
         self.app.key("Escape")
         self.app.wait_until_hidden("Preferences")
         self.desktop.run(["xdotool", "windowactivate", "--sync", pad_window])

@@ -27,7 +27,7 @@ protected:
     std::optional<QString> asked(Pasteboard::Selection selection)
     {
         std::optional<std::optional<QString>> answer;
-        m_pasteboard.askText(selection, &m_announced, [&](const auto &text) { answer = text; });
+        m_pasteboard.askText(selection, &m_pasteboard, [&](const auto &text) { answer = text; });
         EXPECT_TRUE(m_stage->workUntil([&] { return answer.has_value(); }));
         return answer.value_or(std::nullopt);
     }
