@@ -14,11 +14,13 @@ ROOMS = ("history", "shortcut", "updates", "hotkey", "preferenceswindow")
 # What their widgets have in common, below them.
 LOOKS = "looks"
 ROOMS_WITH_WIDGETS = ("shortcut", "updates", "hotkey", "preferenceswindow")
+# What HTML and RTF are to the adapters, and to those who show them.
+RICH_TEXT = "platform/richtext"
 # The folders of Clipboard/, which knows them all, and whom each of them knows above the platform.
 FOLDERS = {
     "Clipboard/settings": {LOOKS, "shortcut", "hotkey"},
-    "Clipboard/preview": {LOOKS},
-    "Clipboard/window": {LOOKS, "history", "Clipboard/preview"},
+    "Clipboard/preview": {LOOKS, RICH_TEXT},
+    "Clipboard/window": {LOOKS, RICH_TEXT, "history", "Clipboard/preview"},
     "Clipboard/preferences": {LOOKS, "shortcut", "preferenceswindow", "Clipboard/settings"},
     "Clipboard/welcome": {LOOKS, "Clipboard/settings"},
 }
@@ -26,7 +28,7 @@ ADAPTERS = ("x11", "wayland", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
 MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
 # What adapters of one kind share; each may know it.
-SHARED = {"platform/pasteboard", "platform/typing"}
+SHARED = {"platform/pasteboard", "platform/typing", RICH_TEXT}
 LOADER = "platform/PlatformLoader.cpp"
 LOADER_HEADER = "platform/PlatformLoader.h"
 
@@ -167,6 +169,9 @@ CASES = (
     ("platform/x11/Keys.cpp", ("platform/freedesktop/Bus.h",), "may not know platform/freedesktop"),
     ("platform/x11/Keys.cpp", ("history/Store.h",), "platform/x11 may not know history"),
     ("platform/x11/Keys.cpp", ("platform/pasteboard/Uris.h",), None),
+    ("platform/x11/Keys.cpp", ("platform/richtext/Rtf.h",), None),
+    ("Clipboard/window/View.h", ("platform/richtext/Rtf.h",), None),
+    ("history/Store.cpp", ("platform/richtext/Rtf.h",), "history may not know platform/richtext"),
     ("platform/pasteboard/Uris.cpp", ("platform/x11/Keys.h",), "may not know platform/x11"),
     ("history/Store.cpp", ("platform/pasteboard/Uris.h",), "may not know platform/pasteboard"),
     ("platform/Clock.cpp", ("platform/x11/Keys.h",), "platform may not know platform/x11"),
@@ -196,6 +201,7 @@ def self_test():
                          "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
                          "platform/freedesktop/Bus.h", "platform/memory/Fake.h",
                          "platform/pasteboard/Uris.h", "platform/QClipboard.h",
+                         "platform/richtext/Rtf.h",
                          "Clipboard/AppDelegate.h", "Clipboard/window/View.h",
                          "Clipboard/preview/Body.h", "looks/Field.h"):
                 write(root, "src/" + name, ())

@@ -1,0 +1,40 @@
+#include "platform/richtext/RichText.h"
+
+#include "platform/richtext/CarriedHtml.h"
+#include "platform/richtext/RichTextDocument.h"
+#include "platform/richtext/RtfReader.h"
+#include "platform/richtext/RtfWriter.h"
+
+namespace {
+
+/// The rendering is of this much of the HTML's formatting at most.
+constexpr qsizetype kMostRendered = qsizetype(4) << 20;
+
+} // namespace
+
+std::optional<QByteArray> RichText::withHtml(const QByteArray &html,
+                                             const std::optional<QByteArray> &rtf)
+{
+    if (html.isEmpty() || html.size() > kLargestHtml)
+        return std::nullopt;
+    if (rtf)
+        return CarriedHtml::added(html, *rtf);
+    const CarriedHtml::Encapsulation encapsulation = CarriedHtml::encapsulation(html);
+    RtfWriter writer(encapsulation.codePage);
+    if (const auto document = RichTextDocument::ofHtml(html, kMostRendered))
+        writer.write(*document);
+    return "{\\rtf1" + encapsulation.header + writer.tables() + encapsulation.group + "\\htmlrtf " +
+           writer.body() + "\\htmlrtf0}";
+}
+
+std::optional<QByteArray> RichText::htmlOf(const QByteArray &rtf)
+{
+    if (std::optional<QByteArray> html = carriedHtml(rtf))
+        return html;
+    return RtfReader::htmlOf(rtf);
+}
+
+std::optional<QByteArray> RichText::carriedHtml(const QByteArray &rtf)
+{
+    return CarriedHtml::of(rtf);
+}

@@ -1,0 +1,72 @@
+#include "platform/richtext/RichTextDocument.h"
+
+#include "platform/richtext/HtmlText.h"
+#include "platform/richtext/RichText.h"
+#include "platform/richtext/SafeHtml.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+
+namespace {
+
+/// Many times what is shown: markup that is left out comes before text that is not.
+constexpr qsizetype kMostRead = qsizetype(4) << 20;
+
+} // namespace
+
+RichTextDocument::RichTextDocument()
+{
+    setUndoRedoEnabled(false);
+}
+
+QVariant RichTextDocument::loadResource(int, const QUrl &)
+{
+    return {};
+}
+
+std::unique_ptr<RichTextDocument> RichTextDocument::of(const QByteArray &rtf,
+                                                       qsizetype mostCharacters)
+{
+    const std::optional<QByteArray> html = RichText::htmlOf(rtf);
+    return html ? ofHtml(*html, mostCharacters) : nullptr;
+}
+
+std::unique_ptr<RichTextDocument> RichTextDocument::ofHtml(const QByteArray &html,
+                                                           qsizetype mostCharacters)
+{
+    const SafeHtml::Result safe = SafeHtml::of(htmlText(html.left(kMostRead)), mostCharacters);
+    if (!safe.hasText)
+        return nullptr;
+    std::unique_ptr<RichTextDocument> document(new RichTextDocument);
+    document->setHtml(safe.html);
+    document->m_isCut = safe.isCut || html.size() > kMostRead;
+    document->makeAnchors();
+    document->moveToThread(nullptr);
+    return document;
+}
+
+void RichTextDocument::makeAnchors()
+{
+    struct Link
+    {
+        int start;
+        int end;
+        QString address;
+    };
+    QList<Link> links;
+    for (QTextBlock block = begin(); block.isValid(); block = block.next())
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece)
+            if (const QTextFragment fragment = piece.fragment();
+                !fragment.charFormat().toolTip().isEmpty())
+                links.append({fragment.position(), fragment.position() + fragment.length(),
+                              fragment.charFormat().toolTip()});
+    QTextCursor cursor(this);
+    for (const Link &link : links) {
+        cursor.setPosition(link.start);
+        cursor.setPosition(link.end, QTextCursor::KeepAnchor);
+        QTextCharFormat format;
+        format.setAnchor(true);
+        format.setAnchorHref(link.address);
+        cursor.mergeCharFormat(format);
+    }
+}

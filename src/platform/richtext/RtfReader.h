@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/richtext/CodePage.h"
+#include "platform/richtext/RtfHtml.h"
+#include "platform/richtext/RtfTokens.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+
+#include <map>
+#include <optional>
+
+/// Reads RTF for what HTML says as well: the formatting of text and paragraphs, headings, links,
+/// lists and tables. Pictures, objects and all that is not text of the body are passed over. It
+/// reads each byte once, does not recurse, and ends where the bounds of RtfHtml are reached.
+class RtfReader
+{
+public:
+    /// In UTF-8, which it says first. Absent when there is no text, or no RTF.
+    static std::optional<QByteArray> htmlOf(const QByteArray &rtf);
+
+private:
+    enum class Destination { Body, Skipped, Fonts, Colours, Styles, Instruction, Marker };
+
+    /// What a group inherits and gives back when it ends.
+    struct State
+    {
+        RtfHtml::Characters characters;
+        Destination destination = Destination::Body;
+        int font = -1;
+        int skipped = 1; ///< Characters behind \u for readers that do not know it.
+        bool isHidden = false;
+    };
+
+    struct Font
+    {
+        int codePage;
+        bool isFixed = false;
+    };
+
+    explicit RtfReader(const QByteArray &rtf) : m_tokens(rtf) {}
+
+    std::optional<QByteArray> read();
+    void openGroup();
+    void closeGroup();
+    void readWord(const RtfToken &token);
+    void readSymbol(const RtfToken &token);
+    bool readDestination(const QByteArray &word);
+    void readInTable(const QByteArray &word, const RtfToken &token);
+    bool readText(const QByteArray &word, const RtfToken &token);
+    bool readCharacters(const QByteArray &word, const RtfToken &token);
+    bool readParagraph(const QByteArray &word, const RtfToken &token);
+    void addUnicode(int number);
+    void addBytes(QByteArrayView bytes);
+    void addCharacters(const QString &text);
+    void flushBytes();
+    int codePage() const;
+
+    RtfTokens m_tokens;
+    RtfHtml m_html;
+    State m_state;
+    QList<State> m_outer;
+    qsizetype m_tooDeep = 0; ///< Groups open beyond what is kept.
+    bool m_isIgnorable = false;
+    int m_left = 0;     ///< Characters to be skipped yet.
+    QByteArray m_bytes; ///< Not decoded yet.
+
+    int m_defaultCodePage = CodePage::kWestern;
+    int m_defaultFont = 0;
+    std::map<int, CodePage> m_codePages;
+    QHash<int, Font> m_fonts;
+    int m_font = 0; ///< Being defined.
+    QList<QRgb> m_colours;
+    std::optional<QRgb> m_colour;
+    QHash<int, int> m_headings; ///< Level from 1, by style.
+    int m_style = 0;            ///< Being defined.
+    QString m_collected;        ///< Of an instruction or a list's marker.
+};
