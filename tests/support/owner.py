@@ -1,14 +1,13 @@
 #!/usr/bin/python3
 """A clipboard owner that behaves as told. Prints "owner" once it owns CLIPBOARD.
 
-  owner.py serve [--rtf RTF] [--secret] [--latin1] TEXT   a well-behaved application
-  owner.py brief MILLISECONDS TEXT                        copies and exits
-  owner.py burst COUNT INTERVAL_MS                        COUNT different copies
-  owner.py hang                                           never answers, marked text neither
-  owner.py stall                                          starts a large transfer, then sleeps
-  owner.py die                                            starts a large transfer, then exits
-  owner.py large BYTES                                    one text of that size, sent in pieces
-  owner.py raw HEX                                        these bytes as UTF8_STRING
+  owner.py serve [--rtf RTF] [--secret] TEXT   a well-behaved application
+  owner.py brief MILLISECONDS TEXT             copies and exits
+  owner.py burst COUNT INTERVAL_MS             COUNT different copies
+  owner.py hang                                never answers, marked text neither
+  owner.py stall                               starts a large transfer, then sleeps
+  owner.py die                                 starts a large transfer, then exits
+  owner.py large BYTES                         one text of that size, sent in pieces
 """
 
 import argparse
@@ -112,10 +111,8 @@ def main():
     parser.add_argument("arguments", nargs="*")
     parser.add_argument("--rtf")
     parser.add_argument("--secret", action="store_true")
-    parser.add_argument("--latin1", action="store_true")
     options = parser.parse_intermixed_args()
     owner = Owner()
-    large = b"x" * 5_000_000
     if options.mode == "burst":
         count, interval = map(int, options.arguments)
         # The first answer of a Python program is slow; the burst itself must not be.
@@ -130,8 +127,7 @@ def main():
         return
     if options.mode in ("serve", "brief"):
         text = options.arguments[-1]
-        formats = {"STRING": text.encode("latin-1")} if options.latin1 else {
-            "UTF8_STRING": text.encode()}
+        formats = {"UTF8_STRING": text.encode()}
         if options.rtf:
             formats["text/rtf"] = options.rtf.encode()
         if options.secret:
@@ -139,13 +135,10 @@ def main():
     elif options.mode == "hang":
         owner.answers = False
         formats = {"UTF8_STRING": b"never told"}
-    elif options.mode == "raw":
-        formats = {"UTF8_STRING": bytes.fromhex(options.arguments[0])}
     elif options.mode == "large":
-        formats = {"UTF8_STRING": (b"0123456789abcde\n" * (int(options.arguments[0]) // 16 + 1))
-                   [:int(options.arguments[0])]}
+        formats = {"UTF8_STRING": b"x" * int(options.arguments[0])}
     else:
-        formats = {"UTF8_STRING": large}
+        formats = {"UTF8_STRING": b"x" * 5_000_000}
         owner.after_first_chunk = (lambda: time.sleep(3600)) if options.mode == "stall" else (
             lambda: exit(0))
     owner.own(formats)
@@ -156,4 +149,5 @@ def main():
     owner.serve(int(options.arguments[0]) / 1000 if options.mode == "brief" else None)
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 PasteboardContents textCopy(const QString &text)
 {
     return {{text}};
@@ -16,7 +18,7 @@ QStringList textsOf(const QList<PasteboardContents> &changes)
 {
     QStringList texts;
     for (const PasteboardContents &contents : changes)
-        texts.append(contents.text.value_or(QStringLiteral("(none)")));
+        texts.append(contents.text.value_or(u"(none)"_s));
     return texts;
 }
 
@@ -40,61 +42,40 @@ protected:
 TEST_F(PasteboardContract, everyCopyElsewhereIsAnnouncedOnceAndKeptInOrderUntilExamined)
 {
     const qint64 start = m_pasteboard.changeCount();
-    m_stage->copyElsewhere(textCopy(QStringLiteral("one")));
-    m_stage->copyElsewhere(textCopy(QStringLiteral("two")));
-    m_stage->copyElsewhere(textCopy(QStringLiteral("two")));
+    m_stage->copyElsewhere(textCopy(u"one"_s));
+    m_stage->copyElsewhere(textCopy(u"two"_s));
+    m_stage->copyElsewhere(textCopy(u"two"_s));
     EXPECT_EQ(m_pasteboard.changeCount(), start + 3);
     EXPECT_EQ(m_announced, QList<QVariantList>({{start + 1}, {start + 2}, {start + 3}}));
     EXPECT_EQ(textsOf(m_pasteboard.changesAfter(start)),
-              QStringList({QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("two")}));
+              QStringList({u"one"_s, u"two"_s, u"two"_s}));
 
     m_pasteboard.acknowledge(start + 2);
     m_pasteboard.discard(start + 99);
-    EXPECT_EQ(textsOf(m_pasteboard.changesAfter(start)),
-              QStringList({QStringLiteral("one"), QStringLiteral("two")}));
+    EXPECT_EQ(textsOf(m_pasteboard.changesAfter(start)), QStringList({u"one"_s, u"two"_s}));
     EXPECT_EQ(m_pasteboard.changesAfter(start + 2).size(), 1);
 }
 
-struct TextRow
+TEST_F(PasteboardContract, aTextPassesUnchangedInBothDirections)
 {
-    const char *name;
-    QString text;
-};
-
-class PasteboardTexts : public PasteboardContract, public testing::WithParamInterface<TextRow>
-{
-};
-
-TEST_P(PasteboardTexts, passUnchangedInBothDirections)
-{
-    const QString &text = GetParam().text;
-    m_stage->copyElsewhere(textCopy(text));
-    ASSERT_TRUE(m_pasteboard.contents());
-    EXPECT_EQ(m_pasteboard.contents()->text, text);
-    ASSERT_TRUE(m_pasteboard.write({text}));
-    EXPECT_EQ(m_stage->pasteElsewhere().text, text);
+    for (const QString &text : {u"plain"_s, u"beyond Latin-1: straße 日本語 🗝 שלום"_s,
+                                u"a\r\nb\n\rc\n"_s, u" \t\n "_s, QString::fromLatin1("nul\0b\0", 6),
+                                u"\uFEFFbyte order mark"_s, u""_s, QString(3'000'000, u'ä')}) {
+        SCOPED_TRACE(text.left(40).toStdString());
+        m_stage->copyElsewhere(textCopy(text));
+        ASSERT_TRUE(m_pasteboard.contents());
+        EXPECT_TRUE(m_pasteboard.contents()->text == text);
+        ASSERT_TRUE(m_pasteboard.write({text}));
+        EXPECT_TRUE(m_stage->pasteElsewhere().text == text);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, PasteboardTexts,
-                         testing::Values(TextRow{"plain", QStringLiteral("plain")},
-                                         TextRow{"beyondLatin1",
-                                                 QStringLiteral("straße 日本語 🗝 שלום")},
-                                         TextRow{"lineEnds", QStringLiteral("a\r\nb\n\rc\n")},
-                                         TextRow{"blanks", QStringLiteral(" \t\n ")},
-                                         TextRow{"nul", QString::fromLatin1("a\0b\0", 4)},
-                                         TextRow{"byteOrderMark", QStringLiteral("\uFEFFa")},
-                                         TextRow{"empty", QStringLiteral("")},
-                                         TextRow{"large", QString(3'000'000, u'ä')}),
-                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(PasteboardContract, aWriteCountsAtOnceIsNotAnnouncedAndIsWhatOthersPaste)
 {
-    m_stage->copyElsewhere(textCopy(QStringLiteral("theirs")));
+    m_stage->copyElsewhere(textCopy(u"theirs"_s));
     m_announced.clear();
     const qint64 start = m_pasteboard.changeCount();
-    const Copy item{QStringLiteral("ours"),
-                    QStringLiteral("{\\rtf1 \u00e4 ours}"),
-                    {QStringLiteral("/tmp/a b%#ü"), QStringLiteral("/tmp/c")}};
+    const Copy item{u"ours"_s, u"{\\rtf1 \u00e4 ours}"_s, {u"/tmp/a b%#ü"_s, u"/tmp/c"_s}};
     ASSERT_TRUE(m_pasteboard.write(item));
     EXPECT_EQ(m_pasteboard.changeCount(), start + 1);
     ASSERT_TRUE(m_pasteboard.contents());
@@ -110,17 +91,16 @@ TEST_F(PasteboardContract, aWriteCountsAtOnceIsNotAnnouncedAndIsWhatOthersPaste)
 
 TEST_F(PasteboardContract, ofOwnWritesOnlyTheLatestAwaitsExamination)
 {
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("first")}));
-    m_stage->copyElsewhere(textCopy(QStringLiteral("theirs")));
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("second")}));
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("third")}));
-    EXPECT_EQ(textsOf(m_pasteboard.changesAfter(0)),
-              QStringList({QStringLiteral("theirs"), QStringLiteral("third")}));
+    ASSERT_TRUE(m_pasteboard.write({u"first"_s}));
+    m_stage->copyElsewhere(textCopy(u"theirs"_s));
+    ASSERT_TRUE(m_pasteboard.write({u"second"_s}));
+    ASSERT_TRUE(m_pasteboard.write({u"third"_s}));
+    EXPECT_EQ(textsOf(m_pasteboard.changesAfter(0)), QStringList({u"theirs"_s, u"third"_s}));
 }
 
 TEST_F(PasteboardContract, filesWithoutATextOfferTheirPathsOneALine)
 {
-    const QStringList files{QStringLiteral("/tmp/a b"), QStringLiteral("/home/ü.txt")};
+    const QStringList files{u"/tmp/a b"_s, u"/home/ü.txt"_s};
     ASSERT_TRUE(m_pasteboard.write({{}, {}, files}));
     const QString paths = files.join(u'\n');
     EXPECT_EQ(m_pasteboard.contents()->text, paths);
@@ -131,9 +111,7 @@ TEST_F(PasteboardContract, filesWithoutATextOfferTheirPathsOneALine)
 
 TEST_F(PasteboardContract, aCopyArrivesWithItsRtfAndFiles)
 {
-    const Copy copied{QStringLiteral("text"),
-                      QStringLiteral("{\\rtf1 text}"),
-                      {QStringLiteral("/tmp/one"), QStringLiteral("/tmp/two")}};
+    const Copy copied{u"text"_s, u"{\\rtf1 text}"_s, {u"/tmp/one"_s, u"/tmp/two"_s}};
     m_stage->copyElsewhere({copied});
     ASSERT_TRUE(m_pasteboard.contents());
     EXPECT_EQ(m_pasteboard.contents()->rtf, copied.rtf);
@@ -144,18 +122,18 @@ TEST_F(PasteboardContract, aCopyArrivesWithItsRtfAndFiles)
 TEST_F(PasteboardContract, aTextOfTheLargestUsefulSizeArrivesAndOneByteMoreDoesNot)
 {
     m_pasteboard.setLargestUsefulText(4);
-    m_stage->copyElsewhere(textCopy(QStringLiteral("éé")));
-    EXPECT_EQ(m_pasteboard.contents()->text, QStringLiteral("éé"));
+    m_stage->copyElsewhere(textCopy(u"éé"_s));
+    EXPECT_EQ(m_pasteboard.contents()->text, u"éé"_s);
     EXPECT_FALSE(m_pasteboard.contents()->isTextTooLarge);
-    m_stage->copyElsewhere(textCopy(QStringLiteral("éé!")));
+    m_stage->copyElsewhere(textCopy(u"éé!"_s));
     EXPECT_EQ(m_pasteboard.contents()->text, std::nullopt);
     EXPECT_TRUE(m_pasteboard.contents()->isTextTooLarge);
 }
 
 TEST_F(PasteboardContract, aSecretIsAnnouncedButNeverRead)
 {
-    PasteboardContents secret = textCopy(QStringLiteral("hunter2"));
-    secret.rtf = QStringLiteral("{\\rtf1 hunter2}");
+    PasteboardContents secret = textCopy(u"hunter2"_s);
+    secret.rtf = u"{\\rtf1 hunter2}"_s;
     secret.isConcealed = true;
     m_stage->copyElsewhere(secret);
     ASSERT_TRUE(m_pasteboard.contents());
@@ -166,7 +144,7 @@ TEST_F(PasteboardContract, aSecretIsAnnouncedButNeverRead)
 
 TEST_F(PasteboardContract, aDiscardedCopyIsForgotten)
 {
-    m_stage->copyElsewhere(textCopy(QStringLiteral("ignored")));
+    m_stage->copyElsewhere(textCopy(u"ignored"_s));
     m_pasteboard.discard(m_pasteboard.changeCount());
     EXPECT_FALSE(m_pasteboard.contents());
     EXPECT_TRUE(m_pasteboard.changesAfter(0).isEmpty());
@@ -176,23 +154,23 @@ TEST_F(PasteboardContract, aTextFieldMayPasteWhatTheHistoryHasNoUseFor)
 {
     using Selection = Pasteboard::Selection;
     EXPECT_EQ(asked(Selection::Clipboard), std::nullopt);
-    m_stage->copyElsewhere(textCopy(QStringLiteral("plain")));
-    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("plain"));
+    m_stage->copyElsewhere(textCopy(u"plain"_s));
+    EXPECT_EQ(asked(Selection::Clipboard), u"plain"_s);
     m_pasteboard.discard(m_pasteboard.changeCount());
-    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("plain"));
+    EXPECT_EQ(asked(Selection::Clipboard), u"plain"_s);
 
-    PasteboardContents secret = textCopy(QStringLiteral("hunter2"));
+    PasteboardContents secret = textCopy(u"hunter2"_s);
     secret.isConcealed = true;
     m_stage->copyElsewhere(secret);
-    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("hunter2"));
+    EXPECT_EQ(asked(Selection::Clipboard), u"hunter2"_s);
     EXPECT_EQ(m_pasteboard.contents()->text, std::nullopt);
 
     m_pasteboard.setLargestUsefulText(4);
-    m_stage->copyElsewhere(textCopy(QStringLiteral("too large")));
-    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("too large"));
+    m_stage->copyElsewhere(textCopy(u"too large"_s));
+    EXPECT_EQ(asked(Selection::Clipboard), u"too large"_s);
 
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours")}));
-    EXPECT_EQ(asked(Selection::Clipboard), QStringLiteral("ours"));
+    ASSERT_TRUE(m_pasteboard.write({u"ours"_s}));
+    EXPECT_EQ(asked(Selection::Clipboard), u"ours"_s);
     m_pasteboard.clear();
     EXPECT_EQ(asked(Selection::Clipboard), std::nullopt);
 }
@@ -200,21 +178,21 @@ TEST_F(PasteboardContract, aTextFieldMayPasteWhatTheHistoryHasNoUseFor)
 TEST_F(PasteboardContract, whatIsMarkedGoesFromFieldToFieldAndChangesNoCopy)
 {
     EXPECT_EQ(asked(Pasteboard::Selection::Primary), std::nullopt);
-    m_stage->markElsewhere(QStringLiteral("theirs"));
-    EXPECT_EQ(asked(Pasteboard::Selection::Primary), QStringLiteral("theirs"));
-    m_pasteboard.markText(QStringLiteral("ours ü"));
-    EXPECT_EQ(asked(Pasteboard::Selection::Primary), QStringLiteral("ours ü"));
-    EXPECT_EQ(m_stage->markedElsewhere(), QStringLiteral("ours ü"));
-    m_stage->markElsewhere(QStringLiteral("theirs again"));
+    m_stage->markElsewhere(u"theirs"_s);
+    EXPECT_EQ(asked(Pasteboard::Selection::Primary), u"theirs"_s);
+    m_pasteboard.markText(u"ours ü"_s);
+    EXPECT_EQ(asked(Pasteboard::Selection::Primary), u"ours ü"_s);
+    EXPECT_EQ(m_stage->markedElsewhere(), u"ours ü"_s);
+    m_stage->markElsewhere(u"theirs again"_s);
     // The word that ours is no longer the marked text may still be on its way.
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return asked(Pasteboard::Selection::Primary) == QStringLiteral("theirs again"); }));
+        [&] { return asked(Pasteboard::Selection::Primary) == u"theirs again"_s; }));
     EXPECT_EQ(m_pasteboard.changeCount(), 0);
 }
 
 TEST_F(PasteboardContract, clearingCountsAsAChangeAndLeavesNothing)
 {
-    ASSERT_TRUE(m_pasteboard.write({QStringLiteral("ours")}));
+    ASSERT_TRUE(m_pasteboard.write({u"ours"_s}));
     const qint64 start = m_pasteboard.changeCount();
     m_pasteboard.clear();
     EXPECT_EQ(m_pasteboard.changeCount(), start + 1);

@@ -45,9 +45,7 @@ struct EncodingRow
     QByteArray utf8;
 };
 
-class TextEncodings : public testing::TestWithParam<EncodingRow>
-{
-};
+using TextEncodings = testing::TestWithParam<EncodingRow>;
 
 TEST_P(TextEncodings, areToldByTheFormatOrTheType)
 {
@@ -66,38 +64,36 @@ QString charset(const char *name)
     return QStringLiteral("text/plain;charset=") + QLatin1String(name);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, TextEncodings,
-    testing::Values(
-        EncodingRow{"broken", "a\xFF", kUtf8, kUtf8, "a\xFF"},
-        EncodingRow{"plainUtf8", "\xC3\xBC", kPlain, kPlain, "\xC3\xBC"},
-        EncodingRow{"plainLatin1", "\xFC", kPlain, kPlain, "\xC3\xBC"},
-        EncodingRow{"latin9", "\xA4", charset("ISO-8859-15"), charset("ISO-8859-15"), "€"},
-        EncodingRow{"utf16", QByteArray("a\0\xAC\x20", 4), charset("utf-16"), charset("utf-16"),
-                    "a€"},
-        EncodingRow{"utf16Marked", QByteArray("\xFE\xFF\0a", 4), charset("UTF-16"),
-                    charset("UTF-16"), "a"},
-        EncodingRow{"charsetToldByTheType", "\xA4", kPlain, charset("iso-8859-15"), "€"},
-        EncodingRow{"stringThatIsUtf8", "\xC3\xBC", kString, kUtf8, "\xC3\xBC"},
-        EncodingRow{"stringThatLooksLikeUtf8", "\xC3\xBC", kString, kString, "\xC3\x83\xC2\xBC"},
-        EncodingRow{"textAsString", "\xFC", kText, kString, "\xC3\xBC"},
-        EncodingRow{"textAsCompound", "\x1B%G\xE2\x82\xAC\x1B%@", kText, kCompound, "€"},
-        EncodingRow{"compoundOfTheWest", "gr\xFC\xDF", kCompound, kCompound, "grüß"},
-        EncodingRow{"compoundOfTheEast", "\x1B-L\xBF\xE0\xD8 \x1B$(BF|K\\\x1B(B!", kCompound,
-                    kCompound, "При 日本!"},
-        EncodingRow{"compoundUpperHalf", "\x1B$)A\xD6\xD0\x1B-F\xE1", kCompound, kCompound, "中α"},
-        EncodingRow{"compoundKana", "\x1B)I\xB1\xB2", kCompound, kCompound, "ｱｲ"},
-        EncodingRow{"compoundSegment",
-                    QByteArray("a\x1B%/1\x80\x8D"
-                               "iso8859-15\x02\xA4"
-                               "b",
-                               20),
-                    kCompound, kCompound, "a€b"},
-        EncodingRow{"compoundDirection",
-                    "\x9B"
-                    "1]a\tb\x9B]",
-                    kCompound, kCompound, "a\tb"},
-        EncodingRow{"compoundCutOff", "a\x1B%/1\x80", kCompound, kCompound, "a"}),
-    [](const auto &row) { return std::string(row.param.name); });
+const EncodingRow kTextEncodings[] = {
+    {"broken", "a\xFF", kUtf8, kUtf8, "a\xFF"},
+    {"plainUtf8", "\xC3\xBC", kPlain, kPlain, "\xC3\xBC"},
+    {"plainLatin1", "\xFC", kPlain, kPlain, "\xC3\xBC"},
+    {"latin9", "\xA4", charset("ISO-8859-15"), charset("ISO-8859-15"), "€"},
+    {"utf16", QByteArray("a\0\xAC\x20", 4), charset("utf-16"), charset("utf-16"), "a€"},
+    {"utf16Marked", QByteArray("\xFE\xFF\0a", 4), charset("UTF-16"), charset("UTF-16"), "a"},
+    {"charsetToldByTheType", "\xA4", kPlain, charset("iso-8859-15"), "€"},
+    {"stringThatIsUtf8", "\xC3\xBC", kString, kUtf8, "\xC3\xBC"},
+    {"stringThatLooksLikeUtf8", "\xC3\xBC", kString, kString, "\xC3\x83\xC2\xBC"},
+    {"textAsString", "\xFC", kText, kString, "\xC3\xBC"},
+    {"textAsCompound", "\x1B%G\xE2\x82\xAC\x1B%@", kText, kCompound, "€"},
+    {"compoundOfTheWest", "gr\xFC\xDF", kCompound, kCompound, "grüß"},
+    {"compoundOfTheEast", "\x1B-L\xBF\xE0\xD8 \x1B$(BF|K\\\x1B(B!", kCompound, kCompound,
+     "При 日本!"},
+    {"compoundUpperHalf", "\x1B$)A\xD6\xD0\x1B-F\xE1", kCompound, kCompound, "中α"},
+    {"compoundKana", "\x1B)I\xB1\xB2", kCompound, kCompound, "ｱｲ"},
+    {"compoundSegment",
+     QByteArray("a\x1B%/1\x80\x8D"
+                "iso8859-15\x02\xA4"
+                "b",
+                20),
+     kCompound, kCompound, "a€b"},
+    {"compoundDirection",
+     "\x9B"
+     "1]a\tb\x9B]",
+     kCompound, kCompound, "a\tb"},
+    {"compoundCutOff", "a\x1B%/1\x80", kCompound, kCompound, "a"}};
+
+INSTANTIATE_TEST_SUITE_P(All, TextEncodings, testing::ValuesIn(kTextEncodings),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 } // namespace

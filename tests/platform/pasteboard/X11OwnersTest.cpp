@@ -4,6 +4,7 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 struct OfferRow
@@ -14,9 +15,7 @@ struct OfferRow
     QStringList fileNames;
 };
 
-class X11Offers : public testing::TestWithParam<OfferRow>
-{
-};
+using X11Offers = testing::TestWithParam<OfferRow>;
 
 TEST_P(X11Offers, areReadInTheBestFormatThereIs)
 {
@@ -28,70 +27,52 @@ TEST_P(X11Offers, areReadInTheBestFormatThereIs)
     EXPECT_EQ(contents.fileNames, GetParam().fileNames);
 }
 
-const QString kFile = QStringLiteral("/tmp/a b");
+const QString kFile = u"/tmp/a b"_s;
 
-INSTANTIATE_TEST_SUITE_P(
-    All, X11Offers,
-    testing::Values(
-        OfferRow{
-            "utf8BeforeLatin1", {{"UTF8_STRING", "ü"}, {"STRING", "u"}}, QStringLiteral("ü"), {}},
-        OfferRow{"mimeBeforeLatin1",
-                 {{"text/plain;charset=utf-8", "ü"}, {"STRING", "u"}},
-                 QStringLiteral("ü"),
-                 {}},
-        OfferRow{"latin1", {{"STRING", "\xFC"}}, QStringLiteral("ü"), {}},
-        OfferRow{"brokenUtf8",
-                 {{"UTF8_STRING", "a\xFF\xED\xA0\x80z\xE2\x82"}},
-                 QStringLiteral("a\uFFFD\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD"),
-                 {}},
-        OfferRow{"nothingOfUse", {{"image/png", "x"}}, std::nullopt, {}},
-        OfferRow{"filesWithoutText",
-                 {{"text/uri-list", "# two\r\nfile:///tmp/a%20b\r\nfile://localhost/etc/\r\n"}},
-                 QStringLiteral("/tmp/a b\n/etc"),
-                 {kFile, QStringLiteral("/etc")}},
-        OfferRow{"gnomeFiles",
-                 {{"x-special/gnome-copied-files", "cut\nfile:///tmp/a%20b"}},
-                 kFile,
-                 {kFile}},
-        OfferRow{"gnomeFilesBehindAWebAddress",
-                 {{"text/uri-list", "https://example.org/a\r\n"},
-                  {"x-special/gnome-copied-files", "copy\nfile:///tmp/a%20b"}},
-                 kFile,
-                 {kFile}},
-        OfferRow{"filesWithTheirAddressesAsText",
-                 {{"text/uri-list", "file:///tmp/a%20b\r\nfile:///etc\r\n"},
-                  {"text/plain", "file:///tmp/a%20b\nfile:///etc"}},
-                 QStringLiteral("/tmp/a b\n/etc"),
-                 {kFile, QStringLiteral("/etc")}},
-        OfferRow{"aFileWithATextOfItsOwn",
-                 {{"text/uri-list", "file:///tmp/a%20b\r\n"}, {"UTF8_STRING", "see file:///tmp"}},
-                 QStringLiteral("see file:///tmp"),
-                 {kFile}},
-        OfferRow{"anAddressWithoutAFile",
-                 {{"UTF8_STRING", "file:///tmp/a%20b"}},
-                 QStringLiteral("file:///tmp/a%20b"),
-                 {}},
-        OfferRow{"plainAlone", {{"text/plain", "\xC3\xBC"}}, QStringLiteral("ü"), {}},
-        OfferRow{"plainInLatin1", {{"text/plain", "\xFC"}}, QStringLiteral("ü"), {}},
-        OfferRow{"plainWithACharset",
-                 {{"text/plain;charset=ISO-8859-15", "\xA4"}},
-                 QStringLiteral("€"),
-                 {}},
-        OfferRow{"textAlone", {{"TEXT", "\xFC"}}, QStringLiteral("ü"), {}},
-        OfferRow{"compoundAlone", {{"COMPOUND_TEXT", "\x1B-L\xBF"}}, QStringLiteral("П"), {}},
-        OfferRow{"filesOfAnotherHost",
-                 {{"text/uri-list", "file://elsewhere.example/tmp/a\r\nfile:///a%00b\r\n"},
-                  {"UTF8_STRING", "text"}},
-                 QStringLiteral("text"),
-                 {}}),
-    [](const auto &row) { return std::string(row.param.name); });
+const OfferRow kX11Offers[] = {
+    {"utf8BeforeLatin1", {{"UTF8_STRING", "ü"}, {"STRING", "u"}}, u"ü"_s, {}},
+    {"brokenUtf8",
+     {{"UTF8_STRING", "a\xFF\xED\xA0\x80z\xE2\x82"}},
+     u"a\uFFFD\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD"_s,
+     {}},
+    {"nothingOfUse", {{"image/png", "x"}}, std::nullopt, {}},
+    {"filesWithoutText",
+     {{"text/uri-list", "# two\r\nfile:///tmp/a%20b\r\nfile://localhost/etc/\r\n"}},
+     u"/tmp/a b\n/etc"_s,
+     {kFile, u"/etc"_s}},
+    {"gnomeFiles", {{"x-special/gnome-copied-files", "cut\nfile:///tmp/a%20b"}}, kFile, {kFile}},
+    {"gnomeFilesBehindAWebAddress",
+     {{"text/uri-list", "https://example.org/a\r\n"},
+      {"x-special/gnome-copied-files", "copy\nfile:///tmp/a%20b"}},
+     kFile,
+     {kFile}},
+    {"filesWithTheirAddressesAsText",
+     {{"text/uri-list", "file:///tmp/a%20b\r\nfile:///etc\r\n"},
+      {"text/plain", "file:///tmp/a%20b\nfile:///etc"}},
+     u"/tmp/a b\n/etc"_s,
+     {kFile, u"/etc"_s}},
+    {"aFileWithATextOfItsOwn",
+     {{"text/uri-list", "file:///tmp/a%20b\r\n"}, {"UTF8_STRING", "see file:///tmp"}},
+     u"see file:///tmp"_s,
+     {kFile}},
+    {"anAddressWithoutAFile", {{"UTF8_STRING", "file:///tmp/a%20b"}}, u"file:///tmp/a%20b"_s, {}},
+    {"plainWithACharset", {{"text/plain;charset=ISO-8859-15", "\xA4"}}, u"€"_s, {}},
+    {"compoundAlone", {{"COMPOUND_TEXT", "\x1B-L\xBF"}}, u"П"_s, {}},
+    {"filesOfAnotherHost",
+     {{"text/uri-list", "file://elsewhere.example/tmp/a\r\nfile:///a%00b\r\n"},
+      {"UTF8_STRING", "text"}},
+     u"text"_s,
+     {}}};
+
+INSTANTIATE_TEST_SUITE_P(All, X11Offers, testing::ValuesIn(kX11Offers),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST(X11Owners, aCopyMadeBeforeTheStartIsChangeOne)
 {
     XcbClient owner;
     owner.copy("early");
     X11Stage stage;
-    EXPECT_EQ(stage.change(1, {&owner}).text, QStringLiteral("early"));
+    EXPECT_EQ(stage.change(1, {&owner}).text, u"early"_s);
 }
 
 TEST(X11Owners, anOwnerThatListsNoFormatsIsStillAskedForItsText)
@@ -100,7 +81,7 @@ TEST(X11Owners, anOwnerThatListsNoFormatsIsStillAskedForItsText)
     XcbClient owner;
     owner.manners.listsTargets = false;
     owner.own("CLIPBOARD", {{"STRING", "simple"}});
-    EXPECT_EQ(stage.change(1, {&owner}).text, QStringLiteral("simple"));
+    EXPECT_EQ(stage.change(1, {&owner}).text, u"simple"_s);
 }
 
 TEST(X11Owners, aHungOwnerIsGivenUpAfterTwoSeconds)
@@ -130,7 +111,7 @@ TEST(X11Owners, whoeverAsksAHungOwnerIsAnsweredWithNothingInTheTimeOfOneQuestion
     QObject context;
     QStringList answers;
     const auto note = [&](const std::optional<QString> &text) {
-        answers.append(text.value_or(QStringLiteral("(none)")));
+        answers.append(text.value_or(u"(none)"_s));
     };
     for (int press = 0; press < 20; ++press) {
         stage->askText(Pasteboard::Selection::Primary, &context, note);
@@ -147,18 +128,18 @@ TEST(X11Owners, whoeverAsksAHungOwnerIsAnsweredWithNothingInTheTimeOfOneQuestion
     // What was copied could not be read, so it is asked for once more.
     stage.advance(2s);
     ASSERT_TRUE(pumpUntil({}, [&] { return answers.size() == 40; }));
-    EXPECT_EQ(answers.count(QStringLiteral("(none)")), 40);
+    EXPECT_EQ(answers.count(u"(none)"_s), 40);
     // It has come to itself.
     hung.manners.hangsOn.clear();
     stage->askText(Pasteboard::Selection::Primary, &context, note);
     ASSERT_TRUE(pumpUntil({&hung}, [&] { return answers.size() == 41; }));
-    EXPECT_EQ(answers.last(), QStringLiteral("never told"));
+    EXPECT_EQ(answers.last(), u"never told"_s);
 }
 
 TEST(X11Owners, whoeverAsksWhileACopyIsReadGetsTheNewText)
 {
     X11Stage stage;
-    stage.copyElsewhere({{QStringLiteral("old")}});
+    stage.copyElsewhere({{u"old"_s}});
     XcbClient slow;
     slow.copy("new");
     ASSERT_EQ(slow.owner("CLIPBOARD"), slow.window());
@@ -170,7 +151,7 @@ TEST(X11Owners, whoeverAsksWhileACopyIsReadGetsTheNewText)
                    [&](const auto &text) { answer = text; });
     EXPECT_EQ(answer, std::nullopt);
     ASSERT_TRUE(pumpUntil({&slow}, [&] { return answer.has_value(); }));
-    EXPECT_EQ(answer, QStringLiteral("new"));
+    EXPECT_EQ(answer, u"new"_s);
 }
 
 TEST(X11Owners, aHungOwnerHoldsUpNeitherTheNextCopyNorOurWriteNorALateAnswer)
@@ -179,14 +160,14 @@ TEST(X11Owners, aHungOwnerHoldsUpNeitherTheNextCopyNorOurWriteNorALateAnswer)
     XcbClient hung;
     XcbClient other;
     hung.copy("hung");
-    EXPECT_TRUE(stage->write({QStringLiteral("ours")}));
+    EXPECT_TRUE(stage->write({u"ours"_s}));
     EXPECT_EQ(stage.paste("UTF8_STRING"), "ours");
     hung.copy("hung again");
     other.copy("alive");
-    EXPECT_EQ(stage.change(4, {&other}).text, QStringLiteral("alive"));
+    EXPECT_EQ(stage.change(4, {&other}).text, u"alive"_s);
     // Only now does it answer what it was asked, which nobody waits for any more.
     other.copy("after the late answers");
-    EXPECT_EQ(stage.change(5, {&hung, &other}).text, QStringLiteral("after the late answers"));
+    EXPECT_EQ(stage.change(5, {&hung, &other}).text, u"after the late answers"_s);
     EXPECT_EQ(stage->changesAfter(0).size(), 5);
 }
 
@@ -200,7 +181,7 @@ TEST(X11Owners, aFormatThatHangsLeavesTheTextThatCameBefore)
     ASSERT_TRUE(pumpUntil({&owner}, [&] { return owner.requests().contains("text/rtf"); }));
     stage.advance(2s);
     const PasteboardContents contents = stage.change(1, {&owner});
-    EXPECT_EQ(contents.text, QStringLiteral("text"));
+    EXPECT_EQ(contents.text, u"text"_s);
     EXPECT_EQ(contents.rtf, std::nullopt);
 }
 
@@ -211,9 +192,7 @@ struct BrokenTransferRow
     std::chrono::milliseconds wait;
 };
 
-class X11BrokenTransfers : public testing::TestWithParam<BrokenTransferRow>
-{
-};
+using X11BrokenTransfers = testing::TestWithParam<BrokenTransferRow>;
 
 TEST_P(X11BrokenTransfers, giveNoHalfText)
 {
@@ -280,9 +259,7 @@ struct LargeRow
     qint64 toldBytes = 0; ///< As the size of what is too large.
 };
 
-class X11LargeTexts : public testing::TestWithParam<LargeRow>
-{
-};
+using X11LargeTexts = testing::TestWithParam<LargeRow>;
 
 TEST_P(X11LargeTexts, areReadNoFurtherThanTheyCanBeOfUse)
 {
@@ -299,7 +276,7 @@ TEST_P(X11LargeTexts, areReadNoFurtherThanTheyCanBeOfUse)
     EXPECT_EQ(contents.tooLargeBytes.value_or(0), row.toldBytes);
     EXPECT_LE(owner.sentBytes(), row.mostSent);
     owner.copy("next");
-    EXPECT_EQ(stage.change(2, {&owner}).text, QStringLiteral("next"));
+    EXPECT_EQ(stage.change(2, {&owner}).text, u"next"_s);
 }
 
 constexpr qint64 kMiB = 1024 * 1024;
@@ -334,7 +311,7 @@ TEST(X11Owners, copiesOnEachOthersHeelsAreAllThereInOrder)
     XcbClient owner;
     QStringList copied;
     for (int i = 0; i < 100; ++i) {
-        copied.append(QStringLiteral("copy %1").arg(i, 3));
+        copied.append(u"copy %1"_s.arg(i, 3));
         owner.copy(copied.last().toUtf8());
         // The next copy follows as soon as this one was answered, read or not.
         const qsizetype answered = copied.size() * copied.last().size();
@@ -343,7 +320,7 @@ TEST(X11Owners, copiesOnEachOthersHeelsAreAllThereInOrder)
     ASSERT_TRUE(stage.reaches(100, {&owner}));
     QStringList recorded;
     for (const PasteboardContents &contents : stage->changesAfter(0))
-        recorded.append(contents.text.value_or(QStringLiteral("(none)")));
+        recorded.append(contents.text.value_or(u"(none)"_s));
     EXPECT_EQ(recorded.join(u'\n').toStdString(), copied.join(u'\n').toStdString());
 }
 

@@ -47,6 +47,12 @@ std::optional<QByteArray> X11Stage::paste(const QByteArray &target, const QByteA
     return requestor.answer();
 }
 
+bool X11Stage::isServed(const QByteArray &bytes, const QByteArray &target)
+{
+    return pumpUntil({&m_client}, [this] { return m_client.owner("CLIPBOARD") != 0; }) &&
+           paste(target) == bytes;
+}
+
 void X11Stage::copyElsewhere(const PasteboardContents &contents)
 {
     XcbClient::Formats formats;

@@ -27,6 +27,9 @@ public:
     std::optional<QByteArray> paste(const QByteArray &target,
                                     const QByteArray &selection = "CLIPBOARD");
 
+    /// Whether another client gets these bytes, once somebody owns the clipboard.
+    bool isServed(const QByteArray &bytes, const QByteArray &target = "UTF8_STRING");
+
     // ^PasteboardStage
     Pasteboard &pasteboard() override { return m_pasteboard; }
     void copyElsewhere(const PasteboardContents &contents) override;

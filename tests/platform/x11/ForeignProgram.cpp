@@ -11,7 +11,8 @@ const QString kPython = QStringLiteral("/usr/bin/python3");
 ForeignProgram::ForeignProgram()
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(kPython, {QStringLiteral(TEST_DATA_DIR "/../support/foreign_program.py")});
+    m_process.start(kPython, {QStringLiteral("-B"),
+                              QStringLiteral(TEST_DATA_DIR "/../support/foreign_program.py")});
 }
 
 ForeignProgram::~ForeignProgram()

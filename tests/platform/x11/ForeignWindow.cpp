@@ -11,16 +11,16 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr int kEvdevOffset = 8;
 
 QString nameOf(xcb_keycode_t keycode)
 {
     static const QMap<int, QString> kNames{
-        {37, QStringLiteral("Control")}, {50, QStringLiteral("Shift")},
-        {133, QStringLiteral("Super")},  {36, QStringLiteral("Return")},
-        {118, QStringLiteral("Insert")}, {55, QStringLiteral("v")},
-        {54, QStringLiteral("c")},       {53, QStringLiteral("x")},
-        {60, QStringLiteral(".")},       {67, QStringLiteral("F1")}};
+        {37, u"Control"_s}, {50, u"Shift"_s}, {133, u"Super"_s}, {36, u"Return"_s},
+        {118, u"Insert"_s}, {55, u"v"_s},     {54, u"c"_s},      {53, u"x"_s},
+        {60, u"."_s},       {67, u"F1"_s}};
     return kNames.value(keycode, QString::number(keycode));
 }
 
@@ -28,13 +28,13 @@ QString modifiersOf(quint16 state)
 {
     QString modifiers;
     if (state & XCB_MOD_MASK_SHIFT)
-        modifiers += QStringLiteral("Shift-");
+        modifiers += u"Shift-"_s;
     if (state & XCB_MOD_MASK_CONTROL)
-        modifiers += QStringLiteral("Control-");
+        modifiers += u"Control-"_s;
     if (state & XCB_MOD_MASK_1)
-        modifiers += QStringLiteral("Alt-");
+        modifiers += u"Alt-"_s;
     if (state & XCB_MOD_MASK_4)
-        modifiers += QStringLiteral("Super-");
+        modifiers += u"Super-"_s;
     return modifiers;
 }
 
@@ -153,8 +153,7 @@ QStringList ForeignWindow::takeKeys()
             continue;
         const auto &key = reinterpret_cast<const xcb_key_press_event_t &>(*event);
         const bool isPress = type == XCB_KEY_PRESS;
-        keys.append((isPress ? QStringLiteral("+") + modifiersOf(key.state) : QStringLiteral("-")) +
-                    nameOf(key.detail));
+        keys.append((isPress ? u"+"_s + modifiersOf(key.state) : u"-"_s) + nameOf(key.detail));
     }
     return keys;
 }
@@ -162,7 +161,7 @@ QStringList ForeignWindow::takeKeys()
 QString ForeignWindow::takeSymbols()
 {
     static const QRegularExpression kModifier(
-        QStringLiteral("(Shift|Control|Alt|Meta|Super)_[LR]$|ISO_Level3_Shift$|Caps_Lock$"));
+        u"(Shift|Control|Alt|Meta|Super)_[LR]$|ISO_Level3_Shift$|Caps_Lock$"_s);
     X11Keyboard keyboard(m_connection);
     xkb_keymap *keymap = keyboard.keymap();
     m_connection.roundTrip();

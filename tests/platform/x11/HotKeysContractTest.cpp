@@ -4,8 +4,7 @@
 #include "platform/x11/keys/X11HotKeys.h"
 
 #include "ForeignWindow.h"
-#include "RealKeyboard.h"
-#include "Settle.h"
+#include "Keyboard.h"
 
 #include <QSignalSpy>
 
@@ -33,11 +32,7 @@ public:
 class X11Maker
 {
 public:
-    void press()
-    {
-        for (const int key : {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V})
-            m_keyboard.press(key);
-    }
+    void press() { m_keyboard.press(KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V); }
     void release() { m_keyboard.releaseAll(); }
     void holdElsewhere()
     {

@@ -5,9 +5,8 @@
 #include "platform/VirtualKeys.h"
 
 #include "ForeignWindow.h"
-#include "KeyboardSetup.h"
+#include "Keyboard.h"
 #include "NamesByClass.h"
-#include "RealKeyboard.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -17,6 +16,8 @@
 #include <linux/input-event-codes.h>
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr quint32 kSuperShift = CarbonModifiers::kCommand | CarbonModifiers::kShift;
 constexpr HotKeyId kOpen{0x54455354, 1};
@@ -51,21 +52,18 @@ TEST_F(KeyboardHandOverTest, keysPressedWhileTheHotKeyIsDownReachOurWindowOnceAn
     for (const bool isInFrontBefore : {false, true}) {
         SCOPED_TRACE(isInFrontBefore ? "our window is in front" : "another window is in front");
         m_ours.clear();
-        for (const int key : {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V})
-            m_keyboard.press(key);
+        m_keyboard.press(KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V);
         ASSERT_TRUE(QTest::qWaitFor([this] { return m_ours.isVisible(); }));
         m_keyboard.release(KEY_LEFTSHIFT);
         m_keyboard.release(KEY_LEFTMETA);
-        for (const int key : {KEY_A, KEY_X, KEY_X})
-            m_keyboard.tap(key);
+        m_keyboard.tap(KEY_A, KEY_X, KEY_X);
         m_keyboard.release(KEY_V);
         m_keyboard.tap(KEY_B);
         EXPECT_TRUE(QTest::qWaitFor([this] { return m_ours.text().size() >= 4; }));
-        EXPECT_EQ(m_ours.text(), QStringLiteral("axxb"));
+        EXPECT_EQ(m_ours.text(), u"axxb"_s);
         EXPECT_TRUE(QTest::qWaitFor([&] { return m_releases == (isInFrontBefore ? 2 : 1); }));
     }
-    EXPECT_EQ(target.takeKeys().filter(QStringLiteral("+")),
-              (QStringList{QStringLiteral("+Super"), QStringLiteral("+Super-Shift")}));
+    EXPECT_EQ(target.takeKeys().filter(u"+"_s), (QStringList{u"+Super"_s, u"+Super-Shift"_s}));
 }
 
 TEST_F(KeyboardHandOverTest, withoutAWindowOfOursTheKeyboardIsFreeAgainSoon)
@@ -74,16 +72,13 @@ TEST_F(KeyboardHandOverTest, withoutAWindowOfOursTheKeyboardIsFreeAgainSoon)
     QObject::disconnect(&m_hotKeys, &HotKeys::pressed, &m_ours, nullptr);
     ForeignWindow target;
     ASSERT_TRUE(target.show());
-    for (const int key : {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V})
-        m_keyboard.press(key);
+    m_keyboard.press(KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V);
     m_keyboard.tap(KEY_C);
     m_keyboard.releaseAll();
     m_keyboard.tap(KEY_X);
     QStringList keys;
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return (keys += target.takeKeys()).contains(QStringLiteral("-x")); }));
-    EXPECT_EQ(keys.filter(QStringLiteral("+")).filter(QStringLiteral("c")), QStringList())
-        << "it was meant for us";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (keys += target.takeKeys()).contains(u"-x"_s); }));
+    EXPECT_EQ(keys.filter(u"+"_s).filter(u"c"_s), QStringList()) << "it was meant for us";
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_releases == 1; }));
 }
 

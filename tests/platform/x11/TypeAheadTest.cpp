@@ -5,10 +5,8 @@
 #include "platform/VirtualKeys.h"
 
 #include "ForeignWindow.h"
-#include "KeyboardSetup.h"
+#include "Keyboard.h"
 #include "NamesByClass.h"
-#include "RealKeyboard.h"
-#include "Settle.h"
 
 #include <QDeadlineTimer>
 #include <QLineEdit>
@@ -84,8 +82,7 @@ TEST_F(TypeAheadTest, whatFollowsReturnFollowsTheKeystroke)
         SCOPED_TRACE(int(up));
         ASSERT_TRUE(open());
         m_ours.clear();
-        for (const int key : {KEY_X, KEY_ENTER, KEY_X, KEY_V})
-            m_keyboard.tap(key);
+        m_keyboard.tap(KEY_X, KEY_ENTER, KEY_X, KEY_V);
         m_keyboard.press(KEY_LEFTSHIFT);
         m_keyboard.tap(KEY_C);
         if (up == ShiftUp::BeforeTheKeystroke)
@@ -111,8 +108,7 @@ TEST_F(TypeAheadTest, withoutAKeystrokeItGoesWhereTheKeyboardIsAtOnce)
 {
     ASSERT_TRUE(m_target.show());
     ASSERT_TRUE(open());
-    for (const int key : {KEY_X, KEY_ENTER, KEY_A, KEY_ENTER, KEY_B})
-        m_keyboard.tap(key);
+    m_keyboard.tap(KEY_X, KEY_ENTER, KEY_A, KEY_ENTER, KEY_B);
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_ours.text().size() == 3; }));
     EXPECT_EQ(m_ours.text(), QStringLiteral("xab"));
 }

@@ -5,10 +5,8 @@
 #include "platform/x11/windows/X11FrontApplication.h"
 
 #include "ForeignWindow.h"
-#include "KeyboardSetup.h"
+#include "Keyboard.h"
 #include "NamesByClass.h"
-#include "RealKeyboard.h"
-#include "Settle.h"
 
 #include <QProcess>
 #include <QTest>
@@ -19,11 +17,12 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr quint32 kSuperShift = CarbonModifiers::kCommand | CarbonModifiers::kShift;
 constexpr HotKeyId kOpen{0x54455354, 1};
 
-const QStringList kCtrlV{QStringLiteral("+Control"), QStringLiteral("+Control-v"),
-                         QStringLiteral("-v"), QStringLiteral("-Control")};
+const QStringList kCtrlV{u"+Control"_s, u"+Control-v"_s, u"-v"_s, u"-Control"_s};
 
 using Outcome = KeySender::Outcome;
 
@@ -53,7 +52,7 @@ protected:
         m_front,
         m_names,
         {[this](xcb_window_t target) { m_pastedInto = target; },
-         [this] { m_primary.append(QStringLiteral("offered")); },
+         [this] { m_primary.append(u"offered"_s); },
          [this](xcb_window_t target) { m_primary.append(QString::number(target)); },
          [this] { return m_askers; }},
         [this] { return m_usersTable; }};
@@ -93,36 +92,30 @@ TEST_P(WhileHeld, theKeystrokeArrivesCleanAndNothingSticks)
     settle(m_hotKeys);
     std::ignore = target.takeKeys();
     m_keyboard.tap(KEY_X);
-    EXPECT_EQ(target.takeKeys(), (QStringList{QStringLiteral("+x"), QStringLiteral("-x")}));
+    EXPECT_EQ(target.takeKeys(), (QStringList{u"+x"_s, u"-x"_s}));
     EXPECT_EQ(pressed.size(), held.isHotKey ? 1U : 0U) << "the keystroke came back to us";
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, WhileHeld,
-                         testing::Values(Held{"nothing", {}},
-                                         Held{"theOpenShortcut",
-                                              {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V},
-                                              true,
-                                              VirtualKey::kV,
-                                              kSuperShift},
-                                         Held{"theSwopShortcutOnTheRight",
-                                              {KEY_RIGHTMETA, KEY_RIGHTSHIFT, KEY_X},
-                                              true,
-                                              VirtualKey::kX,
-                                              kSuperShift},
-                                         Held{"shiftReturn", {KEY_LEFTSHIFT, KEY_ENTER}},
-                                         Held{"controlAlt", {KEY_LEFTCTRL, KEY_LEFTALT}},
-                                         Held{"functionKey", {KEY_F1}, true, VirtualKey::kF1, 0},
-                                         Held{"theVeryKeystroke",
-                                              {KEY_LEFTCTRL, KEY_V},
-                                              true,
-                                              VirtualKey::kV,
-                                              CarbonModifiers::kControl}),
+const Held kWhileHeld[] = {
+    {"nothing", {}},
+    {"theOpenShortcut", {KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V}, true, VirtualKey::kV, kSuperShift},
+    {"theSwopShortcutOnTheRight",
+     {KEY_RIGHTMETA, KEY_RIGHTSHIFT, KEY_X},
+     true,
+     VirtualKey::kX,
+     kSuperShift},
+    {"shiftReturn", {KEY_LEFTSHIFT, KEY_ENTER}},
+    {"controlAlt", {KEY_LEFTCTRL, KEY_LEFTALT}},
+    {"functionKey", {KEY_F1}, true, VirtualKey::kF1, 0},
+    {"theVeryKeystroke", {KEY_LEFTCTRL, KEY_V}, true, VirtualKey::kV, CarbonModifiers::kControl}};
+
+INSTANTIATE_TEST_SUITE_P(Keys, WhileHeld, testing::ValuesIn(kWhileHeld),
                          [](const auto &row) { return std::string(row.param.name); });
 
 struct Layout
 {
     const char *name;
-    QStringList setup;
+    const char *setup;
     bool isSecondGroup;
     const char *key;
 };
@@ -140,24 +133,15 @@ TEST_P(InLayout, theKeyThatGivesTheLetterIsTyped)
     ASSERT_TRUE(target.show());
     settle(m_hotKeys);
     ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
-    EXPECT_EQ(typed(target).value(1),
-              QStringLiteral("+Control-") + QString::fromLatin1(GetParam().key));
+    EXPECT_EQ(typed(target).value(1), u"+Control-"_s + QString::fromLatin1(GetParam().key));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Layouts, InLayout,
-    testing::Values(Layout{"dvorak", {QStringLiteral("us"), QStringLiteral("dvorak")}, false, "."},
-                    Layout{"russianAlone", {QStringLiteral("ru")}, false, "v"},
-                    Layout{"russianBesideDvorak",
-                           {QStringLiteral("-layout"), QStringLiteral("us,ru"),
-                            QStringLiteral("-variant"), QStringLiteral("dvorak,")},
-                           true,
-                           "."},
-                    Layout{"dvorakBesideAmerican",
-                           {QStringLiteral("-layout"), QStringLiteral("us,us"),
-                            QStringLiteral("-variant"), QStringLiteral(",dvorak")},
-                           true,
-                           "."}),
+    testing::Values(Layout{"dvorak", "us dvorak", false, "."},
+                    Layout{"russianAlone", "ru", false, "v"},
+                    Layout{"russianBesideDvorak", "-layout us,ru -variant dvorak,", true, "."},
+                    Layout{"dvorakBesideAmerican", "-layout us,us -variant ,dvorak", true, "."}),
     [](const auto &row) { return std::string(row.param.name); });
 
 enum class Command { Copy, Paste, PasteOverCopied };
@@ -193,33 +177,32 @@ TEST_P(InApplication, theKeysItTakesAreTyped)
     settle(m_hotKeys);
     EXPECT_EQ(send(known.command), known.outcome);
     EXPECT_EQ(target.takeSymbols(), QLatin1String(known.typed));
-    EXPECT_EQ(m_primary.value(0).replace(QString::number(target.id()), QStringLiteral("taken")),
+    EXPECT_EQ(m_primary.value(0).replace(QString::number(target.id()), u"taken"_s),
               QLatin1String(known.primary));
     if (known.outcome == Outcome::Sent) {
         EXPECT_EQ(m_pastedInto == target.id(), known.command != Command::Copy);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Known, InApplication,
-    testing::Values(
-        Known{"pasteAnywhere", "Foreign", Command::Paste, "Ctrl+v"},
-        Known{"copyAnywhere", "Foreign", Command::Copy, "Ctrl+c"},
-        Known{"pasteOverAnywhere", "Foreign", Command::PasteOverCopied, "Ctrl+v"},
-        Known{"pasteInTerminal", "Terminal", Command::Paste, "Shift+Insert", Outcome::Sent,
-              "offered"},
-        Known{"copyInTerminal", "Terminal", Command::Copy, "", Outcome::Sent, "taken"},
-        Known{"pasteInXTerm", "XTerm", Command::Paste, "Shift+Insert", Outcome::Sent, "offered"},
-        Known{"pasteInEmacs", "Emacs", Command::Paste, "Ctrl+y"},
-        Known{"copyInEmacs", "Emacs", Command::Copy, "", Outcome::Sent, "taken"},
-        Known{"pasteOverInEmacs", "Emacs", Command::PasteOverCopied, "BackSpace Ctrl+y"},
-        Known{"pasteInGVim", "Gvim", Command::Paste, "Ctrl+backslash Ctrl+o quotedbl plus g P"},
-        Known{"copyInAMachine", "qemu-system-x86_64", Command::Copy, "", Outcome::NoKnownKeys},
-        Known{"nothingIsKnown", "Xedit", Command::Paste, "", Outcome::NoKnownKeys},
-        Known{"theUsersOwn", "mine", Command::Paste, "Ctrl+x P"},
-        Known{"theUsersOwnCopy", "Mine", Command::Copy, "Alt+K"},
-        Known{"aCharacterThatNoKeyHas", "Other", Command::Paste, "", Outcome::NoKnownKeys}),
-    [](const auto &row) { return std::string(row.param.name); });
+const Known kInApplication[] = {
+    {"pasteAnywhere", "Foreign", Command::Paste, "Ctrl+v"},
+    {"copyAnywhere", "Foreign", Command::Copy, "Ctrl+c"},
+    {"pasteOverAnywhere", "Foreign", Command::PasteOverCopied, "Ctrl+v"},
+    {"pasteInTerminal", "Terminal", Command::Paste, "Shift+Insert", Outcome::Sent, "offered"},
+    {"copyInTerminal", "Terminal", Command::Copy, "", Outcome::Sent, "taken"},
+    {"pasteInXTerm", "XTerm", Command::Paste, "Shift+Insert", Outcome::Sent, "offered"},
+    {"pasteInEmacs", "Emacs", Command::Paste, "Ctrl+y"},
+    {"copyInEmacs", "Emacs", Command::Copy, "", Outcome::Sent, "taken"},
+    {"pasteOverInEmacs", "Emacs", Command::PasteOverCopied, "BackSpace Ctrl+y"},
+    {"pasteInGVim", "Gvim", Command::Paste, "Ctrl+backslash Ctrl+o quotedbl plus g P"},
+    {"copyInAMachine", "qemu-system-x86_64", Command::Copy, "", Outcome::NoKnownKeys},
+    {"nothingIsKnown", "Xedit", Command::Paste, "", Outcome::NoKnownKeys},
+    {"theUsersOwn", "mine", Command::Paste, "Ctrl+x P"},
+    {"theUsersOwnCopy", "Mine", Command::Copy, "Alt+K"},
+    {"aCharacterThatNoKeyHas", "Other", Command::Paste, "", Outcome::NoKnownKeys}};
+
+INSTANTIATE_TEST_SUITE_P(Known, InApplication, testing::ValuesIn(kInApplication),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(X11KeySenderTest, aRemoteComputerIsPastedIntoOnceItsWindowHasTakenTheClipOver)
 {
@@ -237,7 +220,7 @@ TEST_F(X11KeySenderTest, aRemoteComputerIsPastedIntoOnceItsWindowHasTakenTheClip
             symbols += remote.takeSymbols();
             return givenUp > 0 || !symbols.isEmpty();
         }));
-        EXPECT_EQ(symbols, isTakenOver ? QStringLiteral("Ctrl+v") : QString());
+        EXPECT_EQ(symbols, isTakenOver ? u"Ctrl+v"_s : QString());
         EXPECT_EQ(givenUp, isTakenOver ? 0 : 1);
     }
     // Somebody else is in front by then.
@@ -252,13 +235,13 @@ TEST_F(X11KeySenderTest, aRemoteComputerIsPastedIntoOnceItsWindowHasTakenTheClip
     ASSERT_TRUE(silent.show());
     ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
     EXPECT_EQ(silent.takeSymbols(), QString());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return silent.takeSymbols() == QStringLiteral("Ctrl+v"); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return silent.takeSymbols() == u"Ctrl+v"_s; }));
 }
 
 struct Character
 {
     const char *name;
-    QStringList setup;
+    const char *setup;
     bool isSecondGroup;
     bool isCapsLock;
 };
@@ -278,26 +261,23 @@ TEST_P(PlainCharacters, areTheSameInEveryLayoutAndCapsLockIsAsItWas)
     settle(m_hotKeys);
     std::ignore = target.takeKeys();
     ASSERT_EQ(m_sender.sendCommand(VirtualKey::kV), Outcome::Sent);
-    EXPECT_EQ(target.takeSymbols(), QStringLiteral("Ctrl+backslash g P at"));
+    EXPECT_EQ(target.takeSymbols(), u"Ctrl+backslash g P at"_s);
     m_setup.setLock(KEY_CAPSLOCK, XCB_MOD_MASK_LOCK, false);
     m_keyboard.tap(KEY_G);
-    EXPECT_EQ(target.takeSymbols(),
-              GetParam().isSecondGroup ? QStringLiteral("Cyrillic_pe") : QStringLiteral("g"));
+    EXPECT_EQ(target.takeSymbols(), GetParam().isSecondGroup ? u"Cyrillic_pe"_s : u"g"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Layouts, PlainCharacters,
-    testing::Values(Character{"german", {QStringLiteral("de")}, false, false},
-                    Character{"capsLock", {QStringLiteral("us")}, false, true},
-                    Character{"russianBesideAmerican", {QStringLiteral("us,ru")}, true, true}),
-    [](const auto &row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Layouts, PlainCharacters,
+                         testing::Values(Character{"german", "de", false, false},
+                                         Character{"capsLock", "us", false, true},
+                                         Character{"russianBesideAmerican", "us,ru", true, true}),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(X11KeySenderTest, withoutTheTestExtensionNothingIsSent)
 {
     EXPECT_TRUE(m_sender.isAvailable());
     QProcess server;
-    server.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"),
-                                          QStringLiteral("-extension"), QStringLiteral("XTEST")});
+    server.startCommand(u"Xvfb -displayfd 1 -extension XTEST"_s);
     ASSERT_TRUE(server.waitForReadyRead());
     const QByteArray display = qgetenv("DISPLAY");
     qputenv("DISPLAY", ":" + server.readAllStandardOutput().trimmed());
