@@ -30,12 +30,18 @@ class Journey(unittest.TestCase):
 
     def setUp(self):
         self._problems_before = self._problems()
-        self.desktop = Desktop(**self.desktop_options)
-        self.desktop.__enter__()
-        self.addCleanup(self.desktop.close)
+        self.enter(**self.desktop_options)
         self.addCleanup(self._keep_screen)
         if self.starts_app:
             self.app = Quillmarsh(self.desktop, BINARY, welcomed=self.welcomed)
+
+    def enter(self, **options):
+        """Goes to a desktop of that kind, from the one before it."""
+        if hasattr(self, "desktop"):
+            self.desktop.close()
+        self.desktop = Desktop(**options)
+        self.addCleanup(self.desktop.close)
+        self.desktop.__enter__()
 
     def _problems(self):
         return len(self._outcome.result.errors) + len(self._outcome.result.failures)
@@ -59,11 +65,7 @@ class Journey(unittest.TestCase):
 
     def owner(self, *arguments, wait=True):
         """Starts a clipboard owner of support/owner.py."""
-        process = self.desktop.start([PYTHON, str(SUPPORT / "owner.py"), *map(str, arguments)],
-                                     stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        if wait:
-            process.stdout.readline()
-        return process
+        return self.desktop.helper("owner.py", *arguments, is_ready=wait)
 
     def editor(self, kind, *arguments):
         """A text window of our own ("gtk" or "qt") with the keyboard; returns the path of the
@@ -74,10 +76,16 @@ class Journey(unittest.TestCase):
                                      stderr=subprocess.DEVNULL, text=True)
         self.assertEqual(process.stdout.readline(), "ready\n")
         # The window manager gives the keyboard first and says so afterwards.
-        self.wait_for(lambda: self.desktop.run(
-            ["xdotool", "getactivewindow", "getwindowpid"], capture_output=True,
-            text=True).stdout.strip() == str(process.pid), f"the {kind} editor in front")
+        self.wait_for(lambda: self.desktop.ask("xdotool", "getactivewindow", "getwindowpid")
+                      == str(process.pid), f"the {kind} editor in front")
         return path
+
+    def open_own(self, word, name):
+        """Has the running program open the window that a word on the command line is for."""
+        self.assertEqual(self.desktop.run([BINARY, word]).returncode, 0)
+        window = self.app.window(name)
+        self.app.wait_until_active(window)
+        return window
 
     def notifications(self):
         """Starts a notification server; the answer tells all that it has been sent."""
@@ -95,14 +103,10 @@ class Journey(unittest.TestCase):
     def terminal(self):
         """xterm running cat into a file, with the keyboard; returns that file's path."""
         path = self.file("xterm.txt")
-        self.desktop.start(["xterm", "-e", f"cat > {path}"], stdout=subprocess.DEVNULL,
-                           stderr=subprocess.DEVNULL)
+        self.desktop.start(["xterm", "-e", f"cat > {path}"], quiet=True)
 
         def is_in_front():
-            window = self.desktop.run(["xdotool", "getactivewindow"], capture_output=True,
-                                      text=True).stdout.strip()
-            told = self.desktop.run(["xprop", "-id", window, "WM_CLASS"], capture_output=True,
-                                    text=True).stdout
+            told = self.desktop.ask("xprop", "-id", self.desktop.active(), "WM_CLASS")
             return "XTerm" in told and os.path.exists(path)
 
         self.wait_for(is_in_front, "xterm in front")
@@ -124,4 +128,5 @@ class Journey(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    # Its arguments name journeys: journey.py test_copy test_paste.PasteJourney
+    unittest.main(module=None)

@@ -1,8 +1,6 @@
 """The main job for somebody who hears the screen: what assistive technology is told of the windows,
 and that the keys alone do everything."""
 
-import sys
-import unittest
 
 from journey import BINARY, Journey, Quillmarsh
 from accessible import Accessible
@@ -54,8 +52,7 @@ class Accessibility(Journey):
 
     def test_every_control_of_the_preferences_has_a_name_and_the_recorder_tells_its_state(self):
         self.start()
-        self.desktop.run([BINARY, "preferences"])
-        self.app.wait_until_active(self.app.window("Preferences"))
+        self.open_own("preferences", "Preferences")
         for role, name in (("check box", "Open at login"), ("check box", "Show notifications"),
                            ("slider", "Maximum number of items"),
                            ("text", "Maximum text size in bytes"), ("radio button", "General")):
@@ -88,7 +85,3 @@ class Accessibility(Journey):
                 self.app.open_history()
                 self.found("text", name)
                 self.app.quit()
-
-
-if __name__ == "__main__":
-    sys.exit(unittest.main())

@@ -5,7 +5,6 @@ import json
 import os
 import pathlib
 import signal
-import unittest
 
 from journey import BUNDLE, Journey, Quillmarsh
 from tls_server import TlsServer, make_authority, reply
@@ -136,7 +135,3 @@ class Feedback(Journey):
         self.assertEqual(self.sent(), {"kind": "feedback", "text": TEXT, "mail": "ada@example.org",
                                        "system": "Quillmarsh 1.0.0 on XFCE (x11)"})
         self.wait_for(lambda: not self.draft.exists(), "the draft to go")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,15 +1,12 @@
-"""The hot-key center and its recording field under real keys, in a small program of their own."""
+"""The recording field of hot keys under real keys, in a small program of their own."""
 
 import os
 import subprocess
 import threading
-import time
-import unittest
 
-from journey import HeldKeys, Journey, contents
+from journey import HeldKeys, Journey
 
 HOTKEY_WINDOW = os.environ.get("HOTKEY_WINDOW", "build/dev/tests/desktop/hotkey_window")
-V, X = "released 9", "released 7"
 
 
 class HotKeyJourney(Journey):
@@ -22,6 +19,9 @@ class HotKeyJourney(Journey):
         self.process = self.desktop.start([HOTKEY_WINDOW], stdout=subprocess.PIPE, text=True)
         threading.Thread(target=self._read, daemon=True).start()
         self.wait_for_line("ready")
+        self.window = self.desktop.ask("xdotool", "search", "--name", "^Hot key$").split()[-1]
+        self.keys.tap("escape")
+        self.wait_for_line("idle")
 
     def _read(self):
         try:
@@ -44,58 +44,8 @@ class HotKeyJourney(Journey):
         self.keys.press(*names)
         self.keys.release(*names)
 
-
-class PressedElsewhere(HotKeyJourney):
-    def setUp(self):
-        super().setUp()
-        self.path = self.editor("gtk")
-        self.wait_for_line("idle")
-
-    def released(self):
-        """What was told up to the release of the other hot key, which comes after all else."""
-        self.hold("super", "shift", "x")
-        return self.wait_for_line(X)[:-2]
-
-    def test_it_runs_once_on_release_however_long_it_is_held(self):
-        self.desktop.run(["xset", "r", "rate", "50", "50"])
-        begin = time.monotonic()
-        self.keys.press("x")
-        self.wait_for(lambda: len(contents(self.path)) > 5, "a key that repeats")
-        self.keys.release("x")
-        repeats = time.monotonic() - begin
-
-        self.keys.press("super", "shift", "v")
-        self.wait_for_line("pressed")
-        begin = time.monotonic()
-        self.wait_for(lambda: time.monotonic() - begin > 2 * repeats, "as many repeats")
-        self.assertEqual(self.lines, [])
-        self.keys.release("super", "shift", "v")
-        self.assertEqual(self.released(), [V])
-        self.assertEqual(set(contents(self.path)), {"x"})
-
-    def test_locks_and_layouts_do_not_matter(self):
-        self.desktop.run(["setxkbmap", "-layout", "us,ru"])
-        for group in (0, 1):
-            self.keys.lock_group(group)
-            for lock in ("num lock", "caps lock", "num lock", "caps lock"):
-                with self.subTest(group=group, lock=lock):
-                    self.keys.tap(lock)
-                    self.hold("super", "shift", "v")
-                    self.assertEqual(self.released(), ["pressed", V])
-        self.assertEqual(contents(self.path), "")
-
-
-class Recorded(HotKeyJourney):
-    def setUp(self):
-        super().setUp()
-        self.window = self.desktop.run(["xdotool", "search", "--name", "^Hot key$"],
-                                       capture_output=True, text=True).stdout.split()[-1]
-        self.keys.tap("escape")
-        self.wait_for_line("idle")
-
     def begin(self):
-        self.desktop.run(["xdotool", "mousemove", "--window", self.window, "60", "25",
-                          "click", "1"])
+        self.desktop.click(self.window, 60, 25)
         self.wait_for_line("ready")
 
     def record(self, *names):
@@ -144,7 +94,3 @@ class Recorded(HotKeyJourney):
         self.keys.tap("escape")
         self.assertEqual(self.wait_for_line("idle")[-2], "recorded 9 100000 ⌘V")
         self.wait_for(lambda: self.picture() == recorded, "the old name to be seen again")
-
-
-if __name__ == "__main__":
-    unittest.main()

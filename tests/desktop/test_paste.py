@@ -1,9 +1,7 @@
 """A clip chosen in the history stands in the application that was in front."""
 
-import os
-import unittest
 
-from journey import Journey, contents, copy, pasteboard
+from journey import Journey, contents, pasteboard
 
 RTF = r"{\rtf1 \b Mixed Case}"
 
@@ -25,17 +23,6 @@ class PasteJourney(Journey):
             self.paste_with("Return", filter_text="heron")
             self.app.key("Return")
             self.wait_for_text(path, "the heron waits\n")
-
-    def test_shift_and_alt_return_change_the_case_and_keep_the_rtf(self):
-        self.owner("serve", "--rtf", RTF, "Mixed Straße")
-        self.app.wait_for_clip("Mixed Straße")
-        path = self.editor("qt")
-        self.paste_with("shift+Return")
-        self.wait_for_text(path, "MIXED STRASSE")
-        self.assertEqual(pasteboard(self.desktop, "text/rtf"), RTF)
-        self.paste_with("alt+Return", filter_text="a?e")
-        self.wait_for_text(path, "MIXED STRASSEmixed straße")
-        self.assertEqual(pasteboard(self.desktop, "text/rtf"), RTF)
 
     def test_the_modifier_still_held_from_shift_return_does_not_reach_the_target(self):
         self.copy("held")
@@ -63,27 +50,6 @@ class PasteJourney(Journey):
                     self.wait_for_text(path, expected)
                     self.app.wait_until_hidden()
 
-    def test_a_file_clip_is_pasted_as_a_file_and_a_missing_one_not_at_all(self):
-        file = self.file("report.txt")
-        with open(file, "w", encoding="utf-8") as written:
-            written.write("x")
-        copy(self.desktop, f"file://{file}\r\n", "text/uri-list")
-        self.app.wait_for_clip(file)
-        self.copy("something else")
-        path = self.editor("qt")
-        self.paste_with("Return", filter_text="file: report")
-        self.wait_for(lambda: contents(path), "the pasted path")
-        self.assertEqual(pasteboard(self.desktop, "text/uri-list"), f"file://{file}\r\n")
-        self.assertEqual(pasteboard(self.desktop, "x-special/gnome-copied-files"),
-                         f"copy\nfile://{file}")
-        self.assertEqual(pasteboard(self.desktop), file)
-        os.remove(file)
-        before = contents(path)
-        self.copy("last")
-        self.paste_with("Return", filter_text="file:")
-        self.assertEqual(pasteboard(self.desktop), "last")
-        self.assertEqual(contents(path), before)
-
     def test_if_the_target_is_gone_nothing_is_typed_and_the_clip_is_on_the_clipboard(self):
         self.copy("stranded")
         self.copy("other")
@@ -98,15 +64,3 @@ class PasteJourney(Journey):
         self.app.wait_until_hidden()
         self.wait_for(lambda: pasteboard(self.desktop) == "stranded", "the clip on the clipboard")
         self.assertEqual(contents(bystander), "")
-
-    def test_the_true_number_of_pastes_is_one_more_than_stored(self):
-        self.copy("counted")
-        self.editor("gtk")
-        for stored in (0, 1):
-            self.paste_with("Return", filter_text="counted")
-            self.wait_for(lambda: self.app.clips("strValue, pasteCount")[0] == ("counted", stored),
-                          f"a stored count of {stored}")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -9,14 +9,13 @@ import subprocess
 import unittest
 import urllib.parse
 
-from journey import BINARY, PYTHON, SUPPORT, HeldKeys, Journey, Quillmarsh, contents, copy
+from journey import BINARY, HeldKeys, Journey, Quillmarsh, copy
 
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
 SCREENSHOTS = os.environ.get("QUILLMARSH_SCREENSHOTS")
 PAPER_PART = (320, 60, 380, 290)  # of the window: within the preview, above its separator
 BUTTONS_PART = (325, 410, 300, 40)  # the warning or the buttons
 WARNING = "A85700"
-OPEN, REVEAL = (366, 429), (480, 429)
 
 
 class PreviewJourney(Journey):
@@ -37,23 +36,13 @@ class PreviewJourney(Journey):
     def colours(self, window, part=PAPER_PART):
         """The colours seen in the preview, as a set of RRGGBB."""
         x, y, width, height = part
-        told = self.desktop.run(
-            ["convert", self.picture(window, "seen"), "-crop", f"{width}x{height}+{x}+{y}",
-             "-depth", "8", "-unique-colors", "txt:-"], capture_output=True, text=True).stdout
+        told = self.desktop.ask("convert", self.picture(window, "seen"), "-crop",
+                                f"{width}x{height}+{x}+{y}", "-depth", "8", "-unique-colors", "txt:-")
         return {part.split()[0] for part in told.split("#")[1:]}
 
     def wait_for_colour(self, window, colour, part=PAPER_PART):
         self.wait_for(lambda: any(seen.startswith(colour) for seen in self.colours(window, part)),
                       f"the colour {colour} in the preview")
-
-    def test_a_file_deleted_while_it_is_shown_is_missed(self):
-        path = self.sample("drawing.svg")
-        self.copy_file(path)
-        window = self.app.open_history()
-        self.wait_for_colour(window, "FF0000")
-        os.remove(path)
-        self.wait_for_colour(window, WARNING, BUTTONS_PART)
-        self.assertNotIn("FF0000", self.colours(window))
 
     def test_a_mount_that_hangs_keeps_only_its_own_preview_back(self):
         mount = self.file("mount")
@@ -81,13 +70,6 @@ class PreviewJourney(Journey):
         self.app.key("Down")
         self.wait_for_colour(window, "FF0000")
         self.assertEqual([line for line in self.app.log if "main thread asked" in line], [])
-
-    def test_a_search_for_files_finds_only_files(self):
-        self.copy_file(self.sample("drawing.svg"))
-        self.copy("drawing on paper")
-        editor = self.editor("gtk")
-        self.paste_with("Return", filter_text="file:drawing")
-        self.wait_for_text(editor, self.file("drawing.svg"))
 
     def file_manager(self, folder):
         """Thunar showing `folder`, with the keyboard."""
@@ -132,52 +114,6 @@ class PreviewJourney(Journey):
         self.assertEqual(os.listdir(target), [os.path.basename(path)])
         self.assertEqual(sorted(os.listdir(source)), names)
 
-    def opened(self):
-        """What the desktop's default application was given, an argument a line."""
-        return contents(self.file("opened")) or ""
-
-    def set_default_application(self):
-        """Makes a recorder the default for drawings and folders."""
-        recorder = pathlib.Path(self.file("recorder"))
-        recorder.write_text(f'#!/bin/sh\nprintf "%s\\n" "$1" >> "{self.file("opened")}"\n')
-        recorder.chmod(0o755)
-        applications = pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], "applications")
-        applications.mkdir(parents=True, exist_ok=True)
-        (applications / "recorder.desktop").write_text(
-            f"[Desktop Entry]\nType=Application\nName=Recorder\nExec={recorder} %f\n"
-            "MimeType=image/svg+xml;inode/directory;\n")
-        pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], "mimeapps.list").write_text(
-            "[Default Applications]\nimage/svg+xml=recorder.desktop\n"
-            "inode/directory=recorder.desktop\n")
-
-    def click(self, window, x, y):
-        self.desktop.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1"])
-
-    def test_open_and_reveal_hand_the_file_to_the_desktop(self):
-        self.set_default_application()
-        asked = self.file("asked")
-        path = shutil.copy(SAMPLES / "drawing.svg", self.file("100% drawn & more.svg"))
-        self.copy_file(path)
-        manager = [PYTHON, str(SUPPORT / "file_manager.py"), asked]
-        service = self.desktop.start(manager, stdout=subprocess.PIPE, text=True)
-        service.stdout.readline()
-        window = self.app.open_history()
-        self.wait_for_colour(window, "FF0000")
-        self.click(window, *REVEAL)
-        address = "file://" + urllib.parse.quote(path, safe="/&")
-        self.wait_for(lambda: contents(asked) == address + "\n", "the file shown")
-        # Where no file manager can show a file, its folder is opened.
-        service.terminate()
-        service.wait()
-        service = self.desktop.start([*manager, "--refuses"], stdout=subprocess.PIPE, text=True)
-        service.stdout.readline()
-        self.click(window, *REVEAL)
-        self.wait_for(lambda: self.opened() == self.desktop.home + "\n", "the folder opened")
-        self.assertIsNotNone(self.app.window(wait=False))
-        self.click(window, *OPEN)
-        self.app.wait_until_hidden()
-        self.wait_for(lambda: self.opened().splitlines()[1:] == [path], "the file opened")
-
     def test_a_held_key_steps_through_a_hundred_files(self):
         self.app.quit()
         samples = [name for name in sorted(os.listdir(SAMPLES)) if name != "drawing.svg"]
@@ -196,8 +132,7 @@ class PreviewJourney(Journey):
         keys.press("down")
         self.wait_for_colour(window, "FF0000")
         keys.release("down")
-        self.app.key("Escape")
-        self.app.wait_until_hidden()
+        self.app.close()
         self.assertEqual(self.app.quit(), 0)
 
     def film(self):
@@ -243,9 +178,7 @@ class PreviewJourney(Journey):
     @unittest.skipUnless(SCREENSHOTS, "only for those who want pictures")
     def test_pictures_of_every_kind(self):
         self.app.quit()
-        portal = self.desktop.start([PYTHON, str(SUPPORT / "portal.py")], stdin=subprocess.PIPE,
-                                    stdout=subprocess.PIPE, text=True)
-        portal.stdout.readline()
+        portal = self.desktop.helper("portal.py")
         self.app = Quillmarsh(self.desktop, BINARY)
         for kind, path in self.every_kind().items():
             self.copy_file(path)
@@ -260,9 +193,4 @@ class PreviewJourney(Journey):
                 self.wait_for(lambda: len(self.colours(window)) > 3, "something to look at")
                 picture = pathlib.Path(SCREENSHOTS, f"preview-{kind}-{scheme}.png")
                 self.desktop.run(["convert", self.picture(window, kind), "-strip", picture])
-                self.app.key("Escape")
-                self.app.wait_until_hidden()
-
-
-if __name__ == "__main__":
-    unittest.main()
+                self.app.close()

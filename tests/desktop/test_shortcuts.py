@@ -3,7 +3,6 @@ that no recorder has written."""
 
 import pathlib
 import plistlib
-import unittest
 
 from Xlib import X, display
 from plistlib import UID
@@ -40,22 +39,17 @@ class ShortcutJourney(Journey):
 
     def record(self, recorder, *keys):
         """Records in the recorder with that mnemonic."""
-        self.desktop.run([BINARY, "preferences"])
-        self.app.wait_until_active(self.app.window("Preferences"))
+        self.open_own("preferences", "Preferences")
         key = {"o": "openShortCut", "w": "swopShortCut"}[recorder]
         before = self.app.setting(key)
         self.app.key("alt+" + recorder, "space", *keys)
         self.wait_for(lambda: self.app.setting(key) != before, "the recorded shortcut")
-        self.app.key("Escape")
-        self.app.wait_until_hidden("Preferences")
+        self.app.close("Preferences")
 
     def opens(self, keys):
         """Presses the keys, and waits for the history and for its end."""
-        self.app.key(keys)
-        window = self.app.window()
-        self.app.wait_until_active(window)
-        self.app.key("Escape")
-        self.app.wait_until_hidden()
+        self.app.open_history(keys)
+        self.app.close()
 
     def test_exchanged_shortcuts_both_work(self):
         self.start()
@@ -94,7 +88,3 @@ class ShortcutJourney(Journey):
                 self.assertEqual(self.app.quit(), 0)
                 self.desktop.processes[-1].kill()
                 self.desktop.processes[-1].wait()
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,11 +3,9 @@
 import json
 import pathlib
 import select
-import subprocess
-import unittest
 
 from Xlib import Xatom, display
-from journey import BINARY, BUNDLE, SUPPORT, Journey, Quillmarsh
+from journey import BINARY, BUNDLE, Journey, Quillmarsh
 
 REPOSITORY = pathlib.Path(__file__).resolve().parent.parent.parent
 UPDATER = str(pathlib.Path(BINARY).parent.parent / "libexec/quillmarsh/quillmarsh-updater")
@@ -20,8 +18,7 @@ class Tray(Journey):
     starts_app = False
 
     def panel(self):
-        return self.desktop.start(["/usr/bin/python3", str(SUPPORT / "panel.py")],
-                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        return self.desktop.helper("panel.py", is_ready=False)
 
     def item_in(self, panel):
         self.assertTrue(select.select([panel.stdout], [], [], 10)[0], "no item in the panel")
@@ -63,41 +60,38 @@ class Tray(Journey):
         self.assertEqual(item["icon"], "")
         self.assertGreater(item["pixmaps"], 0)
 
-    def colors_at(self, area):
-        told = self.desktop.run(["import", "-window", "root", "-crop", area, "-depth", "8",
-                                 "txt:-"],
-                                capture_output=True, text=True).stdout
+    def colours(self):
+        """Of the tray's end, where the item is."""
+        told = self.desktop.ask("import", "-window", "root", "-crop", "40x31+0+769", "-depth", "8",
+                                "txt:-")
         return {pixel.split()[2] for pixel in told.splitlines()[1:]}
+
+    def tray(self, *components):
+        """An older tray that asks for icons of that colour."""
+        tray = self.desktop.start(["trayer", "--height", "31"], quiet=True)
+        screen = display.Display(self.desktop.environment["DISPLAY"])
+        owner = self.wait_for(
+            lambda: screen.get_selection_owner(screen.intern_atom("_NET_SYSTEM_TRAY_S0")), "the tray")
+        owner.change_property(screen.intern_atom("_NET_SYSTEM_TRAY_COLORS"), Xatom.CARDINAL, 32,
+                              components * 4)
+        screen.sync()
+        screen.close()
+        return tray
 
     def test_an_older_tray_colours_the_item(self):
         self.app = Quillmarsh(self.desktop, BINARY)
-        screen = display.Display(self.desktop.environment["DISPLAY"])
-        for _ in range(2):
-            tray = self.desktop.start(["trayer", "--height", "31"], quiet=True)
-            owner = self.wait_for(
-                lambda: screen.get_selection_owner(screen.intern_atom("_NET_SYSTEM_TRAY_S0")),
-                "the tray")
-            for color, components in (("#00FF00", (0, 0xFFFF, 0)), ("#FF0000", (0xFFFF, 0, 0))):
-                owner.change_property(screen.intern_atom("_NET_SYSTEM_TRAY_COLORS"),
-                                      Xatom.CARDINAL, 32, components * 4)
-                screen.flush()
-                self.wait_for(lambda: color in self.colors_at("40x31+0+769"), color)
+        for color, components in (("#00FF00", (0, 0xFFFF, 0)), ("#FF0000", (0xFFFF, 0, 0))):
+            tray = self.tray(*components)
+            self.wait_for(lambda: color in self.colours(), color)
             self.end(tray)
 
     def test_a_tray_that_colours_its_items_leaves_the_helpers_colours_alone(self):
-        screen = display.Display(self.desktop.environment["DISPLAY"])
-        self.desktop.start(["trayer", "--height", "31"], quiet=True)
-        owner = self.wait_for(
-            lambda: screen.get_selection_owner(screen.intern_atom("_NET_SYSTEM_TRAY_S0")),
-            "the tray")
-        owner.change_property(screen.intern_atom("_NET_SYSTEM_TRAY_COLORS"), Xatom.CARDINAL, 32,
-                              (0, 0xFFFF, 0) * 4)
-        screen.sync()
-        empty = self.colors_at("40x31+0+769")
+        self.tray(0, 0xFFFF, 0)
+        empty = self.colours()
         self.app = Quillmarsh(self.desktop, UPDATER, wait=False)
         self.app.wait_for_log("status item shown")
-        self.wait_for(lambda: len(self.colors_at("40x31+0+769") - empty) > 9, "the item's picture")
-        self.assertNotIn("#00FF00", self.colors_at("40x31+0+769"))
+        self.wait_for(lambda: len(self.colours() - empty) > 9, "the item's picture")
+        self.assertNotIn("#00FF00", self.colours())
 
     def test_without_a_tray_the_first_start_says_once_how_to_open_the_history(self):
         told = self.notifications()
@@ -105,7 +99,3 @@ class Tray(Journey):
         self.wait_for(lambda: "Press ⇧⌘V (Super + Shift + V) to open the history" in told(),
                       "the hint")
         self.wait_for(lambda: self.app.setting("traylessHintShown"), "the hint to be remembered")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,9 +1,6 @@
 """The first minutes of a user: the welcome, the tour, and the entry that starts Quillmarsh at login."""
 
-import os
 import pathlib
-import subprocess
-import unittest
 
 from journey import BINARY, BUNDLE, Journey, Quillmarsh, copy
 
@@ -15,10 +12,7 @@ class WelcomeJourney(Journey):
     welcomed = False
 
     def show_welcome(self):
-        self.app.key("super+shift+v")
-        window = self.app.window(WELCOME)
-        self.app.wait_until_active(window)
-        return window
+        return self.app.open_history(name=WELCOME)
 
     def to_the_last_page(self):
         self.app.key("Right", "Right", "Right")
@@ -44,31 +38,6 @@ class FirstPress(WelcomeJourney):
         self.wait_for_text(path, "recorded meanwhile")
         self.assertEqual(self.app.clips(), [MESSAGE, "recorded meanwhile"])
 
-    def test_the_message_is_the_first_clip_and_comes_once(self):
-        self.show_welcome()
-        self.to_the_last_page()
-        self.app.wait_for_clip(MESSAGE)
-        self.app.key("Left", "Right", "Return")
-        self.app.wait_until_hidden(WELCOME)
-        self.copy("after")
-        self.assertEqual(self.app.clips(), ["after", MESSAGE])
-        self.assertEqual(self.app.quit(), 0)
-        self.app = Quillmarsh(self.desktop, BINARY, welcomed=False)
-        self.app.open_history()
-        self.assertEqual(self.app.clips(), ["after", MESSAGE])
-
-    def test_closed_on_any_earlier_page_it_comes_again_from_the_first(self):
-        for keys in (["Escape"], ["Right", "Escape"], ["Return", "Return", "super+w"]):
-            with self.subTest(keys):
-                self.show_welcome()
-                self.app.key(*keys)
-                self.app.wait_until_hidden(WELCOME)
-                self.assertIsNone(self.app.setting("welcomeWindowShown"))
-        self.show_welcome()
-        self.app.key("alt+F4")  # the window manager's
-        self.app.wait_until_hidden(WELCOME)
-        self.assertIsNone(self.app.window(wait=False))
-
     def test_pressed_again_meanwhile_the_shortcut_brings_the_welcome_back_to_the_front(self):
         window = self.show_welcome()
         self.editor("gtk")
@@ -76,8 +45,7 @@ class FirstPress(WelcomeJourney):
         self.app.wait_until_active(window)
         self.app.key("super+shift+x")
         self.desktop.run([BINARY])
-        self.app.key("Escape")
-        self.app.wait_until_hidden(WELCOME)
+        self.app.close(WELCOME)
         # One press, one session: nothing is left to come back.
         self.copy("over")
         self.assertIsNone(self.app.window(WELCOME, wait=False))
@@ -102,25 +70,6 @@ class Ends(WelcomeJourney):
 
 
 class Login(WelcomeJourney):
-    def untick(self):
-        self.app.key("shift+Tab", "shift+Tab", "space")
-
-    def test_the_box_adds_the_entry_and_unticked_removes_it(self):
-        self.show_welcome()
-        self.app.key("Right")
-        self.wait_for(self.autostart.exists, "the entry")
-        self.assertEqual(subprocess.run(["desktop-file-validate", self.autostart], check=False,
-                                        capture_output=True).stdout, b"")
-        self.assertIn(f"Exec={os.path.realpath(BINARY)}\n", self.autostart.read_text())
-        self.wait_for(lambda: "Application was added to login items" in self.app.log, "its line")
-        self.app.key("Left")
-        self.untick()
-        self.app.key("Right")
-        self.wait_for(lambda: not self.autostart.exists(), "the entry's removal")
-        self.assertIs(self.app.setting("openAtLogin"), False)
-        self.wait_for(lambda: "Application was removed from login items" in self.app.log,
-                      "its line")
-
     def test_the_entry_starts_it_without_a_window(self):
         self.show_welcome()
         self.to_the_last_page()
@@ -158,19 +107,3 @@ class Tour(WelcomeJourney):
         self.app.type("setup")
         self.app.key("Return")
         self.wait_for_text(path, MESSAGE)
-
-    def test_escape_ends_the_tour_first_and_closes_the_history_then(self):
-        self.show_welcome()
-        self.to_the_last_page()
-        self.app.key("shift+Tab", "Return")
-        window = self.app.window()
-        self.app.wait_until_active(window)
-        self.app.key("Right", "Escape")
-        self.app.type("zz")
-        self.assertEqual(self.app.window(wait=False), window)
-        self.app.key("Escape")
-        self.app.wait_until_hidden()
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -15,6 +15,8 @@ import sys
 import tempfile
 import time
 
+HERE = os.path.dirname(os.path.abspath(__file__))
+
 
 class Desktop:
     """Owns every process it starts and ends them by their id, last started first."""
@@ -114,6 +116,33 @@ class Desktop:
     def run(self, command, **options):
         options.setdefault("env", self.environment)
         return subprocess.run(command, check=False, **options)
+
+    def ask(self, *command):
+        """What a command says, less the blanks around it."""
+        return self.run(command, capture_output=True, text=True).stdout.strip()
+
+    def active(self):
+        """Id of the window in front."""
+        return self.ask("xdotool", "getactivewindow")
+
+    def place(self, window):
+        """The window's x, y, width and height on the screen."""
+        told = self.ask("xdotool", "getwindowgeometry", "--shell", window)
+        fields = dict(line.split("=") for line in told.split())
+        return [int(fields[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")]
+
+    def click(self, window, x, y, *more):
+        """Into the window, in pixels from its corner."""
+        self.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", *more, "1"])
+
+    def helper(self, script, *arguments, is_ready=True, **options):
+        """Starts a program of this folder; `is_ready` waits for the line in which it says so."""
+        pipes = {"stdin": subprocess.PIPE, "stdout": subprocess.PIPE, "stderr": subprocess.DEVNULL}
+        process = self.start(["/usr/bin/python3", "-B", os.path.join(HERE, script),
+                              *map(str, arguments)], text=True, **{**pipes, **options})
+        if is_ready:
+            process.stdout.readline()
+        return process
 
     @staticmethod
     def wait_for(condition, what, seconds=10.0):

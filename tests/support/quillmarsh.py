@@ -83,9 +83,8 @@ class Quillmarsh:
     def window(self, name="Quillmarsh", wait=True):
         """Id of our visible window of that name; None when it is not shown and `wait` is false."""
         def find():
-            told = self.desktop.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
-                                    capture_output=True, text=True).stdout.split()
-            return told[-1] if told else None
+            told = self.desktop.ask("xdotool", "search", "--onlyvisible", "--name", f"^{name}$")
+            return told.split("\n")[-1] or None
 
         return self.desktop.wait_for(find, f"the window {name}") if wait else find()
 
@@ -95,20 +94,26 @@ class Quillmarsh:
 
     def wait_until_active(self, window):
         def is_active():
-            told = self.desktop.run(["xdotool", "getactivewindow"], capture_output=True,
-                                    text=True).stdout.strip()
-            focused = self.desktop.run(["xdotool", "getwindowfocus"], capture_output=True,
-                                       text=True).stdout.strip()
-            return told == window and focused != "" and focused != "1"
+            focused = self.desktop.ask("xdotool", "getwindowfocus")
+            return self.desktop.active() == window and focused not in ("", "1")
 
         self.desktop.wait_for(is_active, f"window {window} to become active")
 
-    def open_history(self):
-        """Presses the shortcut and returns once the history has the keyboard."""
-        self.key("super+shift+v")
-        window = self.window()
+    def open_history(self, keys="super+shift+v", name="Quillmarsh"):
+        """Presses the shortcut and returns once the history, or what comes in its place, has the
+        keyboard."""
+        self.key(keys)
+        window = self.window(name)
         self.wait_until_active(window)
         return window
+
+    def open_swop(self):
+        return self.open_history("super+shift+x")
+
+    def close(self, name="Quillmarsh", keys=("Escape",)):
+        """Presses what closes the window in front, and waits until it has gone."""
+        self.key(*keys)
+        self.wait_until_hidden(name)
 
     def key(self, *keys):
         self.desktop.run(["xdotool", "key", "--clearmodifiers", *keys])

@@ -1,7 +1,6 @@
 """What an update needs around it: keys, a server of the feed, prefixes with a program in them, and
 files signed for a feed."""
 
-import base64
 import io
 import os
 import pathlib
