@@ -2,8 +2,10 @@
 
 #include "platform/Pasteboard.h"
 #include "platform/pasteboard/CopyBytes.h"
+#include "platform/x11/selection/SelectionOffer.h"
 
 #include <QHash>
+#include <QList>
 #include <QStringList>
 
 #include <xcb/xcb.h>
@@ -23,6 +25,10 @@ struct FetchedSelection
     bool isGivenUp = false;
     /// Marked as a secret; nothing was asked for then.
     bool isConcealed = false;
+    /// What else was read of it, as its owner gave it.
+    QList<SelectionOffer::Format> rest;
+    /// More of that was to be had than was to be read.
+    bool isRestTooLarge = false;
 
     /// As the application sees it, without a text that is larger than of use to it. Its change
     /// count and application are left to who publishes it.

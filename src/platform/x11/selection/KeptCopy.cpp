@@ -9,7 +9,7 @@
 
 KeptCopy::KeptCopy(SelectionConnection &connection, PropertyPool &pool,
                    const PasteboardLimits &limits)
-    : m_connection(connection), m_limits(limits), m_conversion(connection, pool)
+    : m_connection(connection), m_limits(limits), m_reader(connection, pool, limits)
 {
 }
 
@@ -29,13 +29,11 @@ void KeptCopy::begin(qint64 changeCount, const FetchedSelection &fetched, xcb_ti
 
 void KeptCopy::forget()
 {
-    m_conversion.abandon();
+    m_reader.abandon();
     m_state = State::None;
     m_isWanted = false;
     m_offer.reset();
     m_fetched = FetchedSelection();
-    m_requests.clear();
-    m_formats.clear();
 }
 
 void KeptCopy::acknowledge(qint64 changeCount)
@@ -54,7 +52,7 @@ void KeptCopy::handleDeath()
 {
     if (m_state == State::Reading)
         // The pieces of an INCR that have come are not the format.
-        end(false);
+        end(m_reader.abandon(), State::Partial);
     else if (m_state == State::Resting)
         m_state = State::Partial;
 }
@@ -83,10 +81,9 @@ KeptCopy::Safety KeptCopy::secure()
 
 bool KeptCopy::handle(const xcb_generic_event_t &event)
 {
-    if (m_state != State::Reading || !m_conversion.handle(event))
-        return false;
-    goOn();
-    return true;
+    const bool isOurs = m_reader.handle(event);
+    collect();
+    return isOurs;
 }
 
 std::optional<KeptCopy::TimePoint> KeptCopy::keepDeadlines(TimePoint now)
@@ -96,22 +93,14 @@ std::optional<KeptCopy::TimePoint> KeptCopy::keepDeadlines(TimePoint now)
             return m_restEnds;
         read();
     }
-    if (m_state != State::Reading)
-        return std::nullopt;
-    const TimePoint deadline =
-        std::min(m_lastProgress + m_limits.ownerStall, m_begun + m_limits.keep);
-    if (now < deadline)
-        return deadline;
-    end(false);
-    return std::nullopt;
+    m_reader.checkClock(now);
+    collect();
+    return m_reader.deadline();
 }
 
 void KeptCopy::read()
 {
     m_state = State::Reading;
-    m_begun = m_lastProgress = m_connection.now();
-    m_bytesLeft = m_limits.maxKept - m_fetched.copy.byteCount();
-    m_isTooLarge = false;
     // All that is listed and can be kept: owners make formats when they are asked for them, and
     // after the end of this one nobody can.
     const QList<xcb_atom_t> targets = m_offer->targets();
@@ -120,59 +109,29 @@ void KeptCopy::read()
         if (targets.contains(m_fetched.atoms[name]))
             had.append(name);
     }
+    QList<QList<xcb_atom_t>> alternatives;
     for (const QStringList &names : KeptFormats::plan(m_fetched.names, had)) {
-        QList<xcb_atom_t> request;
+        QList<xcb_atom_t> &atoms = alternatives.emplaceBack();
         for (const QString &name : names)
-            request.append(m_fetched.atoms[name]);
-        m_requests.append(request);
+            atoms.append(m_fetched.atoms[name]);
     }
-    askNext();
+    // With the time of the copy: an owner that has copied anew since then refuses an earlier one
+    // (ICCCM 2.2), instead of giving us the formats of another copy.
+    m_reader.beginRest(m_connection.atoms().clipboard, m_time, alternatives,
+                       std::max<qint64>(m_limits.maxKept - m_fetched.copy.byteCount(), 0));
+    collect();
 }
 
-void KeptCopy::askNext()
+void KeptCopy::collect()
 {
-    if (m_requests.isEmpty())
-        end(!m_isTooLarge);
-    else
-        // With the time of the copy: an owner that has copied anew since then refuses an earlier
-        // one (ICCCM 2.2), instead of giving us the formats of another copy.
-        m_conversion.ask(m_connection.atoms().clipboard, m_requests.first().first(), m_time,
-                         std::max<qint64>(m_bytesLeft, 0));
+    if (const auto fetched = m_reader.takeFinished())
+        end(*fetched,
+            fetched->isGivenUp || fetched->isRestTooLarge ? State::Partial : State::Whole);
 }
 
-void KeptCopy::goOn()
+void KeptCopy::end(const FetchedSelection &fetched, State state)
 {
-    m_lastProgress = m_connection.now();
-    if (m_conversion.isUnderWay())
-        return;
-    useAnswer();
-    askNext();
-}
-
-void KeptCopy::useAnswer()
-{
-    using ConversionState = IncomingConversion::State;
-    QList<xcb_atom_t> &request = m_requests.first();
-    const xcb_atom_t target = request.takeFirst();
-    if (m_conversion.state() == ConversionState::Whole) {
-        // Type and format as the owner gave them. They need not follow from the target: that of
-        // TEXT is the owner's choice (ICCCM 2.6.2).
-        m_formats.append(
-            {target, {m_conversion.type(), m_conversion.bytes(), m_conversion.format()}, {}});
-        m_bytesLeft -= m_conversion.bytes().size();
-        request.clear();
-    }
-    // What is refused was listed for nothing, which loses nothing.
-    m_isTooLarge |= m_conversion.state() == ConversionState::TooLarge;
-    if (request.isEmpty())
-        m_requests.removeFirst();
-}
-
-void KeptCopy::end(bool isWhole)
-{
-    m_conversion.abandon();
-    m_requests.clear();
-    m_state = isWhole ? State::Whole : State::Partial;
-    m_offer = m_offer->with(std::exchange(m_formats, {}), m_fetched.atoms,
+    m_state = state;
+    m_offer = m_offer->with(fetched.rest, m_fetched.atoms,
                             m_connection.atoms().formats[PictureFormats::kPng]);
 }

@@ -4,10 +4,8 @@
 #include "platform/pasteboard/PasteboardLimits.h"
 #include "platform/x11/selection/ClipboardManagerRole.h"
 #include "platform/x11/selection/FetchedSelection.h"
-#include "platform/x11/selection/IncomingConversion.h"
 #include "platform/x11/selection/SelectionOffer.h"
-
-#include <QList>
+#include "platform/x11/selection/SelectionReader.h"
 
 #include <chrono>
 #include <memory>
@@ -53,14 +51,12 @@ private:
     enum class State { None, Resting, Reading, Whole, Partial };
 
     void read();
-    void askNext();
-    void goOn();
-    void useAnswer();
-    void end(bool isWhole);
+    void collect();
+    void end(const FetchedSelection &fetched, State state);
 
     SelectionConnection &m_connection;
     const PasteboardLimits &m_limits;
-    IncomingConversion m_conversion;
+    SelectionReader m_reader;
     State m_state = State::None;
     qint64 m_changeCount = 0;
     bool m_isWanted = false;
@@ -68,10 +64,4 @@ private:
     TimePoint m_restEnds;
     std::shared_ptr<const SelectionOffer> m_offer;
     FetchedSelection m_fetched;
-    QList<QList<xcb_atom_t>> m_requests; ///< The first of the first list is under way.
-    QList<SelectionOffer::Format> m_formats;
-    qint64 m_bytesLeft = 0;
-    bool m_isTooLarge = false; ///< Something was left out.
-    TimePoint m_begun;
-    TimePoint m_lastProgress;
 };

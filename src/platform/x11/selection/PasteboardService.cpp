@@ -22,7 +22,9 @@ PasteboardService::PasteboardService(SelectionConnection &connection, Pasteboard
       m_listeners(std::move(listeners)), m_pool(connection),
       m_clipboardReader(connection, m_pool, m_limits),
       m_primaryReader(connection, m_pool, m_limits), m_questions(connection, m_pool, m_limits),
-      m_server(connection, m_limits.requestorStall),
+      m_server(
+          connection, m_limits.requestorStall,
+          {[this](const xcb_generic_event_t &event) { handle(event); }, m_listeners.pasteRead}),
       m_managerRole(connection, m_limits.keep,
                     [this](xcb_window_t requestor) { return secure(requestor); }),
       m_front(connection.server(), names), m_kept(connection, m_pool, m_limits),
@@ -61,7 +63,7 @@ void PasteboardService::handle(const xcb_generic_event_t &event)
         if (request.selection == m_connection.atoms().clipboardManager)
             m_managerRole.handle(request);
         else
-            serve(request);
+            m_server.handle(request);
     } else if (type == 0 && as<xcb_generic_error_t>(event).error_code == XCB_WINDOW)
         // A requestor that died before it got its answer, or an owner before it was watched.
         handleEnd(as<xcb_generic_error_t>(event).resource_id);
@@ -92,7 +94,7 @@ bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
 {
     contents.isOwnWrite = true;
     // "Now" instead of a time: the server's own event tells the time that it took.
-    if (!claim(m_connection.atoms().clipboard, std::move(offer), XCB_CURRENT_TIME))
+    if (!m_server.claim(m_connection.atoms().clipboard, std::move(offer), XCB_CURRENT_TIME))
         return false;
     // Only now is every window known that came to the front before.
     const auto front = m_front.answer(m_front.askAtCopy(m_connection.window()));
@@ -105,19 +107,7 @@ bool PasteboardService::write(std::shared_ptr<const SelectionOffer> offer,
 void PasteboardService::clear()
 {
     m_isClearing = true;
-    // To nobody instead of to us with nothing: whoever asks next learns at once that there is
-    // nothing.
-    xcb_set_selection_owner(m_connection.xcb(), XCB_WINDOW_NONE, m_connection.atoms().clipboard,
-                            XCB_CURRENT_TIME);
-    // The event that we are waiting for comes before the answer to the question after it.
-    m_connection.owner(m_connection.atoms().clipboard);
-    while (m_isClearing) {
-        // Of what has come along with the answer: no other client can keep us here.
-        const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_queued_event(m_connection.xcb()));
-        if (!event)
-            break;
-        handle(*event);
-    }
+    m_server.empty(m_connection.atoms().clipboard, [this] { return !m_isClearing; });
     if (std::exchange(m_isClearing, false))
         m_changes.publishCleared();
 }
@@ -150,7 +140,7 @@ void PasteboardService::offerPrimary()
 void PasteboardService::markText(std::shared_ptr<const SelectionOffer> offer)
 {
     m_connection.watchOwner(XCB_ATOM_PRIMARY, true);
-    claim(XCB_ATOM_PRIMARY, std::move(offer), XCB_CURRENT_TIME);
+    m_server.claim(XCB_ATOM_PRIMARY, std::move(offer), XCB_CURRENT_TIME);
 }
 
 void PasteboardService::askText(Pasteboard::Selection selection,
@@ -314,17 +304,6 @@ bool PasteboardService::handleReading(const xcb_generic_event_t &event)
            m_kept.handle(event) || m_questions.handle(event);
 }
 
-void PasteboardService::serve(const xcb_selection_request_event_t &request)
-{
-    const bool isGiven = m_server.handle(request);
-    if (!isGiven || !m_pasteTarget || !m_connection.isSameClient(request.requestor, *m_pasteTarget))
-        return;
-    m_pasteTarget.reset();
-    // What is typed behind the paste now must not overtake the answer.
-    m_connection.server().roundTrip();
-    m_listeners.pasteRead();
-}
-
 void PasteboardService::beginReading(xcb_window_t owner, xcb_timestamp_t time)
 {
     m_clipboardTime = time;
@@ -368,31 +347,8 @@ void PasteboardService::adoptIfWanted()
     if (!m_ownerDied || !m_kept.isWanted() || !m_kept.offer())
         return;
     // With the time of the death, so that the server refuses when somebody has copied since.
-    claim(m_connection.atoms().clipboard, m_kept.offer(),
-          *std::exchange(m_ownerDied, std::nullopt));
-}
-
-// By value: an event that is handled meanwhile may drop the kept offer that was passed.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-bool PasteboardService::claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
-                              xcb_timestamp_t time)
-{
-    m_server.stage(selection, offer);
-    xcb_set_selection_owner(m_connection.xcb(), m_connection.window(), selection, time);
-    // ICCCM 2.1: SetSelectionOwner has no answer, and the server drops one whose time is before the
-    // last change. Only the question who owns it tells.
-    const bool isOurs = m_connection.owner(selection) == m_connection.window();
-    // What came before the confirmation is handled before it, in order: a change by another
-    // client is counted before ours.
-    while (m_server.offer(selection) != offer) {
-        const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_queued_event(m_connection.xcb()));
-        if (!event) {
-            m_server.unstage(selection);
-            break;
-        }
-        handle(*event);
-    }
-    return isOurs;
+    m_server.claim(m_connection.atoms().clipboard, m_kept.offer(),
+                   *std::exchange(m_ownerDied, std::nullopt));
 }
 
 ClipboardManagerRole::Safety PasteboardService::secure(xcb_window_t requestor)

@@ -60,7 +60,7 @@ public:
     /// Reads PRIMARY and publishes it if its owner and `target` belong to the same client.
     void publishPrimary(xcb_window_t target);
     /// From now on it is looked out for the client of `target` to ask for what we serve.
-    void expectPaste(xcb_window_t target) { m_pasteTarget = target; }
+    void expectPaste(xcb_window_t target) { m_server.expectPaste(target); }
 
     /// Who has asked for what we serve on the pasteboard, the latest last.
     std::vector<xcb_window_t> askers() const;
@@ -78,15 +78,12 @@ private:
     void handleProperty(const xcb_generic_event_t &event);
     void handleAnswer(const xcb_generic_event_t &event);
     bool handleReading(const xcb_generic_event_t &event);
-    void serve(const xcb_selection_request_event_t &request);
     void beginReading(xcb_window_t owner, xcb_timestamp_t time);
     void answerFromClipboard();
     void collectFinished();
     qint64 publish(const FetchedSelection &fetched, FrontWindowTracker::Question question);
     void publishClipboard(const FetchedSelection &fetched);
     void adoptIfWanted();
-    bool claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
-               xcb_timestamp_t time);
     ClipboardManagerRole::Safety secure(xcb_window_t requestor);
     qint64 maxRead() const;
 
@@ -103,7 +100,6 @@ private:
     FrontWindowTracker m_front;
     FrontWindowTracker::Question m_clipboardFront; ///< At the change that is being read.
     FrontWindowTracker::Question m_primaryFront;
-    std::optional<xcb_window_t> m_pasteTarget; ///< Until it has asked for what was pasted.
     QList<SelectionQuestions::Receiver> m_awaitingClipboard; ///< Until it has been read.
     KeptCopy m_kept;
     LeavingOwner m_leaving;

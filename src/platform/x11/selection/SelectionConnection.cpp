@@ -1,8 +1,15 @@
 #include "platform/x11/selection/SelectionConnection.h"
 
 #include <utility>
+#include <vector>
 
 #include <xcb/xfixes.h>
+
+namespace {
+
+constexpr qsizetype kMaxNames = 4096;
+
+} // namespace
 
 SelectionConnection::SelectionConnection(Clock clock) : m_clock(std::move(clock))
 {
@@ -50,6 +57,28 @@ xcb_window_t SelectionConnection::owner(xcb_atom_t selection) const
     const XcbPointer<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(xcb(), xcb_get_selection_owner(xcb(), selection), nullptr));
     return reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
+}
+
+QStringList SelectionConnection::namesOf(const QList<xcb_atom_t> &atoms)
+{
+    if (m_names.size() > kMaxNames)
+        m_names.clear();
+    std::vector<std::pair<xcb_atom_t, xcb_get_atom_name_cookie_t>> asked;
+    for (const xcb_atom_t atom : atoms) {
+        if (!m_names.contains(atom))
+            asked.emplace_back(atom, xcb_get_atom_name(xcb(), atom));
+    }
+    for (const auto &[atom, cookie] : asked) {
+        const XcbPointer<xcb_get_atom_name_reply_t> reply(
+            xcb_get_atom_name_reply(xcb(), cookie, nullptr));
+        if (reply)
+            m_names[atom] = QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
+                                              xcb_get_atom_name_name_length(reply.get()));
+    }
+    QStringList names;
+    for (const xcb_atom_t atom : atoms)
+        names.append(m_names.value(atom));
+    return names;
 }
 
 std::optional<SelectionConnection::Value> SelectionConnection::read(xcb_window_t window,

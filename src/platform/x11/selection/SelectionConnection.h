@@ -4,7 +4,9 @@
 #include "platform/x11/selection/SelectionAtoms.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
+#include <QStringList>
 
 #include <chrono>
 #include <functional>
@@ -54,6 +56,9 @@ public:
     /// Waits for the X server only. None when nobody owns the selection.
     xcb_window_t owner(xcb_atom_t selection) const;
 
+    /// Empty for an atom that the server does not know.
+    QStringList namesOf(const QList<xcb_atom_t> &atoms);
+
     /// Reads up to `most` bytes (a multiple of four) from the byte `offset` (likewise) of a
     /// property and leaves the property as it is. Absent when the window is gone.
     std::optional<Value> read(xcb_window_t window, xcb_atom_t property, qint64 offset,
@@ -77,4 +82,5 @@ private:
     quint32 m_resourceMask = 0;
     quint8 m_ownerChangeEvent = 0;
     SelectionAtoms m_atoms;
+    QHash<xcb_atom_t, QString> m_names; ///< Asked of the server once each.
 };

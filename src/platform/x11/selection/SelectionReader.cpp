@@ -6,13 +6,11 @@
 #include <algorithm>
 #include <cstring>
 #include <utility>
-#include <vector>
 
 namespace {
 
 constexpr qint64 kMaxTargetBytes = 64 * 1024;
 constexpr qsizetype kMaxNamed = 1024;
-constexpr qsizetype kMaxNames = 4096;
 
 QList<xcb_atom_t> atomsOf(const QByteArray &bytes)
 {
@@ -32,21 +30,34 @@ SelectionReader::SelectionReader(SelectionConnection &connection, PropertyPool &
 void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 maxTextBytes,
                             Wish wish)
 {
+    restart(selection, time, maxTextBytes, m_limits.fetch);
     m_wish = wish;
-    m_selection = selection;
-    m_time = time;
-    m_maxTextBytes = maxTextBytes;
-    m_isReading = true;
-    m_isFinished = false;
-    m_begun = m_connection.now();
-    m_texts.clear();
-    m_mayHaveNoText = false;
-    m_isTextRefused = false;
-    m_askAgainAt.reset();
-    m_timesAskedAgain = 0;
-    m_fetched = FetchedSelection();
     m_requests = {{Part::Targets, m_connection.atoms().targets}};
     askNext();
+}
+
+void SelectionReader::beginRest(xcb_atom_t selection, xcb_timestamp_t time,
+                                const QList<QList<xcb_atom_t>> &alternatives, qint64 maxBytes)
+{
+    restart(selection, time, maxBytes, m_limits.keep);
+    for (qsizetype row = 0; row < alternatives.size(); ++row) {
+        for (const xcb_atom_t target : alternatives[row])
+            m_requests.append({Part::Rest, target, row});
+    }
+    askNext();
+}
+
+void SelectionReader::restart(xcb_atom_t selection, xcb_timestamp_t time, qint64 maxBytes,
+                              std::chrono::milliseconds patience)
+{
+    m_selection = selection;
+    m_time = time;
+    m_maxBytes = maxBytes;
+    m_isReading = true;
+    m_isFinished = false;
+    m_end = m_connection.now() + patience;
+    m_texts = Texts();
+    m_fetched = FetchedSelection();
 }
 
 bool SelectionReader::handle(const xcb_generic_event_t &event)
@@ -63,7 +74,7 @@ void SelectionReader::checkClock(TimePoint now)
         return;
     if (m_askAgainAt) {
         m_askAgainAt.reset();
-        m_requests = m_texts;
+        m_requests = m_texts.requests;
         askNext();
         return;
     }
@@ -78,7 +89,7 @@ std::optional<SelectionReader::TimePoint> SelectionReader::deadline() const
         return std::nullopt;
     if (m_askAgainAt)
         return m_askAgainAt;
-    return std::min(m_lastProgress + m_limits.ownerStall, m_begun + m_limits.fetch);
+    return std::min(m_lastProgress + m_limits.ownerStall, m_end);
 }
 
 std::optional<FetchedSelection> SelectionReader::takeFinished()
@@ -107,8 +118,8 @@ void SelectionReader::askNext()
     qint64 maxBytes = PasteboardLimits::kMaxFormat;
     if (request.part == Part::Targets)
         maxBytes = kMaxTargetBytes;
-    else if (request.part == Part::Text)
-        maxBytes = m_maxTextBytes;
+    else if (request.part == Part::Text || request.part == Part::Rest)
+        maxBytes = m_maxBytes;
     m_conversion.ask(m_selection, request.target, m_time, maxBytes);
 }
 
@@ -124,41 +135,32 @@ void SelectionReader::goOn()
 
 void SelectionReader::useAnswer()
 {
-    using State = IncomingConversion::State;
     const Request request = m_requests.takeFirst();
-    if (request.part == Part::Targets) {
-        useTargets();
-        return;
-    }
-    if (m_conversion.state() == State::TooLarge && request.part == Part::Text) {
-        // Without its text the copy is of no use, so the rest is not even asked for.
-        m_fetched.isTextTooLarge = true;
-        m_requests.clear();
-        m_isTextRefused = false;
-        return;
-    }
-    const bool isHad = m_conversion.state() == State::Whole && m_conversion.format() == 8;
-    if (request.part == Part::Text)
-        m_isTextRefused = !isHad;
-    if (!isHad)
-        return;
+    const bool isHad =
+        m_conversion.state() == IncomingConversion::State::Whole && m_conversion.format() == 8;
     switch (request.part) {
     case Part::Targets:
+        useTargets();
         break;
     case Part::Text:
-        dropOthersLike(request);
-        useText();
+        useText(request, isHad);
         break;
     case Part::Format:
-        m_fetched.copy.formats[request.format] = m_conversion.bytes();
-        dropOthersLike(request);
+        if (isHad) {
+            m_fetched.copy.formats[&copyFormats()[request.row]] = m_conversion.bytes();
+            dropOthersLike(request);
+        }
         break;
     case Part::Files:
-        useFiles();
+        if (isHad)
+            useFiles();
         break;
     case Part::CutMark:
-        if (m_conversion.bytes().startsWith('1'))
+        if (isHad && m_conversion.bytes().startsWith('1'))
             m_fetched.copy.fileAction = FileUris::Action::Cut;
+        break;
+    case Part::Rest:
+        useRest(request);
         break;
     }
 }
@@ -183,7 +185,7 @@ void SelectionReader::useTargets()
 
 void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
 {
-    const QStringList names = namesOf(offered);
+    const QStringList names = m_connection.namesOf(offered);
     for (qsizetype i = 0; i < offered.size(); ++i) {
         if (names[i].isEmpty())
             continue;
@@ -191,16 +193,16 @@ void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
         m_fetched.atoms[names[i]] = offered[i];
     }
     for (const QString &name : TextFormats::inOrder(names))
-        m_texts.append({Part::Text, m_fetched.atoms[name]});
-    m_requests = m_texts;
-    m_mayHaveNoText = TextFormats::mayHoldNone(names);
-    const auto plan = [&](Part part, const QString &name, const CopyFormat *format = nullptr) {
+        m_texts.requests.append({Part::Text, m_fetched.atoms[name]});
+    m_requests = m_texts.requests;
+    m_texts.mayBeNone = TextFormats::mayHoldNone(names);
+    const auto plan = [&](Part part, const QString &name, qsizetype row = 0) {
         if (m_fetched.atoms.contains(name))
-            m_requests.append({part, m_fetched.atoms[name], format});
+            m_requests.append({part, m_fetched.atoms[name], row});
     };
-    for (const CopyFormat &format : copyFormats()) {
-        for (const QString &name : format.names)
-            plan(Part::Format, name, &format);
+    for (qsizetype row = 0; row < copyFormats().size(); ++row) {
+        for (const QString &name : copyFormats()[row].names)
+            plan(Part::Format, name, row);
     }
     plan(Part::Files, FileUris::kUriList);
     // Asked for beside the other list, because only this one may say that the files were cut.
@@ -210,27 +212,37 @@ void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
 
 bool SelectionReader::waitToAskAgain()
 {
-    if (!m_isTextRefused || m_texts.isEmpty() || m_mayHaveNoText ||
-        m_timesAskedAgain == m_limits.askAgain.size())
+    if (!m_texts.isRefused || m_texts.requests.isEmpty() || m_texts.mayBeNone ||
+        m_texts.timesAskedAgain == m_limits.askAgain.size())
         return false;
-    m_askAgainAt = m_lastProgress + m_limits.askAgain.at(m_timesAskedAgain++);
+    m_askAgainAt = m_lastProgress + m_limits.askAgain.at(m_texts.timesAskedAgain++);
     return true;
 }
 
 /// What is had under one name need not be asked for under the others.
 void SelectionReader::dropOthersLike(const Request &had)
 {
-    m_requests.removeIf([&](const Request &request) {
-        return request.part == had.part && request.format == had.format;
-    });
+    m_requests.removeIf(
+        [&](const Request &request) { return request.part == had.part && request.row == had.row; });
 }
 
-void SelectionReader::useText()
+void SelectionReader::useText(const Request &request, bool isHad)
 {
-    const QStringList names = namesOf({m_conversion.target(), m_conversion.type()});
+    if (m_conversion.state() == IncomingConversion::State::TooLarge) {
+        // Without its text the copy is of no use, so the rest is not even asked for.
+        m_fetched.isTextTooLarge = true;
+        m_requests.clear();
+        m_texts.isRefused = false;
+        return;
+    }
+    m_texts.isRefused = !isHad;
+    if (!isHad)
+        return;
+    dropOthersLike(request);
+    const QStringList names = m_connection.namesOf({m_conversion.target(), m_conversion.type()});
     const QByteArray text = TextFormats::toUtf8(m_conversion.bytes(), names[0], names[1]);
     // Drawing programs may as well answer with nothing as refuse.
-    if (!text.isEmpty() || !m_mayHaveNoText)
+    if (!text.isEmpty() || !m_texts.mayBeNone)
         m_fetched.copy.text = text;
     if (m_wish == Wish::Text)
         m_requests.clear();
@@ -250,6 +262,20 @@ void SelectionReader::useFiles()
     copy.fileAction = FileUris::actionOfGnomeList(bytes);
 }
 
+void SelectionReader::useRest(const Request &request)
+{
+    // What is refused was listed for nothing, which loses nothing.
+    m_fetched.isRestTooLarge |= m_conversion.state() == IncomingConversion::State::TooLarge;
+    if (m_conversion.state() != IncomingConversion::State::Whole)
+        return;
+    // Type and format as the owner gave them. They need not follow from the target: that of TEXT is
+    // the owner's choice (ICCCM 2.6.2).
+    m_fetched.rest.append(
+        {request.target, {m_conversion.type(), m_conversion.bytes(), m_conversion.format()}, {}});
+    m_maxBytes -= m_conversion.bytes().size();
+    dropOthersLike(request);
+}
+
 void SelectionReader::finish()
 {
     m_conversion.abandon();
@@ -264,26 +290,4 @@ void SelectionReader::finish()
     // Many file managers offer no text, or what they have as the list already.
     if (!copy.text || FileUris::areAddresses(*copy.text, files))
         copy.text = CopyBytes::of(Copy{{}, {}, copy.fileNames}.withText()).text;
-}
-
-QStringList SelectionReader::namesOf(const QList<xcb_atom_t> &atoms)
-{
-    if (m_names.size() > kMaxNames)
-        m_names.clear();
-    std::vector<std::pair<xcb_atom_t, xcb_get_atom_name_cookie_t>> asked;
-    for (const xcb_atom_t atom : atoms) {
-        if (!m_names.contains(atom))
-            asked.emplace_back(atom, xcb_get_atom_name(m_connection.xcb(), atom));
-    }
-    for (const auto &[atom, cookie] : asked) {
-        const XcbPointer<xcb_get_atom_name_reply_t> reply(
-            xcb_get_atom_name_reply(m_connection.xcb(), cookie, nullptr));
-        if (reply)
-            m_names[atom] = QString::fromUtf8(xcb_get_atom_name_name(reply.get()),
-                                              xcb_get_atom_name_name_length(reply.get()));
-    }
-    QStringList names;
-    for (const xcb_atom_t atom : atoms)
-        names.append(m_names.value(atom));
-    return names;
 }

@@ -4,7 +4,6 @@
 #include "platform/x11/selection/FetchedSelection.h"
 #include "platform/x11/selection/IncomingConversion.h"
 
-#include <QHash>
 #include <QList>
 
 #include <chrono>
@@ -15,9 +14,9 @@
 /// Reads a selection, one format after the other, because many owners muddle up two transfers to
 /// the same window: the list of formats first, then text, other formats and files. The text comes
 /// first, so that it is there when the owner does not live long. A text that was listed and refused
-/// is asked for again, a little later, before the reading ends. Owned by the pasteboard's service,
-/// one a selection; service thread only. It never waits for the owner: events and the clock drive
-/// it.
+/// is asked for again, a little later, before the reading ends. What else there is of a copy is
+/// read in the same way. Owned by the pasteboard's service, one a selection; service thread only.
+/// It never waits for the owner: events and the clock drive it.
 class SelectionReader
 {
 public:
@@ -37,6 +36,12 @@ public:
     void begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 maxTextBytes,
                Wish wish = Wish::Copy);
 
+    /// Begins with the rest of a copy that was made at `time`, and reads at most `maxBytes` in all:
+    /// of each list of `alternatives` the first format that can be had. Only when nothing is being
+    /// read.
+    void beginRest(xcb_atom_t selection, xcb_timestamp_t time,
+                   const QList<QList<xcb_atom_t>> &alternatives, qint64 maxBytes);
+
     bool isReading() const { return m_isReading; }
 
     /// True when the event belonged to this reading.
@@ -53,26 +58,35 @@ public:
     FetchedSelection abandon();
 
 private:
-    enum class Part { Targets, Text, Format, Files, CutMark };
+    enum class Part { Targets, Text, Format, Files, CutMark, Rest };
     struct Request
     {
         Part part;
         xcb_atom_t target;
-        const CopyFormat *format = nullptr; ///< Of a Format.
+        qsizetype row = 0; ///< In copyFormats() of a Format, among the alternatives of the Rest.
     };
 
+    struct Texts
+    {
+        QList<Request> requests; ///< To be asked again if all are refused.
+        bool mayBeNone = false;  ///< Although one is listed.
+        bool isRefused = false;
+        std::size_t timesAskedAgain = 0;
+    };
+
+    void restart(xcb_atom_t selection, xcb_timestamp_t time, qint64 maxBytes,
+                 std::chrono::milliseconds patience);
     void askNext();
     void goOn();
     void useAnswer();
     void useTargets();
-    void useText();
+    void useText(const Request &request, bool isHad);
     void useFiles();
+    void useRest(const Request &request);
     void planFormats(const QList<xcb_atom_t> &offered);
     void dropOthersLike(const Request &had);
     bool waitToAskAgain();
     void finish();
-    /// Empty for an atom that the server does not know.
-    QStringList namesOf(const QList<xcb_atom_t> &atoms);
 
     SelectionConnection &m_connection;
     const PasteboardLimits &m_limits;
@@ -81,16 +95,12 @@ private:
     bool m_isFinished = false;
     xcb_atom_t m_selection = XCB_ATOM_NONE;
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
-    qint64 m_maxTextBytes = 0;
+    qint64 m_maxBytes = 0; ///< Of the text, or of all the rest that is still to come.
     Wish m_wish = Wish::Copy;
-    TimePoint m_begun;
+    TimePoint m_end; ///< When the owner is given up at the latest.
     TimePoint m_lastProgress;
-    QList<Request> m_requests;    ///< The first one is under way.
-    QList<Request> m_texts;       ///< To be asked again if all are refused.
-    bool m_mayHaveNoText = false; ///< Although one is listed.
-    bool m_isTextRefused = false;
-    std::size_t m_timesAskedAgain = 0;
+    QList<Request> m_requests; ///< The first one is under way.
+    Texts m_texts;
     std::optional<TimePoint> m_askAgainAt; ///< While nothing is under way but the wait for it.
     FetchedSelection m_fetched;
-    QHash<xcb_atom_t, QString> m_names; ///< Asked of the server once each.
 };

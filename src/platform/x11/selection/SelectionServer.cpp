@@ -3,6 +3,7 @@
 #include "platform/x11/selection/SelectionConnection.h"
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -12,14 +13,50 @@ constexpr std::size_t kMaxAskers = 64;
 } // namespace
 
 SelectionServer::SelectionServer(SelectionConnection &connection,
-                                 std::chrono::milliseconds requestorStall)
-    : m_connection(connection), m_transfers(connection, requestorStall)
+                                 std::chrono::milliseconds requestorStall, Listeners listeners)
+    : m_connection(connection), m_transfers(connection, requestorStall),
+      m_listeners(std::move(listeners))
 {
 }
 
-void SelectionServer::stage(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer)
+// By value: an event that is handled meanwhile may drop the kept offer that was passed.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+bool SelectionServer::claim(xcb_atom_t selection, std::shared_ptr<const SelectionOffer> offer,
+                            xcb_timestamp_t time)
 {
-    m_staged[selection] = std::move(offer);
+    m_staged[selection] = offer;
+    xcb_set_selection_owner(m_connection.xcb(), m_connection.window(), selection, time);
+    // ICCCM 2.1: SetSelectionOwner has no answer, and the server drops one whose time is before the
+    // last change. Only the question who owns it tells.
+    const bool isOurs = m_connection.owner(selection) == m_connection.window();
+    // What came before the confirmation is handled before it, in order: a change by another
+    // client is counted before ours.
+    const auto isServed = [&] { return m_served.value(selection).offer == offer; };
+    handleArrived(isServed);
+    if (!isServed())
+        m_staged.remove(selection);
+    return isOurs;
+}
+
+void SelectionServer::empty(xcb_atom_t selection, const std::function<bool()> &isTold)
+{
+    // To nobody instead of to us with nothing: whoever asks next learns at once that there is
+    // nothing.
+    xcb_set_selection_owner(m_connection.xcb(), XCB_WINDOW_NONE, selection, XCB_CURRENT_TIME);
+    // The event that we are waiting for comes before the answer to the question after it.
+    m_connection.owner(selection);
+    handleArrived(isTold);
+}
+
+void SelectionServer::handleArrived(const std::function<bool()> &isEnough)
+{
+    while (!isEnough()) {
+        // Of what has come along with the answer: no other client can keep us here.
+        const XcbPointer<xcb_generic_event_t> event(xcb_poll_for_queued_event(m_connection.xcb()));
+        if (!event)
+            return;
+        m_listeners.arrived(*event);
+    }
 }
 
 void SelectionServer::confirm(xcb_atom_t selection, xcb_timestamp_t time)
@@ -49,7 +86,7 @@ std::vector<xcb_window_t> SelectionServer::askers(xcb_atom_t selection) const
     return m_served.value(selection).askers;
 }
 
-bool SelectionServer::handle(const xcb_selection_request_event_t &request)
+void SelectionServer::handle(const xcb_selection_request_event_t &request)
 {
     // The request's time is not held against it: toolkits send the time of the last event they
     // saw, which may lie before our write, and a refusal would be a paste that fails.
@@ -78,8 +115,20 @@ bool SelectionServer::handle(const xcb_selection_request_event_t &request)
             isDone = put(served, request.requestor, request.target, property);
     }
     m_connection.answer(request, isDone ? property : xcb_atom_t(XCB_ATOM_NONE));
-    return isDone && request.target != m_connection.atoms().targets &&
-           request.target != m_connection.atoms().timestamp;
+    // What was only told of is not pasted yet.
+    if (isDone && request.target != m_connection.atoms().targets &&
+        request.target != m_connection.atoms().timestamp)
+        notePaste(request.requestor);
+}
+
+void SelectionServer::notePaste(xcb_window_t requestor)
+{
+    if (!m_pasteTarget || !m_connection.isSameClient(requestor, *m_pasteTarget))
+        return;
+    m_pasteTarget.reset();
+    // What is typed behind the paste now must not overtake the answer.
+    m_connection.server().roundTrip();
+    m_listeners.pasteRead();
 }
 
 bool SelectionServer::put(const Served &served, xcb_window_t requestor, xcb_atom_t target,
