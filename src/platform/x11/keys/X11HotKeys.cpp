@@ -31,7 +31,8 @@ bool hasTestExtension(const X11Connection &connection)
 X11HotKeys::X11HotKeys(QObject *parent)
     : HotKeys(parent), m_canType(hasTestExtension(m_connection)), m_keyboard(m_connection),
       m_grabs(m_connection), m_heldKeys(m_connection), m_handOver(m_connection),
-      m_typeAhead(m_connection, m_heldKeys),
+      m_typeAhead(m_connection, m_keyboard, m_grabs, m_heldKeys,
+                  {[this] { takeArrived(); }, [this] { giveKeyboardBack(); }}),
       m_thread(m_connection, [this](const xcb_generic_event_t &event) { handle(event); },
                {[this](X11EventThread::TimePoint now) { return keepDeadlines(now); }, {}, {}})
 {
@@ -132,7 +133,7 @@ bool X11HotKeys::typeFreely(const std::function<Keystroke(const Typing &)> &plan
         giveKeyboardBack();
         type(keystroke);
         if (isKeeping) {
-            m_typeAhead.takeBack(m_grabs.modifiers().heldKeys);
+            m_typeAhead.takeBack();
             xcb_ungrab_server(m_connection.get());
         }
         m_connection.roundTrip();
@@ -156,23 +157,15 @@ void X11HotKeys::type(const Keystroke &keystroke) const
 
 void X11HotKeys::keepTypedAhead(xcb_window_t window)
 {
-    if (!m_canType)
-        return;
-    m_thread.post([this, window] {
-        X11TypeAhead::Keycodes keys;
-        for (const xkb_keysym_t symbol : {XKB_KEY_Return, XKB_KEY_KP_Enter}) {
-            if (const std::optional<xcb_keycode_t> key = m_keyboard.keyFor(symbol))
-                keys.push_back(*key);
-        }
-        m_typeAhead.watch(window, keys);
-    });
+    if (m_canType)
+        m_thread.post([this, window] { m_typeAhead.watch(window); });
 }
 
 void X11HotKeys::letTypedAheadGo()
 {
     m_thread.post([this] {
         if (m_typeAhead.isKeeping())
-            typeAgain();
+            giveTypedAheadBack();
     });
 }
 
@@ -309,7 +302,7 @@ void X11HotKeys::handleOtherPress(xcb_keycode_t keycode)
 std::optional<X11EventThread::TimePoint> X11HotKeys::keepDeadlines(X11EventThread::TimePoint now)
 {
     if (m_typeAhead.isKeeping() && now >= *m_typeAhead.deadline())
-        typeAgain();
+        giveTypedAheadBack();
     const auto nextLook = keepHandOver(now);
     return nextLook ? nextLook : m_typeAhead.deadline();
 }
@@ -407,38 +400,10 @@ void X11HotKeys::takeArrived()
         handle(*event);
 }
 
-/// Gives the keyboard back with what was typed ahead.
-void X11HotKeys::typeAgain()
+void X11HotKeys::giveTypedAheadBack()
 {
-    const X11TypeAhead::Keycodes locks = lockKeys();
-    const X11TypeAhead::Keycodes modifiers = m_grabs.modifiers().heldKeys;
-    // Programs type for people too, and must not come in between. Fingers can, but for the
-    // microseconds from the last look to the last key.
-    xcb_grab_server(m_connection.get());
-    takeArrived();
-    m_typeAhead.letGo();
-    giveKeyboardBack();
-    m_typeAhead.typeAgain(modifiers, locks);
-    xcb_ungrab_server(m_connection.get());
-    takeArrived();
-    // A Return among it may have begun anew.
-    if (m_typeAhead.hasLetGo()) {
-        m_typeAhead.typeAgain(modifiers, locks);
-        m_typeAhead.end();
-    }
+    m_typeAhead.giveBack();
     listenForReleases();
-}
-
-/// Keys that have their effect when they are pressed, whoever gets them.
-X11TypeAhead::Keycodes X11HotKeys::lockKeys()
-{
-    X11TypeAhead::Keycodes keys;
-    for (const xkb_keysym_t symbol : {XKB_KEY_Caps_Lock, XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock,
-                                      XKB_KEY_ISO_Next_Group, XKB_KEY_ISO_Prev_Group}) {
-        if (const std::optional<xcb_keycode_t> key = m_keyboard.keyFor(symbol))
-            keys.push_back(*key);
-    }
-    return keys;
 }
 
 void X11HotKeys::report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress)

@@ -104,9 +104,8 @@ private:
     void expectReleaseElsewhere();
     void giveKeyboardBack();
     void takeArrived();
-    void typeAgain();
+    void giveTypedAheadBack();
     void listenForReleases();
-    X11TypeAhead::Keycodes lockKeys();
     void report(const std::vector<HotKeyId> &ids, const HotKeyEvent &event, bool isPress);
 
     std::map<HotKeyId, X11Combination> m_registrations;

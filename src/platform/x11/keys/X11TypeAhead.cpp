@@ -28,15 +28,17 @@ xcb_grab_keyboard_cookie_t grab(const X11Connection &connection)
 
 } // namespace
 
-X11TypeAhead::X11TypeAhead(const X11Connection &connection, const X11HeldKeys &heldKeys)
-    : m_connection(connection), m_heldKeys(heldKeys)
+X11TypeAhead::X11TypeAhead(const X11Connection &connection, X11Keyboard &keyboard,
+                           const X11KeyGrabs &grabs, const X11HeldKeys &heldKeys, Hooks hooks)
+    : m_connection(connection), m_keyboard(keyboard), m_grabs(grabs), m_heldKeys(heldKeys),
+      m_hooks(std::move(hooks))
 {
 }
 
-void X11TypeAhead::watch(xcb_window_t window, const Keycodes &keys) const
+void X11TypeAhead::watch(xcb_window_t window) const
 {
     // With any modifiers, because Return pastes with some of them too.
-    for (const xcb_keycode_t key : keys)
+    for (const xcb_keycode_t key : keysFor({XKB_KEY_Return, XKB_KEY_KP_Enter}))
         xcb_grab_key(m_connection.get(), 0, window, XCB_MOD_MASK_ANY, key, XCB_GRAB_MODE_ASYNC,
                      XCB_GRAB_MODE_SYNC);
 }
@@ -83,7 +85,7 @@ void X11TypeAhead::letGo()
     xcb_ungrab_keyboard(m_connection.get(), XCB_CURRENT_TIME);
 }
 
-void X11TypeAhead::takeBack(const Keycodes &modifiers)
+void X11TypeAhead::takeBack()
 {
     m_hasLetGo = false;
     // Refused, nothing comes here until the limit.
@@ -91,21 +93,48 @@ void X11TypeAhead::takeBack(const Keycodes &modifiers)
     Keycodes down;
     for (const Key &key : m_kept) {
         std::erase(down, key.keycode);
-        if (key.isPress && contains(modifiers, key.keycode))
+        if (key.isPress && contains(m_grabs.modifiers().heldKeys, key.keycode))
             down.push_back(key.keycode);
     }
     for (const xcb_keycode_t keycode : down)
         fake(m_connection, XCB_KEY_PRESS, keycode);
 }
 
-void X11TypeAhead::end()
+void X11TypeAhead::giveBack()
 {
+    // Keys that have their effect when they are pressed, whoever gets them.
+    const Keycodes locks = keysFor({XKB_KEY_Caps_Lock, XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock,
+                                    XKB_KEY_ISO_Next_Group, XKB_KEY_ISO_Prev_Group});
+    // Programs type for people too, and must not come in between. Fingers can, but for the
+    // microseconds from the last look to the last key.
+    xcb_grab_server(m_connection.get());
+    m_hooks.takeArrived();
+    letGo();
+    m_hooks.giveKeyboardBack();
+    typeAgain(locks);
+    xcb_ungrab_server(m_connection.get());
+    m_hooks.takeArrived();
+    // A Return among it may have begun anew.
+    if (!m_hasLetGo)
+        return;
+    typeAgain(locks);
     m_deadline.reset();
     m_hasLetGo = false;
 }
 
-void X11TypeAhead::typeAgain(const Keycodes &modifiers, const Keycodes &locks)
+X11TypeAhead::Keycodes X11TypeAhead::keysFor(std::initializer_list<xkb_keysym_t> symbols) const
 {
+    Keycodes keys;
+    for (const xkb_keysym_t symbol : symbols) {
+        if (const std::optional<xcb_keycode_t> key = m_keyboard.keyFor(symbol))
+            keys.push_back(*key);
+    }
+    return keys;
+}
+
+void X11TypeAhead::typeAgain(const Keycodes &locks)
+{
+    const Keycodes modifiers = m_grabs.modifiers().heldKeys;
     const std::vector<Key> kept = std::exchange(m_kept, {});
     // Down already, they would change the keys before them.
     for (const Key &key : kept) {

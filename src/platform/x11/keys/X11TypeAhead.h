@@ -2,8 +2,12 @@
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/keys/X11HeldKeys.h"
+#include "platform/x11/keys/X11KeyGrabs.h"
+#include "platform/x11/keys/X11Keyboard.h"
 
 #include <chrono>
+#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <vector>
 
@@ -19,13 +23,23 @@ public:
     using TimePoint = std::chrono::steady_clock::time_point;
     using Keycodes = std::vector<xcb_keycode_t>;
 
-    /// Both references must outlive this object.
-    X11TypeAhead(const X11Connection &connection, const X11HeldKeys &heldKeys);
+    /// What the hot keys do for it.
+    struct Hooks
+    {
+        /// Handles the events that the server has sent before it was asked.
+        std::function<void()> takeArrived;
+        /// Ends the grab of a hot key that is down.
+        std::function<void()> giveKeyboardBack;
+    };
 
-    /// `keys`, with whatever modifiers, stop the keyboard when they are pressed in `window`.
-    void watch(xcb_window_t window, const Keycodes &keys) const;
+    /// All references must outlive this object.
+    X11TypeAhead(const X11Connection &connection, X11Keyboard &keyboard, const X11KeyGrabs &grabs,
+                 const X11HeldKeys &heldKeys, Hooks hooks);
 
-    /// One of those keys was pressed. From now on every key comes here.
+    /// Return and Enter, with whatever modifiers, stop the keyboard when pressed in `window`.
+    void watch(xcb_window_t window) const;
+
+    /// One of them was pressed. From now on every key comes here.
     void begin(const xcb_key_press_event_t &event);
 
     /// Keeps a key event.
@@ -38,16 +52,12 @@ public:
     /// Lets the keyboard go; a key that was on its way here before is still kept.
     void letGo();
     bool hasLetGo() const { return m_hasLetGo; }
-    /// After letGo(): keeps on keeping. The `modifiers` that were pressed meanwhile are down again,
+    /// After letGo(): keeps on keeping. The modifiers that were pressed meanwhile are down again,
     /// because one that a keystroke has released would come up unseen.
-    void takeBack(const Keycodes &modifiers);
-    /// Nothing is on its way any more.
-    void end();
+    void takeBack();
 
-    /// Types the kept keys again, in order. `modifiers` are the keys that count while they are
-    /// down; every other key is tapped, because its own release comes later, and `locks` are left
-    /// out: they have worked already.
-    void typeAgain(const Keycodes &modifiers, const Keycodes &locks);
+    /// Lets the keyboard go with what was kept, and ends.
+    void giveBack();
 
     /// Whether a modifier that was typed again is still down under the user's finger.
     bool isModifierLent() const { return !m_lent.empty(); }
@@ -61,10 +71,18 @@ private:
         bool isPress;
     };
 
+    Keycodes keysFor(std::initializer_list<xkb_keysym_t> symbols) const;
+    /// Types the kept keys again, in order. Modifiers count while they are down; every other key is
+    /// tapped, because its own release comes later, and `locks` are left out: they have worked
+    /// already.
+    void typeAgain(const Keycodes &locks);
     void typeModifier(const Key &key);
 
     const X11Connection &m_connection;
+    X11Keyboard &m_keyboard;
+    const X11KeyGrabs &m_grabs;
     const X11HeldKeys &m_heldKeys;
+    const Hooks m_hooks;
     std::optional<TimePoint> m_deadline;
     bool m_hasLetGo = false;
     xcb_window_t m_window = XCB_NONE; ///< Ours, in which it began.
