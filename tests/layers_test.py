@@ -165,7 +165,6 @@ CASES = (
     ("history/Store.cpp", ("looks/Field.h",), "history may not know looks"),
     ("looks/Field.cpp", ("shortcut/Value.h",), "looks may not know shortcut"),
     ("looks/Field.cpp", ("platform/QClipboard.h",), "waits for other programs"),
-    ("Clipboard/main.cpp", ("platform/memory/Fake.h",), "may not know platform/memory"),
     ("platform/x11/Keys.cpp", ("platform/freedesktop/Bus.h",), "may not know platform/freedesktop"),
     ("platform/x11/Keys.cpp", ("history/Store.h",), "platform/x11 may not know history"),
     ("platform/x11/Keys.cpp", ("platform/pasteboard/Uris.h",), None),
@@ -199,9 +198,8 @@ def self_test():
         with tempfile.TemporaryDirectory() as root:
             for name in ("history/Store.h", "shortcut/Value.h", "platform/Clock.h",
                          "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
-                         "platform/freedesktop/Bus.h", "platform/memory/Fake.h",
-                         "platform/pasteboard/Uris.h", "platform/QClipboard.h",
-                         "platform/richtext/Rtf.h",
+                         "platform/freedesktop/Bus.h", "platform/pasteboard/Uris.h",
+                         "platform/QClipboard.h", "platform/richtext/Rtf.h",
                          "Clipboard/AppDelegate.h", "Clipboard/window/View.h",
                          "Clipboard/preview/Body.h", "looks/Field.h"):
                 write(root, "src/" + name, ())

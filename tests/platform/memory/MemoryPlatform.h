@@ -179,14 +179,13 @@ class MemoryWindowSpace : public WindowSpace
 public:
     using WindowSpace::WindowSpace;
 
-    void setPointerPosition(std::optional<QPoint> position) { m_pointer = position; }
     /// Overrides the visible frame of every screen.
     void setVisibleFrame(const QRect &frame) { m_visibleFrame = frame; }
     void setCompositing(bool isCompositing);
     void setAnimationsEnabled(bool areEnabled) { m_areAnimationsEnabled = areEnabled; }
 
     // ^WindowSpace
-    std::optional<QPoint> pointerPosition() const override { return m_pointer; }
+    std::optional<QPoint> pointerPosition() const override { return QPoint(1, 1); }
     QRect visibleFrame(const QScreen &screen) const override;
     bool isCompositing() const override { return m_isCompositing; }
     bool areAnimationsEnabled() const override { return m_areAnimationsEnabled; }
@@ -194,7 +193,6 @@ public:
     void prepareFixedWindow(QWindow *) override {}
 
 private:
-    std::optional<QPoint> m_pointer = QPoint(1, 1);
     std::optional<QRect> m_visibleFrame;
     bool m_isCompositing = true;
     bool m_areAnimationsEnabled = true;

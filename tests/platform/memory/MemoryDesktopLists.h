@@ -63,12 +63,7 @@ class MemorySymbolicHotKeys : public SymbolicHotKeys
 public:
     using SymbolicHotKeys::SymbolicHotKeys;
 
-    void setHotKeys(const QList<SymbolicHotKey> &hotKeys) { m_hotKeys = hotKeys; }
-
     // ^SymbolicHotKeys
-    QList<SymbolicHotKey> hotKeys() const override { return m_hotKeys; }
+    QList<SymbolicHotKey> hotKeys() const override { return {}; }
     void refresh() override { Q_EMIT refreshed(); }
-
-private:
-    QList<SymbolicHotKey> m_hotKeys;
 };

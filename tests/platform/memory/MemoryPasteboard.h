@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Pasteboard.h"
+#include "platform/pasteboard/PasteboardChanges.h"
 
 #include <QPointer>
 
@@ -26,7 +27,6 @@ public:
     void setOwnersHang(bool hang) { m_ownersHang = hang; }
     /// Answers what waits, with nothing where `text` is absent.
     void answerNow(const std::optional<QString> &text);
-    qsizetype waitingQuestions() const { return m_questions.size(); }
 
     /// From now on write() is refused.
     void setWriteFails(bool fails) { m_writeFails = fails; }
@@ -36,7 +36,7 @@ public:
     /// Whether what is pasted has been asked for; at first it always has.
     void setPasteRead(bool isRead);
 
-    qint64 maxUsefulText() const { return m_maxUsefulText; }
+    qint64 maxUsefulText() const { return m_changes.maxUsefulText(); }
     /// Change counts examined so far.
     const QList<qint64> &acknowledged() const { return m_acknowledged; }
     const QList<qint64> &discarded() const { return m_discarded; }
@@ -44,12 +44,15 @@ public:
     const QList<Copy> &writes() const { return m_writes; }
 
     // ^Pasteboard
-    qint64 changeCount() const override { return m_changeCount; }
-    QList<PasteboardContents> changesAfter(qint64 changeCount) const override;
-    std::optional<PasteboardContents> contents() const override { return m_contents; }
+    qint64 changeCount() const override { return m_changes.changeCount(); }
+    QList<PasteboardContents> changesAfter(qint64 changeCount) const override
+    {
+        return m_changes.changesAfter(changeCount);
+    }
+    std::optional<PasteboardContents> contents() const override { return m_changes.contents(); }
     void acknowledge(qint64 changeCount) override;
     void discard(qint64 changeCount) override;
-    void setLargestUsefulText(qint64 bytes) override { m_maxUsefulText = bytes; }
+    void setLargestUsefulText(qint64 bytes) override { m_changes.setLargestUsefulText(bytes); }
     bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_isPasteRead; }
     void clear() override;
@@ -58,14 +61,11 @@ public:
     void shutDown() override {}
 
 private:
-    qint64 m_changeCount = 0;
-    qint64 m_maxUsefulText = 64 * 1024 * 1024;
+    PasteboardChanges m_changes;
     bool m_writeFails = false;
     bool m_isPasteRead = true;
     QString m_frontName;
     bool m_isOursInFront = false;
-    std::optional<PasteboardContents> m_contents;
-    QList<PasteboardContents> m_unexamined;
     QList<qint64> m_acknowledged;
     QList<qint64> m_discarded;
     QList<Copy> m_writes;
