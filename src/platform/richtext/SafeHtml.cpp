@@ -18,6 +18,10 @@ constexpr qsizetype kDeepestList = 9;
 constexpr int kMostCells = 20'000;
 constexpr int kMostColumns = 100;
 constexpr int kMostSpanned = 50;
+/// Each cell that spans others has the toolkit go through the grid.
+constexpr int kMostSpanning = 300;
+/// Each item has it go through those before it.
+constexpr int kMostItems = 500;
 constexpr qsizetype kLongestAddress = 2048;
 constexpr qsizetype kMostElements = 60'000;
 
@@ -288,9 +292,26 @@ void SafeHtml::makeRoom(const QString &name, Role role)
         closeDownTo(m_open.size() - 1);
 }
 
-bool SafeHtml::fitsCell(int columns)
+/// Columns that cells of rows before reach into.
+int SafeHtml::reachedInto(Table &table)
+{
+    int columns = 0;
+    for (Reach &reach : table.reaches)
+        columns += reach.rows-- > 0 ? reach.columns : 0;
+    table.reaches.removeIf([](const Reach &reach) { return reach.rows <= 0; });
+    return columns;
+}
+
+bool SafeHtml::fitsCell(const HtmlToken &token)
 {
     Table &table = m_tables.back();
+    const bool mayReach = m_spanning < kMostSpanning;
+    const auto spanOf = [&](const char *name) {
+        return mayReach ? numberOf(token.attribute(QLatin1String(name)), kMostSpanned) : 1;
+    };
+    const int columns = spanOf("colspan");
+    if (const int rows = spanOf("rowspan"); rows > 1)
+        table.reaches.append({columns, rows - 1});
     const int wanted = table.columnsOfRow + columns;
     const int most = std::max(table.columns, wanted);
     if (most > kMostColumns || most * table.rows > kMostCells)
@@ -318,17 +339,26 @@ bool SafeHtml::fits(const HtmlToken &token, Role role)
         if (m_tables.isEmpty() || (m_tables.back().rows + 1) * m_tables.back().columns > kMostCells)
             return false;
         ++m_tables.back().rows;
-        m_tables.back().columnsOfRow = 0;
+        m_tables.back().columnsOfRow = reachedInto(m_tables.back());
         return m_tables.back().rows <= kMostCells;
     case Role::Cell:
-        return lastOf(Role::Row, Role::Table) >= 0 &&
-               fitsCell(numberOf(token.attribute(QLatin1String("colspan")), kMostSpanned));
+        return lastOf(Role::Row, Role::Table) >= 0 && fitsCell(token);
     default:
         return true;
     }
 }
 
-SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role) const
+/// Begins another list of the same kind once one is too long for the toolkit.
+void SafeHtml::countItem()
+{
+    const qsizetype index = lastOf(Role::List, Role::Table);
+    if (index < 0 || index != m_open.size() - 1 || ++m_open[index].items <= kMostItems)
+        return;
+    m_open[index].items = 1;
+    m_result.html += m_open.at(index).closing + m_open.at(index).opening;
+}
+
+SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role)
 {
     Element element;
     element.name = token.name;
@@ -363,17 +393,17 @@ SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role) const
         element.opening += attribute("title", safeAddress(token.attribute(QLatin1String("href"))));
     if (role == Role::Table && token.attribute(QLatin1String("border")).toInt() > 0)
         element.opening += QLatin1String(" border=\"1\"");
-    if (role == Role::Cell)
+    if (role == Role::Cell && m_spanning < kMostSpanning)
         for (const char *span : {"colspan", "rowspan"})
             if (const int count = numberOf(token.attribute(QLatin1String(span)), kMostSpanned);
-                count > 1)
+                count > 1) {
                 element.opening += attribute(span, QString::number(count));
+                ++m_spanning;
+            }
     if (tag == QStringLiteral("ol")) {
         const QStringView type = token.attribute(QLatin1String("type"));
         if (type.size() == 1 && QStringLiteral("1aAiI").contains(type.front()))
             element.opening += attribute("type", type.toString());
-        if (const int start = numberOf(token.attribute(QLatin1String("start")), 100'000); start > 1)
-            element.opening += attribute("start", QString::number(start));
     }
     element.opening += u'>';
     element.closing = QStringLiteral("</") + tag + u'>';
@@ -399,6 +429,8 @@ void SafeHtml::open(const HtmlToken &token)
         m_result.html += u' ';
         return;
     }
+    if (*role == Role::Item)
+        countItem();
     const Element element = made(token, *role);
     if (!element.isHidden)
         m_result.html += element.opening;

@@ -36,10 +36,19 @@ private:
         Role role = Role::Inline;
         bool isHidden = false;
         bool keepsSpace = false;
+        int items = 0; ///< Of a list.
+    };
+
+    /// Of a cell, into the rows after its own.
+    struct Reach
+    {
+        int columns;
+        int rows;
     };
 
     struct Table
     {
+        QList<Reach> reaches = {};
         int rows = 0;
         int columns = 0; ///< Of the row with the most.
         int columnsOfRow = 0;
@@ -55,8 +64,10 @@ private:
     bool passOver(const HtmlToken &token);
     void makeRoom(const QString &name, Role role);
     bool fits(const HtmlToken &token, Role role);
-    bool fitsCell(int columns);
-    Element made(const HtmlToken &token, Role role) const;
+    static int reachedInto(Table &table);
+    bool fitsCell(const HtmlToken &token);
+    void countItem();
+    Element made(const HtmlToken &token, Role role);
     void closeDownTo(qsizetype count);
     qsizetype lastOf(Role role, Role wall) const;
     static std::optional<Role> roleOf(const QString &name);
@@ -66,5 +77,6 @@ private:
     Result m_result;
     QList<Element> m_open;
     QList<Table> m_tables;
+    int m_spanning = 0; ///< Cells that span others.
     bool m_isComplete = false;
 };
