@@ -1,160 +1,70 @@
 #include "platform/richtext/CarriedHtml.h"
 
-#include "platform/richtext/CodePage.h"
+#include "platform/richtext/HtmlSource.h"
 #include "platform/richtext/RtfMarkup.h"
 #include "platform/richtext/RtfTokens.h"
-
-#include <QStringConverter>
-#include <QtEndian>
 
 #include <array>
 
 namespace {
 
-/// What the bytes of the HTML are, and the number that says so in the RTF. Stored: numbers stay.
-enum class Form { Bytes = 0, Utf8 = 1, Utf16Little = 2, Utf16Big = 3 };
-
-/// Names the form of the encapsulated HTML; a reader that does not know it leaves it out.
-const QByteArray kFormGroup = QByteArrayLiteral("{\\*\\quillmarshform");
-const QByteArray kTagGroup = QByteArrayLiteral("{\\*\\htmltag0\\uc0 ");
-/// Carries HTML in RTF that has its own text. Its number is the form, the next word's the encoding.
+/// Its number is the form of the HTML, the next word's the encoding of its escaped bytes.
 const QByteArray kOwnGroup = QByteArrayLiteral("{\\*\\quillmarshhtml");
-/// Ours stands behind a few words.
+/// What an Encapsulation says of itself, before its tables.
 constexpr qsizetype kMostOfBeginning = 200;
 
-struct Source
+/// Puts the bytes or the text together again that HtmlSource::write() wrote.
+class Collector
 {
-    Form form = Form::Bytes;
-    QString text; ///< Empty for bytes.
-    int codePage = CodePage::kWestern;
-};
-
-QString textOf(const QByteArray &utf16, Form form)
-{
-    QString text(utf16.size() / 2, Qt::Uninitialized);
-    for (qsizetype unit = 0; unit < text.size(); ++unit) {
-        const char *place = utf16.constData() + unit * 2;
-        text[unit] = QChar(form == Form::Utf16Little ? qFromLittleEndian<quint16>(place)
-                                                     : qFromBigEndian<quint16>(place));
+public:
+    Collector(HtmlSource::Form form, int codePage) : m_form(form)
+    {
+        for (char16_t byte = 0x80; byte <= 0xFF; ++byte)
+            m_upperHalf.at(byte - 0x80) = QChar(byte);
+        if (form == HtmlSource::Form::Bytes)
+            return;
+        const CodePage::Bytes known = CodePage(codePage).upperHalf();
+        for (auto entry = known.cbegin(); entry != known.cend(); ++entry)
+            m_upperHalf.at(entry.value() - 0x80) = QChar(entry.key());
     }
-    return text;
-}
 
-QByteArray bytesOf(const QString &text, Form form)
-{
-    if (form == Form::Utf8)
-        return text.toUtf8();
-    QByteArray bytes(text.size() * 2, Qt::Uninitialized);
-    for (qsizetype unit = 0; unit < text.size(); ++unit) {
-        const quint16 value = text.at(unit).unicode();
-        if (form == Form::Utf16Little)
-            qToLittleEndian(value, bytes.data() + unit * 2);
-        else
-            qToBigEndian(value, bytes.data() + unit * 2);
-    }
-    return bytes;
-}
-
-Source sourceOf(const QByteArray &html)
-{
-    Source source;
-    const auto marked = QStringConverter::encodingForData(html);
-    if (marked == QStringConverter::Utf16LE && html.size() % 2 == 0) {
-        source.form = Form::Utf16Little;
-        source.text = textOf(html, source.form);
-    } else if (marked == QStringConverter::Utf16BE && html.size() % 2 == 0) {
-        source.form = Form::Utf16Big;
-        source.text = textOf(html, source.form);
-    } else if (const QString text = QString::fromUtf8(html); text.toUtf8() == html) {
-        source.form = Form::Utf8;
-        source.text = text;
-    }
-    source.codePage = CodePage::bestFor(source.text);
-    return source;
-}
-
-QByteArray escaped(const QByteArray &html, const Source &source)
-{
-    RtfMarkup markup(source.codePage, RtfMarkup::Replacements::None);
-    const auto isLineBreak = [](auto first, auto second) {
-        return first == '\r' && second == '\n';
-    };
-    if (source.form == Form::Bytes) {
-        for (qsizetype place = 0; place < html.size(); ++place) {
-            if (place + 1 < html.size() && isLineBreak(html.at(place), html.at(place + 1))) {
-                markup.addWord("\\par");
-                ++place;
-            } else if (const auto byte = static_cast<uchar>(html.at(place)); byte < 0x80) {
-                markup.add(byte);
-            } else {
-                markup.addByte(byte);
-            }
-        }
-        return markup.source();
-    }
-    const QStringView text(source.text);
-    for (qsizetype place = 0; place < text.size(); ++place) {
-        if (place + 1 < text.size() && text[place] == u'\r' && text[place + 1] == u'\n') {
-            markup.addWord("\\par");
-            ++place;
-        } else {
-            markup.add(text[place].unicode());
-        }
-    }
-    return markup.source();
-}
-
-/// The bytes of a group, whose brace and first words `tokens` has behind it; absent unless it is
-/// such as escaped() writes.
-std::optional<QByteArray> unescaped(RtfTokens &tokens, Form form, int codePage)
-{
-    const bool isText = form != Form::Bytes;
-    QByteArray bytes;
-    QString text;
-    const auto add = [&](QByteArrayView plain) {
-        if (isText)
-            text += QLatin1String(plain.data(), plain.size());
-        else
-            bytes.append(plain.data(), plain.size());
-    };
-    std::array<QChar, 128> upperHalf{};
-    const CodePage::Bytes known = CodePage(codePage).upperHalf();
-    for (auto entry = known.cbegin(); entry != known.cend(); ++entry)
-        upperHalf.at(entry.value() - 0x80) = QChar(entry.key());
-    for (RtfToken token; tokens.next(&token);) {
+    /// False for what is none of it.
+    bool add(const RtfToken &token)
+    {
         switch (token.kind) {
-        case RtfToken::Kind::Text:
-            add(token.text);
-            break;
+        case RtfToken::Kind::Text: {
+            // Behind \u stands one character for those that do not know it.
+            const QByteArrayView text = token.text.sliced(m_isSkipping ? 1 : 0);
+            m_text += QLatin1String(text.data(), text.size());
+            m_isSkipping = false;
+            return true;
+        }
         case RtfToken::Kind::Byte:
-            if (isText && token.number >= 0x80)
-                text += upperHalf.at(token.number - 0x80);
-            else
-                add(QByteArray(1, static_cast<char>(token.number)));
-            break;
+            m_text += token.number < 0x80 ? QChar(static_cast<char16_t>(token.number))
+                                          : m_upperHalf.at(token.number - 0x80);
+            return true;
         case RtfToken::Kind::Word:
-            if (token.text == "u" && token.hasNumber)
-                text += QChar(static_cast<char16_t>(token.number));
+            m_isSkipping = token.text == "u" && token.hasNumber;
+            if (m_isSkipping)
+                m_text += QChar(static_cast<char16_t>(token.number));
             else if (token.text == "par")
-                add("\r\n");
+                m_text += QLatin1String("\r\n");
             else
-                return std::nullopt;
-            break;
-        case RtfToken::Kind::Close:
-            return isText ? bytesOf(text, form) : bytes;
+                return false;
+            return true;
         default:
-            return std::nullopt;
+            return false;
         }
     }
-    return std::nullopt;
-}
 
-std::optional<Form> formOf(int number)
-{
-    if (number < static_cast<int>(Form::Bytes) || number > static_cast<int>(Form::Utf16Big))
-        return std::nullopt;
-    return static_cast<Form>(number);
-}
+    QByteArray bytes() const { return HtmlSource::bytesOf(m_text, m_form); }
+
+private:
+    HtmlSource::Form m_form;
+    QString m_text;
+    std::array<QChar, 128> m_upperHalf{};
+    bool m_isSkipping = false;
+};
 
 /// The number of a word that has to come next.
 std::optional<int> numberOf(RtfTokens &tokens, QByteArrayView word)
@@ -182,59 +92,107 @@ std::optional<OwnGroup> ownGroup(const QByteArray &rtf)
     // Past the brace and the star.
     RtfTokens tokens(rtf, start + 3);
     const std::optional<int> number = numberOf(tokens, "quillmarshhtml");
-    const std::optional<Form> form = number ? formOf(*number) : std::nullopt;
+    const auto form = number ? HtmlSource::formOf(*number) : std::nullopt;
     const std::optional<int> codePage = numberOf(tokens, "ansicpg");
-    const std::optional<QByteArray> html =
-        form && codePage ? unescaped(tokens, *form, *codePage) : std::nullopt;
-    // Anywhere else it is part of something else.
-    RtfToken token;
-    if (!html || !tokens.next(&token) || token.kind != RtfToken::Kind::Close)
+    if (!form || !codePage)
         return std::nullopt;
-    return OwnGroup{*html, start, tokens.place() - 1};
+    Collector collector(*form, *codePage);
+    RtfToken token;
+    while (tokens.next(&token) && collector.add(token)) {
+    }
+    // Anywhere else it is part of something else.
+    if (token.kind != RtfToken::Kind::Close || !tokens.next(&token) ||
+        token.kind != RtfToken::Kind::Close)
+        return std::nullopt;
+    return OwnGroup{collector.bytes(), start, tokens.place() - 1};
+}
+
+/// Whether a group that has just been opened is an htmltag.
+bool isTag(RtfTokens &tokens)
+{
+    RtfToken star;
+    RtfToken word;
+    return tokens.next(&star) && star.kind == RtfToken::Kind::Symbol && star.text == "*" &&
+           tokens.next(&word) && word.kind == RtfToken::Kind::Word && word.text == "htmltag";
+}
+
+/// Goes past the end of a group that has been opened.
+void passOver(RtfTokens &tokens)
+{
+    int depth = 1;
+    for (RtfToken token; depth > 0 && tokens.next(&token);) {
+        if (token.kind == RtfToken::Kind::Open)
+            ++depth;
+        else if (token.kind == RtfToken::Kind::Close)
+            --depth;
+    }
+}
+
+/// Reads what an Encapsulation wrote: text outside of groups is in the HTML as it is in the
+/// rendering, and each change between the two is said, no group reaching across.
+std::optional<QByteArray> encapsulated(RtfTokens &tokens, Collector collector)
+{
+    bool isOnlyShown = false;
+    for (RtfToken token; tokens.next(&token);) {
+        if (token.kind == RtfToken::Kind::Word && token.text == "htmlrtf") {
+            isOnlyShown = !token.hasNumber;
+        } else if (isOnlyShown) {
+            continue;
+        } else if (token.kind == RtfToken::Kind::Open) {
+            const qsizetype start = tokens.place();
+            if (!isTag(tokens)) {
+                tokens.goTo(start);
+                passOver(tokens);
+                continue;
+            }
+            while (tokens.next(&token) && collector.add(token)) {
+            }
+            if (token.kind != RtfToken::Kind::Close)
+                return std::nullopt;
+        } else if (token.kind == RtfToken::Kind::Close) {
+            return collector.bytes();
+        } else if (!collector.add(token)) {
+            return std::nullopt;
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<QByteArray> fromEncapsulation(const QByteArray &rtf)
 {
+    static const QByteArray kForm = QByteArrayLiteral("\\fromhtml1\\deff0{\\*\\quillmarshform");
     const QByteArray beginning = rtf.left(kMostOfBeginning);
-    const qsizetype formStart = beginning.indexOf(kFormGroup);
+    const qsizetype formStart = beginning.indexOf(kForm);
     const qsizetype pageStart = beginning.indexOf("\\ansicpg");
-    if (formStart < 0 || pageStart < 0 || !beginning.contains("\\fromhtml1"))
+    if (formStart < 0 || pageStart < 0)
         return std::nullopt;
-    RtfTokens formTokens(rtf, formStart + 3);
     RtfTokens pageTokens(rtf, pageStart);
-    const std::optional<int> number = numberOf(formTokens, "quillmarshform");
-    const std::optional<Form> form = number ? formOf(*number) : std::nullopt;
     const std::optional<int> codePage = numberOf(pageTokens, "ansicpg");
-    const qsizetype start = rtf.indexOf(kTagGroup);
-    if (!form || !codePage || start < 0)
+    RtfTokens tokens(rtf, beginning.indexOf("\\quillmarshform"));
+    const std::optional<int> number = numberOf(tokens, "quillmarshform");
+    const auto form = number ? HtmlSource::formOf(*number) : std::nullopt;
+    RtfToken end;
+    if (!form || !codePage || !tokens.next(&end) || end.kind != RtfToken::Kind::Close)
         return std::nullopt;
-    RtfTokens tokens(rtf, start + kTagGroup.size());
-    return unescaped(tokens, *form, *codePage);
+    return encapsulated(tokens, Collector(*form, *codePage));
 }
 
 } // namespace
-
-CarriedHtml::Encapsulation CarriedHtml::encapsulation(const QByteArray &html)
-{
-    const Source source = sourceOf(html);
-    return {source.codePage,
-            "\\ansi\\ansicpg" + QByteArray::number(source.codePage) + "\\fromhtml1\\deff0" +
-                kFormGroup + QByteArray::number(static_cast<int>(source.form)) + '}',
-            kTagGroup + escaped(html, source) + '}'};
-}
 
 std::optional<QByteArray> CarriedHtml::added(const QByteArray &html, const QByteArray &rtf)
 {
     const std::optional<qsizetype> end = RtfTokens::endOfDocument(rtf);
     if (!end)
         return std::nullopt;
-    const Source source = sourceOf(html);
     // What came from us once may come back with another.
     const std::optional<OwnGroup> known = ownGroup(rtf);
     const qsizetype start = known && known->end == *end ? known->start : *end;
-    return rtf.left(start) + kOwnGroup + QByteArray::number(static_cast<int>(source.form)) +
-           "\\ansicpg" + QByteArray::number(source.codePage) + ' ' + escaped(html, source) + '}' +
-           rtf.mid(*end);
+    const HtmlSource source = HtmlSource::of(html);
+    RtfMarkup markup(source.codePage);
+    markup.addRaw(kOwnGroup + source.number());
+    markup.addWord("\\ansicpg" + QByteArray::number(source.codePage));
+    source.write(source.text, &markup);
+    return rtf.left(start) + markup.source() + '}' + rtf.mid(*end);
 }
 
 std::optional<QByteArray> CarriedHtml::of(const QByteArray &rtf)

@@ -1,6 +1,7 @@
 #include "platform/richtext/RichText.h"
 
 #include "platform/richtext/CarriedHtml.h"
+#include "platform/richtext/Encapsulation.h"
 #include "platform/richtext/RichTextDocument.h"
 #include "platform/richtext/RtfReader.h"
 #include "platform/richtext/RtfWriter.h"
@@ -19,12 +20,11 @@ std::optional<QByteArray> RichText::withHtml(const QByteArray &html,
         return std::nullopt;
     if (rtf)
         return CarriedHtml::added(html, *rtf);
-    const CarriedHtml::Encapsulation encapsulation = CarriedHtml::encapsulation(html);
-    RtfWriter writer(encapsulation.codePage);
+    Encapsulation encapsulation(html);
+    RtfWriter writer(encapsulation);
     if (const auto document = RichTextDocument::ofHtml(html, kMostRendered))
         writer.write(*document);
-    return "{\\rtf1" + encapsulation.header + writer.tables() + encapsulation.group + "\\htmlrtf " +
-           writer.body() + "\\htmlrtf0}";
+    return encapsulation.finished(writer.tables());
 }
 
 std::optional<QByteArray> RichText::htmlOf(const QByteArray &rtf)

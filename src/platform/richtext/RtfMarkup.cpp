@@ -12,10 +12,7 @@ bool isLetterOrDigit(char character)
 
 } // namespace
 
-RtfMarkup::RtfMarkup(int codePage, Replacements replacements)
-    : m_bytes(CodePage(codePage).upperHalf()), m_replacements(replacements)
-{
-}
+RtfMarkup::RtfMarkup(int codePage) : m_bytes(CodePage(codePage).upperHalf()) {}
 
 void RtfMarkup::separate(char next)
 {
@@ -41,8 +38,8 @@ void RtfMarkup::add(char16_t character)
     } else {
         // RTF counts in signed 16-bit numbers.
         addWord("\\u" + QByteArray::number(static_cast<qint16>(character)));
-        if (m_replacements == Replacements::One)
-            add(u'?');
+        // For readers that do not know it.
+        add(u'?');
     }
 }
 

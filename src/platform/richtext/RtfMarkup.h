@@ -9,10 +9,7 @@
 class RtfMarkup
 {
 public:
-    /// How many characters a \u has behind it for readers that do not know it.
-    enum class Replacements { None, One };
-
-    RtfMarkup(int codePage, Replacements replacements);
+    explicit RtfMarkup(int codePage);
 
     /// One code unit, any at all.
     void add(char16_t character);
@@ -30,7 +27,6 @@ private:
     void separate(char next);
 
     CodePage::Bytes m_bytes;
-    Replacements m_replacements;
     QByteArray m_source;
     bool m_endsInWord = false;
 };

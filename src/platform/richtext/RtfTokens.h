@@ -34,6 +34,8 @@ public:
 
     /// Where the next piece begins.
     qsizetype place() const { return m_place; }
+    /// Back to such a place.
+    void goTo(qsizetype place) { m_place = place; }
 
     /// Where the brace is that closes the outermost group; absent when it is no RTF or never
     /// closes.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <optional>
 
 namespace {
 
@@ -64,6 +65,32 @@ bool isBesideTable(QTextFrame::iterator piece)
     return next.currentFrame() || previous.currentFrame();
 }
 
+/// What stands for a character that RTF has markup for, or that is none.
+struct Special
+{
+    QByteArray markup;
+    bool isWord;
+};
+
+std::optional<Special> specialOf(char16_t character)
+{
+    switch (character) {
+    case QChar::LineSeparator:
+    case QChar::ParagraphSeparator:
+        return Special{"\\line", true};
+    case QChar::Tabulation:
+        return Special{"\\tab", true};
+    case QChar::Nbsp:
+        return Special{"\\~", false};
+    case QChar::SoftHyphen:
+        return Special{"\\-", false};
+    case QChar::ObjectReplacementCharacter:
+        return Special{{}, false};
+    default:
+        return character < 0x20 ? std::optional(Special{{}, false}) : std::nullopt;
+    }
+}
+
 bool isFixed(const QTextCharFormat &format)
 {
     const QStringList families = format.fontFamilies().toStringList();
@@ -71,11 +98,6 @@ bool isFixed(const QTextCharFormat &format)
 }
 
 } // namespace
-
-RtfWriter::RtfWriter(int codePage)
-    : m_codePage(codePage), m_body(codePage, RtfMarkup::Replacements::One)
-{
-}
 
 void RtfWriter::write(const QTextDocument &document)
 {
@@ -227,7 +249,7 @@ QByteArray RtfWriter::characterWords(const QTextCharFormat &format, bool isHeadi
 
 QByteArray RtfWriter::linkStart(const QString &address) const
 {
-    RtfMarkup markup(CodePage::kWestern, RtfMarkup::Replacements::One);
+    RtfMarkup markup(CodePage::kWestern);
     // Within the quotes a backslash is said twice.
     markup.addText(QString(address).replace(u'\\', QLatin1String("%5C")));
     return "{\\field{\\*\\fldinst HYPERLINK \"" + markup.source() + "\"}{\\fldrslt ";
@@ -272,30 +294,21 @@ void RtfWriter::writeText(const QTextBlock &block)
     endLink();
 }
 
-void RtfWriter::writeFragment(const QString &text)
+void RtfWriter::writeFragment(QStringView text)
 {
-    for (const QChar character : text) {
-        switch (character.unicode()) {
-        case QChar::LineSeparator:
-        case QChar::ParagraphSeparator:
-            m_body.addWord("\\line");
-            break;
-        case QChar::Tabulation:
-            m_body.addWord("\\tab");
-            break;
-        case QChar::Nbsp:
-            m_body.addRaw("\\~");
-            break;
-        case QChar::SoftHyphen:
-            m_body.addRaw("\\-");
-            break;
-        case QChar::ObjectReplacementCharacter:
-            break;
-        default:
-            if (character.unicode() >= 0x20)
-                m_body.add(character.unicode());
-        }
+    qsizetype start = 0;
+    for (qsizetype place = 0; place < text.size(); ++place) {
+        const std::optional<Special> special = specialOf(text[place].unicode());
+        if (!special)
+            continue;
+        m_body.addText(text.sliced(start, place - start));
+        start = place + 1;
+        if (special->isWord)
+            m_body.addWord(special->markup);
+        else
+            m_body.addRaw(special->markup);
     }
+    m_body.addText(text.sliced(start));
 }
 
 int RtfWriter::colourNumber(QRgb colour)
@@ -312,7 +325,7 @@ int RtfWriter::colourNumber(QRgb colour)
 
 QByteArray RtfWriter::tables() const
 {
-    const QByteArray charset = QByteArray::number(CodePage::fontCharsetOf(m_codePage));
+    const QByteArray charset = QByteArray::number(CodePage::fontCharsetOf(m_body.codePage()));
     QByteArray tables = "{\\fonttbl{\\f0\\fswiss\\fcharset" + charset +
                         " Arial;}{\\f1\\fmodern\\fcharset" + charset + " Courier New;}}";
     if (!m_colours.isEmpty()) {
@@ -322,14 +335,11 @@ QByteArray RtfWriter::tables() const
                       word("\\blue", qBlue(colour)) + ';';
         tables += '}';
     }
-    if (!m_headings.isEmpty()) {
-        tables += "{\\stylesheet{Normal;}";
-        QList<int> levels = m_headings.values();
-        std::sort(levels.begin(), levels.end());
-        for (const int level : levels)
-            tables += word("{\\s", level) + word("\\outlinelevel", level - 1) + "\\b" +
-                      word("\\fs", kHeadingHalfPoints[level - 1]) + word(" heading ", level) + ";}";
-        tables += '}';
-    }
-    return tables + m_lists.tables();
+    tables += "{\\stylesheet{\\fs24 Normal;}";
+    QList<int> levels = m_headings.values();
+    std::sort(levels.begin(), levels.end());
+    for (const int level : levels)
+        tables += word("{\\s", level) + word("\\outlinelevel", level - 1) + "\\b" +
+                  word("\\fs", kHeadingHalfPoints[level - 1]) + word(" heading ", level) + ";}";
+    return tables + '}' + m_lists.tables();
 }

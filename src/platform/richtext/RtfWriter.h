@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/richtext/Encapsulation.h"
 #include "platform/richtext/RtfLists.h"
-#include "platform/richtext/RtfMarkup.h"
 
 #include <QByteArray>
 #include <QList>
@@ -15,17 +15,17 @@ class QTextTable;
 class QTextTableCell;
 
 /// Writes a document of the toolkit as RTF: the formatting of its text and paragraphs, links,
-/// lists and tables; a table in a table as paragraphs of its cell. In ASCII.
+/// lists and tables; a table in a table as paragraphs of its cell.
 class RtfWriter
 {
 public:
-    explicit RtfWriter(int codePage);
+    /// `body` has to outlive it.
+    explicit RtfWriter(Encapsulation &body) : m_body(body) {}
 
     void write(const QTextDocument &document);
 
     /// Fonts, colours, styles and lists that the body names.
     QByteArray tables() const;
-    const QByteArray &body() const { return m_body.source(); }
 
 private:
     enum class Place { Page, Cell };
@@ -35,14 +35,13 @@ private:
     void writeTable(const QTextTable &table, Place place);
     void writeRow(const QTextTable &table, int row);
     void writeText(const QTextBlock &block);
-    void writeFragment(const QString &text);
+    void writeFragment(QStringView text);
     QByteArray paragraphWords(const QTextBlock &block, Place place);
     QByteArray characterWords(const QTextCharFormat &format, bool isHeading);
     QByteArray linkStart(const QString &address) const;
     int colourNumber(QRgb colour);
 
-    const int m_codePage;
-    RtfMarkup m_body;
+    Encapsulation &m_body;
     RtfLists m_lists;
     QList<QRgb> m_colours;
     QSet<int> m_headings;

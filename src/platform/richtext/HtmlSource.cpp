@@ -1,0 +1,79 @@
+#include "platform/richtext/HtmlSource.h"
+
+#include "platform/richtext/RtfMarkup.h"
+
+#include <QStringConverter>
+#include <QtEndian>
+
+namespace {
+
+QString fromUtf16(const QByteArray &bytes, HtmlSource::Form form)
+{
+    QString text(bytes.size() / 2, Qt::Uninitialized);
+    for (qsizetype unit = 0; unit < text.size(); ++unit) {
+        const char *place = bytes.constData() + unit * 2;
+        text[unit] = QChar(form == HtmlSource::Form::Utf16Little ? qFromLittleEndian<quint16>(place)
+                                                                 : qFromBigEndian<quint16>(place));
+    }
+    return text;
+}
+
+} // namespace
+
+std::optional<HtmlSource::Form> HtmlSource::formOf(int number)
+{
+    if (number < static_cast<int>(Form::Bytes) || number > static_cast<int>(Form::Utf16Big))
+        return std::nullopt;
+    return static_cast<Form>(number);
+}
+
+QByteArray HtmlSource::bytesOf(const QString &text, Form form)
+{
+    if (form == Form::Bytes)
+        return text.toLatin1();
+    if (form == Form::Utf8)
+        return text.toUtf8();
+    QByteArray bytes(text.size() * 2, Qt::Uninitialized);
+    for (qsizetype unit = 0; unit < text.size(); ++unit) {
+        const quint16 value = text.at(unit).unicode();
+        if (form == Form::Utf16Little)
+            qToLittleEndian(value, bytes.data() + unit * 2);
+        else
+            qToBigEndian(value, bytes.data() + unit * 2);
+    }
+    return bytes;
+}
+
+HtmlSource HtmlSource::of(const QByteArray &html)
+{
+    HtmlSource source;
+    const auto marked = QStringConverter::encodingForData(html);
+    const bool isUtf16 = marked == QStringConverter::Utf16LE || marked == QStringConverter::Utf16BE;
+    if (isUtf16 && html.size() % 2 == 0) {
+        source.form = marked == QStringConverter::Utf16LE ? Form::Utf16Little : Form::Utf16Big;
+        source.text = fromUtf16(html, source.form);
+    } else if (const QString text = QString::fromUtf8(html); text.toUtf8() == html) {
+        source.form = Form::Utf8;
+        source.text = text;
+    } else {
+        source.text = QString::fromLatin1(html);
+        return source;
+    }
+    source.codePage = CodePage::bestFor(source.text);
+    return source;
+}
+
+void HtmlSource::write(QStringView part, RtfMarkup *markup) const
+{
+    for (qsizetype place = 0; place < part.size(); ++place) {
+        const char16_t unit = part[place].unicode();
+        if (unit == u'\r' && place + 1 < part.size() && part[place + 1] == u'\n') {
+            markup->addWord("\\par");
+            ++place;
+        } else if (form == Form::Bytes && unit >= 0x80) {
+            markup->addByte(static_cast<uchar>(unit));
+        } else {
+            markup->add(unit);
+        }
+    }
+}
