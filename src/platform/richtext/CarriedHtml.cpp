@@ -44,9 +44,11 @@ public:
                                           : m_upperHalf.at(token.number - 0x80);
             return true;
         case RtfToken::Kind::Word:
-            m_isSkipping = token.text == "u" && token.hasNumber;
-            if (m_isSkipping)
+            m_isSkipping = token.text == "u" && m_hasReplacements;
+            if (token.text == "u" && token.hasNumber)
                 m_text += QChar(static_cast<char16_t>(token.number));
+            else if (token.text == "uc")
+                m_hasReplacements = token.number > 0;
             else if (token.text == "par")
                 m_text += QLatin1String("\r\n");
             else
@@ -63,6 +65,7 @@ private:
     HtmlSource::Form m_form;
     QString m_text;
     std::array<QChar, 128> m_upperHalf{};
+    bool m_hasReplacements = true;
     bool m_isSkipping = false;
 };
 
@@ -188,11 +191,11 @@ std::optional<QByteArray> CarriedHtml::added(const QByteArray &html, const QByte
     const std::optional<OwnGroup> known = ownGroup(rtf);
     const qsizetype start = known && known->end == *end ? known->start : *end;
     const HtmlSource source = HtmlSource::of(html);
-    RtfMarkup markup(source.codePage);
-    markup.addRaw(kOwnGroup + source.number());
-    markup.addWord("\\ansicpg" + QByteArray::number(source.codePage));
+    RtfMarkup markup = source.markup();
     source.write(source.text, &markup);
-    return rtf.left(start) + markup.source() + '}' + rtf.mid(*end);
+    // The encoding's word ends at a space of its own.
+    return rtf.left(start) + kOwnGroup + source.number() + "\\ansicpg" +
+           QByteArray::number(source.codePage) + ' ' + markup.source() + '}' + rtf.mid(*end);
 }
 
 std::optional<QByteArray> CarriedHtml::of(const QByteArray &rtf)

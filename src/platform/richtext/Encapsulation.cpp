@@ -17,14 +17,14 @@ int writtenSize(QStringView text)
 {
     int size = 0;
     for (const QChar character : text)
-        size += character.unicode() < 0x80 ? 1 : 4;
+        size += character.unicode() < 0x80 ? 1 : character.unicode() < 0x800 ? 4 : 7;
     return size;
 }
 
 } // namespace
 
 Encapsulation::Encapsulation(const QByteArray &html)
-    : m_source(HtmlSource::of(html)), m_markup(m_source.codePage),
+    : m_source(HtmlSource::of(html)), m_markup(m_source.markup()),
       m_patience(m_source.form == HtmlSource::Form::Bytes ? 0 : m_source.text.size() * kPatience)
 {
 }

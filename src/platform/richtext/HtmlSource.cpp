@@ -1,11 +1,14 @@
 #include "platform/richtext/HtmlSource.h"
 
-#include "platform/richtext/RtfMarkup.h"
-
 #include <QStringConverter>
 #include <QtEndian>
 
+#include <algorithm>
+
 namespace {
+
+/// One character of so many takes little room whatever it takes.
+constexpr qsizetype kFewOf = 10;
 
 QString fromUtf16(const QByteArray &bytes, HtmlSource::Form form)
 {
@@ -60,6 +63,14 @@ HtmlSource HtmlSource::of(const QByteArray &html)
         return source;
     }
     source.codePage = CodePage::bestFor(source.text);
+    // Of a script without a code page the replacements would be an eighth of the document.
+    const CodePage::Bytes bytes = CodePage(source.codePage).upperHalf();
+    const auto isBeyond = [&bytes](QChar character) {
+        return character.unicode() >= 0x80 && !bytes.contains(character.unicode());
+    };
+    const auto beyond = std::count_if(source.text.begin(), source.text.end(), isBeyond);
+    if (beyond > source.text.size() / kFewOf)
+        source.replacements = RtfMarkup::Replacements::None;
     return source;
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "platform/richtext/CodePage.h"
+#include "platform/richtext/RtfMarkup.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <optional>
-
-class RtfMarkup;
 
 /// HTML as RTF carries it so that the same bytes come back. HTML that is text in a Unicode encoding
 /// is carried as text, which takes the least room and shows any reader of the encapsulation the
@@ -26,8 +25,11 @@ struct HtmlSource
     QString text = {};
     Form form = Form::Bytes;
     int codePage = CodePage::kWestern;
+    RtfMarkup::Replacements replacements = RtfMarkup::Replacements::One;
 
     QByteArray number() const { return QByteArray::number(static_cast<int>(form)); }
+    /// For writing it, and what is written with it.
+    RtfMarkup markup() const { return RtfMarkup(codePage, replacements); }
     /// Writes a part of the text.
     void write(QStringView part, RtfMarkup *markup) const;
 };

@@ -12,7 +12,12 @@ bool isLetterOrDigit(char character)
 
 } // namespace
 
-RtfMarkup::RtfMarkup(int codePage) : m_bytes(CodePage(codePage).upperHalf()) {}
+RtfMarkup::RtfMarkup(int codePage, Replacements replacements)
+    : m_bytes(CodePage(codePage).upperHalf()), m_replacements(replacements)
+{
+    if (replacements == Replacements::None)
+        addWord("\\uc0");
+}
 
 void RtfMarkup::separate(char next)
 {
@@ -38,8 +43,8 @@ void RtfMarkup::add(char16_t character)
     } else {
         // RTF counts in signed 16-bit numbers.
         addWord("\\u" + QByteArray::number(static_cast<qint16>(character)));
-        // For readers that do not know it.
-        add(u'?');
+        if (m_replacements == Replacements::One)
+            add(u'?');
     }
 }
 

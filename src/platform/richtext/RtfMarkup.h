@@ -9,7 +9,10 @@
 class RtfMarkup
 {
 public:
-    explicit RtfMarkup(int codePage);
+    /// What \u has behind it for readers that do not know it, as \uc says.
+    enum class Replacements { One, None };
+
+    RtfMarkup(int codePage, Replacements replacements);
 
     /// One code unit, any at all.
     void add(char16_t character);
@@ -27,6 +30,7 @@ private:
     void separate(char next);
 
     CodePage::Bytes m_bytes;
+    Replacements m_replacements;
     QByteArray m_source;
     bool m_endsInWord = false;
 };

@@ -249,10 +249,13 @@ QByteArray RtfWriter::characterWords(const QTextCharFormat &format, bool isHeadi
 
 QByteArray RtfWriter::linkStart(const QString &address) const
 {
-    RtfMarkup markup(CodePage::kWestern);
-    // Within the quotes a backslash is said twice.
-    markup.addText(QString(address).replace(u'\\', QLatin1String("%5C")));
-    return "{\\field{\\*\\fldinst HYPERLINK \"" + markup.source() + "\"}{\\fldrslt ";
+    // In ASCII, and without what RTF or the quotes mean something by.
+    QByteArray escaped;
+    for (const char byte : address.toUtf8()) {
+        const bool isPlain = byte > ' ' && byte < 0x7F && !QByteArray("\\{}\"").contains(byte);
+        escaped += isPlain ? QByteArray(1, byte) : '%' + QByteArray(1, byte).toHex().toUpper();
+    }
+    return "{\\field{\\*\\fldinst HYPERLINK \"" + escaped + "\"}{\\fldrslt ";
 }
 
 void RtfWriter::writeText(const QTextBlock &block)

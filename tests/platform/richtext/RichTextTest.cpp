@@ -35,6 +35,8 @@ const Html kSources[] = {
     {"every byte", everyByte()},
     {"UTF-8", "<p>\xC3\xA9 1\xC3\xA9 2 \xE6\x97\xA5 3\xF0\x9F\x98\x80-4\r\n\xC2\xA0</p>"},
     {"UTF-8 with a mark", "\xEF\xBB\xBF<p>\xC3\xA9</p>"},
+    {"Japanese", "<b>\xE6\x97\xA5\xE6\x9C\xAC 1\xE6\x97\xA5"
+                 "2-\xE6\x97\xA5?</b>"},
     {"Cyrillic", "<b>\xD0\x9F\xD1\x80\xD0\xB8\xD0\xB2\xD0\xB5\xD1\x82 1\r\n2</b>"},
     {"invalid UTF-8", "<p>\xC3\xA9 \xC3 \xED\xA0\x80 \xFF"},
     {"UTF-16", utf16(u"<p>é 1日\r\n2{\xD800}</p>")},
@@ -103,7 +105,8 @@ TEST(RichText, theRenderingHasTheFormatting)
                                                            "<p style=\"text-align:right\">r</p>"},
         {"<h2>h</h2><p>p", "<h2>h</h2><p>p</p>"},
         {"<a href='https://a.example/?b=1&amp;c=\"{'>l</a> <a href='javascript:x()'>j</a>",
-         "<p><a href=\"https://a.example/?b=1&amp;c=%22{\"><span style=\"color:#0563c1;\">l</span>"
+         "<p><a href=\"https://a.example/?b=1&amp;c=%22%7B\"><span "
+         "style=\"color:#0563c1;\">l</span>"
          "</a> j</p>"},
         {"<ul><li>a<ol><li>b<li>c</ol><li>d</ul>",
          "<ul><li>a<ol><li>b</li><li>c</li></ol></li><li>d</li></ul>"},
