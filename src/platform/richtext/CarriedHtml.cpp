@@ -185,7 +185,8 @@ std::optional<QByteArray> fromEncapsulation(const QByteArray &rtf)
 std::optional<QByteArray> CarriedHtml::added(const QByteArray &html, const QByteArray &rtf)
 {
     const std::optional<qsizetype> end = RtfTokens::endOfDocument(rtf);
-    if (!end)
+    // Behind the end another would be taken for it.
+    if (!end || rtf.indexOf(kOwnGroup, *end) >= 0)
         return std::nullopt;
     // What came from us once may come back with another.
     const std::optional<OwnGroup> known = ownGroup(rtf);

@@ -101,6 +101,7 @@ bool HtmlTokens::readAttribute(HtmlToken *token)
         return false;
     }
     if (isAt(m_place, u'>')) {
+        token->isClosed = isAt(m_place - 1, u'/');
         ++m_place;
         return false;
     }
@@ -141,4 +142,15 @@ QStringView HtmlTokens::rawText(const QString &name)
     }
     readUntil(u">", found);
     return m_source.sliced(start, found - start);
+}
+
+bool HtmlTokens::hasEnd(const HtmlToken &token)
+{
+    if (token.isClosed || m_endless.contains(token.name))
+        return false;
+    const QString end = QStringLiteral("</") + token.name;
+    if (m_source.indexOf(end, m_place, Qt::CaseInsensitive) >= 0)
+        return true;
+    m_endless.insert(token.name);
+    return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringView>
 
@@ -21,6 +22,7 @@ struct HtmlToken
     QString name = {};     ///< Of the tag, in lower case.
     QStringView text = {}; ///< As it is in the source, between tags or in a comment.
     QList<Attribute> attributes = {};
+    bool isClosed = false; ///< An opening tag that ends in "/>".
 };
 
 /// The pieces of HTML one after the other. Reads each character once, and anything at all; what
@@ -36,6 +38,9 @@ public:
     /// What there is up to the end tag of an element, and goes past that.
     QStringView rawText(const QString &name);
 
+    /// Whether the element of an opening tag ends anywhere.
+    bool hasEnd(const HtmlToken &token);
+
 private:
     void readMarkup(HtmlToken *token);
     void readTag(HtmlToken *token);
@@ -46,4 +51,5 @@ private:
 
     QStringView m_source;
     qsizetype m_place = 0;
+    QSet<QString> m_endless; ///< Elements whose end tag does not come any more.
 };

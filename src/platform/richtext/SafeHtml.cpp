@@ -1,6 +1,5 @@
 #include "platform/richtext/SafeHtml.h"
 
-#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -22,40 +21,12 @@ constexpr int kMostSpanned = 50;
 constexpr int kMostSpanning = 300;
 /// Each item has it go through those before it.
 constexpr int kMostItems = 500;
-constexpr qsizetype kLongestAddress = 2048;
 constexpr qsizetype kMostElements = 60'000;
-
-QString escaped(QStringView text)
-{
-    return text.toString()
-        .replace(u'<', QLatin1String("&lt;"))
-        .replace(u'>', QLatin1String("&gt;"));
-}
-
-QString attribute(const char *name, const QString &value)
-{
-    return value.isEmpty() ? QString()
-                           : u' ' + QLatin1String(name) + QStringLiteral("=\"") + value + u'"';
-}
 
 /// A number from 1 to `most`; 1 for none.
 int numberOf(QStringView value, int most)
 {
     return std::clamp(value.trimmed().toInt(), 1, most);
-}
-
-/// What a reader may open, as an attribute's value; empty for any other address.
-QString safeAddress(QStringView value)
-{
-    if (value.size() > kLongestAddress)
-        return {};
-    QString address = value.trimmed().toString();
-    const auto startsWith = [&address](const char *scheme) {
-        return address.startsWith(QLatin1String(scheme), Qt::CaseInsensitive);
-    };
-    if (!startsWith("http://") && !startsWith("https://") && !startsWith("mailto:"))
-        return {};
-    return escaped(address).replace(u'"', QLatin1String("%22"));
 }
 
 /// A style but for one property.
@@ -68,98 +39,7 @@ QString without(const QString &style, QLatin1String property)
     return left;
 }
 
-/// What an element looks like besides its style.
-QString looksOf(const HtmlToken &token)
-{
-    static const QHash<QString, QString> kLooks{
-        {QStringLiteral("code"), QStringLiteral("font-family:monospace;")},
-        {QStringLiteral("tt"), QStringLiteral("font-family:monospace;")},
-        {QStringLiteral("kbd"), QStringLiteral("font-family:monospace;")},
-        {QStringLiteral("samp"), QStringLiteral("font-family:monospace;")},
-        {QStringLiteral("pre"), QStringLiteral("white-space:pre;font-family:monospace;")},
-        {QStringLiteral("big"), QStringLiteral("font-size:large;")},
-        {QStringLiteral("small"), QStringLiteral("font-size:small;")},
-        {QStringLiteral("mark"), QStringLiteral("background-color:#ffff00;")},
-        {QStringLiteral("center"), QStringLiteral("text-align:center;")},
-    };
-    if (token.name != QStringLiteral("font"))
-        return kLooks.value(token.name);
-    static const char *const kSizes[] = {"x-small", "small",    "medium",  "large",
-                                         "x-large", "xx-large", "xx-large"};
-    QString looks;
-    if (const QString colour = HtmlStyles::colour(token.attribute(QLatin1String("color")));
-        !colour.isEmpty())
-        looks += QStringLiteral("color:") + colour + u';';
-    const QStringView size = token.attribute(QLatin1String("size")).trimmed();
-    if (!size.isEmpty()) {
-        const bool isRelative = size.front() == u'+' || size.front() == u'-';
-        const int number = std::clamp(size.toInt() + (isRelative ? 3 : 0), 1, 7);
-        looks += QStringLiteral("font-size:") + QLatin1String(kSizes[number - 1]) + u';';
-    }
-    return looks;
-}
-
-/// What the toolkit knows the element as.
-QString writtenAs(const QString &name)
-{
-    static const QHash<QString, QString> kNames{
-        {QStringLiteral("strong"), QStringLiteral("b")},
-        {QStringLiteral("em"), QStringLiteral("i")},
-        {QStringLiteral("cite"), QStringLiteral("i")},
-        {QStringLiteral("dfn"), QStringLiteral("i")},
-        {QStringLiteral("var"), QStringLiteral("i")},
-        {QStringLiteral("ins"), QStringLiteral("u")},
-        {QStringLiteral("del"), QStringLiteral("s")},
-        {QStringLiteral("strike"), QStringLiteral("s")},
-        {QStringLiteral("menu"), QStringLiteral("ul")},
-        {QStringLiteral("dir"), QStringLiteral("ul")},
-    };
-    static const QSet<QString> kKept{
-        QStringLiteral("b"),   QStringLiteral("i"),          QStringLiteral("u"),
-        QStringLiteral("s"),   QStringLiteral("p"),          QStringLiteral("h1"),
-        QStringLiteral("h2"),  QStringLiteral("h3"),         QStringLiteral("h4"),
-        QStringLiteral("h5"),  QStringLiteral("h6"),         QStringLiteral("ul"),
-        QStringLiteral("ol"),  QStringLiteral("li"),         QStringLiteral("dl"),
-        QStringLiteral("dt"),  QStringLiteral("dd"),         QStringLiteral("br"),
-        QStringLiteral("hr"),  QStringLiteral("table"),      QStringLiteral("tr"),
-        QStringLiteral("td"),  QStringLiteral("th"),         QStringLiteral("sub"),
-        QStringLiteral("sup"), QStringLiteral("blockquote"),
-    };
-    if (kKept.contains(name))
-        return name;
-    return kNames.value(name);
-}
-
 } // namespace
-
-std::optional<SafeHtml::Role> SafeHtml::roleOf(const QString &name)
-{
-    static const auto kRoles = [] {
-        QHash<QString, Role> roles;
-        const auto add = [&roles](Role role, std::initializer_list<const char *> names) {
-            for (const char *one : names)
-                roles.insert(QLatin1String(one), role);
-        };
-        add(Role::Inline, {"b",  "strong", "i",      "em",  "cite",  "dfn",  "var",   "u",   "ins",
-                           "s",  "del",    "strike", "sub", "sup",   "span", "font",  "a",   "code",
-                           "tt", "kbd",    "samp",   "big", "small", "mark", "label", "abbr"});
-        add(Role::Block,
-            {"p",        "div",     "blockquote", "pre",     "dl",      "dt",      "dd",
-             "center",   "section", "article",    "header",  "footer",  "main",    "nav",
-             "aside",    "figure",  "figcaption", "address", "details", "summary", "form",
-             "fieldset", "legend",  "caption",    "body",    "html"});
-        add(Role::Heading, {"h1", "h2", "h3", "h4", "h5", "h6"});
-        add(Role::List, {"ul", "ol", "menu", "dir"});
-        add(Role::Item, {"li"});
-        add(Role::Table, {"table"});
-        add(Role::Row, {"tr"});
-        add(Role::Cell, {"td", "th"});
-        add(Role::Single, {"br", "hr"});
-        return roles;
-    }();
-    const auto found = kRoles.constFind(name);
-    return found == kRoles.cend() ? std::nullopt : std::optional(*found);
-}
 
 SafeHtml::Result SafeHtml::of(QStringView source, qsizetype mostCharacters)
 {
@@ -241,21 +121,13 @@ void SafeHtml::addComment(QStringView comment)
 
 bool SafeHtml::passOver(const HtmlToken &token)
 {
-    static const QSet<QString> kWithoutText{
-        QStringLiteral("script"),   QStringLiteral("title"),   QStringLiteral("iframe"),
-        QStringLiteral("noscript"), QStringLiteral("noembed"), QStringLiteral("noframes"),
-        QStringLiteral("template"), QStringLiteral("object"),  QStringLiteral("applet"),
-        QStringLiteral("svg"),      QStringLiteral("canvas"),  QStringLiteral("video"),
-        QStringLiteral("audio"),    QStringLiteral("select"),  QStringLiteral("textarea"),
-        QStringLiteral("xml"),
-    };
-    if (token.name == QStringLiteral("style")) {
-        m_styles.read(m_tokens.rawText(token.name));
-        return true;
-    }
-    if (!kWithoutText.contains(token.name))
+    const HtmlElements::Text text = HtmlElements::textOf(token.name);
+    if (text == HtmlElements::Text::Kept)
         return false;
-    m_tokens.rawText(token.name);
+    if (token.name == QStringLiteral("style"))
+        m_styles.read(m_tokens.rawText(token.name));
+    else if (text == HtmlElements::Text::LeftOutToEnd || m_tokens.hasEnd(token))
+        m_tokens.rawText(token.name);
     return true;
 }
 
@@ -321,28 +193,28 @@ bool SafeHtml::fitsCell(const HtmlToken &token)
     return true;
 }
 
-/// Whether the toolkit bears one more of these; what is in it is kept if not.
+/// Whether the toolkit bears one more of these.
 bool SafeHtml::fits(const HtmlToken &token, Role role)
 {
-    if (m_open.size() >= kDeepest)
-        return false;
-    const auto count = [this](Role counted) {
-        return std::count_if(m_open.begin(), m_open.end(),
-                             [counted](const Element &element) { return element.role == counted; });
-    };
+    Table *table = m_tables.isEmpty() ? nullptr : &m_tables.back();
     switch (role) {
     case Role::List:
-        return count(Role::List) < kDeepestList;
+        return std::count_if(m_open.begin(), m_open.end(), [](const Element &element) {
+                   return element.role == Role::List;
+               }) < kDeepestList;
     case Role::Table:
-        return m_tables.size() < kDeepestTable;
+        return std::count_if(m_tables.begin(), m_tables.end(),
+                             [](const Table &other) { return other.isKept; }) < kDeepestTable;
     case Role::Row:
-        if (m_tables.isEmpty() || (m_tables.back().rows + 1) * m_tables.back().columns > kMostCells)
+        if (!table || !table->isKept || table->rows >= kMostCells ||
+            (table->rows + 1) * table->columns > kMostCells)
             return false;
-        ++m_tables.back().rows;
-        m_tables.back().columnsOfRow = reachedInto(m_tables.back());
-        return m_tables.back().rows <= kMostCells;
+        ++table->rows;
+        table->columnsOfRow = reachedInto(*table);
+        return true;
     case Role::Cell:
-        return lastOf(Role::Row, Role::Table) >= 0 && fitsCell(token);
+        return table && lastOf(Role::Row, Role::Table) >= 0 &&
+               m_open.at(lastOf(Role::Row, Role::Table)).isKept && fitsCell(token);
     default:
         return true;
     }
@@ -358,15 +230,26 @@ void SafeHtml::countItem()
     m_result.html += m_open.at(index).closing + m_open.at(index).opening;
 }
 
-SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role)
+/// Those of a cell, as far as the toolkit bears it.
+QString SafeHtml::spans(const HtmlToken &token)
+{
+    QString spans;
+    for (const char *name : {"colspan", "rowspan"}) {
+        const int count = numberOf(token.attribute(QLatin1String(name)), kMostSpanned);
+        if (count > 1 && m_spanning < kMostSpanning)
+            spans += HtmlElements::attribute(name, QString::number(count));
+    }
+    m_spanning += spans.isEmpty() ? 0 : 1;
+    return spans;
+}
+
+SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role, bool isKept)
 {
     Element element;
     element.name = token.name;
     element.role = role;
-    QString tag = writtenAs(token.name);
-    if (tag.isEmpty())
-        tag = role == Role::Inline ? QStringLiteral("span") : QStringLiteral("div");
-    QString style = looksOf(token) +
+    element.isKept = isKept;
+    QString style = HtmlElements::looksOf(token) +
                     m_styles.of(token.name, token.attribute(QLatin1String("class"))) +
                     HtmlStyles::safe(token.attribute(QLatin1String("style")));
     // A page's own colours are for all that was not copied of it.
@@ -374,39 +257,24 @@ SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role)
         style.clear();
     if (role != Role::Inline)
         style = without(style, QLatin1String("background-color"));
-    element.isHidden = style.contains(QLatin1String("display:none")) ||
-                       (!m_open.isEmpty() && m_open.back().isHidden);
-    element.keepsSpace = style.contains(QLatin1String("white-space:pre")) ||
-                         (!m_open.isEmpty() && m_open.back().keepsSpace);
-    element.opening = u'<' + tag + attribute("style", style);
-    if (role != Role::Inline) {
-        const QString align = token.attribute(QLatin1String("align")).toString().toLower();
-        static const QSet<QString> kAlignments{QStringLiteral("left"), QStringLiteral("right"),
-                                               QStringLiteral("center"), QStringLiteral("justify")};
-        if (kAlignments.contains(align) && role != Role::Table)
-            element.opening += attribute("align", align);
-        if (token.attribute(QLatin1String("dir"))
-                .compare(QLatin1String("rtl"), Qt::CaseInsensitive) == 0)
-            element.opening += QLatin1String(" dir=\"rtl\"");
-    }
-    if (token.name == QStringLiteral("a"))
-        element.opening += attribute("title", safeAddress(token.attribute(QLatin1String("href"))));
-    if (role == Role::Table && token.attribute(QLatin1String("border")).toInt() > 0)
-        element.opening += QLatin1String(" border=\"1\"");
-    if (role == Role::Cell && m_spanning < kMostSpanning)
-        for (const char *span : {"colspan", "rowspan"})
-            if (const int count = numberOf(token.attribute(QLatin1String(span)), kMostSpanned);
-                count > 1) {
-                element.opening += attribute(span, QString::number(count));
-                ++m_spanning;
-            }
-    if (tag == QStringLiteral("ol")) {
-        const QStringView type = token.attribute(QLatin1String("type"));
-        if (type.size() == 1 && QStringLiteral("1aAiI").contains(type.front()))
-            element.opening += attribute("type", type.toString());
-    }
+    const Element *outer = m_open.isEmpty() ? nullptr : &m_open.back();
+    element.isHidden = style.contains(QLatin1String("display:none")) || (outer && outer->isHidden);
+    element.keepsSpace =
+        style.contains(QLatin1String("white-space:pre")) || (outer && outer->keepsSpace);
+    if (element.isHidden)
+        return element;
+    // What is left of a table that is left out is its lines and its words.
+    const QString tag = isKept ? HtmlElements::tagOf(token.name, role)
+                               : QLatin1String(role == Role::Cell ? "span" : "div");
+    element.opening = u'<' + tag + HtmlElements::attribute("style", style);
+    if (isKept)
+        element.opening += HtmlElements::attributesOf(token, role);
+    if (isKept && role == Role::Cell)
+        element.opening += spans(token);
     element.opening += u'>';
     element.closing = QStringLiteral("</") + tag + u'>';
+    if (!isKept && role == Role::Cell)
+        element.closing += u' ';
     return element;
 }
 
@@ -414,7 +282,7 @@ void SafeHtml::open(const HtmlToken &token)
 {
     if (passOver(token))
         return;
-    const std::optional<Role> role = roleOf(token.name);
+    const std::optional<Role> role = HtmlElements::roleOf(token.name);
     if (!role)
         return;
     makeRoom(token.name, *role);
@@ -424,31 +292,28 @@ void SafeHtml::open(const HtmlToken &token)
         row.name = QStringLiteral("tr");
         open(row);
     }
-    if (!fits(token, *role)) {
+    if (m_open.size() >= kDeepest) {
         // Its text stays apart from what is before it.
         m_result.html += u' ';
         return;
     }
+    const bool isKept = fits(token, *role);
+    if (!isKept && *role == Role::List)
+        return;
     if (*role == Role::Item)
         countItem();
-    const Element element = made(token, *role);
-    if (!element.isHidden)
-        m_result.html += element.opening;
+    const Element element = made(token, *role, isKept);
+    m_result.html += element.opening;
     if (*role == Role::Single)
         return;
     if (*role == Role::Table)
-        m_tables.append(Table());
-    // Nothing of what is hidden is written, tags neither.
+        m_tables.append(Table{.isKept = isKept});
     m_open.append(element);
-    if (element.isHidden) {
-        m_open.back().opening.clear();
-        m_open.back().closing.clear();
-    }
 }
 
 void SafeHtml::close(const QString &name)
 {
-    const std::optional<Role> role = roleOf(name);
+    const std::optional<Role> role = HtmlElements::roleOf(name);
     if (!role || *role == Role::Single)
         return;
     const bool isOfTable = *role == Role::Table || *role == Role::Row || *role == Role::Cell;

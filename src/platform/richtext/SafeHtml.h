@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/richtext/HtmlElements.h"
 #include "platform/richtext/HtmlStyles.h"
 #include "platform/richtext/HtmlTokens.h"
 
 #include <QList>
 #include <QString>
-
-#include <optional>
 
 /// Makes HTML of any kind into the little HTML that is safe to give to the toolkit: elements of
 /// text only, well nested and not deeper than it bears, tables of a bounded number of cells, and
@@ -26,14 +25,15 @@ public:
     static Result of(QStringView source, qsizetype mostCharacters);
 
 private:
-    enum class Role { Inline, Block, Heading, List, Item, Table, Row, Cell, Single };
+    using Role = HtmlElements::Role;
 
     struct Element
     {
-        QString name;    ///< As in the source.
-        QString opening; ///< As it was written, to be written again.
-        QString closing;
+        QString name;         ///< As in the source.
+        QString opening = {}; ///< As it was written, to be written again; empty where it is hidden.
+        QString closing = {};
         Role role = Role::Inline;
+        bool isKept = true; ///< As what it is; of tables, something else may stand for it.
         bool isHidden = false;
         bool keepsSpace = false;
         int items = 0; ///< Of a list.
@@ -48,6 +48,7 @@ private:
 
     struct Table
     {
+        bool isKept = true;
         QList<Reach> reaches = {};
         int rows = 0;
         int columns = 0; ///< Of the row with the most.
@@ -67,10 +68,10 @@ private:
     static int reachedInto(Table &table);
     bool fitsCell(const HtmlToken &token);
     void countItem();
-    Element made(const HtmlToken &token, Role role);
+    QString spans(const HtmlToken &token);
+    Element made(const HtmlToken &token, Role role, bool isKept);
     void closeDownTo(qsizetype count);
     qsizetype lastOf(Role role, Role wall) const;
-    static std::optional<Role> roleOf(const QString &name);
 
     HtmlTokens m_tokens;
     HtmlStyles m_styles;
