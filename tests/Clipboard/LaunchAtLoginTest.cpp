@@ -19,11 +19,6 @@ struct Change
     const char *printed;
 };
 
-void PrintTo(const Change &change, std::ostream *stream)
-{
-    *stream << change.name;
-}
-
 class LaunchAtLoginTest : public testing::Test
 {
 protected:

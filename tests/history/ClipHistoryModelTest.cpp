@@ -9,6 +9,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// The history as it would be kept if neither time nor memory counted: everything in one table
 /// that is read anew, sorted and matched at each step.
 class NaiveHistory
@@ -46,13 +48,13 @@ public:
 
     void search(const QString &term)
     {
-        const bool isFileSearch = term.toLower().startsWith(QStringLiteral("file:"));
+        const bool isFileSearch = term.toLower().startsWith(u"file:"_s);
         QString pattern = isFileSearch ? term.mid(5) : term;
         if (isFileSearch && pattern.startsWith(u' '))
             pattern.remove(0, 1);
         pattern = QRegularExpression::escape(pattern);
-        pattern.replace(QStringLiteral("\\*"), QStringLiteral(".*"));
-        pattern.replace(QStringLiteral("\\?"), QStringLiteral("."));
+        pattern.replace(u"\\*"_s, u".*"_s);
+        pattern.replace(u"\\?"_s, u"."_s);
         const QRegularExpression expression(pattern,
                                             QRegularExpression::CaseInsensitiveOption |
                                                 QRegularExpression::UseUnicodePropertiesOption |
@@ -130,38 +132,30 @@ private:
 
     QString text()
     {
-        static const QStringList kWords{QStringLiteral("Mail"), QStringLiteral("mAIL x"),
-                                        QStringLiteral("é"),    QStringLiteral("É\nb"),
-                                        QStringLiteral("*"),    QString()};
+        static const QStringList kWords{u"Mail"_s, u"mAIL x"_s, u"é"_s,
+                                        u"É\nb"_s, u"*"_s,      QString()};
         return kWords[pick(6)] + QString::number(pick(4)) + kWords[pick(6)];
     }
 
     void add()
     {
         const QString copy = text();
-        const QString filepath = pick(3) == 0 ? QStringLiteral("/tmp/") + copy : QString();
+        const QString filepath = pick(3) == 0 ? u"/tmp/"_s + copy : QString();
         m_rig->settings.maxItems = 4 + pick(12);
         // Now and then the clock is set back, or stands still.
         static const int kSteps[] = {-3'600'000, -30'000, 0, 3'600'000};
         m_rig->platform.clock.advance(
             std::chrono::milliseconds(pick(8) == 0 ? kSteps[pick(4)] : 5'001));
-        m_rig->history.addToClipList({copy,
-                                      {},
-                                      QStringLiteral("Editor"),
-                                      filepath.isEmpty() ? std::nullopt : std::optional(filepath)});
+        m_rig->history.addToClipList(
+            {copy, {}, u"Editor"_s, filepath.isEmpty() ? std::nullopt : std::optional(filepath)});
         m_naive.add(copy, filepath, m_rig->platform.clock.now().toMSecsSinceEpoch() * 1000,
                     static_cast<int>(m_rig->settings.maxItems));
     }
 
     void search()
     {
-        static const QStringList kTerms{QString(),
-                                        QStringLiteral("mail"),
-                                        QStringLiteral("FILE: "),
-                                        QStringLiteral("file:é"),
-                                        QStringLiteral("l*É"),
-                                        QStringLiteral("?b"),
-                                        QStringLiteral("x2")};
+        static const QStringList kTerms{QString(), u"mail"_s, u"FILE: "_s, u"file:é"_s,
+                                        u"l*É"_s,  u"?b"_s,   u"x2"_s};
         const QString term = kTerms[pick(static_cast<int>(kTerms.size()))];
         m_rig->history.filterClipItemArr(term);
         m_naive.search(term);

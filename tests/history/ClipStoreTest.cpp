@@ -1,6 +1,7 @@
 #include "history/HistoryRig.h"
 
 #include "support/ExpectedWarnings.h"
+#include "support/FullDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,8 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -114,49 +113,48 @@ TEST_P(StoreShape, isAdaptedWithItsClipsOrRefusedUntouched)
 
 const QStringList kOld{QStringLiteral("old")};
 
-INSTANTIATE_TEST_SUITE_P(
-    Shapes, StoreShape,
-    testing::Values(
-        ShapeRow{"ours", kRightTable, kOld},
-        ShapeRow{"aMissingColumn",
-                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue TEXT, createDate REAL);"
-                 "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)",
-                 kOld},
-        ShapeRow{
-            "anUnknownColumnBesideOurs",
-            "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, colour INTEGER DEFAULT 7, strValue "
-            "VARCHAR(20), createDate DOUBLE);"
-            "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)",
-            kOld},
-        ShapeRow{"aClipWithoutDateIsTheOldest",
-                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue TEXT, createDate REAL);"
-                 "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', -5), ('none', NULL), "
-                 "('word', 'today')",
-                 {QStringLiteral("old"), QStringLiteral("word"), QStringLiteral("none")}},
-        ShapeRow{"otherTablesOnly", "CREATE TABLE Song (title TEXT)", {}, "no table ClipItem"},
-        ShapeRow{"aColumnOfAnotherKind",
-                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue INTEGER)",
-                 {},
-                 "another kind"},
-        ShapeRow{"noKey", "CREATE TABLE ClipItem (strValue TEXT)", {}, "no key"},
-        ShapeRow{"aColumnThatMustNotBeEmpty",
-                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, colour INTEGER NOT NULL)",
-                 {},
-                 "must not be empty"},
-        ShapeRow{"aViewInPlaceOfTheTable",
-                 "CREATE TABLE a (x); CREATE VIEW ClipItem AS SELECT x FROM a",
-                 {},
-                 "no table ClipItem"},
-        ShapeRow{"anotherEncoding",
-                 "PRAGMA encoding = 'UTF-16'; CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY)",
-                 {},
-                 "UTF-8"},
-        ShapeRow{"aNewerMajorVersion",
-                 "PRAGMA journal_mode = WAL; PRAGMA user_version = 2;"
-                 "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY)",
-                 {},
-                 "newer version"}),
-    [](const auto &row) { return std::string(row.param.name); });
+const ShapeRow kStoreShape[] = {
+    {"ours", kRightTable, kOld},
+    {"aMissingColumn",
+     "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue TEXT, createDate REAL);"
+     "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)",
+     kOld},
+    {"anUnknownColumnBesideOurs",
+     "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, colour INTEGER DEFAULT 7, strValue "
+     "VARCHAR(20), createDate DOUBLE);"
+     "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', 1)",
+     kOld},
+    {"aClipWithoutDateIsTheOldest",
+     "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue TEXT, createDate REAL);"
+     "INSERT INTO ClipItem (strValue, createDate) VALUES ('old', -5), ('none', NULL), "
+     "('word', 'today')",
+     {QStringLiteral("old"), QStringLiteral("word"), QStringLiteral("none")}},
+    {"otherTablesOnly", "CREATE TABLE Song (title TEXT)", {}, "no table ClipItem"},
+    {"aColumnOfAnotherKind",
+     "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, strValue INTEGER)",
+     {},
+     "another kind"},
+    {"noKey", "CREATE TABLE ClipItem (strValue TEXT)", {}, "no key"},
+    {"aColumnThatMustNotBeEmpty",
+     "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY, colour INTEGER NOT NULL)",
+     {},
+     "must not be empty"},
+    {"aViewInPlaceOfTheTable",
+     "CREATE TABLE a (x); CREATE VIEW ClipItem AS SELECT x FROM a",
+     {},
+     "no table ClipItem"},
+    {"anotherEncoding",
+     "PRAGMA encoding = 'UTF-16'; CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY)",
+     {},
+     "UTF-8"},
+    {"aNewerMajorVersion",
+     "PRAGMA journal_mode = WAL; PRAGMA user_version = 2;"
+     "CREATE TABLE ClipItem (pk INTEGER PRIMARY KEY)",
+     {},
+     "newer version"}};
+
+INSTANTIATE_TEST_SUITE_P(Shapes, StoreShape, testing::ValuesIn(kStoreShape),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(ClipStoreTest, whatIsNoDatabaseIsRefusedUntouched)
 {
@@ -232,28 +230,6 @@ TEST_F(ClipStoreTest, deletedAndClearedTextsAreGoneFromTheFiles)
     EXPECT_LT(QFileInfo(m_folder.file()).size(), size);
 }
 
-/// While it lives the process cannot make files longer than so many bytes.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        m_signal = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signal);
-    }
-
-private:
-    rlimit m_before = {};
-    void (*m_signal)(int) = SIG_DFL;
-};
-
 TEST_F(ClipStoreTest, whatCouldNotBeSavedIsReadSearchedAndSavedByTheNextSave)
 {
     HistoryRig rig(m_folder.path());
@@ -293,16 +269,6 @@ TEST_F(ClipStoreTest, aStoreLockedByAnotherProgramDelaysASaveAndLosesNothing)
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList());
     rig.history.saveContext();
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), QStringList{QStringLiteral("A")});
-}
-
-TEST_F(ClipStoreTest, theFileIsOpenedByTheFirstLoadAndNotBefore)
-{
-    MemoryPlatform platform;
-    TestSettings settings;
-    ClipHistory history(m_folder.path(), platform.clock, settings);
-    EXPECT_FALSE(QFileInfo::exists(m_folder.file()));
-    history.loadClipItems();
-    EXPECT_TRUE(QFileInfo::exists(m_folder.file()));
 }
 
 TEST_F(ClipStoreTest, whatAnotherProgramAddsChangesOrRemovesIsThereAtTheNextLoad)

@@ -6,6 +6,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 class ClipboardCaptureTest : public testing::Test
 {
 protected:
@@ -24,21 +26,17 @@ protected:
 TEST_F(ClipboardCaptureTest, aCopyIsRecordedAtOnceWithItsApplicationFileAndRtf)
 {
     m_rig.platform.pasteboard.copyFromOutside(
-        {{QStringLiteral("a.txt"),
-          QStringLiteral("{\\rtf1}"),
-          {QStringLiteral("/tmp/a.txt"), QStringLiteral("/tmp/b.txt")}},
-         QStringLiteral("Files")});
-    ASSERT_EQ(m_rig.texts(), QStringList{QStringLiteral("a.txt")});
-    EXPECT_EQ(m_rig.at(0)->rtfValue(), QStringLiteral("{\\rtf1}"));
-    EXPECT_EQ(m_rig.at(0)->filepath(), QStringLiteral("/tmp/a.txt"));
-    EXPECT_EQ(m_rig.at(0)->applicationName(), QStringLiteral("Files"));
+        {{u"a.txt"_s, u"{\\rtf1}"_s, {u"/tmp/a.txt"_s, u"/tmp/b.txt"_s}}, u"Files"_s});
+    ASSERT_EQ(m_rig.texts(), QStringList{u"a.txt"_s});
+    EXPECT_EQ(m_rig.at(0)->rtfValue(), u"{\\rtf1}"_s);
+    EXPECT_EQ(m_rig.at(0)->filepath(), u"/tmp/a.txt"_s);
+    EXPECT_EQ(m_rig.at(0)->applicationName(), u"Files"_s);
     EXPECT_FALSE(isDiscarded());
 }
 
 TEST_F(ClipboardCaptureTest, aCopyWithoutTextIsNotRecorded)
 {
-    m_rig.platform.pasteboard.copyFromOutside(
-        {{std::nullopt, QStringLiteral("{\\rtf1}"), {QStringLiteral("/tmp/a.txt")}}});
+    m_rig.platform.pasteboard.copyFromOutside({{std::nullopt, u"{\\rtf1}"_s, {u"/tmp/a.txt"_s}}});
     EXPECT_EQ(m_rig.texts(), QStringList());
     EXPECT_EQ(m_rig.capture.previousChangeCount(), 1);
 }
@@ -53,8 +51,8 @@ TEST_F(ClipboardCaptureTest, changesThatWaitedAreExaminedOnceEachAndInOrder)
     m_rig.capture.setPaused(false);
     m_rig.capture.timeout();
     ASSERT_EQ(m_rig.texts().size(), 100);
-    EXPECT_EQ(text(0), QStringLiteral("99"));
-    EXPECT_EQ(text(99), QStringLiteral("0"));
+    EXPECT_EQ(text(0), u"99"_s);
+    EXPECT_EQ(text(99), u"0"_s);
     EXPECT_EQ(m_rig.platform.pasteboard.acknowledged().size(), 100);
     m_rig.history.deleteItem(m_rig.at(5));
     m_rig.capture.timeout();
@@ -77,10 +75,10 @@ class IgnoredApplications : public ClipboardCaptureTest,
 TEST_P(IgnoredApplications, leaveNoTrace)
 {
     m_rig.settings.ignored = GetParam().ignored;
-    m_rig.copy(QStringLiteral("secret"), GetParam().applicationName);
+    m_rig.copy(u"secret"_s, GetParam().applicationName);
     EXPECT_EQ(m_rig.texts().isEmpty(), GetParam().isIgnored);
     EXPECT_EQ(isDiscarded(), GetParam().isIgnored);
-    const QString line = QStringLiteral("ignoring copy from ") + GetParam().applicationName;
+    const QString line = u"ignoring copy from "_s + GetParam().applicationName;
     EXPECT_EQ(ExpectedWarnings::messages().contains(line), GetParam().isIgnored);
     EXPECT_EQ(m_rig.capture.previousChangeCount(), 1);
 }
@@ -90,27 +88,26 @@ QStringList names(const char *text)
     return QString::fromLatin1(text).split(u',', Qt::SkipEmptyParts);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Names, IgnoredApplications,
-    testing::Values(IgnoreRow{"none", names(""), QStringLiteral("Mail"), false},
-                    IgnoreRow{"same", names("Notes,Mail"), QStringLiteral("Mail"), true},
-                    IgnoreRow{"otherCase", names("mail"), QStringLiteral("Mail"), false},
-                    IgnoreRow{"longerName", names("Mail"), QStringLiteral("Mailbox"), false},
-                    IgnoreRow{"passwordManagerOfAnotherEdition", names("1Password 6"),
-                              QStringLiteral("1Password 7"), true},
-                    IgnoreRow{"passwordManagerOnlyInside", names("1Password"),
-                              QStringLiteral("My 1Password"), false}),
-    [](const auto &row) { return std::string(row.param.name); });
+const IgnoreRow kIgnoredApplications[] = {
+    {"none", names(""), u"Mail"_s, false},
+    {"same", names("Notes,Mail"), u"Mail"_s, true},
+    {"otherCase", names("mail"), u"Mail"_s, false},
+    {"longerName", names("Mail"), u"Mailbox"_s, false},
+    {"passwordManagerOfAnotherEdition", names("1Password 6"), u"1Password 7"_s, true},
+    {"passwordManagerOnlyInside", names("1Password"), u"My 1Password"_s, false}};
+
+INSTANTIATE_TEST_SUITE_P(Names, IgnoredApplications, testing::ValuesIn(kIgnoredApplications),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(ClipboardCaptureTest, concealedCopiesAndThoseBeforeTheSettingsAreKnownAreIgnored)
 {
-    PasteboardContents contents{{}, QStringLiteral("Vault")};
+    PasteboardContents contents{{}, u"Vault"_s};
     contents.isConcealed = true;
     m_rig.platform.pasteboard.copyFromOutside(contents);
     EXPECT_TRUE(isDiscarded());
-    EXPECT_TRUE(ExpectedWarnings::messages().contains(QStringLiteral("ignoring copy from Vault")));
+    EXPECT_TRUE(ExpectedWarnings::messages().contains(u"ignoring copy from Vault"_s));
     m_rig.settings.mayRecord = false;
-    m_rig.copy(QStringLiteral("secret"));
+    m_rig.copy(u"secret"_s);
     EXPECT_TRUE(isDiscarded());
     m_rig.settings.mayRecord = true;
     m_rig.capture.timeout();
@@ -120,10 +117,10 @@ TEST_F(ClipboardCaptureTest, concealedCopiesAndThoseBeforeTheSettingsAreKnownAre
 TEST_F(ClipboardCaptureTest, whatWePutOnThePasteboardForAnIgnoredApplicationStaysThere)
 {
     m_rig.settings.ignored = {QString()};
-    m_rig.paster.setPasteboardString(QStringLiteral("pasted"), {});
+    m_rig.paster.setPasteboardString(u"pasted"_s, {});
     m_rig.capture.timeout();
     EXPECT_EQ(m_rig.texts(), QStringList());
-    EXPECT_EQ(m_rig.platform.pasteboard.contents()->text, QStringLiteral("pasted"));
+    EXPECT_EQ(m_rig.platform.pasteboard.contents()->text, u"pasted"_s);
 }
 
 TEST_F(ClipboardCaptureTest, aTextIsMeasuredInBytesAndTheLimitItselfIsRecorded)
@@ -131,30 +128,29 @@ TEST_F(ClipboardCaptureTest, aTextIsMeasuredInBytesAndTheLimitItselfIsRecorded)
     m_rig.settings.maxStringSize = 6;
     m_rig.capture.timeout();
     EXPECT_EQ(m_rig.platform.pasteboard.maxUsefulText(), 6);
-    m_rig.copy(QStringLiteral("äöü"));
-    EXPECT_EQ(m_rig.texts(), QStringList{QStringLiteral("äöü")});
+    m_rig.copy(u"äöü"_s);
+    EXPECT_EQ(m_rig.texts(), QStringList{u"äöü"_s});
     EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
-    m_rig.copy(QStringLiteral("äöüx"));
+    m_rig.copy(u"äöüx"_s);
     m_rig.settings.maxStringSize = 5;
-    m_rig.copy(QStringLiteral("xäöü"));
+    m_rig.copy(u"xäöü"_s);
     EXPECT_EQ(m_rig.texts().size(), 1);
-    const std::pair warning(QStringLiteral("The copied text was not recorded"),
-                            QStringLiteral("The text is too large."));
+    const std::pair warning(u"The copied text was not recorded"_s, u"The text is too large."_s);
     EXPECT_EQ(m_rig.platform.notifications.delivered(), (QList{warning, warning}));
     m_rig.settings.areNotificationsEnabled = false;
-    m_rig.copy(QStringLiteral("xäöüx"));
+    m_rig.copy(u"xäöüx"_s);
     EXPECT_EQ(m_rig.platform.notifications.delivered().size(), 2);
     EXPECT_EQ(m_rig.capture.previousChangeCount(), 4);
 }
 
 TEST_F(ClipboardCaptureTest, duringASwopTheLatestCopyIsHeldInsteadOfRecorded)
 {
-    m_rig.swopState.begin(QStringLiteral("Terminal"));
-    m_rig.copy(QStringLiteral("first"));
-    m_rig.copy(QStringLiteral("second"), QStringLiteral("Terminal"));
+    m_rig.swopState.begin(u"Terminal"_s);
+    m_rig.copy(u"first"_s);
+    m_rig.copy(u"second"_s, u"Terminal"_s);
     EXPECT_EQ(m_rig.texts(), QStringList());
-    EXPECT_EQ(m_rig.swopState.swopClipItem()->text, QStringLiteral("second"));
-    EXPECT_EQ(m_rig.swopState.swopClipItem()->applicationName, QStringLiteral("Terminal"));
+    EXPECT_EQ(m_rig.swopState.swopClipItem()->text, u"second"_s);
+    EXPECT_EQ(m_rig.swopState.swopClipItem()->applicationName, u"Terminal"_s);
 }
 
 TEST_F(ClipboardCaptureTest, aCopyThatASwopGetsOnceWeAreInFrontIsItsTargets)
@@ -166,15 +162,14 @@ TEST_F(ClipboardCaptureTest, aCopyThatASwopGetsOnceWeAreInFrontIsItsTargets)
         QStringList ignored;
         QString heldFrom; ///< Empty when nothing is held.
     };
-    const QString ours = QStringLiteral("Quillmarsh");
-    const QString vault = QStringLiteral("Vault");
-    const Row rows[] = {{ours, true, {}, vault},
-                        {ours, true, {vault}, {}},
-                        {QStringLiteral("Mail"), false, {vault}, QStringLiteral("Mail")}};
+    const QString ours = u"Quillmarsh"_s;
+    const QString vault = u"Vault"_s;
+    const Row rows[] = {
+        {ours, true, {}, vault}, {ours, true, {vault}, {}}, {u"Mail"_s, false, {vault}, u"Mail"_s}};
     for (const Row &row : rows) {
         m_rig.settings.ignored = row.ignored;
         m_rig.swopState.begin(vault);
-        PasteboardContents contents{{QStringLiteral("late")}, row.inFront};
+        PasteboardContents contents{{u"late"_s}, row.inFront};
         contents.isOursInFront = row.isOurs;
         m_rig.platform.pasteboard.copyFromOutside(contents);
         const auto &held = m_rig.swopState.swopClipItem();
@@ -186,25 +181,25 @@ TEST_F(ClipboardCaptureTest, aCopyThatASwopGetsOnceWeAreInFrontIsItsTargets)
 
 TEST_F(ClipboardCaptureTest, anOwnWriteOutsideAPasteComesFromTheApplicationInFrontAtTheWrite)
 {
-    m_rig.platform.frontApplication.setApplicationName(QStringLiteral("XTerm"));
+    m_rig.platform.frontApplication.setApplicationName(u"XTerm"_s);
     m_rig.capture.setPaused(true);
     m_rig.capture.setPaused(false);
-    m_rig.platform.pasteboard.setFront(QStringLiteral("Quillmarsh"), true);
-    m_rig.paster.setPasteboardString(QStringLiteral("setup complete"), {});
+    m_rig.platform.pasteboard.setFront(u"Quillmarsh"_s, true);
+    m_rig.paster.setPasteboardString(u"setup complete"_s, {});
     m_rig.capture.setPaused(true);
     m_rig.capture.setPaused(false);
     m_rig.capture.timeout();
-    EXPECT_EQ(m_rig.at(0)->applicationName(), QStringLiteral("Quillmarsh"));
+    EXPECT_EQ(m_rig.at(0)->applicationName(), u"Quillmarsh"_s);
 }
 
 TEST_F(ClipboardCaptureTest, anOwnWriteIsNeverTooLarge)
 {
-    m_rig.copy(QStringLiteral("long clip"));
-    m_rig.copy(QStringLiteral("b"));
+    m_rig.copy(u"long clip"_s);
+    m_rig.copy(u"b"_s);
     m_rig.settings.maxStringSize = 3;
     m_rig.paster.performPaste(1, {});
     m_rig.capture.timeout();
-    EXPECT_EQ(text(0), QStringLiteral("long clip"));
+    EXPECT_EQ(text(0), u"long clip"_s);
     EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
 }
 

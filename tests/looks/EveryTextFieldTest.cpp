@@ -143,16 +143,13 @@ std::unique_ptr<QWidget> report(Parts &parts)
     return dialog;
 }
 
+using K = QKeySequence;
+
 struct Row
 {
     const char *name;
     std::function<std::unique_ptr<QWidget>(Parts &)> make;
 };
-
-void PrintTo(const Row &row, std::ostream *stream)
-{
-    *stream << row.name;
-}
 
 class EveryTextField : public testing::TestWithParam<Row>
 {
@@ -221,35 +218,16 @@ protected:
         QWidget &target = area ? *area->viewport() : widget;
         useMouse(target);
         useMenu(target);
-        using K = QKeySequence;
-        for (const auto key : {K::SelectAll,
-                               K::SelectEndOfLine,
-                               K::Copy,
-                               K::Paste,
-                               K::SelectStartOfLine,
-                               K::Cut,
-                               K::Paste,
-                               K::SelectPreviousChar,
-                               K::SelectNextChar,
-                               K::SelectPreviousWord,
-                               K::SelectNextWord,
-                               K::SelectPreviousLine,
-                               K::SelectNextLine,
-                               K::SelectPreviousPage,
-                               K::SelectNextPage,
-                               K::SelectStartOfBlock,
-                               K::SelectEndOfBlock,
-                               K::SelectStartOfDocument,
-                               K::SelectEndOfDocument,
-                               K::Deselect,
-                               K::DeleteStartOfWord,
-                               K::DeleteEndOfWord,
-                               K::DeleteEndOfLine,
-                               K::Paste,
-                               K::DeleteCompleteLine,
-                               K::Undo,
-                               K::Redo})
-            press(widget, key);
+        const auto pressAll = [&](std::initializer_list<K::StandardKey> keys) {
+            for (const K::StandardKey key : keys)
+                press(widget, key);
+        };
+        pressAll({K::SelectAll, K::SelectEndOfLine, K::Copy, K::Paste});
+        pressAll({K::SelectStartOfLine, K::Cut, K::Paste});
+        for (int key = K::SelectNextChar; key <= K::SelectEndOfDocument; ++key)
+            press(widget, K::StandardKey(key));
+        pressAll({K::Deselect, K::DeleteStartOfWord, K::DeleteEndOfWord, K::DeleteEndOfLine});
+        pressAll({K::Paste, K::DeleteCompleteLine, K::Undo, K::Redo});
         // Keys that do nothing, while something is marked.
         press(widget, K::SelectAll);
         for (const Qt::Key key : {Qt::Key_Control, Qt::Key_F5, Qt::Key_Up})

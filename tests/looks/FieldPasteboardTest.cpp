@@ -21,11 +21,6 @@ struct KindRow
     std::function<QString(const QWidget &)> text;
 };
 
-void PrintTo(const KindRow &row, std::ostream *stream)
-{
-    *stream << row.name;
-}
-
 const KindRow kLine{
     "line", [](const QString &text) { return new QLineEdit(text); },
     [](const QWidget &widget) { return static_cast<const QLineEdit &>(widget).text(); }};

@@ -9,30 +9,30 @@
 
 namespace {
 
-const QString kClass = QStringLiteral("Quillmarsh.ApplicationDef");
+using namespace Qt::StringLiterals;
+
+const QString kClass = u"Quillmarsh.ApplicationDef"_s;
 
 ArchivedObject application(const QString &name, const QString &path)
 {
-    return {kClass,
-            {kClass, QStringLiteral("NSObject")},
-            {{QStringLiteral("name"), name}, {QStringLiteral("path"), path}}};
+    return {kClass, {kClass, u"NSObject"_s}, {{u"name"_s, name}, {u"path"_s, path}}};
 }
 
 ArchivedObject shortcut()
 {
-    return {QStringLiteral("MASShortcut"),
-            {QStringLiteral("MASShortcut"), QStringLiteral("NSObject")},
-            {{QStringLiteral("KeyCode"), qlonglong(-1)},
-             {QStringLiteral("ModifierFlags"), quint64(0x120000)},
-             {QStringLiteral("flag"), true},
-             {QStringLiteral("icon"), QByteArray("\0\1", 2)},
-             {QStringLiteral("real"), 0.5}}};
+    return {u"MASShortcut"_s,
+            {u"MASShortcut"_s, u"NSObject"_s},
+            {{u"KeyCode"_s, qlonglong(-1)},
+             {u"ModifierFlags"_s, quint64(0x120000)},
+             {u"flag"_s, true},
+             {u"icon"_s, QByteArray("\0\1", 2)},
+             {u"real"_s, 0.5}}};
 }
 
 QByteArray python(const QString &command, const QByteArray &input = {})
 {
     QProcess process;
-    process.start(QStringLiteral("/usr/bin/python3"),
+    process.start(u"/usr/bin/python3"_s,
                   {QStringLiteral(PLATFORM_TEST_DIR "/keyedarchive.py"), command});
     process.write(input);
     process.closeWriteChannel();
@@ -43,42 +43,37 @@ QByteArray python(const QString &command, const QByteArray &input = {})
 
 TEST(KeyedArchive, anotherReaderFindsTheObjectsThatWereWritten)
 {
-    const QByteArray array = KeyedArchive::archive(
-        QList{application(QStringLiteral("Schlüssel 🗝"), QStringLiteral("/a.desktop")),
-              application(QStringLiteral("B"), QStringLiteral("/b.desktop"))});
-    EXPECT_EQ(python(QStringLiteral("read"), array.toBase64()).toStdString(),
+    const QByteArray array = KeyedArchive::archive(QList{
+        application(u"Schlüssel 🗝"_s, u"/a.desktop"_s), application(u"B"_s, u"/b.desktop"_s)});
+    EXPECT_EQ(python(u"read"_s, array.toBase64()).toStdString(),
               R"(["Quillmarsh.ApplicationDef", ["Quillmarsh.ApplicationDef", "NSObject"], )"
               "{\"name\": \"Schlüssel 🗝\", \"path\": \"/a.desktop\"}]\n"
               R"(["Quillmarsh.ApplicationDef", ["Quillmarsh.ApplicationDef", "NSObject"], )"
               "{\"name\": \"B\", \"path\": \"/b.desktop\"}]\n");
-    EXPECT_EQ(
-        python(QStringLiteral("read"), KeyedArchive::archive(shortcut()).toBase64()).toStdString(),
-        R"(["MASShortcut", ["MASShortcut", "NSObject"], {"KeyCode": -1, )"
-        R"("ModifierFlags": 1179648, "flag": true, "icon": "AAE=", "real": 0.5}])"
-        "\n");
+    EXPECT_EQ(python(u"read"_s, KeyedArchive::archive(shortcut()).toBase64()).toStdString(),
+              R"(["MASShortcut", ["MASShortcut", "NSObject"], {"KeyCode": -1, )"
+              R"("ModifierFlags": 1179648, "flag": true, "icon": "AAE=", "real": 0.5}])"
+              "\n");
 }
 
 TEST(KeyedArchive, whatAnotherWriterArchivedIsReadWithItsTypes)
 {
-    const auto array =
-        KeyedArchive::unarchiveArray(QByteArray::fromBase64(python(QStringLiteral("write"))));
+    const auto array = KeyedArchive::unarchiveArray(QByteArray::fromBase64(python(u"write"_s)));
     ASSERT_TRUE(array);
     ASSERT_EQ(array->size(), 3);
     EXPECT_EQ(array->at(0).className, kClass);
     EXPECT_TRUE(array->at(0).isKindOf(u"ApplicationDef"));
     EXPECT_FALSE(array->at(0).isKindOf(u"Def"));
     EXPECT_EQ(array->at(1).fields,
-              (QVariantMap{{QStringLiteral("name"), QStringLiteral("Schlüssel 🗝")},
-                           {QStringLiteral("path"),
-                            QStringLiteral("/usr/share/applications/1Password.desktop")}}));
+              (QVariantMap{{u"name"_s, u"Schlüssel 🗝"_s},
+                           {u"path"_s, u"/usr/share/applications/1Password.desktop"_s}}));
     // A text that reads "$null" is a text; only the object of that name is no value.
-    EXPECT_EQ(array->at(2).fields,
-              (QVariantMap{{QStringLiteral("name"), QStringLiteral("$null")},
-                           {QStringLiteral("KeyCode"), qlonglong(-1)},
-                           {QStringLiteral("ModifierFlags"), qlonglong(0x120000)},
-                           {QStringLiteral("flag"), true},
-                           {QStringLiteral("real"), 0.5},
-                           {QStringLiteral("icon"), QByteArray("\0\1", 2)}}));
+    EXPECT_EQ(array->at(2).fields, (QVariantMap{{u"name"_s, u"$null"_s},
+                                                {u"KeyCode"_s, qlonglong(-1)},
+                                                {u"ModifierFlags"_s, qlonglong(0x120000)},
+                                                {u"flag"_s, true},
+                                                {u"real"_s, 0.5},
+                                                {u"icon"_s, QByteArray("\0\1", 2)}}));
 }
 
 TEST(KeyedArchive, anEmptyArrayIsNotTheSameAsNoArchive)
@@ -122,9 +117,7 @@ struct Hostile
     QByteArray bytes;
 };
 
-class HostileBytes : public testing::TestWithParam<Hostile>
-{
-};
+using HostileBytes = testing::TestWithParam<Hostile>;
 
 TEST_P(HostileBytes, areNoPropertyListAndNoArchive)
 {
@@ -133,25 +126,23 @@ TEST_P(HostileBytes, areNoPropertyListAndNoArchive)
     EXPECT_FALSE(KeyedArchive::unarchiveArray(GetParam().bytes));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Bytes, HostileBytes,
-    testing::Values(Hostile{"empty", {}}, Hostile{"headerOnly", "bplist00"},
-                    Hostile{"arrayThatHoldsItself", binary({QByteArray("\xA1\x00", 2)})},
-                    Hostile{"dictionaryThatIsItsOwnKey", binary({QByteArray("\xD1\x00\x00", 3)})},
-                    Hostile{"expandsBeyondMemory", binary(explosion())},
-                    Hostile{"countBeyondTheFile",
-                            binary({QByteArray("\xAF\x13\x7f\xff\xff\xff\xff\xff\xff\xff", 10)})},
-                    Hostile{"textBeyondTheFile",
-                            binary({QByteArray("\x5F\x12\xff\xff\xff\xff", 6)})},
-                    Hostile{"countThatIsText", binary({QByteArray("\xAF\x51\x41", 3)})},
-                    Hostile{"keyWithNul", binary({QByteArray("\xD1\x01\x02", 3),
-                                                  QByteArray("\x52\x41\x00", 3), "\x09"})},
-                    Hostile{"keyThatIsAnArray",
-                            binary({QByteArray("\xD1\x01\x02", 3), QByteArray("\xA0"), "\x09"})},
-                    Hostile{"referenceToNothing", binary({QByteArray("\xA1\x77", 2)})},
-                    Hostile{"deepXml", "<plist>" + QByteArray("<array>").repeated(200'000) +
-                                           QByteArray("</array>").repeated(200'000) + "</plist>"}),
-    [](const auto &row) { return std::string(row.param.name); });
+const Hostile kHostileBytes[] = {
+    {"empty", {}},
+    {"headerOnly", "bplist00"},
+    {"arrayThatHoldsItself", binary({QByteArray("\xA1\x00", 2)})},
+    {"dictionaryThatIsItsOwnKey", binary({QByteArray("\xD1\x00\x00", 3)})},
+    {"expandsBeyondMemory", binary(explosion())},
+    {"countBeyondTheFile", binary({QByteArray("\xAF\x13\x7f\xff\xff\xff\xff\xff\xff\xff", 10)})},
+    {"textBeyondTheFile", binary({QByteArray("\x5F\x12\xff\xff\xff\xff", 6)})},
+    {"countThatIsText", binary({QByteArray("\xAF\x51\x41", 3)})},
+    {"keyWithNul", binary({QByteArray("\xD1\x01\x02", 3), QByteArray("\x52\x41\x00", 3), "\x09"})},
+    {"keyThatIsAnArray", binary({QByteArray("\xD1\x01\x02", 3), QByteArray("\xA0"), "\x09"})},
+    {"referenceToNothing", binary({QByteArray("\xA1\x77", 2)})},
+    {"deepXml", "<plist>" + QByteArray("<array>").repeated(200'000) +
+                    QByteArray("</array>").repeated(200'000) + "</plist>"}};
+
+INSTANTIATE_TEST_SUITE_P(Bytes, HostileBytes, testing::ValuesIn(kHostileBytes),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST(KeyedArchive, rootsThatArePresentButWrongAreAbsent)
 {
@@ -174,8 +165,8 @@ TEST(KeyedArchive, rootsThatArePresentButWrongAreAbsent)
 
 TEST(KeyedArchive, anyDamageToAnArchiveGivesSomethingOrNothing)
 {
-    const QByteArray whole = KeyedArchive::archive(
-        QList{shortcut(), application(QStringLiteral("Ä🗝"), QStringLiteral("/b"))});
+    const QByteArray whole =
+        KeyedArchive::archive(QList{shortcut(), application(u"Ä🗝"_s, u"/b"_s)});
     constexpr int kRounds = 20'000;
     std::mt19937 random(20260102);
     int readable = 0;

@@ -12,9 +12,7 @@ struct Conversion
     qint64 asInteger;
 };
 
-class SettingsConversion : public testing::TestWithParam<Conversion>
-{
-};
+using SettingsConversion = testing::TestWithParam<Conversion>;
 
 TEST_P(SettingsConversion, readsAnyStoredTypeAsBooleanAndInteger)
 {

@@ -227,9 +227,7 @@ struct Items
     QStringList expected;
 };
 
-class ToolbarItems : public testing::TestWithParam<Items>
-{
-};
+using ToolbarItems = testing::TestWithParam<Items>;
 
 TEST_P(ToolbarItems, standInTheirOrder)
 {
@@ -272,9 +270,7 @@ struct SinglePane
     bool hasToolbar;
 };
 
-class ToolbarOfFewPanes : public testing::TestWithParam<SinglePane>
-{
-};
+using ToolbarOfFewPanes = testing::TestWithParam<SinglePane>;
 
 TEST_P(ToolbarOfFewPanes, isThereOnlyWhenWanted)
 {

@@ -60,9 +60,7 @@ struct BadFrame
     const char *text;
 };
 
-class NoFrame : public testing::TestWithParam<BadFrame>
-{
-};
+using NoFrame = testing::TestWithParam<BadFrame>;
 
 TEST_P(NoFrame, leavesTheWindowAsItIs)
 {

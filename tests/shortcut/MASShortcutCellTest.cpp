@@ -19,9 +19,7 @@ struct StyleRow
     int buttonWidth;
 };
 
-class CellStyle : public testing::TestWithParam<StyleRow>
-{
-};
+using CellStyle = testing::TestWithParam<StyleRow>;
 
 TEST_P(CellStyle, hasItsButtonWidthInTheFontOfElevenPoints)
 {

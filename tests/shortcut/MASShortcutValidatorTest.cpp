@@ -61,9 +61,7 @@ struct ValidityRow
     bool isValidWithAnyOption;
 };
 
-class Validity : public testing::TestWithParam<ValidityRow>
-{
-};
+using Validity = testing::TestWithParam<ValidityRow>;
 
 TEST_P(Validity, dependsOnTheModifiersUnlessItIsAFunctionKey)
 {

@@ -81,6 +81,18 @@ protected:
     {
         QTest::mouseClick(&view, Qt::LeftButton, {}, part.center());
     }
+    /// What says that a combination is taken.
+    static QMessageBox *alert()
+    {
+        return qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    }
+    void dismissAlert()
+    {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(alert()));
+        EXPECT_TRUE(m_view.isRecording());
+        QTest::mouseClick(alert()->buttons().at(0), Qt::LeftButton);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    }
     void record(const std::optional<MASShortcut> &old = {})
     {
         m_view.setShortcutValue(old);
@@ -147,30 +159,25 @@ TEST_F(Recorder, escapeKeepsTheOldShortcut)
     EXPECT_EQ(m_view.shortcutValue(), kCommandV);
 }
 
-TEST_F(Recorder, commandWAndCommandQStopItAndGoThrough)
+TEST_F(Recorder, whatClosesAndQuitsByItsPrintedNameStopsItAndGoesThrough)
 {
-    for (const quint16 key : {kW, kQ}) {
-        record(kCommandV);
-        EXPECT_TRUE(type(key, Qt::MetaModifier));
-        EXPECT_FALSE(m_view.isRecording());
-        EXPECT_EQ(m_view.shortcutValue(), kCommandV);
-    }
+    const auto goThrough = [this](std::initializer_list<quint16> keys) {
+        for (const quint16 key : keys) {
+            record(kCommandV);
+            EXPECT_TRUE(type(key, Qt::MetaModifier));
+            EXPECT_FALSE(m_view.isRecording());
+            EXPECT_EQ(m_view.shortcutValue(), kCommandV);
+        }
+    };
+    goThrough({kW, kQ});
     record(kCommandV);
     EXPECT_FALSE(type(kQ, Qt::MetaModifier | Qt::ShiftModifier));
     EXPECT_EQ(m_view.shortcutValue()->keyCode(), kQ) << "with Shift it is like any other";
-}
 
-TEST_F(Recorder, whatClosesAndQuitsIsToldByWhatIsPrintedOnTheKeys)
-{
     const std::pair<quint32, const char *> azerty[] = {{kA, "q"}, {kQ, "a"}, {kZ, "w"}, {kW, "z"}};
     for (const auto &[key, name] : azerty)
         m_layout.setName(key, QString::fromLatin1(name));
-    for (const quint16 key : {kA, kZ}) {
-        record(kCommandV);
-        EXPECT_TRUE(type(key, Qt::MetaModifier));
-        EXPECT_FALSE(m_view.isRecording());
-        EXPECT_EQ(m_view.shortcutValue(), kCommandV);
-    }
+    goThrough({kA, kZ});
     for (const quint16 key : {kQ, kW}) {
         record(kCommandV);
         EXPECT_FALSE(type(key, Qt::MetaModifier));
@@ -216,20 +223,15 @@ TEST_F(Recorder, aTakenCombinationIsExplainedAndRecordingGoesOn)
     send(QEvent::ShortcutOverride, kK, Qt::ControlModifier);
     send(QEvent::KeyPress, kK, Qt::ControlModifier);
 
-    auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    ASSERT_TRUE(alert);
-    EXPECT_EQ(alert->text(), QStringLiteral("The key combination ⌃K cannot be used"));
-    EXPECT_EQ(alert->informativeText(),
+    ASSERT_TRUE(alert());
+    EXPECT_EQ(alert()->text(), QStringLiteral("The key combination ⌃K cannot be used"));
+    EXPECT_EQ(alert()->informativeText(),
               QStringLiteral("This shortcut cannot be used because it is already used by the menu "
                              "item ‘Save’."));
-    EXPECT_EQ(alert->icon(), QMessageBox::Critical);
-    ASSERT_EQ(alert->buttons().size(), 1);
-    EXPECT_EQ(alert->buttons().at(0)->text(), QStringLiteral("OK"));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(alert));
-    EXPECT_TRUE(m_view.isRecording());
-    QTest::mouseClick(alert->buttons().at(0), Qt::LeftButton);
-
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    EXPECT_EQ(alert()->icon(), QMessageBox::Critical);
+    ASSERT_EQ(alert()->buttons().size(), 1);
+    EXPECT_EQ(alert()->buttons().at(0)->text(), QStringLiteral("OK"));
+    dismissAlert();
     EXPECT_TRUE(m_view.isRecording());
     EXPECT_EQ(m_view.title(), QStringLiteral("Type New Shortcut"));
     type(kJ, Qt::ControlModifier);
@@ -253,14 +255,11 @@ TEST_F(Recorder, theOtherRecordersShortcutIsTakenAndItsOwnIsNot)
 
     click(m_view, m_view.shortcutRect());
     type(kK, Qt::ControlModifier);
-    auto *alert = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    ASSERT_TRUE(alert);
-    EXPECT_TRUE(alert->informativeText().startsWith(
+    ASSERT_TRUE(alert());
+    EXPECT_TRUE(alert()->informativeText().startsWith(
         QStringLiteral("This combination cannot be used because it is already used by a "
                        "system-wide keyboard shortcut.")));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(alert));
-    QTest::mouseClick(alert->buttons().at(0), Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    dismissAlert();
     type(kV, Qt::MetaModifier);
     EXPECT_FALSE(m_view.isRecording()) << "it has it already";
     EXPECT_EQ(m_view.shortcutValue(), kCommandV);

@@ -31,9 +31,7 @@ void PrintTo(const Server &server, std::ostream *out)
     *out << server.name;
 }
 
-class HttpsExchangeTest : public testing::TestWithParam<Server>
-{
-};
+using HttpsExchangeTest = testing::TestWithParam<Server>;
 
 TEST_P(HttpsExchangeTest, endsSoonWhateverTheServerDoes)
 {

@@ -29,13 +29,7 @@ protected:
     HistorySizeSlider slider;
 };
 
-TEST_F(HistorySize, reachesFromOneToAHundredThousandAlongTheGroove)
-{
-    EXPECT_EQ(valueAt(0), 1);
-    EXPECT_EQ(valueAt(slider.width() - 1), 100'000);
-}
-
-TEST_F(HistorySize, risesAlongTheGrooveAndGivesThePowersOfTenTheMostRoom)
+TEST_F(HistorySize, risesFromOneToAHundredThousandAndGivesThePowersOfTenTheMostRoom)
 {
     std::map<int, int> widths;
     int last = 0;
@@ -45,6 +39,8 @@ TEST_F(HistorySize, risesAlongTheGrooveAndGivesThePowersOfTenTheMostRoom)
         last = value;
         ++widths[value];
     }
+    EXPECT_EQ(widths.begin()->first, 1);
+    EXPECT_EQ(last, 100'000);
     EXPECT_GE(widths[1000], 12);
     EXPECT_LT(widths[750], widths[1000]);
     EXPECT_LT(widths[1500], widths[1000]);
@@ -58,9 +54,7 @@ struct Key
     int to;
 };
 
-class HistorySizeKeys : public testing::TestWithParam<Key>
-{
-};
+using HistorySizeKeys = testing::TestWithParam<Key>;
 
 TEST_P(HistorySizeKeys, goFromStopToStop)
 {

@@ -19,9 +19,7 @@ struct Partial
     qint64 value;
 };
 
-class PartialString : public testing::TestWithParam<Partial>
-{
-};
+using PartialString = testing::TestWithParam<Partial>;
 
 TEST_P(PartialString, isRefusedWithABeepUnlessItIsAllDigits)
 {
@@ -66,9 +64,7 @@ struct Reading
     const char *text;
 };
 
-class ByteCount : public testing::TestWithParam<Reading>
-{
-};
+using ByteCount = testing::TestWithParam<Reading>;
 
 TEST_P(ByteCount, readsAsPeopleSayIt)
 {

@@ -13,7 +13,9 @@
 
 namespace {
 
-const QString kKey = QStringLiteral("applicationsToIgnore");
+using namespace Qt::StringLiterals;
+
+const QString kKey = u"applicationsToIgnore"_s;
 
 ArchivedObject archived(const char *className, const QVariantMap &fields)
 {
@@ -25,8 +27,8 @@ class ApplicationsPane : public testing::Test
 protected:
     void add(const char *name)
     {
-        pane.openPanelEnded(true, QString::fromLatin1(name) + QStringLiteral(".app"),
-                            QStringLiteral("/applications/%1.desktop").arg(QLatin1String(name)));
+        pane.openPanelEnded(true, QString::fromLatin1(name) + u".app"_s,
+                            u"/applications/%1.desktop"_s.arg(QLatin1String(name)));
     }
     QStringList names() const
     {
@@ -54,8 +56,7 @@ TEST_F(ApplicationsPane, comesBackWithTheSameRowsInTheSameOrder)
                                                memory.workspace);
     again.loadPreferences();
     EXPECT_EQ(again.data(), pane.data());
-    EXPECT_EQ(names(), QStringList({QStringLiteral("Mail"), QStringLiteral("1Password 7"),
-                                    QStringLiteral("A.Dotted.Name")}));
+    EXPECT_EQ(names(), QStringList({u"Mail"_s, u"1Password 7"_s, u"A.Dotted.Name"_s}));
 }
 
 TEST_F(ApplicationsPane, archivesTheNameThatOtherReadersKnow)
@@ -63,11 +64,10 @@ TEST_F(ApplicationsPane, archivesTheNameThatOtherReadersKnow)
     add("Mail");
     const auto objects = KeyedArchive::unarchiveArray(memory.settings.value(kKey).toByteArray());
     ASSERT_TRUE(objects && objects->size() == 1);
-    EXPECT_EQ(objects->first().className, QStringLiteral("Quillmarsh.ApplicationDef"));
-    EXPECT_EQ(objects->first().classes, QStringList({QStringLiteral("Quillmarsh.ApplicationDef"),
-                                                     QStringLiteral("NSObject")}));
-    EXPECT_EQ(objects->first().fields.value(QStringLiteral("path")),
-              QVariant(QStringLiteral("/applications/Mail.desktop")));
+    EXPECT_EQ(objects->first().className, u"Quillmarsh.ApplicationDef"_s);
+    EXPECT_EQ(objects->first().classes,
+              QStringList({u"Quillmarsh.ApplicationDef"_s, u"NSObject"_s}));
+    EXPECT_EQ(objects->first().fields.value(u"path"_s), QVariant(u"/applications/Mail.desktop"_s));
 }
 
 struct Undecodable
@@ -76,9 +76,7 @@ struct Undecodable
     QVariant stored;
 };
 
-class UndecodableList : public testing::TestWithParam<Undecodable>
-{
-};
+using UndecodableList = testing::TestWithParam<Undecodable>;
 
 TEST_P(UndecodableList, endsTheProgramWithALineThatNamesKeyAndFile)
 {
@@ -93,22 +91,19 @@ TEST_P(UndecodableList, endsTheProgramWithALineThatNamesKeyAndFile)
         "\"applicationsToIgnore\" in memory cannot be read");
 }
 
-const QVariantMap kFields{{QStringLiteral("name"), QStringLiteral("Mail")},
-                          {QStringLiteral("path"), QStringLiteral("/mail")}};
+const QVariantMap kFields{{u"name"_s, u"Mail"_s}, {u"path"_s, u"/mail"_s}};
 
-INSTANTIATE_TEST_SUITE_P(
-    Stored, UndecodableList,
-    testing::Values(
-        Undecodable{"garbage", QByteArray("bplist00 and no more")},
-        Undecodable{"empty", QByteArray("")}, Undecodable{"noData", QStringLiteral("Mail")},
-        Undecodable{"noArray",
-                    KeyedArchive::archive(archived("Quillmarsh.ApplicationDef", kFields))},
-        Undecodable{"otherClass",
-                    KeyedArchive::archive(QList{archived("Quillmarsh.Other", kFields)})},
-        Undecodable{"noPath", KeyedArchive::archive(QList{
-                                  archived("Quillmarsh.ApplicationDef",
-                                           {{QStringLiteral("name"), QStringLiteral("Mail")}})})}),
-    [](const auto &row) { return std::string(row.param.name); });
+const Undecodable kUndecodableList[] = {
+    {"garbage", QByteArray("bplist00 and no more")},
+    {"empty", QByteArray("")},
+    {"noData", u"Mail"_s},
+    {"noArray", KeyedArchive::archive(archived("Quillmarsh.ApplicationDef", kFields))},
+    {"otherClass", KeyedArchive::archive(QList{archived("Quillmarsh.Other", kFields)})},
+    {"noPath", KeyedArchive::archive(
+                   QList{archived("Quillmarsh.ApplicationDef", {{u"name"_s, u"Mail"_s}})})}};
+
+INSTANTIATE_TEST_SUITE_P(Stored, UndecodableList, testing::ValuesIn(kUndecodableList),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 struct Ended
 {
@@ -125,21 +120,19 @@ class ChooserEnd : public ApplicationsPane, public testing::WithParamInterface<E
 TEST_P(ChooserEnd, addsTheTextBeforeTheLastDot)
 {
     add("Mail");
-    pane.openPanelEnded(GetParam().isOk, QString::fromLatin1(GetParam().file),
-                        QStringLiteral("/elsewhere"));
-    QStringList expected{QStringLiteral("Mail")};
+    pane.openPanelEnded(GetParam().isOk, QString::fromLatin1(GetParam().file), u"/elsewhere"_s);
+    QStringList expected{u"Mail"_s};
     if (GetParam().added)
         expected.append(QString::fromLatin1(GetParam().added));
     EXPECT_EQ(names(), expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Ends, ChooserEnd,
-                         testing::Values(Ended{"chosen", true, "Notes.app", "Notes"},
-                                         Ended{"manyDots", true, "Foo.Bar.app", "Foo.Bar"},
-                                         Ended{"noDot", true, "Notes", nullptr},
-                                         Ended{"cancelled", false, "Notes.app", nullptr},
-                                         Ended{"sameName", true, "Mail.app", nullptr},
-                                         Ended{"otherCase", true, "mail.app", "mail"}),
+const Ended kChooserEnd[] = {
+    {"chosen", true, "Notes.app", "Notes"},  {"manyDots", true, "Foo.Bar.app", "Foo.Bar"},
+    {"noDot", true, "Notes", nullptr},       {"cancelled", false, "Notes.app", nullptr},
+    {"sameName", true, "Mail.app", nullptr}, {"otherCase", true, "mail.app", "mail"}};
+
+INSTANTIATE_TEST_SUITE_P(Ends, ChooserEnd, testing::ValuesIn(kChooserEnd),
                          [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(ApplicationsPane, aLargerFontMakesHigherRowsAndASmallOneNoLowerOnes)
@@ -163,7 +156,7 @@ TEST_F(ApplicationsPane, removesTheSelectedRowWithItsButtonAndWithDelete)
     pane.view()->show();
     EXPECT_EQ(pane.numberOfRowsInTableView(), 3);
     EXPECT_EQ(pane.tableView->rowHeight(1), 20);
-    EXPECT_EQ(shownAt(1), QStringLiteral("Notes"));
+    EXPECT_EQ(shownAt(1), u"Notes"_s);
     pane.removeApplication();
     EXPECT_EQ(pane.numberOfRowsInTableView(), 3);
 
@@ -176,7 +169,7 @@ TEST_F(ApplicationsPane, removesTheSelectedRowWithItsButtonAndWithDelete)
 
     pane.tableView->selectRow(1);
     QTest::keyClick(pane.tableView, Qt::Key_Delete);
-    EXPECT_EQ(names(), QStringList({QStringLiteral("Mail"), QStringLiteral("Music")}));
+    EXPECT_EQ(names(), QStringList({u"Mail"_s, u"Music"_s}));
     pane.tableView->selectRow(0);
     pane.removeApplication();
     pane.removeApplication();
@@ -188,37 +181,35 @@ TEST_F(ApplicationsPane, removesTheSelectedRowWithItsButtonAndWithDelete)
 
 TEST_F(ApplicationsPane, saysOfAProgramKnownByItsFileOnlyThatItIs)
 {
-    pane.openPanelEnded(true, QStringLiteral("tool.app"), QStringLiteral("/opt/tool"));
-    pane.openPanelEnded(true, QStringLiteral("XTerm.app"), QStringLiteral("/usr/bin/xterm"));
-    pane.openPanelEnded(true, QStringLiteral("Far.app"), QString());
+    pane.openPanelEnded(true, u"tool.app"_s, u"/opt/tool"_s);
+    pane.openPanelEnded(true, u"XTerm.app"_s, u"/usr/bin/xterm"_s);
+    pane.openPanelEnded(true, u"Far.app"_s, QString());
     pane.view();
-    EXPECT_EQ(shownAt(0), QStringLiteral("tool (recognised by this name only)"));
-    EXPECT_EQ(shownAt(1), QStringLiteral("XTerm"));
-    EXPECT_EQ(shownAt(2), QStringLiteral("Far"));
-    EXPECT_EQ(names().first(), QStringLiteral("tool"));
+    EXPECT_EQ(shownAt(0), u"tool (recognised by this name only)"_s);
+    EXPECT_EQ(shownAt(1), u"XTerm"_s);
+    EXPECT_EQ(shownAt(2), u"Far"_s);
+    EXPECT_EQ(names().first(), u"tool"_s);
 }
 
 TEST_F(ApplicationsPane, offersInstalledPasswordManagersOnlyWhileTheListIsEmpty)
 {
-    memory.installedApplications.setApplications(
-        {{QStringLiteral("Editor"), QStringLiteral("/e"), {}, false},
-         {QStringLiteral("Vault"), QStringLiteral("/v"), {}, true},
-         {QStringLiteral("Safe"), QStringLiteral("/s"), {}, true}});
+    memory.installedApplications.setApplications({{u"Editor"_s, u"/e"_s, {}, false},
+                                                  {u"Vault"_s, u"/v"_s, {}, true},
+                                                  {u"Safe"_s, u"/s"_s, {}, true}});
     pane.loadPreferences();
     pane.view()->show();
     auto *suggest = pane.view()->findChild<QPushButton *>();
     ASSERT_TRUE(suggest && suggest->isVisible());
-    EXPECT_TRUE(suggest->text().contains(QStringLiteral("Vault and Safe")));
+    EXPECT_TRUE(suggest->text().contains(u"Vault and Safe"_s));
     EXPECT_EQ(names(), QStringList());
     QTest::mouseClick(suggest, Qt::LeftButton);
-    EXPECT_EQ(names(), QStringList({QStringLiteral("Vault"), QStringLiteral("Safe")}));
+    EXPECT_EQ(names(), QStringList({u"Vault"_s, u"Safe"_s}));
     EXPECT_FALSE(suggest->isVisible());
 }
 
 TEST_F(ApplicationsPane, addsWhatIsChosenWhileEverythingElseGoesOn)
 {
-    memory.installedApplications.setApplications(
-        {{QStringLiteral("Editor"), QStringLiteral("/e.desktop"), {}, false}});
+    memory.installedApplications.setApplications({{u"Editor"_s, u"/e.desktop"_s, {}, false}});
     pane.view()->show();
     pane.addApplication();
     ApplicationChooser *chooser = pane.chooser();
@@ -227,8 +218,7 @@ TEST_F(ApplicationsPane, addsWhatIsChosenWhileEverythingElseGoesOn)
     pane.addApplication();
     EXPECT_EQ(pane.chooser(), chooser);
     QTest::keyClick(chooser, Qt::Key_Return);
-    EXPECT_EQ(pane.data(),
-              QList<ApplicationDef>({{QStringLiteral("Editor"), QStringLiteral("/e.desktop")}}));
+    EXPECT_EQ(pane.data(), QList<ApplicationDef>({{u"Editor"_s, u"/e.desktop"_s}}));
     EXPECT_TRUE(QTest::qWaitFor([this] { return !pane.chooser(); }));
 }
 

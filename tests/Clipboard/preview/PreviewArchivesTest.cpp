@@ -8,6 +8,8 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using PreviewArchivesTest = PreviewRig;
 
 /// What `write` writes into an archive of that format and filter.
@@ -72,15 +74,12 @@ TEST_F(PreviewArchivesTest, anArchiveTellsItsEntriesHoweverItIsPacked)
     };
     for (const auto &row : kTable) {
         // What is left of a name that is no text although its archive says so.
-        const QString second = row.format == ARCHIVE_FORMAT_ZIP ? QStringLiteral("\uFFFD")
-                                                                : QStringLiteral("b\uFFFDt\n.zip");
+        const QString second = row.format == ARCHIVE_FORMAT_ZIP ? u"\uFFFD"_s : u"b\uFFFDt\n.zip"_s;
         const auto list = readAs<ListContent>(
             write(QString::fromLatin1(row.name), twoFiles(row.format, row.filter)));
         ASSERT_TRUE(list) << row.name;
-        EXPECT_EQ(list->entries(), QStringList({QStringLiteral("below/first.txt"), second}))
-            << row.name;
-        EXPECT_EQ(list->summary(),
-                  QStringLiteral("2 entries, ") + QLocale().formattedDataSize(1007))
+        EXPECT_EQ(list->entries(), QStringList({u"below/first.txt"_s, second})) << row.name;
+        EXPECT_EQ(list->summary(), u"2 entries, "_s + QLocale().formattedDataSize(1007))
             << row.name;
     }
 }
@@ -90,7 +89,7 @@ TEST_F(PreviewArchivesTest, anArchiveThatOnlyOthersWriteTellsItsEntriesToo)
     for (const char *name : {"files.rar", "files.7z", "locked.7z"}) {
         const auto list = readAs<ListContent>(sample(name));
         ASSERT_TRUE(list) << name;
-        EXPECT_TRUE(list->entries().contains(QStringLiteral("inner.txt"))) << name;
+        EXPECT_TRUE(list->entries().contains(u"inner.txt"_s)) << name;
     }
 }
 
@@ -98,14 +97,13 @@ TEST_F(PreviewArchivesTest, aTruncatedArchiveTellsWhatIsLeftOfItAndABrokenOneNot
 {
     QByteArray bytes = twoFiles(ARCHIVE_FORMAT_TAR_GNUTAR, ARCHIVE_FILTER_NONE);
     bytes.truncate(1536 + 100); // Within the third header.
-    const auto list = readAs<ListContent>(write(QStringLiteral("cut.tar"), bytes));
+    const auto list = readAs<ListContent>(write(u"cut.tar"_s, bytes));
     ASSERT_TRUE(list);
-    EXPECT_EQ(list->entries(), QStringList(QStringLiteral("below/first.txt")));
-    EXPECT_TRUE(list->summary().endsWith(QStringLiteral("or more")));
+    EXPECT_EQ(list->entries(), QStringList(u"below/first.txt"_s));
+    EXPECT_TRUE(list->summary().endsWith(u"or more"_s));
 
-    for (const QString &path :
-         {write(QStringLiteral("noise.zip"), "PK\x03\x04" + QByteArray(5000, '\x7f')),
-          write(QStringLiteral("cut.tar.gz"), QByteArray("\x1f\x8b\x08\0\0\0\0\0", 8))})
+    for (const QString &path : {write(u"noise.zip"_s, "PK\x03\x04" + QByteArray(5000, '\x7f')),
+                                write(u"cut.tar.gz"_s, QByteArray("\x1f\x8b\x08\0\0\0\0\0", 8))})
         EXPECT_FALSE(read(path).content) << path.toStdString();
 }
 
@@ -117,12 +115,11 @@ TEST_F(PreviewArchivesTest, anArchiveThatUnpacksWithoutEndIsGivenUp)
     header.truncate(512);
     const QByteArray frame = zstd(QByteArray(32 << 20, '\0'));
     ASSERT_LT(frame.size(), 16 << 10);
-    const QString bomb =
-        write(QStringLiteral("bomb.tar.zst"), zstd(header) + frame.repeated(kClaimed >> 25));
+    const QString bomb = write(u"bomb.tar.zst"_s, zstd(header) + frame.repeated(kClaimed >> 25));
     const auto list = readAs<ListContent>(bomb);
     ASSERT_TRUE(list);
-    EXPECT_EQ(list->entries(), QStringList(QStringLiteral("zeros")));
-    EXPECT_TRUE(list->summary().endsWith(QStringLiteral("or more")));
+    EXPECT_EQ(list->entries(), QStringList(u"zeros"_s));
+    EXPECT_TRUE(list->summary().endsWith(u"or more"_s));
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/FontReader.h"
 #include "Clipboard/preview/ImageContent.h"
 #include "Clipboard/preview/ListContent.h"
@@ -73,19 +72,15 @@ TEST_F(PreviewKindsTest, aDocumentShowsItsFirstPageAndTheOthersWhenTheyComeIntoS
     EXPECT_EQ(content->first().pixelColor(256, 500), QColor(Qt::blue));
     EXPECT_EQ(content->first().pixelColor(5, 5), QColor(Qt::white));
 
-    FilePreview view(registry, sample("pages.pdf"), nullptr);
-    view.resize(300, 300);
-    view.show();
-    view.refresh();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
-    const auto *body = qobject_cast<PdfBody *>(view.body());
+    const auto view = shown(sample("pages.pdf"), QSize(300, 300));
+    const auto *body = qobject_cast<PdfBody *>(view->body());
     ASSERT_TRUE(body);
     EXPECT_TRUE(body->isDrawn(0));
     EXPECT_FALSE(body->isDrawn(2));
     body->scrollBar()->setValue(body->scrollBar()->maximum());
     EXPECT_TRUE(QTest::qWaitFor([&] { return body->isDrawn(2); }));
     // Whoever reads the last page reads on when the divider is dragged.
-    view.resize(600, 300);
+    view->resize(600, 300);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !body->isDrawn(0) || body->isDrawn(2); }));
     EXPECT_GT(body->scrollBar()->value(), 2 * body->scrollBar()->maximum() / 3);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/PreviewReader.h"
 #include "Clipboard/preview/PreviewRegistry.h"
 
@@ -8,6 +9,8 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 /// Reads files as the pane does, without showing them.
 class PreviewRig : public testing::Test
@@ -42,6 +45,17 @@ protected:
     std::shared_ptr<const Content> readAs(const QString &path, QSize pixels = QSize(512, 512))
     {
         return std::dynamic_pointer_cast<const Content>(read(path, pixels).content);
+    }
+
+    /// A view of the file, once it shows what its reader made of it.
+    std::unique_ptr<FilePreview> shown(const QString &path, QSize size)
+    {
+        auto view = std::make_unique<FilePreview>(registry, path, nullptr);
+        view->resize(size);
+        view->show();
+        view->refresh();
+        EXPECT_TRUE(QTest::qWaitFor([&view] { return view->body() != nullptr; }));
+        return view;
     }
 
     /// Within which even a hostile file is told; generous, for a sanitized run on a busy machine.

@@ -1,5 +1,4 @@
 #include "Clipboard/preview/FileCard.h"
-#include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/ImageBody.h"
 #include "Clipboard/preview/TextBody.h"
 #include "PreviewRig.h"
@@ -93,12 +92,8 @@ TEST_F(PreviewTest, aPhotographIsTurnedUprightAndReadAtTheSizeOfTheView)
 
 TEST_F(PreviewTest, anAnimationMoves)
 {
-    FilePreview view(registry, sample("moving.gif"), nullptr);
-    view.resize(100, 100);
-    view.show();
-    view.refresh();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
-    const auto *body = qobject_cast<ImageBody *>(view.body());
+    const auto view = shown(sample("moving.gif"), QSize(100, 100));
+    const auto *body = qobject_cast<ImageBody *>(view->body());
     ASSERT_TRUE(body);
     for (const size_t frame : {2U, 0U})
         EXPECT_TRUE(QTest::qWaitFor([&] { return body->frame() == frame; }));
@@ -106,12 +101,8 @@ TEST_F(PreviewTest, anAnimationMoves)
 
 TEST_F(PreviewTest, transparencyShowsACheckerboard)
 {
-    FilePreview view(registry, sample("clear.png"), nullptr);
-    view.resize(100, 100);
-    view.show();
-    view.refresh();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
-    const QImage shown = view.grab().toImage();
+    const auto view = shown(sample("clear.png"), QSize(100, 100));
+    const QImage shown = view->grab().toImage();
     // Neighbouring squares below the same half-clear red.
     EXPECT_NE(shown.pixel(45, 45), shown.pixel(53, 45));
     EXPECT_GT(shown.pixelColor(45, 45).red(), shown.pixelColor(45, 45).blue() + 80);
@@ -233,18 +224,14 @@ TEST_F(PreviewTest, whoeverReadsAFileThatGrowsReadsOnWhereTheyAre)
 {
     const QByteArray lines = QByteArray("line\n").repeated(500);
     const QString path = write(QStringLiteral("growing.log"), lines);
-    FilePreview view(registry, path, nullptr);
-    view.resize(300, 200);
-    view.show();
-    view.refresh();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.body() != nullptr; }));
-    view.body()->scrollBar()->setValue(300);
+    const auto view = shown(path, QSize(300, 200));
+    view->body()->scrollBar()->setValue(300);
     write(QStringLiteral("growing.log"), lines + "the last\n");
     EXPECT_TRUE(QTest::qWaitFor([&] {
-        const auto *body = qobject_cast<TextBody *>(view.body());
+        const auto *body = qobject_cast<TextBody *>(view->body());
         return body && body->plainText().endsWith(QStringLiteral("the last\n"));
     }));
-    EXPECT_EQ(view.body()->scrollBar()->value(), 300);
+    EXPECT_EQ(view->body()->scrollBar()->value(), 300);
 }
 
 TEST_F(PreviewTest, aViewFollowsItsFile)

@@ -207,14 +207,6 @@ TEST_F(WelcomeRig, itsPagesSayOfAShortcutThatIsTurnedOffThatItIs)
               (QStringList{QStringLiteral("(turned off)"), QStringLiteral("(turned off)")}));
 }
 
-TEST_F(WelcomeRig, copiesAreRecordedDuringTheSession)
-{
-    launchAnd([this] {
-        copy(QStringLiteral("meanwhile"));
-        EXPECT_EQ(clips(), QStringList{QStringLiteral("meanwhile")});
-    });
-}
-
 TEST_F(WelcomeRig, eachLeavingOfTheFirstPageAppliesTheLoginBox)
 {
     const QString us = memory.loginItems.applicationPath().value();
@@ -351,14 +343,6 @@ TEST_F(WelcomeRig, thePageSlidesInUnlessTheDesktopWantsNothingToMove)
         EXPECT_EQ(slider->page()->x(), 0);
         EXPECT_TRUE(slider->page()->isVisible());
     });
-}
-
-TEST_F(WelcomeRig, theTourStartsFromTheLastPage)
-{
-    complete();
-    welcome.view()->tourButton->click();
-    EXPECT_FALSE(welcome.window()->isVisible());
-    EXPECT_TRUE(delegate.window()->isVisible());
 }
 
 TEST_F(WelcomeRig, itsControlsHaveTheirNames)

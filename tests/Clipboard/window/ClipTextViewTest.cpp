@@ -17,10 +17,12 @@
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 TEST(ClipTextView, aTextOfUsualSizeIsShownWhole)
 {
     ClipTextView view;
-    const QString text = QStringLiteral("one\ntwo  \n\n\tthree שלום 🎉");
+    const QString text = u"one\ntwo  \n\n\tthree שלום 🎉"_s;
     view.setString(text);
     EXPECT_EQ(view.toPlainText(), text);
     EXPECT_TRUE(view.moreLabel()->isHidden());
@@ -38,7 +40,7 @@ TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
     };
     const QString lines = QString(99, u'x') + u'\n';
     const Row kRows[] = {
-        {"a line beyond the default limit", QString(4'001, u'x') + QStringLiteral("\nend"), 4'005},
+        {"a line beyond the default limit", QString(4'001, u'x') + u"\nend"_s, 4'005},
         {"many lines", lines.repeated(5'000), 500'000},
         {"lines and a long one among them",
          lines + QString(300'000, u'y') + u'\n' + lines.repeated(200), 320'101},
@@ -46,12 +48,10 @@ TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
         {"one byte more", lines.repeated(kMax / 100 + 1).left(kMax + 1), kMax},
         {"characters of two bytes", QString(kMax / 2 + 7, u'é'), kMax / 2},
         {"lines that end in their own ways",
-         (QString(25'000, u'x') + QStringLiteral("\r\na\u2029\rb ")).repeated(9), 9 * 25'007},
-        {"a character of four bytes across the bound",
-         QString(kMax - 2, u'x') + QStringLiteral("🎉🎉"), kMax - 2},
+         (QString(25'000, u'x') + u"\r\na\u2029\rb "_s).repeated(9), 9 * 25'007},
+        {"a character of four bytes across the bound", QString(kMax - 2, u'x') + u"🎉🎉"_s, kMax - 2},
         {"and across what is shown at once",
-         QString(ClipTextView::kShownAtOnce - 1, u'x') + QStringLiteral("🎉🎉"),
-         ClipTextView::kShownAtOnce + 3},
+         QString(ClipTextView::kShownAtOnce - 1, u'x') + u"🎉🎉"_s, ClipTextView::kShownAtOnce + 3},
         {"five million characters on one line", QString(5'000'000, u'x'), kMax},
     };
     for (const Row &row : kRows) {
@@ -60,8 +60,7 @@ TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
         view.setString(row.text);
         EXPECT_LE(view.toPlainText().size(), ClipTextView::kShownAtOnce) << row.name;
         QString shown = row.text.left(row.shown);
-        shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
-            .replace(QRegularExpression(QStringLiteral("[\r\u2029]")), QStringLiteral("\n"));
+        shown.replace(u"\r\n"_s, u"\n"_s).replace(QRegularExpression(u"[\r\u2029]"_s), u"\n"_s);
         const auto copied = [&view] {
             view.selectAll();
             return TextField::of(&view)->selectedText();
@@ -79,7 +78,7 @@ TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
             << row.name << ": " << view.moreLabel()->text().toStdString();
         for (QTextBlock block = view.document()->begin(); block.isValid(); block = block.next())
             EXPECT_LE(block.length() - 1, ClipTextView::kShownAtOnce) << row.name;
-        view.setString(QStringLiteral("short"));
+        view.setString(u"short"_s);
         QCoreApplication::processEvents();
         EXPECT_EQ(view.toPlainText().toStdString(), "short") << row.name;
         EXPECT_TRUE(view.moreLabel()->isHidden()) << row.name;
@@ -89,7 +88,7 @@ TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)
 TEST(ClipTextView, aLongLineReadsTheWayItBegan)
 {
     ClipTextView view;
-    view.setString(QStringLiteral("שלום ") + QString(12'000, u'x') + QStringLiteral("\nend"));
+    view.setString(u"שלום "_s + QString(12'000, u'x') + u"\nend"_s);
     ASSERT_TRUE(QTest::qWaitFor([&] { return view.document()->blockCount() == 3; }));
     const QTextBlock second = view.document()->begin().next();
     EXPECT_EQ(second.textDirection(), Qt::RightToLeft);
@@ -99,8 +98,8 @@ TEST(ClipTextView, aLongLineReadsTheWayItBegan)
 TEST(ClipTextView, whatCannotBeDrawnDoesNotHideWhatFollows)
 {
     ClipTextView view;
-    view.setString(QStringLiteral("before") + QChar(u'\0') + QStringLiteral("after"));
-    EXPECT_EQ(view.toPlainText(), QStringLiteral("before\uFFFDafter"));
+    view.setString(u"before"_s + QChar(u'\0') + u"after"_s);
+    EXPECT_EQ(view.toPlainText(), u"before\uFFFDafter"_s);
 }
 
 TEST(ClipRowDelegate, aRowShowsSomethingToRecognise)
@@ -112,21 +111,20 @@ TEST(ClipRowDelegate, aRowShowsSomethingToRecognise)
         QString shown;
     };
     const Row kRows[] = {
-        {"plain text", QStringLiteral("plain text"), QStringLiteral("plain text")},
-        {"leading blanks of all kinds", QStringLiteral(" \t\r\u2028\u00a0 word"),
-         QStringLiteral("word")},
-        {"inner breaks become blanks", QStringLiteral("a\r\tb\u2029c"), QStringLiteral("a  b c")},
-        {"only blanks", QStringLiteral(" \t "), QStringLiteral("(blank)")},
+        {"plain text", u"plain text"_s, u"plain text"_s},
+        {"leading blanks of all kinds", u" \t\r\u2028\u00a0 word"_s, u"word"_s},
+        {"inner breaks become blanks", u"a\r\tb\u2029c"_s, u"a  b c"_s},
+        {"only blanks", u" \t "_s, u"(blank)"_s},
         {"the rest of a long text is not looked at", QString(1'000'000, u'x'), QString(400, u'x')},
-        {"no half of a character", QString(399, u'x') + QStringLiteral("🎉"), QString(399, u'x')},
+        {"no half of a character", QString(399, u'x') + u"🎉"_s, QString(399, u'x')},
     };
     for (const Row &row : kRows)
         EXPECT_EQ(ClipRowDelegate::recognisableText(row.text), row.shown) << row.name;
-    EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("\n one\r\n two\n\nthree \n")),
-              QStringLiteral("one⏎ two⏎⏎three"));
-    EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("\n")), QStringLiteral("(blank)"));
-    EXPECT_EQ(ClipRowDelegate::textOnOneLine(QStringLiteral("1\uFE0F\u20E3 \u2764\uFE0F")),
-              QStringLiteral("1\u20E3 \u2764\uFE0F"));
+    EXPECT_EQ(ClipRowDelegate::textOnOneLine(u"\n one\r\n two\n\nthree \n"_s),
+              u"one⏎ two⏎⏎three"_s);
+    EXPECT_EQ(ClipRowDelegate::textOnOneLine(u"\n"_s), u"(blank)"_s);
+    EXPECT_EQ(ClipRowDelegate::textOnOneLine(u"1\uFE0F\u20E3 \u2764\uFE0F"_s),
+              u"1\u20E3 \u2764\uFE0F"_s);
 }
 
 TEST(SearchField, emojiComeFromTheColourFontAndAreTypedAround)
@@ -148,14 +146,14 @@ TEST(SearchField, emojiComeFromTheColourFontAndAreTypedAround)
         }
         return false;
     };
-    field.setText(QStringLiteral("love"));
+    field.setText(u"love"_s);
     EXPECT_FALSE(isColored());
     // Fonts of letters have this one, too, in outline.
-    field.insert(QStringLiteral("\u2764\uFE0F"));
+    field.insert(u"\u2764\uFE0F"_s);
     EXPECT_TRUE(isColored());
     QTest::keyClick(&field, Qt::Key_Home);
-    QTest::keyClicks(&field, QStringLiteral("my "));
-    EXPECT_EQ(field.text(), QStringLiteral("my love\u2764\uFE0F"));
+    QTest::keyClicks(&field, u"my "_s);
+    EXPECT_EQ(field.text(), u"my love\u2764\uFE0F"_s);
     EXPECT_EQ(field.cursorPosition(), 3);
     EXPECT_TRUE(isColored());
     QTest::keyClick(&field, Qt::Key_End);
@@ -166,11 +164,10 @@ TEST(SearchField, emojiComeFromTheColourFontAndAreTypedAround)
 
 TEST_F(WindowRig, aRowDrawsTheLineBreaksThatItsTextHasNot)
 {
-    add(QStringLiteral("  one\ntwo"));
+    add(u"  one\ntwo"_s);
     delegate.launch();
-    EXPECT_EQ(controller->drawnText(0), QStringLiteral("one\ntwo"));
-    EXPECT_EQ(controller->tableView(ViewController::TableColumn::Value, 0),
-              QStringLiteral("onetwo"));
+    EXPECT_EQ(controller->drawnText(0), u"one\ntwo"_s);
+    EXPECT_EQ(controller->tableView(ViewController::TableColumn::Value, 0), u"onetwo"_s);
     EXPECT_EQ(controller->drawnText(1), QString());
 }
 

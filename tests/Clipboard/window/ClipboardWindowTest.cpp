@@ -73,17 +73,6 @@ TEST_F(ClipboardWindowTest, theShadowComesAndGoesWithCompositingAndTheFrameStays
     EXPECT_TRUE(delegate.window()->mask().isEmpty());
 }
 
-TEST_F(ClipboardWindowTest, aWindowThatWasClosedHasTheShapeOfTheDesktopThatItOpensOn)
-{
-    for (const bool isCompositing : {false, true, false}) {
-        memory.windowSpace.setCompositing(isCompositing);
-        delegate.launch();
-        const QRegion shape = delegate.window()->windowHandle()->mask();
-        EXPECT_EQ(shape.boundingRect(), isCompositing ? QRect() : delegate.window()->rect());
-        controller->hide();
-    }
-}
-
 TEST_F(ClipboardWindowTest, aClickIntoTheShadowIsAClickBesideTheWindow)
 {
     delegate.launch();

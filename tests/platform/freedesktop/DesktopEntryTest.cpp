@@ -33,9 +33,7 @@ struct Command
     QStringList words;
 };
 
-class DesktopEntryCommand : public testing::TestWithParam<Command>
-{
-};
+using DesktopEntryCommand = testing::TestWithParam<Command>;
 
 TEST_P(DesktopEntryCommand, isSplitAsQuoted)
 {

@@ -1,6 +1,7 @@
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
 
 #include "support/ExpectedWarnings.h"
+#include "support/FullDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -191,35 +191,13 @@ TEST_F(FreedesktopSettings, aFailedWriteHoldsInMemoryAndIsMadeUpForByTheNext)
     EXPECT_EQ(stored(QStringLiteral("other")), qlonglong(2));
 }
 
-/// No file grows beyond `bytes` while this lives, as on a full disk.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit small{bytes, m_limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_limit = {};
-    void (*m_handler)(int) = nullptr;
-};
-
 TEST_F(FreedesktopSettings, aFullDiskLeavesTheFileAsItWas)
 {
     FreedesktopSettingsStore settings(path());
     settings.setValue(kKey, qlonglong(1));
     const QByteArray before = bytes();
     {
-        const SmallDisk disk(10);
+        const FullDisk disk(10);
         ExpectedWarnings::expect(QStringLiteral("could not be written"));
         settings.setValue(kKey, qlonglong(2));
     }

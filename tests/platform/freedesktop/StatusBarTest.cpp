@@ -127,21 +127,6 @@ TEST_F(StatusNotifierStatusBarTest, aClickOnTheItemOpensItsMenuThere)
     menu.close();
 }
 
-TEST_F(StatusNotifierStatusBarTest, theItemComesBackWhenThePanelIsRestarted)
-{
-    startWatcher(true);
-    showItem(bar);
-    ASSERT_TRUE(becomesVisible(true));
-    ASSERT_TRUE(isRegisteredOnce());
-    for (int restart = 0; restart < 3; ++restart) {
-        watcher->vanish();
-        ASSERT_TRUE(becomesVisible(false));
-        watcher->appear();
-        ASSERT_TRUE(becomesVisible(true));
-        EXPECT_TRUE(isRegisteredOnce());
-    }
-}
-
 TEST_F(StatusNotifierStatusBarTest, aHungPanelHoldsNothingUp)
 {
     startWatcher(true);

@@ -40,9 +40,7 @@ SymbolicHotKey hotKey(quint32 keyCode, quint32 modifiers)
     return {keyCode, modifiers, true};
 }
 
-class GtkText : public testing::TestWithParam<Text>
-{
-};
+using GtkText = testing::TestWithParam<Text>;
 
 TEST_P(GtkText, isThePlaceOfTheKeyAndItsModifiers)
 {
@@ -66,9 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Text{"path", "/org/gnome/custom0/", {}}),
     [](const auto &row) { return std::string(row.param.name); });
 
-class QtText : public testing::TestWithParam<Text>
-{
-};
+using QtText = testing::TestWithParam<Text>;
 
 TEST_P(QtText, isThePlaceOfTheKeyAndItsModifiers)
 {

@@ -101,6 +101,7 @@ TEST_F(X11Kept, anOwnerThatAsksIsToldThatItIsSavedOnceAllIs)
 
 TEST_F(X11Kept, anOwnerThatEmptiesTheClipboardAsItEndsIsOutlivedByWhatItHadSaved)
 {
+    m_stage.stopTime();
     copy(m_owner, document());
     ASSERT_TRUE(isSaved(m_owner));
     m_owner.disown("CLIPBOARD");

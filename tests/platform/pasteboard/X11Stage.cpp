@@ -49,8 +49,11 @@ std::optional<QByteArray> X11Stage::paste(const QByteArray &target, const QByteA
 
 bool X11Stage::isServed(const QByteArray &bytes, const QByteArray &target)
 {
-    return pumpUntil({&m_client}, [this] { return m_client.owner("CLIPBOARD") != 0; }) &&
-           paste(target) == bytes;
+    // A client of its own might get the id of the owner's window that has just gone.
+    const auto isOurs = [this] {
+        return m_client.owner("CLIPBOARD") == m_client.owner("CLIPBOARD_MANAGER");
+    };
+    return pumpUntil({&m_client}, isOurs) && paste(target) == bytes;
 }
 
 void X11Stage::copyElsewhere(const PasteboardContents &contents)

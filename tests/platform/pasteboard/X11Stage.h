@@ -27,7 +27,7 @@ public:
     std::optional<QByteArray> paste(const QByteArray &target,
                                     const QByteArray &selection = "CLIPBOARD");
 
-    /// Whether another client gets these bytes, once somebody owns the clipboard.
+    /// Whether another client gets these bytes, once it is the pasteboard that serves it.
     bool isServed(const QByteArray &bytes, const QByteArray &target = "UTF8_STRING");
 
     // ^PasteboardStage
