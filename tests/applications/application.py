@@ -88,3 +88,27 @@ class Application:
         """The document's text, as the application saves it."""
         desk.key(*self.save_keys)
         return (contents(desk.file("document.txt", None)) or "").removesuffix("\n")
+
+    def _paste(self, desk, key, expected):
+        desk.start()
+        desk.copy_elsewhere(OTHER)
+        desk.paste_from_history(key)
+        desk.wait_for_text(expected)
+
+    def paste(self, desk):
+        self._paste(desk, "Return", OTHER)
+
+    def paste_upper(self, desk):
+        self._paste(desk, "shift+Return", OTHER.upper())
+
+    def paste_lower(self, desk):
+        self._paste(desk, "alt+Return", OTHER.lower())
+
+    @staticmethod
+    def swop_selected(desk, text):
+        """Exchanges the selection, which is that text, for the clip."""
+        desk.app.open_swop()
+        desk.key("Return")
+        desk.app.wait_until_hidden()
+        desk.app.wait_for_clip(text)
+        desk.wait_for_text(OTHER)

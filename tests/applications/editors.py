@@ -17,15 +17,15 @@ class Editor(Application):
         """Many bring their window to the front again once they have read the document, so an empty
         one is waited for until it takes what is typed."""
         if not self.is_filled:
-            desk.wait_for(lambda: self.is_heard(desk), "its attention", 60)
+            desk.desktop.repeat(lambda: self.type_one(desk), lambda: self.is_heard(desk),
+                                "its attention", seconds=60)
             desk.key(self.select_all, "Delete")
 
-    def is_heard(self, desk):
+    def type_one(self, desk):
         desk.app.type("1")
-        try:
-            return desk.wait_for(lambda: set(self.read(desk)) == {"1"}, "", 2)
-        except TimeoutError:
-            return False
+
+    def is_heard(self, desk):
+        return set(self.read(desk)) == {"1"}
 
     def copy_text(self, desk):
         desk.start(TEXT)
@@ -38,55 +38,36 @@ class Editor(Application):
         self.end(desk)
         desk.wait_for(lambda: desk.pasteboard() == TEXT, "the closed application's copy")
 
-    def _paste(self, desk, key, expected):
-        desk.start()
-        desk.copy_elsewhere(OTHER)
-        desk.paste_from_history(key)
-        desk.wait_for_text(expected)
-
-    def paste(self, desk):
-        self._paste(desk, "Return", OTHER)
-
-    def paste_upper(self, desk):
-        self._paste(desk, "shift+Return", OTHER.upper())
-
-    def paste_lower(self, desk):
-        self._paste(desk, "alt+Return", OTHER.lower())
-
     def swop(self, desk):
         desk.copy_elsewhere(OTHER)
         desk.start(TEXT)
         desk.copy_until_recorded(TEXT)
         desk.copy_elsewhere(OTHER)
         self.select(desk)
-        desk.key("super+shift+x")
-        desk.app.wait_until_active(desk.app.window())
-        desk.key("Return")
-        desk.app.wait_until_hidden()
-        desk.app.wait_for_clip(TEXT)
-        desk.wait_for_text(OTHER)
+        self.swop_selected(desk, TEXT)
 
 
-class Vim(Editor):
+class Modal(Editor):
+    """One that takes letters for commands, and is ready when its title says so."""
+
+    def settle(self, desk):
+        desk.wait_for(lambda: "document" in desk.title(), "the document", 60)
+
+
+class Vim(Modal):
     """Tried in its normal mode, in which it starts."""
 
     copy_keys = ("quotedbl", "plus", "y")
     save_keys = ("Escape", "Escape", "colon", "w", "Return")
-
-    def settle(self, desk):
-        desk.wait_for(lambda: "document" in desk.title(), "the document", 60)
 
     def select(self, desk):
         # Without the end of the line, which is no character of the text.
         desk.key("Escape", "g", "g", "v", "G", "g", "underscore")
 
 
-class Emacs(Editor):
+class Emacs(Modal):
     copy_keys = ("alt+w",)
     save_keys = ("ctrl+x", "ctrl+s")
-
-    def settle(self, desk):
-        desk.wait_for(lambda: "document" in desk.title(), "the document", 60)
 
     def select(self, desk):
         desk.key("ctrl+x", "h")
@@ -95,16 +76,12 @@ class Emacs(Editor):
 class CopyReader(Editor):
     """Saves what it holds in a format of its own, or not at all."""
 
-    def is_heard(self, desk):
-        self.type_one(desk)
-        self.copy_all(desk)
-        try:
-            return desk.wait_for(lambda: set(desk.pasteboard() or "") == {"1"}, "", 2)
-        except TimeoutError:
-            return False
-
     def type_one(self, desk):
-        desk.app.type("1")
+        super().type_one(desk)
+        self.copy_all(desk)
+
+    def is_heard(self, desk):
+        return set(desk.pasteboard() or "") == {"1"}
 
     def read(self, desk):
         """By its own copy and a reader that is not ours."""
@@ -158,6 +135,7 @@ class Spreadsheet(RichEditor):
 
     def type_one(self, desk):
         desk.app.type("1\n")
+        self.copy_all(desk)
 
 
 class PasswordSafe(CopyReader):
@@ -204,15 +182,8 @@ class PasswordSafe(CopyReader):
         self.start(desk, "")
         desk.wait_until_in_front(self.window_class)
         self.wait_until_open(desk)
-
-        def is_copied():
-            desk.key("Down", "ctrl+c")
-            try:
-                desk.wait_for(lambda: desk.pasteboard() == self.PASSWORD, "", 2)
-                return True
-            except TimeoutError:
-                return False
-        desk.wait_for(is_copied, "the copied password", 30)
+        desk.desktop.repeat(lambda: desk.key("Down", "ctrl+c"),
+                            lambda: desk.pasteboard() == self.PASSWORD, "the copied password")
         # Changes are examined in order, so this one tells that the password was.
         self.write(desk, TEXT)
         desk.copy_until_recorded(TEXT)

@@ -4,6 +4,7 @@ With APPLICATIONS only those are tried, and the page's other rows stay as they a
 not come out as it should is an error."""
 
 import pathlib
+import re
 import subprocess
 import sys
 import traceback
@@ -16,35 +17,6 @@ from trial import Trial  # noqa: E402
 
 GOOD = "✓"
 PAGE = pathlib.Path("applications.md")
-HEAD = """# With every application
-
-What the real programs of {release} did beside Quillmarsh, each on a desktop of its own: openbox,
-a notification service, a session bus and an empty home. `tests/applications/run` wrote this page; it
-makes a fresh root of the release, installs the package and the applications, and works them by
-their keys, as a person would. To repeat it, as root, with a Debian mirror and 12 GB to spare:
-
-    tools/package
-    tests/applications/run 12                                # everything, in about half an hour
-    tests/applications/run 12 build/package/*.deb kate GIMP  # some, whose rows are written anew
-
-✓: as it should be. –: the application has no such thing; the note says why. Anything else is what
-went wrong.
-
-- **copy text**: a copy by the application's own keys is in the history, under its name.
-- **copy rich**: so is its RTF.
-- **copy files**: so is the copied file, with its path.
-- **close after copy**: the application has closed, and what it had copied can still be pasted, with
-  RTF, HTML or the picture where there was one.
-- **paste**, **paste upper**, **paste lower**: Return, Shift + Return and Alt + Return in the history put
-  the clip, in capitals or in small letters, into the application's document or folder.
-- **swop**: the selection and a clip have changed places.
-
-What is in the document afterwards is read from the file that the application saves, or from its
-own copy by another program. The versions are those of Debian's packages. GVim and Emacs run without
-a configuration; the rows with "beside" are mousepad next to another program that has a part in the
-clipboard.
-
-"""
 
 
 def attempt(application, column):
@@ -73,7 +45,7 @@ def version(package):
 
 
 def earlier_rows():
-    lines = PAGE.read_text(encoding="utf-8").splitlines() if PAGE.exists() else []
+    lines = PAGE.read_text(encoding="utf-8").splitlines()
     rows = ([cell.strip() for cell in line.strip("|").split("|")]
             for line in lines if line.startswith("|"))
     return {row[0]: row for row in rows}
@@ -82,9 +54,12 @@ def earlier_rows():
 def page(release, rows):
     heads = ["application", "version", *(column.replace("_", " ") for column in COLUMNS)]
     lines = [heads, ["---"] * len(heads), *rows]
+    # What stands above the table is the page's own, but for the release.
+    head = re.sub(r"(What the real programs of ).*?( did)", rf"\g<1>{release.replace('-', ' ')}\2",
+                  PAGE.read_text(encoding="utf-8").partition("| application |")[0])
     table = "\n".join("| " + " | ".join(line) + " |" for line in lines)
     notes = "\n".join(f"[^{name}]: {note}" for name, note in NOTES.items())
-    return f"{HEAD.format(release=release.replace('-', ' '))}{table}\n\n{notes}\n"
+    return f"{head}{table}\n\n{notes}\n"
 
 
 def main():

@@ -41,15 +41,9 @@ class PaintProgram(CopyReader):
         desk.process = self.start(desk, "")
         desk.wait_until_in_front(self.window_class)
         self.wait_until_open(desk)
-
-        def is_copied():
-            desk.key(*self.copy_keys)
-            try:
-                desk.wait_for(lambda: "image/png" in (desk.pasteboard("TARGETS") or ""), "", 2)
-                return True
-            except TimeoutError:
-                return False
-        desk.wait_for(is_copied, "the copied picture", 90)
+        desk.desktop.repeat(lambda: desk.key(*self.copy_keys),
+                            lambda: "image/png" in (desk.pasteboard("TARGETS") or ""),
+                            "the copied picture", seconds=90)
         self.quit(desk)
         desk.wait_for(lambda: is_picture_kept(desk), "the closed application's picture")
         return "✓, the picture"

@@ -61,35 +61,12 @@ class Terminal(Application):
     # Where the first word is shown, in pixels from the window's corner.
     first_word = (22, 8)
 
-    def paste(self, desk):
-        desk.start()
-        desk.copy_elsewhere(OTHER)
-        desk.paste_from_history("Return")
-        desk.wait_for_text(OTHER)
-
-    def paste_upper(self, desk):
-        desk.start()
-        desk.copy_elsewhere(OTHER)
-        desk.paste_from_history("shift+Return")
-        desk.wait_for_text(OTHER.upper())
-
-    def paste_lower(self, desk):
-        desk.start()
-        desk.copy_elsewhere(OTHER)
-        desk.paste_from_history("alt+Return")
-        desk.wait_for_text(OTHER.lower())
-
     def select_first_word(self, desk):
-        def is_selected():
-            desk.click(*self.first_word, "--repeat", "2", "--delay", "80")
-            # Another click would be a third one to it, which takes the selection away.
-            try:
-                desk.wait_for(lambda: desk.tell("timeout", "2", "xclip", "-o", "-selection",
-                                                "primary") == TEXT.split()[0], "", 3)
-                return True
-            except TimeoutError:
-                return False
-        desk.wait_for(is_selected, "the selected word")
+        # Another click within three seconds would be a third one to it, which takes the selection away.
+        desk.desktop.repeat(
+            lambda: desk.click(*self.first_word, "--repeat", "2", "--delay", "80"),
+            lambda: desk.tell("timeout", "2", "xclip", "-o", "-selection", "primary")
+            == TEXT.split()[0], "the selected word", each=3)
 
     def _copy(self, desk):
         desk.start(TEXT)
@@ -110,12 +87,7 @@ class Terminal(Application):
         desk.copy_elsewhere(OTHER)
         desk.start(TEXT)
         self.select_first_word(desk)
-        desk.key("super+shift+x")
-        desk.app.wait_until_active(desk.app.window())
-        desk.key("Return")
-        desk.app.wait_until_hidden()
-        desk.app.wait_for_clip(TEXT.split()[0])
-        desk.wait_for_text(OTHER)
+        self.swop_selected(desk, TEXT.split()[0])
 
 
 class FileManager(Application):
@@ -141,18 +113,9 @@ class FileManager(Application):
     def _copy(self, desk):
         desk.start()
         path = desk.file("from/report.txt", None)
-
         keystrokes = itertools.cycle([self.copy_all, *[self.copy_again] * 4])
-
-        def is_recorded():
-            next(keystrokes)(desk)
-            try:
-                desk.wait_for(lambda: [path] == [row[1] for row in
-                                                 desk.app.clips("strValue, filepath")[:1]], "", 2)
-                return True
-            except TimeoutError:
-                return False
-        desk.wait_for(is_recorded, "the copy", 120)
+        desk.desktop.repeat(lambda: next(keystrokes)(desk), lambda: [path] == [
+            row[1] for row in desk.app.clips("strValue, filepath")[:1]], "the copy", seconds=120)
         return path
 
     def copy_files(self, desk):
@@ -169,18 +132,11 @@ class FileManager(Application):
         path = self._copy(desk)
         self.end(desk)
         os.mkdir(desk.file("to", None))
-        desk.process = desk.desktop.start([*self.command, desk.file("to/", None)],
-                                                         quiet=True)
+        desk.process = desk.desktop.start([*self.command, desk.file("to/", None)], quiet=True)
         desk.wait_until_in_front(self.window_class)
         copied = desk.file("to/report.txt", None)
-
-        def is_pasted():
+        def paste_again():
             self.click_ground(desk)
             desk.paste_from_history("Return")
-            try:
-                desk.wait_for(lambda: contents(copied) == TEXT, "", 3)
-                return True
-            except TimeoutError:
-                return False
-        desk.wait_for(is_pasted, "the pasted file", 30)
+        desk.desktop.repeat(paste_again, lambda: contents(copied) == TEXT, "the pasted file", each=3)
         assert os.path.exists(path)

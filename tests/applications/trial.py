@@ -47,14 +47,14 @@ class Trial:
     # The screen
 
     def tell(self, *command):
-        return self.desktop.run(command, capture_output=True, text=True).stdout.strip()
+        return self.desktop.ask(*command)
 
     def picture(self, name):
         self.app.screenshot(os.path.join(os.getcwd(), "pictures", f"{name}.png"))
 
     def active(self):
         """Id and class of the window in front."""
-        window = self.tell("xdotool", "getactivewindow")
+        window = self.desktop.active()
         return window, self.tell("xprop", "-id", window, "WM_CLASS") if window else ""
 
     def title(self):
@@ -70,8 +70,7 @@ class Trial:
 
     def click(self, x, y, *more):
         """In the window in front, in pixels from its corner."""
-        self.tell("xdotool", "mousemove", "--window", self.active()[0], str(x), str(y), "click",
-                  *more, "1")
+        self.desktop.click(self.desktop.active(), x, y, *more)
 
     # The application
 
@@ -115,14 +114,9 @@ class Trial:
 
     def copy_until_recorded(self, text):
         """Copies by the application's own keys, as often as a person would while it still loads."""
-        def is_recorded():
-            self.application.copy_all(self)
-            try:
-                self.app.wait_for_clip(text, 1.5)
-                return True
-            except TimeoutError:
-                return False
-        self.wait_for(is_recorded, f"the copy of {text!r}, newest {self.app.clips()[:1]}", START)
+        self.desktop.repeat(lambda: self.application.copy_all(self),
+                            lambda: self.app.clips()[:1] == [text], f"the copy of {text!r}",
+                            each=1.5, seconds=START)
 
     def paste_from_history(self, *keys):
         self.app.open_history()

@@ -1,61 +1,47 @@
 #include "platform/memory/MemoryPlatform.h"
+#include "platform/x11/X11Connection.h"
 #include "platform/x11/windows/X11WindowSpace.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
 #include "preferenceswindow/FakePane.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
-#include <xcb/xcb.h>
-
-#include <cstdlib>
-#include <memory>
 #include <set>
 #include <vector>
 
 namespace {
 
-template <typename Reply>
-std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply)
-{
-    return {reply, &std::free};
-}
-
 /// Sees the frame that the window manager puts around a window as the X server moves it.
 class FrameWatcher
 {
 public:
-    explicit FrameWatcher(WId window)
+    explicit FrameWatcher(WId window) : m_frame(xcb_window_t(window))
     {
-        m_frame = static_cast<xcb_window_t>(window);
         for (;;) {
-            const auto tree = owned(
-                xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_frame), nullptr));
+            const XcbPointer<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+                m_server.get(), xcb_query_tree(m_server.get(), m_frame), nullptr));
             if (!tree || tree->parent == tree->root)
                 break;
             m_frame = tree->parent;
         }
         const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-        xcb_change_window_attributes(m_connection, m_frame, XCB_CW_EVENT_MASK, &mask);
+        xcb_change_window_attributes(m_server.get(), m_frame, XCB_CW_EVENT_MASK, &mask);
     }
-    FrameWatcher(const FrameWatcher &) = delete;
-    FrameWatcher &operator=(const FrameWatcher &) = delete;
-    ~FrameWatcher() { xcb_disconnect(m_connection); }
 
     QRect current() const
     {
-        const auto told = owned(
-            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_frame), nullptr));
+        const XcbPointer<xcb_get_geometry_reply_t> told(xcb_get_geometry_reply(
+            m_server.get(), xcb_get_geometry(m_server.get(), m_frame), nullptr));
         return told ? QRect(told->x, told->y, told->width, told->height) : QRect();
     }
     /// Every rectangle since the last call, oldest first.
     std::vector<QRect> steps() const
     {
         std::vector<QRect> seen;
-        while (const auto event = owned(xcb_poll_for_event(m_connection))) {
+        while (const XcbPointer<xcb_generic_event_t> event{xcb_poll_for_event(m_server.get())}) {
             if ((event->response_type & 0x7f) != XCB_CONFIGURE_NOTIFY)
                 continue;
             const auto *told = reinterpret_cast<xcb_configure_notify_event_t *>(event.get());
@@ -65,8 +51,8 @@ public:
     }
 
 private:
-    xcb_connection_t *m_connection = xcb_connect(nullptr, nullptr);
-    xcb_window_t m_frame = 0;
+    X11Connection m_server;
+    xcb_window_t m_frame;
 };
 
 TEST(PreferencesAnimation, growsAndShrinksInManyStepsWithoutMovingTheTopOrTheMiddle)
@@ -90,11 +76,8 @@ TEST(PreferencesAnimation, growsAndShrinksInManyStepsWithoutMovingTheTopOrTheMid
     watcher.steps();
     const QSize decoration = first.size() - window.size();
     for (FakePane *pane : {&low, &tall}) {
-        QElapsedTimer timer;
-        timer.start();
         controller.toolbarItemAction(pane->preferenceIdentifier());
         ASSERT_TRUE(QTest::qWaitFor([&] { return controller.activeViewController() == pane; }));
-        const qint64 elapsed = timer.elapsed();
         ASSERT_TRUE(QTest::qWaitFor(
             [&] { return watcher.current().size() == window.size() + decoration; }));
 
@@ -105,11 +88,9 @@ TEST(PreferencesAnimation, growsAndShrinksInManyStepsWithoutMovingTheTopOrTheMid
             heights.insert(step.height());
         }
         RecordProperty("steps", static_cast<int>(heights.size()));
-        RecordProperty("milliseconds", static_cast<int>(elapsed));
         // More than a jump from one size to the other; how many more is the machine's business
         // and is recorded above.
         EXPECT_GE(heights.size(), 4U);
-        EXPECT_GE(elapsed, 240);
     }
     EXPECT_EQ(watcher.current(), first);
 }

@@ -3,7 +3,6 @@ applications around it. On a failure the screen is kept beside the test's log.""
 
 import os
 import pathlib
-import subprocess
 import sys
 import unittest
 
@@ -17,7 +16,6 @@ from quillmarsh import BUNDLE, Quillmarsh, contents, copy, pasteboard  # noqa: E
 
 BINARY = os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh")
 QT_EDITOR = os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor")
-PYTHON = "/usr/bin/python3"
 
 
 class Journey(unittest.TestCase):
@@ -71,10 +69,8 @@ class Journey(unittest.TestCase):
         """A text window of our own ("gtk" or "qt") with the keyboard; returns the path of the
         file that holds its text."""
         path = self.file(f"{kind}.txt")
-        command = [QT_EDITOR] if kind == "qt" else [PYTHON, str(SUPPORT / "gtk_editor.py")]
-        process = self.desktop.start([*command, path, *arguments], stdout=subprocess.PIPE,
-                                     stderr=subprocess.DEVNULL, text=True)
-        self.assertEqual(process.stdout.readline(), "ready\n")
+        process = (self.desktop.helper("gtk_editor.py", path, *arguments) if kind == "gtk" else
+                   self.desktop.start([QT_EDITOR, path, *arguments], quiet=True))
         # The window manager gives the keyboard first and says so afterwards.
         self.wait_for(lambda: self.desktop.ask("xdotool", "getactivewindow", "getwindowpid")
                       == str(process.pid), f"the {kind} editor in front")

@@ -30,25 +30,17 @@ class CopyJourney(Journey):
         self.wait_for(lambda: pasteboard(self.desktop) == "gone but not forgotten",
                       "the adopted text")
 
-    def test_owners_that_hang_stall_or_die_disturb_nobody(self):
-        for mode in ("hang", "stall", "die"):
-            with self.subTest(mode):
-                owner = self.owner(mode)
-                started = time.monotonic()
-                self.app.open_history()
-                self.assertLess(time.monotonic() - started, 1.0)
-                self.app.close()
-                self.copy(f"after {mode}")
-                owner.kill()
-                owner.wait()
-        self.assertEqual(len(self.app.clips()), 3)
-
-    def test_a_secret_and_a_huge_text_are_not_recorded(self):
-        self.owner("serve", "--secret", "hunter2")
-        self.copy("between")
-        self.owner("large", 50_000_000)
+    def test_an_owner_that_hangs_disturbs_nobody(self):
+        self.owner("hang")
+        started = time.monotonic()
         self.app.open_history()
+        self.assertLess(time.monotonic() - started, 1.0)
         self.app.close()
         self.copy("after")
-        self.assertEqual(self.app.clips(), ["after", "between"])
+        self.assertEqual(self.app.clips(), ["after"])
+
+    def test_a_secret_is_not_recorded(self):
+        self.owner("secret", "hunter2")
+        self.copy("after")
+        self.assertEqual(self.app.clips(), ["after"])
         self.assertNotIn("hunter2", "\n".join(self.app.log))

@@ -1,18 +1,14 @@
 """Copied files in the history window: each kind looked at, found, opened, and missed when gone."""
 
-import hashlib
 import os
 import pathlib
 import shutil
 import sqlite3
-import subprocess
-import unittest
 import urllib.parse
 
 from journey import BINARY, HeldKeys, Journey, Quillmarsh, copy
 
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
-SCREENSHOTS = os.environ.get("QUILLMARSH_SCREENSHOTS")
 PAPER_PART = (320, 60, 380, 290)  # of the window: within the preview, above its separator
 BUTTONS_PART = (325, 410, 300, 40)  # the warning or the buttons
 WARNING = "A85700"
@@ -79,17 +75,6 @@ class PreviewJourney(Journey):
             ["xdotool", "search", "--onlyvisible", "--name", f"^{title}", "windowactivate",
              "--sync"], capture_output=True).returncode == 0, f"the file manager at {folder}")
 
-    def press_until(self, keys, condition, what):
-        """A file manager does not say when it has read a folder and can be asked."""
-        def pressed():
-            self.app.key(*keys)
-            try:
-                return self.wait_for(condition, what, 1)
-            except TimeoutError:
-                return False
-
-        self.wait_for(pressed, what, 20)
-
     def test_files_copied_in_a_file_manager_are_pasted_into_another_folder(self):
         source, target = self.file("Source"), self.file("Target")
         os.mkdir(source)
@@ -97,8 +82,8 @@ class PreviewJourney(Journey):
         for name in ("drawing.svg", "clear.png"):
             shutil.copy(SAMPLES / name, source)
         self.file_manager(source)
-        self.press_until(("ctrl+a", "ctrl+c"), lambda: self.app.clips("filepath, strValue")[:1],
-                         "the copied files")
+        self.desktop.repeat(lambda: self.app.key("ctrl+a", "ctrl+c"),
+                            lambda: self.app.clips("filepath, strValue")[:1], "the copied files")
         # Of several files the first is kept, and the names of all.
         path, text = self.app.clips("filepath, strValue")[0]
         names = sorted(os.listdir(source))
@@ -134,63 +119,3 @@ class PreviewJourney(Journey):
         keys.release("down")
         self.app.close()
         self.assertEqual(self.app.quit(), 0)
-
-    def film(self):
-        """A film, or what passes for one, of which a file manager has made a thumbnail."""
-        film = pathlib.Path(self.file("Harbour.mp4"))
-        film.write_bytes(bytes(4096))
-        thumbnails = pathlib.Path(self.desktop.environment["XDG_CACHE_HOME"], "thumbnails/large")
-        thumbnails.mkdir(parents=True)
-        name = hashlib.md5(film.as_uri().encode()).hexdigest()
-        subprocess.run(["convert", "-size", "256x144", "plasma:navy-orange", "-blur", "0x4", "-set",
-                        "Thumb::MTime", str(int(film.stat().st_mtime)), thumbnails / f"{name}.png"],
-                       check=True)
-        return film
-
-    def every_kind(self):
-        """A file of each kind, by the kind's name."""
-        folder = pathlib.Path(self.file("Holiday"))
-        (folder / "Letters").mkdir(parents=True)
-        for number in range(1, 13):
-            (folder / f"Picture {number}.jpg").write_bytes(b"x" * 4000 * number)
-        photo, clear = self.file("Meadow.jpg"), self.file("Glass.png")
-        subprocess.run(["convert", "-size", "1600x1000", "plasma:seagreen-gold", "-blur", "0x9",
-                        photo], check=True)
-        subprocess.run(["convert", "-size", "300x200", "radial-gradient:red-transparent", clear],
-                       check=True)
-        letter = pathlib.Path(self.file("Letter.txt"))
-        letter.write_text("Dear reader,\n\n" + "this is a letter of some length. " * 40)
-        blob = pathlib.Path(self.file("firmware.bin"))
-        blob.write_bytes(bytes(50_000))
-        gone = pathlib.Path(self.file("Gone.txt"))
-        gone.touch()
-        return {
-            "photo": photo, "transparency": clear, "drawing": self.sample("drawing.svg"),
-            "text": letter, "code": shutil.copy(__file__, self.file("journey.py")),
-            "markdown": shutil.copy(SAMPLES.parents[2] / "README.md", self.file("README.md")),
-            "page": self.sample("page.html"), "document": self.sample("pages.pdf"),
-            "folder": folder, "archive": shutil.make_archive(
-                self.file("Holiday"), "gztar", self.desktop.home, folder.name),
-            "font": shutil.copy("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf",
-                                self.file("Serif.ttf")),
-            "film": self.film(), "card": blob, "missing": gone}
-
-    @unittest.skipUnless(SCREENSHOTS, "only for those who want pictures")
-    def test_pictures_of_every_kind(self):
-        self.app.quit()
-        portal = self.desktop.helper("portal.py")
-        self.app = Quillmarsh(self.desktop, BINARY)
-        for kind, path in self.every_kind().items():
-            self.copy_file(path)
-            if kind == "missing":
-                path.unlink()
-            for number, scheme in ((2, "light"), (1, "dark")):
-                portal.stdin.write(f"scheme {number}\n")
-                portal.stdin.flush()
-                window = self.app.open_history()
-                paper = "FF" if scheme == "light" else "1E"
-                self.wait_for_colour(window, paper, (325, 445, 300, 8))
-                self.wait_for(lambda: len(self.colours(window)) > 3, "something to look at")
-                picture = pathlib.Path(SCREENSHOTS, f"preview-{kind}-{scheme}.png")
-                self.desktop.run(["convert", self.picture(window, kind), "-strip", picture])
-                self.app.close()

@@ -127,9 +127,10 @@ class Desktop:
 
     def place(self, window):
         """The window's x, y, width and height on the screen."""
-        told = self.ask("xdotool", "getwindowgeometry", "--shell", window)
-        fields = dict(line.split("=") for line in told.split())
-        return [int(fields[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")]
+        told = self.ask("xwininfo", "-id", window)
+        place = dict(line.strip().split(":", 1) for line in told.splitlines() if ": " in line)
+        return [int(place[name]) for name in (
+            "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
 
     def click(self, window, x, y, *more):
         """Into the window, in pixels from its corner."""
@@ -143,6 +144,18 @@ class Desktop:
         if is_ready:
             process.stdout.readline()
         return process
+
+    def repeat(self, action, condition, what, each=2, seconds=30):
+        """Does it again and again until it has come out, for programs that do not say from when on
+        they can be asked."""
+        def has_come_out():
+            action()
+            try:
+                return self.wait_for(condition, what, each)
+            except TimeoutError:
+                return False
+
+        return self.wait_for(has_come_out, what, seconds)
 
     @staticmethod
     def wait_for(condition, what, seconds=10.0):

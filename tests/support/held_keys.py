@@ -4,9 +4,7 @@ do not lift them, so a paste that is disturbed by held modifiers shows."""
 import ctypes
 import os
 
-KEYCODES = {"super": 133, "shift": 50, "control": 37, "alt": 64, "num lock": 77, "caps lock": 66,
-            "1": 10, "v": 55, "x": 53, "return": 36, "down": 116, "escape": 9}
-CORE_KEYBOARD = 0x100
+KEYCODES = {"super": 133, "shift": 50, "v": 55, "x": 53, "return": 36, "down": 116}
 
 
 class _DeviceInfo(ctypes.Structure):
@@ -51,8 +49,3 @@ class HeldKeys:
     def tap(self, name):
         self.press(name)
         self.release(name)
-
-    def lock_group(self, group):
-        """Makes a group of the layout, counted from 0, the one in effect."""
-        self._x11.XkbLockGroup(self._display, CORE_KEYBOARD, group)
-        self._x11.XSync(self._display, 0)

@@ -7,7 +7,6 @@ usage: tour.py QUILLMARSH SCREENSHOT_FOLDER
 
 import os
 import pathlib
-import subprocess
 import sys
 import time
 
@@ -15,7 +14,6 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "support
 from desktop import Desktop  # noqa: E402
 from quillmarsh import Quillmarsh, contents, copy, pasteboard  # noqa: E402
 
-SUPPORT = pathlib.Path(__file__).resolve().parent.parent / "support"
 QUOTE = "Quills were cut from the five outer feathers of the left wing."
 COPIES = [
     "ssh marsh@heron.example.org",
@@ -57,14 +55,11 @@ class Tour:
         self.step("Quillmarsh saved its history and quit")
 
     def welcome(self):
-        self.app.key("super+shift+v")
-        window = self.app.window("Welcome to Quillmarsh")
-        self.app.wait_until_active(window)
+        self.app.open_history(name="Welcome to Quillmarsh")
         self.step("The first Super+Shift+V brings the welcome", "welcome")
         self.app.key("Right", "Right", "Right")
         self.check(lambda: self.app.setting("welcomeWindowShown"), "the welcome's last page")
-        self.app.key("Return")
-        self.app.wait_until_hidden("Welcome to Quillmarsh")
+        self.app.close("Welcome to Quillmarsh", ["Return"])
         self.app.wait_for_clip("Quillmarsh setup complete")
         self.step("Its four pages are read, and it does not come again")
 
@@ -75,10 +70,7 @@ class Tour:
         self.step(f"{len(COPIES)} copies made with xclip are in the history")
 
     def open_editor(self):
-        editor = self.desktop.start(
-            ["/usr/bin/python3", str(SUPPORT / "gtk_editor.py"), self.note],
-            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        editor.stdout.readline()
+        self.desktop.helper("gtk_editor.py", self.note)
         self.step("A GTK editor has the keyboard", "editor")
 
     def paste(self):
@@ -103,8 +95,7 @@ class Tour:
     def swop(self):
         self.app.wait_until_hidden()
         self.app.key("shift+Home")
-        self.app.key("super+shift+x")
-        self.app.wait_until_active(self.app.window())
+        self.app.open_swop()
         self.app.type("thursday")
         self.app.key("Return")
         self.check(lambda: contents(self.note) == f"{QUOTE}\n{COPIES[3]}", "the exchanged text")

@@ -18,12 +18,12 @@ import gi
 gi.require_version("GdkPixbuf", "2.0")
 from gi.repository import GdkPixbuf  # noqa: E402
 
-SUPPORT = pathlib.Path(__file__).resolve().parent.parent / "support"
-sys.path.insert(0, str(SUPPORT))
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parents[1] / "tests/support"))
 from desktop import Desktop  # noqa: E402
 from quillmarsh import Quillmarsh, contents, copy  # noqa: E402
 
-SCENE = pathlib.Path(__file__).resolve().parent.parent / "data" / "tour" / "marsh.svg"
+SCENE = HERE / "marsh.svg"
 WIDTH, HEIGHT = 1000, 667
 LETTER = "Dear Ada,\n\non Saturday we meet at "
 COPIES = [
@@ -48,8 +48,7 @@ class Film:
         self.letter = str(self.home / "letter.txt")
         self.frames = []
         # With a panel there is nothing to tell about a missing one.
-        desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "panel.py")], stdin=subprocess.PIPE,
-                      stdout=subprocess.DEVNULL)
+        desktop.helper("panel.py", is_ready=False, stdout=subprocess.DEVNULL)
         self.app = Quillmarsh(desktop, binary)
 
     def captured(self):
@@ -107,8 +106,7 @@ class Film:
         self.app.key("Down")
         self.shoot_still("history.png")
         self.shoot(2, "and a copied file shows itself", "Down")
-        self.app.key("Escape")
-        self.app.wait_until_hidden()
+        self.app.close()
         self.swop()
         self.app.quit()
         self.assemble()
@@ -128,13 +126,10 @@ class Film:
             copy(self.desktop, text)
             self.app.wait_for_clip(text)
         copy(self.desktop, picture.as_uri() + "\r\n", "text/uri-list")
-        self.app.wait_for_clip(picture.name)
+        self.app.wait_for_clip(str(picture))
 
     def write_letter(self):
-        editor = self.desktop.start(
-            ["/usr/bin/python3", str(SUPPORT / "gtk_editor.py"), self.letter, LETTER],
-            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        editor.stdout.readline()
+        self.desktop.helper("gtk_editor.py", self.letter, LETTER)
         self.desktop.run(["xdotool", "search", "--name", "GTK editor", "windowsize", "--sync",
                           "640", "380", "windowmove", "180", "120", "set_window", "--name",
                           "letter.txt"])
@@ -143,8 +138,7 @@ class Film:
     def swop(self):
         self.app.key(*["ctrl+shift+Left"] * 4)
         self.shoot(1.6, "Changed your mind? Select it …", "Shift", "Left")
-        self.app.key("super+shift+x")
-        self.app.wait_until_active(self.app.window())
+        self.app.open_swop()
         self.app.type("boat")
         self.shoot(1.6, "… and swop it with a clip", "Super", "Shift", "X")
         self.app.key("Return")

@@ -11,6 +11,7 @@ program that knows a test's address, build/dev/tests/desktop/quillmarsh_updatabl
 """
 
 import argparse
+import hashlib
 import os
 import pathlib
 import shutil
@@ -19,14 +20,14 @@ import subprocess
 import sys
 import time
 
-SUPPORT = pathlib.Path(__file__).resolve().parent.parent / "support"
-sys.path.insert(0, str(SUPPORT))
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests/support"))
 from accessible import Accessible  # noqa: E402
 from contrast import Picture, contrast_of_writing  # noqa: E402
 from desktop import Desktop  # noqa: E402
 from quillmarsh import Quillmarsh, copy  # noqa: E402
 
-PREVIEWS = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
+PREVIEWS = ROOT / "tests/data/preview"
 LEAST = 4.5
 LEAST_OF_SIGNS = 3
 SIZE = (1100, 720)
@@ -59,13 +60,8 @@ class Screens:
         screen = "x".join(str(int(side * self.scale)) for side in SIZE)
         with Desktop(screen=screen) as self.desktop:
             self.desktop.run(["xsetroot", "-solid", "#6f8f86"])
-            self.portal = self.desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "portal.py")],
-                                             stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                             text=True)
-            self.portal.stdout.readline()
-            self.panel = self.desktop.start(["/usr/bin/python3", "-B", str(SUPPORT / "panel.py")],
-                                            stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
-                                            text=True)
+            self.portal = self.desktop.helper("portal.py")
+            self.panel = self.desktop.helper("panel.py", is_ready=False, stdout=subprocess.DEVNULL)
             if self.options.accent:
                 self.order("accent " + self.options.accent.replace(",", " "))
             self.order("scheme 1")
@@ -80,8 +76,7 @@ class Screens:
         return self.failures
 
     def order(self, line):
-        self.portal.stdin.write(line + "\n")
-        self.portal.stdin.flush()
+        print(line, file=self.portal.stdin, flush=True)
 
     def start(self, welcomed, binary=None):
         self.app = Quillmarsh(self.desktop, binary or self.options.binary, {
@@ -91,7 +86,7 @@ class Screens:
         }, welcomed=welcomed)
 
     def words(self, *command):
-        return self.desktop.run(["xdotool", *command], capture_output=True, text=True).stdout.split()
+        return self.desktop.ask("xdotool", *command).split()
 
     def active_window(self):
         """The window of ours that has the keyboard, whatever its title in this language."""
@@ -137,10 +132,7 @@ class Screens:
         self.settled(before=shown)
 
     def place(self, window):
-        told = self.desktop.run(["xwininfo", "-id", window], capture_output=True, text=True).stdout
-        place = dict(line.strip().split(":", 1) for line in told.splitlines() if ": " in line)
-        width, height, x, y = (int(place[name]) for name in (
-            "Width", "Height", "Absolute upper-left X", "Absolute upper-left Y"))
+        x, y, width, height = self.desktop.place(window)
         return f"{width}x{height}+{x}+{y}"
 
     def measure(self, name, picture):
@@ -170,9 +162,9 @@ class Screens:
 
     def hide(self):
         self.app.key("Escape")
-        self.desktop.wait_for(lambda: self.desktop.run(
-            ["xdotool", "search", "--onlyvisible", "--pid", str(self.app.process.pid)],
-            capture_output=True).returncode != 0, "all windows to close")
+        self.desktop.wait_for(
+            lambda: not self.words("search", "--onlyvisible", "--pid", str(self.app.process.pid)),
+            "all windows to close")
 
     def welcome_and_tour(self):
         self.start(welcomed=False)
@@ -195,11 +187,51 @@ class Screens:
             copy(self.desktop, text)
             self.app.wait_for_clip(text)
 
-    def copy_file(self, name):
-        path = pathlib.Path(self.desktop.home, name)
-        shutil.copy(PREVIEWS / name, path)
-        copy(self.desktop, path.as_uri() + "\r\n", "text/uri-list")
-        self.app.wait_for_clip(path.name)
+    def path(self, name):
+        return pathlib.Path(self.desktop.home, name)
+
+    def sample(self, name):
+        return shutil.copy(PREVIEWS / name, self.path(name))
+
+    def film(self):
+        """A film, or what passes for one, of which a file manager has made a thumbnail."""
+        film = self.path("Harbour.mp4")
+        film.write_bytes(bytes(4096))
+        thumbnails = pathlib.Path(self.desktop.environment["XDG_CACHE_HOME"], "thumbnails/large")
+        thumbnails.mkdir(parents=True)
+        name = hashlib.md5(film.as_uri().encode()).hexdigest()
+        subprocess.run(["convert", "-size", "256x144", "plasma:navy-orange", "-blur", "0x4", "-set",
+                        "Thumb::MTime", str(int(film.stat().st_mtime)), thumbnails / f"{name}.png"],
+                       check=True)
+        return film
+
+    def files(self):
+        """A file of each kind, by the kind's name."""
+        folder = self.path("Holiday")
+        (folder / "Letters").mkdir(parents=True)
+        for number in range(1, 13):
+            (folder / f"Picture {number}.jpg").write_bytes(b"x" * 4000 * number)
+        photo, clear = self.path("Meadow.jpg"), self.path("Glass.png")
+        subprocess.run(["convert", "-size", "1600x1000", "plasma:seagreen-gold", "-blur", "0x9",
+                        photo], check=True)
+        subprocess.run(["convert", "-size", "300x200", "radial-gradient:red-transparent", clear],
+                       check=True)
+        letter = self.path("Letter.txt")
+        letter.write_text("Dear reader,\n\n" + "this is a letter of some length. " * 40)
+        blob = self.path("firmware.bin")
+        blob.write_bytes(bytes(50_000))
+        gone = self.path("Gone.txt")
+        gone.touch()
+        return {
+            "photo": photo, "transparency": clear, "drawing": self.sample("drawing.svg"),
+            "text": letter, "code": shutil.copy(__file__, self.path("screens.py")),
+            "markdown": shutil.copy(ROOT / "README.md", self.path("README.md")),
+            "page": self.sample("page.html"), "document": self.sample("pages.pdf"),
+            "folder": folder, "archive": shutil.make_archive(
+                self.path("Holiday"), "gztar", self.desktop.home, folder.name),
+            "font": shutil.copy("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf",
+                                self.path("Serif.ttf")),
+            "film": self.film(), "card": blob, "missing": gone}
 
     def open(self):
         self.app.key("super+shift+v")
@@ -221,10 +253,14 @@ class Screens:
         self.app.type("zz")
         self.shoot("history-nothing")
         self.hide()
-        for name in ("notes.md", "drawing.svg", "pages.pdf"):
-            self.copy_file(name)
+        for kind, path in self.files().items():
+            copy(self.desktop, pathlib.Path(path).as_uri() + "\r\n", "text/uri-list")
+            self.desktop.wait_for(lambda: self.app.clips("filepath, strValue")[0][0] == str(path),
+                                  f"the clip of {path}")
+            if kind == "missing":
+                path.unlink()
             self.open()
-            self.shoot("file-" + name.rpartition(".")[2])
+            self.shoot("preview-" + kind)
             self.hide()
 
     def preferences(self):
@@ -242,8 +278,7 @@ class Screens:
 
     def dialogs(self):
         for view, title in zip(("updates", "feedback"), MENU.get(self.language, ())):
-            self.panel.stdin.write(f"{self.app.process.pid}\t{title}\n")
-            self.panel.stdin.flush()
+            print(self.app.process.pid, title, sep="\t", file=self.panel.stdin, flush=True)
             self.active_window()
             self.shoot("dialog-" + view)
             self.hide()
@@ -256,9 +291,8 @@ class Screens:
         self.app.process.send_signal(signal.SIGSEGV)
         self.app.process.wait(10)
         self.start(welcomed=True, binary=self.options.test_build)
-        dialog = self.desktop.run(["xdotool", "search", "--sync", "--onlyvisible", "--pid",
-                                   str(self.app.process.pid)], capture_output=True, text=True)
-        self.desktop.run(["xdotool", "windowactivate", "--sync", dialog.stdout.split()[-1]])
+        dialog = self.words("search", "--sync", "--onlyvisible", "--pid", str(self.app.process.pid))[-1]
+        self.desktop.run(["xdotool", "windowactivate", "--sync", dialog])
         self.active_window()
         self.shoot("dialog-problem-report")
 
