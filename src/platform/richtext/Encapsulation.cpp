@@ -4,8 +4,8 @@
 
 namespace {
 
-/// To change from one side to the other and back takes some forty characters.
-constexpr int kWorthSharing = 48;
+/// To change from one side to the other and back takes some thirty characters.
+constexpr int kWorthSharing = 36;
 /// Enough to be the same text, not just a like one.
 constexpr qsizetype kAnchor = 16;
 /// A head with its style sheet lies before the first text.
@@ -61,7 +61,8 @@ void Encapsulation::carryUpTo(qsizetype place)
     if (place <= m_carried)
         return;
     setOnlyShown(false);
-    m_markup.addRaw("{\\*\\htmltag0 ");
+    m_markup.addRaw("{");
+    m_markup.addWord("\\*\\htmltag0");
     m_source.write(QStringView(m_source.text).sliced(m_carried, place - m_carried), &m_markup);
     m_markup.addRaw("}");
     m_carried = place;

@@ -131,7 +131,7 @@ QString HtmlElements::attribute(const char *name, const QString &value)
                            : u' ' + QLatin1String(name) + QStringLiteral("=\"") + value + u'"';
 }
 
-QString HtmlElements::attributesOf(const HtmlToken &token, Role role)
+QString HtmlElements::attributesOf(const HtmlToken &token, Role role, const QString &alignment)
 {
     static const QSet<QString> kAlignments{QStringLiteral("left"), QStringLiteral("right"),
                                            QStringLiteral("center"), QStringLiteral("justify")};
@@ -141,7 +141,7 @@ QString HtmlElements::attributesOf(const HtmlToken &token, Role role)
     if (role == Role::Inline)
         return {};
     QString attributes;
-    const QString align = value("align").toString().toLower();
+    const QString align = alignment.isEmpty() ? value("align").toString().toLower() : alignment;
     if (role != Role::Table && kAlignments.contains(align))
         attributes += attribute("align", align);
     if (value("dir").compare(QLatin1String("rtl"), Qt::CaseInsensitive) == 0)

@@ -20,8 +20,9 @@ QString tagOf(const QString &name, Role role);
 /// What an element looks like besides its style, as a style.
 QString looksOf(const HtmlToken &token);
 
-/// Those of its other attributes that are kept, to be written in a tag.
-QString attributesOf(const HtmlToken &token, Role role);
+/// Those of its other attributes that are kept, to be written in a tag. An alignment that its
+/// style has is one of them: as a style the toolkit does not know all of them.
+QString attributesOf(const HtmlToken &token, Role role, const QString &alignment);
 QString attribute(const char *name, const QString &value);
 
 /// Whether the text of an element is left out as well.

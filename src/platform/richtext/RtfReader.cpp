@@ -1,7 +1,6 @@
 #include "platform/richtext/RtfReader.h"
 
 #include <QSet>
-#include <QUrl>
 
 #include <algorithm>
 
@@ -9,11 +8,10 @@ namespace {
 
 /// Writers nest some ten.
 constexpr qsizetype kDeepest = 500;
-constexpr qsizetype kMostColours = 10'000;
-constexpr qsizetype kMostFonts = 10'000;
 constexpr qsizetype kLongestCollected = 4096;
 constexpr qsizetype kMostBytes = 4096;
 constexpr int kMostSkipped = 16;
+constexpr size_t kMostCodePages = 32;
 
 /// Groups that hold no text of the body, where no star says so.
 const QSet<QByteArray> &skippedGroups()
@@ -166,10 +164,18 @@ void RtfReader::readWord(const RtfToken &token)
         m_state.destination = Destination::Skipped;
         return;
     }
-    if (m_state.destination == Destination::Fonts || m_state.destination == Destination::Colours ||
-        m_state.destination == Destination::Styles) {
-        readInTable(word, token);
+    switch (m_state.destination) {
+    case Destination::Fonts:
+        m_tables.readFontWord(word, token);
         return;
+    case Destination::Colours:
+        m_tables.readColourWord(word, token);
+        return;
+    case Destination::Styles:
+        m_tables.readStyleWord(word, token);
+        return;
+    default:
+        break;
     }
     if (!readText(word, token) && !readCharacters(word, token))
         readParagraph(word, token);
@@ -192,42 +198,6 @@ bool RtfReader::readDestination(const QByteArray &word)
         return false;
     m_state.destination = Destination::Skipped;
     return true;
-}
-
-void RtfReader::readInTable(const QByteArray &word, const RtfToken &token)
-{
-    switch (m_state.destination) {
-    case Destination::Fonts:
-        if (word == "f") {
-            m_font = token.number;
-            if (m_fonts.size() < kMostFonts)
-                m_fonts.insert(m_font, Font{m_defaultCodePage});
-        } else if (const auto font = m_fonts.find(m_font); font != m_fonts.end()) {
-            if (word == "fcharset")
-                font->codePage = CodePage::ofFontCharset(token.number, m_defaultCodePage);
-            else if (word == "cpg")
-                font->codePage = token.number;
-            else if (word == "fmodern")
-                font->isFixed = true;
-        }
-        break;
-    case Destination::Colours: {
-        const QRgb known = m_colour.value_or(qRgb(0, 0, 0));
-        const int value = std::clamp(token.number, 0, 255);
-        if (word == "red")
-            m_colour = qRgb(value, qGreen(known), qBlue(known));
-        else if (word == "green")
-            m_colour = qRgb(qRed(known), value, qBlue(known));
-        else if (word == "blue")
-            m_colour = qRgb(qRed(known), qGreen(known), value);
-        break;
-    }
-    default:
-        if (word == "s")
-            m_style = token.number;
-        else if (word == "outlinelevel" && token.number >= 0 && token.number < 6)
-            m_headings.insert(m_style, token.number + 1);
-    }
 }
 
 bool RtfReader::readText(const QByteArray &word, const RtfToken &token)
@@ -259,12 +229,6 @@ bool RtfReader::readText(const QByteArray &word, const RtfToken &token)
 bool RtfReader::readCharacters(const QByteArray &word, const RtfToken &token)
 {
     RtfHtml::Characters &characters = m_state.characters;
-    const auto colour = [&]() -> std::optional<QRgb> {
-        // The first of the table is the reader's own, and black is what that is on paper.
-        if (token.number <= 0 || token.number >= m_colours.size())
-            return std::nullopt;
-        return m_colours.at(token.number);
-    };
     if (word == "b") {
         characters.isBold = isOn(token);
     } else if (word == "i") {
@@ -282,14 +246,14 @@ bool RtfReader::readCharacters(const QByteArray &word, const RtfToken &token)
     } else if (word == "fs") {
         characters.halfPoints = token.hasNumber ? std::clamp(token.number, 2, 400) : 24;
     } else if (word == "cf") {
-        characters.colour = colour();
+        characters.colour = m_tables.colour(token.number);
     } else if (word == "chcbpat" || word == "cb" || word == "highlight") {
-        characters.ground = colour();
+        characters.ground = m_tables.colour(token.number);
     } else if (word == "v") {
         m_state.isHidden = isOn(token);
     } else if (word == "f") {
         m_state.font = token.number;
-        characters.isFixed = m_fonts.value(token.number, Font{0}).isFixed;
+        characters.isFixed = m_tables.font(token.number).isFixed;
     } else if (word == "plain") {
         const QString address = characters.address;
         characters = {};
@@ -314,7 +278,7 @@ bool RtfReader::readParagraph(const QByteArray &word, const RtfToken &token)
     else if (word == "pard")
         paragraph = {};
     else if (word == "s")
-        paragraph.heading = m_headings.value(token.number);
+        paragraph.heading = m_tables.headingOf(token.number);
     else if (word == "outlinelevel")
         paragraph.heading = token.number >= 0 && token.number < 6 ? token.number + 1 : 0;
     else if (word == "ls")
@@ -326,13 +290,13 @@ bool RtfReader::readParagraph(const QByteArray &word, const RtfToken &token)
     else if (word == "rtlpar" || word == "ltrpar")
         paragraph.isRightToLeft = word == "rtlpar";
     else if (word == "ansicpg")
-        m_defaultCodePage = token.number;
+        m_tables.setCodePage(token.number);
     else if (word == "mac")
-        m_defaultCodePage = 10000;
+        m_tables.setCodePage(10000);
     else if (word == "pc" || word == "pca")
-        m_defaultCodePage = word == "pc" ? 437 : 850;
+        m_tables.setCodePage(word == "pc" ? 437 : 850);
     else if (word == "deff")
-        m_defaultFont = token.number;
+        m_tables.setDefaultFont(token.number);
     else
         return false;
     return true;
@@ -389,22 +353,14 @@ void RtfReader::addBytes(QByteArrayView bytes)
         return;
     for (const char byte : bytes.sliced(skipped)) {
         if (m_state.destination == Destination::Colours) {
-            if (byte == ';' && m_colours.size() < kMostColours) {
-                m_colours.append(m_colour.value_or(0));
-                m_colour.reset();
-            }
+            if (byte == ';')
+                m_tables.endColour();
             continue;
         }
         m_bytes += byte;
     }
     if (m_bytes.size() > kMostBytes)
         flushBytes();
-}
-
-int RtfReader::codePage() const
-{
-    const int font = m_state.font < 0 ? m_defaultFont : m_state.font;
-    return m_fonts.value(font, Font{m_defaultCodePage}).codePage;
 }
 
 void RtfReader::flushBytes()
@@ -418,12 +374,13 @@ void RtfReader::flushBytes()
         addCharacters(QString::fromLatin1(bytes));
         return;
     }
-    auto page = m_codePages.find(codePage());
+    const int number = m_tables.font(m_state.font).codePage;
+    auto page = m_codePages.find(number);
     if (page == m_codePages.end()) {
         // A document names a few; one that names thousands has them made again.
-        if (m_codePages.size() > 32)
+        if (m_codePages.size() > kMostCodePages)
             m_codePages.clear();
-        page = m_codePages.emplace(codePage(), CodePage(codePage())).first;
+        page = m_codePages.emplace(number, CodePage(number)).first;
     }
     addCharacters(page->second.decoded(bytes));
 }
@@ -441,11 +398,7 @@ void RtfReader::addCharacters(const QString &text)
             m_collected += text;
         break;
     case Destination::Styles:
-        if (text.startsWith(QLatin1String("heading "), Qt::CaseInsensitive)) {
-            const int level = text.mid(8, 1).toInt();
-            if (level > 0 && level <= 6)
-                m_headings.insert(m_style, level);
-        }
+        m_tables.nameStyle(text);
         break;
     default:
         break;

@@ -2,10 +2,10 @@
 
 #include "platform/richtext/CodePage.h"
 #include "platform/richtext/RtfHtml.h"
+#include "platform/richtext/RtfTables.h"
 #include "platform/richtext/RtfTokens.h"
 
 #include <QByteArray>
-#include <QHash>
 #include <QList>
 
 #include <map>
@@ -33,12 +33,6 @@ private:
         bool isHidden = false;
     };
 
-    struct Font
-    {
-        int codePage;
-        bool isFixed = false;
-    };
-
     explicit RtfReader(const QByteArray &rtf) : m_tokens(rtf) {}
 
     std::optional<QByteArray> read();
@@ -47,7 +41,6 @@ private:
     void readWord(const RtfToken &token);
     void readSymbol(const RtfToken &token);
     bool readDestination(const QByteArray &word);
-    void readInTable(const QByteArray &word, const RtfToken &token);
     bool readText(const QByteArray &word, const RtfToken &token);
     bool readCharacters(const QByteArray &word, const RtfToken &token);
     bool readParagraph(const QByteArray &word, const RtfToken &token);
@@ -55,7 +48,6 @@ private:
     void addBytes(QByteArrayView bytes);
     void addCharacters(const QString &text);
     void flushBytes();
-    int codePage() const;
 
     RtfTokens m_tokens;
     RtfHtml m_html;
@@ -66,14 +58,7 @@ private:
     int m_left = 0;     ///< Characters to be skipped yet.
     QByteArray m_bytes; ///< Not decoded yet.
 
-    int m_defaultCodePage = CodePage::kWestern;
-    int m_defaultFont = 0;
+    RtfTables m_tables;
     std::map<int, CodePage> m_codePages;
-    QHash<int, Font> m_fonts;
-    int m_font = 0; ///< Being defined.
-    QList<QRgb> m_colours;
-    std::optional<QRgb> m_colour;
-    QHash<int, int> m_headings; ///< Level from 1, by style.
-    int m_style = 0;            ///< Being defined.
-    QString m_collected;        ///< Of an instruction or a list's marker.
+    QString m_collected; ///< Of an instruction or a list's marker.
 };

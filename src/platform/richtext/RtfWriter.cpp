@@ -91,6 +91,12 @@ std::optional<Special> specialOf(char16_t character)
     }
 }
 
+/// Mails are laid out in tables of one column, which the tables in them are worth more than.
+bool isFrameOnly(const QTextTable &table)
+{
+    return table.columns() == 1 && !table.childFrames().isEmpty();
+}
+
 bool isFixed(const QTextCharFormat &format)
 {
     const QStringList families = format.fontFamilies().toStringList();
@@ -101,7 +107,8 @@ bool isFixed(const QTextCharFormat &format)
 
 void RtfWriter::write(const QTextDocument &document)
 {
-    m_body.addWord("\\pard\\plain");
+    // Said once more than needed: for some scripts readers have another usual size.
+    m_body.addWord("\\pard\\plain\\fs24");
     writeFrame(document.rootFrame()->begin(), Place::Page);
 }
 
@@ -141,6 +148,11 @@ void RtfWriter::writeBlock(const QTextBlock &block, Place place)
 
 void RtfWriter::writeTable(const QTextTable &table, Place place)
 {
+    if (place == Place::Page && isFrameOnly(table)) {
+        for (int row = 0; row < table.rows(); ++row)
+            writeFrame(table.cellAt(row, 0).begin(), place);
+        return;
+    }
     if (place == Place::Page) {
         if (!m_isFirst)
             m_body.addWord("\\par");
@@ -199,9 +211,8 @@ QByteArray RtfWriter::paragraphWords(const QTextBlock &block, Place place)
         words += word("\\s", level) + word("\\outlinelevel", level - 1);
     }
     if (const QTextList *list = block.textList()) {
-        const int level = RtfLists::levelOf(*list);
-        words += word("\\ls", m_lists.numberOf(*list)) + word("\\ilvl", level) +
-                 word("\\fi-360\\li", (level + 1) * 720);
+        // The table of lists has their indents.
+        words += word("\\ls", m_lists.numberOf(*list)) + word("\\ilvl", RtfLists::levelOf(*list));
     } else if (const int space = std::clamp(int(format.leftMargin()), 0, 400); space > 0) {
         words += word("\\li", space * kTwipsAPixel);
     }

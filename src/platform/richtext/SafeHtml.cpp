@@ -10,11 +10,13 @@ namespace {
 /// The toolkit walks up from each element; pages are some 30 deep.
 constexpr qsizetype kDeepest = 100;
 /// Laying out a table in a table takes a multiple of the time each.
-constexpr qsizetype kDeepestTable = 3;
+constexpr qsizetype kDeepestTable = 2;
 /// A list is indented by each.
 constexpr qsizetype kDeepestList = 9;
 /// The toolkit makes a cell of each place in the grid, empty ones too.
 constexpr int kMostCells = 20'000;
+/// Where less is written for less time, cells are what takes most of it.
+constexpr qsizetype kCharactersACell = 30;
 constexpr int kMostColumns = 100;
 constexpr int kMostSpanned = 50;
 /// Each cell that spans others has the toolkit go through the grid.
@@ -29,14 +31,21 @@ int numberOf(QStringView value, int most)
     return std::clamp(value.trimmed().toInt(), 1, most);
 }
 
-/// A style but for one property.
-QString without(const QString &style, QLatin1String property)
+/// Takes a property out of a style; gives its value, empty where there is none.
+QString taken(QLatin1String property, QString *style)
 {
+    if (!style->contains(property))
+        return {};
+    QString value;
     QString left;
-    for (const QString &declaration : style.split(u';', Qt::SkipEmptyParts))
-        if (!declaration.startsWith(property))
+    for (const QString &declaration : style->split(u';', Qt::SkipEmptyParts)) {
+        if (declaration.startsWith(property))
+            value = declaration.mid(property.size() + 1);
+        else
             left += declaration + u';';
-    return left;
+    }
+    *style = left;
+    return value;
 }
 
 } // namespace
@@ -50,6 +59,8 @@ SafeHtml::Result SafeHtml::of(QStringView source, qsizetype mostCharacters)
 
 void SafeHtml::read(qsizetype mostCharacters)
 {
+    m_mostCells =
+        static_cast<int>(std::min<qsizetype>(mostCharacters / kCharactersACell, kMostCells));
     qsizetype left = kMostElements;
     for (HtmlToken token; !m_isComplete && m_tokens.next(&token);) {
         const qsizetype room = mostCharacters - m_result.html.size();
@@ -186,7 +197,7 @@ bool SafeHtml::fitsCell(const HtmlToken &token)
         table.reaches.append({columns, rows - 1});
     const int wanted = table.columnsOfRow + columns;
     const int most = std::max(table.columns, wanted);
-    if (most > kMostColumns || most * table.rows > kMostCells)
+    if (most > kMostColumns || most * table.rows > m_mostCells)
         return false;
     table.columns = most;
     table.columnsOfRow = wanted;
@@ -206,8 +217,8 @@ bool SafeHtml::fits(const HtmlToken &token, Role role)
         return std::count_if(m_tables.begin(), m_tables.end(),
                              [](const Table &other) { return other.isKept; }) < kDeepestTable;
     case Role::Row:
-        if (!table || !table->isKept || table->rows >= kMostCells ||
-            (table->rows + 1) * table->columns > kMostCells)
+        if (!table || !table->isKept || table->rows >= m_mostCells ||
+            (table->rows + 1) * table->columns > m_mostCells)
             return false;
         ++table->rows;
         table->columnsOfRow = reachedInto(*table);
@@ -255,8 +266,11 @@ SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role, bool isKept)
     // A page's own colours are for all that was not copied of it.
     if (token.name == QStringLiteral("body") || token.name == QStringLiteral("html"))
         style.clear();
-    if (role != Role::Inline)
-        style = without(style, QLatin1String("background-color"));
+    QString alignment;
+    if (role != Role::Inline) {
+        taken(QLatin1String("background-color"), &style);
+        alignment = taken(QLatin1String("text-align"), &style);
+    }
     const Element *outer = m_open.isEmpty() ? nullptr : &m_open.back();
     element.isHidden = style.contains(QLatin1String("display:none")) || (outer && outer->isHidden);
     element.keepsSpace =
@@ -268,7 +282,7 @@ SafeHtml::Element SafeHtml::made(const HtmlToken &token, Role role, bool isKept)
                                : QLatin1String(role == Role::Cell ? "span" : "div");
     element.opening = u'<' + tag + HtmlElements::attribute("style", style);
     if (isKept)
-        element.opening += HtmlElements::attributesOf(token, role);
+        element.opening += HtmlElements::attributesOf(token, role, alignment);
     if (isKept && role == Role::Cell)
         element.opening += spans(token);
     element.opening += u'>';

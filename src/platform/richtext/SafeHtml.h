@@ -78,6 +78,7 @@ private:
     Result m_result;
     QList<Element> m_open;
     QList<Table> m_tables;
+    int m_mostCells = 0;
     int m_spanning = 0; ///< Cells that span others.
     bool m_isComplete = false;
 };

@@ -103,6 +103,12 @@ TEST(RichText, theRenderingHasTheFormatting)
          "<p><span style=\"color:#0000ff;\"><b>k</b></span></p>"},
         {"<p style='text-align:center'>c<p align=right>r", "<p style=\"text-align:center\">c</p>"
                                                            "<p style=\"text-align:right\">r</p>"},
+        {"<div style='text-align:justify'>a<p>b<div style='text-align:left'>c</div></div>d",
+         "<p style=\"text-align:justify\">a</p><p style=\"text-align:justify\">b</p>"
+         "<p>c</p><p>d</p>"},
+        {"<table><tr><td><table><tr><td>a<td>b</table>c<tr><td>d</table>",
+         "<table border=\"1\" "
+         "cellspacing=\"0\"><tr><td>a</td><td>b</td></tr></table><p>c</p><p>d</p>"},
         {"<h2>h</h2><p>p", "<h2>h</h2><p>p</p>"},
         {"<a href='https://a.example/?b=1&amp;c=\"{'>l</a> <a href='javascript:x()'>j</a>",
          "<p><a href=\"https://a.example/?b=1&amp;c=%22%7B\"><span "
