@@ -196,13 +196,8 @@ def self_test():
     failed = []
     for path, included, expected in CASES:
         with tempfile.TemporaryDirectory() as root:
-            for name in ("history/Store.h", "shortcut/Value.h", "platform/Clock.h",
-                         "platform/Info.h.in", "platform/PlatformLoader.h", "platform/x11/Keys.h",
-                         "platform/freedesktop/Bus.h", "platform/pasteboard/Uris.h",
-                         "platform/QClipboard.h", "platform/richtext/Rtf.h",
-                         "Clipboard/AppDelegate.h", "Clipboard/window/View.h",
-                         "Clipboard/preview/Body.h", "looks/Field.h"):
-                write(root, "src/" + name, ())
+            for name in {name for _, names, _ in CASES for name in names} - {"Clock.h"}:
+                write(root, "src/" + name.replace("Info.h", "Info.h.in"), ())
             write(root, "src/history/Item.h", ("history/Store.h",))
             write(root, "src/" + path, included)
             told = check(root)

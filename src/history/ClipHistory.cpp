@@ -6,6 +6,8 @@
 #include "history/SearchPattern.h"
 #include "platform/Clock.h"
 
+#include <QDeadlineTimer>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -82,7 +84,7 @@ void ClipHistory::fetch()
 
 void ClipHistory::workWhileIdle()
 {
-    m_index.work(kIdleSlice);
+    m_index.work([slice = QDeadlineTimer(kIdleSlice)] { return slice.hasExpired(); });
     if (!m_index.isComplete())
         return;
     m_idleTimer.stop();

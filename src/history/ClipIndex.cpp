@@ -4,7 +4,6 @@
 #include "history/FoldedText.h"
 #include "history/SearchPattern.h"
 
-#include <QElapsedTimer>
 #include <QHashFunctions>
 
 #include <algorithm>
@@ -38,11 +37,8 @@ void ClipIndex::enqueue(const ClipContext::Items &items)
     }
 }
 
-void ClipIndex::work(std::chrono::nanoseconds limit)
+void ClipIndex::work(const std::function<bool()> &isLate)
 {
-    QElapsedTimer timer;
-    timer.start();
-    const auto isLate = [&] { return std::chrono::nanoseconds(timer.nsecsElapsed()) >= limit; };
     while (m_next < m_queue.size() && !(m_next % kItemsBetweenLooks == 0 && isLate()))
         read(*m_queue[m_next++]);
     m_context.closeTextStart();
@@ -53,7 +49,7 @@ void ClipIndex::work(std::chrono::nanoseconds limit)
 void ClipIndex::finish()
 {
     if (!isComplete())
-        work(std::chrono::nanoseconds::max());
+        work([] { return false; });
 }
 
 void ClipIndex::read(ClipItem &item)

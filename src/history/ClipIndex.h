@@ -5,8 +5,8 @@
 #include <QByteArrayView>
 #include <QString>
 
-#include <chrono>
 #include <cstddef>
+#include <functional>
 
 class ClipItem;
 class SearchPattern;
@@ -24,8 +24,8 @@ public:
     /// be read, whatever was known of them.
     void enqueue(const ClipContext::Items &items);
     bool isComplete() const { return m_queue.empty(); }
-    /// Reads texts until `limit` has passed or all are known.
-    void work(std::chrono::nanoseconds limit);
+    /// Reads texts until `isLate`, which is asked now and then, or all are known.
+    void work(const std::function<bool()> &isLate);
     void finish();
 
     /// A clip with a text that is known already.

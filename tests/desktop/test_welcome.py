@@ -82,18 +82,6 @@ class Login(WelcomeJourney):
         self.assertIsNone(self.app.window(wait=False))
         self.assertIsNone(self.app.window(WELCOME, wait=False))
 
-    def test_what_cannot_be_written_is_told_and_the_welcome_goes_on(self):
-        folder = self.autostart.parent
-        folder.mkdir(parents=True)
-        self.autostart.mkdir()  # A folder in the entry's place; root is refused by nothing else.
-        (folder / "broken.desktop").write_bytes(b"\xfe" * 1000)
-        self.show_welcome()
-        self.to_the_last_page()
-        self.app.wait_for_log("could not be written")
-        self.assertIn("Unknown login application", self.app.log)
-        self.app.open_history()
-
-
 class Tour(WelcomeJourney):
     def test_the_tour_is_offered_at_the_end_and_leaves_the_history_usable(self):
         path = self.editor("gtk")

@@ -17,11 +17,7 @@ def step(told):
 
 
 def is_terminal_in_front(desktop):
-    def tell(*command):
-        return desktop.run(command, capture_output=True, text=True).stdout
-
-    window = tell("xdotool", "getactivewindow").strip()
-    return "XTerm" in tell("xprop", "-id", window, "WM_CLASS")
+    return "XTerm" in desktop.ask("xprop", "-id", desktop.active(), "WM_CLASS")
 
 
 def paste_into_terminal(desktop, app):
@@ -45,9 +41,8 @@ def activate(desktop):
     bus.get_object(BUNDLE, "/org/quillmarsh/Quillmarsh", introspect=False).ActivateAction(
         "preferences", dbus.Array([], signature="v"), dbus.Dictionary({}, signature="sv"),
         dbus_interface="org.freedesktop.Application")
-    desktop.wait_for(lambda: desktop.run(
-        ["xdotool", "search", "--onlyvisible", "--name", "^Preferences$"],
-        capture_output=True).stdout, "the preferences")
+    desktop.wait_for(lambda: desktop.ask("xdotool", "search", "--onlyvisible", "--name",
+                                         "^Preferences$"), "the preferences")
 
 
 def written(home):

@@ -105,12 +105,6 @@ TEST_F(SingleInstanceTest, whatComesBeforeItIsOpenWaitsInsideOrOutside)
     EXPECT_TRUE(visitors.become({QStringLiteral("swop clicked")}));
 }
 
-TEST_F(SingleInstanceTest, anInstanceThatHangsIsReportedWithinItsSecond)
-{
-    ASSERT_EQ(instance.enter(QString()), Entry::First);
-    EXPECT_EQ(startAgain(QString(), kSoon).get(), Entry::Unreachable);
-}
-
 TEST_F(SingleInstanceTest, noBusIsLaunchedWhereThereIsNone)
 {
     const bool hasBus = !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");

@@ -61,18 +61,6 @@ bool isShownByManager(WId window)
     return connection.firstOf(xcb_window_t(window), state, state) == kNormalState;
 }
 
-TEST(ManagedWindow, aPanelIsNotPartOfTheVisibleFrame)
-{
-    if (!X11ActiveWindow(X11Connection()).isManaged())
-        GTEST_SKIP() << "no window manager";
-    const X11WindowSpace space;
-    const QScreen &screen = *QGuiApplication::primaryScreen();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return space.visibleFrame(screen) == screen.geometry(); }));
-    const Panel panel(48);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&] { return space.visibleFrame(screen) == screen.geometry().adjusted(0, 0, 0, -48); }));
-}
-
 TEST(ManagedWindow, aPanelOnOneScreenLeavesTheOtherWhole)
 {
     if (!X11ActiveWindow(X11Connection()).isManaged())

@@ -192,18 +192,4 @@ TEST_F(X11FrontApplicationTest, theNameIsThatOfTheWindowADialogIsForAndIsKeptWhi
     EXPECT_TRUE(isNamed(QString())) << "ours is in front no more";
 }
 
-TEST_F(X11FrontApplicationTest, theWayBackIsQuick)
-{
-    ForeignWindow target("Target");
-    ASSERT_TRUE(target.show());
-    int ways = 0;
-    for (int i = 0; i < 21; ++i) {
-        ASSERT_TRUE(bringOursToFront());
-        m_ours.hide();
-        // Later than this the window manager would be asked.
-        ways += m_front.returnToTarget(milliseconds(55)) ? 1 : 0;
-    }
-    EXPECT_GT(ways, 10) << "most of the times the window manager would have been asked";
-}
-
 } // namespace
