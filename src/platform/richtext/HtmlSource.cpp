@@ -1,5 +1,7 @@
 #include "platform/richtext/HtmlSource.h"
 
+#include "platform/richtext/HtmlText.h"
+
 #include <QStringConverter>
 #include <QtEndian>
 
@@ -60,6 +62,8 @@ HtmlSource HtmlSource::of(const QByteArray &html)
         source.text = text;
     } else {
         source.text = QString::fromLatin1(html);
+        // What it says that it is, so that its bytes mean the same there.
+        source.codePage = CodePage::bestFor(htmlText(html));
         return source;
     }
     source.codePage = CodePage::bestFor(source.text);
