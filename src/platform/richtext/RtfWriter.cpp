@@ -209,6 +209,9 @@ QByteArray RtfWriter::paragraphWords(const QTextBlock &block, Place place)
     if (const int level = std::min(format.headingLevel(), 6); level > 0) {
         m_headings.insert(level);
         words += word("\\s", level) + word("\\outlinelevel", level - 1);
+    } else if (!m_headings.isEmpty()) {
+        // \pard should say so, but there are readers to which the heading goes on.
+        words += "\\s0";
     }
     if (const QTextList *list = block.textList()) {
         // The table of lists has their indents.
@@ -354,6 +357,6 @@ QByteArray RtfWriter::tables() const
     std::sort(levels.begin(), levels.end());
     for (const int level : levels)
         tables += word("{\\s", level) + word("\\outlinelevel", level - 1) + "\\b" +
-                  word("\\fs", kHeadingHalfPoints[level - 1]) + word(" heading ", level) + ";}";
+                  word("\\fs", kHeadingHalfPoints[level - 1]) + word(" Heading ", level) + ";}";
     return tables + '}' + m_lists.tables();
 }

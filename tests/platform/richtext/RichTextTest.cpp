@@ -144,6 +144,10 @@ TEST(RichText, theRenderingHasTheFormatting)
             << row.html << "\n"
             << made->constData();
     }
+    // Readers that take a style's name as it is written, and keep the style when \pard ends it.
+    const QByteArray headed = RichText::withHtml("<h2>h</h2>p", std::nullopt).value_or("");
+    EXPECT_TRUE(headed.contains(" Heading 2;}") && headed.contains("\\pard\\s0 p"))
+        << headed.data();
 }
 
 QByteArray repeated(const char *html, int count)
