@@ -54,8 +54,8 @@ def may_know(path):
         known = {own, "platform", *FOLDERS[own]}
     elif own.removeprefix("platform/") in ADAPTERS:
         known = {own, *SHARED, "platform"}
-    elif own.startswith("platform/") or own in ROOMS:
-        known = {own, "platform"}
+    elif own in ("history", "platform/pasteboard"):
+        known = {own, "platform", RICH_TEXT}
     else:
         known = {own, "platform"}
     if own in ROOMS_WITH_WIDGETS:
@@ -170,7 +170,8 @@ CASES = (
     ("platform/x11/Keys.cpp", ("platform/pasteboard/Uris.h",), None),
     ("platform/x11/Keys.cpp", ("platform/richtext/Rtf.h",), None),
     ("Clipboard/window/View.h", ("platform/richtext/Rtf.h",), None),
-    ("history/Store.cpp", ("platform/richtext/Rtf.h",), "history may not know platform/richtext"),
+    ("history/Store.cpp", ("platform/richtext/Rtf.h",), None),
+    ("shortcut/View.cpp", ("platform/richtext/Rtf.h",), "shortcut may not know platform/richtext"),
     ("platform/pasteboard/Uris.cpp", ("platform/x11/Keys.h",), "may not know platform/x11"),
     ("history/Store.cpp", ("platform/pasteboard/Uris.h",), "may not know platform/pasteboard"),
     ("platform/Clock.cpp", ("platform/x11/Keys.h",), "platform may not know platform/x11"),

@@ -143,6 +143,7 @@ void ClipHistory::addToClipList(const Clip &clip)
     Clip recorded = clip;
     recorded.text = text;
     recorded.fileNames = clip.fileNames.mid(0, 1);
+    recorded.html.reset();
     m_context.setClip(item, recorded, date);
     if (isNew)
         m_index.add(*item, text);
@@ -158,6 +159,25 @@ void ClipHistory::addToClipList(const Clip &clip)
         removeOldest();
     saveContext();
     loadClipItems();
+    keepHtml(clip, item);
+}
+
+void ClipHistory::keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &item)
+{
+    if (!clip.html)
+        return;
+    m_richTextMaker.make(
+        *clip.html, clip.rtf,
+        [this, weak = std::weak_ptr(item), date = item->createSeconds()](const QString &rtf) {
+            const std::shared_ptr<ClipItem> recorded = weak.lock();
+            // Copied again meanwhile, it may have come without.
+            if (!recorded || !recorded->isInHistory() || recorded->createSeconds() != date)
+                return;
+            Clip whole = recorded->clip();
+            whole.rtf = rtf;
+            m_context.setClip(recorded, whole, date);
+            saveContext();
+        });
 }
 
 /// The moment that an addition gets: never older than the newest clip, whatever the clock was set

@@ -2,6 +2,7 @@
 
 #include "history/ClipContext.h"
 #include "history/ClipIndex.h"
+#include "history/RichTextMaker.h"
 
 #include <QObject>
 #include <QString>
@@ -55,7 +56,8 @@ public:
     void saveContext();
 
     /// Records one copy. A text equal to the latest clip's changes nothing; one that is in the
-    /// history already moves to the top; a full list loses its single oldest clip.
+    /// history already moves to the top; a full list loses its single oldest clip. HTML comes into
+    /// the record, as part of its RTF, a moment later.
     void addToClipList(const Clip &clip);
     static bool isNilOrEmpty(const std::optional<QString> &text);
 
@@ -90,6 +92,7 @@ private:
     void putInOrder(const std::shared_ptr<ClipItem> &item);
     double stamp() const;
     void removeOldest();
+    void keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &item);
     void forget(const std::shared_ptr<ClipItem> &item);
     void workWhileIdle();
     void emptyLog();
@@ -104,6 +107,7 @@ private:
     Items m_found;
     const Items *m_shown = &m_found; ///< The list: m_history or m_found.
     std::shared_ptr<ClipItem> m_lastClipItem;
+    RichTextMaker m_richTextMaker;
     QTimer m_idleTimer; ///< Fires while there is nothing else to do.
     QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.
 };

@@ -52,7 +52,7 @@ Clip ClipItem::clip() const
     if (const Clip *clip = unsavedClip())
         return *clip;
     Clip clip(strValue(), std::nullopt, applicationName(), filepath());
-    for (const CopyFormat &format : copyFormats())
+    for (const CopyFormat &format : storedFormats())
         clip.*format.source = m_context ? m_context->format(*this, format) : std::nullopt;
     return clip;
 }

@@ -19,6 +19,8 @@
 
 namespace {
 
+const QString kPlainText = QStringLiteral("plain");
+
 QString formatted(const QString &text, const std::optional<QString> &format)
 {
     if (format == QStringLiteral("upper"))
@@ -99,10 +101,16 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
 
 ClipPaster::Outcome ClipPaster::pasteString(Copy copy, const std::optional<QString> &format)
 {
-    // The other formats keep their stored case on purpose: an application that prefers rich text
-    // pastes the clip as it was copied.
-    if (copy.text)
-        copy.text = formatted(*copy.text, format);
+    if (format == kPlainText)
+        copy.offer = Copy::Offer::PlainText;
+    if (copy.text) {
+        // RTF keeps its stored case on purpose: an application that prefers it pastes the clip as
+        // it was copied. HTML would have every browser do so.
+        const QString text = formatted(*copy.text, format);
+        if (text != *copy.text)
+            copy.offer = Copy::Offer::NoHtml;
+        copy.text = text;
+    }
     if (copy.text && !replaceBy(copy))
         return Outcome::NotWritten;
     m_window.hideApp();

@@ -59,7 +59,8 @@ public:
                HistoryWindow &window, const Waits &waits);
 
     /// Pastes the clip at `row` of the history's current list; a row beyond it is ignored.
-    /// `format` is "upper", "lower" or anything else for the text as it is; files ignore it. When
+    /// `format` is "upper", "lower", "plain" for the text without its formatting, or anything else
+    /// for the clip as it is; files ignore it. When
     /// the target does not come back nothing is typed: the clip stays on the pasteboard and the
     /// user is told. So it is, as the primary selection too, where no keys are known to paste, or
     /// to copy what a swop is about. When the pasteboard cannot be written the user is told, and

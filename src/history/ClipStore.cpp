@@ -65,7 +65,7 @@ std::vector<Column> columnsOf(const ClipChange &change)
     columns.emplace_back("filepath", change.clip->filepath());
     if (change.pk == 0)
         columns.emplace_back("strValue", change.clip->text);
-    for (const CopyFormat &format : copyFormats())
+    for (const CopyFormat &format : storedFormats())
         columns.emplace_back(format.attribute, *change.clip.*format.source);
     return columns;
 }

@@ -26,7 +26,7 @@ std::vector<Attribute> attributes()
     std::vector<Attribute> all{{"id", "INTEGER"},         {"createDate", "REAL"},
                                {"pasteCount", "INTEGER"}, {"applicationName", "TEXT"},
                                {"filepath", "TEXT"},      {"strValue", "TEXT"}};
-    for (const CopyFormat &format : copyFormats())
+    for (const CopyFormat &format : storedFormats())
         all.push_back({format.attribute, "TEXT"});
     return all;
 }

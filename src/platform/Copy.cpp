@@ -1,12 +1,13 @@
 #include "platform/Copy.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
-/// RTF is bytes in a code page that it names itself, so each byte becomes one character and the
-/// source comes back byte for byte.
-QString fromRtf(const QByteArray &bytes)
+/// RTF is bytes in a code page that it names itself, and HTML in whatever encoding, so each byte
+/// becomes one character and the source comes back byte for byte.
+QString fromSource(const QByteArray &bytes)
 {
     return QString::fromLatin1(bytes);
 }
@@ -27,6 +28,25 @@ QByteArray toRtf(const QString &rtf)
     return bytes;
 }
 
+QByteArray toHtml(const QString &html)
+{
+    return html.toLatin1();
+}
+
+qint64 maxRtf(qint64)
+{
+    return std::numeric_limits<qint64>::max();
+}
+
+/// Pages give everything that a text stands in, and would fill the history with markup.
+qint64 maxHtml(qint64 textBytes)
+{
+    constexpr qint64 kMax = 1024 * 1024;
+    constexpr qint64 kAlways = 64 * 1024;
+    constexpr qint64 kPerTextByte = 20;
+    return textBytes > kMax / kPerTextByte ? kMax : std::max(kAlways, textBytes * kPerTextByte);
+}
+
 } // namespace
 
 Copy Copy::withText() const
@@ -43,8 +63,20 @@ const QList<CopyFormat> &copyFormats()
         {&Copy::rtf,
          "rtfValue",
          {QStringLiteral("text/rtf"), QStringLiteral("application/rtf")},
-         &fromRtf,
-         &toRtf},
+         &fromSource,
+         &toRtf,
+         &maxRtf},
+        {&Copy::html, nullptr, {QStringLiteral("text/html")}, &fromSource, &toHtml, &maxHtml},
     };
+    return kFormats;
+}
+
+const QList<CopyFormat> &storedFormats()
+{
+    static const QList<CopyFormat> kFormats = [] {
+        QList<CopyFormat> formats = copyFormats();
+        formats.removeIf([](const CopyFormat &format) { return !format.attribute; });
+        return formats;
+    }();
     return kFormats;
 }

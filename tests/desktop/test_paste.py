@@ -3,7 +3,7 @@
 
 from journey import Journey
 
-RTF = r"{\rtf1 \b Mixed Case}"
+HTML = "<meta charset=\"utf-8\"><p>a <b>Bold</b> {heron} ü\\"
 
 
 class PasteJourney(Journey):
@@ -23,6 +23,21 @@ class PasteJourney(Journey):
             self.paste_with("Return", filter_text="heron")
             self.app.key("Return")
             self.wait_for_text(path, "the heron waits\n")
+
+    def test_what_was_copied_formatted_is_pasted_formatted_unless_its_text_is_changed(self):
+        owner = self.owner("html", HTML, "a Bold heron")
+        self.app.wait_for_clip("a Bold heron")
+        self.wait_for(lambda: self.app.clips("rtfValue")[0], "the HTML in the record")
+        owner.kill()
+        self.editor("gtk")
+        for key, text, html in (("Return", "a Bold heron", HTML),
+                                ("shift+Return", "A BOLD HERON", None)):
+            with self.subTest(key):
+                self.copy("newer")
+                self.paste_with(key, filter_text="bold")
+                self.wait_for(lambda: pasteboard(self.desktop) == text, "the paste")
+                self.assertEqual(pasteboard(self.desktop, "text/html"), html)
+                self.assertIn(r"\b ", pasteboard(self.desktop, "text/rtf"))
 
     def test_the_modifier_still_held_from_shift_return_does_not_reach_the_target(self):
         self.copy("held")

@@ -1,6 +1,8 @@
 #include "history/HistoryRig.h"
+#include "platform/richtext/RichText.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -65,6 +67,37 @@ TEST_F(ClipHistoryTest, aTextCopiedAgainMovesToTheTopAsTheSameClip)
     EXPECT_EQ(first->shortText(), QStringLiteral("A"));
     EXPECT_EQ(first->pasteCount(), 0);
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("A B"));
+}
+
+TEST_F(ClipHistoryTest, htmlComesIntoTheRtfOfItsOwnCopyAMomentLater)
+{
+    const auto copied = [](const char *html, std::optional<QString> rtf = {}) {
+        Clip clip({QStringLiteral("text"), std::move(rtf)}, QStringLiteral("Editor"));
+        if (html)
+            clip.html = QString::fromLatin1(html);
+        return clip;
+    };
+    const auto rtfBytes = [this] { return m_rig.at(0)->rtfValue().value_or(QString()).toLatin1(); };
+    const auto carried = [&](const QByteArray &html) {
+        return QTest::qWaitFor([&] { return RichText::carriedHtml(rtfBytes()) == html; });
+    };
+    m_rig.history.addToClipList(copied("<b>t\xFFxt</b>"));
+    EXPECT_TRUE(carried("<b>t\xFFxt</b>"));
+    m_rig.add(QStringLiteral("between"));
+    const QString rtf = QStringLiteral("{\\rtf1 text}");
+    m_rig.history.addToClipList(copied("<i>text</i>", rtf));
+    EXPECT_TRUE(carried("<i>text</i>"));
+    EXPECT_TRUE(rtfBytes().startsWith("{\\rtf1 text"));
+    // What is made too late for its copy is nobody's.
+    m_rig.add(QStringLiteral("between again"));
+    m_rig.history.addToClipList(copied("<s>text</s>"));
+    m_rig.add(QStringLiteral("between once more"));
+    m_rig.history.addToClipList(copied(nullptr));
+    Clip last({QStringLiteral("last")}, QStringLiteral("Editor"));
+    last.html = QStringLiteral("<u>last</u>");
+    m_rig.history.addToClipList(last);
+    EXPECT_TRUE(carried("<u>last</u>"));
+    EXPECT_EQ(m_rig.at(1)->rtfValue(), std::nullopt);
 }
 
 struct ClockRow

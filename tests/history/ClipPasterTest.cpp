@@ -68,6 +68,7 @@ struct FormatRow
     const char *name;
     std::optional<QString> format;
     QString pasted;
+    Copy::Offer offer = Copy::Offer::Everything; ///< Of a clip with rich text.
 };
 
 class PasteFormat : public ClipPasterTest, public testing::WithParamInterface<FormatRow>
@@ -81,15 +82,20 @@ TEST_P(PasteFormat, changesTheTextAndNeverTheRtf)
     EXPECT_EQ(onPasteboard()->rtf, std::nullopt);
     m_rig.paster.performPaste(kRich, GetParam().format);
     EXPECT_EQ(onPasteboard()->rtf, u"{\\rtf1 Rich}"_s);
+    EXPECT_EQ(onPasteboard()->offer, GetParam().offer);
+    // Pasted without its formatting, the clip does not lose it.
+    m_rig.capture.timeout();
+    EXPECT_EQ(m_rig.at(0)->rtfValue(), u"{\\rtf1 Rich}"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, PasteFormat,
-                         testing::Values(FormatRow{"none", {}, u"Straße"_s},
-                                         FormatRow{"empty", QString(), u"Straße"_s},
-                                         FormatRow{"upper", u"upper"_s, u"STRASSE"_s},
-                                         FormatRow{"lower", u"lower"_s, u"straße"_s},
-                                         FormatRow{"otherCase", u"Upper"_s, u"Straße"_s}),
-                         [](const auto &row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Formats, PasteFormat,
+    testing::Values(FormatRow{"none", {}, u"Straße"_s}, FormatRow{"empty", QString(), u"Straße"_s},
+                    FormatRow{"upper", u"upper"_s, u"STRASSE"_s, Copy::Offer::NoHtml},
+                    FormatRow{"lower", u"lower"_s, u"straße"_s, Copy::Offer::NoHtml},
+                    FormatRow{"plain", u"plain"_s, u"Straße"_s, Copy::Offer::PlainText},
+                    FormatRow{"otherCase", u"Upper"_s, u"Straße"_s}),
+    [](const auto &row) { return std::string(row.param.name); });
 
 TEST_F(ClipPasterTest, theFirstPasteCountsAsZero)
 {

@@ -25,8 +25,10 @@ void collect(QtMsgType type, const QMessageLogContext &, const QString &message)
     }
     if (type != QtWarningMsg && type != QtCriticalMsg)
         return;
-    // What the display-less plug-in says of itself is no fault of the code under test.
-    if (message.startsWith(u"This plugin does not support"))
+    // What the display-less plug-in says of itself is no fault of the code under test, nor is what
+    // newer test libraries say of an event that a read-only field leaves to its surroundings.
+    if (message.startsWith(u"This plugin does not support") ||
+        (message.startsWith(u"Mouse event ") && message.endsWith(u"by receiving widget")))
         return;
     const auto known = std::find_if(g_expected.begin(), g_expected.end(),
                                     [&](const QString &text) { return message.contains(text); });

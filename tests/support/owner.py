@@ -2,6 +2,7 @@
 """A clipboard owner that behaves as told. Prints "owner" once it owns CLIPBOARD.
 
   owner.py secret TEXT              a password manager's copy
+  owner.py html HTML TEXT           a browser's copy
   owner.py brief MILLISECONDS TEXT  copies and exits
   owner.py burst COUNT INTERVAL_MS  COUNT different copies
   owner.py hang                     never answers, marked text neither
@@ -80,6 +81,8 @@ def main():
             owner.own({"UTF8_STRING": f"burst copy {i}".encode()})
             owner.serve(interval / 1000)
             owner.serve_until_fetched(1)
+    elif mode == "html":
+        owner.own({**text, "text/html": words[0].encode()})
     elif mode == "secret":
         owner.own({**text, "x-kde-passwordManagerHint": b"secret"})
     else:

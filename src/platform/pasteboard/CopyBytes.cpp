@@ -1,6 +1,26 @@
 #include "platform/pasteboard/CopyBytes.h"
 
 #include "platform/pasteboard/SelectionText.h"
+#include "platform/richtext/RichText.h"
+
+namespace {
+
+/// The text as HTML, for RTF that has none.
+QByteArray htmlOfText(const QByteArray &text)
+{
+    const QString escaped = SelectionText::fromUtf8(text).toHtmlEscaped();
+    return "<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\">"
+           "<div style=\"white-space: pre-wrap\">" +
+           escaped.toUtf8() + "</div>";
+}
+
+bool isOffered(const CopyFormat &format, Copy::Offer offer)
+{
+    return offer == Copy::Offer::Everything ||
+           (offer == Copy::Offer::NoHtml && format.source != &Copy::html);
+}
+
+} // namespace
 
 CopyBytes CopyBytes::of(const Copy &copy)
 {
@@ -8,9 +28,11 @@ CopyBytes CopyBytes::of(const Copy &copy)
     if (copy.text)
         bytes.text = SelectionText::toUtf8(*copy.text);
     for (const CopyFormat &format : copyFormats()) {
-        if (const std::optional<QString> &source = copy.*format.source)
+        if (const std::optional<QString> &source = copy.*format.source;
+            source && isOffered(format, copy.offer))
             bytes.formats[&format] = format.toBytes(*source);
     }
+    bytes.makesHtml = copy.offer == Copy::Offer::Everything;
     bytes.fileNames = copy.fileNames;
     return bytes;
 }
@@ -65,10 +87,20 @@ QList<CopyBytes::Offer> CopyBytes::offers() const
         const QString latin1 = QStringLiteral("STRING");
         offers.append({latin1, latin1, *text, &SelectionText::utf8ToLatin1});
     }
+    const QByteArray *rtf = nullptr;
     for (const CopyFormat &format : copyFormats()) {
-        if (formats.contains(&format)) {
-            for (const QString &name : format.names)
-                add(name, formats[&format]);
+        const auto bytes = formats.constFind(&format);
+        if (format.source == &Copy::rtf && bytes != formats.cend())
+            rtf = &*bytes;
+        for (const QString &name : format.names) {
+            if (bytes != formats.cend())
+                add(name, *bytes);
+            else if (format.source == &Copy::html && makesHtml && rtf)
+                offers.append(
+                    {name, name, *rtf, [text = text.value_or(QByteArray())](const auto &source) {
+                         const auto html = RichText::htmlOf(source);
+                         return html ? *html : htmlOfText(text);
+                     }});
         }
     }
     return offers;

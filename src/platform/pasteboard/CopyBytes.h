@@ -5,6 +5,8 @@
 
 #include <QHash>
 
+#include <functional>
+
 /// A copy as programs hand it to one another. What another program sent stays in its own bytes,
 /// broken or not, so that it can be served on after its death.
 struct CopyBytes
@@ -15,7 +17,8 @@ struct CopyBytes
         QString name;
         QString type; ///< What the bytes are said to be.
         QByteArray bytes;
-        QByteArray (*convert)(const QByteArray &bytes); ///< Done when asked for; null for nothing.
+        /// Done when asked for; null for nothing.
+        std::function<QByteArray(const QByteArray &bytes)> convert;
     };
 
     /// UTF-8, as it was sent unless it was sent in another encoding.
@@ -26,6 +29,8 @@ struct CopyBytes
     QByteArray uriList;
     QStringList fileNames;
     FileUris::Action fileAction = FileUris::Action::Copy;
+    /// HTML is made of the RTF for those who ask for it, where there is none.
+    bool makesHtml = false;
 
     static CopyBytes of(const Copy &copy);
     Copy copy() const;

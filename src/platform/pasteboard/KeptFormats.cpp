@@ -66,7 +66,6 @@ QList<QStringList> KeptFormats::plan(const QStringList &offered, const QStringLi
     QStringList first = TextFormats::inOrder(wanted).mid(0, 1);
     for (const CopyFormat &format : copyFormats())
         first += format.names;
-    first.append(QStringLiteral("text/html"));
     QList<QStringList> plan;
     for (const QString &name : first) {
         if (wanted.removeOne(name))

@@ -109,12 +109,16 @@ TEST_F(PasteboardContract, filesWithoutATextOfferTheirPathsOneALine)
     EXPECT_EQ(pasted.text, paths);
 }
 
-TEST_F(PasteboardContract, aCopyArrivesWithItsRtfAndFiles)
+TEST_F(PasteboardContract, aCopyArrivesWithItsRichTextAndFiles)
 {
-    const Copy copied{u"text"_s, u"{\\rtf1 text}"_s, {u"/tmp/one"_s, u"/tmp/two"_s}};
+    const Copy copied{u"text"_s,
+                      u"{\\rtf1 text}"_s,
+                      {u"/tmp/one"_s, u"/tmp/two"_s},
+                      u"<b>text</b> \u00ff\u00fe"_s};
     m_stage->copyElsewhere({copied});
     ASSERT_TRUE(m_pasteboard.contents());
     EXPECT_EQ(m_pasteboard.contents()->rtf, copied.rtf);
+    EXPECT_EQ(m_pasteboard.contents()->html, copied.html);
     EXPECT_EQ(m_pasteboard.contents()->fileNames, copied.fileNames);
     EXPECT_FALSE(m_pasteboard.contents()->isOwnWrite);
 }

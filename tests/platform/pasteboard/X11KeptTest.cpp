@@ -137,12 +137,12 @@ TEST_F(X11Kept, aDiscardedOrSecretCopyIsNeitherReadNorSaidToBeSaved)
 {
     copy(m_owner, document(), false);
     EXPECT_FALSE(isSaved(m_owner));
-    EXPECT_EQ(m_owner.requests().count("text/html"), 0);
+    EXPECT_EQ(m_owner.requests().count("image/png"), 0);
     XcbClient::Formats secret = document();
     secret["x-kde-passwordManagerHint"] = "secret";
     copy(m_owner, secret);
     EXPECT_FALSE(isSaved(m_owner));
-    EXPECT_EQ(m_owner.requests().count("text/html"), 0);
+    EXPECT_EQ(m_owner.requests().count("image/png"), 0);
     copy(m_owner, {{"UTF8_STRING", "ignored"}}, false);
     m_owner.die();
     EXPECT_EQ(m_stage.paste("UTF8_STRING"), std::nullopt);
@@ -154,7 +154,7 @@ TEST_F(X11Kept, copiesInARowLeaveNoTimeToReadAllButTheLast)
         copy(m_owner, document());
     ASSERT_TRUE(pumpUntil({&m_owner},
                           [&] { return m_owner.requests().contains("application/x-document"); }));
-    EXPECT_EQ(m_owner.requests().count("text/html"), 1);
+    EXPECT_EQ(m_owner.requests().count("image/png"), 1);
 }
 
 struct LimitRow

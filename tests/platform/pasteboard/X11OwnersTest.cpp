@@ -84,6 +84,28 @@ TEST(X11Owners, anOwnerThatListsNoFormatsIsStillAskedForItsText)
     EXPECT_EQ(stage.change(1, {&owner}).text, u"simple"_s);
 }
 
+TEST(X11Owners, htmlThatWouldFillTheHistoryIsLeftOut)
+{
+    X11Stage stage;
+    XcbClient owner;
+    const struct
+    {
+        qsizetype text, html;
+        bool isRead;
+    } kTable[] = {
+        {1, 64 * 1024, true},  {1, 64 * 1024 + 1, false},    {4000, 80'000, true},
+        {4000, 80'001, false}, {100'000, 1024 * 1024, true}, {100'000, 1024 * 1024 + 1, false},
+    };
+    qint64 count = 0;
+    for (const auto &row : kTable) {
+        owner.own("CLIPBOARD", {{"UTF8_STRING", QByteArray(row.text, 't')},
+                                {"text/html", QByteArray(row.html, 'h')}});
+        const PasteboardContents contents = stage.change(++count, {&owner});
+        EXPECT_EQ(contents.text.value_or(QString()).size(), row.text) << row.html;
+        EXPECT_EQ(contents.html.has_value(), row.isRead) << row.html;
+    }
+}
+
 TEST(X11Owners, aHungOwnerIsGivenUpAfterTwoSeconds)
 {
     X11Stage stage;

@@ -36,6 +36,11 @@ TEST(X11Serving, everyListedFormatIsServedAndEveryOtherRefused)
         {"STRING", "t\xEBxt", "STRING"},
         {"text/rtf", "{\\rtf1}", "text/rtf"},
         {"application/rtf", "{\\rtf1}", "application/rtf"},
+        // Of the text, as there is none in the RTF.
+        {"text/html",
+         "<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\">"
+         "<div style=\"white-space: pre-wrap\">t\xC3\xABxt</div>",
+         "text/html"},
         {"text/uri-list", uri + "\r\n", "text/uri-list"},
         {"x-special/gnome-copied-files", "copy\n" + uri, "x-special/gnome-copied-files"}};
     XcbClient requestor;

@@ -63,6 +63,8 @@ void X11Stage::copyElsewhere(const PasteboardContents &contents)
         formats["UTF8_STRING"] = SelectionText::toUtf8(*contents.text);
     if (contents.rtf)
         formats["text/rtf"] = contents.rtf->toLatin1();
+    if (contents.html)
+        formats["text/html"] = contents.html->toLatin1();
     if (!contents.fileNames.isEmpty())
         formats["text/uri-list"] = FileUris::uriList(contents.fileNames);
     if (contents.isConcealed)
@@ -83,6 +85,8 @@ Copy X11Stage::pasteElsewhere()
         item.text = SelectionText::fromUtf8(*text);
     if (const auto rtf = paste("text/rtf"))
         item.rtf = QString::fromLatin1(*rtf);
+    if (const auto html = paste("text/html"))
+        item.html = QString::fromLatin1(*html);
     item.fileNames = FileUris::filesOfUriList(paste("text/uri-list").value_or(QByteArray()));
     return item;
 }

@@ -120,6 +120,11 @@ void SelectionReader::askNext()
         maxBytes = kMaxTargetBytes;
     else if (request.part == Part::Text || request.part == Part::Rest)
         maxBytes = m_maxBytes;
+    else if (request.part == Part::Format)
+        maxBytes =
+            std::min(maxBytes, copyFormats()
+                                   .at(request.row)
+                                   .maxBytes(m_fetched.copy.text.value_or(QByteArray()).size()));
     m_conversion.ask(m_selection, request.target, m_time, maxBytes);
 }
 
