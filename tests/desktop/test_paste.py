@@ -1,7 +1,7 @@
 """A clip chosen in the history stands in the application that was in front."""
 
 
-from journey import Journey
+from journey import Journey, pasteboard
 
 HTML = "<meta charset=\"utf-8\"><p>a <b>Bold</b> {heron} ü\\"
 
