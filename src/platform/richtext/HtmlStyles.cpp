@@ -173,7 +173,7 @@ QString HtmlStyles::colour(QStringView value)
         const QColor made = fromFunction(name);
         return made.isValid() ? made.name() : QString();
     }
-    if (name == QStringLiteral("transparent") || !QColor::isValidColor(name))
+    if (name == QStringLiteral("transparent") || !QColor::isValidColorName(name))
         return {};
     // A name of the desktop's that is longer than #rrggbb has other places for the same channels.
     if (name.startsWith(u'#') && name.size() != 4 && name.size() != 7)

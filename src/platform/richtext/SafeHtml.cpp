@@ -98,6 +98,9 @@ void SafeHtml::addText(QStringView text)
     const bool keepsSpace = !m_open.isEmpty() && m_open.back().keepsSpace;
     bool hasText = false;
     for (const QChar character : text) {
+        if (m_isAtEdge && !keepsSpace && character.isSpace() && character != QChar::Nbsp)
+            continue;
+        m_isAtEdge = false;
         const char16_t unit = character.unicode();
         // Those that the toolkit's documents have for marks of their own, and NUL and its like.
         const bool isMark = (unit >= 0xFDD0 && unit <= 0xFDEF) || unit == 0xFFFC || unit >= 0xFFFE;
@@ -118,11 +121,22 @@ void SafeHtml::addText(QStringView text)
     m_result.hasText = m_result.hasText || hasText;
 }
 
+/// Of a block, where the toolkit would keep a space, which browsers do not.
+void SafeHtml::reachEdge()
+{
+    m_isAtEdge = true;
+    if (m_open.isEmpty() || m_open.back().keepsSpace)
+        return;
+    while (m_result.html.endsWith(u' ') || m_result.html.endsWith(u'\n'))
+        m_result.html.chop(1);
+}
+
 void SafeHtml::addComment(QStringView comment)
 {
     // What was marked in a page stands between these; before it there is what it stands in.
     if (comment.trimmed() == QStringLiteral("StartFragment")) {
         m_result = {};
+        m_isAtEdge = true;
         for (const Element &element : m_open)
             m_result.html += element.opening;
     } else if (comment.trimmed() == QStringLiteral("EndFragment")) {
@@ -317,6 +331,8 @@ void SafeHtml::open(const HtmlToken &token)
     if (*role == Role::Item)
         countItem();
     const Element element = made(token, *role, isKept);
+    if (!element.isInline())
+        reachEdge();
     m_result.html += element.opening;
     if (*role == Role::Single)
         return;
@@ -346,6 +362,8 @@ void SafeHtml::close(const QString &name)
 void SafeHtml::closeDownTo(qsizetype count)
 {
     while (m_open.size() > count) {
+        if (!m_open.back().isInline())
+            reachEdge();
         m_result.html += m_open.back().closing;
         if (m_open.back().role == Role::Table)
             m_tables.removeLast();

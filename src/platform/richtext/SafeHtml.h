@@ -37,6 +37,8 @@ private:
         bool isHidden = false;
         bool keepsSpace = false;
         int items = 0; ///< Of a list.
+
+        bool isInline() const { return role == Role::Inline || (role == Role::Cell && !isKept); }
     };
 
     /// Of a cell, into the rows after its own.
@@ -59,6 +61,7 @@ private:
 
     void read(qsizetype mostCharacters);
     void addText(QStringView text);
+    void reachEdge();
     void addComment(QStringView comment);
     void open(const HtmlToken &token);
     void close(const QString &name);
@@ -79,6 +82,7 @@ private:
     QList<Element> m_open;
     QList<Table> m_tables;
     int m_mostCells = 0;
-    int m_spanning = 0; ///< Cells that span others.
+    int m_spanning = 0;     ///< Cells that span others.
+    bool m_isAtEdge = true; ///< Of a block, with no text of it yet.
     bool m_isComplete = false;
 };

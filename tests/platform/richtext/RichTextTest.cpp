@@ -116,6 +116,9 @@ TEST(RichText, theRenderingHasTheFormatting)
          "</a> j</p>"},
         {"<ul><li>a<ol><li>b<li>c</ol><li>d</ul>",
          "<ul><li>a<ol><li>b</li><li>c</li></ol></li><li>d</li></ul>"},
+        {"<ul>\n <li> <p>a <b> b</b></p>\n\t<li>\n<p>c </ul>\n&nbsp;d",
+         "<ul><li>a <b>b</b></li><li>c</li></ul><p>\xC2\xA0"
+         "d</p>"},
         {"<table><tr><td>a<td>b<tr><td>c</table>after",
          "<table border=\"1\" cellspacing=\"0\"><tr><td>a</td><td>b</td></tr>"
          "<tr><td>c</td><td></td></tr></table><p>after</p>"},
@@ -123,7 +126,7 @@ TEST(RichText, theRenderingHasTheFormatting)
          "<table><tr><td>"
          "<table><tr><td>a<td>b<tr><td>c</table>d</table>e</table>",
          "<table border=\"1\" cellspacing=\"0\"><tr><td><p>a "
-         "b </p><p>c </p><p>d</p></td></tr></table><p>e</p>"},
+         "b</p><p>c</p><p>d</p></td></tr></table><p>e</p>"},
         {"a<svg/>b<svg><text>no</text></svg>c<object>d<title>no</title>", "<p>abcd</p>"},
         {"<pre>a\n b</pre>", "<p><code>a</code></p><p><code> b</code></p>"},
         {"{\\b} \xC3\xA9 \xE6\x97\xA5 \xF0\x9F\x98\x80 1&lt;2 &amp;amp;<br>&nbsp;x",
