@@ -1291,6 +1291,14 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>Done</source>
         <translation>تم</translation>
     </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>plain text</source>
+        <translation>نصًا عاديًا</translation>
+    </message>
 </context>
 <context>
     <name>TraylessHint</name>

@@ -1247,6 +1247,14 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <source>Done</source>
         <translation>Fertig</translation>
     </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>plain text</source>
+        <translation>reiner Text</translation>
+    </message>
 </context>
 <context>
     <name>TraylessHint</name>

@@ -1247,6 +1247,14 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <source>Done</source>
         <translation>Listo</translation>
     </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>plain text</source>
+        <translation>texto sin formato</translation>
+    </message>
 </context>
 <context>
     <name>TraylessHint</name>

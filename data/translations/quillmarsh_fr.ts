@@ -1247,6 +1247,14 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <source>Done</source>
         <translation>Terminé</translation>
     </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>plain text</source>
+        <translation>texte brut</translation>
+    </message>
 </context>
 <context>
     <name>TraylessHint</name>

@@ -1236,6 +1236,14 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>Done</source>
         <translation>完了</translation>
     </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>plain text</source>
+        <translation>書式なしで</translation>
+    </message>
 </context>
 <context>
     <name>TraylessHint</name>

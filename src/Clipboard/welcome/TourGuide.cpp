@@ -30,6 +30,8 @@ std::array<Content, TourGuide::kPopovers> contents()
         {{TourGuide::tr("Return")}, TourGuide::tr("paste")},
         {{TourGuide::tr("Shift"), TourGuide::tr("Return")}, TourGuide::tr("UPPER CASE")},
         {{TourGuide::tr("Alt"), TourGuide::tr("Return")}, TourGuide::tr("lower case")},
+        {{TourGuide::tr("Ctrl"), TourGuide::tr("Shift"), QStringLiteral("V")},
+         TourGuide::tr("plain text")},
         {{TourGuide::tr("Super"), TourGuide::tr("Backspace")}, TourGuide::tr("delete")},
         {{TourGuide::tr("Esc")}, TourGuide::tr("close")},
     };

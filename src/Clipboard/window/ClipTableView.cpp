@@ -226,7 +226,7 @@ void ClipTableView::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    if (delegate().moveByKey(*event))
+    if (delegate().moveByKey(*event) || delegate().pasteByKey(*event))
         return;
     // The base class would select by typed letters, move by Space and copy a row by itself.
     if (isTyping(*event))

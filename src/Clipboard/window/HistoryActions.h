@@ -26,8 +26,9 @@ public:
     /// Whether the history can be read but takes nothing.
     virtual bool isReadOnly() const = 0;
 
-    /// Pastes the clip at `row`, as it is or in "upper" or "lower" case. A negative row is no
-    /// choice: it ends a swop, whose selection goes into the history.
+    /// Pastes the clip at `row`, as it is, in "upper" or "lower" case, or as "plain" text without
+    /// its formatting. A negative row is no choice: it ends a swop, whose selection goes into the
+    /// history.
     virtual void performPaste(int row, const std::optional<QString> &format) = 0;
     /// Opens the selected clip's file after closing the history window; nothing when it is gone.
     virtual void openFile() = 0;

@@ -89,5 +89,6 @@ bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     if (const std::optional<QString> command = commandForKey(*key))
         return control(*command, ModifierFlags::ofEventWithCapsLock(*key));
-    return m_viewController && m_viewController->moveByKey(*key);
+    return m_viewController &&
+           (m_viewController->moveByKey(*key) || m_viewController->pasteByKey(*key));
 }

@@ -362,6 +362,16 @@ bool ViewController::moveByKey(const QKeyEvent &event)
     return row.has_value();
 }
 
+bool ViewController::pasteByKey(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    const bool isForPlainText =
+        event.key() == Qt::Key_V && held == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (isForPlainText)
+        paste(QStringLiteral("plain"));
+    return isForPlainText;
+}
+
 void ViewController::typeIntoSearchField(const QKeyEvent &event)
 {
     m_views.searchTextField->setFocus(Qt::OtherFocusReason);

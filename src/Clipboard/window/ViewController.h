@@ -112,6 +112,9 @@ public:
     /// Moves the selection by a key for longer ways (ClipTableView::rowAfterKey); false for any
     /// other key.
     bool moveByKey(const QKeyEvent &event);
+    /// Pastes the selected clip without its formatting by the key for that; false for any other
+    /// key.
+    bool pasteByKey(const QKeyEvent &event);
     /// Goes on typing in the search field with a key that reached another control.
     void typeIntoSearchField(const QKeyEvent &event);
 

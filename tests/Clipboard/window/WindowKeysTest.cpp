@@ -25,6 +25,7 @@ struct PasteKey
     const char *fromField;
     const char *fromTable;
     quint32 nativeModifiers = 0;
+    bool isPlain = false; ///< Without RTF and HTML.
 };
 
 /// The bit of the Lock modifier in an event of the X server.
@@ -44,6 +45,8 @@ const PasteKey kPasteKeys[] = {
     {"Return with Caps Lock", Qt::Key_Return, kNone, "Two", "Two", kCapsLock},
     {"Shift-Return with Caps Lock", Qt::Key_Return, kShift, "Two", "TWO", kCapsLock},
     {"Option-Return with Caps Lock", Qt::Key_Return, kAlt, "two", "Two", kCapsLock},
+    {"Control-Shift-V", Qt::Key_V, kCtrl | kShift, "Two", "Two", 0, true},
+    {"Control-Shift-V with Caps Lock", Qt::Key_V, kCtrl | kShift, "Two", "Two", kCapsLock, true},
 };
 
 TEST_F(WindowKeysTest, returnPastesInTheCaseThatItsModifiersSay)
@@ -60,6 +63,8 @@ TEST_F(WindowKeysTest, returnPastesInTheCaseThatItsModifiersSay)
             EXPECT_EQ(memory.pasteboard.contents()->text,
                       QLatin1String(isTable ? row.fromTable : row.fromField))
                 << row.name << (isTable ? " in the table" : " in the field");
+            EXPECT_EQ(memory.pasteboard.contents()->offer == Copy::Offer::PlainText, row.isPlain)
+                << row.name;
             EXPECT_FALSE(delegate.window()->isVisible()) << row.name;
         }
     }
@@ -220,6 +225,10 @@ TEST_F(WindowKeysTest, besideAFileTheKeysActAsInTheSearchField)
         EXPECT_EQ(selected(), QStringLiteral("below"));
         delegate.viewController()->hide();
     }
+    open();
+    pane.filepathLabel()->setFocus();
+    QTest::keyClick(pane.filepathLabel(), Qt::Key_V, kCtrl | kShift);
+    EXPECT_EQ(memory.pasteboard.contents()->fileNames, QStringList{QStringLiteral("/tmp/a.txt")});
     open();
     pane.filepathLabel()->setFocus();
     QTest::keyClick(pane.filepathLabel(), Qt::Key_Return);
