@@ -177,6 +177,7 @@ void ClipHistory::keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &it
             whole.rtf = rtf;
             m_context.setClip(recorded, whole, date);
             saveContext();
+            Q_EMIT clipItemArrChanged();
         });
 }
 

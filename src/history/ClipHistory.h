@@ -82,7 +82,8 @@ public:
     void countPaste(const std::shared_ptr<ClipItem> &item);
 
 Q_SIGNALS:
-    /// The list has changed by a load, a search or a deletion; rows told before are out of date.
+    /// The list has changed by a load, a search or a deletion, or the formatting of a clip has come
+    /// late; rows told before are out of date.
     void clipItemArrChanged();
 
 private:

@@ -59,23 +59,6 @@ double luminance(const QColor &color)
            0.0722 * linear(color.blueF());
 }
 
-/// `color`, darker or lighter by as much as it takes to be readable with `other`.
-QColor readableWith(const QColor &other, QColor color)
-{
-    constexpr int kStep = 104; // per cent
-    const bool darkens = other.lightnessF() > 0.5F;
-    // Black would become no lighter.
-    color = color.toHsl();
-    if (color.lightness() == 0)
-        color.setHsl(color.hslHue(), color.hslSaturation(), 1);
-    for (int step = 0; step < 120; ++step) {
-        if (ClipColors::contrast(color, other) >= ClipColors::kMinContrast)
-            break;
-        color = darkens ? color.darker(kStep) : color.lighter(kStep);
-    }
-    return color.toRgb();
-}
-
 /// Absent when the colour is merely what the style has brought along.
 std::optional<QColor> chosenHighlight(const QPalette &palette)
 {
@@ -97,8 +80,8 @@ ClipColors ClipColors::ofScheme(bool isDark, const QPalette &palette)
 {
     ClipColors colors = isDark ? darkColors() : lightColors();
     colors.selected =
-        readableWith(colors.selectedText, chosenHighlight(palette).value_or(colors.selected));
-    colors.accentText = readableWith(colors.paper, colors.selected);
+        readable(chosenHighlight(palette).value_or(colors.selected), colors.selectedText);
+    colors.accentText = readable(colors.selected, colors.paper);
     return colors;
 }
 
@@ -112,4 +95,20 @@ double ClipColors::contrast(const QColor &first, const QColor &second)
 {
     const auto [dark, light] = std::minmax({luminance(first), luminance(second)});
     return (light + 0.05) / (dark + 0.05);
+}
+
+QColor ClipColors::readable(QColor color, const QColor &other)
+{
+    constexpr int kStep = 104; // per cent
+    const bool darkens = contrast(Qt::black, other) > contrast(Qt::white, other);
+    // Black would become no lighter.
+    color = color.toHsl();
+    if (color.lightness() == 0)
+        color.setHsl(color.hslHue(), color.hslSaturation(), 1);
+    for (int step = 0; step < 120; ++step) {
+        if (contrast(color, other) >= kMinContrast)
+            break;
+        color = darkens ? color.darker(kStep) : color.lighter(kStep);
+    }
+    return color.toRgb();
 }

@@ -40,4 +40,6 @@ struct ClipColors
     static constexpr double kMinContrast = 4.5;
     /// From 1 (none) to 21 (black on white), by relative luminance.
     static double contrast(const QColor &first, const QColor &second);
+    /// `color`, darker or lighter by as much as it takes to be readable with `other`.
+    static QColor readable(QColor color, const QColor &other);
 };

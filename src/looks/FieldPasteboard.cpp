@@ -175,14 +175,14 @@ bool FieldPasteboard::copyFromOthers(QObject &watched)
 {
     if (const auto *box = qobject_cast<QMessageBox *>(&watched)) {
         const QString more = box->informativeText();
-        write(more.isEmpty() ? box->text() : box->text() + QStringLiteral("\n\n") + more);
+        write({more.isEmpty() ? box->text() : box->text() + QStringLiteral("\n\n") + more});
         return true;
     }
     // A view of our own says itself what a key copies.
     const auto *view = qobject_cast<QAbstractItemView *>(&watched);
     if (!view || !isOfToolkit(*view))
         return false;
-    write(view->currentIndex().data().toString());
+    write({view->currentIndex().data().toString()});
     return true;
 }
 
@@ -314,7 +314,7 @@ void FieldPasteboard::offer(const TextField &field)
 void FieldPasteboard::copy(const TextField &field)
 {
     if (field.isReadable())
-        write(field.selectedText());
+        write(field.selectedCopy());
 }
 
 void FieldPasteboard::cut(TextField &field)
@@ -337,10 +337,10 @@ void FieldPasteboard::paste(const TextField &field, Pasteboard::Selection select
     });
 }
 
-void FieldPasteboard::write(const QString &text)
+void FieldPasteboard::write(const Copy &copy)
 {
-    if (text.isEmpty())
+    if (!copy.text || copy.text->isEmpty())
         return;
-    if (!m_pasteboard.write({text}))
+    if (!m_pasteboard.write(copy))
         qCWarning(lcFields, "what was copied from a text field could not be put on the pasteboard");
 }

@@ -53,7 +53,7 @@ private:
     void cut(TextField &field);
     void paste(const TextField &field, Pasteboard::Selection selection);
     void offer(const TextField &field);
-    void write(const QString &text);
+    void write(const Copy &copy);
 
     Pasteboard &m_pasteboard;
     Press m_press;

@@ -1,5 +1,7 @@
 #include "looks/TextField.h"
 
+#include "looks/FormattedText.h"
+
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QLabel>
@@ -10,6 +12,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTextTable>
 
 #include <algorithm>
 
@@ -115,14 +118,30 @@ private:
     QLineEdit &m_line;
 };
 
+/// What stands between a block and the one before it.
+QString separatorBefore(const QTextBlock &block)
+{
+    if (block.blockFormat().hasProperty(TextField::kContinuesLine))
+        return {};
+    const QTextCursor cursor(block);
+    const QTextTable *table = cursor.currentTable();
+    if (table && table == QTextCursor(block.previous()).currentTable()) {
+        const QTextTableCell cell = table->cellAt(cursor);
+        const QTextTableCell before = table->cellAt(QTextCursor(block.previous()));
+        if (cell != before && cell.row() == before.row())
+            return QStringLiteral("\t");
+    }
+    return QStringLiteral("\n");
+}
+
 /// Block by block, because a block may go on with the line of the one before it.
 QString textBetween(const QTextDocument &document, int start, int end)
 {
     QString text;
     for (QTextBlock block = document.findBlock(start); block.isValid() && block.position() <= end;
          block = block.next()) {
-        if (block.position() > start && !block.blockFormat().hasProperty(TextField::kContinuesLine))
-            text += u'\n';
+        if (block.position() > start)
+            text += separatorBefore(block);
         const int from = std::max(0, start - block.position());
         text += QStringView(block.text())
                     .mid(from, std::min(end - block.position(), block.length() - 1) - from);
@@ -169,6 +188,11 @@ public:
     {
         const QTextCursor cursor = m_edit.textCursor();
         return textBetween(*m_edit.document(), cursor.selectionStart(), cursor.selectionEnd());
+    }
+    Copy selectedCopy() const override
+    {
+        const auto *formatted = dynamic_cast<const FormattedText *>(&m_edit);
+        return formatted ? formatted->selectedCopy() : TextField::selectedCopy();
     }
     bool mark(QTextCursor::MoveOperation motion) override { return markBy(motion, 1); }
     bool markPage(QTextCursor::MoveOperation upOrDown) override

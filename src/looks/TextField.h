@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Copy.h"
+
 #include <QPoint>
 #include <QString>
 #include <QTextCursor>
@@ -49,6 +51,8 @@ public:
     virtual void select(const Range &range) = 0;
     virtual void selectAll() = 0;
     virtual QString selectedText() const = 0;
+    /// The same in every format that the widget has.
+    virtual Copy selectedCopy() const { return {selectedText()}; }
     /// Moves the caret and marks what it passes, as a key does. False when no key does so here.
     virtual bool mark(QTextCursor::MoveOperation motion) = 0;
     /// The same for a page.

@@ -4,6 +4,7 @@
 #include "Clipboard/preview/TextBody.h"
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/PathLabel.h"
+#include "Clipboard/window/RichTextView.h"
 #include "Clipboard/window/SearchField.h"
 #include "hotkey/HotKeyTextField.h"
 #include "looks/FieldPasteboard.h"
@@ -294,6 +295,7 @@ const Row kRows[] = {
      }},
     {"search", [](Parts &) { return filled<SearchField>(); }},
     {"clipText", [](Parts &) { return clipText(); }},
+    {"clipRichText", [](Parts &) { return filled<RichTextView>(); }},
     {"path", [](Parts &) { return path(); }},
     {"fileAsText", [](Parts &) { return fileText(TextContent::Form::Prose); }},
     {"fileAsMarkdown", [](Parts &) { return fileText(TextContent::Form::Markdown); }},

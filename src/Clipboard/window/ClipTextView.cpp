@@ -80,45 +80,6 @@ QTextBlockFormat continuing(const QTextBlock &before)
     return format;
 }
 
-/// Whether a run of characters without a blank is too long to look for its end at each line: the
-/// time to break such a run into lines grows with the square of its length.
-bool hasLongWord(QStringView text)
-{
-    constexpr qsizetype kMaxWordLength = 4'000;
-    qsizetype length = 0;
-    return std::any_of(text.begin(), text.end(), [&](QChar character) {
-        length = character.isSpace() ? 0 : length + 1;
-        return length > kMaxWordLength;
-    });
-}
-
-/// Keys with which a person reads and copies from the text preview; any other key is meant for the
-/// list or the search field.
-bool isReadingKey(const QKeyEvent &event)
-{
-    if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll))
-        return true;
-    switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_Meta:
-        return true;
-    default:
-        return false;
-    }
-}
-
 class EmojiHighlighter : public QSyntaxHighlighter
 {
 public:
@@ -166,8 +127,9 @@ void ClipTextView::setString(const QString &text)
     // Each paragraph finds its own direction, but all share one side to start from.
     QTextOption option = document()->defaultTextOption();
     option.setAlignment(m_text.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
-    option.setWrapMode(hasLongWord(m_text) ? QTextOption::WrapAnywhere
-                                           : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setWrapMode(VisibleCharacters::hasLongWord(m_text)
+                           ? QTextOption::WrapAnywhere
+                           : QTextOption::WrapAtWordBoundaryOrAnywhere);
     document()->setDefaultTextOption(option);
 
     const qsizetype shown = m_text.size();
@@ -217,14 +179,19 @@ void ClipTextView::showRest()
              : QStringLiteral("…"));
 }
 
-void ClipTextView::setColors(const ClipColors &colors)
+QPalette ClipTextView::paletteOf(const ClipColors &colors)
 {
     QPalette palette;
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, colors.text);
     palette.setColor(QPalette::Highlight, colors.selected);
     palette.setColor(QPalette::HighlightedText, colors.selectedText);
-    setPalette(palette);
+    return palette;
+}
+
+void ClipTextView::setColors(const ClipColors &colors)
+{
+    setPalette(paletteOf(colors));
     QPalette quiet;
     quiet.setColor(QPalette::WindowText, colors.quietText);
     m_moreLabel->setPalette(quiet);
@@ -236,6 +203,31 @@ QMimeData *ClipTextView::createMimeDataFromSelection() const
     auto *selected = new QMimeData;
     selected->setText(TextField::of(const_cast<ClipTextView *>(this))->selectedText());
     return selected;
+}
+
+bool ClipTextView::isReadingKey(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll))
+        return true;
+    switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_Meta:
+        return true;
+    default:
+        return false;
+    }
 }
 
 void ClipTextView::keyPressEvent(QKeyEvent *event)

@@ -38,6 +38,7 @@ public:
     virtual void hide() = 0;
 
 Q_SIGNALS:
-    /// The list has changed by a load, a search or a deletion; rows told before are out of date.
+    /// The list has changed by a load, a search or a deletion, or the formatting of a clip has come
+    /// late; rows told before are out of date.
     void clipItemArrChanged();
 };

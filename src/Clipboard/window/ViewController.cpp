@@ -46,7 +46,8 @@ void ViewController::viewDidLoad()
             &ViewController::splitViewDidResizeSubviews);
     m_fileViewController->view()->hide();
     m_fileViewController->view()->setParent(m_views.textFieldView);
-    connect(textView(), &ClipTextView::otherKeyPressed, this, &ViewController::typeIntoSearchField);
+    connect(m_views.textFieldView, &PreviewPane::otherKeyPressed, this,
+            &ViewController::typeIntoSearchField);
     connect(&m_appDelegate, &HistoryActions::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
     connect(&m_swopState, &SwopState::changed, this, &ViewController::updateNotice);
@@ -204,8 +205,10 @@ void ViewController::selectRow(int row, bool forceViewUpdate)
     const std::shared_ptr<ClipItem> item = list.at(static_cast<size_t>(row));
     m_views.textFieldView->infoLine()->setClipItem(item);
     speakSelection(*item, row);
-    if (m_previousClipItem && !forceViewUpdate && item == m_previousClipItem)
+    if (m_previousClipItem && !forceViewUpdate && item == m_previousClipItem) {
+        m_views.textFieldView->lookForFormatting();
         return;
+    }
     showPreview(item);
     m_previousClipItem = item;
 }
@@ -215,19 +218,21 @@ void ViewController::showPreview(const std::shared_ptr<ClipItem> &item)
     QWidget *fileView = m_fileViewController->view();
     if (const std::optional<QString> path = item->filepath()) {
         m_fileViewController->setPreviewItem(*path);
-        textView()->hide();
+        m_views.textFieldView->hideText();
         fileView->show();
         return;
     }
-    textView()->setString(item->strValue().value_or(QString()));
-    textView()->show();
+    m_views.textFieldView->showText(item->strValue().value_or(QString()),
+                                    [shown = std::weak_ptr(item)] {
+                                        const std::shared_ptr<ClipItem> clip = shown.lock();
+                                        return clip ? clip->rtfValue() : std::nullopt;
+                                    });
     fileView->hide();
 }
 
 void ViewController::showEmptyPreview()
 {
-    textView()->setString(QString());
-    textView()->show();
+    m_views.textFieldView->showText(QString(), {});
     m_fileViewController->view()->hide();
     m_views.textFieldView->infoLine()->setClipItem(nullptr);
     m_previousClipItem.reset();

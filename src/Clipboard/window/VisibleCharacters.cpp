@@ -147,6 +147,16 @@ qsizetype VisibleCharacters::wholeCharacters(QStringView text, qsizetype length)
     return text.at(length - 1).isHighSurrogate() ? length - 1 : length;
 }
 
+bool VisibleCharacters::hasLongWord(QStringView text)
+{
+    constexpr qsizetype kMaxWordLength = 4'000;
+    qsizetype length = 0;
+    return std::any_of(text.begin(), text.end(), [&](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > kMaxWordLength;
+    });
+}
+
 QList<VisibleCharacters::Run> VisibleCharacters::emoji(QStringView text)
 {
     QList<Run> runs;

@@ -21,6 +21,10 @@ Counted countSome(QStringView text, qsizetype begin);
 /// `length` or as much less as no character is cut in two by.
 qsizetype wholeCharacters(QStringView text, qsizetype length);
 
+/// Whether a run of characters without a blank is too long to look for its end at each line: the
+/// time to break such a run into lines grows with the square of its length.
+bool hasLongWord(QStringView text);
+
 /// A run of emoji, in UTF-16 units.
 struct Run
 {
