@@ -223,7 +223,9 @@ QByteArray RtfWriter::paragraphWords(const QTextBlock &block, Place place)
         words += "\\rtlpar";
     if (format.hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth))
         words += "\\brdrb\\brdrs\\brdrw10";
-    if (const int space = std::clamp(int(format.bottomMargin()), 0, 40); space > 0)
+    // Between the items of a list the last one's would be another paragraph's.
+    if (const int space = std::clamp(int(format.bottomMargin()), 0, 40);
+        space > 0 && !block.textList())
         words += word("\\sa", space * kTwipsAPixel);
     return words + alignmentWord(format);
 }
