@@ -53,9 +53,10 @@ HtmlSource HtmlSource::of(const QByteArray &html)
 {
     HtmlSource source;
     const auto marked = QStringConverter::encodingForData(html);
-    const bool isUtf16 = marked == QStringConverter::Utf16LE || marked == QStringConverter::Utf16BE;
-    if (isUtf16 && html.size() % 2 == 0) {
-        source.form = marked == QStringConverter::Utf16LE ? Form::Utf16Little : Form::Utf16Big;
+    const bool isLittle = marked == QStringConverter::Utf16LE;
+    const bool isBig = marked == QStringConverter::Utf16BE;
+    if ((isLittle || isBig) && html.size() % 2 == 0) {
+        source.form = isLittle ? Form::Utf16Little : Form::Utf16Big;
         source.text = fromUtf16(html, source.form);
     } else if (const QString text = QString::fromUtf8(html); text.toUtf8() == html) {
         source.form = Form::Utf8;

@@ -19,7 +19,7 @@ std::optional<QByteArray> RichText::withHtml(const QByteArray &html,
     if (html.isEmpty() || html.size() > kLargestHtml)
         return std::nullopt;
     if (rtf)
-        return CarriedHtml::added(html, *rtf);
+        return carriedHtml(*rtf) == html ? rtf : CarriedHtml::added(html, *rtf);
     Encapsulation encapsulation(html);
     RtfWriter writer(encapsulation);
     if (const auto document = RichTextDocument::ofHtml(html, kMostRendered))

@@ -15,9 +15,10 @@ constexpr qsizetype kLargestHtml = qsizetype(1) << 20;
 /// RTF that carries `html` byte for byte.
 ///
 /// Without `rtf` it is a document that encapsulates the HTML in the public way (\fromhtml1,
-/// {\*\htmltag...}) and shows readers of RTF a rendering of it between \htmlrtf and \htmlrtf0.
-/// With the RTF of the same owner it is that, byte for byte, and before the brace that closes it
-/// an ignorable destination with the HTML.
+/// {\*\htmltag...}) and shows readers of RTF a rendering of it between \htmlrtf and \htmlrtf0;
+/// text that both have stands there once. With the RTF of the same owner it is that, byte for byte,
+/// and before the brace that closes it an ignorable destination with the HTML; nothing is added to
+/// RTF that carries the HTML already.
 ///
 /// Absent when the HTML is empty or too large, or when the RTF is none or never closes.
 std::optional<QByteArray> withHtml(const QByteArray &html, const std::optional<QByteArray> &rtf);

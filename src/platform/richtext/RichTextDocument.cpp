@@ -2,6 +2,7 @@
 
 #include "platform/richtext/HtmlText.h"
 #include "platform/richtext/RichText.h"
+#include "platform/richtext/RtfReader.h"
 #include "platform/richtext/SafeHtml.h"
 
 #include <QTextBlock>
@@ -11,6 +12,9 @@ namespace {
 
 /// Many times what is shown: markup that is left out comes before text that is not.
 constexpr qsizetype kMostRead = qsizetype(4) << 20;
+
+/// HTML that is made of RTF is this many times what is kept of it, at most.
+constexpr qsizetype kMostMarkup = 4;
 
 } // namespace
 
@@ -27,7 +31,9 @@ QVariant RichTextDocument::loadResource(int, const QUrl &)
 std::unique_ptr<RichTextDocument> RichTextDocument::of(const QByteArray &rtf,
                                                        qsizetype mostCharacters)
 {
-    const std::optional<QByteArray> html = RichText::htmlOf(rtf);
+    std::optional<QByteArray> html = RichText::carriedHtml(rtf);
+    if (!html)
+        html = RtfReader::htmlOf(rtf, mostCharacters * kMostMarkup);
     return html ? ofHtml(*html, mostCharacters) : nullptr;
 }
 

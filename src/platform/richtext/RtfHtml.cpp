@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr qsizetype kMostCharacters = qsizetype(4) << 20;
 constexpr qsizetype kMostCells = 200;
 constexpr int kDeepestList = 8;
 constexpr int kUsualHalfPoints = 24;
@@ -24,9 +23,9 @@ QString escaped(const QString &text)
 
 } // namespace
 
-bool RtfHtml::isFull() const
+qsizetype RtfHtml::size() const
 {
-    return m_html.size() + m_content.size() + m_cell.size() + m_waiting > kMostCharacters;
+    return m_html.size() + m_content.size() + m_cell.size() + m_waiting;
 }
 
 void RtfHtml::addText(const QString &text, const Characters &characters)

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// HTML being made of the runs and paragraphs of RTF: well nested, in one go, bounded in size.
+/// HTML being made of the runs and paragraphs of RTF: well nested, in one go.
 class RtfHtml
 {
 public:
@@ -50,7 +50,8 @@ public:
     /// All of it; absent when there is no text.
     std::optional<QString> finished();
 
-    bool isFull() const;
+    /// Characters so far.
+    qsizetype size() const;
 
     Paragraph paragraph;
 

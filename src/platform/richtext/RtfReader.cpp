@@ -73,16 +73,16 @@ bool isOn(const RtfToken &token)
 
 } // namespace
 
-std::optional<QByteArray> RtfReader::htmlOf(const QByteArray &rtf)
+std::optional<QByteArray> RtfReader::htmlOf(const QByteArray &rtf, qsizetype mostCharacters)
 {
     if (!rtf.startsWith("{\\rtf"))
         return std::nullopt;
-    return RtfReader(rtf).read();
+    return RtfReader(rtf, mostCharacters).read();
 }
 
 std::optional<QByteArray> RtfReader::read()
 {
-    for (RtfToken token; !m_html.isFull() && m_tokens.next(&token);) {
+    for (RtfToken token; m_html.size() <= m_mostCharacters && m_tokens.next(&token);) {
         switch (token.kind) {
         case RtfToken::Kind::Open:
             openGroup();

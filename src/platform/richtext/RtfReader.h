@@ -13,12 +13,16 @@
 
 /// Reads RTF for what HTML says as well: the formatting of text and paragraphs, headings, links,
 /// lists and tables. Pictures, objects and all that is not text of the body are passed over. It
-/// reads each byte once, does not recurse, and ends where the bounds of RtfHtml are reached.
+/// reads each byte once and does not recurse.
 class RtfReader
 {
 public:
-    /// In UTF-8, which it says first. Absent when there is no text, or no RTF.
-    static std::optional<QByteArray> htmlOf(const QByteArray &rtf);
+    static constexpr qsizetype kMostCharacters = qsizetype(4) << 20;
+
+    /// In UTF-8, which it says first, and not much more than `mostCharacters` of it. Absent when
+    /// there is no text, or no RTF.
+    static std::optional<QByteArray> htmlOf(const QByteArray &rtf,
+                                            qsizetype mostCharacters = kMostCharacters);
 
 private:
     enum class Destination { Body, Skipped, Fonts, Colours, Styles, Instruction, Marker };
@@ -33,7 +37,10 @@ private:
         bool isHidden = false;
     };
 
-    explicit RtfReader(const QByteArray &rtf) : m_tokens(rtf) {}
+    RtfReader(const QByteArray &rtf, qsizetype mostCharacters)
+        : m_tokens(rtf), m_mostCharacters(mostCharacters)
+    {
+    }
 
     std::optional<QByteArray> read();
     void openGroup();
@@ -50,6 +57,7 @@ private:
     void flushBytes();
 
     RtfTokens m_tokens;
+    const qsizetype m_mostCharacters;
     RtfHtml m_html;
     State m_state;
     QList<State> m_outer;

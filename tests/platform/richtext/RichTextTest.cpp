@@ -65,6 +65,7 @@ TEST(RichText, theVeryBytesComeBack)
             const qsizetype end = owner.lastIndexOf('}');
             EXPECT_TRUE(added->startsWith(owner.first(end)));
             EXPECT_TRUE(added->endsWith(owner.sliced(end)));
+            EXPECT_EQ(RichText::withHtml(html.bytes, *added), added);
             // Other HTML takes its place.
             const auto again = RichText::withHtml("<i>again</i>", *added);
             EXPECT_EQ(again, RichText::withHtml("<i>again</i>", owner));
@@ -221,6 +222,9 @@ TEST(RichTextDocument, hasTheTextAndItsFormattingAndNothingElse)
     ASSERT_TRUE(cut);
     EXPECT_TRUE(cut->isCut());
     EXPECT_LT(cut->characterCount(), 200);
+    const auto cutRtf = RichTextDocument::of("{\\rtf1 " + repeated("word ", 1000) + '}', 100);
+    ASSERT_TRUE(cutRtf);
+    EXPECT_TRUE(cutRtf->isCut());
 }
 
 /// RTF of other writers, and what is made of it.
