@@ -7,6 +7,7 @@
 #include "Keyboard.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -70,6 +71,8 @@ protected:
         m_maker.press();
         m_maker.release();
         settle(m_hotKeys);
+        // The keyboard may still stand still, because a press is being handed over.
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_released.size() >= m_pressed.size(); }));
     }
 
     Maker m_maker;

@@ -8,6 +8,7 @@
 
 #include <QPoint>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,8 @@ protected:
     {
         m_keyboard.releaseAll();
         settle(m_hotKeys);
+        // The keyboard may still stand still, because a press is being handed over.
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_released.size() >= m_pressed.size(); }));
     }
 
     /// How often one press and release of everything is reported.
