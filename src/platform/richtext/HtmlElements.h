@@ -4,7 +4,7 @@
 
 #include <optional>
 
-class HtmlToken;
+struct HtmlToken;
 
 /// The elements of HTML that are kept, as what, and with which of their attributes.
 namespace HtmlElements {

@@ -49,7 +49,7 @@ QString htmlText(const QByteArray &html)
         return QStringDecoder(*encoding).decode(html);
     // An incomplete last character, which a bounded read leaves, is no error.
     QStringDecoder decoder(QStringConverter::Utf8);
-    const QString text = decoder.decode(html);
+    QString text = decoder.decode(html);
     if (!decoder.hasError())
         return text;
     const QByteArray label = labelOf(html);
