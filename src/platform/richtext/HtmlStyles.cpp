@@ -120,6 +120,9 @@ QString kept(const QString &property, const QString &value)
         return among({value}, {"italic", "oblique", "normal"});
     if (property == QStringLiteral("font-size"))
         return fontSize(value);
+    // Editors name the fonts of code by this one at last; other families are the page's.
+    if (property == QStringLiteral("font-family"))
+        return value.contains(QLatin1String("monospace")) ? QStringLiteral("monospace") : QString();
     if (property.startsWith(QStringLiteral("text-decoration")))
         return among(values, {"underline", "line-through", "none"});
     if (property == QStringLiteral("vertical-align"))

@@ -5,9 +5,9 @@
 #include <QStringView>
 
 /// The formatting that CSS gives, of the few properties that are kept: weight, slant, lines, size,
-/// colours, raised and lowered text, alignment, white space, the kind of a list, and whether there
-/// is anything to see. Colours and sizes in one form each, so that any reader understands them.
-/// Nothing that refers to anything is in it.
+/// fixed width, colours, raised and lowered text, alignment, white space, the kind of a list, and
+/// whether there is anything to see. Colours and sizes in one form each, so that any reader
+/// understands them. Nothing that refers to anything is in it.
 class HtmlStyles
 {
 public:

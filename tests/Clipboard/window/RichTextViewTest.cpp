@@ -218,7 +218,9 @@ TEST_F(RichTextViewTest, whatIsMarkedIsCopiedAsItWasCopied)
 {
     addRich(QStringLiteral("anything"),
             "<h1 style='color:#000080'>Title</h1><p><span style='color:black;background:white;"
-            "font-size:40px'>large</span> <a href='https://example.org/x'>link</a></p>"
+            "font-size:40px'>large</span> <a href='https://example.org/x'>link</a> <span "
+            "style=\"font-family:'Any Mono', "
+            "monospace\">code</span></p>"
             "<table><tr><td>1</td><td>2</td></tr><tr><td>3</td><td>4</td></tr></table>");
     const FieldPasteboard fields(memory.pasteboard);
     open();
@@ -228,16 +230,19 @@ TEST_F(RichTextViewTest, whatIsMarkedIsCopiedAsItWasCopied)
     QTest::keyClick(pane->richTextView(), Qt::Key_C, Qt::ControlModifier);
     const Copy copy = memory.pasteboard.contents().value_or(PasteboardContents());
     EXPECT_EQ(copy.text.value_or(QString()).trimmed(),
-              QStringLiteral("Title\nlarge link\n1\t2\n3\t4"));
+              QStringLiteral("Title\nlarge link code\n1\t2\n3\t4"));
     ASSERT_TRUE(copy.html && copy.rtf);
     EXPECT_EQ(RichText::htmlOf(copy.rtf->toLatin1()), copy.html->toLatin1());
     for (const char *part : {"<h1", "color:#000080", "background-color:#ffffff", "30pt",
                              "href=\"https://example.org/x\"", "<table", "charset=\"utf-8\""})
         EXPECT_TRUE(copy.html->contains(QLatin1String(part)))
             << part << " in " << copy.html->toStdString();
-    for (const char *part : {"font-family", "bgcolor"})
+    for (const char *part : {"Any Mono", "<body", "bgcolor"})
         EXPECT_FALSE(copy.html->contains(QLatin1String(part)))
             << part << " in " << copy.html->toStdString();
+    const auto again = RichTextDocument::ofHtml(copy.html->toLatin1(), 1 << 20);
+    EXPECT_EQ(fragmentOf(*again, QStringLiteral("code")).charFormat().fontFamilies().toStringList(),
+              QStringList{QStringLiteral("monospace")});
 }
 
 TEST_F(RichTextViewTest, nothingIsFetchedOpenedOrFollowed)
