@@ -52,7 +52,7 @@ void RichTextView::setRichText(std::unique_ptr<RichTextDocument> document)
 {
     // Whatever changes once the document has its layout has it laid out again.
     if (isHidden()) {
-        setDocument(nullptr);
+        setDocument(&m_blank);
         m_layout = nullptr;
         m_document.reset();
         show();

@@ -3,6 +3,7 @@
 #include "looks/ClipColors.h"
 #include "looks/FormattedText.h"
 
+#include <QTextDocument>
 #include <QTextEdit>
 
 #include <memory>
@@ -42,6 +43,9 @@ protected:
 private:
     bool isSurelyHigher(const QTextDocument &document) const;
 
+    /// Shown where there is nothing to show: a null document has the toolkit take on the palette of
+    /// the application.
+    QTextDocument m_blank;
     std::unique_ptr<RichTextDocument> m_document; ///< Null before the first.
     PacedLayout *m_layout = nullptr;              ///< The document's.
 };
