@@ -1,17 +1,26 @@
 #include "Clipboard/welcome/SwopPicture.h"
 
-#include "Clipboard/welcome/PictureParts.h"
+#include "looks/WindowIcons.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <QtMath>
 
 namespace {
 
 constexpr int kSideMargin = 22;
 constexpr int kAroundKeys = 12; ///< Points on either side of the keys.
+
+// Of a state, in points, with text of so many pixels. Below its heading are the cards of the
+// picture "swop".
+constexpr QRect kState(0, 0, 168, 166);
+constexpr QRectF kCards(-6, 18, 180, 158);
+constexpr int kTextPixels = 12;
+constexpr int kLine = 24;
 constexpr int kPadding = 12;
-constexpr int kGap = 10; ///< Points between the document and the clips.
-constexpr int kClips = 3;
+constexpr int kDocument = 30; ///< Where its first line begins.
+constexpr int kClips = 94;
+constexpr QRectF kArrow(-30, -24, 60, 24);
 
 } // namespace
 
@@ -28,19 +37,13 @@ void SwopPicture::setColors(const ClipColors &colors)
 {
     WelcomeStage::setColors(colors);
     m_keys->setColors(KeyCapColors::ofScheme(colors));
-    setMinimumHeight(qMax(minimumHeight(), qCeil(stateHeight()) + 2 * kSideMargin));
+    setMinimumHeight(qMax(minimumHeight(), qCeil(kState.height() * textScale()) + 2 * kSideMargin));
     placeKeys();
 }
 
-qreal SwopPicture::lineHeight() const
+qreal SwopPicture::textScale() const
 {
-    return fontMetrics().height() + 10;
-}
-
-qreal SwopPicture::stateHeight() const
-{
-    // The heading, two lines of the document, the clips.
-    return (1 + 2 + kClips) * lineHeight() + kPadding + kGap;
+    return qreal(fontInfo().pixelSize()) / kTextPixels;
 }
 
 void SwopPicture::placeKeys()
@@ -61,64 +64,60 @@ void SwopPicture::paintEvent(QPaintEvent *event)
     const QString monday = tr("Monday");
     const QString thursday = tr("Thursday");
     const QString time = tr("at half past two");
-    const QString place = tr("Reed Lane 7");
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(rect().center());
+    const qreal forward = isRightToLeft() ? -1 : 1;
     const qreal side = (width() - m_keys->width()) / 2.0 - kAroundKeys - kSideMargin;
-    const QRectF left(kSideMargin, 0, side, height());
-    const QRectF right(width() - kSideMargin - side, 0, side, height());
-    const bool isMirrored = isRightToLeft();
-    drawState(painter, isMirrored ? right : left,
-              {tr("Before"), monday, {time, thursday, place}, 1});
-    drawState(painter, isMirrored ? left : right,
-              {tr("After"), thursday, {monday, time, thursday}, 0});
-    const QPointF middle = QRectF(rect()).center();
-    const qreal reach = isMirrored ? -26 : 26;
-    PictureParts::drawArrow(painter, middle - QPointF(reach, 8), middle + QPointF(reach, -8),
-                            colors().selected);
+    const qreal reach = forward * ((width() - side) / 2 - kSideMargin);
+    // Keys with long names leave less room.
+    const qreal scale = qMin(textScale(), side / kState.width());
+    drawState(painter, -reach, scale,
+              {tr("Before"), monday, {time, thursday, tr("Reed Lane 7")}, 1});
+    drawState(painter, reach, scale, {tr("After"), thursday, {monday, time, thursday}, 0});
+    painter.scale(forward, 1);
+    WindowIcons::drawPicture(painter, QStringLiteral("arrow"), kArrow, colors());
 }
 
-void SwopPicture::drawState(QPainter &painter, const QRectF &place, const State &state) const
+void SwopPicture::drawState(QPainter &painter, qreal middle, qreal scale, const State &state) const
 {
-    const qreal line = lineHeight();
-    const qreal documentHeight = 2 * line + kPadding;
-    const QRectF heading(place.left(), place.center().y() - stateHeight() / 2, place.width(), line);
-    painter.setPen(colors().quietText);
-    painter.drawText(heading, Qt::AlignLeft | Qt::AlignVCenter, state.heading);
+    painter.save();
+    painter.translate(qRound(middle), 0);
+    painter.scale(scale, scale);
+    painter.translate(-kState.center());
+    WindowIcons::drawPicture(painter, QStringLiteral("swop"), kCards, colors());
 
-    const QRectF document(place.left(), heading.bottom(), place.width(), documentHeight);
-    PictureParts::drawCard(painter, document, colors());
-    // Placed as in a document that begins at the left.
-    const auto placed = [&](const QRectF &rect) {
-        if (isRightToLeft())
-            return rect.translated(document.left() + document.right() - rect.left() - rect.right(),
-                                   0);
-        return rect;
+    QFont font = this->font();
+    font.setPixelSize(kTextPixels);
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    const auto line = [this](int left, int top, int width) {
+        return QStyle::visualRect(layoutDirection(), kState, {left, top, width, kLine});
     };
-    const QPointF writing = document.topLeft() + QPointF(kPadding, kPadding / 2.0);
-    const QString words = tr("See you on") + QLatin1Char(' ');
-    const qreal wordsWidth = fontMetrics().horizontalAdvance(words);
-    const qreal markedWidth = fontMetrics().horizontalAdvance(state.inDocument);
-    painter.setPen(colors().text);
-    painter.drawText(placed(QRectF(writing, QSizeF(wordsWidth, line))), Qt::AlignVCenter, words);
-    const QRectF marked =
-        placed(QRectF(writing + QPointF(wordsWidth, 0), QSizeF(markedWidth, line)));
+    const auto write = [&](const QRect &where, const QString &words, const QColor &color) {
+        painter.setPen(color);
+        painter.drawText(where, Qt::AlignVCenter, words);
+    };
+    const int textWidth = kState.width() - 2 * kPadding;
+    const QString words = tr("See you on") + u' ';
+    const int wordsWidth = metrics.horizontalAdvance(words);
+    const QRect marked =
+        line(kPadding + wordsWidth, kDocument, metrics.horizontalAdvance(state.inDocument));
     QColor mark = colors().selected;
     mark.setAlphaF(0.28F);
     painter.fillRect(marked.adjusted(-2, 3, 2, -3), mark);
-    painter.drawText(marked, Qt::AlignVCenter, state.inDocument);
-    const QSizeF secondLine(document.width() - 2 * kPadding, line);
-    painter.drawText(placed(QRectF(writing + QPointF(0, line), secondLine)), Qt::AlignVCenter,
-                     tr("by the old mill."));
-
-    const QRectF clips(place.left(), document.bottom() + kGap, place.width(), kClips * line);
-    PictureParts::drawCard(painter, clips, colors());
-    for (int row = 0; row < kClips; ++row) {
-        const QRectF rowPlace(clips.left() + 1, clips.top() + row * line, clips.width() - 2, line);
-        if (row == state.marked)
-            painter.fillRect(rowPlace.adjusted(0, 1, 0, -1), colors().selected);
-        painter.setPen(row == state.marked ? colors().selectedText : colors().text);
-        painter.drawText(rowPlace.adjusted(kPadding, 0, -kPadding, 0), Qt::AlignVCenter,
-                         QStringLiteral("%1   %2").arg(row + 1).arg(state.clips.at(row)));
+    write(line(0, 0, kState.width()), state.heading, colors().quietText);
+    write(line(kPadding, kDocument, wordsWidth), words, colors().text);
+    write(marked, state.inDocument, colors().text);
+    write(line(kPadding, kDocument + kLine, textWidth), tr("by the old mill."), colors().text);
+    for (int row = 0; row < state.clips.size(); ++row) {
+        const bool isMarked = row == state.marked;
+        const int top = kClips + row * kLine;
+        if (isMarked)
+            painter.fillRect(1, top + 1, kState.width() - 2, kLine - 2, colors().selected);
+        write(line(kPadding, top, textWidth),
+              QStringLiteral("%1   %2").arg(row + 1).arg(state.clips.at(row)),
+              isMarked ? colors().selectedText : colors().text);
     }
+    painter.restore();
 }

@@ -5,8 +5,8 @@
 
 class QPainter;
 
-/// Before and after a swop: a document and the newest clips beside it, whose marked texts change
-/// places.
+/// Before and after a swop: a document and the newest clips below it, whose marked texts change
+/// places. The words are of the user's language and font, the rest is drawn to the size of these.
 class SwopPicture : public WelcomeStage
 {
     Q_OBJECT
@@ -34,9 +34,9 @@ private:
         int marked;         ///< The clip that is highlighted.
     };
 
-    void drawState(QPainter &painter, const QRectF &place, const State &state) const;
-    qreal lineHeight() const;
-    qreal stateHeight() const;
+    /// In `middle` points from the picture's middle.
+    void drawState(QPainter &painter, qreal middle, qreal scale, const State &state) const;
+    qreal textScale() const;
     void placeKeys();
 
     KeyCaps *m_keys;
