@@ -99,11 +99,6 @@ void ClipHistory::emptyLog()
         m_logTimer.start();
 }
 
-void ClipHistory::saveContext()
-{
-    m_context.save();
-}
-
 bool ClipHistory::isNilOrEmpty(const std::optional<QString> &text)
 {
     return !text || text->isEmpty();

@@ -53,7 +53,7 @@ public:
     void loadForeignChanges();
     /// Saves what is unsaved, if anything. What cannot be saved is logged, stays part of what is
     /// read, and is tried again by the next save.
-    void saveContext();
+    void saveContext() { m_context.save(); }
 
     /// Records one copy. A text equal to the latest clip's changes nothing; one that is in the
     /// history already moves to the top; a full list loses its single oldest clip. HTML comes into

@@ -34,11 +34,6 @@ void ClipboardCapture::begin()
     readFromPasteboard();
 }
 
-void ClipboardCapture::timeout()
-{
-    readFromPasteboard();
-}
-
 void ClipboardCapture::readFromPasteboard()
 {
     if (!m_hasBegun || m_isPaused)

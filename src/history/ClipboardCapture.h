@@ -32,7 +32,7 @@ public:
     void begin();
 
     /// Both run the capture step; nothing happens before begin() and while paused.
-    void timeout();
+    void timeout() { readFromPasteboard(); }
     void readFromPasteboard();
 
     /// The change count already handled; 0 at first, so that the first step examines what the

@@ -22,11 +22,6 @@ KeySender::Outcome HotKeyManager::copy()
     return logged(m_keySender.sendCommand(VirtualKey::kC));
 }
 
-void HotKeyManager::setGivenUp(std::function<void()> givenUp)
-{
-    m_keySender.setGivenUp(std::move(givenUp));
-}
-
 KeySender::Outcome HotKeyManager::logged(KeySender::Outcome outcome)
 {
     if (outcome == KeySender::Outcome::Failed)

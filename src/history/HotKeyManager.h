@@ -3,6 +3,7 @@
 #include "platform/KeySender.h"
 
 #include <functional>
+#include <utility>
 
 /// Types the desktop's copy and paste keystrokes into the application in front. Owned by the
 /// application delegate.
@@ -18,7 +19,7 @@ public:
     KeySender::Outcome copy();
 
     /// As KeySender::setGivenUp().
-    void setGivenUp(std::function<void()> givenUp);
+    void setGivenUp(std::function<void()> givenUp) { m_keySender.setGivenUp(std::move(givenUp)); }
 
 private:
     static KeySender::Outcome logged(KeySender::Outcome outcome);

@@ -140,11 +140,6 @@ StoreModel::Fit fitOf(SQLite::Database &database, const std::vector<Column> &col
 
 } // namespace
 
-QString StoreModel::entityName()
-{
-    return QStringLiteral("ClipItem");
-}
-
 QStringList StoreModel::attributeNames()
 {
     QStringList names;

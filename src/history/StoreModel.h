@@ -22,7 +22,7 @@ public:
         Adaptable, ///< Empty, or something is missing that can be added.
     };
 
-    static QString entityName();
+    static QString entityName() { return QStringLiteral("ClipItem"); }
     /// In the order in which they are stored.
     static QStringList attributeNames();
 

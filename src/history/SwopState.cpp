@@ -18,11 +18,6 @@ void SwopState::hold(const SwopItem &item)
     Q_EMIT changed();
 }
 
-QList<SwopItem> SwopState::takeReplaced()
-{
-    return std::exchange(m_replaced, {});
-}
-
 void SwopState::clear()
 {
     const bool wasUnderWay = std::exchange(m_performSwop, false);

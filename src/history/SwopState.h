@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <optional>
+#include <utility>
 
 /// Whether a swop is under way, and what it holds until the exchange. Capture fills it, paste
 /// consumes it, the history window says it. Owned by the application delegate.
@@ -27,7 +28,7 @@ public:
     /// Holds `item` in place of what was held. A copy of the same text takes its place for good.
     void hold(const SwopItem &item);
     /// Copies that gave way to later ones, oldest first, once: they belong into the history.
-    QList<SwopItem> takeReplaced();
+    QList<SwopItem> takeReplaced() { return std::exchange(m_replaced, {}); }
     void clear();
 
 Q_SIGNALS:

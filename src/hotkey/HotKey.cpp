@@ -46,11 +46,6 @@ HotKey::HotKey(quint16 keyCode, quint64 modifierFlags, QObject *target, QByteArr
 {
 }
 
-HotKey::~HotKey()
-{
-    unregister();
-}
-
 quint32 HotKey::carbonFlags(quint64 modifierFlags)
 {
     const quint32 held = CarbonModifiers::ofFlags(modifierFlags);

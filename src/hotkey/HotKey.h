@@ -35,7 +35,7 @@ public:
     HotKey(const HotKey &) = delete;
     HotKey &operator=(const HotKey &) = delete;
     /// Unregisters first.
-    ~HotKey();
+    ~HotKey() { unregister(); }
 
     quint16 keyCode() const { return m_keyCode; }
     quint64 modifierFlags() const { return m_modifierFlags; }

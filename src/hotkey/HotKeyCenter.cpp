@@ -29,11 +29,6 @@ HotKeyCenter::HotKeyCenter(HotKeys &hotKeys, QObject *parent) : QObject(parent),
     connect(&hotKeys, &HotKeys::released, this, &HotKeyCenter::handleEvent);
 }
 
-HotKeyCenter::~HotKeyCenter()
-{
-    unregisterAllHotKeys();
-}
-
 void HotKeyCenter::connectShared(HotKeys &hotKeys)
 {
     delete std::exchange(g_sharedCenter, new HotKeyCenter(hotKeys));
@@ -94,11 +89,6 @@ void HotKeyCenter::unregisterHotKeyWithKeyCode(quint16 keyCode, quint64 modifier
 {
     const HotKey wanted(keyCode, modifierFlags, HotKey::Task());
     unregisterMatching([&wanted](const HotKey &hotKey) { return hotKey == wanted; });
-}
-
-void HotKeyCenter::unregisterAllHotKeys()
-{
-    unregisterMatching([](const HotKey &) { return true; });
 }
 
 bool HotKeyCenter::hasRegisteredHotKeyWithKeyCode(quint16 keyCode, quint64 modifierFlags) const

@@ -37,7 +37,7 @@ public:
     /// `hotKeys` is not owned; nothing can be registered any more when it goes.
     explicit HotKeyCenter(HotKeys &hotKeys, QObject *parent = nullptr);
     /// Unregisters everything.
-    ~HotKeyCenter() override;
+    ~HotKeyCenter() override { unregisterAllHotKeys(); }
 
     /// Makes the shared center on a hot-key service: once, at the start of the program.
     static void connectShared(HotKeys &hotKeys);
@@ -60,7 +60,10 @@ public:
     void unregisterHotKeysWithTarget(const QObject *target);
     void unregisterHotKeysWithTarget(const QObject *target, const QByteArray &action);
     void unregisterHotKeyWithKeyCode(quint16 keyCode, quint64 modifierFlags);
-    void unregisterAllHotKeys();
+    void unregisterAllHotKeys()
+    {
+        unregisterMatching([](const HotKey &) { return true; });
+    }
 
     bool hasRegisteredHotKeyWithKeyCode(quint16 keyCode, quint64 modifierFlags) const;
     HotKeySet registeredHotKeys() const { return m_registeredHotKeys; }

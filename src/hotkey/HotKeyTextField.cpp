@@ -18,11 +18,6 @@ HotKeyTextField::HotKeyTextField(HotKeys &hotKeys, const KeyboardLayout &layout,
     });
 }
 
-HotKeyTextField::~HotKeyTextField()
-{
-    endEditing();
-}
-
 void HotKeyTextField::setHotKey(const std::shared_ptr<HotKey> &hotKey)
 {
     const bool isOther = hotKey != m_hotKey;

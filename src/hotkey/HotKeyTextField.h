@@ -24,7 +24,7 @@ public:
     /// Neither is owned: the hot keys that are held back while the field records, and the layout
     /// that names keys.
     HotKeyTextField(HotKeys &hotKeys, const KeyboardLayout &layout, QWidget *parent = nullptr);
-    ~HotKeyTextField() override;
+    ~HotKeyTextField() override { endEditing(); }
 
     /// Null when there is none.
     const std::shared_ptr<HotKey> &hotKey() const { return m_hotKey; }

@@ -34,11 +34,6 @@ bool isEscape(const QKeyEvent &event)
 
 } // namespace
 
-HotKeyTextFieldEditor::~HotKeyTextFieldEditor()
-{
-    resignFirstResponder();
-}
-
 HotKeyTextField *HotKeyTextFieldEditor::hotKeyField() const
 {
     return m_hotKeyField;

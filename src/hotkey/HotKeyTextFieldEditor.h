@@ -20,7 +20,7 @@ class HotKeyTextFieldEditor : public QObject
 
 public:
     using QObject::QObject;
-    ~HotKeyTextFieldEditor() override;
+    ~HotKeyTextFieldEditor() override { resignFirstResponder(); }
 
     /// Null when no field is edited.
     HotKeyTextField *hotKeyField() const;

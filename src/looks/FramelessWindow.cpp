@@ -131,22 +131,12 @@ void FramelessWindow::placeContent()
                         : contentRect().adjusted(kOutline, kOutline, -kOutline, -kOutline));
 }
 
-QRect FramelessWindow::frame() const
-{
-    return geometry().marginsRemoved(shadowMargins());
-}
-
 void FramelessWindow::setFrame(const QRect &frame)
 {
     const QRect whole = frame.marginsAdded(shadowMargins());
     // A fixed size also makes tiling window managers leave the window alone.
     setFixedSize(whole.size());
     move(whole.topLeft());
-}
-
-QRect FramelessWindow::contentRect() const
-{
-    return rect().marginsRemoved(shadowMargins());
 }
 
 QMargins FramelessWindow::shadowMargins() const

@@ -23,12 +23,12 @@ public:
     explicit FramelessWindow(WindowSpace &space, Qt::WindowFlags flags = {});
 
     /// The visible window in screen coordinates, without its shadow.
-    QRect frame() const;
+    QRect frame() const { return geometry().marginsRemoved(shadowMargins()); }
     /// Moves and resizes so that the visible window covers `frame`.
     void setFrame(const QRect &frame);
 
     /// The visible window in the widget's own coordinates.
-    QRect contentRect() const;
+    QRect contentRect() const { return rect().marginsRemoved(shadowMargins()); }
 
 Q_SIGNALS:
     /// The desktop's colours or font have changed.

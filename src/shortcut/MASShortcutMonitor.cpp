@@ -48,11 +48,6 @@ void MASShortcutMonitor::unregisterShortcut(const std::optional<MASShortcut> &sh
         m_hotKeys.erase(*shortcut);
 }
 
-void MASShortcutMonitor::unregisterAllShortcuts()
-{
-    m_hotKeys.clear();
-}
-
 bool MASShortcutMonitor::isShortcutRegistered(const MASShortcut &shortcut) const
 {
     return m_hotKeys.contains(shortcut);

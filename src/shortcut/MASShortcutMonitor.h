@@ -36,7 +36,7 @@ public:
 
     /// No shortcut, or one that is not registered, is ignored.
     void unregisterShortcut(const std::optional<MASShortcut> &shortcut);
-    void unregisterAllShortcuts();
+    void unregisterAllShortcuts() { m_hotKeys.clear(); }
     bool isShortcutRegistered(const MASShortcut &shortcut) const;
     /// Whether a registered shortcut still reaches us; another program may have taken it since.
     bool isShortcutGranted(const MASShortcut &shortcut) const;

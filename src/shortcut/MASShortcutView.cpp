@@ -217,11 +217,6 @@ QRect MASShortcutView::hintRect() const
     return {width() - buttonWidth, 0, buttonWidth, height()};
 }
 
-QRect MASShortcutView::shortcutRect() const
-{
-    return rect().adjusted(0, 0, -hintRect().width(), 0);
-}
-
 QString MASShortcutView::toolTipAt(const QPoint &position) const
 {
     if (!m_shortcutValue || m_isRecording || !isEnabled() || !rect().contains(position))

@@ -101,7 +101,7 @@ public:
     /// The small button at the right end.
     QRect hintRect() const;
     /// The rest.
-    QRect shortcutRect() const;
+    QRect shortcutRect() const { return rect().adjusted(0, 0, -hintRect().width(), 0); }
 
     // ^QWidget
     QSize sizeHint() const override;

@@ -48,21 +48,6 @@ void ShortcutRecording::start(MASShortcutMonitor *hotKeyMonitor)
     enter(Phase::Recording);
 }
 
-void ShortcutRecording::stop()
-{
-    enter(m_key ? Phase::AwaitingRelease : Phase::Off);
-}
-
-void ShortcutRecording::pause()
-{
-    enter(Phase::Paused);
-}
-
-void ShortcutRecording::resume()
-{
-    enter(Phase::Recording);
-}
-
 void ShortcutRecording::enter(Phase phase)
 {
     m_phase = phase;

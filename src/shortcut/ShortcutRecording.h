@@ -27,11 +27,11 @@ public:
     /// Sends every key event of the application through the recorder and suspends the hot keys of
     /// `hotKeyMonitor`, which may be null.
     void start(MASShortcutMonitor *hotKeyMonitor);
-    void stop();
+    void stop() { enter(m_key ? Phase::AwaitingRelease : Phase::Off); }
 
     /// Leaves the keys alone for a while, as long as an alert is up.
-    void pause();
-    void resume();
+    void pause() { enter(Phase::Paused); }
+    void resume() { enter(Phase::Recording); }
 
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;

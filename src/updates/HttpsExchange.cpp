@@ -71,11 +71,6 @@ void HttpsExchange::setHeader(const QByteArray &name, const QByteArray &value)
     m_request.setRawHeader(name, value);
 }
 
-void HttpsExchange::get(const QUrl &url)
-{
-    send(url);
-}
-
 void HttpsExchange::post(const QUrl &url, const QByteArray &contentType, const QByteArray &body)
 {
     m_isPost = true;
@@ -136,11 +131,6 @@ void HttpsExchange::start(const QNetworkProxy &proxy)
     m_reply->setReadBufferSize(kReadBufferBytes);
     connect(m_reply, &QIODevice::readyRead, this, &HttpsExchange::read);
     connect(m_reply, &QNetworkReply::finished, this, &HttpsExchange::replyFinished);
-}
-
-bool HttpsExchange::isGoodStatus() const
-{
-    return status() >= 200 && status() <= 299;
 }
 
 void HttpsExchange::read()

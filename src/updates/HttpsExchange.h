@@ -39,7 +39,7 @@ public:
 
     void setHeader(const QByteArray &name, const QByteArray &value);
 
-    void get(const QUrl &url);
+    void get(const QUrl &url) { send(url); }
     void post(const QUrl &url, const QByteArray &contentType, const QByteArray &body);
 
     /// Of the answer; 0 before it came.
@@ -58,7 +58,7 @@ Q_SIGNALS:
 private:
     void send(const QUrl &url);
     void start(const QNetworkProxy &proxy);
-    bool isGoodStatus() const;
+    bool isGoodStatus() const { return status() >= 200 && status() <= 299; }
     void read();
     void replyFinished();
     void checkProgress();

@@ -89,16 +89,6 @@ HistorySizeSlider::HistorySizeSlider(QWidget *parent) : QSlider(Qt::Horizontal, 
     setFocusPolicy(Qt::StrongFocus);
 }
 
-int HistorySizeSlider::grooveHeight() const
-{
-    return QSlider::sizeHint().height();
-}
-
-QSize HistorySizeSlider::sizeHint() const
-{
-    return {320, grooveHeight() + tickHeight()};
-}
-
 void HistorySizeSlider::initStyleOption(QStyleOptionSlider *option) const
 {
     QSlider::initStyleOption(option);

@@ -19,10 +19,10 @@ public:
     explicit HistorySizeSlider(QWidget *parent = nullptr);
 
     /// Height of the part above the ticks.
-    int grooveHeight() const;
+    int grooveHeight() const { return QSlider::sizeHint().height(); }
 
     // ^QSlider
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return {320, grooveHeight() + tickHeight()}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:

@@ -119,11 +119,6 @@ QString PreferencesApplicationViewController::preferenceIdentifier() const
     return QStringLiteral("ApplicationPreferencesIdentifier");
 }
 
-QString PreferencesApplicationViewController::preferenceTitle() const
-{
-    return tr("Applications");
-}
-
 QIcon PreferencesApplicationViewController::preferenceIcon() const
 {
     // The General pane's icon too, deliberately.

@@ -66,7 +66,7 @@ public:
 
     // ^CCNPreferencesWindowControllerProtocol
     QString preferenceIdentifier() const override;
-    QString preferenceTitle() const override;
+    QString preferenceTitle() const override { return tr("Applications"); }
     QIcon preferenceIcon() const override;
     QWidget *view() override;
 

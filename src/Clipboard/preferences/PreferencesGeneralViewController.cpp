@@ -160,11 +160,6 @@ void PreferencesGeneralViewController::clipItemArrChanged()
         explainMaxItems(getMaxItems());
 }
 
-void PreferencesGeneralViewController::sliderMoved(int value)
-{
-    showMaxItems(value);
-}
-
 void PreferencesGeneralViewController::openAtLoginClicked()
 {
     setOpenAtLogin(required(openAtLoginCB, "openAtLoginCB").isChecked());
@@ -179,11 +174,6 @@ void PreferencesGeneralViewController::notificationsClicked()
 QString PreferencesGeneralViewController::preferenceIdentifier() const
 {
     return QStringLiteral("GeneralPreferencesIdentifier");
-}
-
-QString PreferencesGeneralViewController::preferenceTitle() const
-{
-    return tr("General");
 }
 
 QIcon PreferencesGeneralViewController::preferenceIcon() const

@@ -72,7 +72,7 @@ public:
 
     /// The history has more clips or fewer.
     void clipItemArrChanged();
-    void sliderMoved(int value);
+    void sliderMoved(int value) { showMaxItems(value); }
     void openAtLoginClicked();
     void notificationsClicked();
 
@@ -87,7 +87,7 @@ public:
 
     // ^CCNPreferencesWindowControllerProtocol
     QString preferenceIdentifier() const override;
-    QString preferenceTitle() const override;
+    QString preferenceTitle() const override { return tr("General"); }
     QIcon preferenceIcon() const override;
     QWidget *view() override;
 

@@ -29,11 +29,6 @@ void PathLabel::setPath(const QString &path)
     setToolTip(QStringLiteral("<span>%1</span>").arg(path.toHtmlEscaped()));
 }
 
-QSize PathLabel::minimumSizeHint() const
-{
-    return {0, QLineEdit::minimumSizeHint().height()};
-}
-
 void PathLabel::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);

@@ -14,7 +14,7 @@ public:
 
     void setPath(const QString &path);
 
-    QSize minimumSizeHint() const override;
+    QSize minimumSizeHint() const override { return {0, QLineEdit::minimumSizeHint().height()}; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

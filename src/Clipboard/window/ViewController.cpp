@@ -102,16 +102,6 @@ int ViewController::selectedRow() const
     return *row;
 }
 
-void ViewController::next()
-{
-    selectRow(selectedRow() + 1);
-}
-
-void ViewController::previous()
-{
-    selectRow(selectedRow() - 1);
-}
-
 void ViewController::paste()
 {
     paste(selectedRow(), std::nullopt);

@@ -75,8 +75,8 @@ public:
     /// Called each time the window appears.
     void viewDidAppear();
 
-    void next();
-    void previous();
+    void next() { selectRow(selectedRow() + 1); }
+    void previous() { selectRow(selectedRow() - 1); }
     void paste();
     void paste(const QString &format);
     void paste(int row, const std::optional<QString> &format);

@@ -45,11 +45,6 @@ X11Connection::X11Connection() : m_connection(xcb_connect(nullptr, &m_screenNumb
     m_root = screens.data->root;
 }
 
-X11Connection::~X11Connection()
-{
-    xcb_disconnect(m_connection);
-}
-
 PendingProperty X11Connection::ask(xcb_window_t window, xcb_atom_t property, xcb_atom_t type) const
 {
     return {m_connection, window, property, type};

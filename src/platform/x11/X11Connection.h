@@ -90,7 +90,7 @@ public:
     X11Connection();
     X11Connection(const X11Connection &) = delete;
     X11Connection &operator=(const X11Connection &) = delete;
-    ~X11Connection();
+    ~X11Connection() { xcb_disconnect(m_connection); }
 
     /// Never null; xcb itself accepts a broken connection everywhere.
     xcb_connection_t *get() const { return m_connection; }

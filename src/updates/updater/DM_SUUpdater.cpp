@@ -99,11 +99,6 @@ void DM_SUUpdater::checkForUpdates()
     start(Manner::Interactive);
 }
 
-void DM_SUUpdater::setAutomaticallyChecksForUpdates(bool isOn)
-{
-    m_schedule.setEnabled(isOn);
-}
-
 void DM_SUUpdater::start(Manner manner)
 {
     m_manner = manner;

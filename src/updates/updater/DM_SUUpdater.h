@@ -54,7 +54,7 @@ public:
 
     /// Switches the daily look on or off, for now and for later starts. Without a feed address it
     /// never takes place.
-    void setAutomaticallyChecksForUpdates(bool isOn);
+    void setAutomaticallyChecksForUpdates(bool isOn) { m_schedule.setEnabled(isOn); }
     bool automaticallyChecksForUpdates() const { return m_schedule.isEnabled(); }
 
     /// For tests and for who brings it to the front; null while none is open.

@@ -7,11 +7,6 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-UpdateLock::~UpdateLock()
-{
-    release();
-}
-
 UpdateLock::Outcome UpdateLock::take(const QString &path)
 {
     release();

@@ -8,7 +8,7 @@ class UpdateLock
 {
 public:
     UpdateLock() = default;
-    ~UpdateLock();
+    ~UpdateLock() { release(); }
     UpdateLock(const UpdateLock &) = delete;
     UpdateLock &operator=(const UpdateLock &) = delete;
 

@@ -107,11 +107,6 @@ DBusSingleInstance::DBusSingleInstance(const QString &storeFolder,
                            [this](const InstanceMessage &message) { return receive(message); });
 }
 
-DBusSingleInstance::~DBusSingleInstance()
-{
-    close();
-}
-
 SingleInstance::Entry DBusSingleInstance::enter(const QString &action)
 {
     m_activationToken = ownActivationToken();

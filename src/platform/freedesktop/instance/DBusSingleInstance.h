@@ -26,7 +26,7 @@ public:
 
     explicit DBusSingleInstance(const QString &storeFolder,
                                 std::chrono::milliseconds answerLimit = kAnswerLimit);
-    ~DBusSingleInstance() override;
+    ~DBusSingleInstance() override { close(); }
 
     // ^SingleInstance
     Entry enter(const QString &action) override;

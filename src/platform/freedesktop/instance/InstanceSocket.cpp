@@ -84,11 +84,6 @@ struct InstanceSocket::Letter
 
 InstanceSocket::InstanceSocket(QString folder) : m_path(std::move(folder)) {}
 
-InstanceSocket::~InstanceSocket()
-{
-    release();
-}
-
 void InstanceSocket::release()
 {
     // The lock goes last: while it is held nobody else makes a socket of that name.

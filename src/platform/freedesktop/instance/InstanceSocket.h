@@ -43,7 +43,7 @@ public:
     explicit InstanceSocket(QString folder);
     InstanceSocket(const InstanceSocket &) = delete;
     InstanceSocket &operator=(const InstanceSocket &) = delete;
-    ~InstanceSocket();
+    ~InstanceSocket() { release(); }
 
     Claim claim();
     /// Gives lock and socket up.

@@ -20,16 +20,6 @@ X11KeySender::X11KeySender(X11HotKeys &hotKeys, const X11FrontApplication &front
 {
 }
 
-bool X11KeySender::isAvailable() const
-{
-    return m_hotKeys.canType();
-}
-
-bool X11KeySender::isKeyHeld() const
-{
-    return m_hotKeys.isKeyHeld();
-}
-
 KeySender::Outcome X11KeySender::sendCommand(quint32 keyCode)
 {
     if (!isAvailable() || (keyCode != VirtualKey::kC && keyCode != VirtualKey::kV))

@@ -43,8 +43,8 @@ public:
                  KnownKeys::UsersTable usersTable = {});
 
     // ^KeySender
-    bool isAvailable() const override;
-    bool isKeyHeld() const override;
+    bool isAvailable() const override { return m_hotKeys.canType(); }
+    bool isKeyHeld() const override { return m_hotKeys.isKeyHeld(); }
     [[nodiscard]] Outcome sendCommand(quint32 keyCode) override;
     [[nodiscard]] Outcome sendPasteOverCopied() override;
     void setGivenUp(std::function<void()> givenUp) override { m_givenUp = std::move(givenUp); }

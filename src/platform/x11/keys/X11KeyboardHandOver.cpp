@@ -32,11 +32,6 @@ void X11KeyboardHandOver::passOver()
     xcb_allow_events(m_connection.get(), XCB_ALLOW_SYNC_KEYBOARD, XCB_CURRENT_TIME);
 }
 
-void X11KeyboardHandOver::holdBack()
-{
-    m_heldSince = std::chrono::steady_clock::now();
-}
-
 bool X11KeyboardHandOver::isOurWindowReady(TimePoint now) const
 {
     const xcb_window_t focus = m_active.inputFocus();

@@ -27,7 +27,7 @@ public:
     void passOver();
 
     /// The latest key event is another key's press: it waits for our window.
-    void holdBack();
+    void holdBack() { m_heldSince = std::chrono::steady_clock::now(); }
 
     /// Whether a key waits.
     bool isHoldingBack() const { return m_heldSince.has_value(); }

@@ -20,11 +20,6 @@ xcb_atom_t PropertyPool::take()
     return m_free.isEmpty() ? makeProperty() : m_free.takeFirst();
 }
 
-void PropertyPool::giveBack(xcb_atom_t property)
-{
-    m_free.append(property);
-}
-
 void PropertyPool::abandon(xcb_atom_t property)
 {
     // Emptied, so that the server does not keep the piece that arrived. Removing it instead would

@@ -18,7 +18,7 @@ public:
     xcb_atom_t take();
 
     /// The answer came and was read.
-    void giveBack(xcb_atom_t property);
+    void giveBack(xcb_atom_t property) { m_free.append(property); }
 
     /// Nobody waits for the answer any more. An owner in the middle of a transfer is left waiting
     /// for us, as there is no way to call it off.

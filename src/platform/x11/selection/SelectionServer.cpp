@@ -71,11 +71,6 @@ void SelectionServer::confirm(xcb_atom_t selection, xcb_timestamp_t time)
     served.time = time;
 }
 
-void SelectionServer::release(xcb_atom_t selection)
-{
-    m_served.remove(selection);
-}
-
 std::shared_ptr<const SelectionOffer> SelectionServer::offer(xcb_atom_t selection) const
 {
     return m_served.value(selection).offer;

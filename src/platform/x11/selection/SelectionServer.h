@@ -40,7 +40,7 @@ public:
     /// The server says that we own the selection since `time`.
     void confirm(xcb_atom_t selection, xcb_timestamp_t time);
     /// We own the selection no more. Transfers that run are finished.
-    void release(xcb_atom_t selection);
+    void release(xcb_atom_t selection) { m_served.remove(selection); }
 
     bool isServing(xcb_atom_t selection) const { return m_served.contains(selection); }
     /// Null when the selection is not ours.

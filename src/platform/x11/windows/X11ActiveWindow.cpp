@@ -49,11 +49,6 @@ bool X11ActiveWindow::isManaged() const
     return manager != XCB_NONE && (isLast ? onLast : onLast = ask(manager)).first() == manager;
 }
 
-bool X11ActiveWindow::hasInputFocus(xcb_window_t window) const
-{
-    return leadsTo(window, inputFocus());
-}
-
 bool X11ActiveWindow::isInFrontWithFocus(xcb_window_t window, xcb_window_t keyboardPlace) const
 {
     // All on their way before the first answer: a paste waits for them.
@@ -126,16 +121,6 @@ xcb_window_t X11ActiveWindow::parentOf(xcb_window_t window) const
     const XcbPointer<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(
         m_connection.get(), xcb_query_tree(m_connection.get(), window), nullptr));
     return reply ? reply->parent : xcb_window_t(XCB_NONE);
-}
-
-bool X11ActiveWindow::exists(xcb_window_t window) const
-{
-    return mapStateOf(window).has_value();
-}
-
-bool X11ActiveWindow::isShown(xcb_window_t window) const
-{
-    return mapStateOf(window) == XCB_MAP_STATE_VIEWABLE;
 }
 
 std::optional<quint8> X11ActiveWindow::mapStateOf(xcb_window_t window) const

@@ -19,7 +19,7 @@ public:
     bool isManaged() const;
 
     /// Whether the keyboard input goes to `window` or to a window inside it.
-    bool hasInputFocus(xcb_window_t window) const;
+    bool hasInputFocus(xcb_window_t window) const { return leadsTo(window, inputFocus()); }
 
     /// Whether it goes to `keyboardPlace`, often the window itself, and the window manager, if one
     /// runs, calls the window active.
@@ -28,11 +28,11 @@ public:
     /// The window that has the keyboard, often a part of another; XCB_NONE when none has.
     xcb_window_t inputFocus() const;
 
-    bool exists(xcb_window_t window) const;
+    bool exists(xcb_window_t window) const { return mapStateOf(window).has_value(); }
 
     /// Whether the window is on the screen. A window manager with no other to call active may go
     /// on calling one so that was hidden.
-    bool isShown(xcb_window_t window) const;
+    bool isShown(xcb_window_t window) const { return mapStateOf(window) == XCB_MAP_STATE_VIEWABLE; }
 
     /// What the window tells of its program; `identityOf` waits for the answer.
     WindowQuestion ask(xcb_window_t window) const;
