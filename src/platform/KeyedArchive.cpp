@@ -128,19 +128,6 @@ private:
     QHash<void *, QVariant> m_values;
 };
 
-std::vector<void *> items(void *array)
-{
-    std::vector<void *> items;
-    plist_array_iter iterator = nullptr;
-    plist_array_new_iter(array, &iterator);
-    void *item = nullptr;
-    for (plist_array_next_item(array, iterator, &item); item;
-         plist_array_next_item(array, iterator, &item))
-        items.push_back(item);
-    free(iterator);
-    return items;
-}
-
 Unarchiver::Unarchiver(const QByteArray &data) : m_archive(PropertyList::parseBinary(data))
 {
     if (!isType(m_archive.get(), PLIST_DICT))
@@ -151,7 +138,7 @@ Unarchiver::Unarchiver(const QByteArray &data) : m_archive(PropertyList::parseBi
     void *objects = plist_dict_get_item(m_archive.get(), "$objects");
     if (header("$archiver") == kArchiver && header("$version").toULongLong() == kVersion &&
         isType(objects, PLIST_ARRAY))
-        m_objects = items(objects);
+        m_objects = PropertyList::items(objects);
 }
 
 /// The object that a UID names; null when the node is no UID or points at nothing.
@@ -205,21 +192,11 @@ std::optional<ArchivedObject> Unarchiver::makeObject(void *node)
     object.classes = record.value(QStringLiteral("$classes")).toStringList();
     if (object.className.isEmpty())
         return std::nullopt;
-    plist_dict_iter iterator = nullptr;
-    plist_dict_new_iter(node, &iterator);
-    while (true) {
-        char *key = nullptr;
-        void *item = nullptr;
-        plist_dict_next_item(node, iterator, &key, &item);
-        const QString name = QString::fromUtf8(key);
-        free(key);
-        if (!item)
-            break;
+    for (const auto &[name, item] : PropertyList::entries(node)) {
         const QVariant value = name == u"$class" ? QVariant() : field(item);
         if (value.isValid())
             object.fields.insert(name, value);
     }
-    free(iterator);
     return object;
 }
 
@@ -247,7 +224,7 @@ std::optional<QList<ArchivedObject>> Unarchiver::rootArray()
     if (!isType(references, PLIST_ARRAY))
         return std::nullopt;
     QList<ArchivedObject> array;
-    for (void *reference : items(references)) {
+    for (void *reference : PropertyList::items(references)) {
         const auto element = object(target(reference));
         if (!element)
             return std::nullopt;

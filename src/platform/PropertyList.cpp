@@ -51,40 +51,24 @@ QVariant toVariantAt(void *node, int depth);
 QVariant listOf(void *node, int depth)
 {
     QVariantList list;
-    plist_array_iter iterator = nullptr;
-    plist_array_new_iter(node, &iterator);
-    void *item = nullptr;
-    bool isWhole = true;
-    for (plist_array_next_item(node, iterator, &item); item && isWhole;
-         plist_array_next_item(node, iterator, &item)) {
+    for (void *item : PropertyList::items(node)) {
         list.append(toVariantAt(item, depth + 1));
-        isWhole = list.last().isValid();
+        if (!list.last().isValid())
+            return {};
     }
-    free(iterator);
-    return isWhole ? QVariant(list) : QVariant();
+    return list;
 }
 
 QVariant mapOf(void *node, int depth)
 {
     QVariantMap map;
-    plist_dict_iter iterator = nullptr;
-    plist_dict_new_iter(node, &iterator);
-    bool isWhole = true;
-    while (isWhole) {
-        char *key = nullptr;
-        void *item = nullptr;
-        plist_dict_next_item(node, iterator, &key, &item);
-        if (!item) {
-            free(key);
-            break;
-        }
+    for (const auto &[key, item] : PropertyList::entries(node)) {
         const QVariant value = toVariantAt(item, depth + 1);
-        isWhole = value.isValid();
-        map.insert(QString::fromUtf8(key), value);
-        free(key);
+        if (!value.isValid())
+            return {};
+        map.insert(key, value);
     }
-    free(iterator);
-    return isWhole ? QVariant(map) : QVariant();
+    return map;
 }
 
 QVariant dateOf(void *node)
@@ -250,6 +234,38 @@ Tree PropertyList::parseBinary(const QByteArray &bytes)
     plist_t node = nullptr;
     plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &node);
     return Tree(node);
+}
+
+std::vector<void *> PropertyList::items(void *array)
+{
+    std::vector<void *> items;
+    plist_array_iter iterator = nullptr;
+    plist_array_new_iter(array, &iterator);
+    void *item = nullptr;
+    for (plist_array_next_item(array, iterator, &item); item;
+         plist_array_next_item(array, iterator, &item))
+        items.push_back(item);
+    free(iterator);
+    return items;
+}
+
+std::vector<std::pair<QString, void *>> PropertyList::entries(void *dictionary)
+{
+    std::vector<std::pair<QString, void *>> entries;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(dictionary, &iterator);
+    for (;;) {
+        char *key = nullptr;
+        void *item = nullptr;
+        plist_dict_next_item(dictionary, iterator, &key, &item);
+        if (item)
+            entries.emplace_back(QString::fromUtf8(key), item);
+        free(key);
+        if (!item)
+            break;
+    }
+    free(iterator);
+    return entries;
 }
 
 QByteArray PropertyList::toXml(void *node)

@@ -4,6 +4,8 @@
 #include <QVariant>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 /// Property lists of bytes that nobody vouches for, over libplist, which by itself recurses as
 /// deep and expands as far as a file tells it to. Nodes are libplist's (`plist_t`), so that what a
@@ -24,6 +26,11 @@ Tree parse(const QByteArray &bytes);
 
 /// The same for the binary form only.
 Tree parseBinary(const QByteArray &bytes);
+
+/// What stands in an array, in order.
+std::vector<void *> items(void *array);
+/// What stands in a dictionary, by its keys.
+std::vector<std::pair<QString, void *>> entries(void *dictionary);
 
 QByteArray toXml(void *node);
 QByteArray toBinary(void *node);

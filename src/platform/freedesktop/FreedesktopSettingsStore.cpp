@@ -100,20 +100,11 @@ void FreedesktopSettingsStore::load()
     if (PropertyList::Tree document = readFile(&problem)) {
         m_stamp = found;
         m_document = std::move(document);
-        plist_dict_iter iterator = nullptr;
-        plist_dict_new_iter(m_document.get(), &iterator);
-        while (true) {
-            char *key = nullptr;
-            void *node = nullptr;
-            plist_dict_next_item(m_document.get(), iterator, &key, &node);
+        for (const auto &[key, node] : PropertyList::entries(m_document.get())) {
             const QVariant value = PropertyList::toVariant(node);
             if (value.isValid())
-                m_values.insert(QString::fromUtf8(key), value);
-            free(key);
-            if (!node)
-                break;
+                m_values.insert(key, value);
         }
-        free(iterator);
         return;
     }
     if (!problem.isEmpty()) {
