@@ -10,7 +10,6 @@
 
 #include <memory>
 
-#include <unicode/ucnv.h>
 #include <unicode/ucsdet.h>
 
 namespace {
@@ -55,17 +54,10 @@ std::optional<QString> decodedByStatistics(const QByteArray &bytes)
     } else if (confidence < kLikely) {
         name = "windows-1252";
     }
-    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
-        ucnv_open(name.constData(), &error), &ucnv_close);
-    if (U_FAILURE(error))
+    QStringDecoder decoder(name.constData());
+    if (!decoder.isValid())
         return std::nullopt;
-    QString text(bytes.size() * 2, Qt::Uninitialized);
-    const int32_t length = ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()),
-                                         static_cast<int32_t>(text.size()), bytes.constData(),
-                                         static_cast<int32_t>(bytes.size()), &error);
-    if (U_FAILURE(error))
-        return std::nullopt;
-    text.truncate(length);
+    const QString text = decoder(bytes);
     if (holdsNul && text.contains(QChar(u'\0')))
         return std::nullopt;
     return text;

@@ -1,11 +1,8 @@
 #include "platform/pasteboard/CompoundText.h"
 
-#include <QString>
+#include "platform/pasteboard/SelectionText.h"
 
 #include <algorithm>
-#include <memory>
-
-#include <unicode/ucnv.h>
 
 namespace {
 
@@ -48,17 +45,8 @@ constexpr Set kRightSets[] = {
 
 QByteArray decode(const QByteArray &bytes, const char *encoding)
 {
-    UErrorCode error = U_ZERO_ERROR;
-    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding, &error),
-                                                                       &ucnv_close);
-    if (U_FAILURE(error))
-        return kReplacement;
-    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);
-    const int32_t length = ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()),
-                                         static_cast<int32_t>(text.size()), bytes.constData(),
-                                         static_cast<int32_t>(bytes.size()), &error);
-    text.truncate(U_SUCCESS(error) ? length : 0);
-    return text.toUtf8();
+    const std::optional<QString> text = SelectionText::decoded(bytes, encoding);
+    return text ? text->toUtf8() : kReplacement;
 }
 
 bool isUpper(char byte)

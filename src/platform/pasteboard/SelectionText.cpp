@@ -2,6 +2,10 @@
 
 #include <QStringConverter>
 
+#include <memory>
+
+#include <unicode/ucnv.h>
+
 namespace {
 
 // A mark of the byte order at the beginning belongs to the text: a copy is given back as it came.
@@ -50,4 +54,19 @@ QByteArray SelectionText::latin1ToUtf8(const QByteArray &latin1)
 QByteArray SelectionText::utf8ToLatin1(const QByteArray &utf8)
 {
     return fromUtf8(utf8).toLatin1();
+}
+
+std::optional<QString> SelectionText::decoded(const QByteArray &bytes, const char *encoding)
+{
+    UErrorCode error = U_ZERO_ERROR;
+    const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(encoding, &error),
+                                                                       &ucnv_close);
+    if (U_FAILURE(error))
+        return std::nullopt;
+    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);
+    const int32_t length = ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()),
+                                         static_cast<int32_t>(text.size()), bytes.constData(),
+                                         static_cast<int32_t>(bytes.size()), &error);
+    text.truncate(U_SUCCESS(error) ? length : 0);
+    return text;
 }

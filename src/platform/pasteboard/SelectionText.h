@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 /// Texts between the pasteboard's bytes and the application's QString.
 ///
 /// Nothing is ever refused for its characters. A NUL is a character like any other and stays, also
@@ -18,5 +20,8 @@ QByteArray toUtf8(const QString &text);
 bool isLatin1(const QByteArray &utf8);
 QByteArray latin1ToUtf8(const QByteArray &latin1);
 QByteArray utf8ToLatin1(const QByteArray &utf8);
+
+/// By any other encoding's name; absent when that is not known.
+std::optional<QString> decoded(const QByteArray &bytes, const char *encoding);
 
 } // namespace SelectionText

@@ -7,13 +7,8 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
-
-#include <unicode/ucnv.h>
 
 namespace {
-
-using Converter = std::unique_ptr<UConverter, decltype(&ucnv_close)>;
 
 const QString kUtf8String = QStringLiteral("UTF8_STRING");
 const QString kString = QStringLiteral("STRING");
@@ -41,13 +36,6 @@ bool isUtf16(const QString &charset)
     return charset == QStringLiteral("utf-16") || charset == QStringLiteral("unicode");
 }
 
-Converter converterOf(const QString &charset)
-{
-    UErrorCode error = U_ZERO_ERROR;
-    Converter converter(ucnv_open(charset.toLatin1().constData(), &error), &ucnv_close);
-    return U_SUCCESS(error) ? std::move(converter) : Converter(nullptr, &ucnv_close);
-}
-
 /// What a name is worth; the lower the better, absent when it names no text.
 std::optional<int> rankOf(const QString &name)
 {
@@ -60,7 +48,9 @@ std::optional<int> rankOf(const QString &name)
     if (charset == kUtf8)
         return 1;
     if (charset && !charset->isEmpty())
-        return isUtf16(*charset) || converterOf(*charset) ? std::optional(2) : std::nullopt;
+        return isUtf16(*charset) || SelectionText::decoded({}, charset->toLatin1().constData())
+                   ? std::optional(2)
+                   : std::nullopt;
     const auto known = std::find(kNames.begin(), kNames.end(), charset ? kPlain : name);
     return known == kNames.end() ? std::nullopt : std::optional(3 + int(known - kNames.begin()));
 }
@@ -82,16 +72,8 @@ QByteArray fromCharset(const QByteArray &bytes, const QString &charset)
         QStringDecoder decoder(QStringDecoder::Utf16);
         return SelectionText::toUtf8(decoder.decode(bytes));
     }
-    const Converter converter = converterOf(charset);
-    if (!converter)
-        return fromUnknown(bytes);
-    QString text(bytes.size() * 2 + 1, Qt::Uninitialized);
-    UErrorCode error = U_ZERO_ERROR;
-    const int32_t length = ucnv_toUChars(converter.get(), reinterpret_cast<UChar *>(text.data()),
-                                         static_cast<int32_t>(text.size()), bytes.constData(),
-                                         static_cast<int32_t>(bytes.size()), &error);
-    text.truncate(U_SUCCESS(error) ? length : 0);
-    return SelectionText::toUtf8(text);
+    const auto text = SelectionText::decoded(bytes, charset.toLatin1().constData());
+    return text ? SelectionText::toUtf8(*text) : fromUnknown(bytes);
 }
 
 } // namespace
