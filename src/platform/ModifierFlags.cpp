@@ -2,6 +2,9 @@
 
 #include <QKeyEvent>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 /// The Lock modifier has this bit on every X server and in every xkb keymap.
@@ -16,23 +19,37 @@ bool isAltTakenForSuper(const QKeyEvent &event)
     return event.key() == Qt::Key_Meta && (symbol == kMetaL || symbol == kMetaR);
 }
 
+/// A modifier that a shortcut may carry, as each side calls it.
+struct Modifier
+{
+    quint64 flag;
+    quint32 carbon;
+    Qt::KeyboardModifier qt;
+};
+
+constexpr Modifier kModifiers[] = {
+    {ModifierFlags::kShift, CarbonModifiers::kShift, Qt::ShiftModifier},
+    {ModifierFlags::kControl, CarbonModifiers::kControl, Qt::ControlModifier},
+    {ModifierFlags::kOption, CarbonModifiers::kOption, Qt::AltModifier},
+    {ModifierFlags::kCommand, CarbonModifiers::kCommand, Qt::MetaModifier},
+};
+
 } // namespace
+
+quint64 ModifierFlags::ofQt(Qt::KeyboardModifiers modifiers)
+{
+    quint64 flags = 0;
+    for (const Modifier &modifier : kModifiers)
+        flags |= modifiers & modifier.qt ? modifier.flag : 0;
+    return flags;
+}
 
 quint64 ModifierFlags::ofEvent(const QKeyEvent &event)
 {
     Qt::KeyboardModifiers held = event.modifiers();
     if (isAltTakenForSuper(event))
         held ^= Qt::MetaModifier | Qt::AltModifier;
-    quint64 flags = 0;
-    if (held & Qt::ShiftModifier)
-        flags |= kShift;
-    if (held & Qt::ControlModifier)
-        flags |= kControl;
-    if (held & Qt::AltModifier)
-        flags |= kOption;
-    if (held & Qt::MetaModifier)
-        flags |= kCommand;
-    return flags;
+    return ofQt(held);
 }
 
 quint64 ModifierFlags::ofEventWithCapsLock(const QKeyEvent &event)
@@ -42,47 +59,23 @@ quint64 ModifierFlags::ofEventWithCapsLock(const QKeyEvent &event)
 
 quint64 ModifierFlags::ofCarbon(quint32 carbonModifiers)
 {
-    quint64 flags = 0;
-    if (carbonModifiers & CarbonModifiers::kCapsLock)
-        flags |= kCapsLock;
-    if (carbonModifiers & CarbonModifiers::kShift)
-        flags |= kShift;
-    if (carbonModifiers & CarbonModifiers::kControl)
-        flags |= kControl;
-    if (carbonModifiers & CarbonModifiers::kOption)
-        flags |= kOption;
-    if (carbonModifiers & CarbonModifiers::kCommand)
-        flags |= kCommand;
+    quint64 flags = carbonModifiers & CarbonModifiers::kCapsLock ? kCapsLock : 0;
+    for (const Modifier &modifier : kModifiers)
+        flags |= carbonModifiers & modifier.carbon ? modifier.flag : 0;
     return flags;
 }
 
 bool ModifierFlags::isModifierKey(const QKeyEvent &event)
 {
-    switch (event.key()) {
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_AltGr:
-    case Qt::Key_Meta:
-    case Qt::Key_Super_L:
-    case Qt::Key_Super_R:
-    case Qt::Key_CapsLock:
-        return true;
-    default:
-        return false;
-    }
+    constexpr std::array kKeys{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt,     Qt::Key_AltGr,
+                               Qt::Key_Meta,  Qt::Key_Super_L, Qt::Key_Super_R, Qt::Key_CapsLock};
+    return std::find(kKeys.begin(), kKeys.end(), event.key()) != kKeys.end();
 }
 
 quint32 CarbonModifiers::ofFlags(quint64 modifierFlags)
 {
     quint32 carbon = 0;
-    if (modifierFlags & ModifierFlags::kShift)
-        carbon |= kShift;
-    if (modifierFlags & ModifierFlags::kControl)
-        carbon |= kControl;
-    if (modifierFlags & ModifierFlags::kOption)
-        carbon |= kOption;
-    if (modifierFlags & ModifierFlags::kCommand)
-        carbon |= kCommand;
+    for (const Modifier &modifier : kModifiers)
+        carbon |= modifierFlags & modifier.flag ? modifier.carbon : 0;
     return carbon;
 }

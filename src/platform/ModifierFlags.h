@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <Qt>
 
 class QKeyEvent;
 
@@ -18,6 +18,8 @@ inline constexpr quint64 kFunction = 0x800000;
 
 /// The four that a shortcut may carry.
 inline constexpr quint64 kShortcutMask = kShift | kControl | kOption | kCommand;
+
+quint64 ofQt(Qt::KeyboardModifiers modifiers);
 
 /// The modifiers held after `event`, in the bits above: a modifier key's own press counts as
 /// held, its release as not held.

@@ -154,16 +154,8 @@ std::optional<SymbolicHotKey> ShortcutText::fromQt(const QString &shortcut)
     const auto place = placeOf(qtSymbol(sequence[0].key()));
     if (!place)
         return std::nullopt;
-    const Qt::KeyboardModifiers modifiers = sequence[0].keyboardModifiers();
-    SymbolicHotKey hotKey{place->keyCode, 0, true};
+    const quint64 modifiers = ModifierFlags::ofQt(sequence[0].keyboardModifiers());
     // "Meta+!" leaves out the Shift that its key needs.
-    if (modifiers.testFlag(Qt::ShiftModifier) || place->isShifted)
-        hotKey.carbonModifiers |= CarbonModifiers::kShift;
-    if (modifiers.testFlag(Qt::ControlModifier))
-        hotKey.carbonModifiers |= CarbonModifiers::kControl;
-    if (modifiers.testFlag(Qt::AltModifier))
-        hotKey.carbonModifiers |= CarbonModifiers::kOption;
-    if (modifiers.testFlag(Qt::MetaModifier))
-        hotKey.carbonModifiers |= CarbonModifiers::kCommand;
-    return hotKey;
+    const quint32 shift = place->isShifted ? CarbonModifiers::kShift : 0;
+    return SymbolicHotKey{place->keyCode, CarbonModifiers::ofFlags(modifiers) | shift, true};
 }
