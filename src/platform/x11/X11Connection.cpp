@@ -1,5 +1,7 @@
 #include "platform/x11/X11Connection.h"
 
+#include <xcb/xfixes.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -8,6 +10,30 @@ namespace {
 constexpr uint32_t kWholeValue = 0x1FFFFFFF; // in units of four bytes
 
 } // namespace
+
+xcb_window_t selectionOwner(xcb_connection_t *connection, xcb_atom_t selection)
+{
+    const XcbPointer<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, selection), nullptr));
+    return reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
+}
+
+uint8_t watchSelectionOwner(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t selection,
+                            bool isWatched)
+{
+    const xcb_query_extension_reply_t *fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
+    if (!fixes || !fixes->present)
+        return 0;
+    // The server refuses any other request of the extension before it was told a version.
+    xcb_discard_reply(connection, xcb_xfixes_query_version(connection, 5, 0).sequence);
+    // All three, because the core protocol tells only the former owner that the selection has
+    // changed hands, and nobody that its owner has died.
+    const uint32_t events = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                            XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                            XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
+    xcb_xfixes_select_selection_input(connection, window, selection, isWatched ? events : 0);
+    return fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
+}
 
 PendingProperty::PendingProperty(xcb_connection_t *connection, xcb_window_t window,
                                  xcb_atom_t property, xcb_atom_t type)

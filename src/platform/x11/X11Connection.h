@@ -22,6 +22,20 @@ struct FreeReply
 template <typename Reply>
 using XcbPointer = std::unique_ptr<Reply, FreeReply>;
 
+/// Of an event, without the bit that marks what another client sent.
+inline uint8_t typeOf(const xcb_generic_event_t &event)
+{
+    return event.response_type & 0x7F;
+}
+
+/// None when nobody owns the selection.
+xcb_window_t selectionOwner(xcb_connection_t *connection, xcb_atom_t selection);
+
+/// Has every change of a selection's owner told to `window` from now on, or no longer. The number
+/// of the event; 0 when the server has no XFixes, and nothing is told.
+uint8_t watchSelectionOwner(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t selection,
+                            bool isWatched = true);
+
 /// A question to the server whose answer is collected later, so that several travel together. An
 /// answer that nobody collected is dropped.
 template <typename Cookie, typename Reply>

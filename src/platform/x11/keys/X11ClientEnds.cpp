@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
 /// Windows that go together are told of once.
 constexpr std::chrono::milliseconds kTellingDelay{200};
 
@@ -12,7 +11,7 @@ constexpr std::chrono::milliseconds kTellingDelay{200};
 
 X11ClientEnds::X11ClientEnds()
     : m_events(m_connection, [this](const xcb_generic_event_t &event) {
-          if ((event.response_type & kEventMask) == XCB_DESTROY_NOTIFY && !m_telling.isActive())
+          if (typeOf(event) == XCB_DESTROY_NOTIFY && !m_telling.isActive())
               m_telling.start();
       })
 {

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
 // X keycodes are the kernel's plus 8, because the protocol has none below 8.
 constexpr int kEvdevOffset = 8;
 /// Nothing tells when the keyboard comes to a window of ours while a key waits for it.
@@ -229,7 +228,7 @@ void X11HotKeys::handle(const xcb_generic_event_t &event)
         listenForReleases();
         return;
     }
-    const uint8_t type = event.response_type & kEventMask;
+    const uint8_t type = typeOf(event);
     if (type == XCB_KEY_PRESS)
         handlePress(reinterpret_cast<const xcb_key_press_event_t &>(event));
     else if (type == XCB_KEY_RELEASE)

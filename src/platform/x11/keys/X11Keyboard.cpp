@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
-
 } // namespace
 
 X11Keyboard::X11Keyboard(const X11Connection &connection) : m_connection(connection)
@@ -64,7 +62,7 @@ void X11Keyboard::setDetectableAutoRepeat()
 
 X11Keyboard::Change X11Keyboard::takeIn(const xcb_generic_event_t &event)
 {
-    const uint8_t type = event.response_type & kEventMask;
+    const uint8_t type = typeOf(event);
     if (type == XCB_MAPPING_NOTIFY) {
         const auto &notice = reinterpret_cast<const xcb_mapping_notify_event_t &>(event);
         if (notice.request == XCB_MAPPING_POINTER)

@@ -42,8 +42,8 @@ void IncomingConversion::ask(xcb_atom_t selection, xcb_atom_t target, xcb_timest
 
 bool IncomingConversion::handle(const xcb_generic_event_t &event)
 {
-    // Without the bit that marks what a client sent: owners answer by SendEvent (ICCCM 2.2).
-    switch (event.response_type & 0x7F) {
+    // Whoever sent it: owners answer by SendEvent (ICCCM 2.2).
+    switch (typeOf(event)) {
     case XCB_SELECTION_NOTIFY:
         return handleAnswer(reinterpret_cast<const xcb_selection_notify_event_t &>(event));
     case XCB_PROPERTY_NOTIFY:

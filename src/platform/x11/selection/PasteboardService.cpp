@@ -49,7 +49,7 @@ void PasteboardService::start()
 
 void PasteboardService::handle(const xcb_generic_event_t &event)
 {
-    const int type = event.response_type & 0x7F;
+    const int type = typeOf(event);
     if (type == m_connection.ownerChangeEvent() && type != 0)
         handleOwnerChange(as<xcb_xfixes_selection_notify_event_t>(event));
     else if (type == XCB_SELECTION_NOTIFY)

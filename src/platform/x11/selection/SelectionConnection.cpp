@@ -3,8 +3,6 @@
 #include <utility>
 #include <vector>
 
-#include <xcb/xfixes.h>
-
 namespace {
 
 constexpr qsizetype kMaxNames = 4096;
@@ -23,14 +21,6 @@ SelectionConnection::SelectionConnection(Clock clock) : m_clock(std::move(clock)
     xcb_create_window(xcb(), 0, m_window, m_server.root(), 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
                       &events);
-    const xcb_query_extension_reply_t *xfixes = xcb_get_extension_data(xcb(), &xcb_xfixes_id);
-    if (xfixes && xfixes->present) {
-        // The server refuses any other request of the extension before it was told a version.
-        const XcbPointer<xcb_xfixes_query_version_reply_t> version(
-            xcb_xfixes_query_version_reply(xcb(), xcb_xfixes_query_version(xcb(), 5, 0), nullptr));
-        if (version)
-            m_ownerChangeEvent = xfixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
-    }
     m_atoms = SelectionAtoms(m_server);
 }
 
@@ -42,21 +32,7 @@ bool SelectionConnection::isSameClient(xcb_window_t one, xcb_window_t other) con
 
 void SelectionConnection::watchOwner(xcb_atom_t selection, bool isWatched)
 {
-    if (m_ownerChangeEvent == 0)
-        return;
-    // All three, because the core protocol tells only the former owner that the selection has
-    // changed hands, and nobody that its owner has died.
-    const quint32 events = XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE;
-    xcb_xfixes_select_selection_input(xcb(), m_window, selection, isWatched ? events : 0);
-}
-
-xcb_window_t SelectionConnection::owner(xcb_atom_t selection) const
-{
-    const XcbPointer<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(xcb(), xcb_get_selection_owner(xcb(), selection), nullptr));
-    return reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
+    m_ownerChangeEvent = watchSelectionOwner(xcb(), m_window, selection, isWatched);
 }
 
 QStringList SelectionConnection::namesOf(const QList<xcb_atom_t> &atoms)

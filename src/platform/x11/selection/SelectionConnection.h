@@ -48,13 +48,13 @@ public:
     /// Whether both ids were made by the same client.
     bool isSameClient(xcb_window_t one, xcb_window_t other) const;
 
-    /// Number of XFixes' selection event; 0 when the server has no XFixes.
+    /// Number of XFixes' selection event; 0 when the server has no XFixes or nothing was watched.
     quint8 ownerChangeEvent() const { return m_ownerChangeEvent; }
     /// Has every change of a selection's owner told from now on, or no longer.
     void watchOwner(xcb_atom_t selection, bool isWatched);
 
     /// Waits for the X server only. None when nobody owns the selection.
-    xcb_window_t owner(xcb_atom_t selection) const;
+    xcb_window_t owner(xcb_atom_t selection) const { return selectionOwner(xcb(), selection); }
 
     /// Empty for an atom that the server does not know.
     QStringList namesOf(const QList<xcb_atom_t> &atoms);

@@ -23,7 +23,6 @@ constexpr milliseconds kPatience{60};
 /// An activation this long after the hot key has another cause.
 constexpr int32_t kHotKeyValidity = 2000;
 
-constexpr uint8_t kEventMask = 0x7F;   // without the bit that marks an event another client sent
 constexpr uint32_t kSourceIsPager = 2; // in the name of the user, not of an application
 
 void sendActivation(xcb_connection_t *xcb, xcb_window_t root, xcb_atom_t atom, xcb_window_t window,
@@ -179,7 +178,7 @@ X11FrontApplication::readEvents(xcb_generic_event_t *(*nextEvent)(xcb_connection
     Events events = Events::None;
     while (const XcbPointer<xcb_generic_event_t> event{nextEvent(m_connection.get())}) {
         const bool isDestroyed =
-            (event->response_type & kEventMask) == XCB_DESTROY_NOTIFY &&
+            typeOf(*event) == XCB_DESTROY_NOTIFY &&
             reinterpret_cast<const xcb_destroy_notify_event_t &>(*event).window == m_target;
         if (isDestroyed || events == Events::None)
             events = isDestroyed ? Events::TargetDestroyed : Events::Other;
@@ -217,7 +216,7 @@ xcb_timestamp_t X11FrontApplication::serverTime()
     xcb_timestamp_t time = XCB_CURRENT_TIME;
     while (const XcbPointer<xcb_generic_event_t> event{
         xcb_poll_for_queued_event(m_connection.get())}) {
-        if ((event->response_type & kEventMask) == XCB_PROPERTY_NOTIFY)
+        if (typeOf(*event) == XCB_PROPERTY_NOTIFY)
             time = reinterpret_cast<const xcb_property_notify_event_t &>(*event).time;
     }
     return time;

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
-
 } // namespace
 
 X11PasteTarget::X11PasteTarget()
@@ -52,7 +50,7 @@ bool X11PasteTarget::eventFilter(QObject *watched, QEvent *event)
 
 void X11PasteTarget::handle(const xcb_generic_event_t &event)
 {
-    if ((event.response_type & kEventMask) != XCB_PROPERTY_NOTIFY)
+    if (typeOf(event) != XCB_PROPERTY_NOTIFY)
         return;
     const xcb_atom_t atom = reinterpret_cast<const xcb_property_notify_event_t &>(event).atom;
     // The second is written by a window manager that starts: from then on it tells who is in front,

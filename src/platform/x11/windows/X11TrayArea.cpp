@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kEventMask = 0x7f; // The top bit only says that another client sent the event.
-
 /// The number in DISPLAY after the dot.
 int defaultScreen()
 {
@@ -53,18 +51,13 @@ X11TrayArea::X11TrayArea(QObject *parent) : TrayArea(parent)
     // selection, ICCCM 2.8).
     m_selection = internAtom(connection, "_NET_SYSTEM_TRAY_S" + QByteArray::number(screen));
     m_colors = internAtom(connection, "_NET_SYSTEM_TRAY_COLORS");
-    const xcb_query_extension_reply_t *fixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
-    if (m_selection == XCB_ATOM_NONE || !fixes || !fixes->present)
+    if (m_selection == XCB_ATOM_NONE)
         return;
-    m_ownerChange = fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
-
     // The events are asked for before the present owner is, so that none slips between.
+    m_ownerChange = watchSelectionOwner(connection, rootOf(connection, screen), m_selection);
+    if (m_ownerChange == 0)
+        return;
     qApp->installNativeEventFilter(this);
-    xcb_discard_reply(connection, xcb_xfixes_query_version(connection, 5, 0).sequence);
-    xcb_xfixes_select_selection_input(connection, rootOf(connection, screen), m_selection,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     m_isPresent = tray() != XCB_WINDOW_NONE;
 }
 
@@ -76,10 +69,7 @@ X11TrayArea::~X11TrayArea()
 
 xcb_window_t X11TrayArea::tray() const
 {
-    xcb_connection_t *connection = qtX11Connection();
-    const XcbPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        connection, xcb_get_selection_owner(connection, m_selection), nullptr));
-    return owner ? owner->owner : xcb_window_t(XCB_WINDOW_NONE);
+    return selectionOwner(qtX11Connection(), m_selection);
 }
 
 std::optional<QColor> X11TrayArea::foreground()
@@ -112,7 +102,7 @@ bool X11TrayArea::nativeEventFilter(const QByteArray &eventType, void *message, 
     if (eventType != "xcb_generic_event_t")
         return false;
     const auto *event = static_cast<const xcb_generic_event_t *>(message);
-    const int type = event->response_type & kEventMask;
+    const int type = typeOf(*event);
     if (type == XCB_PROPERTY_NOTIFY &&
         reinterpret_cast<const xcb_property_notify_event_t *>(event)->atom == m_colors)
         Q_EMIT foregroundChanged();

@@ -3,8 +3,6 @@
 #include "platform/x11/QtX11Connection.h"
 #include "platform/x11/windows/XSettings.h"
 
-#include <xcb/xfixes.h>
-
 #include <QCursor>
 #include <QEvent>
 #include <QGuiApplication>
@@ -15,8 +13,6 @@
 #include <cstring>
 
 namespace {
-
-constexpr uint8_t kEventMask = 0x7F; // without the bit that marks an event another client sent
 
 /// The edges that a panel keeps free, in pixels from the edges of the whole desktop, and the
 /// range of each along its edge. In the order of _NET_WM_STRUT_PARTIAL.
@@ -64,7 +60,11 @@ X11WindowSpace::X11WindowSpace(QObject *parent)
     : WindowSpace(parent), m_atoms(internAtoms(m_connection)),
       m_events(m_connection, [this](const xcb_generic_event_t &event) { takeIn(event); })
 {
-    watchCompositor();
+    // EWMH: a compositing manager owns _NET_WM_CM_Sn of its screen, so that its coming and going
+    // are changes of an owner.
+    if (!m_connection.isBroken())
+        m_selectionEvent =
+            watchSelectionOwner(m_connection.get(), m_connection.root(), m_atoms.compositor);
     m_isCompositing = hasCompositor();
     m_events.handleArrived();
 }
@@ -94,15 +94,12 @@ QRect X11WindowSpace::visibleFrame(const QScreen &screen) const
 
 bool X11WindowSpace::areAnimationsEnabled() const
 {
-    xcb_connection_t *xcb = m_connection.get();
     // XSETTINGS: whoever owns this selection has the desktop's settings in a property of its
     // window.
-    const XcbPointer<xcb_get_selection_owner_reply_t> daemon(xcb_get_selection_owner_reply(
-        xcb, xcb_get_selection_owner(xcb, m_atoms.settingsOwner), nullptr));
-    if (!daemon || daemon->owner == XCB_NONE)
+    const xcb_window_t daemon = selectionOwner(m_connection.get(), m_atoms.settingsOwner);
+    if (daemon == XCB_NONE)
         return true;
-    const QByteArray settings =
-        m_connection.property(daemon->owner, m_atoms.settings, m_atoms.settings);
+    const QByteArray settings = m_connection.property(daemon, m_atoms.settings, m_atoms.settings);
     return XSettings::integer(settings, QByteArrayLiteral("Gtk/EnableAnimations")).value_or(1) != 0;
 }
 
@@ -158,34 +155,12 @@ X11WindowSpace::Atoms X11WindowSpace::internAtoms(const X11Connection &connectio
 
 bool X11WindowSpace::hasCompositor() const
 {
-    xcb_connection_t *xcb = m_connection.get();
-    const XcbPointer<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        xcb, xcb_get_selection_owner(xcb, m_atoms.compositor), nullptr));
-    return reply && reply->owner != XCB_NONE;
-}
-
-void X11WindowSpace::watchCompositor()
-{
-    xcb_connection_t *xcb = m_connection.get();
-    if (m_connection.isBroken())
-        return;
-    const xcb_query_extension_reply_t *fixes = xcb_get_extension_data(xcb, &xcb_xfixes_id);
-    if (!fixes || !fixes->present)
-        return;
-    // EWMH: a compositing manager owns _NET_WM_CM_Sn of its screen, so that its coming and going
-    // are changes of an owner.
-    m_selectionEvent = fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY;
-    const XcbPointer<xcb_xfixes_query_version_reply_t> version(
-        xcb_xfixes_query_version_reply(xcb, xcb_xfixes_query_version(xcb, 1, 0), nullptr));
-    xcb_xfixes_select_selection_input(xcb, m_connection.root(), m_atoms.compositor,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    return selectionOwner(m_connection.get(), m_atoms.compositor) != XCB_NONE;
 }
 
 void X11WindowSpace::takeIn(const xcb_generic_event_t &event)
 {
-    if (m_selectionEvent == 0 || (event.response_type & kEventMask) != m_selectionEvent)
+    if (m_selectionEvent == 0 || typeOf(event) != m_selectionEvent)
         return;
     const bool isCompositing = hasCompositor();
     if (isCompositing == m_isCompositing)

@@ -33,7 +33,6 @@ private:
 
     static Atoms internAtoms(const X11Connection &connection);
     bool hasCompositor() const;
-    void watchCompositor();
     void takeIn(const xcb_generic_event_t &event);
     QRect withoutPanels(const QRect &frame) const;
     void keepOutOfTaskbar(QWindow &window) const;
