@@ -26,23 +26,11 @@ qint64 leadingInteger(const QString &text)
 bool SettingsStore::boolForKey(const QString &key) const
 {
     const QVariant stored = value(key);
-    switch (stored.typeId()) {
-    case QMetaType::Bool:
-        return stored.toBool();
-    case QMetaType::LongLong:
-    case QMetaType::Int:
-    case QMetaType::ULongLong:
-        return stored.toLongLong() != 0;
-    case QMetaType::Double:
+    if (stored.typeId() == QMetaType::Double)
         return stored.toDouble() != 0.0;
-    case QMetaType::QString: {
-        const QString text = stored.toString();
-        return text.compare(u"yes", Qt::CaseInsensitive) == 0 ||
-               text.compare(u"true", Qt::CaseInsensitive) == 0 || leadingInteger(text) != 0;
-    }
-    default:
-        return false;
-    }
+    const QString text = stored.typeId() == QMetaType::QString ? stored.toString() : QString();
+    return text.compare(u"yes", Qt::CaseInsensitive) == 0 ||
+           text.compare(u"true", Qt::CaseInsensitive) == 0 || integerForKey(key) != 0;
 }
 
 qint64 SettingsStore::integerForKey(const QString &key) const

@@ -5,31 +5,29 @@
 #include <QEventLoop>
 #include <QWindow>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
 
 bool isInput(QEvent::Type type)
 {
-    switch (type) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TabletPress:
-    case QEvent::TabletRelease:
-    case QEvent::ContextMenu:
-    case QEvent::DragEnter:
-    case QEvent::Drop:
-        return true;
-    default:
-        return false;
-    }
+    constexpr std::array kInput{QEvent::MouseButtonPress,
+                                QEvent::MouseButtonRelease,
+                                QEvent::MouseButtonDblClick,
+                                QEvent::Wheel,
+                                QEvent::KeyPress,
+                                QEvent::KeyRelease,
+                                QEvent::TouchBegin,
+                                QEvent::TouchUpdate,
+                                QEvent::TouchEnd,
+                                QEvent::TabletPress,
+                                QEvent::TabletRelease,
+                                QEvent::ContextMenu,
+                                QEvent::DragEnter,
+                                QEvent::Drop};
+    return std::find(kInput.begin(), kInput.end(), type) != kInput.end();
 }
 
 } // namespace

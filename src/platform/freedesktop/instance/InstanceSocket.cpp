@@ -27,10 +27,13 @@ constexpr const char *kLockName = "Quillmarsh.lock";
 constexpr const char *kSocketName = "Quillmarsh.socket";
 /// First line of a message; a start of another version that speaks differently is not confirmed.
 constexpr const char *kGreeting = "quillmarsh 1";
-constexpr const char *kTaken = "taken";
-constexpr const char *kRefused = "refused";
-constexpr const char *kUnable = "unable";
-constexpr const char *kLeaving = "leaving";
+/// The answers that a start may get. Who is told that the instance leaves has reached nobody.
+constexpr std::pair<const char *, InstanceSocket::Answer> kWords[] = {
+    {"taken", InstanceSocket::Answer::Taken},
+    {"refused", InstanceSocket::Answer::Refused},
+    {"unable", InstanceSocket::Answer::Unable},
+    {"leaving", InstanceSocket::Answer::Nobody},
+};
 constexpr qsizetype kMaxMessage = 4096;
 /// Who waits for an answer looks so often whether the holder is gone, which sends no word of it.
 constexpr std::chrono::milliseconds kLookInterval{5};
@@ -189,13 +192,11 @@ InstanceSocket::Answer InstanceSocket::awaitAnswer(int own, Clock::time_point de
     char word[16] = {};
     if (::recv(own, word, sizeof word - 1, 0) <= 0)
         return Answer::None;
-    if (std::strcmp(word, kTaken) == 0)
-        return Answer::Taken;
-    if (std::strcmp(word, kRefused) == 0)
-        return Answer::Refused;
-    if (std::strcmp(word, kUnable) == 0)
-        return Answer::Unable;
-    return std::strcmp(word, kLeaving) == 0 ? Answer::Nobody : Answer::None;
+    for (const auto &[known, meaning] : kWords) {
+        if (std::strcmp(word, known) == 0)
+            return meaning;
+    }
+    return Answer::None;
 }
 
 InstanceSocket::Letter InstanceSocket::read() const
@@ -206,9 +207,12 @@ InstanceSocket::Letter InstanceSocket::read() const
     return letter;
 }
 
-void InstanceSocket::answer(const Letter &letter, const char *word) const
+void InstanceSocket::answer(const Letter &letter, Answer meaning) const
 {
-    ::sendto(m_socket, word, std::strlen(word), 0, generic(letter.sender), letter.senderSize);
+    const auto *row = std::find_if(std::begin(kWords), std::end(kWords),
+                                   [meaning](const auto &word) { return word.second == meaning; });
+    ::sendto(m_socket, row->first, std::strlen(row->first), 0, generic(letter.sender),
+             letter.senderSize);
 }
 
 void InstanceSocket::receive(const Receiver &receiver)
@@ -223,11 +227,7 @@ void InstanceSocket::receive(const Receiver &receiver)
         qCWarning(lcInstance, "a message from another start was not understood");
         return;
     }
-    const Answer result =
-        receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))});
-    answer(letter, result == Answer::Taken     ? kTaken
-                   : result == Answer::Refused ? kRefused
-                                               : kUnable);
+    answer(letter, receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))}));
 }
 
 void InstanceSocket::stopListening()
@@ -236,6 +236,6 @@ void InstanceSocket::stopListening()
         return;
     ::unlinkat(m_folder, kSocketName, 0);
     for (Letter letter = read(); letter.size > 0; letter = read())
-        answer(letter, kLeaving);
+        answer(letter, Answer::Nobody);
     closeDescriptor(m_socket);
 }

@@ -69,7 +69,7 @@ private:
     bool listen();
     Answer awaitAnswer(int own, std::chrono::steady_clock::time_point deadline) const;
     Letter read() const;
-    void answer(const Letter &letter, const char *word) const;
+    void answer(const Letter &letter, Answer meaning) const;
 
     const QString m_path;
     int m_folder = -1;
