@@ -85,6 +85,23 @@ ClipColors ClipColors::ofScheme(bool isDark, const QPalette &palette)
     return colors;
 }
 
+QPalette ClipColors::inkPalette(const QColor &ink)
+{
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, ink);
+    return palette;
+}
+
+QPalette ClipColors::textPalette() const
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Highlight, selected);
+    palette.setColor(QPalette::HighlightedText, selectedText);
+    return palette;
+}
+
 bool ClipColors::isDarkPalette(const QPalette &palette)
 {
     return palette.color(QPalette::Window).lightness() <

@@ -29,6 +29,11 @@ struct ClipColors
     /// One scheme, with the selection colour of `palette` if somebody chose it and else our own.
     static ClipColors ofScheme(bool isDark, const QPalette &palette);
 
+    /// Of labels that are written in one of the colours.
+    static QPalette inkPalette(const QColor &ink);
+    /// Of a text that stands on the window's own ground.
+    QPalette textPalette() const;
+
     /// The light scheme's `panel` and its `selected`, unless somebody chose another.
     static QColor lightPanel() { return QColor::fromRgbF(0.976F, 0.976F, 0.976F, 1.0F); }
     static QColor lightSelected() { return QColor::fromRgbF(0.0F, 0.41015625F, 0.84765625F, 1.0F); }

@@ -97,15 +97,8 @@ QString TextBody::plainText() const
 
 void TextBody::setColors(const ClipColors &colors)
 {
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, colors.text);
-    palette.setColor(QPalette::Highlight, colors.selected);
-    palette.setColor(QPalette::HighlightedText, colors.selectedText);
-    m_view->setPalette(palette);
-    QPalette quiet;
-    quiet.setColor(QPalette::WindowText, colors.quietText);
-    m_moreLabel->setPalette(quiet);
+    m_view->setPalette(colors.textPalette());
+    m_moreLabel->setPalette(ClipColors::inkPalette(colors.quietText));
     ScrollBars::makeSlim(*m_view, colors);
     if (const auto *rich = qobject_cast<const QTextEdit *>(m_view))
         drawTables(*rich->document(), colors);

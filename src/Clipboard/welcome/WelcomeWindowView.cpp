@@ -97,9 +97,7 @@ void WelcomeWindowView::setColors(const ClipColors &colors)
         button->setColors(colors);
     for (PageIndicator *indicator : pageIndicators)
         indicator->setColors(colors);
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, colors.text);
-    cmdShiftVLabel->setPalette(palette);
+    cmdShiftVLabel->setPalette(ClipColors::inkPalette(colors.text));
     closeButton->setIcon(WindowIcons::pixmap(QStringLiteral("clear"), kCloseExtent,
                                              colors.quietText, devicePixelRatioF()));
     update();

@@ -15,6 +15,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -179,22 +180,10 @@ void ClipTextView::showRest()
              : QStringLiteral("…"));
 }
 
-QPalette ClipTextView::paletteOf(const ClipColors &colors)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, colors.text);
-    palette.setColor(QPalette::Highlight, colors.selected);
-    palette.setColor(QPalette::HighlightedText, colors.selectedText);
-    return palette;
-}
-
 void ClipTextView::setColors(const ClipColors &colors)
 {
-    setPalette(paletteOf(colors));
-    QPalette quiet;
-    quiet.setColor(QPalette::WindowText, colors.quietText);
-    m_moreLabel->setPalette(quiet);
+    setPalette(colors.textPalette());
+    m_moreLabel->setPalette(ClipColors::inkPalette(colors.quietText));
     ScrollBars::makeSlim(*this, colors);
 }
 
@@ -207,27 +196,12 @@ QMimeData *ClipTextView::createMimeDataFromSelection() const
 
 bool ClipTextView::isReadingKey(const QKeyEvent &event)
 {
-    if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll))
-        return true;
-    switch (event.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Alt:
-    case Qt::Key_Meta:
-        return true;
-    default:
-        return false;
-    }
+    constexpr std::array kKeys{Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,  Qt::Key_Right,
+                               Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,  Qt::Key_End,
+                               Qt::Key_Tab,    Qt::Key_Backtab,  Qt::Key_Shift, Qt::Key_Control,
+                               Qt::Key_Alt,    Qt::Key_Meta};
+    return event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll) ||
+           std::find(kKeys.begin(), kKeys.end(), event.key()) != kKeys.end();
 }
 
 void ClipTextView::keyPressEvent(QKeyEvent *event)

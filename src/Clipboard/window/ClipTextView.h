@@ -28,8 +28,6 @@ public:
     void setString(const QString &text);
 
     void setColors(const ClipColors &colors);
-    /// What a preview of text is drawn with, on the ground of the pane.
-    static QPalette paletteOf(const ClipColors &colors);
 
     /// Keys with which a person reads and copies from a preview of text; any other key is meant for
     /// the list or the search field.

@@ -66,12 +66,8 @@ void EmptyStateView::setColors(const ClipColors &colors)
 {
     m_colors = colors;
     m_title->setFont(Looks::scaled(font(), Looks::kLargeScale));
-    QPalette text;
-    text.setColor(QPalette::WindowText, colors.text);
-    m_title->setPalette(text);
-    QPalette quiet;
-    quiet.setColor(QPalette::WindowText, colors.quietText);
-    m_hint->setPalette(quiet);
+    m_title->setPalette(ClipColors::inkPalette(colors.text));
+    m_hint->setPalette(ClipColors::inkPalette(colors.quietText));
     updatePicture();
 }
 

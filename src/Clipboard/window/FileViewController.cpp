@@ -164,18 +164,13 @@ void FileViewController::setColors(const ClipColors &colors)
     m_previewView->setColors(colors);
     m_openButton->setColors(colors);
     m_revealInFinderButton->setColors(colors);
-    QPalette palette;
+    QPalette palette = colors.textPalette();
     palette.setColor(QPalette::WindowText, colors.quietText);
     palette.setColor(QPalette::Window, colors.separator);
-    palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, colors.quietText);
-    palette.setColor(QPalette::Highlight, colors.selected);
-    palette.setColor(QPalette::HighlightedText, colors.selectedText);
     m_filepathLabel->setPalette(palette);
     m_separatorLine->setPalette(palette);
-    QPalette warning;
-    warning.setColor(QPalette::WindowText, colors.warning);
-    m_fileDoesNotExistLabel->setPalette(warning);
+    m_fileDoesNotExistLabel->setPalette(ClipColors::inkPalette(colors.warning));
     m_warningImageView->setPixmap(WindowIcons::pixmap(QStringLiteral("warning"), kWarningExtent,
                                                       colors.warning, m_view->devicePixelRatioF()));
 }

@@ -87,7 +87,7 @@ bool RichTextView::isSurelyHigher(const QTextDocument &document) const
 
 void RichTextView::setColors(const ClipColors &colors)
 {
-    QPalette palette = ClipTextView::paletteOf(colors);
+    QPalette palette = colors.textPalette();
     // A rule between paragraphs is drawn in it.
     palette.setColor(QPalette::Dark, colors.separator);
     setPalette(palette);

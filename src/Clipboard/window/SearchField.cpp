@@ -81,13 +81,9 @@ void SearchField::setColors(const ClipColors &colors)
 {
     m_colors = colors;
     updateFont();
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    palette.setColor(QPalette::Text, colors.text);
+    QPalette palette = colors.textPalette();
     // Drawn here, because the field would draw it with the caret on its first letter.
     palette.setColor(QPalette::PlaceholderText, Qt::transparent);
-    palette.setColor(QPalette::Highlight, colors.selected);
-    palette.setColor(QPalette::HighlightedText, colors.selectedText);
     setPalette(palette);
     updateIcons();
 }
