@@ -11,9 +11,7 @@ OTHER = "Bittern Booms"
 
 # Why a cell has no trial, by the name of the note that says so.
 NOTES = {
-    "rtf": "It offers no RTF, the one rich format that the history keeps. Other formats, such as a"
-           " browser's HTML, are kept for pasting until something else is copied, also when the"
-           " application has closed.",
+    "rtf": "What it copies here has no formatting; [rich text](rich-text.md) is tried apart.",
     "files": "It has no files to copy.",
     "names": "Its copies are files, which have neither upper case nor lower case and are not"
              " exchanged for a selection.",

@@ -22,7 +22,7 @@ class Editor(Application):
             desk.key(self.select_all, "Delete")
 
     def type_one(self, desk):
-        desk.app.type("1")
+        desk.type("1")
 
     def is_heard(self, desk):
         return set(self.read(desk)) == {"1"}
@@ -134,7 +134,7 @@ class Spreadsheet(RichEditor):
         return desk.desktop.start([*self.command, sheet], quiet=True)
 
     def type_one(self, desk):
-        desk.app.type("1\n")
+        desk.type("1\n")
         self.copy_all(desk)
 
 
@@ -176,7 +176,7 @@ class PasswordSafe(CopyReader):
         """In the title of a new entry."""
         self.is_filled = False
         super().settle(desk)
-        desk.app.type(text)
+        desk.type(text)
 
     def copy_text(self, desk):
         self.start(desk, "")

@@ -4,8 +4,6 @@ With APPLICATIONS only those are tried, and the page's other rows stay as they a
 not come out as it should is an error."""
 
 import pathlib
-import re
-import subprocess
 import sys
 import traceback
 
@@ -13,6 +11,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.path[:0] = [str(HERE), str(HERE.parent / "support")]
 from application import COLUMNS, NOTES  # noqa: E402
 from known import APPLICATIONS  # noqa: E402
+from report import rewritten, version  # noqa: E402
 from trial import Trial  # noqa: E402
 
 GOOD = "✓"
@@ -38,28 +37,11 @@ def attempt(application, column):
         return f"✗ {problem}".splitlines()[0], False
 
 
-def version(package):
-    told = subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", package],
-                          capture_output=True, text=True, check=False).stdout
-    return told.partition(":")[2] or told
-
-
 def earlier_rows():
     lines = PAGE.read_text(encoding="utf-8").splitlines()
     rows = ([cell.strip() for cell in line.strip("|").split("|")]
             for line in lines if line.startswith("|"))
     return {row[0]: row for row in rows}
-
-
-def page(release, rows):
-    heads = ["application", "version", *(column.replace("_", " ") for column in COLUMNS)]
-    lines = [heads, ["---"] * len(heads), *rows]
-    # What stands above the table is the page's own, but for the release.
-    head = re.sub(r"(What the real programs of ).*?( did)", rf"\g<1>{release.replace('-', ' ')}\2",
-                  PAGE.read_text(encoding="utf-8").partition("| application |")[0])
-    table = "\n".join("| " + " | ".join(line) + " |" for line in lines)
-    notes = "\n".join(f"[^{name}]: {note}" for name, note in NOTES.items())
-    return f"{head}{table}\n\n{notes}\n"
 
 
 def main():
@@ -77,7 +59,9 @@ def main():
             print(f"{application.name}: {column.replace('_', ' ')}: {cell}", flush=True)
             passed, failed = passed + is_good, failed + (not is_good)
             rows[-1].append(cell)
-    PAGE.write_text(page(release, rows), encoding="utf-8")
+    heads = ["application", "version", *(column.replace("_", " ") for column in COLUMNS)]
+    PAGE.write_text(rewritten(PAGE.read_text(encoding="utf-8"), release, heads, rows, NOTES),
+                    encoding="utf-8")
     print("", PAGE.read_text(encoding="utf-8"), f"{passed} passed, {failed} failed", sep="\n")
     return failed != 0
 

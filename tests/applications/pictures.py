@@ -30,7 +30,7 @@ class PaintProgram(CopyReader):
     def settle(self, desk):
         self.wait_until_open(desk)
         super().settle(desk)
-        desk.app.type(self.text)
+        desk.type(self.text)
 
     def type_one(self, desk):
         desk.key("Escape", "t")

@@ -17,10 +17,13 @@ SOON = 15
 
 
 class Trial:
-    """`with Trial(application) as desk`: Quillmarsh runs and the application does not yet."""
+    """`with Trial(application) as desk`: Quillmarsh runs, unless the application is to be tried
+    without it, and the application does not yet."""
 
-    def __init__(self, application):
+    def __init__(self, application, with_history=True):
         self.application = application
+        self.with_history = with_history
+        self.app = None
         self.desktop = Desktop(screen="1400x1000")
         self.process = None
 
@@ -35,7 +38,8 @@ class Trial:
             self.desktop.start(["dunst"], quiet=True)
             for beside in self.application.beside:
                 self.desktop.start(beside, quiet=True)
-            self.app = Quillmarsh(self.desktop, BINARY)
+            if self.with_history:
+                self.app = Quillmarsh(self.desktop, BINARY)
         except BaseException:
             self.desktop.close()
             raise
@@ -50,7 +54,9 @@ class Trial:
         return self.desktop.ask(*command)
 
     def picture(self, name):
-        self.app.screenshot(os.path.join(os.getcwd(), "pictures", f"{name}.png"))
+        path = pathlib.Path("pictures", f"{name}.png").absolute()
+        path.parent.mkdir(exist_ok=True)
+        self.tell("import", "-window", "root", str(path))
 
     def active(self):
         """Id and class of the window in front."""
@@ -106,7 +112,10 @@ class Trial:
     # What a person does
 
     def key(self, *keys):
-        self.app.key(*keys)
+        self.tell("xdotool", "key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        self.tell("xdotool", "type", "--delay", "5", text)
 
     def copy_elsewhere(self, text):
         copy(self.desktop, text)

@@ -1,13 +1,15 @@
 #!/usr/bin/python3
 """A clipboard owner that behaves as told. Prints "owner" once it owns CLIPBOARD.
 
-  owner.py secret TEXT              a password manager's copy
-  owner.py html HTML TEXT           a browser's copy
-  owner.py brief MILLISECONDS TEXT  copies and exits
-  owner.py burst COUNT INTERVAL_MS  COUNT different copies
-  owner.py hang                     never answers, marked text neither
+  owner.py secret TEXT                 a password manager's copy
+  owner.py html HTML TEXT              a browser's copy
+  owner.py files [FORMAT FILE]... TEXT a text, and in other formats what is in the files
+  owner.py brief MILLISECONDS TEXT     copies and exits
+  owner.py burst COUNT INTERVAL_MS     COUNT different copies
+  owner.py hang                        never answers, marked text neither
 """
 
+import pathlib
 import select
 import sys
 import time
@@ -85,6 +87,9 @@ def main():
         owner.own({**text, "text/html": words[0].encode()})
     elif mode == "secret":
         owner.own({**text, "x-kde-passwordManagerHint": b"secret"})
+    elif mode == "files":
+        files = zip(words[0:-1:2], words[1::2])
+        owner.own({**text, **{name: pathlib.Path(file).read_bytes() for name, file in files}})
     else:
         owner.answers = mode != "hang"
         owner.own(text)
