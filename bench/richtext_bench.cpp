@@ -12,7 +12,7 @@
 namespace {
 
 constexpr qsizetype kBytes = 100'000;
-constexpr qsizetype kMostShown = 20'000;
+constexpr qsizetype kMaxShown = 20'000;
 
 QByteArray page()
 {
@@ -68,7 +68,7 @@ void documentShown(benchmark::State &state)
 {
     const QByteArray rtf = *RichText::withHtml(source(state), std::nullopt);
     for (auto _ : state)
-        benchmark::DoNotOptimize(RichTextDocument::of(rtf, kMostShown));
+        benchmark::DoNotOptimize(RichTextDocument::of(rtf, kMaxShown));
 }
 
 BENCHMARK(htmlIntoRtf)->DenseRange(0, 1)->Unit(benchmark::kMillisecond);

@@ -88,9 +88,9 @@ PreviewResult PreviewRegistry::read(const Readers &readers, const QString &path,
     result.content = contentAs(type, readers, file, pixels, patience);
     if (!result.content && file.isOpen()) {
         // Many a picture is named as one of another kind.
-        const QMimeType told = FileAttributes::typeByContent(file);
-        if (told != type)
-            result.content = contentAs(told, readers, file, pixels, patience);
+        const QMimeType found = FileAttributes::typeByContent(file);
+        if (found != type)
+            result.content = contentAs(found, readers, file, pixels, patience);
     }
     return result;
 }

@@ -13,9 +13,9 @@
 namespace {
 
 constexpr int kStep = 5'000; ///< Characters.
-constexpr int kMostOfParagraph = 10'000;
+constexpr int kMaxOfParagraph = 10'000;
 /// Of a table, each cell of which takes as long as some characters.
-constexpr int kMostOfTable = 12'000;
+constexpr int kMaxOfTable = 12'000;
 constexpr int kOfCell = 20;
 
 /// A table is laid out several times by that around it.
@@ -35,11 +35,11 @@ bool PacedLayout::suits(const QTextDocument &document)
 {
     for (auto part = document.rootFrame()->begin(); !part.atEnd(); ++part) {
         const auto *table = qobject_cast<const QTextTable *>(part.currentFrame());
-        if (table && effort(*table) > kMostOfTable)
+        if (table && effort(*table) > kMaxOfTable)
             return false;
         if (const QTextBlock block = part.currentBlock();
             block.isValid() &&
-            (block.length() > kMostOfParagraph || VisibleCharacters::hasLongWord(block.text())))
+            (block.length() > kMaxOfParagraph || VisibleCharacters::hasLongWord(block.text())))
             return false;
     }
     return true;

@@ -97,7 +97,7 @@ void RichTextView::setColors(const ClipColors &colors)
 Copy RichTextView::selectedCopy() const
 {
     /// Making RTF of more than this would take longer than a frame.
-    constexpr qsizetype kMostMadeRtf = qsizetype(64) << 10;
+    constexpr qsizetype kMaxMadeRtf = qsizetype(64) << 10;
     Copy copy;
     copy.text = TextField::of(const_cast<RichTextView *>(this))->selectedText();
     QTextDocument marked;
@@ -107,7 +107,7 @@ Copy RichTextView::selectedCopy() const
     if (html.isEmpty())
         return copy;
     copy.html = QString::fromLatin1(html);
-    if (html.size() <= kMostMadeRtf)
+    if (html.size() <= kMaxMadeRtf)
         if (const auto rtf = RichText::withHtml(html, std::nullopt))
             copy.rtf = QString::fromLatin1(*rtf);
     return copy;

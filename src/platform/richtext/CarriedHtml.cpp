@@ -11,7 +11,7 @@ namespace {
 /// Its number is the form of the HTML, the next word's the encoding of its escaped bytes.
 const QByteArray kOwnGroup = QByteArrayLiteral("{\\*\\quillmarshhtml");
 /// What an Encapsulation says of itself, before its tables.
-constexpr qsizetype kMostOfBeginning = 200;
+constexpr qsizetype kMaxOfBeginning = 200;
 
 /// Puts the bytes or the text together again that HtmlSource::write() wrote.
 class Collector
@@ -164,7 +164,7 @@ std::optional<QByteArray> encapsulated(RtfTokens &tokens, Collector collector)
 std::optional<QByteArray> fromEncapsulation(const QByteArray &rtf)
 {
     static const QByteArray kForm = QByteArrayLiteral("\\fromhtml1\\deff0{\\*\\quillmarshform");
-    const QByteArray beginning = rtf.left(kMostOfBeginning);
+    const QByteArray beginning = rtf.left(kMaxOfBeginning);
     const qsizetype formStart = beginning.indexOf(kForm);
     const qsizetype pageStart = beginning.indexOf("\\ansicpg");
     if (formStart < 0 || pageStart < 0)

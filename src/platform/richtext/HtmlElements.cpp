@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype kLongestAddress = 2048;
+constexpr qsizetype kMaxAddressLength = 2048;
 
 QString escaped(QStringView text)
 {
@@ -22,7 +22,7 @@ QString escaped(QStringView text)
 /// What a reader may open, as an attribute's value; empty for any other address.
 QString safeAddress(QStringView value)
 {
-    if (value.size() > kLongestAddress)
+    if (value.size() > kMaxAddressLength)
         return {};
     QString address = value.trimmed().toString();
     const auto startsWith = [&address](const char *scheme) {

@@ -10,17 +10,17 @@
 namespace {
 
 /// Office suites write some 30 KiB.
-constexpr qsizetype kMostOfSheets = qsizetype(256) << 10;
-constexpr qsizetype kMostRules = 2000;
-constexpr qsizetype kMostOfRule = 400;
-constexpr qsizetype kMostDeclarations = 200;
-constexpr qsizetype kMostClasses = 8;
-constexpr qsizetype kLongestValue = 200;
+constexpr qsizetype kMaxOfSheets = qsizetype(256) << 10;
+constexpr qsizetype kMaxRules = 2000;
+constexpr qsizetype kMaxOfRule = 400;
+constexpr qsizetype kMaxDeclarations = 200;
+constexpr qsizetype kMaxClasses = 8;
+constexpr qsizetype kMaxValueLength = 200;
 
 constexpr double kPointsAPixel = 0.75;
 constexpr double kUsualPoints = 12;
-constexpr double kLeastPoints = 1;
-constexpr double kMostPoints = 200;
+constexpr double kMinPoints = 1;
+constexpr double kMaxPoints = 200;
 
 using Words = std::initializer_list<const char *>;
 
@@ -67,7 +67,7 @@ QString fontSize(const QString &value)
         const double number = value.chopped(name.size()).toDouble(&isNumber);
         if (!isNumber || !std::isfinite(number))
             return {};
-        const double points = std::clamp(number * unit.points, kLeastPoints, kMostPoints);
+        const double points = std::clamp(number * unit.points, kMinPoints, kMaxPoints);
         return QString::number(std::round(points * 2) / 2) + QStringLiteral("pt");
     }
     if (value == QStringLiteral("larger"))
@@ -191,12 +191,12 @@ QString HtmlStyles::safe(QStringView declarations)
         text.replace(QLatin1String("&quot;"), QLatin1String("'"))
             .replace(QLatin1String("&amp;"), QLatin1String("&"));
     QString written;
-    qsizetype left = kMostDeclarations;
+    qsizetype left = kMaxDeclarations;
     for (const QStringView declaration : QStringView(text).split(u';')) {
         if (--left < 0)
             break;
         const qsizetype colon = declaration.indexOf(u':');
-        if (colon < 0 || declaration.size() - colon > kLongestValue)
+        if (colon < 0 || declaration.size() - colon > kMaxValueLength)
             continue;
         const QString property = declaration.first(colon).trimmed().toString().toLower();
         QString value = declaration.sliced(colon + 1).trimmed().toString().toLower();
@@ -217,7 +217,7 @@ QString HtmlStyles::safe(QStringView declarations)
 void HtmlStyles::read(QStringView sheet)
 {
     m_read += sheet.size();
-    if (m_read > kMostOfSheets)
+    if (m_read > kMaxOfSheets)
         return;
     QString rules = sheet.toString();
     rules.remove(QLatin1String("<!--")).remove(QLatin1String("-->"));
@@ -238,10 +238,10 @@ void HtmlStyles::read(QStringView sheet)
             continue;
         for (const QStringView selector : selectors.split(u',')) {
             const QString key = selector.trimmed().toString();
-            if (!isSimple(key) || (m_rules.size() >= kMostRules && !m_rules.contains(key)))
+            if (!isSimple(key) || (m_rules.size() >= kMaxRules && !m_rules.contains(key)))
                 continue;
             QString &known = m_rules[key];
-            if (known.size() + declarations.size() <= kMostOfRule)
+            if (known.size() + declarations.size() <= kMaxOfRule)
                 known += declarations;
         }
     }
@@ -252,7 +252,7 @@ QString HtmlStyles::of(const QString &name, QStringView classes) const
     if (m_rules.isEmpty())
         return {};
     QString all = m_rules.value(name);
-    qsizetype left = kMostClasses;
+    qsizetype left = kMaxClasses;
     for (const QStringView one : classes.split(u' ', Qt::SkipEmptyParts)) {
         if (--left < 0)
             break;

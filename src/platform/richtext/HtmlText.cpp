@@ -9,11 +9,11 @@
 namespace {
 
 /// As far as browsers look for a label.
-constexpr qsizetype kMostOfHead = 4096;
+constexpr qsizetype kMaxOfHead = 4096;
 
 QByteArray labelOf(const QByteArray &html)
 {
-    const QByteArray head = html.left(kMostOfHead).toLower();
+    const QByteArray head = html.left(kMaxOfHead).toLower();
     qsizetype start = head.indexOf("charset=");
     if (start < 0)
         return {};

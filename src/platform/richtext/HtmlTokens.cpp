@@ -2,8 +2,8 @@
 
 namespace {
 
-constexpr qsizetype kMostAttributes = 64;
-constexpr qsizetype kLongestName = 64;
+constexpr qsizetype kMaxAttributes = 64;
+constexpr qsizetype kMaxNameLength = 64;
 
 bool isLetter(QChar character)
 {
@@ -80,7 +80,8 @@ void HtmlTokens::readTag(HtmlToken *token)
     while (m_place < m_source.size() && !m_source[m_place].isSpace() && m_source[m_place] != u'>' &&
            m_source[m_place] != u'/')
         ++m_place;
-    token->name = m_source.sliced(start, qMin(m_place - start, kLongestName)).toString().toLower();
+    token->name =
+        m_source.sliced(start, qMin(m_place - start, kMaxNameLength)).toString().toLower();
     while (readAttribute(token)) {
     }
 }
@@ -111,7 +112,7 @@ bool HtmlTokens::readAttribute(HtmlToken *token)
         ++m_place;
     HtmlToken::Attribute attribute;
     attribute.name =
-        m_source.sliced(start, qMin(m_place - start, kLongestName)).toString().toLower();
+        m_source.sliced(start, qMin(m_place - start, kMaxNameLength)).toString().toLower();
     skipSpaces();
     if (isAt(m_place, u'=')) {
         ++m_place;
@@ -126,7 +127,7 @@ bool HtmlTokens::readAttribute(HtmlToken *token)
             attribute.value = m_source.sliced(valueStart, m_place - valueStart);
         }
     }
-    if (token->attributes.size() < kMostAttributes)
+    if (token->attributes.size() < kMaxAttributes)
         token->attributes.append(attribute);
     return true;
 }

@@ -9,20 +9,20 @@
 namespace {
 
 /// The rendering is of this much of the HTML's formatting at most.
-constexpr qsizetype kMostRendered = qsizetype(4) << 20;
+constexpr qsizetype kMaxRendered = qsizetype(4) << 20;
 
 } // namespace
 
 std::optional<QByteArray> RichText::withHtml(const QByteArray &html,
                                              const std::optional<QByteArray> &rtf)
 {
-    if (html.isEmpty() || html.size() > kLargestHtml)
+    if (html.isEmpty() || html.size() > kMaxHtml)
         return std::nullopt;
     if (rtf)
         return carriedHtml(*rtf) == html ? rtf : CarriedHtml::added(html, *rtf);
     Encapsulation encapsulation(html);
     RtfWriter writer(encapsulation);
-    if (const auto document = RichTextDocument::ofHtml(html, kMostRendered))
+    if (const auto document = RichTextDocument::ofHtml(html, kMaxRendered))
         writer.write(*document);
     return encapsulation.finished(writer.tables());
 }

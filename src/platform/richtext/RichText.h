@@ -10,7 +10,7 @@
 namespace RichText {
 
 /// What is larger than this is not carried.
-constexpr qsizetype kLargestHtml = qsizetype(1) << 20;
+constexpr qsizetype kMaxHtml = qsizetype(1) << 20;
 
 /// RTF that carries `html` byte for byte.
 ///

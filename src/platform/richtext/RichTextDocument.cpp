@@ -11,10 +11,10 @@
 namespace {
 
 /// Many times what is shown: markup that is left out comes before text that is not.
-constexpr qsizetype kMostRead = qsizetype(4) << 20;
+constexpr qsizetype kMaxRead = qsizetype(4) << 20;
 
 /// HTML that is made of RTF is this many times what is kept of it, at most.
-constexpr qsizetype kMostMarkup = 4;
+constexpr qsizetype kMaxMarkup = 4;
 
 } // namespace
 
@@ -29,23 +29,23 @@ QVariant RichTextDocument::loadResource(int, const QUrl &)
 }
 
 std::unique_ptr<RichTextDocument> RichTextDocument::of(const QByteArray &rtf,
-                                                       qsizetype mostCharacters)
+                                                       qsizetype maxCharacters)
 {
     std::optional<QByteArray> html = RichText::carriedHtml(rtf);
     if (!html)
-        html = RtfReader::htmlOf(rtf, mostCharacters * kMostMarkup);
-    return html ? ofHtml(*html, mostCharacters) : nullptr;
+        html = RtfReader::htmlOf(rtf, maxCharacters * kMaxMarkup);
+    return html ? ofHtml(*html, maxCharacters) : nullptr;
 }
 
 std::unique_ptr<RichTextDocument> RichTextDocument::ofHtml(const QByteArray &html,
-                                                           qsizetype mostCharacters)
+                                                           qsizetype maxCharacters)
 {
-    const SafeHtml::Result safe = SafeHtml::of(htmlText(html.left(kMostRead)), mostCharacters);
+    const SafeHtml::Result safe = SafeHtml::of(htmlText(html.left(kMaxRead)), maxCharacters);
     if (!safe.hasText)
         return nullptr;
     std::unique_ptr<RichTextDocument> document(new RichTextDocument);
     document->setHtml(safe.html);
-    document->m_isCut = safe.isCut || html.size() > kMostRead;
+    document->m_isCut = safe.isCut || html.size() > kMaxRead;
     document->makeAnchors();
     document->moveToThread(nullptr);
     return document;

@@ -15,19 +15,19 @@ class RichTextDocument : public QTextDocument
 
 public:
     /// Of RTF as RichText::withHtml() makes it or an owner does: of the HTML that it carries, else
-    /// of itself. Holds about `mostCharacters` of markup and text at most. Null when there is no
+    /// of itself. Holds about `maxCharacters` of markup and text at most. Null when there is no
     /// text in it.
     ///
     /// May be made by any thread. It belongs to none until one takes it with moveToThread(), and
     /// has no layout until it is asked for one.
-    static std::unique_ptr<RichTextDocument> of(const QByteArray &rtf, qsizetype mostCharacters);
+    static std::unique_ptr<RichTextDocument> of(const QByteArray &rtf, qsizetype maxCharacters);
 
     /// Whether there was more than it holds.
     bool isCut() const { return m_isCut; }
 
     /// The same of HTML as it was copied.
     static std::unique_ptr<RichTextDocument> ofHtml(const QByteArray &html,
-                                                    qsizetype mostCharacters);
+                                                    qsizetype maxCharacters);
 
 protected:
     QVariant loadResource(int type, const QUrl &name) override;

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr qsizetype kMostCells = 200;
-constexpr int kDeepestList = 8;
+constexpr qsizetype kMaxCells = 200;
+constexpr int kMaxListDepth = 8;
 constexpr int kUsualHalfPoints = 24;
 
 /// "1." counts, and so does "(iv)"; a bullet or a dash does not.
@@ -140,7 +140,7 @@ void RtfHtml::closeTable()
 
 void RtfHtml::addItem(const QString &content)
 {
-    const qsizetype depth = std::clamp(paragraph.level, 0, kDeepestList) + 1;
+    const qsizetype depth = std::clamp(paragraph.level, 0, kMaxListDepth) + 1;
     const bool isCounted = counts(m_marker);
     closeLists(depth);
     if (m_lists.size() == depth &&
@@ -182,7 +182,7 @@ void RtfHtml::endCell()
     m_cell += takenParagraph(m_cell.isEmpty());
     m_marker.clear();
     m_waiting += m_cell.size();
-    if (m_cells.size() < kMostCells)
+    if (m_cells.size() < kMaxCells)
         m_cells.append(std::move(m_cell));
     else
         m_cells.back() += u' ' + m_cell;

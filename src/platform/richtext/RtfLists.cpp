@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int kDeepest = 8;
-constexpr int kMostLists = 500;
+constexpr int kMaxDepth = 8;
+constexpr int kMaxLists = 500;
 constexpr int kBullet = 23;
 
 int formatOf(const QTextList &list)
@@ -33,7 +33,7 @@ int formatOf(const QTextList &list)
 
 int RtfLists::levelOf(const QTextList &list)
 {
-    return std::clamp(list.format().indent() - 1, 0, kDeepest);
+    return std::clamp(list.format().indent() - 1, 0, kMaxDepth);
 }
 
 int RtfLists::numberOf(const QTextList &list)
@@ -44,7 +44,7 @@ int RtfLists::numberOf(const QTextList &list)
     const Kind kind{formatOf(list), levelOf(list)};
     const auto same = std::find_if(m_kinds.cbegin(), m_kinds.cend(), [&](const Kind &other) {
         return other.format == kind.format && other.level == kind.level &&
-               (kind.format == kBullet || m_kinds.size() >= kMostLists);
+               (kind.format == kBullet || m_kinds.size() >= kMaxLists);
     });
     int number = static_cast<int>(same - m_kinds.cbegin()) + 1;
     if (same == m_kinds.cend())

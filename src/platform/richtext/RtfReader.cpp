@@ -7,11 +7,11 @@
 namespace {
 
 /// Writers nest some ten.
-constexpr qsizetype kDeepest = 500;
-constexpr qsizetype kLongestCollected = 4096;
-constexpr qsizetype kMostBytes = 4096;
-constexpr int kMostSkipped = 16;
-constexpr size_t kMostCodePages = 32;
+constexpr qsizetype kMaxDepth = 500;
+constexpr qsizetype kMaxCollected = 4096;
+constexpr qsizetype kMaxBytes = 4096;
+constexpr int kMaxSkipped = 16;
+constexpr size_t kMaxCodePages = 32;
 
 /// Groups that hold no text of the body, where no star says so.
 const QSet<QByteArray> &skippedGroups()
@@ -73,11 +73,11 @@ bool isOn(const RtfToken &token)
 
 } // namespace
 
-std::optional<QByteArray> RtfReader::htmlOf(const QByteArray &rtf, qsizetype mostCharacters)
+std::optional<QByteArray> RtfReader::htmlOf(const QByteArray &rtf, qsizetype maxCharacters)
 {
     if (!rtf.startsWith("{\\rtf"))
         return std::nullopt;
-    return RtfReader(rtf, mostCharacters).read();
+    return RtfReader(rtf, maxCharacters).read();
 }
 
 std::optional<QByteArray> RtfReader::read()
@@ -118,7 +118,7 @@ void RtfReader::openGroup()
 {
     flushBytes();
     m_left = 0;
-    if (m_outer.size() >= kDeepest)
+    if (m_outer.size() >= kMaxDepth)
         ++m_tooDeep;
     else
         m_outer.append(m_state);
@@ -261,7 +261,7 @@ bool RtfReader::readCharacters(const QByteArray &word, const RtfToken &token)
         m_state.font = -1;
         m_state.isHidden = false;
     } else if (word == "uc") {
-        m_state.skipped = std::clamp(token.number, 0, kMostSkipped);
+        m_state.skipped = std::clamp(token.number, 0, kMaxSkipped);
     } else {
         return false;
     }
@@ -359,7 +359,7 @@ void RtfReader::addBytes(QByteArrayView bytes)
         }
         m_bytes += byte;
     }
-    if (m_bytes.size() > kMostBytes)
+    if (m_bytes.size() > kMaxBytes)
         flushBytes();
 }
 
@@ -378,7 +378,7 @@ void RtfReader::flushBytes()
     auto page = m_codePages.find(number);
     if (page == m_codePages.end()) {
         // A document names a few; one that names thousands has them made again.
-        if (m_codePages.size() > kMostCodePages)
+        if (m_codePages.size() > kMaxCodePages)
             m_codePages.clear();
         page = m_codePages.emplace(number, CodePage(number)).first;
     }
@@ -394,7 +394,7 @@ void RtfReader::addCharacters(const QString &text)
         break;
     case Destination::Instruction:
     case Destination::Marker:
-        if (m_collected.size() < kLongestCollected)
+        if (m_collected.size() < kMaxCollected)
             m_collected += text;
         break;
     case Destination::Styles:

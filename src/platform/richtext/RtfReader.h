@@ -17,12 +17,12 @@
 class RtfReader
 {
 public:
-    static constexpr qsizetype kMostCharacters = qsizetype(4) << 20;
+    static constexpr qsizetype kMaxCharacters = qsizetype(4) << 20;
 
-    /// In UTF-8, which it says first, and not much more than `mostCharacters` of it. Absent when
+    /// In UTF-8, which it says first, and not much more than `maxCharacters` of it. Absent when
     /// there is no text, or no RTF.
     static std::optional<QByteArray> htmlOf(const QByteArray &rtf,
-                                            qsizetype mostCharacters = kMostCharacters);
+                                            qsizetype maxCharacters = kMaxCharacters);
 
 private:
     enum class Destination { Body, Skipped, Fonts, Colours, Styles, Instruction, Marker };
@@ -37,8 +37,8 @@ private:
         bool isHidden = false;
     };
 
-    RtfReader(const QByteArray &rtf, qsizetype mostCharacters)
-        : m_tokens(rtf), m_mostCharacters(mostCharacters)
+    RtfReader(const QByteArray &rtf, qsizetype maxCharacters)
+        : m_tokens(rtf), m_mostCharacters(maxCharacters)
     {
     }
 

@@ -5,7 +5,7 @@
 namespace {
 
 /// More than any document has.
-constexpr qsizetype kMostEntries = 10'000;
+constexpr qsizetype kMaxEntries = 10'000;
 
 } // namespace
 
@@ -13,7 +13,7 @@ void RtfTables::readFontWord(const QByteArray &word, const RtfToken &token)
 {
     if (word == "f") {
         m_font = token.number;
-        if (m_fonts.size() < kMostEntries)
+        if (m_fonts.size() < kMaxEntries)
             m_fonts.insert(m_font, Font{m_codePage});
         return;
     }
@@ -41,7 +41,7 @@ void RtfTables::readColourWord(const QByteArray &word, const RtfToken &token)
 
 void RtfTables::endColour()
 {
-    if (m_colours.size() < kMostEntries)
+    if (m_colours.size() < kMaxEntries)
         m_colours.append(m_colour);
     m_colour = qRgb(0, 0, 0);
 }
@@ -51,7 +51,7 @@ void RtfTables::readStyleWord(const QByteArray &word, const RtfToken &token)
     if (word == "s")
         m_style = token.number;
     else if (word == "outlinelevel" && token.number >= 0 && token.number < 6 &&
-             m_headings.size() < kMostEntries)
+             m_headings.size() < kMaxEntries)
         m_headings.insert(m_style, token.number + 1);
 }
 
@@ -61,7 +61,7 @@ void RtfTables::nameStyle(const QString &name)
     const int level = name.mid(kHeading.size(), 1).toInt();
     const bool isHeading =
         name.startsWith(kHeading, Qt::CaseInsensitive) && level > 0 && level <= 6;
-    if (isHeading && m_headings.size() < kMostEntries)
+    if (isHeading && m_headings.size() < kMaxEntries)
         m_headings.insert(m_style, level);
 }
 

@@ -5,7 +5,7 @@
 namespace {
 
 /// More would be no number of RTF's; far from what overflows.
-constexpr int kMostDigits = 9;
+constexpr int kMaxDigits = 9;
 
 bool isLetter(char character)
 {
@@ -109,7 +109,7 @@ void RtfTokens::readWord(RtfToken *token)
         const bool isNegative = digits > m_place;
         m_place = digits;
         while (m_place < m_rtf.size() && isDigit(m_rtf[m_place])) {
-            if (m_place - digits < kMostDigits)
+            if (m_place - digits < kMaxDigits)
                 token->number = token->number * 10 + (m_rtf[m_place] - '0');
             ++m_place;
         }

@@ -11,10 +11,10 @@
 
 namespace {
 
-constexpr int kMostColours = 250;
+constexpr int kMaxColours = 250;
 constexpr int kTwipsAPixel = 15;
 constexpr int kWidthOfTable = 9000;
-constexpr int kLeastWidth = 300;
+constexpr int kMinWidth = 300;
 constexpr int kUsualHalfPoints = 24;
 constexpr int kHeadingHalfPoints[] = {48, 36, 28, 24, 20, 16};
 /// As word processors show links.
@@ -173,7 +173,7 @@ void RtfWriter::writeTable(const QTextTable &table, Place place)
 
 void RtfWriter::writeRow(const QTextTable &table, int row)
 {
-    const int width = std::max(kWidthOfTable / std::max(table.columns(), 1), kLeastWidth);
+    const int width = std::max(kWidthOfTable / std::max(table.columns(), 1), kMinWidth);
     const QByteArray border = table.format().border() > 0
                                   ? QByteArray("\\clbrdrt\\brdrs\\clbrdrl\\brdrs"
                                                "\\clbrdrb\\brdrs\\clbrdrr\\brdrs")
@@ -336,7 +336,7 @@ int RtfWriter::colourNumber(QRgb colour)
     const qsizetype known = m_colours.indexOf(colour);
     if (known >= 0)
         return static_cast<int>(known) + 1;
-    if (m_colours.size() >= kMostColours)
+    if (m_colours.size() >= kMaxColours)
         return 0;
     m_colours.append(colour);
     return static_cast<int>(m_colours.size());

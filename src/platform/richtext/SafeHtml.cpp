@@ -8,22 +8,22 @@
 namespace {
 
 /// The toolkit walks up from each element; pages are some 30 deep.
-constexpr qsizetype kDeepest = 100;
+constexpr qsizetype kMaxDepth = 100;
 /// Laying out a table in a table takes a multiple of the time each.
-constexpr qsizetype kDeepestTable = 2;
+constexpr qsizetype kMaxTableDepth = 2;
 /// A list is indented by each.
-constexpr qsizetype kDeepestList = 9;
+constexpr qsizetype kMaxListDepth = 9;
 /// The toolkit makes a cell of each place in the grid, empty ones too.
-constexpr int kMostCells = 20'000;
+constexpr int kMaxCells = 20'000;
 /// Where less is written for less time, cells are what takes most of it.
 constexpr qsizetype kCharactersACell = 30;
-constexpr int kMostColumns = 100;
-constexpr int kMostSpanned = 50;
+constexpr int kMaxColumns = 100;
+constexpr int kMaxSpanned = 50;
 /// Each cell that spans others has the toolkit go through the grid.
-constexpr int kMostSpanning = 300;
+constexpr int kMaxSpanning = 300;
 /// Each item has it go through those before it.
-constexpr int kMostItems = 500;
-constexpr qsizetype kMostElements = 60'000;
+constexpr int kMaxItems = 500;
+constexpr qsizetype kMaxElements = 60'000;
 
 /// A number from 1 to `most`; 1 for none.
 int numberOf(QStringView value, int most)
@@ -50,20 +50,20 @@ QString taken(QLatin1String property, QString *style)
 
 } // namespace
 
-SafeHtml::Result SafeHtml::of(QStringView source, qsizetype mostCharacters)
+SafeHtml::Result SafeHtml::of(QStringView source, qsizetype maxCharacters)
 {
     SafeHtml made(source);
-    made.read(mostCharacters);
+    made.read(maxCharacters);
     return made.m_result;
 }
 
-void SafeHtml::read(qsizetype mostCharacters)
+void SafeHtml::read(qsizetype maxCharacters)
 {
     m_mostCells =
-        static_cast<int>(std::min<qsizetype>(mostCharacters / kCharactersACell, kMostCells));
-    qsizetype left = kMostElements;
+        static_cast<int>(std::min<qsizetype>(maxCharacters / kCharactersACell, kMaxCells));
+    qsizetype left = kMaxElements;
     for (HtmlToken token; !m_isComplete && m_tokens.next(&token);) {
-        const qsizetype room = mostCharacters - m_result.html.size();
+        const qsizetype room = maxCharacters - m_result.html.size();
         if (room <= 0 || left <= 0) {
             m_result.isCut = true;
             break;
@@ -202,16 +202,16 @@ int SafeHtml::reachedInto(Table &table)
 bool SafeHtml::fitsCell(const HtmlToken &token)
 {
     Table &table = m_tables.back();
-    const bool mayReach = m_spanning < kMostSpanning;
+    const bool mayReach = m_spanning < kMaxSpanning;
     const auto spanOf = [&](const char *name) {
-        return mayReach ? numberOf(token.attribute(QLatin1String(name)), kMostSpanned) : 1;
+        return mayReach ? numberOf(token.attribute(QLatin1String(name)), kMaxSpanned) : 1;
     };
     const int columns = spanOf("colspan");
     if (const int rows = spanOf("rowspan"); rows > 1)
         table.reaches.append({columns, rows - 1});
     const int wanted = table.columnsOfRow + columns;
     const int most = std::max(table.columns, wanted);
-    if (most > kMostColumns || most * table.rows > m_mostCells)
+    if (most > kMaxColumns || most * table.rows > m_mostCells)
         return false;
     table.columns = most;
     table.columnsOfRow = wanted;
@@ -226,10 +226,10 @@ bool SafeHtml::fits(const HtmlToken &token, Role role)
     case Role::List:
         return std::count_if(m_open.begin(), m_open.end(), [](const Element &element) {
                    return element.role == Role::List;
-               }) < kDeepestList;
+               }) < kMaxListDepth;
     case Role::Table:
         return std::count_if(m_tables.begin(), m_tables.end(),
-                             [](const Table &other) { return other.isKept; }) < kDeepestTable;
+                             [](const Table &other) { return other.isKept; }) < kMaxTableDepth;
     case Role::Row:
         if (!table || !table->isKept || table->rows >= m_mostCells ||
             (table->rows + 1) * table->columns > m_mostCells)
@@ -249,7 +249,7 @@ bool SafeHtml::fits(const HtmlToken &token, Role role)
 void SafeHtml::countItem()
 {
     const qsizetype index = lastOf(Role::List, Role::Table);
-    if (index < 0 || index != m_open.size() - 1 || ++m_open[index].items <= kMostItems)
+    if (index < 0 || index != m_open.size() - 1 || ++m_open[index].items <= kMaxItems)
         return;
     m_open[index].items = 1;
     m_result.html += m_open.at(index).closing + m_open.at(index).opening;
@@ -260,8 +260,8 @@ QString SafeHtml::spans(const HtmlToken &token)
 {
     QString spans;
     for (const char *name : {"colspan", "rowspan"}) {
-        const int count = numberOf(token.attribute(QLatin1String(name)), kMostSpanned);
-        if (count > 1 && m_spanning < kMostSpanning)
+        const int count = numberOf(token.attribute(QLatin1String(name)), kMaxSpanned);
+        if (count > 1 && m_spanning < kMaxSpanning)
             spans += HtmlElements::attribute(name, QString::number(count));
     }
     m_spanning += spans.isEmpty() ? 0 : 1;
@@ -320,7 +320,7 @@ void SafeHtml::open(const HtmlToken &token)
         row.name = QStringLiteral("tr");
         open(row);
     }
-    if (m_open.size() >= kDeepest) {
+    if (m_open.size() >= kMaxDepth) {
         // Its text stays apart from what is before it.
         m_result.html += u' ';
         return;

@@ -21,8 +21,8 @@ public:
         bool hasText = false;
         bool isCut = false;
     };
-    /// Of a source with about `mostCharacters` written at most.
-    static Result of(QStringView source, qsizetype mostCharacters);
+    /// Of a source with about `maxCharacters` written at most.
+    static Result of(QStringView source, qsizetype maxCharacters);
 
 private:
     using Role = HtmlElements::Role;
@@ -59,7 +59,7 @@ private:
 
     explicit SafeHtml(QStringView source) : m_tokens(source) {}
 
-    void read(qsizetype mostCharacters);
+    void read(qsizetype maxCharacters);
     void addText(QStringView text);
     void reachEdge();
     void addComment(QStringView comment);

@@ -76,7 +76,7 @@ TEST(RichText, theVeryBytesComeBack)
 TEST(RichText, isAbsentWhereNothingCanBeCarried)
 {
     EXPECT_FALSE(RichText::withHtml({}, std::nullopt));
-    EXPECT_FALSE(RichText::withHtml(QByteArray(RichText::kLargestHtml + 1, 'x'), std::nullopt));
+    EXPECT_FALSE(RichText::withHtml(QByteArray(RichText::kMaxHtml + 1, 'x'), std::nullopt));
     for (const char *owner :
          {"", "text", "{\\rtf1 {\\b never closed}", "{\\rtf1 x\\}", "{\\html }"})
         EXPECT_FALSE(RichText::withHtml("<p>x", QByteArray(owner))) << owner;
