@@ -177,7 +177,9 @@ void RtfReader::readWord(const RtfToken &token)
     default:
         break;
     }
-    if (!readText(word, token) && !readCharacters(word, token))
+    // A list's marker begins with \pard, which is not meant for the paragraph that it stands in.
+    if (!readText(word, token) && !readCharacters(word, token) &&
+        m_state.destination == Destination::Body)
         readParagraph(word, token);
 }
 

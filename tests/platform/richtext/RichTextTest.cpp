@@ -262,6 +262,8 @@ TEST(RtfReader, readsWhatOthersWrite)
          "b\\par\\pard{\\pntext\\'b7}c"
          "\\par\\pard d}",
          "<ul><li>a<ol><li>b</li></ol></li></ul><ul><li>c</li></ul><p>d</p>"},
+        {"{\\rtf1\\pard\\s1\\outlinelevel0\\qc{\\listtext\\pard\\plain \\tab}\\ls1 a\\par}",
+         "<h1 style=\"text-align:center\">a</h1>"},
         {"{\\rtf1\\trowd\\cellx1\\cellx2\\pard\\intbl a\\cell b\\par c\\cell\\row\\pard\\intbl "
          "d\\cell\\cell\\row\\pard e}",
          "<table border=\"1\" cellspacing=\"0\"><tr><td>a</td><td><p>b</p><p>c</p></td></tr>"
