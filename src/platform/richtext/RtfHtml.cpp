@@ -1,6 +1,7 @@
 #include "platform/richtext/RtfHtml.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -165,6 +166,11 @@ void RtfHtml::endParagraph()
         return;
     }
     closeTable();
+    // What followed the last row was in no cell, though it was said to be in a table.
+    if (m_cells.isEmpty() && !m_cell.isEmpty()) {
+        closeLists(0);
+        m_html += std::exchange(m_cell, {});
+    }
     const bool isItem = paragraph.heading == 0 && (!m_marker.isEmpty() || paragraph.list > 0);
     if (isItem) {
         closeRun();

@@ -160,7 +160,8 @@ void RtfReader::readWord(const RtfToken &token)
     m_isIgnorable = false;
     if (m_state.destination == Destination::Skipped || readDestination(word))
         return;
-    if (isIgnorable) {
+    // A field's result is its text, though there are writers who mark it as ignorable.
+    if (isIgnorable && word != "fldrslt") {
         m_state.destination = Destination::Skipped;
         return;
     }

@@ -258,6 +258,10 @@ TEST(RtfReader, readsWhatOthersWrite)
          "{\\field{\\*\\fldinst HYPERLINK \"javascript:x\"}{\\fldrslt j}}{\\field{\\*\\fldinst "
          "PAGE}{\\fldrslt 1}}}",
          "<p><a href=\"https://a.example/\">l</a><a href=\"mailto:a@b.c\">m</a>j1</p>"},
+        {"{\\rtf1\\trowd\\cellx1\\pard\\intbl{\\field{\\*\\fldinst HYPERLINK "
+         "\"https://a.example/\"}{\\*\\fldrslt{l}}}\\cell\\row\\par\\pard a\\par}",
+         "<table border=\"1\" cellspacing=\"0\"><tr><td><a href=\"https://a.example/\">l</a></td>"
+         "</tr></table><p><br></p><p>a</p>"},
         {"{\\rtf1\\pard{\\listtext\\u8226 ?\\tab}\\ls1 a\\par{\\listtext 1.\\tab}\\ilvl1 "
          "b\\par\\pard{\\pntext\\'b7}c"
          "\\par\\pard d}",
