@@ -47,7 +47,7 @@ const Html kSources[] = {
 
 const QByteArray kOwners[] = {
     "{\\rtf1\\ansi Caf\\'e9 {\\b bold}\\par}",
-    QByteArray("{\\rtf1{\\pict\\bin5 }}}{\\}x\\{\\}{\\*\\unknown }}\r\n\0", 48),
+    QByteArray("{\\rtf1{\\pict\\bin5 }}}{\\}x\\{\\}{\\*\\unknown }}\r\n\0", 46),
 };
 
 TEST(RichText, theVeryBytesComeBack)
