@@ -87,7 +87,7 @@ class PreferencesJourney(Journey):
                                  executable=program, stdout=subprocess.PIPE, text=True)
         self.assertEqual(pad.stdout.readline(), "ready\n")
 
-        pad_window = self.desktop.active()
+        pad_window = self.wait_for(self.desktop.active, "the editor's window")
         window = self.open_applications()
         self.desktop.click(window, 38, self.desktop.place(window)[3] - 34)
         chooser = self.app.window("Choose Application")

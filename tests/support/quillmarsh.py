@@ -83,8 +83,14 @@ class Quillmarsh:
     def window(self, name="Quillmarsh", wait=True):
         """Id of our visible window of that name; None when it is not shown and `wait` is false."""
         def find():
-            told = self.desktop.ask("xdotool", "search", "--onlyvisible", "--name", f"^{name}$")
-            return told.split("\n")[-1] or None
+            # A window that is destroyed during the walk ends the search with an X error and no
+            # answer, which says nothing of the windows that are still there.
+            while True:
+                told = self.desktop.run(
+                    ["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
+                    capture_output=True, text=True)
+                if "X Error" not in told.stderr:
+                    return told.stdout.strip().split("\n")[-1] or None
 
         return self.desktop.wait_for(find, f"the window {name}") if wait else find()
 
