@@ -29,7 +29,7 @@ password manager marks as secret are not recorded.")
 # Libraries find themselves; these are loaded by name at run time.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Since Qt 6.8 what draws the status item's icon is a package of its own.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, qt6-svg-plugins | libqt6svg6 (<< 6.8)")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "hicolor-icon-theme, qt6-svg-plugins | libqt6svg6 (<< 6.8), qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
   "default-dbus-session-bus | dbus-session-bus, qt6-image-formats-plugins, qt6-translations-l10n, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS

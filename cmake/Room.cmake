@@ -28,6 +28,28 @@ function(quillmarsh_check_headers name)
   endif()
 endfunction()
 
+# quillmarsh_wayland_protocol(name xml...): a static library of what wayland-scanner makes of
+# protocols; "text-input-v3.xml" is included as <text-input-v3-client-protocol.h>.
+function(quillmarsh_wayland_protocol name)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name})
+  file(MAKE_DIRECTORY ${folder})
+  set(made)
+  foreach(xml IN LISTS ARGN)
+    cmake_path(GET xml STEM protocol)
+    set(header ${folder}/${protocol}-client-protocol.h)
+    set(code ${folder}/${protocol}-protocol.c)
+    add_custom_command(OUTPUT ${header} ${code} DEPENDS ${xml} VERBATIM
+      COMMAND ${WAYLAND_SCANNER} client-header ${xml} ${header}
+      COMMAND ${WAYLAND_SCANNER} private-code ${xml} ${code})
+    list(APPEND made ${header} ${code})
+  endforeach()
+  # Without this house's warnings, which are not for code that is made by others.
+  add_library(${name} STATIC ${made})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+  target_include_directories(${name} SYSTEM PUBLIC ${folder})
+  target_link_libraries(${name} PUBLIC PkgConfig::wayland)
+endfunction()
+
 # quillmarsh_test(name SOURCES ... LINKS ...): a GoogleTest program run without a display. The
 # support library brings main(), which makes the application object and turns an unexpected
 # warning into a failure.

@@ -1,0 +1,342 @@
+#include "platform/wayland/WaylandConnection.h"
+
+#include "platform/SignalStack.h"
+
+#include <QLoggingCategory>
+
+#include <poll.h>
+#include <signal.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <future>
+#include <utility>
+
+Q_LOGGING_CATEGORY(lcWayland, "quillmarsh.wayland")
+
+namespace {
+
+// What is used of a seat came with this version.
+constexpr quint32 kSeatVersion = 5;
+
+/// A reader that has gone away fails the write; the signal would end the program.
+void blockBrokenPipes()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+int milliseconds(std::optional<WaylandConnection::TimePoint> deadline)
+{
+    if (!deadline)
+        return -1;
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(*deadline - std::chrono::steady_clock::now());
+    return static_cast<int>(std::clamp<qint64>(left.count(), 0, 60'000));
+}
+
+template <typename Listeners>
+void removeOf(Listeners &listeners, const void *owner)
+{
+    std::erase_if(listeners, [owner](const auto &listener) { return listener.owner == owner; });
+}
+
+} // namespace
+
+std::unique_ptr<WaylandConnection> WaylandConnection::open()
+{
+    wl_display *display = wl_display_connect(nullptr);
+    if (!display)
+        return nullptr;
+    std::unique_ptr<WaylandConnection> connection(new WaylandConnection(display));
+    // The first tells the globals, the second what they tell when they are bound.
+    if (!connection->roundTrip() || !connection->roundTrip())
+        return nullptr;
+    return connection;
+}
+
+WaylandConnection::WaylandConnection(wl_display *display)
+    : m_display(display), m_wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    static constexpr wl_registry_listener kListener{
+        [](void *self, wl_registry *, uint32_t name, const char *interface, uint32_t version) {
+            static_cast<WaylandConnection *>(self)->addGlobal(name, interface, version);
+        },
+        [](void *self, wl_registry *, uint32_t name) {
+            static_cast<WaylandConnection *>(self)->removeGlobal(name);
+        }};
+    m_registry = wl_display_get_registry(m_display);
+    wl_registry_add_listener(m_registry, &kListener, this);
+}
+
+WaylandConnection::~WaylandConnection()
+{
+    {
+        const MutexLock lock(m_mutex);
+        m_isEnding = true;
+    }
+    eventfd_write(m_wakeUp, 1);
+    if (m_thread.joinable())
+        m_thread.join();
+    if (m_seat)
+        wl_seat_destroy(m_seat);
+    wl_registry_destroy(m_registry);
+    wl_display_disconnect(m_display);
+    close(m_wakeUp);
+}
+
+quint32 WaylandConnection::versionOf(const char *interface) const
+{
+    const MutexLock lock(m_mutex);
+    const auto global =
+        std::find_if(m_globals.begin(), m_globals.end(),
+                     [&](const Global &offered) { return offered.interface == interface; });
+    return global == m_globals.end() ? 0 : global->version;
+}
+
+void *WaylandConnection::bindAny(const wl_interface &interface, quint32 maxVersion)
+{
+    quint32 name = 0;
+    quint32 version = 0;
+    {
+        const MutexLock lock(m_mutex);
+        const auto global =
+            std::find_if(m_globals.begin(), m_globals.end(), [&](const Global &offered) {
+                return offered.interface == interface.name;
+            });
+        if (global == m_globals.end())
+            return nullptr;
+        name = global->name;
+        version = std::min({global->version, maxVersion, quint32(interface.version)});
+    }
+    return wl_registry_bind(m_registry, name, &interface, version);
+}
+
+void WaylandConnection::addGlobal(quint32 name, const char *interface, quint32 version)
+{
+    {
+        const MutexLock lock(m_mutex);
+        m_globals.push_back({name, interface, version});
+    }
+    chooseSeat();
+    // Copies: who is told may register or remove.
+    const auto listeners = m_globalListeners;
+    for (const auto &listener : listeners)
+        listener.function(interface, name, true);
+}
+
+void WaylandConnection::removeGlobal(quint32 name)
+{
+    QByteArray interface;
+    {
+        const MutexLock lock(m_mutex);
+        const auto global =
+            std::find_if(m_globals.begin(), m_globals.end(),
+                         [name](const Global &offered) { return offered.name == name; });
+        if (global == m_globals.end())
+            return;
+        interface = global->interface;
+        m_globals.erase(global);
+    }
+    if (m_seat && name == m_seatName) {
+        wl_seat_destroy(std::exchange(m_seat, nullptr));
+        chooseSeat();
+    }
+    const auto listeners = m_globalListeners;
+    for (const auto &listener : listeners)
+        listener.function(interface, name, false);
+}
+
+void WaylandConnection::chooseSeat()
+{
+    if (m_seat)
+        return;
+    {
+        const MutexLock lock(m_mutex);
+        const auto seat =
+            std::find_if(m_globals.begin(), m_globals.end(), [](const Global &offered) {
+                return offered.interface == wl_seat_interface.name;
+            });
+        if (seat == m_globals.end())
+            return;
+        m_seatName = seat->name;
+    }
+    m_seat = bind<wl_seat>(wl_seat_interface, kSeatVersion);
+}
+
+void WaylandConnection::start()
+{
+    m_thread = std::thread([this] { loop(); });
+}
+
+void WaylandConnection::post(Task task)
+{
+    {
+        const MutexLock lock(m_mutex);
+        if (m_isLost)
+            return;
+        m_tasks.push_back(std::move(task));
+    }
+    eventfd_write(m_wakeUp, 1);
+}
+
+bool WaylandConnection::run(const Task &task)
+{
+    if (!m_thread.joinable() || m_thread.get_id() == std::this_thread::get_id()) {
+        task();
+        return true;
+    }
+    // A task that is dropped breaks its promise, which is how a lost connection ends the wait.
+    auto done = std::make_shared<std::promise<bool>>();
+    std::future<bool> hasRun = done->get_future();
+    post([&task, done] {
+        task();
+        done->set_value(true);
+    });
+    done.reset();
+    try {
+        return hasRun.get();
+    } catch (const std::future_error &) {
+        return false;
+    }
+}
+
+bool WaylandConnection::roundTrip()
+{
+    return wl_display_roundtrip(m_display) >= 0;
+}
+
+void WaylandConnection::watch(int fd, short events, Ready ready)
+{
+    m_watches.push_back({fd, events, ++m_watchesMade, std::move(ready)});
+}
+
+void WaylandConnection::unwatch(int fd)
+{
+    std::erase_if(m_watches, [fd](const Watch &watched) { return watched.fd == fd; });
+}
+
+void WaylandConnection::addDeadlines(const void *owner, KeepDeadlines keep)
+{
+    m_deadlines.push_back({owner, std::move(keep)});
+}
+
+void WaylandConnection::addLossListener(const void *owner, Task lost)
+{
+    m_lossListeners.push_back({owner, std::move(lost)});
+}
+
+void WaylandConnection::addGlobalListener(const void *owner, GlobalListener listener)
+{
+    m_globalListeners.push_back({owner, std::move(listener)});
+}
+
+void WaylandConnection::removeListeners(const void *owner)
+{
+    const auto remove = [this, owner] {
+        removeOf(m_deadlines, owner);
+        removeOf(m_lossListeners, owner);
+        removeOf(m_globalListeners, owner);
+    };
+    // Nothing runs on the thread any more once it has dropped its tasks.
+    if (!run(remove))
+        remove();
+}
+
+void WaylandConnection::loop()
+{
+    const SignalStack signalStack;
+    blockBrokenPipes();
+    for (;;) {
+        runTasks();
+        // Outside of the reading below: what is due may wait for a round trip itself.
+        if (wl_display_dispatch_pending(m_display) < 0)
+            break;
+        {
+            const MutexLock lock(m_mutex);
+            if (m_isEnding && m_tasks.empty())
+                return;
+        }
+        if (!readEvents(keepDeadlines()))
+            break;
+    }
+    qCWarning(lcWayland, "The compositor is gone: the pasteboard is not followed any more");
+    const auto listeners = m_lossListeners;
+    for (const auto &listener : listeners)
+        listener.function();
+    dropTasks();
+}
+
+void WaylandConnection::runTasks()
+{
+    std::deque<Task> tasks;
+    {
+        const MutexLock lock(m_mutex);
+        tasks.swap(m_tasks);
+    }
+    for (const Task &task : tasks)
+        task();
+}
+
+std::optional<WaylandConnection::TimePoint> WaylandConnection::keepDeadlines()
+{
+    std::optional<TimePoint> next;
+    const auto listeners = m_deadlines;
+    for (const auto &listener : listeners) {
+        if (const auto deadline = listener.function(std::chrono::steady_clock::now()))
+            next = next ? std::min(*next, *deadline) : deadline;
+    }
+    return next;
+}
+
+/// Sleeps until there is something to do. False when the compositor is gone.
+bool WaylandConnection::readEvents(std::optional<TimePoint> deadline)
+{
+    // Refused while events wait to be handled.
+    if (wl_display_prepare_read(m_display) != 0)
+        return true;
+    // A compositor that takes nothing for a while must not keep us from our pipes.
+    const bool isSent = wl_display_flush(m_display) >= 0;
+    std::vector<pollfd> waits{
+        {wl_display_get_fd(m_display), short(isSent ? POLLIN : POLLIN | POLLOUT), 0},
+        {m_wakeUp, POLLIN, 0}};
+    std::vector<quint64> numbers;
+    for (const Watch &watched : m_watches) {
+        waits.push_back({watched.fd, watched.events, 0});
+        numbers.push_back(watched.number);
+    }
+    poll(waits.data(), waits.size(), milliseconds(deadline));
+    eventfd_t count = 0;
+    eventfd_read(m_wakeUp, &count);
+    if (waits.front().revents & (POLLIN | POLLERR | POLLHUP | POLLNVAL)) {
+        if (wl_display_read_events(m_display) < 0)
+            return false;
+    } else {
+        wl_display_cancel_read(m_display);
+    }
+    if (wl_display_dispatch_pending(m_display) < 0)
+        return false;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const pollfd &wait = waits[i + 2];
+        const auto watched =
+            std::find_if(m_watches.begin(), m_watches.end(),
+                         [&](const Watch &candidate) { return candidate.number == numbers[i]; });
+        if (wait.revents == 0 || watched == m_watches.end())
+            continue;
+        const Ready ready = watched->ready; // A copy: it may unwatch itself.
+        ready(wait.revents);
+    }
+    return wl_display_get_error(m_display) == 0;
+}
+
+void WaylandConnection::dropTasks()
+{
+    // Declared first, so that they go after the lock: a broken promise wakes its waiter at once.
+    std::deque<Task> dropped;
+    const MutexLock lock(m_mutex);
+    m_isLost = true;
+    dropped.swap(m_tasks);
+}
