@@ -90,6 +90,28 @@ function(quillmarsh_desktop_run program)
   endif()
 endfunction()
 
+# quillmarsh_session_test(name SOURCES ... LINKS ... SESSIONS sway kde): the same in Wayland sessions,
+# a test called name_SESSION for each; SESSION_INPUT is the program that presses keys there.
+function(quillmarsh_session_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;SESSIONS" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data")
+  target_link_libraries(${name} PRIVATE quillmarsh_flags test_support ${TEST_LINKS})
+  foreach(session IN LISTS TEST_SESSIONS)
+    add_test(NAME ${name}_${session} COMMAND /usr/bin/python3 -B
+      ${PROJECT_SOURCE_DIR}/tests/support/session.py ${session}
+      -- env QT_QPA_PLATFORM=wayland $<TARGET_FILE:${name}>)
+    set(environment SESSION_INPUT=$<TARGET_FILE:session_input>)
+    if(QUILLMARSH_TSAN)
+      list(APPEND environment
+        "TSAN_OPTIONS=die_after_fork=0 suppressions=${PROJECT_SOURCE_DIR}/tests/support/tsan.supp")
+    endif()
+    set_tests_properties(${name}_${session} PROPERTIES TIMEOUT 180 LABELS desktop
+      ENVIRONMENT "${environment}")
+  endforeach()
+endfunction()
+
 # quillmarsh_translate(program): gives a program the catalogues of every language.
 function(quillmarsh_translate program)
   set(catalogues)

@@ -1,0 +1,299 @@
+#!/usr/bin/python3
+"""A private Wayland session for a test: a compositor without a screen, a session bus, an empty home,
+and a keyboard and a pointer of the test's.
+
+As a program:  session.py sway|labwc|kde [--screen WxH] [--xwayland] -- COMMAND...
+runs COMMAND in such a session, ends everything afterwards, and exits as COMMAND did.
+As a module:   with session("sway") as desktop: desktop.start([...])
+
+Compositors refuse to be root's, so root becomes an ordinary user first; SESSION_INPUT names the
+program that presses the keys.
+"""
+
+import argparse
+import json
+import os
+import pwd
+import shutil
+import subprocess
+import sys
+
+from surroundings import Surroundings
+
+APP_ID = "org.quillmarsh.Quillmarsh"
+INPUT = os.environ.get("SESSION_INPUT", "build/dev/bin/session_input")
+
+
+def become_ordinary(*folders):
+    """Starts this program again as a user who is not root, and who may write to these folders."""
+    for folder in folders:
+        os.makedirs(folder, exist_ok=True)
+    if os.geteuid():
+        return
+    account = pwd.getpwnam("nobody")
+    for folder in folders:
+        os.chown(folder, account.pw_uid, account.pw_gid)
+    os.setgroups([])
+    os.setgid(account.pw_gid)
+    os.setuid(account.pw_uid)
+    os.execv(sys.executable, [sys.executable, "-B", *sys.argv])
+
+
+class Session(Surroundings):
+    """`bindings` says which chord starts what: {"super+shift+v": COMMAND LINE}; a compositor where
+    programs bind their own ignores it."""
+
+    kind = None  # as QUILLMARSH_SESSION and the command line name it
+    desktop_name = None
+
+    def __init__(self, screen="1280x800", xwayland=False, bindings=None, environment=None):
+        super().__init__()
+        self.screen = tuple(map(int, screen.split("x")))
+        self.has_xwayland = xwayland
+        self.bindings = bindings or {}
+        self.environment.update(XDG_SESSION_TYPE="wayland", XDG_CURRENT_DESKTOP=self.desktop_name,
+                                **(environment or {}))
+        self.log_path = os.path.join(self.home, "compositor.log")
+        self.hands = None
+
+    def begin(self):
+        self.start_bus()
+        self.prepare()
+        with open(self.log_path, "wb") as log:
+            self.compositor = self.start_compositor(stdout=log, stderr=log)
+        self.wait_for(self.is_up, f"{self.kind}; see {self.log_path}")
+        self._start_input()
+
+    def prepare(self):
+        """Writes what the compositor reads when it starts."""
+
+    def start_compositor(self, **options):
+        raise NotImplementedError
+
+    def is_up(self):
+        """Whether clients can connect; WAYLAND_DISPLAY is set then."""
+        raise NotImplementedError
+
+    def write(self, path, text):
+        path = os.path.join(self.home, path)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(text)
+        return path
+
+    def _start_input(self):
+        self.hands = self.start([os.path.abspath(INPUT), *map(str, self.screen)],
+                                stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        if self.hands.stdout.readline() != "ready\n":
+            raise RuntimeError("no keyboard for the session")
+
+    def order(self, *words):
+        """Has the keyboard or the pointer do something."""
+        self.hands.stdin.write(" ".join(map(str, words)) + "\n")
+        self.hands.stdin.flush()
+        if self.hands.stdout.readline() != "done\n":
+            raise RuntimeError(f"the session's keyboard ended at {words}")
+
+    def keys(self, *chords):
+        self.order("key", *chords)
+
+    def type(self, text):
+        for number, line in enumerate(text.split("\n")):
+            if number:
+                self.keys("Return")
+            if line:
+                self.order("type", line)
+
+    def hold(self, *names):
+        self.order("press", *names)
+
+    def release(self, *names):
+        self.order("release", *names)
+
+    def windows(self):
+        """What is shown, each as {"id", "name", "app", "pid", "place", "is active"}."""
+        raise NotImplementedError
+
+    def window(self, name):
+        """Id of the shown window of that name; None when there is none."""
+        return next((window["id"] for window in self.windows() if window["name"] == name), None)
+
+    def _active(self):
+        return next((window for window in self.windows() if window["is active"]), {})
+
+    def active(self):
+        """Id of the window in front."""
+        return self._active().get("id")
+
+    def active_pid(self):
+        return self._active().get("pid")
+
+    def has_keyboard(self, window):
+        return self.active() == window
+
+    def place(self, window):
+        """The window's x, y, width and height on the screen."""
+        return next(shown["place"] for shown in self.windows() if shown["id"] == window)
+
+    def click(self, window, x, y, count=1):
+        """Into the window, in pixels from its corner."""
+        left, top, _, _ = self.place(window)
+        self.click_at(left + x, top + y, count)
+
+    def click_at(self, x, y, count=1):
+        self.order("move", x, y)
+        self.order("click", count)
+
+    def picture(self, path, window=None):
+        """The screen, or that window as it lies there, as a file."""
+        self.take_picture(path)
+        if window:
+            x, y, width, height = self.place(window)
+            self.run(["mogrify", "-crop", f"{width}x{height}+{x}+{y}", "+repage", path])
+
+    def take_picture(self, path):
+        self.run(["grim", path])
+
+    def copy(self, text, target=None):
+        """Copies as another program, which stays behind as the owner, as an application does."""
+        return self.run(["wl-copy", *(["--type", target] if target else [])],
+                        input=text.encode() if isinstance(text, str) else text,
+                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def pasteboard(self, target=None, is_primary=False):
+        """What a paste would give now; None when there is nothing of that kind."""
+        told = self.run(["timeout", "5", "wl-paste", "--no-newline",
+                         *(["--primary"] if is_primary else []), "--type", target or "text"],
+                        capture_output=True)
+        return told.stdout.decode("utf-8", "replace") if told.returncode == 0 else None
+
+
+class SwaySession(Session):
+    kind = "sway"
+    desktop_name = "sway"
+    key_names = {"super": "Mod4", "alt": "Mod1", "ctrl": "Ctrl", "shift": "Shift"}
+
+    def prepare(self):
+        width, height = self.screen
+        self.told = os.path.join(self.home, "told")
+        lines = [f"xwayland {'enable' if self.has_xwayland else 'disable'}",
+                 f"output * resolution {width}x{height}",
+                 "focus_follows_mouse no",
+                 f'for_window [app_id="{APP_ID}" title="^Quillmarsh$"] floating enable, '
+                 "move position center"]
+        for chord, command in self.bindings.items():
+            keys = "+".join(self.key_names.get(key, key) for key in chord.split("+"))
+            lines.append(f"bindsym {keys} exec {command}")
+        # Run once clients can connect.
+        lines.append(f'exec printf "%s\\n" "$WAYLAND_DISPLAY" "$SWAYSOCK" "$DISPLAY" >{self.told}.new'
+                     f" && mv {self.told}.new {self.told}")
+        self.config = self.write("sway.config", "\n".join(lines) + "\n")
+
+    def start_compositor(self, **options):
+        return self.start(["sway", "-c", self.config], env=dict(
+            self.environment, WLR_BACKENDS="headless", WLR_LIBINPUT_NO_DEVICES="1",
+            WLR_RENDERER="pixman"), **options)
+
+    def is_up(self):
+        if not os.path.exists(self.told):
+            return False
+        with open(self.told, encoding="utf-8") as file:
+            display, socket, x_display = file.read().split("\n")[:3]
+        self.environment.update(WAYLAND_DISPLAY=display, SWAYSOCK=socket)
+        if self.has_xwayland:
+            self.environment["DISPLAY"] = x_display
+        return True
+
+    def message(self, *words):
+        """What the compositor answers to an order or a question."""
+        return json.loads(self.ask("swaymsg", "-r", *words))
+
+    def windows(self):
+        def below(node):
+            for child in node["nodes"] + node["floating_nodes"]:
+                yield from below(child)
+            if node.get("pid") and node["visible"]:
+                box, frame = node["rect"], node["window_rect"]
+                yield {"id": node["id"], "name": node["name"], "app": node["app_id"],
+                       "pid": node["pid"], "is active": node["focused"],
+                       "place": [box["x"] + frame["x"], box["y"] + frame["y"], frame["width"],
+                                 frame["height"]]}
+
+        return list(below(self.message("-t", "get_tree")))
+
+    def activate(self, window):
+        self.message(f"[con_id={window}] focus")
+
+
+class KWinSession(Session):
+    kind = "kde"
+    desktop_name = "KDE"
+    menu = ("<Menu><Name>Applications</Name><DefaultAppDirs/><DefaultDirectoryDirs/>"
+            "<Include><All/></Include></Menu>\n")
+
+    def prepare(self):
+        # Applications are known, and allowed what their entries ask for, only through a menu.
+        for name in ("applications.menu", "kf5-applications.menu"):
+            self.write(f"etc/xdg/menus/{name}", self.menu)
+        self.allow("session-input", os.path.abspath(INPUT), "org_kde_kwin_fake_input")
+        # The original has a capability that a container may not grant.
+        self.program = os.path.join(self.home, "kwin_wayland")
+        shutil.copy(shutil.which("kwin_wayland"), self.program)
+        os.chmod(self.program, 0o755)
+
+    def allow(self, name, program, *interfaces, more=""):
+        """A desktop entry by which the compositor grants a program these interfaces."""
+        self.write(f".local/share/applications/{name}.desktop",
+                   f"[Desktop Entry]\nType=Application\nName={name}\nExec={program}\nNoDisplay=true\n"
+                   f"X-KDE-Wayland-Interfaces={','.join(interfaces)}\n{more}")
+
+    def start_compositor(self, **options):
+        width, height = self.screen
+        environment = dict(self.environment, KWIN_COMPOSE="Q", QT_NO_XDG_DESKTOP_PORTAL="1",
+                           XDG_CONFIG_DIRS=os.path.join(self.home, "etc/xdg") + ":/etc/xdg",
+                           QT_QPA_PLATFORM="")
+        del environment["XDG_CURRENT_DESKTOP"], environment["QT_QPA_PLATFORM"]
+        self.environment["WAYLAND_DISPLAY"] = "wayland-kde"
+        return self.start([self.program, "--virtual", "--width", str(width), "--height", str(height),
+                           "--no-lockscreen", "--socket", "wayland-kde",
+                           *(["--xwayland"] if self.has_xwayland else [])],
+                          env=environment, **options)
+
+    def is_up(self):
+        runtime = self.environment["XDG_RUNTIME_DIR"]
+        return (os.path.exists(os.path.join(runtime, "wayland-kde"))
+                and "KWin" in self.ask("dbus-send", "--session", "--print-reply",
+                                       "--dest=org.kde.KWin", "/KWin",
+                                       "org.kde.KWin.supportInformation"))
+
+    def windows(self):
+        from kwin_windows import windows
+        return windows(self.environment["DBUS_SESSION_BUS_ADDRESS"], self.home)
+
+    def activate(self, window):
+        from kwin_windows import activate
+        activate(self.environment["DBUS_SESSION_BUS_ADDRESS"], self.home, window)
+
+
+KINDS = {kind.kind: kind for kind in (SwaySession, KWinSession)}
+
+
+def session(kind, **options):
+    return KINDS[kind](**options)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("kind", choices=KINDS)
+    parser.add_argument("--screen", default="1280x800")
+    parser.add_argument("--xwayland", action="store_true")
+    parser.add_argument("command", nargs=argparse.REMAINDER)
+    options = parser.parse_args()
+    command = options.command[1:] if options.command[:1] == ["--"] else options.command
+    become_ordinary()
+    with session(options.kind, screen=options.screen, xwayland=options.xwayland) as desktop:
+        return desktop.run(command).returncode
+
+
+if __name__ == "__main__":
+    sys.exit(main())
