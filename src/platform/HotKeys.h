@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 #include <compare>
 #include <cstdint>
@@ -18,11 +19,37 @@ struct HotKeyId
     auto operator<=>(const HotKeyId &) const = default;
 };
 
+/// A key with modifiers: a virtual key code (VirtualKeys.h), and bits of CarbonModifiers.
+struct HotKeyCombination
+{
+    quint32 keyCode = 0;
+    quint32 carbonModifiers = 0;
+
+    // NOLINTNEXTLINE(modernize-use-nullptr): it errs
+    auto operator<=>(const HotKeyCombination &) const = default;
+};
+
+/// What a hot key is for, as far as the desktop's own settings list it.
+struct HotKeyAction
+{
+    QString name;  ///< For the desktop to know it again; the same in every language and for ever.
+    QString title; ///< For the user.
+};
+
+/// What the user has chosen for a hot key of ours in the desktop's own settings.
+struct HotKeyChoice
+{
+    /// Absent when there is none, or none that is a combination of ours.
+    std::optional<HotKeyCombination> combination;
+    /// The keys as the desktop writes them; empty when there are none.
+    QString description;
+};
+
 /// What a hot-key press or release tells.
 struct HotKeyEvent
 {
     HotKeyId id;
-    /// Milliseconds on the display server's clock.
+    /// Milliseconds on the display server's clock; 0 where nobody tells.
     quint32 timestamp = 0;
     /// Pointer position in native pixels of the whole desktop, where the platform tells it.
     int x = 0;
@@ -40,14 +67,39 @@ class HotKeys : public QObject
     Q_OBJECT
 
 public:
+    /// Who decides which keys are a hot key of ours.
+    enum class Control {
+        Ours,  ///< We do; where the desktop's settings list them too, the user may choose there.
+        Nobody ///< No program of this desktop has hot keys; it runs commands for keys instead.
+    };
+
     using QObject::QObject;
+
+    /// May change once, soon after the start: see controlChanged().
+    virtual Control control() const { return Control::Ours; }
+
+    /// What the user puts into the desktop's configuration, so that it runs "quillmarsh WORD" for
+    /// the combination. Empty unless nobody has control, or when nothing is known of this desktop.
+    virtual QString configurationFor(const HotKeyCombination &, const QString & /*word*/) const
+    {
+        return {};
+    }
 
     /// Registers a combination under `id`. `keyCode` is a virtual key code (VirtualKeys.h),
     /// `carbonModifiers` bits of CarbonModifiers. With Caps Lock among the modifiers the
     /// combination fires only while Caps Lock is on; otherwise lock states do not matter. False
     /// when the key does not exist, another program holds the combination, or the id is taken.
+    /// Where somebody else has to be asked first it is true, and availabilityChanged() follows when
+    /// the answer is no.
     [[nodiscard]] virtual bool registerHotKey(HotKeyId id, quint32 keyCode,
                                               quint32 carbonModifiers) = 0;
+
+    /// The same for an action that the desktop's settings may list.
+    [[nodiscard]] virtual bool registerAction(HotKeyId id, quint32 keyCode, quint32 carbonModifiers,
+                                              const HotKeyAction &)
+    {
+        return registerHotKey(id, keyCode, carbonModifiers);
+    }
 
     /// Releases a registration; an unknown id is ignored.
     virtual void unregisterHotKey(HotKeyId id) = 0;
@@ -74,4 +126,8 @@ Q_SIGNALS:
     /// or a suspension ended: what was refused is worth another try, and isGranted() another
     /// question.
     void availabilityChanged();
+    /// The registration follows the user's choice, and has another combination with it or none. It
+    /// is for whoever registered it to do the same.
+    void chosenElsewhere(HotKeyId id, const HotKeyChoice &choice);
+    void controlChanged();
 };

@@ -2,6 +2,7 @@
 
 #include "platform/Appearance.h"
 #include "platform/ApplicationNames.h"
+#include "platform/Capabilities.h"
 #include "platform/Clock.h"
 #include "platform/FileQuestions.h"
 #include "platform/FrontApplication.h"
@@ -26,6 +27,7 @@
 /// never a null pointer. Later members may use earlier ones, so they go first.
 struct Platform
 {
+    std::unique_ptr<Capabilities> capabilities;
     std::unique_ptr<Clock> clock;
     std::unique_ptr<FileQuestions> fileQuestions;
     std::unique_ptr<SettingsStore> settings;

@@ -75,6 +75,14 @@ std::optional<QByteArray> readUsersKeys()
                            QStringLiteral("/quillmarsh/keys.json"));
 }
 
+/// An X server keeps nothing back.
+void tellThatAllWorks(Capabilities &capabilities)
+{
+    using Kind = Capability::Kind;
+    for (const Kind kind : {Kind::Recording, Kind::Shortcuts, Kind::Pasting, Kind::WindowPlace})
+        capabilities.tell({kind});
+}
+
 /// Where one adapter needs another, it is the sibling it was made with: both know X11.
 void makeX11Adapters(Platform &platform)
 {
@@ -96,6 +104,7 @@ void makeX11Adapters(Platform &platform)
     platform.hotKeys = std::move(hotKeys);
     platform.frontApplication = std::move(frontApplication);
     platform.pasteboard = std::move(pasteboard);
+    tellThatAllWorks(*platform.capabilities);
 }
 
 } // namespace
@@ -135,6 +144,7 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
 {
     restoreEnvironment();
     auto platform = std::make_unique<Platform>();
+    platform->capabilities = std::make_unique<Capabilities>();
     platform->clock = std::make_unique<SystemClock>();
     platform->fileQuestions =
         g_fileQuestions ? std::move(g_fileQuestions) : std::make_unique<FileQuestions>();

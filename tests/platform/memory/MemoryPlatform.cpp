@@ -149,6 +149,7 @@ MemoryPlatform::MemoryPlatform()
       keySender(put<MemoryKeySender>(platform.keySender)),
       statusBar(put<MemoryStatusBar>(platform.statusBar))
 {
+    put<Capabilities>(platform.capabilities);
     put<MemoryApplicationNames>(platform.applicationNames);
     platform.fileQuestions = std::make_unique<FileQuestions>();
 }
