@@ -27,6 +27,9 @@ public:
     /// Moves and resizes so that the visible window covers `frame`.
     void setFrame(const QRect &frame);
 
+    /// What the widget has around the visible window.
+    QMargins shadowMargins() const;
+
     /// The visible window in the widget's own coordinates.
     QRect contentRect() const { return rect().marginsRemoved(shadowMargins()); }
 
@@ -45,7 +48,6 @@ protected:
 
 private:
     void compositingChanged(bool isCompositing);
-    QMargins shadowMargins() const;
     void placeContent();
     void updateMask();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <QObject>
 #include <QPoint>
 #include <QRect>
@@ -35,6 +36,20 @@ public:
     /// task bar, pager and window switcher.
     virtual void prepareUtilityWindow(QWindow *window) = 0;
 
+    /// Gives such a window its place, each time before it is shown: on the screen where its user
+    /// is at work, one third of the free height above it. `size` is what is seen as the window, and
+    /// `shadow` lies around that. Returns the frame for the visible part; where a desktop keeps the
+    /// placing to itself, only its size means anything.
+    virtual QRect placeUtilityWindow(QWindow *window, const QSize &size,
+                                     const QMargins &shadow) = 0;
+
+    /// While `shares`, other windows of ours can have the keyboard although the utility window
+    /// `window` is shown, which otherwise has it for itself on some desktops.
+    virtual void setSharesKeyboard(QWindow *window, bool shares) = 0;
+
+    /// Whether a window of ours can come up without taking the keyboard from another program.
+    virtual bool canShowWithoutKeyboard() const = 0;
+
     /// Called for a window that its user cannot resize, once it has its native window and before it
     /// is shown: the window manager offers no resizing, even while the window's limits are open so
     /// that it can resize itself.
@@ -42,4 +57,7 @@ public:
 
 Q_SIGNALS:
     void isCompositingChanged(bool isCompositing);
+    /// The user clicked beside the utility window that is shown. Not emitted where such a click
+    /// takes the keyboard from the window, which tells as much.
+    void outsideClicked();
 };

@@ -10,8 +10,8 @@
 #include "Clipboard/welcome/WelcomeWindowView.h"
 #include "looks/ClipColors.h"
 #include "looks/PaneButton.h"
-#include "looks/PointerScreen.h"
 #include "platform/FrontApplication.h"
+#include "platform/PointerScreen.h"
 #include "platform/SettingsStore.h"
 #include "platform/WindowSpace.h"
 

@@ -1,5 +1,7 @@
 #include "Clipboard/window/ApplicationHiding.h"
 
+#include "platform/WindowSpace.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QWindow>
@@ -34,6 +36,8 @@ bool isOrdinary(const QWidget &window)
 
 void ApplicationHiding::hide(const QWidget *stays)
 {
+    if (!m_windowSpace.canShowWithoutKeyboard())
+        return;
     const Discretion discretion;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {

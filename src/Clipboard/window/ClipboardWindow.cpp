@@ -18,14 +18,6 @@ void ClipboardWindow::setContentView(ClipboardView *view)
     setContentWidget(view);
 }
 
-QRect ClipboardWindow::placedFrame(const QRect &visibleFrame, int width)
-{
-    const int height = qRound(windowHeight);
-    const double x = visibleFrame.x() + (visibleFrame.width() - width) * 0.5;
-    const double y = visibleFrame.y() + (visibleFrame.height() - height) / 3.0;
-    return {qRound(x), qRound(y), width, height};
-}
-
 void ClipboardWindow::mousePressEvent(QMouseEvent *event)
 {
     // What the user sees under the pointer in the shadow is another window.

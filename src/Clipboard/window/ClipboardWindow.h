@@ -21,10 +21,6 @@ public:
     void setContentView(ClipboardView *view);
     ClipboardView *contentView() const { return m_contentView; }
 
-    /// Where a window of `width` stands on a screen whose free part is `visibleFrame`: centred
-    /// horizontally, with one third of the free height above it.
-    static QRect placedFrame(const QRect &visibleFrame, int width);
-
 protected:
     void mousePressEvent(QMouseEvent *event) override;
 

@@ -5,8 +5,8 @@
 #include "Clipboard/window/FileViewController.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
+#include "Clipboard/window/WindowsBeside.h"
 #include "looks/PaneButton.h"
-#include "looks/PointerScreen.h"
 #include "platform/FrontApplication.h"
 #include "platform/KeySender.h"
 #include "platform/ModifierFlags.h"
@@ -31,7 +31,8 @@ WindowDelegate::WindowDelegate(std::unique_ptr<ViewController> viewController,
                                KeySender &keySender)
     : m_windowSpace(windowSpace), m_frontApplication(frontApplication), m_keySender(keySender),
       m_window(std::make_unique<ClipboardWindow>(windowSpace)),
-      m_viewController(std::move(viewController))
+      m_windowsBeside(std::make_unique<WindowsBeside>(*m_window)),
+      m_viewController(std::move(viewController)), m_hiding(windowSpace)
 {
     m_window->setContentView(m_viewController->mainView());
     m_window->installEventFilter(this);
@@ -40,6 +41,12 @@ WindowDelegate::WindowDelegate(std::unique_ptr<ViewController> viewController,
     filePane.revealInFinderButton()->installEventFilter(this);
     connect(m_window.get(), &ClipboardWindow::themeChanged, m_viewController.get(),
             &ViewController::applyTheme);
+    connect(m_windowsBeside.get(), &WindowsBeside::wantKeyboardChanged, this,
+            &WindowDelegate::shareKeyboard);
+    connect(&windowSpace, &WindowSpace::outsideClicked, this, [this] {
+        if (m_window->isVisible() && m_viewController->isWindowKey())
+            windowDidResignKey();
+    });
 
     m_recheckTimer.setInterval(kRecheckInterval);
     connect(&m_recheckTimer, &QTimer::timeout, this, &WindowDelegate::windowDeactivated);
@@ -64,8 +71,9 @@ void WindowDelegate::showWindow()
                 &ViewController::applyTheme);
         m_isPrepared = true;
     }
-    m_window->setFrame(ClipboardWindow::placedFrame(PointerScreen::visibleFrame(m_windowSpace),
-                                                    m_window->frame().width()));
+    const QSize size(m_window->frame().width(), qRound(ClipboardWindow::windowHeight));
+    m_window->setFrame(m_windowSpace.placeUtilityWindow(m_window->windowHandle(), size,
+                                                        m_window->shadowMargins()));
     m_viewController->setIsWindowKey(true);
     m_window->show();
     m_keySender.keepTypedAhead(m_window->windowHandle());
@@ -85,6 +93,11 @@ void WindowDelegate::takeAim()
     });
     m_coveredWindow = covered == windows.end() ? nullptr : *covered;
     m_frontApplication.setOwnTarget(m_coveredWindow ? m_coveredWindow->windowHandle() : nullptr);
+}
+
+void WindowDelegate::shareKeyboard(bool shares)
+{
+    m_windowSpace.setSharesKeyboard(m_window->windowHandle(), shares);
 }
 
 void WindowDelegate::forgetCoveredWindow()

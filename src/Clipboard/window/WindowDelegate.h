@@ -16,10 +16,11 @@ class KeySender;
 class QKeyEvent;
 class ViewController;
 class WindowSpace;
+class WindowsBeside;
 
-/// Controls the history window: shows it on the pointer's screen, closes it again when it loses the
-/// keyboard to another window, and has all our windows make way for a paste. Owned by AppDelegate;
-/// owns the window, which lives as long and is only shown and hidden.
+/// Controls the history window: shows it where its user is at work, closes it again when it loses
+/// the keyboard to another window, and has all our windows make way for a paste. Owned by
+/// AppDelegate; owns the window, which lives as long and is only shown and hidden.
 class WindowDelegate : public QObject, public HistoryWindow
 {
     Q_OBJECT
@@ -66,6 +67,7 @@ Q_SIGNALS:
 private:
     bool isForSearchField(const QObject &watched, const QKeyEvent &event) const;
     void takeAim();
+    void shareKeyboard(bool shares);
     void windowDeactivated();
     bool hasFocusInOwnDialog() const;
     /// Whether the window is the one that is worked in, although it may have no keyboard now.
@@ -75,6 +77,7 @@ private:
     FrontApplication &m_frontApplication;
     KeySender &m_keySender;
     std::unique_ptr<ClipboardWindow> m_window;
+    std::unique_ptr<WindowsBeside> m_windowsBeside;
     std::unique_ptr<ViewController> m_viewController;
     QTimer m_recheckTimer; ///< Runs while somebody holds the keyboard without being in front.
     QPointer<QWidget> m_coveredWindow; ///< Has the field that is pasted into; null for none.

@@ -2,7 +2,7 @@
 #include "WindowRig.h"
 #include "looks/ClipColors.h"
 #include "looks/DesktopLooks.h"
-#include "looks/PointerScreen.h"
+#include "platform/PointerScreen.h"
 
 #include <QWindow>
 
@@ -27,7 +27,7 @@ TEST(WindowPlacement, oneThirdOfTheFreeHeightStaysAbove)
         {"a screen smaller than the window", {0, 0, 640, 480}, {-70, -2, 780, 486}},
     };
     for (const Row &row : kRows)
-        EXPECT_EQ(ClipboardWindow::placedFrame(row.visible, 780), row.frame) << row.name;
+        EXPECT_EQ(PointerScreen::utilityFrame(row.visible, {780, 486}), row.frame) << row.name;
 }
 
 TEST(WindowPlacement, theFirstScreenThatHoldsThePointerIsTaken)
@@ -126,6 +126,51 @@ TEST_F(ClipboardWindowTest, aDialogOfTheWindowDoesNotCloseIt)
     dialog.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     EXPECT_TRUE(delegate.window()->isVisible());
+}
+
+TEST_F(ClipboardWindowTest, otherWindowsOfOursGetTheKeyboardBesideItAsLongAsTheyAreThere)
+{
+    QWidget before;
+    before.show();
+    open();
+    const MemoryWindowSpace &space = memory.windowSpace;
+    EXPECT_FALSE(space.sharesKeyboard()) << "it came up over a window that was there";
+    before.raise();
+    EXPECT_TRUE(space.sharesKeyboard());
+    QWidget dialog(delegate.window(), Qt::Dialog);
+    dialog.show();
+    before.hide();
+    EXPECT_TRUE(space.sharesKeyboard()) << "there is still the other";
+    dialog.hide();
+    EXPECT_FALSE(space.sharesKeyboard());
+    QWidget menu(delegate.window(), Qt::Popup);
+    menu.show();
+    EXPECT_FALSE(space.sharesKeyboard());
+    menu.hide();
+    dialog.show();
+    delegate.window()->hide();
+    EXPECT_FALSE(space.sharesKeyboard()) << "hidden meanwhile";
+}
+
+TEST_F(ClipboardWindowTest, aClickOnTheDesktopsCatcherClosesIt)
+{
+    open();
+    Q_EMIT memory.windowSpace.outsideClicked();
+    EXPECT_FALSE(delegate.window()->isVisible());
+    EXPECT_FALSE(controller->isWindowKey());
+}
+
+TEST_F(ClipboardWindowTest, otherWindowsStayForAPasteWhereTheyWouldTakeTheKeyboardAsTheyComeBack)
+{
+    for (const bool can : {true, false}) {
+        memory.windowSpace.setCanShowWithoutKeyboard(can);
+        QWidget other;
+        other.show();
+        open();
+        delegate.hideApp();
+        EXPECT_EQ(other.isVisible(), !can);
+        EXPECT_FALSE(delegate.window()->isVisible());
+    }
 }
 
 TEST_F(ClipboardWindowTest, theColoursFollowTheDesktopLiveAndStayReadable)

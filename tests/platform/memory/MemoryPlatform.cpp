@@ -1,5 +1,6 @@
 #include "platform/memory/MemoryPlatform.h"
 
+#include "platform/PointerScreen.h"
 #include "platform/VirtualKeys.h"
 
 #include <QScreen>
@@ -90,6 +91,11 @@ void MemoryWindowSpace::setCompositing(bool isCompositing)
 QRect MemoryWindowSpace::visibleFrame(const QScreen &screen) const
 {
     return m_visibleFrame.value_or(screen.availableGeometry());
+}
+
+QRect MemoryWindowSpace::placeUtilityWindow(QWindow *, const QSize &size, const QMargins &)
+{
+    return PointerScreen::utilityFrame(PointerScreen::visibleFrame(*this), size);
 }
 
 void MemoryKeyboardLayout::setName(quint32 keyCode, const QString &name)

@@ -183,6 +183,9 @@ public:
     void setVisibleFrame(const QRect &frame) { m_visibleFrame = frame; }
     void setCompositing(bool isCompositing);
     void setAnimationsEnabled(bool areEnabled) { m_areAnimationsEnabled = areEnabled; }
+    /// Every window that comes up takes the keyboard, or none of them.
+    void setCanShowWithoutKeyboard(bool can) { m_canShowWithoutKeyboard = can; }
+    bool sharesKeyboard() const { return m_sharesKeyboard; }
 
     // ^WindowSpace
     std::optional<QPoint> pointerPosition() const override { return QPoint(1, 1); }
@@ -190,12 +193,17 @@ public:
     bool isCompositing() const override { return m_isCompositing; }
     bool areAnimationsEnabled() const override { return m_areAnimationsEnabled; }
     void prepareUtilityWindow(QWindow *) override {}
+    QRect placeUtilityWindow(QWindow *window, const QSize &size, const QMargins &shadow) override;
+    void setSharesKeyboard(QWindow *, bool shares) override { m_sharesKeyboard = shares; }
+    bool canShowWithoutKeyboard() const override { return m_canShowWithoutKeyboard; }
     void prepareFixedWindow(QWindow *) override {}
 
 private:
     std::optional<QRect> m_visibleFrame;
     bool m_isCompositing = true;
     bool m_areAnimationsEnabled = true;
+    bool m_canShowWithoutKeyboard = true;
+    bool m_sharesKeyboard = false;
 };
 
 /// A US keyboard unless names are set.

@@ -1,5 +1,6 @@
 #include "platform/x11/windows/X11WindowSpace.h"
 
+#include "platform/PointerScreen.h"
 #include "platform/x11/QtX11Connection.h"
 #include "platform/x11/windows/XSettings.h"
 
@@ -106,6 +107,11 @@ bool X11WindowSpace::areAnimationsEnabled() const
 void X11WindowSpace::prepareUtilityWindow(QWindow *window)
 {
     window->installEventFilter(this);
+}
+
+QRect X11WindowSpace::placeUtilityWindow(QWindow *, const QSize &size, const QMargins &)
+{
+    return PointerScreen::utilityFrame(PointerScreen::visibleFrame(*this), size);
 }
 
 void X11WindowSpace::prepareFixedWindow(QWindow *window)

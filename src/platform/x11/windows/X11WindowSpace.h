@@ -19,6 +19,9 @@ public:
     bool isCompositing() const override { return m_isCompositing; }
     bool areAnimationsEnabled() const override;
     void prepareUtilityWindow(QWindow *window) override;
+    QRect placeUtilityWindow(QWindow *window, const QSize &size, const QMargins &shadow) override;
+    void setSharesKeyboard(QWindow *, bool) override {}
+    bool canShowWithoutKeyboard() const override { return true; }
     void prepareFixedWindow(QWindow *window) override;
 
 protected:

@@ -1,4 +1,4 @@
-#include "looks/PointerScreen.h"
+#include "platform/PointerScreen.h"
 
 #include "platform/WindowSpace.h"
 
@@ -28,4 +28,11 @@ QRect PointerScreen::visibleFrame(const WindowSpace &space)
     const std::optional<qsizetype> index = screenAt(frames, space.pointerPosition());
     const QScreen *screen = index ? screens.at(*index) : QGuiApplication::primaryScreen();
     return screen ? space.visibleFrame(*screen) : QRect();
+}
+
+QRect PointerScreen::utilityFrame(const QRect &visibleFrame, const QSize &size)
+{
+    const double x = visibleFrame.x() + (visibleFrame.width() - size.width()) * 0.5;
+    const double y = visibleFrame.y() + (visibleFrame.height() - size.height()) / 3.0;
+    return {QPoint(qRound(x), qRound(y)), size};
 }

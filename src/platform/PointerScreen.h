@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QRect>
+#include <QSize>
 
 #include <optional>
 
@@ -16,5 +17,9 @@ std::optional<qsizetype> screenAt(const QList<QRect> &frames, const std::optiona
 
 /// The free part of that screen, else of the main screen.
 QRect visibleFrame(const WindowSpace &space);
+
+/// Where a utility window of `size` stands on a screen whose free part is `visibleFrame`: centred
+/// horizontally, with one third of the free height above it.
+QRect utilityFrame(const QRect &visibleFrame, const QSize &size);
 
 } // namespace PointerScreen
