@@ -121,13 +121,13 @@ std::optional<xcb_keycode_t> X11Keyboard::keyFor(xkb_keysym_t symbol)
     // Neither core events nor XTEST have more than a byte for it.
     const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(map), 255);
     for (xkb_keycode_t keycode = xkb_keymap_min_keycode(map); keycode <= last; ++keycode) {
-        if (plainSymbol(map, keycode, m_group) == symbol)
+        if (Xkb::plainSymbol(map, keycode, m_group) == symbol)
             return xcb_keycode_t(keycode);
         // Toolkits find Ctrl-V in another group where the one in effect has no Latin letters; so
         // the key of that group will do.
         const xkb_layout_index_t groups = xkb_keymap_num_layouts_for_key(map, keycode);
         for (xkb_layout_index_t group = 0; group < groups && !elsewhere; ++group) {
-            if (plainSymbol(map, keycode, group) == symbol)
+            if (Xkb::plainSymbol(map, keycode, group) == symbol)
                 elsewhere = xcb_keycode_t(keycode);
         }
     }
@@ -180,7 +180,7 @@ std::optional<xcb_keycode_t> X11Keyboard::usualKeyFor(xkb_keysym_t symbol)
         context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
                 : nullptr);
     for (xkb_keycode_t keycode = 8; map && keycode <= 255; ++keycode) {
-        if (plainSymbol(map.get(), keycode, 0) == symbol)
+        if (Xkb::plainSymbol(map.get(), keycode, 0) == symbol)
             return xcb_keycode_t(keycode);
     }
     return std::nullopt;
@@ -201,13 +201,4 @@ void X11Keyboard::lock(const Locks &locks) const
     if (m_hasExtension)
         xcb_xkb_latch_lock_state(m_connection.get(), XCB_XKB_ID_USE_CORE_KBD, XCB_MOD_MASK_LOCK,
                                  locks.modifiers, 1, locks.group, 0, 0, 0);
-}
-
-xkb_keysym_t X11Keyboard::plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode,
-                                      xkb_layout_index_t group)
-{
-    // A key that has fewer groups than the keyboard answers in the one it has for this group.
-    const xkb_keysym_t *symbols = nullptr;
-    const int count = xkb_keymap_key_get_syms_by_level(keymap, keycode, group, 0, &symbols);
-    return count == 1 ? symbols[0] : xkb_keysym_t(XKB_KEY_NoSymbol);
 }

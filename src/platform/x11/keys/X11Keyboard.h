@@ -1,21 +1,9 @@
 #pragma once
 
+#include "platform/typing/Xkb.h"
 #include "platform/x11/X11Connection.h"
 
-#include <xkbcommon/xkbcommon.h>
-
-#include <memory>
 #include <optional>
-
-struct FreeKeymap
-{
-    void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
-    void operator()(xkb_context *context) const { xkb_context_unref(context); }
-    void operator()(xkb_state *state) const { xkb_state_unref(state); }
-};
-
-template <typename Xkb>
-using XkbPointer = std::unique_ptr<Xkb, FreeKeymap>;
 
 /// The server's keyboard as one connection sees it: what its keys give, and notice of changes.
 /// Owned by the adapter that owns the connection and used from that connection's thread. The
@@ -71,10 +59,6 @@ public:
 
     Locks locks() const;
     void lock(const Locks &locks) const;
-
-    /// What the key gives by itself in `group`; XKB_KEY_NoSymbol when nothing.
-    static xkb_keysym_t plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode,
-                                    xkb_layout_index_t group);
 
 private:
     void selectNotices() const;

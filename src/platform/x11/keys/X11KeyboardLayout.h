@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/KeyboardLayout.h"
+#include "platform/typing/KeymapNames.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11EventNotifier.h"
 #include "platform/x11/keys/X11Keyboard.h"
@@ -20,11 +21,10 @@ public:
 private:
     void takeIn(const xcb_generic_event_t &event);
     xkb_keymap *currentKeymap() const;
-    xkb_keymap *usKeymap() const;
 
     X11Connection m_connection;
     mutable X11Keyboard m_keyboard;
     mutable X11EventNotifier m_events;
-    mutable XkbPointer<xkb_keymap> m_us; ///< Made when no group of the keyboard types ASCII.
+    KeymapNames m_names;
     bool m_isChangeTold = true;
 };
