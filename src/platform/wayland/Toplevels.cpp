@@ -1,0 +1,148 @@
+#include "platform/wayland/Toplevels.h"
+
+#include "platform/ApplicationNames.h"
+
+#include <algorithm>
+#include <atomic>
+
+Toplevels::Toplevels(const QString &ownApplicationId) : m_ownApplicationId(ownApplicationId) {}
+
+std::optional<Toplevels::Window> Toplevels::front() const
+{
+    const MutexLock lock(m_mutex);
+    const Known *known = active();
+    return known ? std::optional(known->window) : std::nullopt;
+}
+
+Toplevels::Id Toplevels::target() const
+{
+    const MutexLock lock(m_mutex);
+    const Id target = m_held.value_or(m_lastForeign);
+    const Known *known = find(target);
+    return known && !known->window.isMinimized ? target : 0;
+}
+
+void Toplevels::holdTarget()
+{
+    const MutexLock lock(m_mutex);
+    m_held = m_lastForeign;
+}
+
+void Toplevels::letTargetGo()
+{
+    const MutexLock lock(m_mutex);
+    m_held.reset();
+}
+
+Toplevels::Id Toplevels::ownWindow(const QString &title) const
+{
+    const MutexLock lock(m_mutex);
+    const Known *latest = nullptr;
+    for (const Known &known : m_windows) {
+        // The toolkit may add the name of the program to the title.
+        const bool isIt = isOurs(known.window) && known.window.title.startsWith(title);
+        if (isIt && (!latest || known.activation > latest->activation))
+            latest = &known;
+    }
+    return latest ? latest->window.id : 0;
+}
+
+Toplevels::Place Toplevels::awaitFront(Id window, TimePoint deadline) const
+{
+    const MutexLock lock(m_mutex);
+    for (;;) {
+        if (!find(window))
+            return Place::Gone;
+        const Known *front = active();
+        if (front && front->window.id == window)
+            return Place::InFront;
+        if (std::chrono::steady_clock::now() >= deadline)
+            return Place::Behind;
+        m_changed.wait_until(m_mutex, deadline);
+    }
+}
+
+QList<WindowIdentity> Toplevels::identities() const
+{
+    const MutexLock lock(m_mutex);
+    QList<WindowIdentity> identities;
+    for (const Known &known : m_windows) {
+        if (!isOurs(known.window))
+            identities.append(identityOf(known.window));
+    }
+    return identities;
+}
+
+bool Toplevels::isOpen(const QString &applicationId) const
+{
+    const MutexLock lock(m_mutex);
+    return std::ranges::any_of(
+        m_windows, [&](const Known &known) { return known.window.applicationId == applicationId; });
+}
+
+Toplevels::Id Toplevels::newId()
+{
+    static std::atomic<Id> last = 0;
+    return ++last;
+}
+
+void Toplevels::tell(const Window &window)
+{
+    {
+        const MutexLock lock(m_mutex);
+        auto known = std::ranges::find(m_windows, window.id,
+                                       [](const Known &each) { return each.window.id; });
+        if (known == m_windows.end())
+            known = m_windows.insert(known, Known());
+        if (window.isActivated && !known->window.isActivated) {
+            known->activation = ++m_activations;
+            if (!isOurs(window))
+                m_lastForeign = window.id;
+        }
+        known->window = window;
+    }
+    m_changed.notify_all();
+}
+
+void Toplevels::tellClosed(Id window)
+{
+    {
+        const MutexLock lock(m_mutex);
+        std::erase_if(m_windows,
+                      [window](const Known &known) { return known.window.id == window; });
+    }
+    m_changed.notify_all();
+}
+
+void Toplevels::tellNoMore()
+{
+    {
+        const MutexLock lock(m_mutex);
+        m_windows.clear();
+    }
+    m_changed.notify_all();
+}
+
+const Toplevels::Known *Toplevels::find(Id id) const
+{
+    const auto known =
+        std::ranges::find(m_windows, id, [](const Known &each) { return each.window.id; });
+    return known == m_windows.end() ? nullptr : &*known;
+}
+
+/// Some compositors say for a moment of two windows that they are active.
+const Toplevels::Known *Toplevels::active() const
+{
+    const Known *latest = nullptr;
+    for (const Known &known : m_windows) {
+        if (known.window.isActivated && (!latest || known.activation > latest->activation))
+            latest = &known;
+    }
+    return latest;
+}
+
+WindowIdentity identityOf(const Toplevels::Window &window)
+{
+    // Its class, too: of a program that comes by way of X the compositor tells that.
+    return {window.applicationId, window.applicationId, {}, {}};
+}

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "platform/Mutex.h"
+
+#include <QList>
+#include <QString>
+
+#include <chrono>
+#include <condition_variable>
+#include <optional>
+#include <vector>
+
+struct WindowIdentity;
+
+/// The windows of all programs as the compositor tells of them, which of them is in front, and
+/// which one a paste goes to. Told on the connection's thread by whoever speaks the compositor's
+/// protocol, in the compositor's order; asked from any thread. By itself it is what a compositor
+/// tells of that tells nothing: no windows.
+class Toplevels
+{
+public:
+    using Id = quint64; ///< Never given twice; 0 is no window.
+    using TimePoint = std::chrono::steady_clock::time_point;
+
+    struct Window
+    {
+        Id id = 0;
+        QString applicationId;
+        QString title;
+        bool isActivated = false;
+        bool isMinimized = false;
+    };
+
+    enum class Place { InFront, Behind, Gone };
+
+    /// `ownApplicationId` is that of this program's windows.
+    explicit Toplevels(const QString &ownApplicationId);
+    Toplevels(const Toplevels &) = delete;
+    Toplevels &operator=(const Toplevels &) = delete;
+    virtual ~Toplevels() = default;
+
+    /// The window that became active last, ours included; absent while none is. What has the
+    /// keyboard without being a window of this kind, as our history may, is not told of.
+    std::optional<Window> front() const;
+
+    /// The window of another program that was in front last, whichever of ours have been since.
+    /// None when it was closed, or is minimized: nobody wants text typed where it cannot be seen.
+    Id target() const;
+    /// From now on it stays the target, whatever comes to the front, until it is let go.
+    void holdTarget();
+    void letTargetGo();
+
+    /// The window of ours with that title; of several the one that was in front last. 0 for none.
+    Id ownWindow(const QString &title) const;
+
+    /// Waits until the window is in front or gone.
+    Place awaitFront(Id window, TimePoint deadline) const;
+
+    /// Of every window of another program, in no order.
+    QList<WindowIdentity> identities() const;
+
+    /// Whether a program of that application id has a window.
+    bool isOpen(const QString &applicationId) const;
+
+    bool isOurs(const Window &window) const { return window.applicationId == m_ownApplicationId; }
+    const QString &ownApplicationId() const { return m_ownApplicationId; }
+
+    /// Asks the compositor to bring the window to the front. Nothing where it cannot be asked.
+    virtual void activate(Id /*window*/) {}
+
+protected:
+    static Id newId();
+    /// A window that opened or changed, as it is now.
+    void tell(const Window &window);
+    void tellClosed(Id window);
+    /// The compositor tells no more.
+    void tellNoMore();
+
+private:
+    /// A window, and when it became active last, counted.
+    struct Known
+    {
+        Window window;
+        quint64 activation = 0;
+    };
+
+    const Known *find(Id id) const QUILLMARSH_REQUIRES(m_mutex);
+    const Known *active() const QUILLMARSH_REQUIRES(m_mutex);
+
+    const QString m_ownApplicationId;
+    mutable Mutex m_mutex;
+    mutable std::condition_variable_any m_changed;
+    std::vector<Known> m_windows QUILLMARSH_GUARDED_BY(m_mutex);
+    quint64 m_activations QUILLMARSH_GUARDED_BY(m_mutex) = 0;
+    Id m_lastForeign QUILLMARSH_GUARDED_BY(m_mutex) = 0;
+    std::optional<Id> m_held QUILLMARSH_GUARDED_BY(m_mutex);
+};
+
+/// What the names of applications are found by.
+WindowIdentity identityOf(const Toplevels::Window &window);

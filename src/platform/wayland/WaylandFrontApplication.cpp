@@ -1,0 +1,110 @@
+#include "platform/wayland/WaylandFrontApplication.h"
+
+#include "platform/wayland/QtWaylandRequests.h"
+#include "platform/wayland/WaylandConnection.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+using Steady = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+/// Most compositors go back to the target by themselves within this.
+constexpr milliseconds kPatience{60};
+constexpr const char *kActivationToken = "XDG_ACTIVATION_TOKEN";
+
+} // namespace
+
+WaylandFrontApplication::WaylandFrontApplication(std::shared_ptr<WaylandConnection> connection,
+                                                 std::shared_ptr<Toplevels> toplevels,
+                                                 std::shared_ptr<FrontNames> names, QObject *parent)
+    : FrontApplication(parent), m_connection(std::move(connection)),
+      m_toplevels(std::move(toplevels)), m_names(std::move(names))
+{
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
+            &WaylandFrontApplication::followKeyboard);
+}
+
+WaylandFrontApplication::~WaylandFrontApplication()
+{
+    // Behind the tasks that use this object.
+    std::ignore = m_connection->run([] {});
+}
+
+bool WaylandFrontApplication::returnToTarget(milliseconds limit)
+{
+    const Steady::time_point start = Steady::now();
+    finishQtWaylandRequests();
+    const Toplevels::Id target = aim();
+    bool isTold = false;
+    const bool isThere = m_connection->run([&] { isTold = m_connection->roundTrip(); });
+    if (target == 0 || !isThere || !isTold)
+        return false;
+    using Place = Toplevels::Place;
+    Place place = m_toplevels->awaitFront(target, start + std::min(kPatience, limit));
+    if (place == Place::Behind) {
+        m_toplevels->activate(target);
+        place = m_toplevels->awaitFront(target, start + limit);
+    }
+    return place == Place::InFront;
+}
+
+void WaylandFrontApplication::activate(QWindow *window)
+{
+    if (!window)
+        return;
+    // Where the toolkit looks for it, the one time.
+    const bool hasToken = !m_activationToken.isEmpty();
+    if (hasToken)
+        qputenv(kActivationToken, std::exchange(m_activationToken, {}));
+    window->requestActivate();
+    if (hasToken)
+        qunsetenv(kActivationToken);
+}
+
+bool WaylandFrontApplication::isInFront(const QWindow &window) const
+{
+    return QGuiApplication::focusWindow() == &window;
+}
+
+void WaylandFrontApplication::endStartup(const QString &activationToken)
+{
+    // The sign ends when a window is activated with it.
+    m_activationToken = activationToken.toUtf8();
+}
+
+void WaylandFrontApplication::followKeyboard(const QWindow *window)
+{
+    m_names->setOursHasKeyboard(window != nullptr);
+    if (!window) {
+        // Later: a paste goes back to the target while none of ours has the keyboard.
+        QMetaObject::invokeMethod(this, &WaylandFrontApplication::letTargetGo,
+                                  Qt::QueuedConnection);
+        return;
+    }
+    if (std::exchange(m_isTargetHeld, true))
+        return;
+    m_connection->post([this] {
+        // What came to the front before ours may still be under way.
+        if (m_connection->roundTrip())
+            m_toplevels->holdTarget();
+    });
+}
+
+void WaylandFrontApplication::letTargetGo()
+{
+    if (QGuiApplication::focusWindow() || !std::exchange(m_isTargetHeld, false))
+        return;
+    m_connection->post([this] { m_toplevels->letTargetGo(); });
+}
+
+Toplevels::Id WaylandFrontApplication::aim() const
+{
+    const bool isOurs = m_ownTarget && m_ownTarget->isVisible();
+    return isOurs ? m_toplevels->ownWindow(m_ownTarget->title()) : m_toplevels->target();
+}
