@@ -10,7 +10,6 @@
 namespace {
 
 constexpr qint64 kMaxTargetBytes = 64 * 1024;
-constexpr qsizetype kMaxNamed = 1024;
 
 QList<xcb_atom_t> atomsOf(const QByteArray &bytes)
 {
@@ -20,6 +19,18 @@ QList<xcb_atom_t> atomsOf(const QByteArray &bytes)
 }
 
 } // namespace
+
+bool SelectionReader::Request::isText() const
+{
+    return part == Part::Contents && question.part == CopyQuestions::Question::Part::Text;
+}
+
+bool SelectionReader::Request::isLike(const Request &other) const
+{
+    if (part != other.part)
+        return false;
+    return part == Part::Rest ? row == other.row : question.isLike(other.question);
+}
 
 SelectionReader::SelectionReader(SelectionConnection &connection, PropertyPool &pool,
                                  const PasteboardLimits &limits)
@@ -32,7 +43,7 @@ void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 m
 {
     restart(selection, time, maxTextBytes, m_limits.fetch);
     m_wish = wish;
-    m_requests = {{Part::Targets, m_connection.atoms().targets}};
+    m_requests = {{Request::Part::Targets, m_connection.atoms().targets}};
     askNext();
 }
 
@@ -42,7 +53,7 @@ void SelectionReader::beginRest(xcb_atom_t selection, xcb_timestamp_t time,
     restart(selection, time, maxBytes, m_limits.keep);
     for (qsizetype row = 0; row < alternatives.size(); ++row) {
         for (const xcb_atom_t target : alternatives[row])
-            m_requests.append({Part::Rest, target, row});
+            m_requests.append({Request::Part::Rest, target, {}, row});
     }
     askNext();
 }
@@ -115,16 +126,11 @@ void SelectionReader::askNext()
         return;
     }
     const Request &request = m_requests.first();
-    qint64 maxBytes = PasteboardLimits::kMaxFormat;
-    if (request.part == Part::Targets)
+    qint64 maxBytes = m_maxBytes;
+    if (request.part == Request::Part::Targets)
         maxBytes = kMaxTargetBytes;
-    else if (request.part == Part::Text || request.part == Part::Rest)
-        maxBytes = m_maxBytes;
-    else if (request.part == Part::Format)
-        maxBytes =
-            std::min(maxBytes, copyFormats()
-                                   .at(request.row)
-                                   .maxBytes(m_fetched.copy.text.value_or(QByteArray()).size()));
+    else if (request.part == Request::Part::Contents && !request.isText())
+        maxBytes = request.question.maxBytes(m_fetched);
     m_conversion.ask(m_selection, request.target, m_time, maxBytes);
 }
 
@@ -144,27 +150,13 @@ void SelectionReader::useAnswer()
     const bool isHad =
         m_conversion.state() == IncomingConversion::State::Whole && m_conversion.format() == 8;
     switch (request.part) {
-    case Part::Targets:
+    case Request::Part::Targets:
         useTargets();
         break;
-    case Part::Text:
-        useText(request, isHad);
+    case Request::Part::Contents:
+        useContents(request, isHad);
         break;
-    case Part::Format:
-        if (isHad) {
-            m_fetched.copy.formats[&copyFormats()[request.row]] = m_conversion.bytes();
-            dropOthersLike(request);
-        }
-        break;
-    case Part::Files:
-        if (isHad)
-            useFiles();
-        break;
-    case Part::CutMark:
-        if (isHad && m_conversion.bytes().startsWith('1'))
-            m_fetched.copy.fileAction = FileUris::Action::Cut;
-        break;
-    case Part::Rest:
+    case Request::Part::Rest:
         useRest(request);
         break;
     }
@@ -180,12 +172,14 @@ void SelectionReader::useTargets()
         // owner of a secret.
         m_fetched.isConcealed = m_wish == Wish::Copy && offered.contains(atoms.passwordHint);
         if (!m_fetched.isConcealed)
-            planFormats(offered.mid(0, kMaxNamed));
+            planFormats(offered.mid(0, CopyQuestions::kMaxNamed));
         return;
     }
     // An owner too simple to list its formats may still have a text.
-    m_requests = {{Part::Text, atoms.formats[QStringLiteral("UTF8_STRING")]},
-                  {Part::Text, XCB_ATOM_STRING}};
+    const QString utf8 = QStringLiteral("UTF8_STRING");
+    const QString latin1 = QStringLiteral("STRING");
+    m_requests = {{Request::Part::Contents, atoms.formats[utf8], {{}, utf8}},
+                  {Request::Part::Contents, XCB_ATOM_STRING, {{}, latin1}}};
 }
 
 void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
@@ -197,22 +191,13 @@ void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
         m_fetched.names.append(names[i]);
         m_fetched.atoms[names[i]] = offered[i];
     }
-    for (const QString &name : TextFormats::inOrder(names))
-        m_texts.requests.append({Part::Text, m_fetched.atoms[name]});
-    m_requests = m_texts.requests;
-    m_texts.mayBeNone = TextFormats::mayHoldNone(names);
-    const auto plan = [&](Part part, const QString &name, qsizetype row = 0) {
-        if (m_fetched.atoms.contains(name))
-            m_requests.append({part, m_fetched.atoms[name], row});
-    };
-    for (qsizetype row = 0; row < copyFormats().size(); ++row) {
-        for (const QString &name : copyFormats()[row].names)
-            plan(Part::Format, name, row);
+    for (const CopyQuestions::Question &question : CopyQuestions::of(m_fetched.names)) {
+        const Request request{Request::Part::Contents, m_fetched.atoms[question.name], question};
+        m_requests.append(request);
+        if (request.isText())
+            m_texts.requests.append(request);
     }
-    plan(Part::Files, FileUris::kUriList);
-    // Asked for beside the other list, because only this one may say that the files were cut.
-    plan(Part::Files, FileUris::kGnomeList);
-    plan(Part::CutMark, FileUris::kKdeCut);
+    m_texts.mayBeNone = TextFormats::mayHoldNone(m_fetched.names);
 }
 
 bool SelectionReader::waitToAskAgain()
@@ -227,8 +212,19 @@ bool SelectionReader::waitToAskAgain()
 /// What is had under one name need not be asked for under the others.
 void SelectionReader::dropOthersLike(const Request &had)
 {
-    m_requests.removeIf(
-        [&](const Request &request) { return request.part == had.part && request.row == had.row; });
+    m_requests.removeIf([&](const Request &request) { return request.isLike(had); });
+}
+
+void SelectionReader::useContents(const Request &request, bool isHad)
+{
+    if (request.isText()) {
+        useText(request, isHad);
+        return;
+    }
+    if (!isHad)
+        return;
+    CopyQuestions::use(request.question, m_conversion.bytes(), {}, m_fetched);
+    dropOthersLike(request);
 }
 
 void SelectionReader::useText(const Request &request, bool isHad)
@@ -244,27 +240,10 @@ void SelectionReader::useText(const Request &request, bool isHad)
     if (!isHad)
         return;
     dropOthersLike(request);
-    const QStringList names = m_connection.namesOf({m_conversion.target(), m_conversion.type()});
-    const QByteArray text = TextFormats::toUtf8(m_conversion.bytes(), names[0], names[1]);
-    // Drawing programs may as well answer with nothing as refuse.
-    if (!text.isEmpty() || !m_texts.mayBeNone)
-        m_fetched.copy.text = text;
+    CopyQuestions::use(request.question, m_conversion.bytes(),
+                       m_connection.namesOf({m_conversion.type()}).first(), m_fetched);
     if (m_wish == Wish::Text)
         m_requests.clear();
-}
-
-void SelectionReader::useFiles()
-{
-    CopyBytes &copy = m_fetched.copy;
-    const QByteArray &bytes = m_conversion.bytes();
-    if (m_conversion.target() == m_fetched.atoms.value(FileUris::kUriList)) {
-        copy.uriList = bytes;
-        copy.fileNames = FileUris::filesOfUriList(bytes);
-        return;
-    }
-    if (copy.fileNames.isEmpty())
-        copy.fileNames = FileUris::filesOfGnomeList(bytes);
-    copy.fileAction = FileUris::actionOfGnomeList(bytes);
 }
 
 void SelectionReader::useRest(const Request &request)
@@ -288,11 +267,5 @@ void SelectionReader::finish()
     m_askAgainAt.reset();
     m_isReading = false;
     m_isFinished = true;
-    CopyBytes &copy = m_fetched.copy;
-    const qsizetype files = copy.fileNames.size();
-    if (files == 0 || m_fetched.isTextTooLarge)
-        return;
-    // Many file managers offer no text, or what they have as the list already.
-    if (!copy.text || FileUris::areAddresses(*copy.text, files))
-        copy.text = CopyBytes::of(Copy{{}, {}, copy.fileNames}.withText()).text;
+    CopyQuestions::complete(m_fetched);
 }

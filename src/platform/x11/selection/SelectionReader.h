@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/pasteboard/CopyQuestions.h"
 #include "platform/pasteboard/PasteboardLimits.h"
 #include "platform/x11/selection/FetchedSelection.h"
 #include "platform/x11/selection/IncomingConversion.h"
@@ -58,12 +59,17 @@ public:
     FetchedSelection abandon();
 
 private:
-    enum class Part { Targets, Text, Format, Files, CutMark, Rest };
     struct Request
     {
+        enum class Part { Targets, Contents, Rest };
+
         Part part;
         xcb_atom_t target;
-        qsizetype row = 0; ///< In copyFormats() of a Format, among the alternatives of the Rest.
+        CopyQuestions::Question question = {}; ///< Of Contents.
+        qsizetype row = 0;                     ///< Among the alternatives of the Rest.
+
+        bool isText() const;
+        bool isLike(const Request &other) const;
     };
 
     struct Texts
@@ -81,8 +87,8 @@ private:
     void useAnswer();
     void useTargets();
     void useText(const Request &request, bool isHad);
-    void useFiles();
     void useRest(const Request &request);
+    void useContents(const Request &request, bool isHad);
     void planFormats(const QList<xcb_atom_t> &offered);
     void dropOthersLike(const Request &had);
     bool waitToAskAgain();

@@ -5,8 +5,6 @@
 #include "platform/x11/selection/PasteboardService.h"
 #include "platform/x11/selection/SelectionConnection.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QLoggingCategory>
 
 #include <future>
@@ -18,18 +16,9 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
     : m_limits(limits), m_connection(std::make_unique<SelectionConnection>(limits.now))
 {
     PasteboardService::Listeners listeners;
-    listeners.changed = [this](qint64 changeCount) {
-        doOnMainThread([this, changeCount] { Q_EMIT changed(changeCount); });
-    };
-    listeners.pasteRead = [this] {
-        m_changes.notePasteRead();
-        doOnMainThread([this] {
-            // Another paste may be expected by now.
-            if (isPasteRead())
-                Q_EMIT pasteRead();
-        });
-    };
-    m_service = std::make_unique<PasteboardService>(*m_connection, m_changes, names, m_limits,
+    listeners.changed = [this](qint64 changeCount) { announce(changeCount); };
+    listeners.pasteRead = [this] { announcePasteRead(); };
+    m_service = std::make_unique<PasteboardService>(*m_connection, changes(), names, m_limits,
                                                     std::move(listeners));
     X11EventThread::Hooks hooks;
     hooks.now = m_limits.now;
@@ -47,19 +36,6 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
 
 X11Pasteboard::~X11Pasteboard() = default;
 
-/// The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
-void X11Pasteboard::doOnMainThread(std::function<void()> task)
-{
-    m_changes.post(std::move(task));
-    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-}
-
-void X11Pasteboard::customEvent(QEvent *)
-{
-    for (const auto &task : m_changes.takeTasks())
-        task();
-}
-
 void X11Pasteboard::offerPrimary()
 {
     if (m_thread && !m_thread->run([this] { m_service->offerPrimary(); }))
@@ -76,7 +52,7 @@ void X11Pasteboard::expectPaste(xcb_window_t target)
 {
     // Done when it returns, because the keystroke may be answered at once.
     const auto expect = [this, target] {
-        m_changes.expectPaste();
+        changes().expectPaste();
         m_service->expectPaste(target);
     };
     if (m_thread && !m_thread->run(expect))
@@ -93,14 +69,14 @@ std::vector<xcb_window_t> X11Pasteboard::askers() const
 
 void X11Pasteboard::acknowledge(qint64 changeCount)
 {
-    m_changes.acknowledge(changeCount);
+    changes().acknowledge(changeCount);
     if (m_thread)
         m_thread->post([this, changeCount] { m_service->acknowledge(changeCount); });
 }
 
 void X11Pasteboard::discard(qint64 changeCount)
 {
-    m_changes.discard(changeCount);
+    changes().discard(changeCount);
     if (m_thread)
         m_thread->post([this, changeCount] { m_service->discard(changeCount); });
 }
@@ -120,29 +96,17 @@ bool X11Pasteboard::write(const Copy &copy)
 void X11Pasteboard::clear()
 {
     if (!m_thread || !m_thread->run([this] { m_service->clear(); }))
-        m_changes.publishCleared();
+        changes().publishCleared();
 }
 
-void X11Pasteboard::askText(Selection selection, QObject *context, TextAnswer answer)
+bool X11Pasteboard::ask(Selection selection, Receiver receive)
 {
-    // What is at hand is pasted before the next key, which may have been pressed already.
-    if (const auto text =
-            selection == Selection::Clipboard ? m_changes.text() : std::optional<QString>()) {
-        answer(text);
-        return;
-    }
     if (!m_thread)
-        return;
-    const qint64 number = ++m_questionsAsked;
-    m_questions.insert(number, {context, std::move(answer)});
-    const auto receive = [this, number](const std::optional<QString> &text) {
-        doOnMainThread([this, number, text] {
-            const Question question = m_questions.take(number);
-            if (question.context)
-                question.answer(text);
-        });
-    };
-    m_thread->post([this, selection, receive] { m_service->askText(selection, receive); });
+        return false;
+    m_thread->post([this, selection, receive = std::move(receive)] {
+        m_service->askText(selection, receive);
+    });
+    return true;
 }
 
 void X11Pasteboard::markText(const QString &text)

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "platform/Pasteboard.h"
-#include "platform/pasteboard/PasteboardChanges.h"
 #include "platform/pasteboard/PasteboardLimits.h"
-
-#include <QMap>
-#include <QPointer>
+#include "platform/pasteboard/PublishedPasteboard.h"
 
 #include <memory>
 
@@ -21,7 +17,7 @@ class X11EventThread;
 /// hung program holds up nobody and everybody is answered while the main thread is busy. When the
 /// connection breaks it logs so once: what was published stays readable, writing is refused, and
 /// nothing is served any more.
-class X11Pasteboard : public Pasteboard
+class X11Pasteboard : public PublishedPasteboard
 {
     Q_OBJECT
 
@@ -47,40 +43,20 @@ public:
     std::vector<xcb_window_t> askers() const;
 
     // ^Pasteboard
-    qint64 changeCount() const override { return m_changes.changeCount(); }
-    QList<PasteboardContents> changesAfter(qint64 changeCount) const override
-    {
-        return m_changes.changesAfter(changeCount);
-    }
-    std::optional<PasteboardContents> contents() const override { return m_changes.contents(); }
     void acknowledge(qint64 changeCount) override;
     void discard(qint64 changeCount) override;
-    void setLargestUsefulText(qint64 bytes) override { m_changes.setLargestUsefulText(bytes); }
     bool write(const Copy &copy) override;
-    bool isPasteRead() const override { return m_changes.isPasteRead(); }
     void clear() override;
-    void askText(Selection selection, QObject *context, TextAnswer answer) override;
     void markText(const QString &text) override;
     void shutDown() override;
 
 protected:
-    // ^QObject: announces what the service has published, and passes its answers on.
-    void customEvent(QEvent *event) override;
+    // ^PublishedPasteboard
+    bool ask(Selection selection, Receiver receive) override;
 
 private:
-    struct Question
-    {
-        QPointer<QObject> context;
-        TextAnswer answer;
-    };
-
-    void doOnMainThread(std::function<void()> task);
-
     PasteboardLimits m_limits;
-    qint64 m_questionsAsked = 0;
-    QMap<qint64, Question> m_questions; ///< By number, until they are answered.
     std::unique_ptr<SelectionConnection> m_connection;
-    PasteboardChanges m_changes;
     std::unique_ptr<PasteboardService> m_service;
     std::unique_ptr<X11EventThread> m_thread; ///< Last, so it ends first; null after shutDown().
 };

@@ -1,4 +1,4 @@
-#include "platform/x11/selection/FetchedSelection.h"
+#include "platform/pasteboard/FetchedCopy.h"
 
 #include <algorithm>
 
@@ -19,7 +19,7 @@ PasteboardContents::Media mediaOf(const QStringList &names)
 
 } // namespace
 
-PasteboardContents FetchedSelection::contents(qint64 maxUsefulText) const
+PasteboardContents FetchedCopy::contents(qint64 maxUsefulText) const
 {
     PasteboardContents contents;
     contents.media = mediaOf(names);
