@@ -64,7 +64,7 @@ class Terminal(Application):
     def select_first_word(self, desk):
         # Another click within three seconds would be a third one to it, which takes the selection away.
         desk.desktop.repeat(
-            lambda: desk.click(*self.first_word, "--repeat", "2", "--delay", "80"),
+            lambda: desk.click(*self.first_word, 2),
             lambda: desk.tell("timeout", "2", "xclip", "-o", "-selection", "primary")
             == TEXT.split()[0], "the selected word", each=3)
 

@@ -1,5 +1,8 @@
 """What the journeys share: a fresh desktop and a running Quillmarsh for each test, and the
-applications around it. On a failure the screen is kept beside the test's log."""
+applications around it. On a failure the screen is kept beside the test's log, or in PICTURES.
+
+QUILLMARSH_SESSION names the desktop: x11, or a Wayland session of support/session.py, where only
+those journeys are made that are marked for it."""
 
 import os
 import pathlib
@@ -13,9 +16,23 @@ sys.path.insert(0, str(SUPPORT))
 from desktop import Desktop  # noqa: E402
 from held_keys import HeldKeys  # noqa: E402, F401
 from quillmarsh import BUNDLE, Quillmarsh, contents, copy, pasteboard  # noqa: E402, F401
+from session import KINDS, become_ordinary, session  # noqa: E402
 
-BINARY = os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh")
-QT_EDITOR = os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor")
+BINARY = os.path.abspath(os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh"))
+QT_EDITOR = os.path.abspath(os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor"))
+PICTURES = os.environ.get("PICTURES", "")
+SESSION = os.environ.get("QUILLMARSH_SESSION", "x11")
+# Where programs cannot bind a chord, the compositor's configuration has it start one.
+BINDINGS = {"super+shift+v": f"{BINARY} launch", "super+shift+x": f"{BINARY} swop"}
+
+
+def made_in(*kinds):
+    """Marks a journey for these Wayland sessions, all of them by default, beside X11."""
+    def mark(test):
+        test.sessions = {"x11", *(kinds or KINDS)}
+        return test
+
+    return mark
 
 
 class Journey(unittest.TestCase):
@@ -37,7 +54,8 @@ class Journey(unittest.TestCase):
         """Goes to a desktop of that kind, from the one before it."""
         if hasattr(self, "desktop"):
             self.desktop.close()
-        self.desktop = Desktop(**options)
+        self.desktop = (Desktop(**options) if SESSION == "x11" else
+                        session(SESSION, bindings=BINDINGS, **options))
         self.addCleanup(self.desktop.close)
         self.desktop.__enter__()
 
@@ -46,7 +64,7 @@ class Journey(unittest.TestCase):
 
     def _keep_screen(self):
         if self._problems() > self._problems_before:
-            self.desktop.run(["import", "-window", "root", f"{self.id()}.png"])
+            self.desktop.picture(os.path.join(PICTURES, f"{SESSION}-{self.id()}.png"))
             for line in getattr(self, "app", None) and self.app.log or []:
                 print("  quillmarsh:", line)
 
@@ -57,13 +75,13 @@ class Journey(unittest.TestCase):
         return self.desktop.wait_for(condition, what, seconds)
 
     def copy(self, text, target=None):
-        """Copies with xclip and waits until it is recorded."""
+        """Copies as another program, and waits until it is recorded."""
         copy(self.desktop, text, target)
         self.app.wait_for_clip(text)
 
     def owner(self, *arguments, wait=True):
-        """Starts a clipboard owner of support/owner.py."""
-        return self.desktop.helper("owner.py", *arguments, is_ready=wait)
+        """Starts a clipboard owner that behaves as the arguments tell; support/owner.py has them."""
+        return self.desktop.start_owner(*arguments, is_ready=wait)
 
     def editor(self, kind, *arguments):
         """A text window of our own ("gtk" or "qt") with the keyboard; returns the path of the
@@ -72,8 +90,8 @@ class Journey(unittest.TestCase):
         process = (self.desktop.helper("gtk_editor.py", path, *arguments) if kind == "gtk" else
                    self.desktop.start([QT_EDITOR, path, *arguments], quiet=True))
         # The window manager gives the keyboard first and says so afterwards.
-        self.wait_for(lambda: self.desktop.ask("xdotool", "getactivewindow", "getwindowpid")
-                      == str(process.pid), f"the {kind} editor in front")
+        self.wait_for(lambda: self.desktop.active_pid() == process.pid,
+                      f"the {kind} editor in front")
         return path
 
     def open_own(self, word, name):
@@ -97,15 +115,12 @@ class Journey(unittest.TestCase):
         return lambda: pathlib.Path(told).read_text(encoding="utf-8", errors="replace")
 
     def terminal(self):
-        """xterm running cat into a file, with the keyboard; returns that file's path."""
-        path = self.file("xterm.txt")
-        self.desktop.start(["xterm", "-e", f"cat > {path}"], quiet=True)
-
-        def is_in_front():
-            told = self.desktop.ask("xprop", "-id", self.desktop.active(), "WM_CLASS")
-            return "XTerm" in told and os.path.exists(path)
-
-        self.wait_for(is_in_front, "xterm in front")
+        """A terminal running cat into a file, with the keyboard; returns that file's path."""
+        path = self.file("terminal.txt")
+        program = "xterm" if SESSION == "x11" else "foot"
+        process = self.desktop.start([program, "-e", "sh", "-c", f"cat > {path}"], quiet=True)
+        self.wait_for(lambda: self.desktop.active_pid() == process.pid and os.path.exists(path),
+                      f"{program} in front")
         return path
 
     def wait_for_text(self, path, text):
@@ -123,6 +138,23 @@ class Journey(unittest.TestCase):
         self.app.wait_until_hidden()
 
 
+def made_here(suite):
+    """The tests of a suite that are for this session."""
+    for test in suite:
+        if isinstance(test, unittest.TestSuite):
+            yield from made_here(test)
+        elif SESSION in getattr(getattr(test, test._testMethodName), "sessions", {"x11"}):
+            yield test
+
+
+def main(names):
+    """`names` tell journeys: journey.py test_copy test_paste.PasteJourney"""
+    if SESSION != "x11":
+        become_ordinary(*([PICTURES] if PICTURES else []))
+    tests = unittest.TestSuite(made_here(unittest.defaultTestLoader.loadTestsFromNames(names)))
+    result = unittest.TextTestRunner(verbosity=2).run(tests)
+    return 0 if result.wasSuccessful() and result.testsRun else 1
+
+
 if __name__ == "__main__":
-    # Its arguments name journeys: journey.py test_copy test_paste.PasteJourney
-    unittest.main(module=None)
+    sys.exit(main([name for name in sys.argv[1:] if not name.startswith("-")]))

@@ -2,10 +2,11 @@
 
 import time
 
-from journey import Journey, pasteboard
+from journey import Journey, made_in, pasteboard
 
 
 class CopyJourney(Journey):
+    @made_in()
     def test_a_copy_is_recorded_with_the_application_it_came_from(self):
         self.editor("gtk", "a reed in the wind", "--select")
         self.app.key("ctrl+c")
@@ -14,9 +15,9 @@ class CopyJourney(Journey):
         self.app.key("ctrl+c")
         self.app.wait_for_clip("a bittern booms")
         names = [name for _, name in self.app.clips("strValue, applicationName")]
-        self.assertEqual(names[0].lower(), "qt_editor")
-        self.assertEqual(names[1], "Editor")
+        self.assertEqual([name.lower() for name in names], ["qt_editor", "editor"])
 
+    @made_in()
     def test_a_burst_is_recorded_whole_and_in_order(self):
         self.owner("burst", 100, 5)
         self.app.wait_for_clip("burst copy 99")
@@ -24,12 +25,14 @@ class CopyJourney(Journey):
                          [f"burst copy {i}" for i in reversed(range(100))]
                          + ["before the burst"])
 
+    @made_in()
     def test_a_dead_owners_copy_stays_recorded_and_pasteable(self):
         self.owner("brief", 50, "gone but not forgotten").wait(5)
         self.app.wait_for_clip("gone but not forgotten")
         self.wait_for(lambda: pasteboard(self.desktop) == "gone but not forgotten",
                       "the adopted text")
 
+    @made_in()
     def test_an_owner_that_hangs_disturbs_nobody(self):
         self.owner("hang")
         started = time.monotonic()
@@ -39,6 +42,7 @@ class CopyJourney(Journey):
         self.copy("after")
         self.assertEqual(self.app.clips(), ["after"])
 
+    @made_in()
     def test_a_secret_is_not_recorded(self):
         self.owner("secret", "hunter2")
         self.copy("after")

@@ -4,29 +4,31 @@
 from Xlib import display, error
 from Xlib.ext import shape  # noqa: F401, adds its requests to windows
 
-from journey import BINARY, Journey, Quillmarsh
+from journey import BINARY, Journey, Quillmarsh, made_in
 
 
 class HistoryJourney(Journey):
+    @made_in()
     def test_a_click_elsewhere_closes_it_and_a_double_click_pastes(self):
         self.copy("second row")
         self.copy("first row")
         path = self.editor("gtk")
-        self.desktop.run(["xdotool", "search", "--name", "^GTK editor$", "windowmove", "10", "30"])
         self.app.open_history()
-        self.desktop.run(["xdotool", "mousemove", "40", "80", "click", "1"])
+        self.desktop.click_at(40, 80)
         self.app.wait_until_hidden()
         window = self.app.open_history()
-        self.desktop.click(window, 120, 98, "--repeat", "2", "--delay", "50")
+        self.desktop.click(window, 120, 98, count=2)
         self.app.wait_until_hidden()
         self.wait_for_text(path, "second row")
 
+    @made_in()
     def test_another_application_taking_the_keyboard_closes_it(self):
         self.copy("x")
         self.app.open_history()
         self.editor("qt")
         self.app.wait_until_hidden()
 
+    @made_in()
     def test_the_history_outlives_a_quit_and_a_kill(self):
         self.copy("before quitting")
         self.assertEqual(self.app.quit(), 0)

@@ -1,12 +1,13 @@
 """A clip chosen in the history stands in the application that was in front."""
 
 
-from journey import Journey, pasteboard
+from journey import Journey, made_in, pasteboard
 
 HTML = "<meta charset=\"utf-8\"><p>a <b>Bold</b> {heron} ü\\"
 
 
 class PasteJourney(Journey):
+    @made_in()
     def test_return_pastes_into_gtk_qt_and_a_terminal(self):
         self.copy("the heron waits")
         self.copy("newer")
@@ -24,6 +25,7 @@ class PasteJourney(Journey):
             self.app.key("Return")
             self.wait_for_text(path, "the heron waits\n")
 
+    @made_in()
     def test_what_was_copied_formatted_is_pasted_formatted_unless_its_text_is_changed(self):
         owner = self.owner("html", HTML, "a Bold heron")
         self.app.wait_for_clip("a Bold heron")
@@ -39,17 +41,20 @@ class PasteJourney(Journey):
                 self.assertEqual(pasteboard(self.desktop, "text/html"), html)
                 self.assertIn(r"\b ", pasteboard(self.desktop, "text/rtf"))
 
+    @made_in()
     def test_the_modifier_still_held_from_shift_return_does_not_reach_the_target(self):
         self.copy("held")
         path = self.editor("gtk")
         self.app.open_history()
-        self.desktop.run(["xdotool", "keydown", "shift", "key", "Return"])
+        self.desktop.hold("shift")
+        self.desktop.tap("return")
         self.app.wait_until_hidden()
         self.wait_for_text(path, "HELD")
-        self.desktop.run(["xdotool", "keyup", "shift"])
+        self.desktop.release("shift")
         self.app.key("a")
         self.wait_for_text(path, "HELDa")
 
+    @made_in()
     def test_what_is_typed_right_after_return_follows_the_clip(self):
         self.copy("clip ")
         self.copy("other")
@@ -60,7 +65,8 @@ class PasteJourney(Journey):
                 with self.subTest(kind, turn=turn):
                     self.app.open_history()
                     # All at once, far quicker than any hand.
-                    self.app.key("--delay", "0", "c", "l", "i", "Return", "a", "X", "b", "Return")
+                    self.desktop.keys("c", "l", "i", "Return", "a", "X", "b", "Return",
+                                      at_once=True)
                     expected += "clip aXb\n"
                     self.wait_for_text(path, expected)
                     self.app.wait_until_hidden()

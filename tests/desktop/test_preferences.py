@@ -6,7 +6,7 @@ import shutil
 import subprocess
 
 
-from journey import BINARY, QT_EDITOR, Journey, Quillmarsh
+from journey import BINARY, QT_EDITOR, Journey, Quillmarsh, made_in
 
 
 class PreferencesJourney(Journey):
@@ -34,6 +34,7 @@ class PreferencesJourney(Journey):
         self.editor("qt", text, "--select")
         self.app.key("ctrl+c")
 
+    @made_in("kde")
     def test_a_recorded_shortcut_opens_the_history_at_once_and_after_a_restart(self):
         self.open_preferences()
         self.app.key("alt+o", "space", "ctrl+alt+k", "Escape")
@@ -56,6 +57,7 @@ class PreferencesJourney(Journey):
         self.assertEqual(self.app.process.wait(10), 0)
         self.app.wait_for_log("Exit")
 
+    @made_in()
     def test_an_application_in_the_list_is_not_recorded_until_it_is_taken_out(self):
         window = self.open_applications()
         for keys in (["super+w"], ["r", "e", "e", "d", "Return"]):

@@ -6,7 +6,7 @@ import shutil
 import sqlite3
 import urllib.parse
 
-from journey import BINARY, HeldKeys, Journey, Quillmarsh, copy
+from journey import BINARY, Journey, Quillmarsh, copy, made_in
 
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "data" / "preview"
 PAPER_PART = (320, 60, 380, 290)  # of the window: within the preview, above its separator
@@ -26,7 +26,7 @@ class PreviewJourney(Journey):
     def picture(self, window, name):
         """The window as it is seen, as a file."""
         path = self.file(f"{name}.png")
-        self.desktop.run(["import", "-window", window, path])
+        self.desktop.picture(path, window)
         return path
 
     def colours(self, window, part=PAPER_PART):
@@ -99,6 +99,7 @@ class PreviewJourney(Journey):
         self.assertEqual(os.listdir(target), [os.path.basename(path)])
         self.assertEqual(sorted(os.listdir(source)), names)
 
+    @made_in()
     def test_a_held_key_steps_through_a_hundred_files(self):
         self.app.quit()
         samples = [name for name in sorted(os.listdir(SAMPLES)) if name != "drawing.svg"]
@@ -113,9 +114,8 @@ class PreviewJourney(Journey):
         store.close()
         self.app = Quillmarsh(self.desktop, BINARY)
         window = self.app.open_history()
-        keys = HeldKeys(self.desktop.environment)
-        keys.press("down")
+        self.desktop.hold("down")
         self.wait_for_colour(window, "FF0000")
-        keys.release("down")
+        self.desktop.release("down")
         self.app.close()
         self.assertEqual(self.app.quit(), 0)

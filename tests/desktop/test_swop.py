@@ -1,10 +1,11 @@
 """The selection of the application in front is exchanged with a clip."""
 
 
-from journey import HeldKeys, Journey, contents, pasteboard
+from journey import Journey, contents, made_in, pasteboard
 
 
 class SwopJourney(Journey):
+    @made_in()
     def test_the_exchange_leaves_the_replaced_selection_newest_and_on_the_clipboard(self):
         for kind in ("gtk", "qt"):
             with self.subTest(kind):
@@ -17,30 +18,31 @@ class SwopJourney(Journey):
                 self.assertEqual(self.app.clips()[:2], ["old words", "new words"])
                 self.wait_for(lambda: pasteboard(self.desktop) == "old words", "the old words")
 
+    @made_in()
     def test_it_works_while_fingers_are_still_on_the_keys(self):
         self.copy("typed with held keys")
         path = self.editor("gtk", "selected", "--select")
-        keys = HeldKeys(self.desktop.environment)
-        keys.press("super", "shift", "x")
+        self.desktop.hold("super", "shift", "x")
         self.app.wait_until_active(self.app.window())
-        keys.release("x")
-        keys.tap("return")
+        self.desktop.release("x")
+        self.desktop.tap("return")
         self.wait_for(lambda: contents(path) != "selected", "the exchange")
-        keys.release("super", "shift")
+        self.desktop.release("super", "shift")
         # Shift was held with Return: the exchange pastes in upper case only for Shift alone.
         self.wait_for_text(path, "typed with held keys")
         self.app.wait_for_clip("selected")
         self.app.key("a")
         self.wait_for_text(path, "typed with held keysa")
 
+    @made_in("sway")
     def test_in_a_terminal_the_selected_text_is_the_selection_and_nothing_is_interrupted(self):
         self.copy("clip")
         path = self.terminal()
         self.app.type("word\n")
         self.wait_for_text(path, "word\n")
         # A double click selects the word that cat echoed in the first line.
-        self.desktop.click(self.desktop.active(), 14, 8, "--repeat", "2", "--delay", "60")
-        self.wait_for(lambda: self.desktop.ask("xclip", "-o", "-selection", "primary") == "word",
+        self.desktop.click(self.desktop.active(), 14, 8, count=2)
+        self.wait_for(lambda: self.desktop.pasteboard(is_primary=True) == "word",
                       "the terminal's selection")
         self.app.open_swop()
         self.app.key("Return")
@@ -49,6 +51,7 @@ class SwopJourney(Journey):
         self.app.key("Return")
         self.wait_for_text(path, "word\nclip\n")
 
+    @made_in()
     def test_the_clipboard_answers_during_the_waits(self):
         self.copy("served throughout")
         self.editor("gtk", "x", "--select")
@@ -58,6 +61,7 @@ class SwopJourney(Journey):
         self.wait_for(lambda: pasteboard(self.desktop) == "served throughout", "an answer", 0.4)
         self.app.wait_for_clip("x")
 
+    @made_in()
     def test_a_slow_target_is_given_the_clip_and_not_its_own_selection(self):
         """It takes 250 ms to copy, when our own window is in front, and so long to paste that the
         usual wait is over."""
@@ -75,6 +79,7 @@ class SwopJourney(Journey):
                                  (selection, "Editor"))
                 self.wait_for(lambda: pasteboard(self.desktop) == selection, "the selection back")
 
+    @made_in()
     def test_with_the_history_open_it_copies_in_the_target(self):
         self.copy("clip")
         path = self.editor("gtk", "chosen words", "--select")

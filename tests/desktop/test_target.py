@@ -3,12 +3,12 @@ was in front last, and no key that is pressed on the way is lost."""
 
 import time
 
-from journey import HeldKeys, Journey, contents, pasteboard
+from journey import HeldKeys, Journey, contents, made_in, pasteboard
 
 
 class TargetJourney(Journey):
     def activate(self, window):
-        self.desktop.run(["xdotool", "windowactivate", window])
+        self.desktop.activate(window)
         self.wait_for(lambda: self.desktop.active() == window, f"window {window} in front")
 
     def place(self, window):
@@ -17,6 +17,7 @@ class TargetJourney(Journey):
 
 
 class Target(TargetJourney):
+    @made_in()
     def test_a_window_of_ours_in_between_does_not_bring_back_an_earlier_target(self):
         self.copy("clip")
         first = self.editor("qt")

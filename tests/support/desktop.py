@@ -7,14 +7,18 @@ As a module:   with Desktop() as desktop: desktop.start([...])
 """
 
 import argparse
+import functools
 import os
 import subprocess
 import sys
 
+from held_keys import HeldKeys
 from surroundings import Surroundings
 
 
 class Desktop(Surroundings):
+    kind = "x11"
+
     def __init__(self, wm="openbox", screen="1280x800", bus=True, xvfb_arguments=()):
         super().__init__()
         self.wm = wm
@@ -58,9 +62,52 @@ class Desktop(Surroundings):
                               capture_output=True, text=True, check=False).stdout
         return "not found" not in told and "no such atom" not in told and told.strip()
 
+    def keys(self, *chords, at_once=False):
+        """Presses and releases each; `at_once` far quicker than any hand."""
+        self.run(["xdotool", "key", "--clearmodifiers", *(["--delay", "0"] if at_once else []),
+                  *chords])
+
+    def type(self, text):
+        self.run(["xdotool", "type", "--delay", "5", text])
+
+    @functools.cached_property
+    def held(self):
+        return HeldKeys(self.environment)
+
+    def hold(self, *names):
+        self.held.press(*names)
+
+    def release(self, *names):
+        self.held.release(*names)
+
+    def tap(self, name):
+        """A key that is not let go of what is held with it."""
+        self.held.tap(name)
+
+    def window(self, name):
+        """Id of the shown window of that name; None when there is none."""
+        # A window that is destroyed during the walk ends the search with an X error and no answer,
+        # which says nothing of the windows that are still there.
+        while True:
+            told = self.run(["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
+                            capture_output=True, text=True)
+            if "X Error" not in told.stderr:
+                return told.stdout.strip().split("\n")[-1] or None
+
     def active(self):
         """Id of the window in front."""
         return self.ask("xdotool", "getactivewindow")
+
+    def active_pid(self):
+        told = self.ask("xdotool", "getactivewindow", "getwindowpid")
+        return int(told) if told else None
+
+    def has_keyboard(self, window):
+        focused = self.ask("xdotool", "getwindowfocus")
+        return self.active() == window and focused not in ("", "1")
+
+    def activate(self, window):
+        self.run(["xdotool", "windowactivate", window])
 
     def place(self, window):
         """The window's x, y, width and height on the screen."""
@@ -69,9 +116,38 @@ class Desktop(Surroundings):
         return [int(place[name]) for name in (
             "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
 
-    def click(self, window, x, y, *more):
+    def click(self, window, x, y, count=1):
         """Into the window, in pixels from its corner."""
-        self.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", *more, "1"])
+        self._click(["--window", window, str(x), str(y)], count)
+
+    def click_at(self, x, y, count=1):
+        self._click([str(x), str(y)], count)
+
+    def _click(self, place, count):
+        self.run(["xdotool", "mousemove", *place, "click", "--repeat", str(count), "--delay", "50",
+                  "1"])
+
+    def picture(self, path, window=None):
+        """The screen or a window, as a file."""
+        self.run(["import", "-window", window or "root", path])
+
+    def copy(self, text, target=None):
+        """Copies as another program. xclip stays behind as the owner, as an application does."""
+        command = ["xclip", "-selection", "clipboard", "-i", *(["-t", target] if target else [])]
+        # xclip keeps its output open while it serves, so a pipe would never end.
+        return self.run(command, input=text.encode() if isinstance(text, str) else text,
+                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def pasteboard(self, target=None, is_primary=False):
+        """What a paste would give now; None when there is nothing of that kind."""
+        told = self.run(["timeout", "5", "xclip", "-selection",
+                         "primary" if is_primary else "clipboard", "-o", "-t",
+                         target or "UTF8_STRING"], capture_output=True)
+        return told.stdout.decode("utf-8", "replace") if told.returncode == 0 else None
+
+    def start_owner(self, *arguments, is_ready=True):
+        """A clipboard owner of owner.py; it says so once it is."""
+        return self.helper("owner.py", *arguments, is_ready=is_ready)
 
 
 def main():

@@ -83,14 +83,7 @@ class Quillmarsh:
     def window(self, name="Quillmarsh", wait=True):
         """Id of our visible window of that name; None when it is not shown and `wait` is false."""
         def find():
-            # A window that is destroyed during the walk ends the search with an X error and no
-            # answer, which says nothing of the windows that are still there.
-            while True:
-                told = self.desktop.run(
-                    ["xdotool", "search", "--onlyvisible", "--name", f"^{name}$"],
-                    capture_output=True, text=True)
-                if "X Error" not in told.stderr:
-                    return told.stdout.strip().split("\n")[-1] or None
+            return self.desktop.window(name)
 
         return self.desktop.wait_for(find, f"the window {name}") if wait else find()
 
@@ -99,11 +92,8 @@ class Quillmarsh:
                               f"the window {name} to close")
 
     def wait_until_active(self, window):
-        def is_active():
-            focused = self.desktop.ask("xdotool", "getwindowfocus")
-            return self.desktop.active() == window and focused not in ("", "1")
-
-        self.desktop.wait_for(is_active, f"window {window} to become active")
+        self.desktop.wait_for(lambda: self.desktop.has_keyboard(window),
+                              f"window {window} to become active")
 
     def open_history(self, keys="super+shift+v", name="Quillmarsh"):
         """Presses the shortcut and returns once the history, or what comes in its place, has the
@@ -122,14 +112,14 @@ class Quillmarsh:
         self.wait_until_hidden(name)
 
     def key(self, *keys):
-        self.desktop.run(["xdotool", "key", "--clearmodifiers", *keys])
+        self.desktop.keys(*keys)
 
     def type(self, text):
-        self.desktop.run(["xdotool", "type", "--delay", "5", text])
+        self.desktop.type(text)
 
     def screenshot(self, path):
         os.makedirs(os.path.dirname(path), exist_ok=True)
-        self.desktop.run(["import", "-window", "root", path])
+        self.desktop.picture(path)
 
     def quit(self):
         """Asks the program to end as a session does, and returns its exit code."""
@@ -138,20 +128,12 @@ class Quillmarsh:
 
 
 def copy(desktop, text, target=None):
-    """Copies as another program. xclip stays behind as the owner, as an application does."""
-    command = ["xclip", "-selection", "clipboard", "-i"]
-    if target:
-        command += ["-t", target]
-    # xclip keeps its output open while it serves, so a pipe would never end.
-    return desktop.run(command, input=text.encode() if isinstance(text, str) else text,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    return desktop.copy(text, target)
 
 
-def pasteboard(desktop, target="UTF8_STRING"):
+def pasteboard(desktop, target=None):
     """What a paste would give now."""
-    told = desktop.run(["timeout", "5", "xclip", "-selection", "clipboard", "-o", "-t", target],
-                       capture_output=True)
-    return told.stdout.decode("utf-8", "replace") if told.returncode == 0 else None
+    return desktop.pasteboard(target)
 
 
 def contents(path):

@@ -94,7 +94,8 @@ class Session(Surroundings):
         if self.hands.stdout.readline() != "done\n":
             raise RuntimeError(f"the session's keyboard ended at {words}")
 
-    def keys(self, *chords):
+    def keys(self, *chords, at_once=True):
+        """Presses and releases each, far quicker than any hand."""
         self.order("key", *chords)
 
     def type(self, text):
@@ -109,6 +110,9 @@ class Session(Surroundings):
 
     def release(self, *names):
         self.order("release", *names)
+
+    def tap(self, name):
+        self.keys(name)
 
     def windows(self):
         """What is shown, each as {"id", "name", "app", "pid", "place", "is active"}."""
@@ -166,6 +170,14 @@ class Session(Surroundings):
                          *(["--primary"] if is_primary else []), "--type", target or "text"],
                         capture_output=True)
         return told.stdout.decode("utf-8", "replace") if told.returncode == 0 else None
+
+    def start_owner(self, *arguments, is_ready=True):
+        """A clipboard owner of session_owner.cpp; it says so once it is."""
+        owner = self.start([os.path.join(os.path.dirname(os.path.abspath(INPUT)), "session_owner"),
+                            *map(str, arguments)], stdout=subprocess.PIPE, text=True)
+        if is_ready:
+            owner.stdout.readline()
+        return owner
 
 
 class SwaySession(Session):
