@@ -18,6 +18,8 @@ pkg_check_modules(xkbcommon REQUIRED IMPORTED_TARGET xkbcommon xkbcommon-x11)
 pkg_check_modules(wayland REQUIRED IMPORTED_TARGET wayland-client)
 find_program(WAYLAND_SCANNER wayland-scanner REQUIRED)
 pkg_get_variable(WAYLAND_PROTOCOLS_DIR wayland-protocols pkgdatadir)
+# Debian 12 has none for Qt 6.
+find_package(LayerShellQt 6 QUIET)
 find_package(PlasmaWaylandProtocols REQUIRED) # Sets PLASMA_WAYLAND_PROTOCOLS_DIR.
 if(QUILLMARSH_TESTS)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Test)

@@ -1,5 +1,6 @@
 #include "platform/PlatformLoader.h"
 
+#include "platform/DisplayChoice.h"
 #include "platform/freedesktop/DataFolders.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
@@ -16,6 +17,9 @@
 #include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
+#include "platform/wayland/PlainWindowSpace.h"
+#include "platform/wayland/WaylandConnection.h"
+#include "platform/wayland/WaylandKeyboardLayout.h"
 #include "platform/x11/keys/X11HotKeys.h"
 #include "platform/x11/keys/X11KeySender.h"
 #include "platform/x11/keys/X11KeyboardLayout.h"
@@ -25,7 +29,13 @@
 #include "platform/x11/windows/X11TrayArea.h"
 #include "platform/x11/windows/X11WindowSpace.h"
 
+#ifdef QUILLMARSH_HAS_LAYER_SHELL
+#include "platform/wayland/LayerWindowSpace.h"
+#endif
+
 #include <QCoreApplication>
+#include <QDir>
+#include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 
@@ -47,6 +57,9 @@ std::optional<QStringList> g_entryFolders;
 /// Has been asked before there is a platform.
 std::unique_ptr<FileQuestions> g_fileQuestions;
 
+/// The compositor whose offers have decided for it; null when the display is another one.
+std::shared_ptr<WaylandConnection> g_wayland;
+
 /// Asked here because Qt would end the process with a crash report instead of a message.
 bool isX11ServerThere()
 {
@@ -54,6 +67,31 @@ bool isX11ServerThere()
     const bool isThere = xcb_connection_has_error(connection) == 0;
     xcb_disconnect(connection);
     return isThere;
+}
+
+bool canQtDoWayland()
+{
+    // A plug-in that is not there would end the process as well.
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) +
+                       QStringLiteral("/platforms"));
+    return !plugins.entryList({QStringLiteral("libqwayland*.so")}).isEmpty();
+}
+
+/// What keeps us from the compositor at hand, whose connection is kept for when nothing does.
+std::optional<QString> whatWaylandLacks()
+{
+    g_wayland = WaylandConnection::open();
+    if (!g_wayland)
+        return QString();
+    if (!canQtDoWayland())
+        return QStringLiteral("Qt's support of Wayland (the package qt6-wayland) is not installed");
+    if (g_wayland->versionOf("wl_seat") == 0)
+        return QStringLiteral("its compositor has neither keyboard nor pointer");
+    if (g_wayland->versionOf("ext_data_control_manager_v1") == 0 &&
+        g_wayland->versionOf("zwlr_data_control_manager_v1") == 0)
+        return QStringLiteral("its compositor withholds copies from programs that are not in front "
+                              "(no data-control protocol)");
+    return std::nullopt;
 }
 
 /// Programs that we start choose their own display system.
@@ -84,7 +122,7 @@ void tellThatAllWorks(Capabilities &capabilities)
 }
 
 /// Where one adapter needs another, it is the sibling it was made with: both know X11.
-void makeX11Adapters(Platform &platform)
+void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries)
 {
     const ApplicationNames &names = *platform.applicationNames;
     auto hotKeys = std::make_unique<X11HotKeys>();
@@ -104,34 +142,59 @@ void makeX11Adapters(Platform &platform)
     platform.hotKeys = std::move(hotKeys);
     platform.frontApplication = std::move(frontApplication);
     platform.pasteboard = std::move(pasteboard);
+    platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
+        entries, [] { return X11OpenWindows().identities(); });
+    platform.statusBar = std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
     tellThatAllWorks(*platform.capabilities);
+}
+
+std::unique_ptr<WindowSpace>
+makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
+                       Capabilities &capabilities)
+{
+    const auto areAnimationsWanted = [] { return true; };
+#ifdef QUILLMARSH_HAS_LAYER_SHELL
+    if (wayland.versionOf("zwlr_layer_shell_v1") > 0) {
+        capabilities.tell({Capability::Kind::WindowPlace});
+        return std::make_unique<LayerWindowSpace>(areAnimationsWanted);
+    }
+#endif
+    capabilities.tell({Capability::Kind::WindowPlace});
+    return std::make_unique<PlainWindowSpace>(areAnimationsWanted);
+}
+
+/// They bind what they need of the connection, whose thread begins when all have.
+void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries)
+{
+    const std::shared_ptr<WaylandConnection> wayland = std::exchange(g_wayland, nullptr);
+    platform.windowSpace = makeWaylandWindowSpace(*wayland, *platform.capabilities);
+    platform.keyboardLayout = std::make_unique<WaylandKeyboardLayout>(wayland);
+    platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
+        entries, [] { return QList<WindowIdentity>(); });
+    // No tray of windows: only those panels that are told over the bus.
+    platform.statusBar = std::make_unique<StatusNotifierStatusBar>(nullptr);
+    wayland->start();
 }
 
 } // namespace
 
 std::optional<QString> PlatformLoader::chooseDisplay()
 {
-    const bool isWayland = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-        return isWayland
-                   ? QStringLiteral("Quillmarsh needs an X11 display, and this Wayland session "
-                                    "offers none (DISPLAY is not set). Start Xwayland, or log "
-                                    "in to an X11 session.")
-                   : QStringLiteral("Quillmarsh needs an X11 display (DISPLAY is not set).");
-    }
-    if (!isX11ServerThere()) {
-        return QStringLiteral("The X11 display %1 cannot be reached.")
-            .arg(qEnvironmentVariable("DISPLAY"));
-    }
-    if (isWayland)
-        qCInfo(lcLoader, "running under Wayland by way of X11: copies from native Wayland windows "
-                         "may not be recorded, pasting into them may fail, and shortcuts may not "
-                         "work while one is in front");
+    const DisplayChoice choice =
+        DisplayChoice::in({qgetenv("QUILLMARSH_DISPLAY"), qgetenv("DISPLAY"),
+                           qgetenv("WAYLAND_DISPLAY"), isX11ServerThere, whatWaylandLacks});
+    if (!choice.problem.isEmpty())
+        return choice.problem;
+    if (!choice.notice.isEmpty())
+        qCInfo(lcLoader, "%s", qUtf8Printable(choice.notice));
+    const bool isWayland = choice.display == DisplayChoice::Display::Wayland;
+    if (!isWayland)
+        g_wayland.reset();
     g_entryFolders = DesktopEntryScan::standardFolders();
     g_fileQuestions = std::make_unique<FileQuestions>();
     DataFolders::leaveOutHung(*g_fileQuestions);
     g_qtPlatformBefore = qgetenv(kQtPlatform);
-    qputenv(kQtPlatform, "xcb");
+    qputenv(kQtPlatform, isWayland ? "wayland" : "xcb");
     return std::nullopt;
 }
 
@@ -154,16 +217,15 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->appearance = std::make_unique<PortalAppearance>();
     platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
-    platform->installedApplications = std::make_unique<FreedesktopInstalledApplications>(
-        entries, [] { return X11OpenWindows().identities(); });
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
     platform->notifications = std::make_unique<FreedesktopNotifications>();
     platform->workspace = std::make_unique<FreedesktopWorkspace>(*platform->fileQuestions);
     platform->symbolicHotKeys = std::make_unique<FreedesktopSymbolicHotKeys>();
-    makeX11Adapters(*platform);
-    platform->statusBar =
-        std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
+    if (g_wayland)
+        makeWaylandAdapters(*platform, entries);
+    else
+        makeX11Adapters(*platform, entries);
     return platform;
 }
 
@@ -174,8 +236,14 @@ std::unique_ptr<HelperPlatform> PlatformLoader::makeHelperPlatform()
     platform->clock = std::make_unique<SystemClock>();
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
-    platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
-    platform->statusBar =
-        std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
+    if (const std::shared_ptr<WaylandConnection> wayland = std::exchange(g_wayland, nullptr)) {
+        platform->keyboardLayout = std::make_unique<WaylandKeyboardLayout>(wayland);
+        platform->statusBar = std::make_unique<StatusNotifierStatusBar>(nullptr);
+        wayland->start();
+    } else {
+        platform->keyboardLayout = std::make_unique<X11KeyboardLayout>();
+        platform->statusBar =
+            std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
+    }
     return platform;
 }
