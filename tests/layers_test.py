@@ -26,7 +26,7 @@ FOLDERS = {
 }
 ADAPTERS = ("x11", "wayland", "kde", "absent", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
-MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp")
+MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp", "door/main.cpp")
 # What adapters of one kind share; each may know it.
 SHARED = {"platform/pasteboard", "platform/typing", RICH_TEXT}
 LOADER = "platform/PlatformLoader.cpp"

@@ -1,6 +1,7 @@
 #include "Clipboard/ApplicationUpdates.h"
 
 #include "platform/FrontApplication.h"
+#include "platform/OwnProgram.h"
 #include "updates/updater/DMHelperAppDelegate.h"
 #include "updates/updater/DM_SUUpdater.h"
 
@@ -43,7 +44,7 @@ bool ApplicationUpdates::updaterShouldRelaunchApplication(const DM_SUUpdater &)
 
 QString ApplicationUpdates::pathToRelaunchForUpdater(const DM_SUUpdater &)
 {
-    return QCoreApplication::applicationFilePath();
+    return OwnProgram::startPath();
 }
 
 void ApplicationUpdates::updaterWillRelaunchApplication(const DM_SUUpdater &)

@@ -1,9 +1,8 @@
 #include "Clipboard/HelpPage.h"
 
+#include "platform/OwnProgram.h"
 #include "platform/Workspace.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QLoggingCategory>
 #include <QUrl>
@@ -15,10 +14,8 @@ Q_LOGGING_CATEGORY(lcHelp, "quillmarsh.help")
 /// The help page lies beside the program, in the build tree as after installation.
 QUrl helpPageUrl()
 {
-    const QString path =
-        QDir(QCoreApplication::applicationDirPath())
-            .absoluteFilePath(QStringLiteral("../share/quillmarsh/help/index.html"));
-    return QFileInfo::exists(path) ? QUrl::fromLocalFile(QDir::cleanPath(path)) : QUrl();
+    const QString path = OwnProgram::prefix() + QStringLiteral("/share/quillmarsh/help/index.html");
+    return QFileInfo::exists(path) ? QUrl::fromLocalFile(path) : QUrl();
 }
 
 } // namespace

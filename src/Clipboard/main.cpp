@@ -9,6 +9,7 @@
 #include "platform/PlatformLoader.h"
 #include "platform/freedesktop/TerminationSignals.h"
 #include "platform/freedesktop/UserFolders.h"
+#include "platform/freedesktop/instance/InstanceCall.h"
 #include "updates/ProxyQuestion.h"
 
 #include <QApplication>
@@ -91,6 +92,22 @@ QStringList wordsOf(int argc, char **argv)
     return words;
 }
 
+InstanceCall::Answer answerOf(SingleInstance::Entry entry)
+{
+    switch (entry) {
+    case SingleInstance::Entry::Refused:
+        return InstanceCall::Answer::Refused;
+    case SingleInstance::Entry::Unable:
+        return InstanceCall::Answer::Unable;
+    case SingleInstance::Entry::Unreachable:
+        return InstanceCall::Answer::None;
+    case SingleInstance::Entry::First:
+    case SingleInstance::Entry::Forwarded:
+        break;
+    }
+    return InstanceCall::Answer::Taken;
+}
+
 /// The exit code of a start that ends before it becomes the application; absent when it becomes it.
 std::optional<int> endEarly(const CommandLine &line, SingleInstance &instance)
 {
@@ -103,23 +120,9 @@ std::optional<int> endEarly(const CommandLine &line, SingleInstance &instance)
                      qUtf8Printable(*line.problem));
         return CommandLine::kNotUnderstood;
     }
-    switch (instance.enter(line.action)) {
-    case SingleInstance::Entry::First:
-        break;
-    case SingleInstance::Entry::Forwarded:
-        return EXIT_SUCCESS;
-    case SingleInstance::Entry::Refused:
-        std::fprintf(stderr, "quillmarsh: the one that is running does not know \"%s\"\n",
-                     qUtf8Printable(line.action));
-        return EXIT_FAILURE;
-    case SingleInstance::Entry::Unable:
-        // Only a change of the history depends on anything.
-        std::fputs("quillmarsh: nothing was deleted: the history cannot be written\n", stderr);
-        return EXIT_FAILURE;
-    case SingleInstance::Entry::Unreachable:
-        std::fputs("quillmarsh: it is already running but does not answer\n", stderr);
-        return EXIT_FAILURE;
-    }
+    const SingleInstance::Entry entry = instance.enter(line.action);
+    if (entry != SingleInstance::Entry::First)
+        return InstanceCall::endWith(answerOf(entry), line.action.toUtf8().constData());
     // Nobody runs, and nobody need: the clips are on disk.
     if (line.action == u"clear-all")
         return StoredClips::clear(storeFolder(Info::main())) ? EXIT_SUCCESS : EXIT_FAILURE;

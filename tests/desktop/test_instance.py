@@ -2,6 +2,7 @@
 bus, a start beside a running, a dead or a hung instance."""
 
 import os
+import shutil
 import signal
 import sqlite3
 import subprocess
@@ -142,6 +143,20 @@ class SingleInstance(Journey):
                 for expected, told in ((answer, ended.stdout), (problem, ended.stderr)):
                     self.assertIn(expected, told)
                     self.assertEqual(expected == "", told == "")
+
+    def test_what_keys_start_is_little_and_needs_the_application_beside_it(self):
+        header = subprocess.run(["readelf", "-d", BINARY], capture_output=True, text=True,
+                                check=True).stdout
+        for library in ("libQt", "libstdc++"):
+            self.assertNotIn(library, header)
+        alone = self.file("bin/quillmarsh")
+        os.makedirs(os.path.dirname(alone))
+        shutil.copy(BINARY, alone)
+        ended = subprocess.run([alone], capture_output=True, text=True, timeout=20, check=False,
+                               env=self.desktop.environment)
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("libexec/quillmarsh/quillmarsh cannot be started: No such file",
+                      ended.stderr)
 
     def test_a_hung_instance_is_told_of(self):
         self.app = Quillmarsh(self.desktop, BINARY)

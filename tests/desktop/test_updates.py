@@ -89,7 +89,7 @@ class WholeWay(UpdateJourney):
         self.app.key("alt+i")
 
     def wait_until_running(self, prefix):
-        program = str(prefix) + "/bin/quillmarsh"
+        program = str(prefix) + "/libexec/quillmarsh/quillmarsh"
         self.wait_for(lambda: list(self.programs().values()) == [program], program)
 
     def test_an_update_is_found_installed_and_running(self):
@@ -184,7 +184,7 @@ class WholeWay(UpdateJourney):
         self.assertEqual(self.app.quit(), 0)
         self.start()
         self.assertEqual(list(self.programs().values()),
-                         [str(self.root / "versions/1.1.0/bin/quillmarsh")])
+                         [str(self.root / "versions/1.1.0/libexec/quillmarsh/quillmarsh")])
 
     def test_quitting_waits_for_no_proxy_that_hangs(self):
         self.offer()
@@ -422,8 +422,9 @@ class NothingIsInstalled(UpdateJourney):
         """It has no feed, and nothing at run time gives it one."""
         self.offer()
         shutil.rmtree(self.root / "versions/1.0.0")
-        fill_prefix(self.root / "versions/1.0.0", "1.0.0", program=BINARY)
-        self.assertNotIn(b"QUILLMARSH_TEST", pathlib.Path(BINARY).read_bytes())
+        program = pathlib.Path(BINARY).parent.parent / "libexec/quillmarsh/quillmarsh"
+        fill_prefix(self.root / "versions/1.0.0", "1.0.0", program)
+        self.assertNotIn(b"QUILLMARSH_TEST", program.read_bytes())
         self.variables.update({name.replace("TEST_", ""): value
                                for name, value in self.variables.items()})
         self.start()

@@ -15,6 +15,7 @@ from tls_server import TlsServer, reply
 
 SIGNER = os.environ.get("SIGNER", "build/dev/tools/quillmarsh-sign")
 UPDATABLE = os.environ.get("UPDATABLE", "build/dev/tests/desktop/quillmarsh_updatable")
+DOOR = os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh")
 UPDATER = os.environ.get("UPDATER", "build/dev/tests/desktop/updater_updatable")
 
 
@@ -57,8 +58,9 @@ def feed(*items):
 
 
 def fill_prefix(prefix, version, program=UPDATABLE):
-    """The program and its helper as an installation has them; `version` is what they report."""
-    for place, source in (("bin/quillmarsh", program),
+    """The program, what starts it and its helper as an installation has them; `version` is what they report."""
+    for place, source in (("bin/quillmarsh", DOOR),
+                          ("libexec/quillmarsh/quillmarsh", program),
                           ("libexec/quillmarsh/quillmarsh-updater", UPDATER)):
         path = pathlib.Path(prefix, place)
         path.parent.mkdir(parents=True, exist_ok=True)

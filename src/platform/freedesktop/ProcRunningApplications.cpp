@@ -26,11 +26,16 @@ QStringList executables()
 
 QStringList ProcRunningApplications::bundlePaths(const QString &bundleIdentifier) const
 {
-    const QString program = QStringLiteral("/bin/") + bundleIdentifier.section(u'.', -1).toLower();
+    const QString name = bundleIdentifier.section(u'.', -1).toLower();
+    // In bin/ it lay until it had a program before it that starts it.
+    const QStringList programs{QStringLiteral("/libexec/%1/%1").arg(name),
+                               QStringLiteral("/bin/%1").arg(name)};
     QStringList paths;
     for (const QString &executable : executables()) {
-        if (executable.endsWith(program))
-            paths.append(executable.chopped(program.size()));
+        for (const QString &program : programs) {
+            if (executable.endsWith(program))
+                paths.append(executable.chopped(program.size()));
+        }
     }
     return paths;
 }

@@ -1,5 +1,6 @@
 #include "updates/updater/DM_SUUpdater.h"
 
+#include "platform/OwnProgram.h"
 #include "platform/RunningApplications.h"
 #include "platform/SettingsStore.h"
 #include "updates/UpdatesLog.h"
@@ -7,7 +8,6 @@
 #include "updates/updater/UpdateRun.h"
 #include "updates/updater/UpdateWindow.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
 #include <QStandardPaths>
@@ -44,8 +44,8 @@ std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForBundle(const QString &bund
 std::unique_ptr<DM_SUUpdater> DM_SUUpdater::updaterForMainBundle(const UpdaterPorts &ports,
                                                                  const Info &info)
 {
-    const QString prefix = QCoreApplication::applicationFilePath().section(u'/', 0, -3);
-    return std::unique_ptr<DM_SUUpdater>(new DM_SUUpdater(prefix, ports, info, Owner::MainBundle));
+    return std::unique_ptr<DM_SUUpdater>(
+        new DM_SUUpdater(OwnProgram::prefix(), ports, info, Owner::MainBundle));
 }
 
 bool DM_SUUpdater::isBundle(const QString &bundlePath)

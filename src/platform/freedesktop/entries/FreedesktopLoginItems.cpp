@@ -1,11 +1,11 @@
 #include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 
 #include "platform/Info.h"
+#include "platform/OwnProgram.h"
 #include "platform/freedesktop/RegularFile.h"
 #include "platform/freedesktop/entries/AutostartEntry.h"
 #include "platform/freedesktop/entries/DesktopEntry.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -55,7 +55,7 @@ QString FreedesktopLoginItems::standardFolder()
 
 std::optional<QString> FreedesktopLoginItems::runningApplication()
 {
-    const QString executable = QCoreApplication::applicationFilePath();
+    const QString executable = OwnProgram::startPath();
     // A program that was started from within somebody else's image inherits these variables; the
     // image is ours only if we run out of it.
     const QString mount = qEnvironmentVariable("APPDIR");

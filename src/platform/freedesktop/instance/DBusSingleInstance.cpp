@@ -25,19 +25,8 @@ using Clock = std::chrono::steady_clock;
 
 bool isKnown(const QString &action)
 {
-    static const QStringList kActions{
-        QString(), // activate
-        QStringLiteral("launch"),
-        QStringLiteral("swop"),
-        QStringLiteral("preferences"),
-        QStringLiteral("check-for-updates"),
-        QStringLiteral("feedback"),
-        QStringLiteral("help"),
-        QStringLiteral("welcome"),
-        QStringLiteral("clear-all"),
-        QStringLiteral("quit"),
-    };
-    return kActions.contains(action);
+    // Without a name it is to activate.
+    return action.isEmpty() || InstanceCall::isAction(action.toUtf8().constData());
 }
 
 /// What a caller wrote, fit for one line of the log.

@@ -18,11 +18,11 @@ class DBusSingleInstance : public SingleInstance
 
 public:
     /// How long the running instance has to take an action.
-    static constexpr std::chrono::milliseconds kAnswerLimit{1000};
+    static constexpr std::chrono::milliseconds kAnswerLimit{InstanceCall::kAnswerLimit};
     /// How long it has to save and end once it takes nothing more.
     static constexpr std::chrono::milliseconds kLeaveLimit{5000};
     /// Longer activation tokens count as none: telling the display of one takes time by its length.
-    static constexpr qsizetype kMaxTokenLength = 1024;
+    static constexpr qsizetype kMaxTokenLength = InstanceCall::kMaxTokenLength;
 
     explicit DBusSingleInstance(const QString &storeFolder,
                                 std::chrono::milliseconds answerLimit = kAnswerLimit);

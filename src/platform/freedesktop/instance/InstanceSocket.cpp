@@ -5,14 +5,11 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <utility>
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -23,22 +20,7 @@ Q_LOGGING_CATEGORY(lcInstance, "quillmarsh.platform.instance", QtInfoMsg)
 
 namespace {
 
-constexpr const char *kLockName = "Quillmarsh.lock";
-constexpr const char *kSocketName = "Quillmarsh.socket";
-/// First line of a message; a start of another version that speaks differently is not confirmed.
-constexpr const char *kGreeting = "quillmarsh 1";
-/// The answers that a start may get. Who is told that the instance leaves has reached nobody.
-constexpr std::pair<const char *, InstanceSocket::Answer> kWords[] = {
-    {"taken", InstanceSocket::Answer::Taken},
-    {"refused", InstanceSocket::Answer::Refused},
-    {"unable", InstanceSocket::Answer::Unable},
-    {"leaving", InstanceSocket::Answer::Nobody},
-};
-constexpr qsizetype kMaxMessage = 4096;
-/// Who waits for an answer looks so often whether the holder is gone, which sends no word of it.
-constexpr std::chrono::milliseconds kLookInterval{5};
-
-using Clock = std::chrono::steady_clock;
+constexpr qsizetype kMaxMessage = InstanceCall::kMaxMessage;
 
 void closeDescriptor(int &descriptor)
 {
@@ -46,32 +28,9 @@ void closeDescriptor(int &descriptor)
         ::close(std::exchange(descriptor, -1));
 }
 
-/// The socket's address by way of the folder's descriptor, because the longest address is 107
-/// bytes and a folder's path may be longer.
-sockaddr_un addressIn(int folder)
-{
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    std::snprintf(address.sun_path, sizeof address.sun_path, "/proc/self/fd/%d/%s", folder,
-                  kSocketName);
-    return address;
-}
-
 const sockaddr *generic(const sockaddr_un &address)
 {
     return reinterpret_cast<const sockaddr *>(&address);
-}
-
-/// Waits for `events` until `deadline`.
-bool waitFor(int descriptor, short events, Clock::time_point deadline)
-{
-    for (;;) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
-        pollfd question{descriptor, events, 0};
-        const int count = ::poll(&question, 1, static_cast<int>(std::max<qint64>(0, left.count())));
-        if (count >= 0 || errno != EINTR)
-            return count > 0;
-    }
 }
 
 } // namespace
@@ -121,8 +80,8 @@ InstanceSocket::Claim InstanceSocket::claim()
 {
     // Nobody ever removes the lock file, so everybody locks the same one.
     if (openFolder() && m_lock < 0)
-        m_lock = ::openat(m_folder, kLockName, O_CREAT | O_RDWR | O_NOFOLLOW | O_CLOEXEC,
-                          S_IRUSR | S_IWUSR);
+        m_lock = ::openat(m_folder, InstanceCall::kLockName,
+                          O_CREAT | O_RDWR | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (m_lock < 0) {
         qCWarning(lcInstance, "nothing keeps a second start from the history: no lock in %s: %s",
                   qUtf8Printable(m_path), std::strerror(errno));
@@ -141,8 +100,8 @@ bool InstanceSocket::listen()
     if (own < 0)
         return false;
     // What stands there is a dead instance's: we hold the lock.
-    ::unlinkat(m_folder, kSocketName, 0);
-    const sockaddr_un address = addressIn(m_folder);
+    ::unlinkat(m_folder, InstanceCall::kSocketName, 0);
+    const sockaddr_un address = InstanceCall::addressIn(m_folder);
     const mode_t savedMask = ::umask(0177);
     const int bound = ::bind(own, generic(address), sizeof address);
     ::umask(savedMask);
@@ -157,46 +116,10 @@ bool InstanceSocket::listen()
 InstanceSocket::Answer InstanceSocket::forward(const InstanceMessage &message,
                                                std::chrono::milliseconds limit)
 {
-    const auto deadline = Clock::now() + limit;
-    int own = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    if (own < 0)
-        return Answer::None;
-    // A name of the kernel's choosing, so that the answer finds us; once connected, nobody but
-    // the instance can send it.
-    const sockaddr_un unnamed{AF_UNIX, {}};
-    const sockaddr_un address = addressIn(m_folder);
-    const QByteArray text = QByteArray(kGreeting) + '\n' + message.action.toUtf8() + '\n' +
-                            message.activationToken.simplified().toUtf8();
-    Answer answer = Answer::Nobody;
-    if (::bind(own, generic(unnamed), sizeof(sa_family_t)) == 0 &&
-        ::connect(own, generic(address), sizeof address) == 0) {
-        ssize_t sent = ::send(own, text.constData(), static_cast<size_t>(text.size()), 0);
-        if (sent < 0 && errno == EAGAIN && waitFor(own, POLLOUT, deadline))
-            sent = ::send(own, text.constData(), static_cast<size_t>(text.size()), 0);
-        answer = sent == text.size() ? awaitAnswer(own, deadline) : Answer::None;
-    }
-    ::close(own);
-    return answer;
-}
-
-InstanceSocket::Answer InstanceSocket::awaitAnswer(int own, Clock::time_point deadline) const
-{
-    while (!waitFor(own, POLLIN, std::min(deadline, Clock::now() + kLookInterval))) {
-        // It went without reading what was sent. The lock is ours with that, which is what a
-        // further claim() asks for.
-        if (::flock(m_lock, LOCK_EX | LOCK_NB) == 0)
-            return Answer::Nobody;
-        if (Clock::now() >= deadline)
-            return Answer::None;
-    }
-    char word[16] = {};
-    if (::recv(own, word, sizeof word - 1, 0) <= 0)
-        return Answer::None;
-    for (const auto &[known, meaning] : kWords) {
-        if (std::strcmp(word, known) == 0)
-            return meaning;
-    }
-    return Answer::None;
+    const QByteArray text = QByteArray(InstanceCall::kGreeting) + '\n' + message.action.toUtf8() +
+                            '\n' + message.activationToken.simplified().toUtf8();
+    return InstanceCall::forward(m_folder, m_lock, text.constData(),
+                                 static_cast<size_t>(text.size()), static_cast<int>(limit.count()));
 }
 
 InstanceSocket::Letter InstanceSocket::read() const
@@ -209,10 +132,8 @@ InstanceSocket::Letter InstanceSocket::read() const
 
 void InstanceSocket::answer(const Letter &letter, Answer meaning) const
 {
-    const auto *row = std::find_if(std::begin(kWords), std::end(kWords),
-                                   [meaning](const auto &word) { return word.second == meaning; });
-    ::sendto(m_socket, row->first, std::strlen(row->first), 0, generic(letter.sender),
-             letter.senderSize);
+    const char *const word = InstanceCall::wordOf(meaning);
+    ::sendto(m_socket, word, std::strlen(word), 0, generic(letter.sender), letter.senderSize);
 }
 
 void InstanceSocket::receive(const Receiver &receiver)
@@ -223,7 +144,7 @@ void InstanceSocket::receive(const Receiver &receiver)
     const bool isWhole = letter.size <= kMaxMessage;
     const QList<QByteArray> lines =
         isWhole ? QByteArray(letter.text, letter.size).split('\n') : QList<QByteArray>();
-    if (lines.size() != 3 || lines.first() != kGreeting) {
+    if (lines.size() != 3 || lines.first() != InstanceCall::kGreeting) {
         qCWarning(lcInstance, "a message from another start was not understood");
         return;
     }
@@ -234,7 +155,7 @@ void InstanceSocket::stopListening()
 {
     if (m_socket < 0)
         return;
-    ::unlinkat(m_folder, kSocketName, 0);
+    ::unlinkat(m_folder, InstanceCall::kSocketName, 0);
     for (Letter letter = read(); letter.size > 0; letter = read())
         answer(letter, Answer::Nobody);
     closeDescriptor(m_socket);

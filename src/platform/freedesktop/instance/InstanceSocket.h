@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/freedesktop/instance/InstanceCall.h"
+
 #include <QLoggingCategory>
 #include <QString>
 
@@ -28,13 +30,7 @@ public:
         Unusable ///< There is no folder to keep a lock in; a log line has said why.
     };
 
-    enum class Answer {
-        Taken,
-        Refused, ///< The holder does not know the action.
-        Unable,  ///< The holder cannot do it now.
-        None,    ///< The holder listens but did not answer in time.
-        Nobody   ///< The holder does not listen: not yet, or it is on its way out, or gone.
-    };
+    using Answer = InstanceCall::Answer;
 
     /// Answers Taken, Refused or Unable.
     using Receiver = std::function<Answer(const InstanceMessage &)>;
@@ -67,7 +63,6 @@ private:
 
     bool openFolder();
     bool listen();
-    Answer awaitAnswer(int own, std::chrono::steady_clock::time_point deadline) const;
     Letter read() const;
     void answer(const Letter &letter, Answer meaning) const;
 
