@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/ShortcutNote.h"
 
 #include "Clipboard/settings/GlobalShortcuts.h"
+#include "shortcut/KeyNames.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutView.h"
 
@@ -11,6 +12,11 @@ ShortcutNote::ShortcutNote(MASShortcutView &recorder) : m_recorder(&recorder)
     setObjectName(QStringLiteral("hotKeyNote"));
     setWordWrap(false);
     recorder.setShortcutValueChange([this](const MASShortcutView &) { refresh(); });
+    // After another layout the key bears another name.
+    connect(&KeyNames::current(), &KeyNames::changed, this, [this] {
+        if (m_recorder)
+            refresh();
+    });
     if (MASShortcutBinder *binder = MASShortcutBinder::sharedBinder())
         connect(binder, &MASShortcutBinder::hotKeyStateChanged, this, [this](const QString &key) {
             const MASShortcutView *shown = m_recorder.data();

@@ -209,7 +209,8 @@ bool WindowDelegate::hasFocusInOwnDialog() const
 
 bool WindowDelegate::keepsKey() const
 {
-    return hasFocusInOwnDialog() || m_frontApplication.isInFront(*m_window->windowHandle());
+    return hasFocusInOwnDialog() || m_windowsBeside->hasMenuJustClosed() ||
+           m_frontApplication.isInFront(*m_window->windowHandle());
 }
 
 void WindowDelegate::windowDeactivated()

@@ -4,9 +4,18 @@
 #include <QEvent>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace {
+
+constexpr std::chrono::milliseconds kGivenBack{100};
+
+bool isMenu(const QObject &object)
+{
+    const auto *window = qobject_cast<const QWidget *>(&object);
+    return window && window->windowType() == Qt::Popup;
+}
 
 bool takesKeyboard(const QObject &object)
 {
@@ -31,6 +40,8 @@ WindowsBeside::~WindowsBeside()
 bool WindowsBeside::eventFilter(QObject *watched, QEvent *event)
 {
     const bool hides = event->type() == QEvent::Hide;
+    if (hides && isMenu(*watched))
+        m_menuJustClosed.setRemainingTime(kGivenBack);
     if (watched == &m_window && (hides || event->type() == QEvent::Show))
         follow(!hides);
     else if (hides)
@@ -39,6 +50,11 @@ bool WindowsBeside::eventFilter(QObject *watched, QEvent *event)
     else if (event->type() == QEvent::Show || event->type() == QEvent::ZOrderChange)
         note(*watched, takesKeyboard(*watched));
     return QObject::eventFilter(watched, event);
+}
+
+bool WindowsBeside::hasMenuJustClosed() const
+{
+    return !m_menuJustClosed.hasExpired();
 }
 
 void WindowsBeside::follow(bool follows)

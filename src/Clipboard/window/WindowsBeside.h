@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -7,8 +8,8 @@
 #include <vector>
 
 /// Tells whether a window of ours wants the keyboard that has come up, or was raised, since another
-/// one was shown. Menus and tool tips, which the display system gives no keyboard, do not count.
-/// Owned by WindowDelegate.
+/// one was shown. Menus and tool tips, which the display system gives none of its own, do not
+/// count. Owned by WindowDelegate.
 class WindowsBeside : public QObject
 {
     Q_OBJECT
@@ -18,6 +19,10 @@ public:
     /// hidden.
     explicit WindowsBeside(QWidget &window);
     ~WindowsBeside() override;
+
+    /// Whether a menu was closed a moment ago. Some compositors take the keyboard from everyone
+    /// with it, and give it back a moment later.
+    bool hasMenuJustClosed() const;
 
     // ^QObject
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -30,5 +35,6 @@ private:
     void note(const QObject &window, bool wantsKeyboard);
 
     QWidget &m_window;
+    QDeadlineTimer m_menuJustClosed;
     std::vector<const QObject *> m_others; ///< Those that want it; only compared.
 };

@@ -27,6 +27,11 @@ SeatKeyboard::SeatKeyboard(std::shared_ptr<WaylandConnection> connection, Told t
         }
     });
     bindSeat();
+    // The capabilities and then the keymap, so that it is there from the beginning.
+    for (int turn = 0; m_seat && turn < 2; ++turn) {
+        if (!m_connection->roundTrip())
+            return;
+    }
 }
 
 SeatKeyboard::~SeatKeyboard()

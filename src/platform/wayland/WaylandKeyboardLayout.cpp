@@ -30,8 +30,7 @@ WaylandKeyboardLayout::WaylandKeyboardLayout(std::shared_ptr<WaylandConnection> 
 {
     m_keyboard =
         std::make_unique<SeatKeyboard>(std::move(connection), [this](const QByteArray &text) {
-            QMetaObject::invokeMethod(
-                this, [this, text] { take(text); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, [this, text] { take(text); });
         });
     QCoreApplication::instance()->installEventFilter(this);
 }

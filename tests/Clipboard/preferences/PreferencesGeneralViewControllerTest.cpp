@@ -113,6 +113,8 @@ TEST_F(GeneralPane, saysBesideARecorderThatItsShortcutDoesNotWork)
     const QLabel *swopNote = noteOf(*pane.swopShortcut);
     EXPECT_EQ(openNote->text(), QStringLiteral("Used by another program"));
     EXPECT_EQ(swopNote->text(), QStringLiteral("Super + Shift + X"));
+    memory.keyboardLayout.setName(VirtualKey::kX, QStringLiteral("q"));
+    EXPECT_EQ(swopNote->text(), QStringLiteral("Super + Shift + Q")) << "dvorak";
     EXPECT_EQ(GlobalShortcuts::workingSentenceName(memory.settings, pane.openShortCutPrefKey),
               std::nullopt)
         << "a hint that names it names nothing that works";

@@ -96,6 +96,13 @@ TEST_F(ClipboardWindowTest, losingTheKeyboardClosesUnlessTheWindowStaysInFront)
     EXPECT_FALSE(controller->isWindowKey());
 
     open();
+    QWidget menu(delegate.window(), Qt::Popup);
+    menu.show();
+    menu.hide();
+    QCoreApplication::sendEvent(delegate.window(), &deactivated);
+    EXPECT_TRUE(delegate.window()->isVisible()) << "it may be given back after a menu";
+    EXPECT_TRUE(controller->isWindowKey());
+
     QWidget other;
     other.show();
     other.activateWindow();
