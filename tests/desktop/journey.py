@@ -90,8 +90,8 @@ class Journey(unittest.TestCase):
         process = (self.desktop.helper("gtk_editor.py", path, *arguments) if kind == "gtk" else
                    self.desktop.start([QT_EDITOR, path, *arguments], quiet=True))
         # The window manager gives the keyboard first and says so afterwards.
-        self.wait_for(lambda: self.desktop.active_pid() == process.pid,
-                      f"the {kind} editor in front")
+        self.wait_for(lambda: self.desktop.is_in_front(process, "editor" if kind == "gtk" else
+                                                       "qt_editor"), f"the {kind} editor in front")
         return path
 
     def open_own(self, word, name):
@@ -119,7 +119,7 @@ class Journey(unittest.TestCase):
         path = self.file("terminal.txt")
         program = "xterm" if SESSION == "x11" else "foot"
         process = self.desktop.start([program, "-e", "sh", "-c", f"cat > {path}"], quiet=True)
-        self.wait_for(lambda: self.desktop.active_pid() == process.pid and os.path.exists(path),
+        self.wait_for(lambda: self.desktop.is_in_front(process, program) and os.path.exists(path),
                       f"{program} in front")
         return path
 

@@ -98,9 +98,8 @@ class Desktop(Surroundings):
         """Id of the window in front."""
         return self.ask("xdotool", "getactivewindow")
 
-    def active_pid(self):
-        told = self.ask("xdotool", "getactivewindow", "getwindowpid")
-        return int(told) if told else None
+    def is_in_front(self, process, _application):
+        return self.ask("xdotool", "getactivewindow", "getwindowpid") == str(process.pid)
 
     def has_keyboard(self, window):
         focused = self.ask("xdotool", "getwindowfocus")

@@ -11,6 +11,7 @@ program that presses the keys.
 """
 
 import argparse
+import functools
 import json
 import os
 import pwd
@@ -18,6 +19,7 @@ import shutil
 import subprocess
 import sys
 
+from kwin import WindowManager
 from surroundings import Surroundings
 
 APP_ID = "org.quillmarsh.Quillmarsh"
@@ -88,11 +90,15 @@ class Session(Surroundings):
             raise RuntimeError("no keyboard for the session")
 
     def order(self, *words):
-        """Has the keyboard or the pointer do something."""
+        """Has the keyboard or the pointer do something; returns the lines that are said to it."""
         self.hands.stdin.write(" ".join(map(str, words)) + "\n")
         self.hands.stdin.flush()
-        if self.hands.stdout.readline() != "done\n":
-            raise RuntimeError(f"the session's keyboard ended at {words}")
+        told = []
+        while (line := self.hands.stdout.readline()) != "done\n":
+            if not line:
+                raise RuntimeError(f"the session's keyboard ended at {words}")
+            told.append(line.rstrip("\n"))
+        return told
 
     def keys(self, *chords, at_once=True):
         """Presses and releases each, far quicker than any hand."""
@@ -115,7 +121,8 @@ class Session(Surroundings):
         self.keys(name)
 
     def windows(self):
-        """What is shown, each as {"id", "name", "app", "pid", "place", "is active"}."""
+        """What is shown, each as {"id", "name", "app", "is active"} and, where the compositor tells
+        it, "pid" and "place"."""
         raise NotImplementedError
 
     def window(self, name):
@@ -129,8 +136,11 @@ class Session(Surroundings):
         """Id of the window in front."""
         return self._active().get("id")
 
-    def active_pid(self):
-        return self._active().get("pid")
+    def is_in_front(self, process, application):
+        """Whether the active window is of that process, or where only that is told, of an
+        application of that name."""
+        active = self._active()
+        return active.get("pid", process.pid) == process.pid and active.get("app") == application
 
     def has_keyboard(self, window):
         return self.active() == window
@@ -160,7 +170,7 @@ class Session(Surroundings):
 
     def copy(self, text, target=None):
         """Copies as another program, which stays behind as the owner, as an application does."""
-        return self.run(["wl-copy", *(["--type", target] if target else [])],
+        return self.run(["wl-copy", "--type", target or "text/plain"],
                         input=text.encode() if isinstance(text, str) else text,
                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
@@ -237,6 +247,49 @@ class SwaySession(Session):
         self.message(f"[con_id={window}] focus")
 
 
+class LabwcSession(Session):
+    """It tells neither where its windows are nor whose."""
+
+    kind = "labwc"
+    desktop_name = "labwc:wlroots"
+    key_names = {"super": "W", "alt": "A", "ctrl": "C", "shift": "S"}
+
+    def prepare(self):
+        # Its screen is not configured by anything that it reads.
+        self.screen = (1280, 720)
+        self.told = os.path.join(self.home, "told")
+        binds = ""
+        for chord, command in self.bindings.items():
+            keys = "-".join(self.key_names.get(key, key) for key in chord.split("+"))
+            binds += (f'<keybind key="{keys}"><action name="Execute" command="{command}"/>'
+                      "</keybind>")
+        self.config = os.path.dirname(self.write(
+            "labwc/rc.xml", f"<labwc_config><keyboard>{binds}</keyboard></labwc_config>\n"))
+        # Run once clients can connect.
+        self.startup = self.write(
+            "labwc/ready", f'echo "$WAYLAND_DISPLAY" >{self.told}.new\nmv {self.told}.new {self.told}\n')
+
+    def start_compositor(self, **options):
+        return self.start(["labwc", "-C", self.config, "-s", f"sh {self.startup}"], env=dict(
+            self.environment, WLR_BACKENDS="headless", WLR_LIBINPUT_NO_DEVICES="1",
+            WLR_RENDERER="pixman"), **options)
+
+    def is_up(self):
+        if not os.path.exists(self.told):
+            return False
+        with open(self.told, encoding="utf-8") as file:
+            self.environment["WAYLAND_DISPLAY"] = file.read().strip()
+        return True
+
+    def windows(self):
+        parts = (line.split("\t", 3) for line in self.order("windows"))
+        return [{"id": number, "name": title, "app": application, "is active": active == "1"}
+                for number, active, application, title in parts]
+
+    def activate(self, window):
+        self.order("activate", window)
+
+
 class KWinSession(Session):
     kind = "kde"
     desktop_name = "KDE"
@@ -247,6 +300,9 @@ class KWinSession(Session):
         # Applications are known, and allowed what their entries ask for, only through a menu.
         for name in ("applications.menu", "kf5-applications.menu"):
             self.write(f"etc/xdg/menus/{name}", self.menu)
+        # Nothing moves that a test would have to wait for, and windows have the least of frames.
+        self.write(".config/kdeglobals", "[KDE]\nAnimationDurationFactor=0\n")
+        self.write(".config/kwinrc", "[org.kde.kdecoration2]\nNoPlugin=true\n")
         self.allow("session-input", os.path.abspath(INPUT), "org_kde_kwin_fake_input")
         # The original has a capability that a container may not grant.
         self.program = os.path.join(self.home, "kwin_wayland")
@@ -261,7 +317,8 @@ class KWinSession(Session):
 
     def start_compositor(self, **options):
         width, height = self.screen
-        environment = dict(self.environment, KWIN_COMPOSE="Q", QT_NO_XDG_DESKTOP_PORTAL="1",
+        environment = dict(self.environment, KWIN_COMPOSE="O2", QT_NO_XDG_DESKTOP_PORTAL="1",
+                           KWIN_SCREENSHOT_NO_PERMISSION_CHECKS="1",
                            XDG_CONFIG_DIRS=os.path.join(self.home, "etc/xdg") + ":/etc/xdg",
                            QT_QPA_PLATFORM="")
         del environment["XDG_CURRENT_DESKTOP"], environment["QT_QPA_PLATFORM"]
@@ -278,16 +335,23 @@ class KWinSession(Session):
                                        "--dest=org.kde.KWin", "/KWin",
                                        "org.kde.KWin.supportInformation"))
 
+    @functools.cached_property
+    def manager(self):
+        return WindowManager(self.environment["DBUS_SESSION_BUS_ADDRESS"], self.home)
+
     def windows(self):
-        from kwin_windows import windows
-        return windows(self.environment["DBUS_SESSION_BUS_ADDRESS"], self.home)
+        return self.manager.windows()
 
     def activate(self, window):
-        from kwin_windows import activate
-        activate(self.environment["DBUS_SESSION_BUS_ADDRESS"], self.home, window)
+        self.manager.activate(window)
+
+    def take_picture(self, path):
+        width, height = self.screen
+        self.run(["convert", "-size", f"{width}x{height}", "-depth", "8", "BGRA:-", "-alpha", "off",
+                  path], input=self.manager.pixels(width, height))
 
 
-KINDS = {kind.kind: kind for kind in (SwaySession, KWinSession)}
+KINDS = {kind.kind: kind for kind in (SwaySession, LabwcSession, KWinSession)}
 
 
 def session(kind, **options):

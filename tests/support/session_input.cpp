@@ -9,6 +9,8 @@
 //                          own keyboard is borrowed)
 //   move X Y               the pointer, in the pixels of the screen
 //   click [COUNT]
+//   windows                says what windows there are first, where compositors tell that to all
+//   activate NUMBER        gives one of them the keyboard
 //
 //   session_input WIDTH HEIGHT
 //
@@ -16,9 +18,11 @@
 // whose desktop entry asks for that. Windows get the keyboard only where a keyboard is, so a
 // session without devices needs this program for its whole life.
 
-#include "fake-input-client-protocol.h"
-#include "virtual-keyboard-unstable-v1-client-protocol.h"
-#include "wlr-virtual-pointer-unstable-v1-client-protocol.h"
+#include "session_windows.h"
+
+#include <fake-input-client-protocol.h>
+#include <virtual-keyboard-unstable-v1-client-protocol.h>
+#include <wlr-virtual-pointer-unstable-v1-client-protocol.h>
 
 #include <wayland-client.h>
 #include <xkbcommon/xkbcommon.h>
@@ -29,6 +33,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -59,6 +64,7 @@ struct Globals
     zwp_virtual_keyboard_manager_v1 *keyboards = nullptr;
     zwlr_virtual_pointer_manager_v1 *pointers = nullptr;
     org_kde_kwin_fake_input *fakeInput = nullptr;
+    Windows windows;
 };
 
 template <typename T>
@@ -79,6 +85,9 @@ const wl_registry_listener kRegistry = {
         else if (offered == zwlr_virtual_pointer_manager_v1_interface.name)
             globals.pointers = bind<zwlr_virtual_pointer_manager_v1>(
                 registry, name, zwlr_virtual_pointer_manager_v1_interface, 1);
+        else if (offered == zwlr_foreign_toplevel_manager_v1_interface.name)
+            globals.windows.listen(bind<zwlr_foreign_toplevel_manager_v1>(
+                registry, name, zwlr_foreign_toplevel_manager_v1_interface, std::min(version, 3U)));
         else if (offered == org_kde_kwin_fake_input_interface.name && version >= 4)
             globals.fakeInput =
                 bind<org_kde_kwin_fake_input>(registry, name, org_kde_kwin_fake_input_interface, 4);
@@ -247,7 +256,10 @@ private:
 class Hands
 {
 public:
-    explicit Hands(Devices &devices) : m_devices(devices) { setLayout("us"); }
+    Hands(Devices &devices, const Globals &globals) : m_devices(devices), m_globals(globals)
+    {
+        setLayout("us");
+    }
 
     void obey(const std::string &line)
     {
@@ -266,6 +278,11 @@ public:
                            static_cast<uint32_t>(std::stoul(rest.at(1))));
         else if (order == "click")
             click(rest.empty() ? 1 : std::stoi(rest[0]));
+        else if (order == "windows")
+            std::fputs(m_globals.windows.told().c_str(), stdout);
+        else if (order == "activate")
+            m_globals.windows.activate(static_cast<uint32_t>(std::stoul(rest.at(0))),
+                                       m_globals.seat);
         else if (order == "layout")
             setLayout(rest.at(0));
         else
@@ -332,6 +349,7 @@ private:
     }
 
     Devices &m_devices;
+    const Globals &m_globals;
     std::optional<Layout> m_layout;
 };
 
@@ -389,7 +407,7 @@ int main(int argc, char **argv)
     int code = 0;
     try {
         const std::unique_ptr<Devices> devices = devicesOf(globals, argv + 1);
-        Hands hands(*devices);
+        Hands hands(*devices, globals);
         wl_display_roundtrip(display);
         std::puts("ready");
         std::fflush(stdout);

@@ -8,9 +8,8 @@
 //   session_owner burst COUNT INTERVAL_MS     COUNT different copies
 //   session_owner hang                        never answers, marked text neither
 
-#include "wlr-data-control-unstable-v1-client-protocol.h"
-
 #include <wayland-client.h>
+#include <wlr-data-control-unstable-v1-client-protocol.h>
 
 #include <poll.h>
 #include <unistd.h>

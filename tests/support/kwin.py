@@ -1,0 +1,110 @@
+"""What KWin tells of its windows and shows of them. It answers through scripts that it runs and
+that call back, because it tells no program of its own accord."""
+
+import json
+import os
+import threading
+
+import dbus
+import dbus.bus
+import dbus.mainloop.glib
+import dbus.service
+from gi.repository import GLib
+
+NAME = "org.quillmarsh.Test"
+KWIN = "org.kde.KWin"
+# Version 6 has other names than version 5.
+FIND = """
+const shown = workspace.windowList ? workspace.windowList() : workspace.clientList();
+const active = workspace.windowList ? workspace.activeWindow : workspace.activeClient;
+"""
+LIST = FIND + """
+callDBus("%(name)s", "/", "%(name)s", "tell", JSON.stringify(shown.filter(
+    window => !window.minimized && !window.hidden).map(window => ({
+    id: String(window.internalId), name: String(window.caption), app: String(window.resourceClass),
+    pid: window.pid, "is active": window === active,
+    place: [window.x, window.y, window.width, window.height].map(Math.round)}))));
+"""
+ACTIVATE = FIND + """
+for (const window of shown) {
+    if (String(window.internalId) === "%(window)s") {
+        if (workspace.windowList)
+            workspace.activeWindow = window;
+        else
+            workspace.activeClient = window;
+    }
+}
+callDBus("%(name)s", "/", "%(name)s", "tell", "null");
+"""
+
+
+class _Answer(dbus.service.Object):
+    told = None
+
+    @dbus.service.method(NAME, in_signature="s")
+    def tell(self, text):
+        self.told = text
+
+
+class WindowManager:
+    """The KWin on the bus at `address`; its scripts are written into `folder`."""
+
+    def __init__(self, address, folder):
+        self._bus = dbus.bus.BusConnection(address, mainloop=dbus.mainloop.glib.DBusGMainLoop())
+        self._bus.request_name(NAME)
+        self._answer = _Answer(self._bus, "/")
+        self._script = os.path.join(folder, "question.js")
+
+    def windows(self):
+        """What is shown, each as {"id", "name", "app", "pid", "place", "is active"}."""
+        return self._run(LIST % {"name": NAME})
+
+    def activate(self, window):
+        self._run(ACTIVATE % {"name": NAME, "window": window})
+
+    def pixels(self, width, height):
+        """Of the screen's upper left, four bytes each: blue, green, red and nothing."""
+        read_end, write_end = os.pipe()
+        read = []
+
+        def read_all():
+            with os.fdopen(read_end, "rb") as pipe:
+                read.append(pipe.read())
+
+        reader = threading.Thread(target=read_all)
+        reader.start()
+        try:
+            self._bus.get_object(KWIN, "/org/kde/KWin/ScreenShot2", introspect=False).CaptureArea(
+                dbus.Int32(0), dbus.Int32(0), dbus.UInt32(width), dbus.UInt32(height),
+                dbus.Dictionary({}, signature="sv"), dbus.types.UnixFd(write_end),
+                dbus_interface="org.kde.KWin.ScreenShot2")
+        finally:
+            os.close(write_end)
+            reader.join()
+        return read[0]
+
+    def _run(self, script):
+        self._answer.told = None
+        with open(self._script, "w", encoding="utf-8") as file:
+            file.write(script)
+        scripting = dbus.Interface(self._bus.get_object(KWIN, "/Scripting", introspect=False),
+                                   "org.kde.kwin.Scripting")
+        number = scripting.loadScript(self._script, "question")
+        try:
+            self._start(number)
+            context = GLib.MainContext.default()
+            while self._answer.told is None:
+                context.iteration(True)
+        finally:
+            scripting.unloadScript("question")
+        return json.loads(self._answer.told)
+
+    def _start(self, number):
+        for place in (f"/Scripting/Script{number}", f"/{number}"):  # of version 6, and of 5
+            try:
+                self._bus.get_object(KWIN, place, introspect=False).run(
+                    dbus_interface="org.kde.kwin.Script")
+                return
+            except dbus.DBusException as problem:
+                if "UnknownObject" not in problem.get_dbus_name():
+                    raise
