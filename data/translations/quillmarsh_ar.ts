@@ -302,6 +302,14 @@
         <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
         <translation>لم ينقل %1 القصاصة إلى الحاسوب الذي يعرضه، لذا لم يُلصق شيء هناك. زر الفأرة الأوسط يلصق القصاصة أيضًا.</translation>
     </message>
+    <message>
+        <source>A key was held down, so nothing was typed into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>كان أحد المفاتيح مضغوطًا، لذلك لم يُكتب شيء في %1. ألصق القصاصة هناك بنفسك؛ زر الفأرة الأوسط يفعل ذلك أيضًا.</translation>
+    </message>
+    <message>
+        <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>لا يستطيع Quillmarsh الكتابة في %1. ألصق القصاصة هناك بنفسك؛ زر الفأرة الأوسط يفعل ذلك أيضًا.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

@@ -278,6 +278,14 @@
         <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
         <translation>%1 hat den Clip nicht auf den gezeigten Computer übernommen, darum wurde dort nichts eingefügt. Die mittlere Maustaste fügt den Clip ebenfalls ein.</translation>
     </message>
+    <message>
+        <source>A key was held down, so nothing was typed into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Eine Taste war gedrückt, deshalb wurde in %1 nichts getippt. Fügen Sie den Clip dort selbst ein; die mittlere Maustaste tut es auch.</translation>
+    </message>
+    <message>
+        <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Quillmarsh kann nicht in %1 tippen. Fügen Sie den Clip dort selbst ein; die mittlere Maustaste tut es auch.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

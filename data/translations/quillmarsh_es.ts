@@ -278,6 +278,14 @@
         <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
         <translation>%1 no pasó el recorte al equipo que muestra, así que allí no se pegó nada. El botón central del ratón también pega el recorte.</translation>
     </message>
+    <message>
+        <source>A key was held down, so nothing was typed into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Había una tecla pulsada, así que no se escribió nada en %1. Pegue allí el recorte usted mismo; el botón central del ratón también lo hace.</translation>
+    </message>
+    <message>
+        <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Quillmarsh no puede escribir en %1. Pegue allí el recorte usted mismo; el botón central del ratón también lo hace.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

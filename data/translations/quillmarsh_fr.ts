@@ -278,6 +278,14 @@
         <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
         <translation>%1 n’a pas transmis l’extrait à l’ordinateur qu’il affiche ; rien n’y a donc été collé. Le bouton central de la souris colle aussi l’extrait.</translation>
     </message>
+    <message>
+        <source>A key was held down, so nothing was typed into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Une touche était enfoncée : rien n’a donc été saisi dans %1. Collez-y l’extrait vous-même ; le bouton central de la souris le fait aussi.</translation>
+    </message>
+    <message>
+        <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Quillmarsh ne peut pas saisir dans %1. Collez-y l’extrait vous-même ; le bouton central de la souris le fait aussi.</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

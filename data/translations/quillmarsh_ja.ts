@@ -272,6 +272,14 @@
         <source>%1 did not take the clip over to the computer that it shows, so nothing was pasted there. The middle mouse button pastes the clip, too.</source>
         <translation>%1は表示しているコンピュータにクリップを引き渡さなかったため、そこには何も貼り付けられませんでした。クリップはマウスの中ボタンでも貼り付けられます。</translation>
     </message>
+    <message>
+        <source>A key was held down, so nothing was typed into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>キーが押されたままだったため、%1には何も入力しませんでした。そこでご自身で貼り付けてください。マウスの中ボタンでも貼り付けられます。</translation>
+    </message>
+    <message>
+        <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
+        <translation>Quillmarshは%1に入力できません。そこでご自身で貼り付けてください。マウスの中ボタンでも貼り付けられます。</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>

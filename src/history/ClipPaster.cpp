@@ -152,10 +152,20 @@ ClipPaster::Outcome ClipPaster::typeIntoTarget()
     const KeySender::Outcome sent = isSwop && m_swopState.swopClipItem()
                                         ? m_hotKeyManager.pasteOverCopied()
                                         : m_hotKeyManager.paste();
-    return sent == KeySender::Outcome::NoKnownKeys
-               ? leaveToUser(tr("No keys are known that paste into %1. Paste it there yourself; "
-                                "the middle mouse button does it, too."))
-               : Outcome::Typed;
+    switch (sent) {
+    case KeySender::Outcome::Sent:
+        break;
+    case KeySender::Outcome::NoKnownKeys:
+        return leaveToUser(tr("No keys are known that paste into %1. Paste it there yourself; the "
+                              "middle mouse button does it, too."));
+    case KeySender::Outcome::KeysHeld:
+        return leaveToUser(tr("A key was held down, so nothing was typed into %1. Paste it there "
+                              "yourself; the middle mouse button does it, too."));
+    case KeySender::Outcome::Failed:
+        return leaveToUser(tr("Quillmarsh is not able to type into %1. Paste it there yourself; "
+                              "the middle mouse button does it, too."));
+    }
+    return Outcome::Typed;
 }
 
 ClipPaster::Outcome ClipPaster::leaveToUser(const QString &reason)
@@ -241,7 +251,7 @@ void ClipPaster::swop()
     m_capture.readFromPasteboard();
     if (isTargetInFront) {
         m_swopState.begin(m_ports.frontApplication.applicationName());
-        m_isCopyUnknown = m_hotKeyManager.copy() == KeySender::Outcome::NoKnownKeys;
+        m_isCopyUnknown = m_hotKeyManager.copy() != KeySender::Outcome::Sent;
         m_ports.clock.wait(m_waits.copy);
         m_capture.readFromPasteboard();
     } else {

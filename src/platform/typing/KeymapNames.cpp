@@ -121,14 +121,6 @@ xkb_mod_mask_t maskOf(xkb_keymap *keymap, quint32 carbonModifiers)
 
 } // namespace
 
-xkb_keysym_t Xkb::plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode, xkb_layout_index_t group)
-{
-    // A key that has fewer groups than the keyboard answers in the one it has for this group.
-    const xkb_keysym_t *symbols = nullptr;
-    const int count = xkb_keymap_key_get_syms_by_level(keymap, keycode, group, 0, &symbols);
-    return count == 1 ? symbols[0] : xkb_keysym_t(XKB_KEY_NoSymbol);
-}
-
 QString KeymapNames::asciiCapableName(xkb_keymap *keymap, xkb_layout_index_t group,
                                       quint32 keyCode) const
 {
@@ -160,13 +152,8 @@ QString KeymapNames::characters(xkb_keymap *keymap, xkb_layout_index_t group, qu
 
 xkb_keymap *KeymapNames::usKeymap() const
 {
-    if (!m_us) {
-        const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-        // By the rules whose keycodes are the kernel's, as ours are.
-        const xkb_rule_names names = {"evdev", "pc105", "us", nullptr, nullptr};
-        if (context)
-            m_us.reset(
-                xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-    }
+    // By the rules whose keycodes are the kernel's, as ours are.
+    if (!m_us)
+        m_us = Xkb::americanKeymap();
     return m_us.get();
 }

@@ -3,6 +3,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 #include <memory>
+#include <optional>
 
 struct FreeKeymap
 {
@@ -14,9 +15,29 @@ struct FreeKeymap
 template <typename T>
 using XkbPointer = std::unique_ptr<T, FreeKeymap>;
 
+/// What a keymap has where. Keycodes are at most 255, because nobody's events have more than a
+/// byte for them. Null is a keymap without keys.
 namespace Xkb {
+
+/// What it takes to type a symbol.
+struct Place
+{
+    xkb_keycode_t keycode;
+    xkb_mod_mask_t modifiers; ///< The keymap's, to be held.
+};
 
 /// What the key gives by itself in `group`; XKB_KEY_NoSymbol when nothing.
 xkb_keysym_t plainSymbol(xkb_keymap *keymap, xkb_keycode_t keycode, xkb_layout_index_t group);
+
+/// A key that gives `symbol` by itself: in `group`, else in any.
+std::optional<xkb_keycode_t> keyFor(xkb_keymap *keymap, xkb_keysym_t symbol,
+                                    xkb_layout_index_t group);
+
+/// How to type `symbol` in `group` while nothing is locked, with as few modifiers as it takes.
+std::optional<Place> placeOf(xkb_keymap *keymap, xkb_keysym_t symbol, xkb_layout_index_t group);
+
+/// An American keyboard, whatever the user's is. Null where the descriptions of keyboards are
+/// missing.
+XkbPointer<xkb_keymap> americanKeymap();
 
 } // namespace Xkb

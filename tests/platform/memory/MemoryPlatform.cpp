@@ -29,10 +29,8 @@ void MemoryClock::wait(std::chrono::milliseconds duration)
 
 KeySender::Outcome MemoryKeySender::sendCommand(quint32 keyCode)
 {
-    if (!m_isAvailable)
-        return Outcome::Failed;
-    if (m_unknown.contains(keyCode))
-        return Outcome::NoKnownKeys;
+    if (m_refused.contains(keyCode))
+        return m_refused.value(keyCode);
     m_sent.append(keyCode);
     if (m_reaction)
         m_reaction(keyCode);

@@ -39,10 +39,9 @@ private:
 class MemoryKeySender : public KeySender
 {
 public:
-    void setAvailable(bool isAvailable) { m_isAvailable = isAvailable; }
     void setReaction(std::function<void(quint32)> reaction) { m_reaction = std::move(reaction); }
-    /// Makes the command unknown to the application in front.
-    void setUnknown(quint32 keyCode) { m_unknown.insert(keyCode); }
+    /// What becomes of the command instead of being sent.
+    void refuse(quint32 keyCode, Outcome outcome) { m_refused.insert(keyCode, outcome); }
     const QList<quint32> &sent() const { return m_sent; }
     /// The last paste was not taken over in time.
     void giveUp() const { m_givenUp(); }
@@ -50,7 +49,7 @@ public:
     int sentOverCopied() const { return m_sentOverCopied; }
 
     // ^KeySender
-    bool isAvailable() const override { return m_isAvailable; }
+    bool isAvailable() const override { return true; }
     bool isKeyHeld() const override { return false; }
     Outcome sendCommand(quint32 keyCode) override;
     Outcome sendPasteOverCopied() override;
@@ -58,8 +57,7 @@ public:
     void keepTypedAhead(QWindow *) override {}
 
 private:
-    bool m_isAvailable = true;
-    QSet<quint32> m_unknown;
+    QMap<quint32, Outcome> m_refused;
     QList<quint32> m_sent;
     int m_sentOverCopied = 0;
     std::function<void(quint32)> m_reaction;

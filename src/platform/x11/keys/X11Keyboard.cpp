@@ -2,17 +2,10 @@
 
 #include <xkbcommon/xkbcommon-x11.h>
 
-#include <array>
-#include <bit>
-
 // A field of this header is called by a C++ keyword.
 #define explicit xkbExplicit
 #include <xcb/xkb.h>
 #undef explicit
-
-namespace {
-
-} // namespace
 
 X11Keyboard::X11Keyboard(const X11Connection &connection) : m_connection(connection)
 {
@@ -114,24 +107,8 @@ void X11Keyboard::readGroup()
 
 std::optional<xcb_keycode_t> X11Keyboard::keyFor(xkb_keysym_t symbol)
 {
-    xkb_keymap *map = keymap();
-    if (!map)
-        return std::nullopt;
-    std::optional<xcb_keycode_t> elsewhere;
-    // Neither core events nor XTEST have more than a byte for it.
-    const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(map), 255);
-    for (xkb_keycode_t keycode = xkb_keymap_min_keycode(map); keycode <= last; ++keycode) {
-        if (Xkb::plainSymbol(map, keycode, m_group) == symbol)
-            return xcb_keycode_t(keycode);
-        // Toolkits find Ctrl-V in another group where the one in effect has no Latin letters; so
-        // the key of that group will do.
-        const xkb_layout_index_t groups = xkb_keymap_num_layouts_for_key(map, keycode);
-        for (xkb_layout_index_t group = 0; group < groups && !elsewhere; ++group) {
-            if (Xkb::plainSymbol(map, keycode, group) == symbol)
-                elsewhere = xcb_keycode_t(keycode);
-        }
-    }
-    return elsewhere;
+    const std::optional<xkb_keycode_t> keycode = Xkb::keyFor(keymap(), symbol, m_group);
+    return keycode ? std::optional(xcb_keycode_t(*keycode)) : std::nullopt;
 }
 
 xkb_layout_index_t X11Keyboard::groupCount()
@@ -143,47 +120,17 @@ xkb_layout_index_t X11Keyboard::groupCount()
 std::optional<X11Keyboard::Place> X11Keyboard::placeOf(xkb_keysym_t symbol,
                                                        xkb_layout_index_t group)
 {
-    xkb_keymap *map = keymap();
-    if (!map)
+    const std::optional<Xkb::Place> place = Xkb::placeOf(keymap(), symbol, group);
+    if (!place)
         return std::nullopt;
-    const xkb_mod_mask_t locking =
-        XCB_MOD_MASK_LOCK | (1U << xkb_keymap_mod_get_index(map, XKB_MOD_NAME_NUM));
-    std::optional<Place> best;
-    const xkb_keycode_t last = std::min<xkb_keycode_t>(xkb_keymap_max_keycode(map), 255);
-    for (xkb_keycode_t keycode = xkb_keymap_min_keycode(map); keycode <= last; ++keycode) {
-        const xkb_level_index_t levels = xkb_keymap_num_levels_for_key(map, keycode, group);
-        for (xkb_level_index_t level = 0; level < levels; ++level) {
-            const xkb_keysym_t *symbols = nullptr;
-            const int count =
-                xkb_keymap_key_get_syms_by_level(map, keycode, group, level, &symbols);
-            if (count != 1 || symbols[0] != symbol)
-                continue;
-            std::array<xkb_mod_mask_t, 16> masks{};
-            const std::size_t known = xkb_keymap_key_get_mods_for_level(map, keycode, group, level,
-                                                                        masks.data(), masks.size());
-            for (std::size_t i = 0; i < known; ++i) {
-                const bool isFewer =
-                    !best || std::popcount(masks[i]) < std::popcount(best->modifiers);
-                if ((masks[i] & locking) == 0 && masks[i] <= 0xFF && isFewer)
-                    best = Place{xcb_keycode_t(keycode), quint16(masks[i])};
-            }
-        }
-    }
-    return best;
+    return Place{xcb_keycode_t(place->keycode), quint16(place->modifiers)};
 }
 
 std::optional<xcb_keycode_t> X11Keyboard::usualKeyFor(xkb_keysym_t symbol)
 {
-    const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
-    const XkbPointer<xkb_keymap> map(
-        context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
-                : nullptr);
-    for (xkb_keycode_t keycode = 8; map && keycode <= 255; ++keycode) {
-        if (Xkb::plainSymbol(map.get(), keycode, 0) == symbol)
-            return xcb_keycode_t(keycode);
-    }
-    return std::nullopt;
+    const XkbPointer<xkb_keymap> american = Xkb::americanKeymap();
+    const std::optional<xkb_keycode_t> keycode = Xkb::keyFor(american.get(), symbol, 0);
+    return keycode ? std::optional(xcb_keycode_t(*keycode)) : std::nullopt;
 }
 
 X11Keyboard::Locks X11Keyboard::locks() const

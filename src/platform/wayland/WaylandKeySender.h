@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/KeySender.h"
+#include "platform/typing/KnownKeys.h"
+#include "platform/wayland/Toplevels.h"
+#include "platform/wayland/Typist.h"
+
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+class ApplicationNames;
+
+/// Types by a keyboard that the compositor takes for one, what the application in front takes. No
+/// program can keep back what the user types into another one's window: a key that follows a
+/// Return goes where the keyboard is then, and may be in front of the clip.
+class WaylandKeySender : public KeySender
+{
+public:
+    /// What is done with the selections for a keystroke.
+    struct Selections
+    {
+        /// A paste is about to be typed.
+        std::function<void()> expectPaste;
+        /// Makes the pasteboard's text the primary selection.
+        std::function<void()> offerPrimary;
+        /// Takes the primary selection as a copy.
+        std::function<void()> publishPrimary;
+    };
+
+    /// `names` must outlive this object.
+    WaylandKeySender(std::unique_ptr<Typist> typist, std::shared_ptr<const Toplevels> toplevels,
+                     const ApplicationNames &names, Selections selections,
+                     KnownKeys::UsersTable usersTable = {});
+
+    // ^KeySender
+    bool isAvailable() const override { return m_typist->isAvailable(); }
+    bool isKeyHeld() const override { return false; }
+    [[nodiscard]] Outcome sendCommand(quint32 keyCode) override;
+    [[nodiscard]] Outcome sendPasteOverCopied() override;
+    void setGivenUp(std::function<void()> givenUp) override { m_givenUp = std::move(givenUp); }
+    void keepTypedAhead(QWindow *) override {}
+
+private:
+    Toplevels::Id inFront() const;
+    ApplicationKeys keysOfFront();
+    Outcome copy(const ApplicationKeys &keys);
+    Outcome paste(const ApplicationKeys &keys, const KeySequence &sequence);
+    void pasteTakenOver(Toplevels::Id target, const KeySequence &sequence);
+
+    const std::unique_ptr<Typist> m_typist;
+    const std::shared_ptr<const Toplevels> m_toplevels;
+    const ApplicationNames &m_names;
+    const Selections m_selections;
+    KnownKeys m_knownKeys;
+    std::function<void()> m_givenUp;
+    QTimer m_journey; ///< Of the clip to another computer.
+};
