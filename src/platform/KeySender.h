@@ -8,10 +8,10 @@ class QWindow;
 
 /// Types into the application in front. Owned by Platform; used from the main thread.
 ///
-/// What the user still holds (the hot key's own modifiers, Shift of Shift-Return) has no part in the
-/// keystroke: it is released before and never pressed again, because the user's own release follows,
-/// or it is on another keyboard, or it is waited for. Where the usual keystrokes mean something
-/// else, as in a terminal, the adapter does what copies and pastes there.
+/// What the user still holds (the hot key's own modifiers, Shift of Shift-Return) has no part in
+/// the keystroke: it is released before and never pressed again, because the user's own release
+/// follows, or it is on another keyboard, or it is waited for. Where the usual keystrokes mean
+/// something else, as in a terminal, the adapter does what copies and pastes there.
 class KeySender
 {
 public:

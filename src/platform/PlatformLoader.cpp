@@ -1,6 +1,7 @@
 #include "platform/PlatformLoader.h"
 
 #include "platform/DisplayChoice.h"
+#include "platform/Info.h"
 #include "platform/freedesktop/DataFolders.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
@@ -17,8 +18,11 @@
 #include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
+#include "platform/kde/PlasmaWindows.h"
 #include "platform/wayland/PlainWindowSpace.h"
+#include "platform/wayland/ToplevelTracker.h"
 #include "platform/wayland/WaylandConnection.h"
+#include "platform/wayland/WaylandFrontApplication.h"
 #include "platform/wayland/WaylandKeyboardLayout.h"
 #include "platform/x11/keys/X11HotKeys.h"
 #include "platform/x11/keys/X11KeySender.h"
@@ -163,14 +167,26 @@ makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
     return std::make_unique<PlainWindowSpace>(areAnimationsWanted);
 }
 
+std::shared_ptr<Toplevels> makeToplevels(const std::shared_ptr<WaylandConnection> &wayland)
+{
+    const QString ourApplicationId = Info::main().bundleIdentifier;
+    if (wayland->versionOf(PlasmaWindows::kInterface) >= PlasmaWindows::kLeastVersion)
+        return std::make_shared<PlasmaWindows>(wayland, ourApplicationId);
+    return std::make_shared<ToplevelTracker>(wayland, ourApplicationId);
+}
+
 /// They bind what they need of the connection, whose thread begins when all have.
 void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries)
 {
     const std::shared_ptr<WaylandConnection> wayland = std::exchange(g_wayland, nullptr);
     platform.windowSpace = makeWaylandWindowSpace(*wayland, *platform.capabilities);
     platform.keyboardLayout = std::make_unique<WaylandKeyboardLayout>(wayland);
+    const std::shared_ptr<Toplevels> toplevels = makeToplevels(wayland);
+    const auto frontNames = std::make_shared<FrontNames>(toplevels, *platform.applicationNames);
+    platform.frontApplication =
+        std::make_unique<WaylandFrontApplication>(wayland, toplevels, frontNames);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
-        entries, [] { return QList<WindowIdentity>(); });
+        entries, [toplevels] { return toplevels->identities(); });
     // No tray of windows: only those panels that are told over the bus.
     platform.statusBar = std::make_unique<StatusNotifierStatusBar>(nullptr);
     wayland->start();

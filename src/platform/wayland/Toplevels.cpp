@@ -2,6 +2,8 @@
 
 #include "platform/ApplicationNames.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <atomic>
 
@@ -32,6 +34,12 @@ void Toplevels::letTargetGo()
 {
     const MutexLock lock(m_mutex);
     m_held.reset();
+}
+
+bool Toplevels::isTargetHeld() const
+{
+    const MutexLock lock(m_mutex);
+    return m_held.has_value();
 }
 
 Toplevels::Id Toplevels::ownWindow(const QString &title) const
@@ -78,6 +86,12 @@ bool Toplevels::isOpen(const QString &applicationId) const
     const MutexLock lock(m_mutex);
     return std::ranges::any_of(
         m_windows, [&](const Known &known) { return known.window.applicationId == applicationId; });
+}
+
+bool Toplevels::isOurs(const Window &window) const
+{
+    return window.applicationId == m_ownApplicationId ||
+           window.processId == static_cast<quint32>(getpid());
 }
 
 Toplevels::Id Toplevels::newId()

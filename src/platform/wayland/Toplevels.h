@@ -27,6 +27,7 @@ public:
         Id id = 0;
         QString applicationId;
         QString title;
+        quint32 processId = 0; ///< Of its program; 0 where that is not told.
         bool isActivated = false;
         bool isMinimized = false;
     };
@@ -49,6 +50,7 @@ public:
     /// From now on it stays the target, whatever comes to the front, until it is let go.
     void holdTarget();
     void letTargetGo();
+    bool isTargetHeld() const;
 
     /// The window of ours with that title; of several the one that was in front last. 0 for none.
     Id ownWindow(const QString &title) const;
@@ -62,7 +64,7 @@ public:
     /// Whether a program of that application id has a window.
     bool isOpen(const QString &applicationId) const;
 
-    bool isOurs(const Window &window) const { return window.applicationId == m_ownApplicationId; }
+    bool isOurs(const Window &window) const;
     const QString &ownApplicationId() const { return m_ownApplicationId; }
 
     /// Asks the compositor to bring the window to the front. Nothing where it cannot be asked.

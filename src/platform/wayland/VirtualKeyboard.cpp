@@ -80,9 +80,7 @@ KeySender::Outcome VirtualKeyboard::type(const KeySequence &sequence)
 /// Keeps a keyboard on the seat that there is now.
 void VirtualKeyboard::follow()
 {
-    const bool isOffered =
-        m_connection->versionOf(zwp_virtual_keyboard_manager_v1_interface.name) > 0;
-    void *seat = isOffered ? m_connection->seat() : nullptr;
+    void *seat = m_connection->versionOf(kInterface) > 0 ? m_connection->seat() : nullptr;
     if (seat == m_seat)
         return;
     end();

@@ -16,6 +16,8 @@ struct zwp_virtual_keyboard_v1;
 class VirtualKeyboard : public Typist
 {
 public:
+    static constexpr const char *kInterface = "zwp_virtual_keyboard_manager_v1";
+
     /// Before the connection is started, or on its thread.
     explicit VirtualKeyboard(std::shared_ptr<WaylandConnection> connection);
     ~VirtualKeyboard() override;

@@ -56,7 +56,7 @@ KeySender::Outcome WaylandKeySender::copy(const ApplicationKeys &keys)
 {
     // In a terminal: Ctrl-C would end the program inside, and what is marked is PRIMARY already.
     if (keys.copiesMarked) {
-        m_selections.publishPrimary();
+        m_selections.publishPrimary(inFront());
         return Outcome::Sent;
     }
     return keys.copy.empty() ? Outcome::NoKnownKeys : m_typist->type(keys.copy);

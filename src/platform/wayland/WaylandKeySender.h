@@ -26,8 +26,8 @@ public:
         std::function<void()> expectPaste;
         /// Makes the pasteboard's text the primary selection.
         std::function<void()> offerPrimary;
-        /// Takes the primary selection as a copy.
-        std::function<void()> publishPrimary;
+        /// Takes the primary selection as a copy, if it was marked while `window` was in front.
+        std::function<void(Toplevels::Id window)> publishPrimary;
     };
 
     /// `names` must outlive this object.

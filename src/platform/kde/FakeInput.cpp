@@ -1,0 +1,88 @@
+#include "platform/kde/FakeInput.h"
+
+#include "platform/kde/HeldModifiers.h"
+#include "platform/typing/KeyStrokes.h"
+#include "platform/wayland/WaylandConnection.h"
+
+#include <fake-input-client-protocol.h>
+
+#include <utility>
+
+FakeInput::FakeInput(std::shared_ptr<WaylandConnection> connection,
+                     std::shared_ptr<const Toplevels> toplevels)
+    : m_connection(std::move(connection)), m_toplevels(std::move(toplevels)),
+      m_states(m_connection), m_keyboard(m_connection, [this](const QByteArray &text) {
+          const MutexLock lock(m_mutex);
+          m_keymap = text;
+      })
+{
+    follow();
+    m_connection->addGlobalListener(this, [this](const QByteArray &interface, quint32, bool) {
+        if (interface == kInterface)
+            follow();
+    });
+    m_connection->addLossListener(this, [this] { m_isAvailable = false; });
+}
+
+FakeInput::~FakeInput()
+{
+    m_connection->removeListeners(this);
+    if (!m_connection->run([this] { end(); }))
+        end();
+}
+
+KeySender::Outcome FakeInput::type(const KeySequence &sequence)
+{
+    using Outcome = KeySender::Outcome;
+    const auto strokes = KeyStrokes::of(sequence, keymap().get());
+    if (!strokes)
+        return Outcome::NoKnownKeys;
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    const bool areReleased = m_states.areKnown()
+                                 ? m_states.awaitReleased(deadline)
+                                 : HeldModifiers::awaitReleased(*m_toplevels, deadline);
+    if (!areReleased)
+        return Outcome::KeysHeld;
+    bool isSent = false;
+    const bool hasRun = m_connection->run([&] {
+        if (!m_input)
+            return;
+        for (const auto &[code, isPress] : *strokes)
+            org_kde_kwin_fake_input_keyboard_key(m_input, code, isPress ? 1 : 0);
+        isSent = m_connection->roundTrip();
+    });
+    return hasRun && isSent ? Outcome::Sent : Outcome::Failed;
+}
+
+XkbPointer<xkb_keymap> FakeInput::keymap() const
+{
+    const MutexLock lock(m_mutex);
+    const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    if (!context || m_keymap.isEmpty())
+        return nullptr;
+    return XkbPointer<xkb_keymap>(xkb_keymap_new_from_string(context.get(), m_keymap.constData(),
+                                                             XKB_KEYMAP_FORMAT_TEXT_V1,
+                                                             XKB_KEYMAP_COMPILE_NO_FLAGS));
+}
+
+/// Binds what is offered now, unless it is bound.
+void FakeInput::follow()
+{
+    const bool isOffered = m_connection->versionOf(kInterface) >= kLeastVersion;
+    if (!isOffered)
+        end();
+    if (!isOffered || m_input)
+        return;
+    m_input = m_connection->bind<org_kde_kwin_fake_input>(org_kde_kwin_fake_input_interface,
+                                                          kLeastVersion);
+    // Shown to nobody by now: the desktop entry has decided.
+    org_kde_kwin_fake_input_authenticate(m_input, "Quillmarsh", "pastes clips");
+    m_isAvailable = true;
+}
+
+void FakeInput::end()
+{
+    m_isAvailable = false;
+    if (m_input)
+        org_kde_kwin_fake_input_destroy(std::exchange(m_input, nullptr));
+}
