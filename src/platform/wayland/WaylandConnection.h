@@ -55,6 +55,8 @@ public:
     wl_display *display() const { return m_display; }
     /// The seat that was offered first; null while there is none. Before start(), or on the thread.
     wl_seat *seat() const { return m_seat; }
+    /// Its number among the globals; 0 while there is none. Like seat().
+    quint32 seatName() const { return m_seat ? m_seatName : 0; }
 
     /// The thread begins to read. Adapters have bound and set their listeners by then, or do so on
     /// the thread.
