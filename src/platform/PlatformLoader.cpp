@@ -19,11 +19,13 @@
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
 #include "platform/kde/PlasmaWindows.h"
+#include "platform/wayland/FrontNames.h"
 #include "platform/wayland/PlainWindowSpace.h"
 #include "platform/wayland/ToplevelTracker.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandFrontApplication.h"
 #include "platform/wayland/WaylandKeyboardLayout.h"
+#include "platform/wayland/pasteboard/WaylandPasteboard.h"
 #include "platform/x11/keys/X11HotKeys.h"
 #include "platform/x11/keys/X11KeySender.h"
 #include "platform/x11/keys/X11KeyboardLayout.h"
@@ -185,6 +187,13 @@ void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryC
     const auto frontNames = std::make_shared<FrontNames>(toplevels, *platform.applicationNames);
     platform.frontApplication =
         std::make_unique<WaylandFrontApplication>(wayland, toplevels, frontNames);
+    platform.pasteboard = std::make_unique<WaylandPasteboard>(wayland, [toplevels, frontNames] {
+        const FrontNames::Front front = frontNames->front();
+        const auto window = toplevels->front();
+        return WaylandPasteboard::Front{front.applicationName, front.isOurs,
+                                        window ? window->id : 0};
+    });
+    platform.capabilities->tell({Capability::Kind::Recording});
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
         entries, [toplevels] { return toplevels->identities(); });
     // No tray of windows: only those panels that are told over the bus.

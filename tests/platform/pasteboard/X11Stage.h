@@ -2,10 +2,9 @@
 
 #include "platform/ApplicationNames.h"
 #include "platform/pasteboard/PasteboardStage.h"
+#include "platform/pasteboard/StageTime.h"
 #include "platform/pasteboard/XcbClient.h"
 #include "platform/x11/selection/X11Pasteboard.h"
-
-#include <atomic>
 
 /// The real pasteboard on the test's display. Applications are named by their window class.
 class X11Stage : public PasteboardStage
@@ -48,27 +47,9 @@ private:
         }
     };
 
-    /// Real until it is stopped. Read on the pasteboard's thread.
-    class Time
-    {
-    public:
-        using Clock = std::chrono::steady_clock;
-
-        Clock::time_point now() const
-        {
-            const Clock::rep stopped = m_stopped;
-            return stopped == 0 ? Clock::now() : Clock::time_point(Clock::duration(stopped));
-        }
-        void stop() { m_stopped = Clock::now().time_since_epoch().count(); }
-        void advance(Clock::duration time) { m_stopped += time.count(); }
-
-    private:
-        std::atomic<Clock::rep> m_stopped = 0;
-    };
-
     PasteboardLimits measured(PasteboardLimits limits) const;
 
-    Time m_time;
+    StageTime m_time;
     ClassNames m_names;
     XcbClient m_client;
     X11Pasteboard m_pasteboard;

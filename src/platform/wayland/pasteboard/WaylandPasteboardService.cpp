@@ -288,9 +288,12 @@ void WaylandPasteboardService::handleChange(Selection selection, std::shared_ptr
 {
     const auto own = m_own.find(selection);
     const bool isOurs = offer && own != m_own.end() && offer->names().contains(own->second.mark);
-    if (isOurs)
+    if (isOurs) {
+        // What took its place says so first: what is told before this came before ours.
+        if (selection == Selection::Clipboard)
+            handleOurs();
         return;
-    takeOwn(selection);
+    }
     if (selection == Selection::Clipboard) {
         handleClipboard(std::move(offer));
     } else {
@@ -298,6 +301,15 @@ void WaylandPasteboardService::handleChange(Selection selection, std::shared_ptr
         m_primaryFront = m_listeners.front();
     }
     askAnew(selection);
+}
+
+void WaylandPasteboardService::handleOurs()
+{
+    for (const Reading &reading : m_readings)
+        reading.reader->outdate();
+    publishFinished();
+    m_clipboard.reset();
+    m_ownerDied = false;
 }
 
 void WaylandPasteboardService::handleClipboard(std::shared_ptr<DataOffer> offer)

@@ -94,6 +94,7 @@ private:
     void handleGlobal(const QByteArray &interface, quint32 name, bool isOffered);
     void handleChange(Selection selection, std::shared_ptr<DataOffer> offer);
     void handleClipboard(std::shared_ptr<DataOffer> offer);
+    void handleOurs();
     void handleNobodys();
     void handleReplaced(Selection selection, const QString &mark);
     void handleReadOf(Selection selection, const QString &mark);
