@@ -163,6 +163,21 @@
     </message>
 </context>
 <context>
+    <name>Capabilities</name>
+    <message>
+        <source>This desktop lets no program type, so clips are put on the clipboard only.</source>
+        <translation>لا يسمح سطح المكتب هذا لأي برنامج بالكتابة، لذلك توضع القصاصات في الحافظة فقط.</translation>
+    </message>
+    <message>
+        <source>KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.</source>
+        <translation>لم يسمح KDE لـ Quillmarsh بالكتابة، لذلك توضع القصاصات في الحافظة فقط.</translation>
+    </message>
+    <message>
+        <source>Install the package, or start Quillmarsh from its menu entry.</source>
+        <translation>ثبّت الحزمة، أو شغّل Quillmarsh من مدخلته في القائمة.</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>

@@ -159,6 +159,21 @@
     </message>
 </context>
 <context>
+    <name>Capabilities</name>
+    <message>
+        <source>This desktop lets no program type, so clips are put on the clipboard only.</source>
+        <translation>Dieser Desktop lässt kein Programm tippen; Clips kommen deshalb nur in die Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.</source>
+        <translation>KDE hat Quillmarsh nicht erlaubt zu tippen; Clips kommen deshalb nur in die Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Install the package, or start Quillmarsh from its menu entry.</source>
+        <translation>Installieren Sie das Paket, oder starten Sie Quillmarsh über seinen Menüeintrag.</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>

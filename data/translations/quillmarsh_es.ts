@@ -159,6 +159,21 @@
     </message>
 </context>
 <context>
+    <name>Capabilities</name>
+    <message>
+        <source>This desktop lets no program type, so clips are put on the clipboard only.</source>
+        <translation>Este escritorio no deja escribir a ningún programa, así que los recortes solo se ponen en el portapapeles.</translation>
+    </message>
+    <message>
+        <source>KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.</source>
+        <translation>KDE no ha permitido a Quillmarsh escribir, así que los recortes solo se ponen en el portapapeles.</translation>
+    </message>
+    <message>
+        <source>Install the package, or start Quillmarsh from its menu entry.</source>
+        <translation>Instale el paquete o inicie Quillmarsh desde su entrada de menú.</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>

@@ -159,6 +159,21 @@
     </message>
 </context>
 <context>
+    <name>Capabilities</name>
+    <message>
+        <source>This desktop lets no program type, so clips are put on the clipboard only.</source>
+        <translation>Ce bureau ne laisse aucun programme saisir du texte : les extraits sont donc seulement placés dans le presse-papiers.</translation>
+    </message>
+    <message>
+        <source>KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.</source>
+        <translation>KDE n’a pas autorisé Quillmarsh à saisir du texte : les extraits sont donc seulement placés dans le presse-papiers.</translation>
+    </message>
+    <message>
+        <source>Install the package, or start Quillmarsh from its menu entry.</source>
+        <translation>Installez le paquet, ou lancez Quillmarsh depuis son entrée de menu.</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>

@@ -158,6 +158,21 @@
     </message>
 </context>
 <context>
+    <name>Capabilities</name>
+    <message>
+        <source>This desktop lets no program type, so clips are put on the clipboard only.</source>
+        <translation>このデスクトップではプログラムからの入力ができないため、クリップはクリップボードに置くだけになります。</translation>
+    </message>
+    <message>
+        <source>KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.</source>
+        <translation>KDEがQuillmarshに入力を許可していないため、クリップはクリップボードに置くだけになります。</translation>
+    </message>
+    <message>
+        <source>Install the package, or start Quillmarsh from its menu entry.</source>
+        <translation>パッケージをインストールするか、メニューの項目からQuillmarshを起動してください。</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>

@@ -2,6 +2,7 @@
 
 #include "platform/DisplayChoice.h"
 #include "platform/Info.h"
+#include "platform/absent/AbsentKeySender.h"
 #include "platform/freedesktop/DataFolders.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
 #include "platform/freedesktop/FreedesktopSettingsStore.h"
@@ -18,12 +19,15 @@
 #include "platform/freedesktop/entries/FreedesktopLoginItems.h"
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
+#include "platform/kde/FakeInput.h"
 #include "platform/kde/PlasmaWindows.h"
 #include "platform/wayland/FrontNames.h"
 #include "platform/wayland/PlainWindowSpace.h"
 #include "platform/wayland/ToplevelTracker.h"
+#include "platform/wayland/VirtualKeyboard.h"
 #include "platform/wayland/WaylandConnection.h"
 #include "platform/wayland/WaylandFrontApplication.h"
+#include "platform/wayland/WaylandKeySender.h"
 #include "platform/wayland/WaylandKeyboardLayout.h"
 #include "platform/wayland/pasteboard/WaylandPasteboard.h"
 #include "platform/x11/keys/X11HotKeys.h"
@@ -177,6 +181,54 @@ std::shared_ptr<Toplevels> makeToplevels(const std::shared_ptr<WaylandConnection
     return std::make_shared<ToplevelTracker>(wayland, ourApplicationId);
 }
 
+/// Null where the compositor lets no program type, or not us.
+std::unique_ptr<Typist> makeTypist(const std::shared_ptr<WaylandConnection> &wayland,
+                                   const std::shared_ptr<const Toplevels> &toplevels)
+{
+    if (wayland->versionOf(FakeInput::kInterface) >= FakeInput::kLeastVersion)
+        return std::make_unique<FakeInput>(wayland, toplevels);
+    if (wayland->versionOf(VirtualKeyboard::kInterface) > 0)
+        return std::make_unique<VirtualKeyboard>(wayland);
+    return nullptr;
+}
+
+/// KWin lets those type whose installed desktop entry asks for it; others let nobody.
+Capability pastingWithheld(const WaylandConnection &wayland)
+{
+    Capability pasting{Capability::Kind::Pasting, Capability::State::Withheld};
+    pasting.reason = QT_TRANSLATE_NOOP(
+        "Capabilities",
+        "This desktop lets no program type, so clips are put on the clipboard only.");
+    if (wayland.versionOf("org_kde_plasma_shell") > 0) {
+        pasting.state = Capability::State::WorksAfter;
+        pasting.reason = QT_TRANSLATE_NOOP(
+            "Capabilities",
+            "KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.");
+        pasting.remedy = QT_TRANSLATE_NOOP(
+            "Capabilities", "Install the package, or start Quillmarsh from its menu entry.");
+    }
+    return pasting;
+}
+
+/// Tells, too, what becomes of pasting.
+std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandConnection> &wayland,
+                                                const std::shared_ptr<const Toplevels> &toplevels,
+                                                const Platform &platform,
+                                                WaylandPasteboard &pasteboard)
+{
+    std::unique_ptr<Typist> typist = makeTypist(wayland, toplevels);
+    if (!typist) {
+        platform.capabilities->tell(pastingWithheld(*wayland));
+        return std::make_unique<AbsentKeySender>();
+    }
+    platform.capabilities->tell({Capability::Kind::Pasting});
+    const WaylandKeySender::Selections selections{
+        [&pasteboard] { pasteboard.expectPaste(); }, [&pasteboard] { pasteboard.offerPrimary(); },
+        [&pasteboard](Toplevels::Id window) { pasteboard.publishPrimary(window); }};
+    return std::make_unique<WaylandKeySender>(
+        std::move(typist), toplevels, *platform.applicationNames, selections, readUsersKeys);
+}
+
 /// They bind what they need of the connection, whose thread begins when all have.
 void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries)
 {
@@ -187,13 +239,15 @@ void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryC
     const auto frontNames = std::make_shared<FrontNames>(toplevels, *platform.applicationNames);
     platform.frontApplication =
         std::make_unique<WaylandFrontApplication>(wayland, toplevels, frontNames);
-    platform.pasteboard = std::make_unique<WaylandPasteboard>(wayland, [toplevels, frontNames] {
+    auto pasteboard = std::make_unique<WaylandPasteboard>(wayland, [toplevels, frontNames] {
         const FrontNames::Front front = frontNames->front();
         const auto window = toplevels->front();
         return WaylandPasteboard::Front{front.applicationName, front.isOurs,
                                         window ? window->id : 0};
     });
     platform.capabilities->tell({Capability::Kind::Recording});
+    platform.keySender = makeWaylandKeySender(wayland, toplevels, platform, *pasteboard);
+    platform.pasteboard = std::move(pasteboard);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
         entries, [toplevels] { return toplevels->identities(); });
     // No tray of windows: only those panels that are told over the bus.
