@@ -160,9 +160,8 @@ void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatal
 
 std::unique_ptr<WindowSpace>
 makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
-                       Capabilities &capabilities)
+                       const std::function<bool()> &areAnimationsWanted, Capabilities &capabilities)
 {
-    const auto areAnimationsWanted = [] { return true; };
 #ifdef QUILLMARSH_HAS_LAYER_SHELL
     if (wayland.versionOf("zwlr_layer_shell_v1") > 0) {
         capabilities.tell({Capability::Kind::WindowPlace});
@@ -230,10 +229,12 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
 }
 
 /// They bind what they need of the connection, whose thread begins when all have.
-void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries)
+void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries,
+                         const std::function<bool()> &areAnimationsWanted)
 {
     const std::shared_ptr<WaylandConnection> wayland = std::exchange(g_wayland, nullptr);
-    platform.windowSpace = makeWaylandWindowSpace(*wayland, *platform.capabilities);
+    platform.windowSpace =
+        makeWaylandWindowSpace(*wayland, areAnimationsWanted, *platform.capabilities);
     platform.keyboardLayout = std::make_unique<WaylandKeyboardLayout>(wayland);
     const std::shared_ptr<Toplevels> toplevels = makeToplevels(wayland);
     const auto frontNames = std::make_shared<FrontNames>(toplevels, *platform.applicationNames);
@@ -294,7 +295,11 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     const auto entries = std::make_shared<DesktopEntryCatalog>(
         *platform->fileQuestions, g_entryFolders.value_or(DesktopEntryScan::standardFolders()));
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
-    platform->appearance = std::make_unique<PortalAppearance>();
+    auto appearance = std::make_unique<PortalAppearance>();
+    const auto areAnimationsWanted = [portal = appearance.get()] {
+        return portal->areAnimationsWanted();
+    };
+    platform->appearance = std::move(appearance);
     platform->applicationNames = std::make_unique<DesktopEntryApplicationNames>(entries);
     platform->loginItems = std::make_unique<FreedesktopLoginItems>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
@@ -302,7 +307,7 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     platform->workspace = std::make_unique<FreedesktopWorkspace>(*platform->fileQuestions);
     platform->symbolicHotKeys = std::make_unique<FreedesktopSymbolicHotKeys>();
     if (g_wayland)
-        makeWaylandAdapters(*platform, entries);
+        makeWaylandAdapters(*platform, entries, areAnimationsWanted);
     else
         makeX11Adapters(*platform, entries);
     return platform;

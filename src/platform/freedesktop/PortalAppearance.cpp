@@ -18,6 +18,23 @@ const auto kSpace = QStringLiteral("org.freedesktop.appearance");
 const auto kColorScheme = QStringLiteral("color-scheme");
 const auto kAccentColor = QStringLiteral("accent-color");
 
+/// What both desktops say about animations, in the portal's names.
+const auto kGnomeSpace = QStringLiteral("org.gnome.desktop.interface");
+const auto kGnomeAnimations = QStringLiteral("enable-animations");
+const auto kKdeSpace = QStringLiteral("org.kde.kdeglobals.KDE");
+const auto kKdeDuration = QStringLiteral("AnimationDurationFactor");
+
+/// A switch, or what durations are multiplied by, as a number or its text; absent when it is
+/// neither.
+std::optional<bool> toAnimationsWanted(const QVariant &value)
+{
+    if (value.typeId() == QMetaType::Bool)
+        return value.toBool();
+    bool isNumber = false;
+    const double factor = value.toDouble(&isNumber);
+    return isNumber ? std::optional(factor > 0) : std::nullopt;
+}
+
 Appearance::ColorScheme toColorScheme(const QVariant &value)
 {
     // Later portals may know further values, which mean no preference to whoever does not.
@@ -78,7 +95,7 @@ void PortalAppearance::readAll()
     auto call =
         QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("ReadAll"));
     // All at once, because portals without an accent answer an error to a question for it.
-    call << QStringList{kSpace};
+    call << QStringList{kSpace, kGnomeSpace, kKdeSpace};
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
@@ -86,6 +103,10 @@ void PortalAppearance::readAll()
         if (reply.isError())
             return;
         const QVariantMap settings = reply.value().value(kSpace);
+        const auto gnome =
+            toAnimationsWanted(reply.value().value(kGnomeSpace).value(kGnomeAnimations));
+        const auto kde = toAnimationsWanted(reply.value().value(kKdeSpace).value(kKdeDuration));
+        m_areAnimationsWanted = gnome.value_or(true) && kde.value_or(true);
         take(toColorScheme(settings.value(kColorScheme)), toColor(settings.value(kAccentColor)));
     });
 }
@@ -93,6 +114,9 @@ void PortalAppearance::readAll()
 void PortalAppearance::settingChanged(const QString &space, const QString &key,
                                       const QDBusVariant &value)
 {
+    if ((space == kGnomeSpace && key == kGnomeAnimations) ||
+        (space == kKdeSpace && key == kKdeDuration))
+        m_areAnimationsWanted = toAnimationsWanted(value.variant()).value_or(m_areAnimationsWanted);
     if (space != kSpace)
         return;
     if (key == kColorScheme)

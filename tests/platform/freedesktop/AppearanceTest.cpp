@@ -141,6 +141,39 @@ TEST(PortalAppearance, aPortalThatStartsLaterIsReadAndWhatItCannotMeanIsPassedOv
     }
 }
 
+TEST(PortalAppearance, animationsAreAsEitherDesktopSays)
+{
+    const auto gnome = QStringLiteral("org.gnome.desktop.interface");
+    const auto kde = QStringLiteral("org.kde.kdeglobals.KDE");
+    const auto switchOf = QStringLiteral("enable-animations");
+    const auto factorOf = QStringLiteral("AnimationDurationFactor");
+    PortalDesktop desktop;
+    EXPECT_TRUE(desktop.appearance.areAnimationsWanted()) << "nothing said";
+    const std::tuple<QString, QString, QVariant, bool> rows[] = {
+        {gnome, switchOf, false, false},
+        {gnome, switchOf, true, true},
+        {kde, factorOf, QStringLiteral("0"), false},
+        {kde, factorOf, QStringLiteral("nonsense"), false},
+        {kde, factorOf, QStringLiteral("0.5"), true},
+    };
+    for (const auto &[space, key, value, wanted] : rows) {
+        desktop.set(key, value, space);
+        const auto scheme = wanted ? Scheme::Dark : Scheme::Light;
+        desktop.setScheme(scheme);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return desktop.appearance.colorScheme() == scheme; }));
+        EXPECT_EQ(desktop.appearance.areAnimationsWanted(), wanted) << qPrintable(value.toString());
+        desktop.setScheme(Scheme::Unspecified);
+    }
+    desktop.portal.vanish();
+    desktop.portal.tell([&](FakePortal &fake) {
+        fake.settings[gnome] = {{switchOf, false}};
+        fake.settings[kSpace] = {{kColorScheme, 1U}};
+    });
+    desktop.portal.appear();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return desktop.appearance.colorScheme() == Scheme::Dark; }));
+    EXPECT_FALSE(desktop.appearance.areAnimationsWanted()) << "a portal that starts later";
+}
+
 } // namespace
 
 #include "AppearanceTest.moc"
