@@ -3,6 +3,7 @@
 #include "platform/wayland/QtWaylandRequests.h"
 #include "platform/wayland/WaylandConnection.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -28,6 +29,7 @@ WaylandFrontApplication::WaylandFrontApplication(std::shared_ptr<WaylandConnecti
 {
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
             &WaylandFrontApplication::followKeyboard);
+    qGuiApp->installEventFilter(this);
 }
 
 WaylandFrontApplication::~WaylandFrontApplication()
@@ -78,6 +80,16 @@ void WaylandFrontApplication::endStartup(const QString &activationToken)
     m_activationToken = activationToken.toUtf8();
 }
 
+bool WaylandFrontApplication::eventFilter(QObject *watched, QEvent *event)
+{
+    // Of a window that is closed the toolkit does not say that the keyboard has left it, and of one
+    // that is hidden only when the compositor has told.
+    if (event->type() == QEvent::Hide && watched->isWindowType() &&
+        (watched == QGuiApplication::focusWindow() || !QGuiApplication::focusWindow()))
+        followKeyboard(nullptr);
+    return FrontApplication::eventFilter(watched, event);
+}
+
 void WaylandFrontApplication::followKeyboard(const QWindow *window)
 {
     m_names->setOursHasKeyboard(window != nullptr);
@@ -98,7 +110,8 @@ void WaylandFrontApplication::followKeyboard(const QWindow *window)
 
 void WaylandFrontApplication::letTargetGo()
 {
-    if (QGuiApplication::focusWindow() || !std::exchange(m_isTargetHeld, false))
+    const QWindow *window = QGuiApplication::focusWindow();
+    if ((window && window->isVisible()) || !std::exchange(m_isTargetHeld, false))
         return;
     m_connection->post([this] { m_toplevels->letTargetGo(); });
 }

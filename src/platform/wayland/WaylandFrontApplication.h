@@ -35,6 +35,9 @@ public:
     bool isInFront(const QWindow &window) const override;
     void endStartup(const QString &activationToken) override;
 
+    // ^QObject
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void followKeyboard(const QWindow *window);
     void letTargetGo();
