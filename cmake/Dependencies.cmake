@@ -24,6 +24,7 @@ find_package(PlasmaWaylandProtocols REQUIRED) # Sets PLASMA_WAYLAND_PROTOCOLS_DI
 if(QUILLMARSH_TESTS)
   find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
   find_package(GTest REQUIRED)
+  pkg_check_modules(wayland_server REQUIRED IMPORTED_TARGET wayland-server)
   pkg_check_modules(xtst REQUIRED IMPORTED_TARGET xtst xi x11)
 endif()
 if(QUILLMARSH_BENCH)
