@@ -184,6 +184,15 @@ void WaylandPasteboardService::markText(std::shared_ptr<const CopyOffer> offer)
 
 void WaylandPasteboardService::askText(Pasteboard::Selection selection, Receiver receive)
 {
+    // Whoever owns the selection now is who is meant, although the word of it may be on its way.
+    if (m_connection.roundTrip())
+        answerText(selection, std::move(receive));
+    else
+        receive(std::nullopt);
+}
+
+void WaylandPasteboardService::answerText(Pasteboard::Selection selection, Receiver receive)
+{
     const bool isClipboard = selection == Pasteboard::Selection::Clipboard;
     const Selection asked = isClipboard ? Selection::Clipboard : Selection::Primary;
     std::shared_ptr<const CopyOffer> offer = ownOffer(asked);
@@ -205,7 +214,7 @@ void WaylandPasteboardService::answerAwaiting()
     m_changes.setReading(false);
     const auto awaiting = std::exchange(m_awaitingClipboard, {});
     for (const Receiver &receive : awaiting)
-        askText(Pasteboard::Selection::Clipboard, receive);
+        answerText(Pasteboard::Selection::Clipboard, receive);
 }
 
 void WaylandPasteboardService::ask(Selection selection, Receiver receive)
@@ -251,9 +260,9 @@ void WaylandPasteboardService::askAnew(Selection selection)
     question->second.reader->abandon();
     const auto receivers = std::exchange(question->second.receivers, {});
     for (const Receiver &receive : receivers)
-        askText(selection == Selection::Clipboard ? Pasteboard::Selection::Clipboard
-                                                  : Pasteboard::Selection::Primary,
-                receive);
+        answerText(selection == Selection::Clipboard ? Pasteboard::Selection::Clipboard
+                                                     : Pasteboard::Selection::Primary,
+                   receive);
 }
 
 void WaylandPasteboardService::publishPrimary(quint64 window)

@@ -110,6 +110,7 @@ private:
     void collectPrimary();
     void finishClearing();
     void adoptIfWanted();
+    void answerText(Pasteboard::Selection selection, Receiver receive);
     void ask(Selection selection, Receiver receive);
     void answerFinished(Selection selection);
     void answerAwaiting();
