@@ -2,6 +2,8 @@
 
 #include "platform/DisplayChoice.h"
 #include "platform/Info.h"
+#include "platform/OwnProgram.h"
+#include "platform/absent/AbsentHotKeys.h"
 #include "platform/absent/AbsentKeySender.h"
 #include "platform/freedesktop/DataFolders.h"
 #include "platform/freedesktop/FreedesktopNotifications.h"
@@ -20,6 +22,7 @@
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
 #include "platform/kde/FakeInput.h"
+#include "platform/kde/KGlobalAccelHotKeys.h"
 #include "platform/kde/PlasmaWindows.h"
 #include "platform/wayland/FrontNames.h"
 #include "platform/wayland/PlainWindowSpace.h"
@@ -44,9 +47,12 @@
 #endif
 
 #include <QCoreApplication>
+#include <QDBusConnection>
 #include <QDir>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLoggingCategory>
+#include <QProcessEnvironment>
 #include <QStandardPaths>
 
 #include <xcb/xcb.h>
@@ -131,6 +137,39 @@ void tellThatAllWorks(Capabilities &capabilities)
         capabilities.tell({kind});
 }
 
+/// Plasma's own service of shortcuts, and `otherwise` on other desktops or where it is not there.
+std::unique_ptr<HotKeys> makeHotKeys(const KeyboardLayout &layout,
+                                     std::unique_ptr<HotKeys> otherwise)
+{
+    const QStringList desktops = FreedesktopSymbolicHotKeys::currentDesktops();
+    if (!desktops.contains(u"KDE", Qt::CaseInsensitive))
+        return otherwise;
+    return std::make_unique<KGlobalAccelHotKeys>(QDBusConnection::sessionBus(), layout,
+                                                 std::move(otherwise));
+}
+
+/// How a command of the desktop's starts us: by its name alone where that finds us.
+QString ownCommand()
+{
+    const auto name = QStringLiteral("quillmarsh");
+    const QString program = OwnProgram::startPath();
+    const QString found = QStandardPaths::findExecutable(name);
+    return QFileInfo(found).canonicalFilePath() == program ? name : program;
+}
+
+void tellOfHotKeys(const HotKeys &hotKeys, Capabilities &capabilities)
+{
+    Capability shortcuts{Capability::Kind::Shortcuts};
+    if (hotKeys.control() == HotKeys::Control::Nobody) {
+        shortcuts.state = Capability::State::WorksAfter;
+        shortcuts.reason =
+            QT_TRANSLATE_NOOP("Capabilities", "This desktop lets no program set shortcuts.");
+        shortcuts.remedy =
+            QT_TRANSLATE_NOOP("Capabilities", "Have its configuration start Quillmarsh for a key.");
+    }
+    capabilities.tell(shortcuts);
+}
+
 /// Where one adapter needs another, it is the sibling it was made with: both know X11.
 void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries)
 {
@@ -149,7 +188,7 @@ void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatal
                      &X11HotKeys::letTypedAheadGo);
     platform.windowSpace = std::make_unique<X11WindowSpace>();
     platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
-    platform.hotKeys = std::move(hotKeys);
+    platform.hotKeys = makeHotKeys(*platform.keyboardLayout, std::move(hotKeys));
     platform.frontApplication = std::move(frontApplication);
     platform.pasteboard = std::move(pasteboard);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
@@ -228,6 +267,22 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
         std::move(typist), toplevels, *platform.applicationNames, selections, readUsersKeys);
 }
 
+void makeWaylandHotKeys(Platform &platform)
+{
+    const auto compositor =
+        CompositorBindings::compositorIn(QProcessEnvironment::systemEnvironment());
+    platform.hotKeys = makeHotKeys(
+        *platform.keyboardLayout,
+        std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor, ownCommand()));
+    const auto tell = [hotKeys = platform.hotKeys.get(),
+                       capabilities = platform.capabilities.get()] {
+        tellOfHotKeys(*hotKeys, *capabilities);
+    };
+    tell();
+    QObject::connect(platform.hotKeys.get(), &HotKeys::controlChanged, platform.capabilities.get(),
+                     tell);
+}
+
 /// They bind what they need of the connection, whose thread begins when all have.
 void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries,
                          const std::function<bool()> &areAnimationsWanted)
@@ -249,6 +304,7 @@ void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryC
     platform.capabilities->tell({Capability::Kind::Recording});
     platform.keySender = makeWaylandKeySender(wayland, toplevels, platform, *pasteboard);
     platform.pasteboard = std::move(pasteboard);
+    makeWaylandHotKeys(platform);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
         entries, [toplevels] { return toplevels->identities(); });
     // No tray of windows: only those panels that are told over the bus.

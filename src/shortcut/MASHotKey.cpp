@@ -1,6 +1,5 @@
 #include "shortcut/MASHotKey.h"
 
-#include "platform/HotKeys.h"
 #include "shortcut/MASShortcut.h"
 
 namespace {
@@ -13,13 +12,17 @@ quint32 nextCarbonID()
 
 } // namespace
 
-std::unique_ptr<MASHotKey> MASHotKey::registeredHotKeyWithShortcut(HotKeys &hotKeys,
-                                                                   const MASShortcut &shortcut)
+std::unique_ptr<MASHotKey>
+MASHotKey::registeredHotKeyWithShortcut(HotKeys &hotKeys, const MASShortcut &shortcut,
+                                        const std::optional<HotKeyAction> &named)
 {
     std::unique_ptr<MASHotKey> hotKey(new MASHotKey);
     hotKey->m_carbonID = nextCarbonID();
-    if (!hotKeys.registerHotKey({kSignature, hotKey->m_carbonID}, shortcut.carbonKeyCode(),
-                                shortcut.carbonFlags()))
+    const HotKeyId id{kSignature, hotKey->m_carbonID};
+    const bool isRegistered =
+        named ? hotKeys.registerAction(id, shortcut.carbonKeyCode(), shortcut.carbonFlags(), *named)
+              : hotKeys.registerHotKey(id, shortcut.carbonKeyCode(), shortcut.carbonFlags());
+    if (!isRegistered)
         return nullptr;
     hotKey->m_hotKeys = &hotKeys;
     return hotKey;

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/HotKeys.h"
+
 #include <QPointer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
-class HotKeys;
 class MASShortcut;
 
 /// One registration of a shortcut with the hot-key service, which it releases when it is
@@ -18,9 +20,10 @@ public:
     static constexpr quint32 kSignature = 0x4D415353;
 
     /// Registers the shortcut; null when the service refuses it. `hotKeys` may go before the
-    /// result does.
+    /// result does. `named`, when given, is how the desktop's settings list it.
     [[nodiscard]] static std::unique_ptr<MASHotKey>
-    registeredHotKeyWithShortcut(HotKeys &hotKeys, const MASShortcut &shortcut);
+    registeredHotKeyWithShortcut(HotKeys &hotKeys, const MASShortcut &shortcut,
+                                 const std::optional<HotKeyAction> &named = std::nullopt);
 
     MASHotKey(const MASHotKey &) = delete;
     MASHotKey &operator=(const MASHotKey &) = delete;

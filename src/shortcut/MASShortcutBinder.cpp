@@ -1,5 +1,6 @@
 #include "shortcut/MASShortcutBinder.h"
 
+#include "platform/ModifierFlags.h"
 #include "platform/SettingsStore.h"
 #include "shortcut/KeyNames.h"
 #include "shortcut/KeyedUnarchiveTransformer.h"
@@ -29,8 +30,10 @@ MASShortcutBinder::MASShortcutBinder(SettingsStore &settings, MASShortcutMonitor
     // Not only when the value differs: whoever records a shortcut anew wants it to work from now
     // on, whatever kept it from doing so before.
     connect(&settings, &SettingsStore::valueStored, this, &MASShortcutBinder::deliver);
-    if (monitor)
+    if (monitor) {
         connect(monitor, &MASShortcutMonitor::availabilityChanged, this, &MASShortcutBinder::retry);
+        connect(monitor, &MASShortcutMonitor::chosenElsewhere, this, &MASShortcutBinder::follow);
+    }
     connect(&KeyNames::current(), &KeyNames::changed, this, &MASShortcutBinder::retry);
     m_retryTimer.setInterval(kRetryInterval);
     m_retryTimer.callOnTimeout(this, &MASShortcutBinder::retry);
@@ -48,10 +51,11 @@ MASShortcutBinder *MASShortcutBinder::sharedBinder()
 }
 
 void MASShortcutBinder::bindShortcutWithDefaultsKey(const QString &key,
-                                                    std::function<void()> action)
+                                                    std::function<void()> action,
+                                                    const QString &title)
 {
     release(key);
-    m_actions.insert(key, {std::move(action), m_bindingOptions});
+    m_actions.insert(key, {std::move(action), m_bindingOptions, title});
     deliver(key);
 }
 
@@ -91,6 +95,7 @@ void MASShortcutBinder::setValueForUndefinedKey(const std::optional<MASShortcut>
         qFatal("MASShortcutBinder takes no value for the key %s", qUtf8Printable(key));
 
     release(key);
+    boundTo(key).keysChosenElsewhere.clear();
     // Deliberately, a cleared shortcut stays readable under its key until another is stored.
     if (!value)
         return;
@@ -127,22 +132,47 @@ void MASShortcutBinder::release(const QString &key)
 
 void MASShortcutBinder::tryToRegister(const QString &key)
 {
-    setState(key, registered(m_actions.value(key)));
+    setState(key, registered(key));
     if (hotKeyState(key) != HotKeyState::Works)
         return;
     for (const QString &other : othersWith(*m_actions.value(key).wanted, key))
         setState(other, HotKeyState::DoublyBound);
 }
 
-MASShortcutBinder::HotKeyState MASShortcutBinder::registered(const Bound &bound) const
+MASShortcutBinder::HotKeyState MASShortcutBinder::registered(const QString &key) const
 {
-    if (!m_shortcutMonitor || !bound.wanted)
+    const Bound bound = m_actions.value(key);
+    if (!m_shortcutMonitor || !bound.wanted || !m_shortcutMonitor->canRegister())
         return HotKeyState::None;
     if (!m_validator->isShortcutRecordable(*bound.wanted))
         return HotKeyState::Unusable;
-    return m_shortcutMonitor->registerShortcut(*bound.wanted, bound.action)
+    const auto named =
+        bound.title.isEmpty() ? std::nullopt : std::optional(HotKeyAction{key, bound.title});
+    return m_shortcutMonitor->registerShortcut(*bound.wanted, bound.action, named)
                ? HotKeyState::Works
                : HotKeyState::HeldElsewhere;
+}
+
+/// What the user has chosen in the desktop's settings is stored like what a recorder records.
+void MASShortcutBinder::follow(const MASShortcut &shortcut, const HotKeyChoice &choice)
+{
+    const auto bound = std::find_if(m_actions.begin(), m_actions.end(), [&](const Bound &other) {
+        return other.state == HotKeyState::Works && other.wanted == shortcut;
+    });
+    SettingsStore *const settings = m_settings;
+    if (bound == m_actions.end() || !settings)
+        return;
+    std::optional<MASShortcut> chosen;
+    if (choice.combination)
+        chosen = MASShortcut(choice.combination->keyCode,
+                             ModifierFlags::ofCarbon(choice.combination->carbonModifiers));
+    const bool isRecordable = chosen && m_validator->isShortcutRecordable(*chosen);
+    if (isRecordable || choice.description.isEmpty()) {
+        settings->setValue(bound.key(), bound->options.storedFormOf(chosen));
+        return;
+    }
+    bound->keysChosenElsewhere = choice.description;
+    Q_EMIT hotKeyStateChanged(bound.key());
 }
 
 void MASShortcutBinder::retry()

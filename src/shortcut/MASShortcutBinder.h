@@ -15,6 +15,7 @@
 #include <functional>
 #include <optional>
 
+struct HotKeyChoice;
 class MASShortcutMonitor;
 class MASShortcutValidator;
 class SettingsStore;
@@ -31,7 +32,7 @@ class MASShortcutBinder : public QObject
 public:
     /// What has become of the shortcut under a bound key.
     enum class HotKeyState {
-        None,          ///< There is none.
+        None,          ///< There is none, or no program of this desktop can have one.
         Works,         ///< It is a hot key.
         HeldElsewhere, ///< Another program has the combination.
         DoublyBound,   ///< An equal one, stored later under another key, is the hot key.
@@ -55,13 +56,21 @@ public:
     void setBindingOptions(const BindingOptions &options) { m_bindingOptions = options; }
 
     /// Runs `action` at each press of the shortcut stored under the key, whichever that is at the
-    /// time. A shortcut stored already is registered before this returns.
-    void bindShortcutWithDefaultsKey(const QString &key, std::function<void()> action);
+    /// time. A shortcut stored already is registered before this returns. With a title, the
+    /// desktop's own settings may list it, and what the user chooses there is stored here.
+    void bindShortcutWithDefaultsKey(const QString &key, std::function<void()> action,
+                                     const QString &title = {});
     void breakBindingWithDefaultsKey(const QString &key);
     bool isRegisteredAction(const QString &key) const { return m_actions.contains(key); }
 
     /// For a key without a binding there is no hot key either.
     HotKeyState hotKeyState(const QString &key) const { return m_actions.value(key).state; }
+    /// The keys that the user chose in the desktop's settings instead of the shortcut, and which
+    /// are none that a recorder could record; empty when there are none.
+    QString keysChosenElsewhere(const QString &key) const
+    {
+        return m_actions.value(key).keysChosenElsewhere;
+    }
     /// Whether a key other than `key` has this very shortcut.
     bool isBoundElsewhere(const MASShortcut &shortcut, const QString &key) const;
 
@@ -92,9 +101,11 @@ private:
     {
         std::function<void()> action;
         BindingOptions options;
+        QString title = {};
         /// Absent when it was cleared.
         std::optional<MASShortcut> wanted = {};
         HotKeyState state = HotKeyState::None;
+        QString keysChosenElsewhere = {};
     };
 
     /// A key that is bound.
@@ -103,7 +114,8 @@ private:
     /// Gives back the hot key of `key`, and hands it on to a key that waits for an equal one.
     void release(const QString &key);
     void tryToRegister(const QString &key);
-    HotKeyState registered(const Bound &bound) const;
+    HotKeyState registered(const QString &key) const;
+    void follow(const MASShortcut &shortcut, const HotKeyChoice &choice);
     void retry();
     void setState(const QString &key, HotKeyState state);
     /// The other keys that want this very shortcut.

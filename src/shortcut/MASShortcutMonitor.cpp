@@ -15,6 +15,8 @@ MASShortcutMonitor::MASShortcutMonitor(HotKeys &hotKeys, QObject *parent)
     connect(&hotKeys, &HotKeys::pressed, this, &MASShortcutMonitor::handleEvent);
     connect(&hotKeys, &HotKeys::availabilityChanged, this,
             &MASShortcutMonitor::availabilityChanged);
+    connect(&hotKeys, &HotKeys::controlChanged, this, &MASShortcutMonitor::availabilityChanged);
+    connect(&hotKeys, &HotKeys::chosenElsewhere, this, &MASShortcutMonitor::handleChoice);
 }
 
 MASShortcutMonitor::~MASShortcutMonitor() = default;
@@ -29,12 +31,13 @@ MASShortcutMonitor *MASShortcutMonitor::sharedMonitor()
     return g_sharedMonitor;
 }
 
-bool MASShortcutMonitor::registerShortcut(const MASShortcut &shortcut, std::function<void()> action)
+bool MASShortcutMonitor::registerShortcut(const MASShortcut &shortcut, std::function<void()> action,
+                                          const std::optional<HotKeyAction> &named)
 {
     HotKeys *const service = m_service;
     if (!service)
         return false;
-    auto hotKey = MASHotKey::registeredHotKeyWithShortcut(*service, shortcut);
+    auto hotKey = MASHotKey::registeredHotKeyWithShortcut(*service, shortcut, named);
     if (!hotKey)
         return false;
     hotKey->setAction(std::move(action));
@@ -59,10 +62,29 @@ bool MASShortcutMonitor::isShortcutGranted(const MASShortcut &shortcut) const
     return registered != m_hotKeys.end() && registered->second->isGranted();
 }
 
+bool MASShortcutMonitor::canRegister() const
+{
+    const HotKeys *const service = m_service;
+    return service && service->control() == HotKeys::Control::Ours;
+}
+
 void MASShortcutMonitor::setSuspended(bool isSuspended)
 {
     if (HotKeys *const service = m_service)
         service->setSuspended(isSuspended);
+}
+
+void MASShortcutMonitor::handleChoice(HotKeyId id, const HotKeyChoice &choice)
+{
+    if (id.signature != MASHotKey::kSignature)
+        return;
+    for (const auto &[shortcut, hotKey] : m_hotKeys) {
+        if (hotKey->carbonID() != id.id)
+            continue;
+        // A copy, because whoever follows the choice drops the registration.
+        Q_EMIT chosenElsewhere(MASShortcut(shortcut), choice);
+        return;
+    }
 }
 
 void MASShortcutMonitor::handleEvent(const HotKeyEvent &event)

@@ -31,8 +31,9 @@ public:
 
     /// Registers the shortcut, in place of an earlier registration of an equal one. False when the
     /// hot-key service refuses it; nothing has changed then. The action is queued on the event
-    /// loop at each press.
-    [[nodiscard]] bool registerShortcut(const MASShortcut &shortcut, std::function<void()> action);
+    /// loop at each press. `named`, when given, is how the desktop's settings list it.
+    [[nodiscard]] bool registerShortcut(const MASShortcut &shortcut, std::function<void()> action,
+                                        const std::optional<HotKeyAction> &named = std::nullopt);
 
     /// No shortcut, or one that is not registered, is ignored.
     void unregisterShortcut(const std::optional<MASShortcut> &shortcut);
@@ -41,6 +42,9 @@ public:
     /// Whether a registered shortcut still reaches us; another program may have taken it since.
     bool isShortcutGranted(const MASShortcut &shortcut) const;
 
+    /// Whether a program of this desktop can have hot keys at all.
+    bool canRegister() const;
+
     /// Holds all hot keys back while a recorder records, and puts them back.
     void setSuspended(bool isSuspended);
 
@@ -48,6 +52,8 @@ Q_SIGNALS:
     /// A shortcut that was refused is worth another try, and one that is registered the question
     /// whether it is still granted.
     void availabilityChanged();
+    /// The user has chosen otherwise for a registered shortcut in the desktop's own settings.
+    void chosenElsewhere(const MASShortcut &shortcut, const HotKeyChoice &choice);
 
 private:
     struct Hash
@@ -56,6 +62,7 @@ private:
     };
 
     void handleEvent(const HotKeyEvent &event);
+    void handleChoice(HotKeyId id, const HotKeyChoice &choice);
 
     QPointer<HotKeys> m_service;
     std::unordered_map<MASShortcut, std::unique_ptr<MASHotKey>, Hash> m_hotKeys;

@@ -62,6 +62,42 @@ protected:
     int m_runs = 0;
 };
 
+TEST_F(Binder, whatTheUserChoosesInTheDesktopsSettingsIsStoredOrTold)
+{
+    m_settings.setValue(kKey, kShiftCommandV.archive());
+    bind();
+    const auto choose = [this](const MASShortcut &before, const HotKeyChoice &choice) {
+        const auto ids = m_hotKeys.idsOf(before.carbonKeyCode(), before.carbonFlags());
+        ASSERT_EQ(ids.size(), 1U);
+        Q_EMIT m_hotKeys.chosenElsewhere(ids.front(), choice);
+    };
+    choose(kShiftCommandV,
+           {HotKeyCombination{kShiftCommandX.carbonKeyCode(), kShiftCommandX.carbonFlags()},
+            QStringLiteral("Meta+Shift+X")});
+    EXPECT_EQ(m_settings.value(kKey), kShiftCommandX.archive());
+    EXPECT_TRUE(runs(kShiftCommandX));
+    EXPECT_FALSE(runs(kShiftCommandV));
+    // No recorder records these: the stored shortcut stays, and a note tells of them.
+    for (const auto &combination : {std::optional<HotKeyCombination>(),
+                                    std::optional(HotKeyCombination{VirtualKey::kV, 0})}) {
+        choose(kShiftCommandX, {combination, QStringLiteral("Tools")});
+        EXPECT_EQ(m_binder.keysChosenElsewhere(kKey), QStringLiteral("Tools"));
+        EXPECT_EQ(m_settings.value(kKey), kShiftCommandX.archive());
+    }
+    choose(kShiftCommandX, {});
+    EXPECT_EQ(m_binder.keysChosenElsewhere(kKey), QString());
+    EXPECT_EQ(m_binder.hotKeyState(kKey), HotKeyState::None);
+    EXPECT_EQ(m_settings.value(kKey), m_binder.bindingOptions().storedFormOf(std::nullopt));
+}
+
+TEST_F(Binder, whereNoProgramCanHaveShortcutsNoneIsWaitedFor)
+{
+    m_hotKeys.setControl(HotKeys::Control::Nobody);
+    m_settings.setValue(kKey, kShiftCommandV.archive());
+    bind();
+    EXPECT_EQ(m_binder.hotKeyState(kKey), HotKeyState::None);
+}
+
 TEST_F(Binder, aShortcutStoredBeforeOrAfterTheBindingWorksAtOnce)
 {
     bind();

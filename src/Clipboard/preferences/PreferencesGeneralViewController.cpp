@@ -214,8 +214,11 @@ bool PreferencesGeneralViewController::bindShortcuts()
     MASShortcutBinder *binder = MASShortcutBinder::sharedBinder();
     if (!openShortcut || !swopShortcut || !binder)
         return false;
-    binder->bindShortcutWithDefaultsKey(openShortCutPrefKey, [this] { m_appDelegate.launch(); });
-    binder->bindShortcutWithDefaultsKey(swopShortCutPrefKey, [this] { m_appDelegate.swop(); });
+    // The titles stand in the desktop's own settings, which list them under our name.
+    binder->bindShortcutWithDefaultsKey(
+        openShortCutPrefKey, [this] { m_appDelegate.launch(); }, tr("Show clipboard history"));
+    binder->bindShortcutWithDefaultsKey(
+        swopShortCutPrefKey, [this] { m_appDelegate.swop(); }, tr("Swop selection with a clip"));
     return true;
 }
 

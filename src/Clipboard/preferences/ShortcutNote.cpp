@@ -45,6 +45,9 @@ void ShortcutNote::refresh()
     case HotKeyState::Works:
         break;
     }
+    if (const QString keys = binder && key ? binder->keysChosenElsewhere(*key) : QString();
+        !keys.isEmpty())
+        problem = tr("%1 in the desktop’s settings").arg(keys);
     const QString words = shortcut ? GlobalShortcuts::wordName(*shortcut) : QString();
     setText(problem.isEmpty() ? words : problem);
     setEmphasised(!problem.isEmpty());

@@ -145,7 +145,10 @@ TEST(PlasmaShortcuts, onlyWhatIsInForceIsTaken)
     const auto hotKeys = PlasmaShortcuts::parse(
         sample("kglobalshortcutsrc") +
         "\n[services][org.kde.konsole.desktop]\n_launch=Ctrl+Alt+T\n_k_friendly_name=Meta+K\n"
-        "Comma=Meta+\\\\,,none,Comma\nChanged=none,Meta+Y,Changed\n");
+        "Comma=Meta+\\\\,,none,Comma\nChanged=none,Meta+Y,Changed\n"
+        "[org.quillmarsh.Quillmarsh]\nopenShortCut=Meta+Shift+V,none,Show\n[kded]\nx=Meta+U,,x\n");
+    EXPECT_FALSE(takes(hotKeys, VirtualKey::kV, kCommand | kShift)); // Our own.
+    EXPECT_TRUE(takes(hotKeys, VirtualKey::kU, kCommand));
     EXPECT_TRUE(takes(hotKeys, VirtualKey::kW, kCommand));
     EXPECT_TRUE(takes(hotKeys, VirtualKey::kEqual, kCommand));
     EXPECT_TRUE(takes(hotKeys, VirtualKey::kF10, kControl));

@@ -6,12 +6,21 @@
 
 bool MemoryHotKeys::registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers)
 {
-    if (!VirtualKey::toEvdev(keyCode) || !isAvailable(keyCode, carbonModifiers))
+    if (m_control == Control::Nobody || !VirtualKey::toEvdev(keyCode) ||
+        !isAvailable(keyCode, carbonModifiers))
         return false;
     if (!m_registrations.insert({id, {keyCode, carbonModifiers}}).second)
         return false;
     m_lost.erase({keyCode, carbonModifiers});
     return true;
+}
+
+QString MemoryHotKeys::configurationFor(const HotKeyCombination &combination,
+                                        const QString &word) const
+{
+    return m_control == Control::Nobody
+               ? QStringLiteral("bind %1 quillmarsh %2").arg(combination.keyCode).arg(word)
+               : QString();
 }
 
 bool MemoryHotKeys::isAvailable(quint32 keyCode, quint32 carbonModifiers)

@@ -37,7 +37,17 @@ public:
     std::vector<HotKeyId> idsOf(quint32 keyCode, quint32 carbonModifiers) const;
     bool isSuspended() const { return m_isSuspended; }
 
+    /// Whether this desktop gives programs hot keys.
+    void setControl(Control control)
+    {
+        m_control = control;
+        Q_EMIT controlChanged();
+    }
+
     // ^HotKeys
+    Control control() const override { return m_control; }
+    QString configurationFor(const HotKeyCombination &combination,
+                             const QString &word) const override;
     bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
     void unregisterHotKey(HotKeyId id) override { m_registrations.erase(id); }
     bool isAvailable(quint32 keyCode, quint32 carbonModifiers) override;
@@ -51,4 +61,5 @@ private:
     std::set<Combination> m_heldElsewhere;
     std::set<Combination> m_lost; ///< Registered, but taken by another program since.
     bool m_isSuspended = false;
+    Control m_control = Control::Ours;
 };

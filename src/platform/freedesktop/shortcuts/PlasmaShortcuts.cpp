@@ -1,5 +1,6 @@
 #include "platform/freedesktop/shortcuts/PlasmaShortcuts.h"
 
+#include "platform/Info.h"
 #include "platform/freedesktop/shortcuts/ShortcutText.h"
 
 #include <QStringList>
@@ -43,8 +44,14 @@ QString firstPart(const QString &list)
 QList<SymbolicHotKey> PlasmaShortcuts::parse(const QByteArray &file)
 {
     QList<SymbolicHotKey> hotKeys;
+    bool areOurs = false;
     for (const QByteArray &line : file.split('\n')) {
         const QString text = QString::fromUtf8(line).trimmed();
+        if (text.startsWith(u'['))
+            areOurs = text == QStringLiteral("[%1]").arg(Info::main().bundleIdentifier);
+        // A recorder may record what we have ourselves.
+        if (areOurs)
+            continue;
         // Keys with _k_ are names to show. A value has three parts: the shortcuts in force, those
         // by default and the action's name.
         const qsizetype equals = text.indexOf(u'=');
