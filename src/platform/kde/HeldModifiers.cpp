@@ -54,8 +54,8 @@ private:
 
 bool HeldModifiers::awaitReleased(const Toplevels &toplevels, Toplevels::TimePoint deadline)
 {
-    // The toolkit knows of what was held while a window of ours had the keyboard.
-    if (toplevels.isTargetHeld() && QGuiApplication::queryKeyboardModifiers() == Qt::NoModifier)
+    // What was held at the last key or click in a window of ours that had the keyboard until now.
+    if (toplevels.isTargetHeld() && QGuiApplication::keyboardModifiers() == Qt::NoModifier)
         return true;
     const std::optional<Toplevels::Window> front = toplevels.front();
     bool isTimedOut = false;
