@@ -33,7 +33,7 @@ std::optional<Xkb::Place> placeOf(const KeyChord &chord, xkb_keymap *keymap)
         return Xkb::placeOf(keymap, chord.symbol, 0);
     if (const auto keycode = Xkb::keyFor(keymap, chord.symbol, 0))
         return Xkb::Place{*keycode, 0};
-    const xkb_layout_index_t groups = keymap ? xkb_keymap_num_layouts(keymap) : 0;
+    const xkb_layout_index_t groups = xkb_keymap_num_layouts(keymap);
     for (xkb_layout_index_t group = 0; group < groups; ++group) {
         if (const auto place = Xkb::placeOf(keymap, chord.symbol, group))
             return place;
@@ -49,8 +49,7 @@ std::optional<std::vector<quint32>> keysToHold(const KeyChord &chord, const Xkb:
     std::vector<quint32> keys;
     xkb_mod_mask_t missing = place.modifiers;
     for (const ModifierKey &key : kModifierKeys) {
-        const xkb_mod_index_t index =
-            keymap ? xkb_keymap_mod_get_index(keymap, key.name) : XKB_MOD_INVALID;
+        const xkb_mod_index_t index = xkb_keymap_mod_get_index(keymap, key.name);
         const xkb_mod_mask_t mask = index == XKB_MOD_INVALID ? 0 : 1U << index;
         if ((chord.carbonModifiers & key.carbonModifier) == 0 && (place.modifiers & mask) == 0)
             continue;
@@ -67,6 +66,10 @@ std::optional<std::vector<quint32>> keysToHold(const KeyChord &chord, const Xkb:
 std::optional<std::vector<KeyStroke>> KeyStrokes::of(const KeySequence &sequence,
                                                      xkb_keymap *keymap)
 {
+    if (!keymap) {
+        const XkbPointer<xkb_keymap> american = Xkb::americanKeymap();
+        return american ? of(sequence, american.get()) : std::nullopt;
+    }
     std::vector<KeyStroke> strokes;
     for (const KeyChord &chord : sequence) {
         const std::optional<Xkb::Place> place = placeOf(chord, keymap);

@@ -29,6 +29,11 @@ public:
     /// Ends every view of the selections, as the protocol lets it.
     void finishDevices();
 
+protected:
+    /// Runs it on the compositor's thread, and returns then.
+    void run(const std::function<void()> &task);
+    wl_display *display() const { return m_display; }
+
 private:
     struct Selection
     {
@@ -36,7 +41,6 @@ private:
     };
     struct Requests;
 
-    void run(const std::function<void()> &task);
     void tell(wl_resource *device, bool isPrimary);
     void set(bool isPrimary, wl_resource *source);
 

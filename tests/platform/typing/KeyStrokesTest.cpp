@@ -59,7 +59,7 @@ const Row kRows[] = {
     {"aCharacterOfAnotherGroup", "ru,us", u"v"_s, u"none"_s},
     {"aCharacterThatNoKeyHas", "us", u"hebrew_aleph"_s, u"none"_s},
     {"controlElsewhere", "us  ctrl:swapcaps", u"Ctrl+v"_s, u"+58 +47 -47 -58"_s},
-    {"noKeymapAtAll", nullptr, u"Ctrl+v"_s, u"+29 +47 -47 -29"_s}};
+    {"noKeymapAtAll", nullptr, u"Ctrl+v P"_s, u"+29 +47 -47 -29 +42 +25 -25 -42"_s}};
 
 INSTANTIATE_TEST_SUITE_P(Keyboards, KeyStrokesOn, testing::ValuesIn(kRows),
                          [](const auto &row) { return std::string(row.param.name); });
