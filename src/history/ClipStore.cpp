@@ -1,6 +1,7 @@
 #include "history/ClipStore.h"
 
 #include "history/HistoryLog.h"
+#include "history/LogCarrier.h"
 #include "history/StoreModel.h"
 #include "history/StoreOpening.h"
 
@@ -147,8 +148,10 @@ ClipStore::~ClipStore() = default;
 
 SQLite::Database &ClipStore::database()
 {
-    if (!m_database)
+    if (!m_database) {
         m_database = openClipStore(m_folder);
+        m_logCarrier = std::make_unique<LogCarrier>(m_database->getHandle());
+    }
     return *m_database;
 }
 

@@ -11,6 +11,7 @@
 #include <optional>
 #include <vector>
 
+class LogCarrier;
 namespace SQLite {
 class Database;
 }
@@ -94,6 +95,7 @@ private:
     const StoreModel m_model{};
     const QString m_folder;
     std::unique_ptr<SQLite::Database> m_database; ///< Null until the first use.
+    std::unique_ptr<LogCarrier> m_logCarrier;     ///< Likewise.
     std::unique_ptr<TextReader> m_textReader;
     int m_readVersion = 0; ///< The store's data version at the last readRows().
 };

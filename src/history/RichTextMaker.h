@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
+#include "platform/HelperThread.h"
+
 #include <QString>
-#include <QThreadPool>
 
 #include <functional>
 #include <optional>
@@ -13,18 +13,11 @@
 class RichTextMaker
 {
 public:
-    RichTextMaker();
-    /// What is not begun yet is given up; what is under way is waited for, because it is bounded.
-    ~RichTextMaker();
-    RichTextMaker(const RichTextMaker &) = delete;
-    RichTextMaker &operator=(const RichTextMaker &) = delete;
-
     /// Hands the RTF with `html` in it to `receive` later; nothing where it cannot be made. Both
     /// sources are one character a byte; without `rtf` it gets a rendering of the HTML.
     void make(const QString &html, const std::optional<QString> &rtf,
               std::function<void(const QString &)> receive);
 
 private:
-    QThreadPool m_thread;
-    QObject m_receiver; ///< Ends first, and with it what is still to be handed over.
+    HelperThread m_thread;
 };

@@ -3,10 +3,12 @@
 #include "support/ExpectedWarnings.h"
 #include "support/FullDisk.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QThread>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
@@ -228,6 +230,18 @@ TEST_F(ClipStoreTest, deletedAndClearedTextsAreGoneFromTheFiles)
     EXPECT_EQ(rig.texts(), QStringList());
     EXPECT_FALSE(isTextInFiles("needle-three"));
     EXPECT_LT(QFileInfo(m_folder.file()).size(), size);
+}
+
+TEST_F(ClipStoreTest, aLogThatHasGrownIsCarriedOverIntoTheStore)
+{
+    HistoryRig rig(m_folder.path());
+    rig.add(QStringLiteral("needle ") + QString(8'000'000, u'x'));
+    rig.add(QStringLiteral("written meanwhile"));
+    QDeadlineTimer limit(10'000);
+    while (!bytesOf().contains("needle") && !limit.hasExpired())
+        QThread::msleep(5);
+    EXPECT_TRUE(bytesOf().contains("needle"));
+    EXPECT_EQ(HistoryRig(m_folder.path()).texts(), rig.texts());
 }
 
 TEST_F(ClipStoreTest, whatCouldNotBeSavedIsReadSearchedAndSavedByTheNextSave)

@@ -7,9 +7,7 @@
 
 #include <QThread>
 
-#include <chrono>
-
-using namespace std::chrono_literals;
+#include <utility>
 
 namespace {
 
@@ -26,18 +24,6 @@ std::unique_ptr<RichTextDocument> shown(const QByteArray &rtf, const RichTextLoo
 
 } // namespace
 
-RichTextPreparation::RichTextPreparation()
-{
-    m_thread.setMaxThreadCount(1);
-    m_thread.setExpiryTimeout(static_cast<int>(std::chrono::milliseconds(30s).count()));
-}
-
-RichTextPreparation::~RichTextPreparation()
-{
-    giveUp();
-    m_thread.waitForDone();
-}
-
 void RichTextPreparation::prepare(const QString &rtf, const RichTextLooks &looks, Receiver receive)
 {
     giveUp();
@@ -47,21 +33,18 @@ void RichTextPreparation::prepare(const QString &rtf, const RichTextLooks &looks
         // A function can be copied, and so can what it hands over.
         auto document =
             std::make_shared<std::unique_ptr<RichTextDocument>>(shown(rtf.toLatin1(), looks));
-        QMetaObject::invokeMethod(
-            &m_receiver,
-            [this, document, receive, request] {
-                if (m_latest != request)
-                    return;
-                if (*document)
-                    (*document)->moveToThread(QThread::currentThread());
-                receive(std::move(*document));
-            },
-            Qt::QueuedConnection);
+        m_thread.deliver([this, document, receive, request] {
+            if (m_latest != request)
+                return;
+            if (*document)
+                (*document)->moveToThread(QThread::currentThread());
+            receive(std::move(*document));
+        });
     });
 }
 
 void RichTextPreparation::giveUp()
 {
     ++m_latest;
-    m_thread.clear();
+    m_thread.giveUp();
 }

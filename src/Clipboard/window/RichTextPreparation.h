@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
+#include "platform/HelperThread.h"
+
 #include <QString>
-#include <QThreadPool>
 
 #include <atomic>
 #include <functional>
@@ -18,11 +18,7 @@ class RichTextPreparation
 public:
     using Receiver = std::function<void(std::unique_ptr<RichTextDocument>)>;
 
-    RichTextPreparation();
-    /// What is under way is waited for, because it is bounded.
-    ~RichTextPreparation();
-    RichTextPreparation(const RichTextPreparation &) = delete;
-    RichTextPreparation &operator=(const RichTextPreparation &) = delete;
+    ~RichTextPreparation() { giveUp(); }
 
     /// Hands the document of `rtf`, one character a byte, with these looks to `receive` later; null
     /// for one that has no text, is too much to be shown whole, or could not be laid out in time.
@@ -32,7 +28,6 @@ public:
     void giveUp();
 
 private:
-    QThreadPool m_thread;
     std::atomic<int> m_latest = 0; ///< Number of the request that counts.
-    QObject m_receiver;            ///< Ends first, and with it what is still to be handed over.
+    HelperThread m_thread;
 };
