@@ -88,8 +88,9 @@ bool RichTextView::isSurelyHigher(const QTextDocument &document) const
 void RichTextView::setColors(const ClipColors &colors)
 {
     QPalette palette = colors.textPalette();
-    // A rule between paragraphs is drawn in it.
+    // A rule between paragraphs is drawn in the one, by newer Qt in the other.
     palette.setColor(QPalette::Dark, colors.separator);
+    palette.setColor(QPalette::Inactive, QPalette::WindowText, colors.separator);
     setPalette(palette);
     ScrollBars::makeSlim(*this, colors);
 }
