@@ -176,6 +176,57 @@
         <source>Install the package, or start Quillmarsh from its menu entry.</source>
         <translation>ثبّت الحزمة، أو شغّل Quillmarsh من مدخلته في القائمة.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts.</source>
+        <translation>لا يسمح سطح المكتب هذا لأي برنامج بتعيين اختصارات.</translation>
+    </message>
+    <message>
+        <source>Have its configuration start Quillmarsh for a key.</source>
+        <translation>اجعل إعداداته تشغّل Quillmarsh عند ضغط مفتاح.</translation>
+    </message>
+    <message>
+        <source>This desktop tiles the history’s window like any other.</source>
+        <translation>يرتّب سطح المكتب هذا نافذة السجل كبلاطة مثل أي نافذة أخرى.</translation>
+    </message>
+    <message>
+        <source>Add this line to its configuration.</source>
+        <translation>أضف هذا السطر إلى إعداداته.</translation>
+    </message>
+</context>
+<context>
+    <name>CapabilityTable</name>
+    <message>
+        <source>Recording:</source>
+        <translation>التسجيل:</translation>
+    </message>
+    <message>
+        <source>Shortcuts:</source>
+        <translation>الاختصارات:</translation>
+    </message>
+    <message>
+        <source>Pasting:</source>
+        <translation>اللصق:</translation>
+    </message>
+    <message>
+        <source>Window’s place:</source>
+        <translation>موضع النافذة:</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>يعمل</translation>
+    </message>
+    <message>
+        <source>needs a step of yours</source>
+        <translation>يحتاج إلى خطوة منك</translation>
+    </message>
+    <message>
+        <source>withheld</source>
+        <translation>ممنوع</translation>
+    </message>
+    <message>
+        <source>Copy all lines for the configuration</source>
+        <translation>نسخ كل أسطر الإعدادات</translation>
+    </message>
 </context>
 <context>
     <name>ClipInfoLine</name>
@@ -374,6 +425,13 @@
     <message>
         <source>The text is too large.</source>
         <translation>النص أكبر من المسموح.</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>نسخ</translation>
     </message>
 </context>
 <context>
@@ -789,6 +847,14 @@ file: lists copied files.</source>
         <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
         <translation>يتكون الاختصار من Ctrl أو Super مع مفتاح آخر، أو من مفتاح وظيفي.</translation>
     </message>
+    <message>
+        <source>Have the desktop’s configuration run these commands for keys of your choice.</source>
+        <translation>اجعل إعدادات سطح المكتب تنفّذ هذين الأمرين بمفاتيح من اختيارك.</translation>
+    </message>
+    <message>
+        <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
+        <translation>أضف هذين السطرين إلى إعدادات سطح المكتب، بمفاتيح أخرى إن شئت.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1124,6 +1190,14 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>No limit</source>
         <translation>بلا حد</translation>
     </message>
+    <message>
+        <source>Show clipboard history</source>
+        <translation>إظهار سجل الحافظة</translation>
+    </message>
+    <message>
+        <source>Swop selection with a clip</source>
+        <translation>مبادلة التحديد بقصاصة</translation>
+    </message>
 </context>
 <context>
     <name>SearchField</name>
@@ -1149,6 +1223,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Not possible as a shortcut</source>
         <translation>لا يصلح اختصارًا</translation>
+    </message>
+    <message>
+        <source>%1 in the desktop’s settings</source>
+        <translation>%1 في إعدادات سطح المكتب</translation>
     </message>
 </context>
 <context>

@@ -172,6 +172,57 @@
         <source>Install the package, or start Quillmarsh from its menu entry.</source>
         <translation>Installieren Sie das Paket, oder starten Sie Quillmarsh über seinen Menüeintrag.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts.</source>
+        <translation>Dieser Desktop lässt kein Programm Kurzbefehle festlegen.</translation>
+    </message>
+    <message>
+        <source>Have its configuration start Quillmarsh for a key.</source>
+        <translation>Lassen Sie seine Konfiguration Quillmarsh auf einen Tastendruck starten.</translation>
+    </message>
+    <message>
+        <source>This desktop tiles the history’s window like any other.</source>
+        <translation>Dieser Desktop kachelt das Fenster des Verlaufs wie jedes andere.</translation>
+    </message>
+    <message>
+        <source>Add this line to its configuration.</source>
+        <translation>Fügen Sie seiner Konfiguration diese Zeile hinzu.</translation>
+    </message>
+</context>
+<context>
+    <name>CapabilityTable</name>
+    <message>
+        <source>Recording:</source>
+        <translation>Aufzeichnen:</translation>
+    </message>
+    <message>
+        <source>Shortcuts:</source>
+        <translation>Kurzbefehle:</translation>
+    </message>
+    <message>
+        <source>Pasting:</source>
+        <translation>Einfügen:</translation>
+    </message>
+    <message>
+        <source>Window’s place:</source>
+        <translation>Platz des Fensters:</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>funktioniert</translation>
+    </message>
+    <message>
+        <source>needs a step of yours</source>
+        <translation>braucht einen Schritt von Ihnen</translation>
+    </message>
+    <message>
+        <source>withheld</source>
+        <translation>verwehrt</translation>
+    </message>
+    <message>
+        <source>Copy all lines for the configuration</source>
+        <translation>Alle Zeilen für die Konfiguration kopieren</translation>
+    </message>
 </context>
 <context>
     <name>ClipInfoLine</name>
@@ -346,6 +397,13 @@
     <message>
         <source>The text is too large.</source>
         <translation>Der Text ist zu groß.</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
     </message>
 </context>
 <context>
@@ -757,6 +815,14 @@ file: zeigt kopierte Dateien.</translation>
         <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
         <translation>Ein Kurzbefehl braucht Strg oder Super mit einer weiteren Taste oder ist eine Funktionstaste.</translation>
     </message>
+    <message>
+        <source>Have the desktop’s configuration run these commands for keys of your choice.</source>
+        <translation>Lassen Sie die Konfiguration des Desktops diese Befehle auf Tasten Ihrer Wahl ausführen.</translation>
+    </message>
+    <message>
+        <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
+        <translation>Fügen Sie der Konfiguration des Desktops diese Zeilen hinzu, gern mit anderen Tasten.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1080,6 +1146,14 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <source>No limit</source>
         <translation>Keine Grenze</translation>
     </message>
+    <message>
+        <source>Show clipboard history</source>
+        <translation>Zwischenablageverlauf zeigen</translation>
+    </message>
+    <message>
+        <source>Swop selection with a clip</source>
+        <translation>Auswahl gegen einen Clip tauschen</translation>
+    </message>
 </context>
 <context>
     <name>SearchField</name>
@@ -1105,6 +1179,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Not possible as a shortcut</source>
         <translation>Als Kurzbefehl nicht möglich</translation>
+    </message>
+    <message>
+        <source>%1 in the desktop’s settings</source>
+        <translation>%1 in den Einstellungen des Desktops</translation>
     </message>
 </context>
 <context>

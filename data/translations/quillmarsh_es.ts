@@ -172,6 +172,57 @@
         <source>Install the package, or start Quillmarsh from its menu entry.</source>
         <translation>Instale el paquete o inicie Quillmarsh desde su entrada de menú.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts.</source>
+        <translation>Este escritorio no deja que ningún programa establezca atajos.</translation>
+    </message>
+    <message>
+        <source>Have its configuration start Quillmarsh for a key.</source>
+        <translation>Haga que su configuración inicie Quillmarsh con una tecla.</translation>
+    </message>
+    <message>
+        <source>This desktop tiles the history’s window like any other.</source>
+        <translation>Este escritorio coloca en mosaico la ventana del historial como cualquier otra.</translation>
+    </message>
+    <message>
+        <source>Add this line to its configuration.</source>
+        <translation>Añada esta línea a su configuración.</translation>
+    </message>
+</context>
+<context>
+    <name>CapabilityTable</name>
+    <message>
+        <source>Recording:</source>
+        <translation>Registro:</translation>
+    </message>
+    <message>
+        <source>Shortcuts:</source>
+        <translation>Atajos:</translation>
+    </message>
+    <message>
+        <source>Pasting:</source>
+        <translation>Pegado:</translation>
+    </message>
+    <message>
+        <source>Window’s place:</source>
+        <translation>Lugar de la ventana:</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>funciona</translation>
+    </message>
+    <message>
+        <source>needs a step of yours</source>
+        <translation>requiere un paso suyo</translation>
+    </message>
+    <message>
+        <source>withheld</source>
+        <translation>no permitido</translation>
+    </message>
+    <message>
+        <source>Copy all lines for the configuration</source>
+        <translation>Copiar todas las líneas de configuración</translation>
+    </message>
 </context>
 <context>
     <name>ClipInfoLine</name>
@@ -346,6 +397,13 @@
     <message>
         <source>The text is too large.</source>
         <translation>El texto es demasiado largo.</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
     </message>
 </context>
 <context>
@@ -757,6 +815,14 @@ file: muestra los archivos copiados.</translation>
         <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
         <translation>Un atajo necesita Ctrl o Súper con otra tecla, o es una tecla de función.</translation>
     </message>
+    <message>
+        <source>Have the desktop’s configuration run these commands for keys of your choice.</source>
+        <translation>Haga que la configuración del escritorio ejecute estas órdenes con las teclas que prefiera.</translation>
+    </message>
+    <message>
+        <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
+        <translation>Añada estas líneas a la configuración del escritorio, con otras teclas si lo prefiere.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1080,6 +1146,14 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <source>No limit</source>
         <translation>Sin límite</translation>
     </message>
+    <message>
+        <source>Show clipboard history</source>
+        <translation>Mostrar el historial del portapapeles</translation>
+    </message>
+    <message>
+        <source>Swop selection with a clip</source>
+        <translation>Intercambiar la selección por un recorte</translation>
+    </message>
 </context>
 <context>
     <name>SearchField</name>
@@ -1105,6 +1179,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Not possible as a shortcut</source>
         <translation>No puede ser un atajo</translation>
+    </message>
+    <message>
+        <source>%1 in the desktop’s settings</source>
+        <translation>%1 en los ajustes del escritorio</translation>
     </message>
 </context>
 <context>

@@ -172,6 +172,57 @@
         <source>Install the package, or start Quillmarsh from its menu entry.</source>
         <translation>Installez le paquet, ou lancez Quillmarsh depuis son entrée de menu.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts.</source>
+        <translation>Ce bureau ne laisse aucun programme définir des raccourcis.</translation>
+    </message>
+    <message>
+        <source>Have its configuration start Quillmarsh for a key.</source>
+        <translation>Faites démarrer Quillmarsh par une touche dans sa configuration.</translation>
+    </message>
+    <message>
+        <source>This desktop tiles the history’s window like any other.</source>
+        <translation>Ce bureau place la fenêtre de l’historique en mosaïque, comme toute autre.</translation>
+    </message>
+    <message>
+        <source>Add this line to its configuration.</source>
+        <translation>Ajoutez cette ligne à sa configuration.</translation>
+    </message>
+</context>
+<context>
+    <name>CapabilityTable</name>
+    <message>
+        <source>Recording:</source>
+        <translation>Enregistrement&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Shortcuts:</source>
+        <translation>Raccourcis&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Pasting:</source>
+        <translation>Collage&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Window’s place:</source>
+        <translation>Place de la fenêtre&#xa0;:</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>fonctionne</translation>
+    </message>
+    <message>
+        <source>needs a step of yours</source>
+        <translation>demande une action</translation>
+    </message>
+    <message>
+        <source>withheld</source>
+        <translation>refusé</translation>
+    </message>
+    <message>
+        <source>Copy all lines for the configuration</source>
+        <translation>Copier toutes les lignes de configuration</translation>
+    </message>
 </context>
 <context>
     <name>ClipInfoLine</name>
@@ -346,6 +397,13 @@
     <message>
         <source>The text is too large.</source>
         <translation>Le texte est trop long.</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
     </message>
 </context>
 <context>
@@ -757,6 +815,14 @@ file: montre les fichiers copiés.</translation>
         <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
         <translation>Un raccourci demande Ctrl ou Super avec une autre touche, ou est une touche de fonction.</translation>
     </message>
+    <message>
+        <source>Have the desktop’s configuration run these commands for keys of your choice.</source>
+        <translation>Faites exécuter ces commandes par des touches de votre choix dans la configuration du bureau.</translation>
+    </message>
+    <message>
+        <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
+        <translation>Ajoutez ces lignes à la configuration du bureau, avec d’autres touches si vous préférez.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1080,6 +1146,14 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <source>No limit</source>
         <translation>Sans limite</translation>
     </message>
+    <message>
+        <source>Show clipboard history</source>
+        <translation>Afficher l’historique du presse-papiers</translation>
+    </message>
+    <message>
+        <source>Swop selection with a clip</source>
+        <translation>Échanger la sélection contre un extrait</translation>
+    </message>
 </context>
 <context>
     <name>SearchField</name>
@@ -1105,6 +1179,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Not possible as a shortcut</source>
         <translation>Impossible comme raccourci</translation>
+    </message>
+    <message>
+        <source>%1 in the desktop’s settings</source>
+        <translation>%1 dans les réglages du bureau</translation>
     </message>
 </context>
 <context>

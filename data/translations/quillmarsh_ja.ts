@@ -171,6 +171,57 @@
         <source>Install the package, or start Quillmarsh from its menu entry.</source>
         <translation>パッケージをインストールするか、メニューの項目からQuillmarshを起動してください。</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts.</source>
+        <translation>このデスクトップではプログラムがショートカットを設定できません。</translation>
+    </message>
+    <message>
+        <source>Have its configuration start Quillmarsh for a key.</source>
+        <translation>デスクトップの設定で、キーからQuillmarshを起動するようにしてください。</translation>
+    </message>
+    <message>
+        <source>This desktop tiles the history’s window like any other.</source>
+        <translation>このデスクトップは履歴のウインドウもほかと同じようにタイル表示します。</translation>
+    </message>
+    <message>
+        <source>Add this line to its configuration.</source>
+        <translation>この行をデスクトップの設定に追加してください。</translation>
+    </message>
+</context>
+<context>
+    <name>CapabilityTable</name>
+    <message>
+        <source>Recording:</source>
+        <translation>記録:</translation>
+    </message>
+    <message>
+        <source>Shortcuts:</source>
+        <translation>ショートカット:</translation>
+    </message>
+    <message>
+        <source>Pasting:</source>
+        <translation>貼り付け:</translation>
+    </message>
+    <message>
+        <source>Window’s place:</source>
+        <translation>ウインドウの位置:</translation>
+    </message>
+    <message>
+        <source>works</source>
+        <translation>使えます</translation>
+    </message>
+    <message>
+        <source>needs a step of yours</source>
+        <translation>設定が必要です</translation>
+    </message>
+    <message>
+        <source>withheld</source>
+        <translation>許可されていません</translation>
+    </message>
+    <message>
+        <source>Copy all lines for the configuration</source>
+        <translation>設定に加える行をすべてコピー</translation>
+    </message>
 </context>
 <context>
     <name>ClipInfoLine</name>
@@ -339,6 +390,13 @@
     <message>
         <source>The text is too large.</source>
         <translation>テキストが大きすぎます。</translation>
+    </message>
+</context>
+<context>
+    <name>ConfigurationLine</name>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
     </message>
 </context>
 <context>
@@ -749,6 +807,14 @@ file: でコピーしたファイルだけを表示します。</translation>
         <source>A shortcut needs Ctrl or Super with another key, or is a function key.</source>
         <translation>ショートカットには Ctrl か Super とほかのキーの組み合わせ、またはファンクションキーが必要です。</translation>
     </message>
+    <message>
+        <source>Have the desktop’s configuration run these commands for keys of your choice.</source>
+        <translation>デスクトップの設定で、お好みのキーからこれらのコマンドを実行するようにしてください。</translation>
+    </message>
+    <message>
+        <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
+        <translation>これらの行をデスクトップの設定に追加してください。キーは変えてもかまいません。</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1069,6 +1135,14 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>No limit</source>
         <translation>制限なし</translation>
     </message>
+    <message>
+        <source>Show clipboard history</source>
+        <translation>クリップボード履歴を表示</translation>
+    </message>
+    <message>
+        <source>Swop selection with a clip</source>
+        <translation>選択範囲をクリップと入れ替える</translation>
+    </message>
 </context>
 <context>
     <name>SearchField</name>
@@ -1094,6 +1168,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Not possible as a shortcut</source>
         <translation>ショートカットにはできません</translation>
+    </message>
+    <message>
+        <source>%1 in the desktop’s settings</source>
+        <translation>デスクトップの設定では %1</translation>
     </message>
 </context>
 <context>

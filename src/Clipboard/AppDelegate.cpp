@@ -56,7 +56,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(
         *platform.settings, *platform.installedApplications, *platform.workspace);
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(
-        *this, *platform.settings, *platform.loginItems);
+        *this, *platform.settings, *platform.loginItems, *platform.hotKeys, *platform.capabilities);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(
         *this, *platform.settings, *platform.windowSpace, *platform.frontApplication, storeFolder);
     connect(m_welcomeWindowController.get(), &WelcomeWindowController::closed, this,

@@ -197,6 +197,11 @@ void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatal
     tellThatAllWorks(*platform.capabilities);
 }
 
+CompositorBindings::Compositor compositor()
+{
+    return CompositorBindings::compositorIn(QProcessEnvironment::systemEnvironment());
+}
+
 std::unique_ptr<WindowSpace>
 makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
                        const std::function<bool()> &areAnimationsWanted, Capabilities &capabilities)
@@ -207,7 +212,18 @@ makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
         return std::make_unique<LayerWindowSpace>(areAnimationsWanted);
     }
 #endif
-    capabilities.tell({Capability::Kind::WindowPlace});
+    Capability place{Capability::Kind::WindowPlace};
+    if (compositor() == CompositorBindings::Compositor::Sway) {
+        place.state = Capability::State::WorksAfter;
+        place.reason = QT_TRANSLATE_NOOP("Capabilities",
+                                         "This desktop tiles the history’s window like any other.");
+        place.remedy = QT_TRANSLATE_NOOP("Capabilities", "Add this line to its configuration.");
+        place.configuration =
+            QStringLiteral("for_window [app_id=\"%1\" title=\"^Quillmarsh$\"] floating enable, "
+                           "move position center")
+                .arg(Info::main().bundleIdentifier);
+    }
+    capabilities.tell(place);
     return std::make_unique<PlainWindowSpace>(areAnimationsWanted);
 }
 
@@ -269,11 +285,9 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
 
 void makeWaylandHotKeys(Platform &platform)
 {
-    const auto compositor =
-        CompositorBindings::compositorIn(QProcessEnvironment::systemEnvironment());
     platform.hotKeys = makeHotKeys(
         *platform.keyboardLayout,
-        std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor, ownCommand()));
+        std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor(), ownCommand()));
     const auto tell = [hotKeys = platform.hotKeys.get(),
                        capabilities = platform.capabilities.get()] {
         tellOfHotKeys(*hotKeys, *capabilities);

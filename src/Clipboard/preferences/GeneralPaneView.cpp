@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/GeneralPaneView.h"
 
 #include "Clipboard/preferences/ByteCount.h"
+#include "Clipboard/preferences/CapabilityTable.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/ShortcutNote.h"
 #include "looks/Looks.h"
@@ -11,6 +12,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+
+#include <utility>
 
 namespace {
 
@@ -56,6 +59,8 @@ public:
         addSpace(kRowSpace);
     }
 
+    void addAcross(QWidget *widget) { m_grid->addWidget(widget, m_row++, 0, 1, 2); }
+
     void addSeparator()
     {
         addSpace(kSectionSpace);
@@ -72,15 +77,20 @@ private:
 
 } // namespace
 
-GeneralPaneView::GeneralPaneView(SettingsStore &settings)
+GeneralPaneView::GeneralPaneView(SettingsStore &settings, const ConfigurationLine::Copy &copy)
     : openAtLogin(new QCheckBox(tr("Open Quillmarsh at &login"))),
       notifications(new QCheckBox(tr("Show &notifications"))), maxItems(new HistorySizeSlider),
       maxItemsLabel(new QLabel), maxStringSize(new QLineEdit),
       openShortcut(new MASShortcutView(&settings)), swopShortcut(new MASShortcutView(&settings)),
       m_openAtLoginNote(new PaneNote), m_maxItemsUnit(new QLabel(tr("clips"))),
       m_maxItemsNote(new PaneNote), m_maxStringSizeReading(new PaneNote),
-      m_shortcutNote(new PaneNote)
+      m_shortcutNote(new PaneNote),
+      m_openBinding(new ConfigurationLine(tr("Open history shortcut"), copy)),
+      m_swopBinding(new ConfigurationLine(tr("Swop shortcut"), copy)),
+      m_capabilities(new CapabilityTable(copy))
 {
+    m_openBinding->hide();
+    m_swopBinding->hide();
     m_shortcutNote->setObjectName(QStringLiteral("shortcutNote"));
     openAtLogin->setAccessibleName(tr("Open at login"));
     notifications->setAccessibleName(tr("Show notifications"));
@@ -176,6 +186,13 @@ void GeneralPaneView::explainShortcuts()
                   "never gets here; choose another one.");
     else if (isInvalid)
         text = tr("A shortcut needs Ctrl or Super with another key, or is a function key.");
+    if (m_bindings) {
+        text = m_bindings->areCommands
+                   ? tr("Have the desktop’s configuration run these commands for keys of your "
+                        "choice.")
+                   : tr("Add these lines to the desktop’s configuration, with other keys if you "
+                        "like.");
+    }
     m_shortcutNote->setText(text);
     m_shortcutNote->setEmphasised(isWaiting || isInvalid);
 }
@@ -193,7 +210,38 @@ void GeneralPaneView::layOut()
     rows.add(tr("Largest &text:"), {maxStringSize, new QLabel(tr("bytes")), m_maxStringSizeReading},
              new PaneNote(tr("A longer copy is not recorded.")));
     rows.addSeparator();
-    rows.add(tr("&Open history:"), {openShortcut, new ShortcutNote(*openShortcut)});
-    rows.add(tr("S&wop:"), {swopShortcut, new ShortcutNote(*swopShortcut)}, m_shortcutNote);
+    auto *openNote = new ShortcutNote(*openShortcut);
+    auto *swopNote = new ShortcutNote(*swopShortcut);
+    m_recorders = {openShortcut, openNote, swopShortcut, swopNote};
+    rows.add(tr("&Open history:"), {openShortcut, openNote, m_openBinding});
+    rows.add(tr("S&wop:"), {swopShortcut, swopNote, m_swopBinding}, m_shortcutNote);
+    rows.addAcross(m_capabilities);
+    fit();
+}
+
+void GeneralPaneView::fit()
+{
     resize(kWidth, layout()->totalHeightForWidth(kWidth));
+}
+
+void GeneralPaneView::showBindings(const std::optional<Bindings> &bindings)
+{
+    m_bindings = bindings;
+    for (QWidget *recorder : std::as_const(m_recorders))
+        recorder->setVisible(!bindings);
+    for (ConfigurationLine *line : {m_openBinding, m_swopBinding})
+        line->setVisible(bindings.has_value());
+    if (bindings) {
+        m_openBinding->setText(bindings->open);
+        m_swopBinding->setText(bindings->swop);
+    }
+    explainShortcuts();
+    fit();
+}
+
+void GeneralPaneView::showCapabilities(const Capabilities &capabilities,
+                                       const QString &configuration)
+{
+    m_capabilities->show(capabilities, configuration);
+    fit();
 }

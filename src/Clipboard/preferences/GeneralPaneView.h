@@ -1,11 +1,14 @@
 #pragma once
 
+#include "Clipboard/preferences/ConfigurationLine.h"
 #include "platform/LoginItems.h"
 
 #include <QWidget>
 
 #include <optional>
 
+class Capabilities;
+class CapabilityTable;
 class HistorySizeSlider;
 class MASShortcutView;
 class PaneNote;
@@ -21,8 +24,9 @@ class GeneralPaneView : public QWidget
     Q_OBJECT
 
 public:
-    /// `settings` is where the recorders keep their shortcuts.
-    explicit GeneralPaneView(SettingsStore &settings);
+    /// `settings` is where the recorders keep their shortcuts; `copy` puts a text on the
+    /// pasteboard.
+    GeneralPaneView(SettingsStore &settings, const ConfigurationLine::Copy &copy);
 
     QCheckBox *openAtLogin;
     QCheckBox *notifications;
@@ -31,6 +35,19 @@ public:
     QLineEdit *maxStringSize;
     MASShortcutView *openShortcut;
     MASShortcutView *swopShortcut;
+
+    /// What the desktop's configuration is to have for the two shortcuts, which stands in the place
+    /// of the recorders; or the commands that it is to run, where its configuration is not known.
+    struct Bindings
+    {
+        QString open;
+        QString swop;
+        bool areCommands = false;
+    };
+    /// Absent where the shortcuts are ours.
+    void showBindings(const std::optional<Bindings> &bindings);
+    /// `configuration` is all that may be added to the desktop's, to be copied in one go.
+    void showCapabilities(const Capabilities &capabilities, const QString &configuration);
 
     /// Says beside the box what the desktop does other than the box tells; nothing when it is the
     /// same. `wasRefused`: the desktop's list could not be written just now.
@@ -43,10 +60,16 @@ public:
 private:
     void explainShortcuts();
     void layOut();
+    void fit();
 
     PaneNote *m_openAtLoginNote;
     QLabel *m_maxItemsUnit;
     PaneNote *m_maxItemsNote;
     PaneNote *m_maxStringSizeReading;
     PaneNote *m_shortcutNote;
+    QList<QWidget *> m_recorders; ///< With the notes beside them.
+    ConfigurationLine *m_openBinding;
+    ConfigurationLine *m_swopBinding;
+    std::optional<Bindings> m_bindings;
+    CapabilityTable *m_capabilities;
 };

@@ -6,6 +6,8 @@
 #include "Clipboard/preferences/PreferencesActions.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "looks/WindowIcons.h"
+#include "platform/Capabilities.h"
+#include "platform/HotKeys.h"
 #include "platform/LoginItems.h"
 #include "platform/SettingsStore.h"
 #include "shortcut/MASShortcut.h"
@@ -56,9 +58,16 @@ std::optional<qint64> unreachableMaxItems(const QVariant &stored, qint64 asInteg
 
 PreferencesGeneralViewController::PreferencesGeneralViewController(PreferencesActions &appDelegate,
                                                                    SettingsStore &settings,
-                                                                   LoginItems &loginItems)
-    : m_appDelegate(appDelegate), m_settings(settings), m_loginItems(loginItems)
+                                                                   LoginItems &loginItems,
+                                                                   const HotKeys &hotKeys,
+                                                                   const Capabilities &capabilities)
+    : m_appDelegate(appDelegate), m_settings(settings), m_loginItems(loginItems),
+      m_hotKeys(hotKeys), m_capabilities(capabilities)
 {
+    connect(&hotKeys, &HotKeys::controlChanged, this,
+            &PreferencesGeneralViewController::explainSession);
+    connect(&capabilities, &Capabilities::changed, this,
+            &PreferencesGeneralViewController::explainSession);
 }
 
 PreferencesGeneralViewController::~PreferencesGeneralViewController()
@@ -70,7 +79,9 @@ PreferencesGeneralViewController::~PreferencesGeneralViewController()
 
 void PreferencesGeneralViewController::loadView()
 {
-    m_view = std::make_unique<GeneralPaneView>(m_settings);
+    m_view = std::make_unique<GeneralPaneView>(m_settings, [this](const QString &text) {
+        m_appDelegate.setPasteboardString(text, std::nullopt);
+    });
     m_view->installEventFilter(this);
     QCoreApplication::instance()->installEventFilter(this);
     openAtLoginCB = m_view->openAtLogin;
@@ -108,6 +119,7 @@ void PreferencesGeneralViewController::loadPreferences()
     loadShortcut(openShortCutPrefKey, GlobalShortcuts::defaultOpenShortcut());
     qCInfo(lcPreferences, "Loading swop shortcut preference");
     loadShortcut(swopShortCutPrefKey, GlobalShortcuts::defaultSwopShortcut());
+    explainSession();
     qCInfo(lcPreferences, "Loading max items preference");
     if (!loadMaxItems())
         return;
@@ -195,9 +207,12 @@ bool PreferencesGeneralViewController::eventFilter(QObject *watched, QEvent *eve
         applicationWillTerminate();
     if (watched == m_view.get() && event->type() == QEvent::Show)
         m_isEnding = false;
-    // Looked at when somebody looks: the desktop's own settings change it too.
-    if (watched == m_view.get() && event->type() == QEvent::Show && !event->spontaneous())
+    // Looked at when somebody looks: the desktop's own settings change it too, and the keyboard's
+    // layout names the keys of a binding.
+    if (watched == m_view.get() && event->type() == QEvent::Show && !event->spontaneous()) {
         explainOpenAtLogin(false);
+        explainSession();
+    }
     // A spontaneous one tells that the window was minimised: the pane has not been left.
     if (watched == m_view.get() && event->type() == QEvent::Hide && !event->spontaneous() &&
         !m_isEnding)
@@ -328,6 +343,42 @@ void PreferencesGeneralViewController::explainOpenAtLogin(bool wasWrittenNow)
 {
     m_view->explainOpenAtLogin(m_settings.boolForKey(openAtLoginPrefKey), m_loginItems.ownEntry(),
                                wasWrittenNow);
+}
+
+QString PreferencesGeneralViewController::bindingFor(const QString &key,
+                                                     const MASShortcut &byDefault,
+                                                     const QString &word) const
+{
+    const MASShortcut shortcut =
+        GlobalShortcuts::storedShortcut(m_settings, key).value_or(byDefault);
+    return m_hotKeys.configurationFor({shortcut.carbonKeyCode(), shortcut.carbonFlags()}, word);
+}
+
+void PreferencesGeneralViewController::explainSession()
+{
+    if (!m_view)
+        return;
+    QStringList configuration;
+    std::optional<GeneralPaneView::Bindings> bindings;
+    if (m_hotKeys.control() == HotKeys::Control::Nobody) {
+        bindings = GeneralPaneView::Bindings{
+            bindingFor(openShortCutPrefKey, GlobalShortcuts::defaultOpenShortcut(),
+                       QStringLiteral("launch")),
+            bindingFor(swopShortCutPrefKey, GlobalShortcuts::defaultSwopShortcut(),
+                       QStringLiteral("swop"))};
+        bindings->areCommands = bindings->open.isEmpty() || bindings->swop.isEmpty();
+        if (bindings->areCommands)
+            bindings = {QStringLiteral("quillmarsh launch"), QStringLiteral("quillmarsh swop"),
+                        true};
+        else
+            configuration = {bindings->open, bindings->swop};
+    }
+    for (const Capability &capability : m_capabilities.all()) {
+        if (!capability.configuration.isEmpty())
+            configuration.append(capability.configuration);
+    }
+    m_view->showBindings(bindings);
+    m_view->showCapabilities(m_capabilities, configuration.join(u'\n'));
 }
 
 void PreferencesGeneralViewController::viewDidDisappear()

@@ -10,8 +10,10 @@
 #include <memory>
 #include <optional>
 
+class Capabilities;
 class GeneralPaneView;
 class HistorySizeSlider;
+class HotKeys;
 class LoginItems;
 class MASShortcut;
 class MASShortcutView;
@@ -41,7 +43,8 @@ public:
 
     /// All must outlive the pane.
     PreferencesGeneralViewController(PreferencesActions &appDelegate, SettingsStore &settings,
-                                     LoginItems &loginItems);
+                                     LoginItems &loginItems, const HotKeys &hotKeys,
+                                     const Capabilities &capabilities);
     ~PreferencesGeneralViewController() override;
 
     /// Makes the controls; they show nothing yet.
@@ -113,11 +116,17 @@ private:
     void explainMaxItems(qint64 maxItems);
     /// `wasWrittenNow`: the desktop's list was to be written a moment ago.
     void explainOpenAtLogin(bool wasWrittenNow);
+    /// What the session lets us do, and what the user can do about the rest.
+    void explainSession();
+    /// The shortcut stored under a key, or else its default, as the desktop's configuration has it.
+    QString bindingFor(const QString &key, const MASShortcut &byDefault, const QString &word) const;
     void viewDidDisappear();
 
     PreferencesActions &m_appDelegate;
     SettingsStore &m_settings;
     LoginItems &m_loginItems;
+    const HotKeys &m_hotKeys;
+    const Capabilities &m_capabilities;
     qint64 m_originalMaxItems = -1;
     bool m_welcomeWindowShown = false;
     bool m_isEnding = false; ///< The application's end hides the pane.

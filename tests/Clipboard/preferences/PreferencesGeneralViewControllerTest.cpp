@@ -15,6 +15,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include <algorithm>
@@ -179,7 +180,8 @@ protected:
 
     MemoryPlatform memory;
     std::vector<std::shared_ptr<ClipItem>> clips;
-    PreferencesGeneralViewController pane{*this, memory.settings, memory.loginItems};
+    PreferencesGeneralViewController pane{*this, memory.settings, memory.loginItems, memory.hotKeys,
+                                          *memory.platform.capabilities};
 };
 
 TEST_F(GeneralPaneAlone, stopsItsLoadWithoutARecorder)
@@ -401,6 +403,51 @@ TEST_F(GeneralPane, putsTheWelcomesMessageOnThePasteboardOnlyOnce)
     ASSERT_EQ(memory.pasteboard.writes().size(), 1);
     EXPECT_EQ(memory.pasteboard.writes().first().text, QStringLiteral("Quillmarsh setup complete"));
     EXPECT_FALSE(memory.pasteboard.writes().first().rtf);
+}
+
+TEST_F(GeneralPane, givesLinesToCopyWhereNoProgramCanHaveShortcuts)
+{
+    PreferencesGeneralViewController &pane = start();
+    const auto *table = pane.view()->findChild<QWidget *>(QStringLiteral("capabilityTable"));
+    openPane();
+    EXPECT_TRUE(pane.openShortcut->isVisible());
+    EXPECT_FALSE(table->isVisible());
+
+    Capability place{Capability::Kind::WindowPlace, Capability::State::WorksAfter};
+    place.reason = "It is tiled.";
+    place.configuration = QStringLiteral("float it");
+    memory.platform.capabilities->tell(place);
+    memory.platform.capabilities->tell({Capability::Kind::Recording});
+    memory.hotKeys.setControl(HotKeys::Control::Nobody);
+    EXPECT_FALSE(pane.openShortcut->isVisible());
+    EXPECT_TRUE(table->isVisible());
+    QStringList told;
+    for (const QLabel *label : table->findChildren<QLabel *>()) {
+        EXPECT_TRUE(label->isVisible());
+        told.append(label->text());
+    }
+    EXPECT_TRUE(told.contains(QStringLiteral("It is tiled.")));
+    EXPECT_TRUE(told.contains(QStringLiteral("works")));
+    QStringList copied;
+    for (QPushButton *button : pane.openShortcut->window()->findChildren<QPushButton *>()) {
+        if (!button->isVisible() || !button->text().startsWith(QStringLiteral("Copy")))
+            continue;
+        button->click();
+        copied.append(memory.pasteboard.writes().last().text.value_or(QString()));
+    }
+    copied.sort();
+    EXPECT_EQ(
+        copied,
+        (QStringList{QStringLiteral("bind 7 quillmarsh swop"),
+                     QStringLiteral("bind 9 quillmarsh launch"),
+                     QStringLiteral("bind 9 quillmarsh launch\nbind 7 quillmarsh swop\nfloat it"),
+                     QStringLiteral("float it")}));
+
+    place = {Capability::Kind::WindowPlace};
+    memory.platform.capabilities->tell(place);
+    memory.hotKeys.setControl(HotKeys::Control::Ours);
+    EXPECT_TRUE(pane.openShortcut->isVisible());
+    EXPECT_FALSE(table->isVisible());
 }
 
 } // namespace
