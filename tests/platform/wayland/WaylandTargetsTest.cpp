@@ -70,7 +70,9 @@ protected:
     /// Returns when what the compositor has told until now is known.
     void settle() const
     {
-        ASSERT_TRUE(m_connection->run([this] { EXPECT_TRUE(m_connection->roundTrip()); }));
+        // The second for what a window that is told of is asked then.
+        ASSERT_TRUE(m_connection->run(
+            [this] { EXPECT_TRUE(m_connection->roundTrip() && m_connection->roundTrip()); }));
     }
 
     void withdraw()
@@ -301,6 +303,7 @@ TEST_P(WaylandTargets, aWindowOfOursIsTheTargetForAsLongAsItIsVisible)
 {
     m_desktop->show("a", true);
     m_desktop->show(qPrintable(kOurs), false);
+    settle();
     QWindow field;
     field.setTitle(kOurs);
     field.show();
