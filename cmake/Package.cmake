@@ -19,11 +19,11 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE ${QUILLMARSH_DEBIAN_REVISION})
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "clipboard history that pastes into any application
-Quillmarsh records what is copied on an X11 desktop: texts with their rich
-form, and the paths of copied files. A shortcut opens the history in any
-application; typed letters narrow it, and Return pastes the chosen clip
-where the cursor stands. A second shortcut exchanges the selection with a
-clip.
+Quillmarsh records what is copied on an X11 desktop, and on a Wayland one
+of KDE, sway or labwc: texts with their rich form, and the paths of copied
+files. A shortcut opens the history in any application; typed letters
+narrow it, and Return pastes the chosen clip where the cursor stands. A
+second shortcut exchanges the selection with a clip.
 .
 The history is kept in one file that only its user can read. Copies that a
 password manager marks as secret are not recorded.")

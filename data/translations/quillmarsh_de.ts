@@ -213,7 +213,7 @@
     </message>
     <message>
         <source>needs a step of yours</source>
-        <translation>braucht einen Schritt von Ihnen</translation>
+        <translation>Schritt nötig</translation>
     </message>
     <message>
         <source>withheld</source>
