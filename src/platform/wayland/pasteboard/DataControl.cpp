@@ -244,9 +244,3 @@ std::unique_ptr<DataControl> DataControl::make(WaylandConnection &connection, Li
         return control;
     return makeControl<Wlr>(connection, listeners);
 }
-
-bool DataControl::isOffered(const WaylandConnection &connection)
-{
-    return connection.versionOf(Ext::kInterface.name) > 0 ||
-           connection.versionOf(Wlr::kInterface.name) > 0;
-}

@@ -62,9 +62,6 @@ public:
     static std::unique_ptr<DataControl> make(WaylandConnection &connection, Listeners listeners);
     virtual ~DataControl() = default;
 
-    /// Whether it can be had at all.
-    static bool isOffered(const WaylandConnection &connection);
-
     virtual bool hasPrimary() const = 0;
 
     /// Becomes the owner, once the compositor has read it.

@@ -3,14 +3,14 @@
 #include "platform/Pasteboard.h"
 #include "platform/pasteboard/CopyOffer.h"
 #include "platform/pasteboard/PasteboardChanges.h"
+#include "platform/wayland/pasteboard/CopyReadings.h"
 #include "platform/wayland/pasteboard/DataControl.h"
 #include "platform/wayland/pasteboard/KeptOffer.h"
 #include "platform/wayland/pasteboard/OfferReader.h"
-#include "platform/wayland/pasteboard/PipeWriters.h"
+#include "platform/wayland/pasteboard/OwnSelections.h"
+#include "platform/wayland/pasteboard/TextQuestions.h"
 
 #include <functional>
-#include <list>
-#include <map>
 #include <memory>
 #include <optional>
 
@@ -23,15 +23,9 @@ class WaylandPasteboardService
 public:
     using TimePoint = WaylandConnection::TimePoint;
     using Selection = DataControl::Selection;
-    using Receiver = std::function<void(const std::optional<QString> &text)>;
+    using Receiver = TextQuestions::Receiver;
+    using Front = CopyFront;
 
-    /// What was in front when something was copied.
-    struct Front
-    {
-        QString applicationName; ///< Empty when there is none to name.
-        bool isOurs = false;
-        quint64 window = 0; ///< Any number that tells it from others; 0 when it is not known.
-    };
     struct Listeners
     {
         /// Told each published change of another client.
@@ -63,56 +57,25 @@ public:
     /// Reads PRIMARY and publishes it if it was marked while `window` was in front.
     void publishPrimary(quint64 window);
     /// From now on it is looked out for somebody to ask for what we serve.
-    void expectPaste();
+    void expectPaste() { m_own.expectPaste(); }
 
 private:
-    /// A selection that is ours.
-    struct Own
-    {
-        std::unique_ptr<DataSource> source;
-        std::shared_ptr<const CopyOffer> offer;
-        QString mark; ///< Among its formats, so that it is known when it comes back.
-        TimePoint since;
-        int timesRead = 0;
-        bool isPasted = false; ///< While it was ours a paste was expected.
-    };
-    /// A copy that is being read, until it is published.
-    struct Reading
-    {
-        std::unique_ptr<OfferReader> reader;
-        Front front;
-        std::shared_ptr<DataOffer> offer;
-    };
-    struct Question
-    {
-        std::unique_ptr<OfferReader> reader;
-        QList<Receiver> receivers;
-    };
-
     void renewControl();
     void handleFinished();
     void handleGlobal(const QByteArray &interface, quint32 name, bool isOffered);
     void handleChange(Selection selection, std::shared_ptr<DataOffer> offer);
-    void handleClipboard(std::shared_ptr<DataOffer> offer);
-    void handleOurs();
+    void handlePrimary(std::shared_ptr<DataOffer> offer);
+    void handleClipboard(bool isOurs, std::shared_ptr<DataOffer> offer);
     void handleNobodys();
-    void handleReplaced(Selection selection, const QString &mark);
-    void handleReadOf(Selection selection, const QString &mark);
-    bool claim(Selection selection, std::shared_ptr<const CopyOffer> offer);
-    Own takeOwn(Selection selection);
-    std::shared_ptr<const CopyOffer> ownOffer(Selection selection) const;
-    void beginReading(std::shared_ptr<DataOffer> offer);
-    void publishFinished();
-    void publishAllNow();
-    void publishReading(const OfferReader::Result &fetched);
+    [[nodiscard]] bool claim(Selection selection, std::shared_ptr<const CopyOffer> offer);
+    void handleRead(const FetchedCopy &fetched, const Front &front,
+                    const std::shared_ptr<DataOffer> &offer);
     qint64 publish(const FetchedCopy &fetched, const Front &front);
-    void publishEmptied();
-    void collectPrimary();
+    void forgetOwner();
     void finishClearing();
+    void collectPrimary();
     void adoptIfWanted();
-    void answerText(Pasteboard::Selection selection, Receiver receive);
-    void ask(Selection selection, Receiver receive);
-    void answerFinished(Selection selection);
+    void answer(Selection selection, Receiver receive);
     void answerAwaiting();
     void askAnew(Selection selection);
     std::optional<TimePoint> keepDeadlines();
@@ -125,22 +88,16 @@ private:
     std::unique_ptr<DataControl> m_control; ///< Null while the compositor offers none.
     quint32 m_controlSeat = 0;
     std::optional<TimePoint> m_renewAt; ///< After the compositor has ended it.
-    PipeWriters m_writers;
+    OwnSelections m_own;
+    CopyReadings m_readings;
     KeptOffer m_kept;
-    std::map<Selection, Own> m_own;
-    int m_marksMade = 0;
+    TextQuestions m_questions;
+    OfferReader m_primaryReader;
+    Front m_readPrimaryFront;               ///< When it began to read.
     std::shared_ptr<DataOffer> m_clipboard; ///< Another client's; null when it is ours or nobody's.
     std::shared_ptr<DataOffer> m_primary;
     Front m_primaryFront;
-    std::list<Reading> m_readings; ///< In the order of the copies.
-    OfferReader m_primaryReader;
-    Front m_readPrimaryFront;
-    std::map<Selection, Question> m_questions;
     QList<Receiver> m_awaitingClipboard; ///< Until it has been read.
     bool m_ownerDied = false;            ///< Until its contents are adopted or forgotten.
-    bool m_wasOurs = false;              ///< Until it is known what took the place of ours.
     bool m_isClearing = false;
-    bool m_isPasteAwaited = false;
-    int m_readsOfPaste = 0;      ///< As many as one of them must be the paste.
-    int m_readsWithoutPaste = 0; ///< Of what we wrote last that was not pasted: by managers.
 };
