@@ -174,6 +174,13 @@ void StatusNotifierStatusBar::makeItem()
 void StatusNotifierStatusBar::openMenu()
 {
     // A panel that sends every click here would otherwise open it twice.
-    if (!m_menu->isVisible())
-        m_menu->popup(QCursor::pos());
+    if (m_menu->isVisible())
+        return;
+    if (!m_trayArea) {
+        // A menu of no window is a window for a compositor, and one that tiles leaves it its size
+        // only if it can have no other.
+        m_menu->ensurePolished();
+        m_menu->setFixedSize(m_menu->sizeHint());
+    }
+    m_menu->popup(QCursor::pos());
 }

@@ -21,7 +21,7 @@ class StatusNotifierStatusBar : public StatusBar
     Q_OBJECT
 
 public:
-    /// `trayArea` may be null where a display has no such trays.
+    /// `trayArea` is null where a display has no such trays, because windows have no places there.
     explicit StatusNotifierStatusBar(std::unique_ptr<TrayArea> trayArea,
                                      QDBusConnection bus = QDBusConnection::sessionBus());
     ~StatusNotifierStatusBar() override;

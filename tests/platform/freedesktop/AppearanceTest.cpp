@@ -163,6 +163,8 @@ TEST(PortalAppearance, animationsAreAsEitherDesktopSays)
         ASSERT_TRUE(QTest::qWaitFor([&] { return desktop.appearance.colorScheme() == scheme; }));
         EXPECT_EQ(desktop.appearance.areAnimationsWanted(), wanted) << qPrintable(value.toString());
         desktop.setScheme(Scheme::Unspecified);
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return desktop.appearance.colorScheme() == Scheme::Unspecified; }));
     }
     desktop.portal.vanish();
     desktop.portal.tell([&](FakePortal &fake) {

@@ -124,6 +124,8 @@ TEST_F(StatusNotifierStatusBarTest, aClickOnTheItemOpensItsMenuThere)
         << click.x() << click.y());
     ASSERT_TRUE(QTest::qWaitFor([this] { return menu.isVisible(); }));
     EXPECT_TRUE(menu.geometry().adjusted(-1, -1, 1, 1).contains(click));
+    EXPECT_EQ(menu.minimumSize(), menu.sizeHint()) << "a tiling compositor would enlarge it";
+    EXPECT_EQ(menu.maximumSize(), menu.sizeHint());
     menu.close();
 }
 
