@@ -62,23 +62,4 @@ TEST_F(PlatformLoaderTest, byWayOfX11ALineSaysWhyAndWhatWillNotWork)
               1);
 }
 
-TEST_F(PlatformLoaderTest, thePlatformIsCompleteAndTheChoiceIsKeptFromOtherPrograms)
-{
-    for (const QByteArray &before : {QByteArray(), QByteArray("wayland")}) {
-        set("QT_QPA_PLATFORM", before);
-        ASSERT_FALSE(PlatformLoader::chooseDisplay());
-        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
-        const auto platform = PlatformLoader::makePlatform();
-        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), before);
-
-        const auto &[clock, files, settings, appearance, names, installed, login, running,
-                     notifications, workspace, space, layout, hotKeys, symbolic, front, pasteboard,
-                     sender, bar] = *platform;
-        EXPECT_TRUE(clock && files && settings && appearance && names && installed && login &&
-                    running && notifications);
-        EXPECT_TRUE(workspace && space && layout && hotKeys && symbolic && front);
-        EXPECT_TRUE(pasteboard && sender && bar);
-    }
-}
-
 } // namespace
