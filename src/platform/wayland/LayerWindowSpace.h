@@ -5,9 +5,14 @@
 #include <QMargins>
 #include <QPointer>
 #include <QSize>
+#include <QTimer>
 #include <QWindow>
 
 #include <memory>
+
+namespace LayerShellQt {
+class Window;
+}
 
 /// Where the compositor has layers for what belongs to the desktop: a utility window stands above
 /// all others on the output where the keyboard is, one third down, and keeps the keyboard to
@@ -30,11 +35,15 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void layOut(QWindow &window) const;
+    void putInLayer(QWindow &window);
+    void layOut(const QWindow &window) const;
     void showCatcher();
+    void removeCatcher();
 
     QPointer<QWindow> m_window;
-    QSize m_size; ///< Of what is seen of it, in points.
+    QPointer<LayerShellQt::Window> m_layer; ///< Of that; it lives as long.
+    QSize m_size;                           ///< Of what is seen of it, in points.
     QMargins m_shadow;
     std::unique_ptr<QWindow> m_catcher;
+    QTimer m_catcherDelay;
 };
