@@ -279,8 +279,11 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
     const WaylandKeySender::Selections selections{
         [&pasteboard] { pasteboard.expectPaste(); }, [&pasteboard] { pasteboard.offerPrimary(); },
         [&pasteboard](Toplevels::Id window) { pasteboard.publishPrimary(window); }};
-    return std::make_unique<WaylandKeySender>(
+    auto sender = std::make_unique<WaylandKeySender>(
         std::move(typist), toplevels, *platform.applicationNames, selections, readUsersKeys);
+    QObject::connect(&pasteboard, &Pasteboard::pasteRead, sender.get(),
+                     &WaylandKeySender::letTypedAheadGo);
+    return sender;
 }
 
 void makeWaylandHotKeys(Platform &platform)

@@ -35,6 +35,7 @@ public:
 
     // ^Typist
     bool isAvailable() const override { return m_isAvailable; }
+    bool canTypeBesideUser() const override { return false; }
     [[nodiscard]] KeySender::Outcome type(const KeySequence &sequence) override;
 
 private:

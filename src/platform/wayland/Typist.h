@@ -15,6 +15,9 @@ public:
     /// Whether there is one.
     virtual bool isAvailable() const = 0;
 
+    /// Whether what the user holds at the time has no part in what it types.
+    virtual bool canTypeBesideUser() const = 0;
+
     /// Types into whatever has the keyboard. Returns once the compositor has taken the keys.
     [[nodiscard]] virtual KeySender::Outcome type(const KeySequence &sequence) = 0;
 };

@@ -24,6 +24,7 @@ public:
 
     // ^Typist
     bool isAvailable() const override { return m_isAvailable; }
+    bool canTypeBesideUser() const override { return true; }
     [[nodiscard]] KeySender::Outcome type(const KeySequence &sequence) override;
 
 private:

@@ -18,7 +18,8 @@ WaylandKeySender::WaylandKeySender(std::unique_ptr<Typist> typist,
                                    const ApplicationNames &names, Selections selections,
                                    KnownKeys::UsersTable usersTable)
     : m_typist(std::move(typist)), m_toplevels(std::move(toplevels)), m_names(names),
-      m_selections(std::move(selections)), m_knownKeys(std::move(usersTable))
+      m_selections(std::move(selections)), m_knownKeys(std::move(usersTable)),
+      m_typeAhead(*m_typist)
 {
     m_journey.setSingleShot(true);
 }
@@ -71,7 +72,7 @@ KeySender::Outcome WaylandKeySender::paste(const ApplicationKeys &keys, const Ke
     if (keys.pastesPrimary)
         m_selections.offerPrimary();
     if (keys.remote == ApplicationKeys::Remote::No)
-        return m_typist->type(sequence);
+        return typePaste(sequence);
     m_journey.disconnect();
     m_journey.callOnTimeout(
         [this, target = inFront(), sequence] { pasteTakenOver(target, sequence); });
@@ -81,7 +82,15 @@ KeySender::Outcome WaylandKeySender::paste(const ApplicationKeys &keys, const Ke
 
 void WaylandKeySender::pasteTakenOver(Toplevels::Id target, const KeySequence &sequence)
 {
-    const bool isSent = inFront() == target && m_typist->type(sequence) == Outcome::Sent;
+    const bool isSent = inFront() == target && typePaste(sequence) == Outcome::Sent;
     if (!isSent && m_givenUp)
         m_givenUp();
+}
+
+KeySender::Outcome WaylandKeySender::typePaste(const KeySequence &sequence)
+{
+    const Outcome outcome = m_typist->type(sequence);
+    if (outcome == Outcome::Sent)
+        m_typeAhead.begin();
+    return outcome;
 }

@@ -4,7 +4,9 @@
 #include "platform/typing/KnownKeys.h"
 #include "platform/wayland/Toplevels.h"
 #include "platform/wayland/Typist.h"
+#include "platform/wayland/WaylandTypeAhead.h"
 
+#include <QObject>
 #include <QTimer>
 
 #include <functional>
@@ -14,10 +16,12 @@
 class ApplicationNames;
 
 /// Types by a keyboard that the compositor takes for one, what the application in front takes. No
-/// program can keep back what the user types into another one's window: a key that follows a
-/// Return goes where the keyboard is then, and may be in front of the clip.
-class WaylandKeySender : public KeySender
+/// program can keep back what the user types into another one's window: of the keys that follow a
+/// Return only those are kept back that come to our own.
+class WaylandKeySender : public QObject, public KeySender
 {
+    Q_OBJECT
+
 public:
     /// What is done with the selections for a keystroke.
     struct Selections
@@ -43,12 +47,16 @@ public:
     void setGivenUp(std::function<void()> givenUp) override { m_givenUp = std::move(givenUp); }
     void keepTypedAhead(QWindow *) override {}
 
+    /// The target has read what was pasted.
+    void letTypedAheadGo() { m_typeAhead.letGo(); }
+
 private:
     Toplevels::Id inFront() const;
     ApplicationKeys keysOfFront();
     Outcome copy(const ApplicationKeys &keys);
     Outcome paste(const ApplicationKeys &keys, const KeySequence &sequence);
     void pasteTakenOver(Toplevels::Id target, const KeySequence &sequence);
+    Outcome typePaste(const KeySequence &sequence);
 
     const std::unique_ptr<Typist> m_typist;
     const std::shared_ptr<const Toplevels> m_toplevels;
@@ -56,5 +64,6 @@ private:
     const Selections m_selections;
     KnownKeys m_knownKeys;
     std::function<void()> m_givenUp;
+    WaylandTypeAhead m_typeAhead;
     QTimer m_journey; ///< Of the clip to another computer.
 };

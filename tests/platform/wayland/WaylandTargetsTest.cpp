@@ -11,10 +11,14 @@
 #include "platform/VirtualKeys.h"
 #include "support/ExpectedWarnings.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QTest>
 #include <QWidget>
 
 #include <gtest/gtest.h>
+
+#include <xkbcommon/xkbcommon-keysyms.h>
 
 namespace {
 
@@ -240,6 +244,35 @@ TEST_P(WaylandTargets, anotherComputerIsGivenItsTimeUnlessSomebodyElseIsInFrontB
         EXPECT_EQ(keys, isInFront ? u"+29 +47 -47 -29"_s : QString());
         EXPECT_EQ(givenUp, isInFront ? 0 : 1);
     }
+}
+
+TEST_P(WaylandTargets, whatIsTypedBehindAPasteNeverStaysWithOurHiddenWindow)
+{
+    // Where the user's own keyboard is used, what the user holds just then would count.
+    const bool isTypedOn = GetParam() == Kind::Wlroots;
+    m_desktop->show("a", true);
+    settle();
+    QLineEdit field(&m_ours);
+    field.setFocus();
+    bringOursToFront();
+    QWindow *window = m_ours.windowHandle();
+    const auto type = [window](Qt::Key key, quint32 symbol, Qt::KeyboardModifiers modifiers,
+                               const QString &text) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, 0, symbol, 0, text);
+        QCoreApplication::sendEvent(window, &press);
+    };
+    m_ours.hide();
+    type(Qt::Key_Z, XKB_KEY_z, Qt::NoModifier, u"z"_s);
+    ASSERT_EQ(m_sender->sendCommand(VirtualKey::kV), Outcome::Sent);
+    EXPECT_EQ(typed(), u"+29 +47 -47 -29"_s);
+    type(Qt::Key_B, XKB_KEY_B, Qt::ShiftModifier, u"B"_s);
+    type(Qt::Key_Shift, XKB_KEY_Shift_L, Qt::ShiftModifier, QString());
+    EXPECT_EQ(typed(), QString());
+    m_sender->letTypedAheadGo();
+    EXPECT_EQ(typed(), isTypedOn ? u"+44 -44 +42 +48 -48 -42"_s : QString());
+    type(Qt::Key_A, XKB_KEY_a, Qt::ControlModifier, u"\x01"_s);
+    EXPECT_EQ(typed(), isTypedOn ? u"+29 +30 -30 -29"_s : QString());
+    EXPECT_EQ(field.text(), QString());
 }
 
 TEST_P(WaylandTargets, theWayBackLeadsToTheTargetOrNowhere)
