@@ -67,6 +67,9 @@ void WaylandFrontApplication::activate(QWindow *window)
     window->requestActivate();
     if (hasToken)
         qunsetenv(kActivationToken);
+    else
+        // Without one a compositor only marks a window that is open already.
+        m_toplevels->activate(m_toplevels->ownWindow(window->title()));
 }
 
 bool WaylandFrontApplication::isInFront(const QWindow &window) const
