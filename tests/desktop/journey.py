@@ -22,8 +22,6 @@ BINARY = os.path.abspath(os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quil
 QT_EDITOR = os.path.abspath(os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor"))
 PICTURES = os.environ.get("PICTURES", "")
 SESSION = os.environ.get("QUILLMARSH_SESSION", "x11")
-# Where programs cannot bind a chord, the compositor's configuration has it start one.
-BINDINGS = {"super+shift+v": f"{BINARY} launch", "super+shift+x": f"{BINARY} swop"}
 
 
 def made_in(*kinds):
@@ -55,7 +53,7 @@ class Journey(unittest.TestCase):
         if hasattr(self, "desktop"):
             self.desktop.close()
         self.desktop = (Desktop(**options) if SESSION == "x11" else
-                        session(SESSION, bindings=BINDINGS, **options))
+                        session(SESSION, quillmarsh=BINARY, **options))
         self.addCleanup(self.desktop.close)
         self.desktop.__enter__()
 

@@ -108,6 +108,9 @@ class Desktop(Surroundings):
     def activate(self, window):
         self.run(["xdotool", "windowactivate", window])
 
+    def move(self, window, x, y):
+        self.run(["xdotool", "windowmove", "--sync", window, str(x), str(y)])
+
     def place(self, window):
         """The window's x, y, width and height on the screen."""
         told = self.ask("xwininfo", "-id", window)

@@ -18,23 +18,24 @@ FIND = """
 const shown = workspace.windowList ? workspace.windowList() : workspace.clientList();
 const active = workspace.windowList ? workspace.activeWindow : workspace.activeClient;
 """
-LIST = FIND + """
+LIST = FIND + r"""
 callDBus("%(name)s", "/", "%(name)s", "tell", JSON.stringify(shown.filter(
     window => !window.minimized && !window.hidden).map(window => ({
-    id: String(window.internalId), name: String(window.caption), app: String(window.resourceClass),
-    pid: window.pid, "is active": window === active,
-    place: [window.x, window.y, window.width, window.height].map(Math.round)}))));
+    id: String(window.internalId), pid: window.pid, "is active": window === active,
+    // A second window of the same title gets a number.
+    name: String(window.caption).replace(/ <\d+>$/, ""), app: String(window.resourceClass),
+    place: [window.frameGeometry.x, window.frameGeometry.y, window.frameGeometry.width,
+            window.frameGeometry.height].map(Math.round)}))));
 """
-ACTIVATE = FIND + """
-for (const window of shown) {
-    if (String(window.internalId) === "%(window)s") {
-        if (workspace.windowList)
-            workspace.activeWindow = window;
-        else
-            workspace.activeClient = window;
-    }
-}
+CHANGE = FIND + """
+const window = shown.find(window => String(window.internalId) === "%(window)s");
+%(change)s
 callDBus("%(name)s", "/", "%(name)s", "tell", "null");
+"""
+ACTIVATE = "workspace[workspace.windowList ? 'activeWindow' : 'activeClient'] = window;"
+MOVE = """
+const place = window.frameGeometry;
+window.frameGeometry = {x: %d, y: %d, width: place.width, height: place.height};
 """
 
 
@@ -60,7 +61,10 @@ class WindowManager:
         return self._run(LIST % {"name": NAME})
 
     def activate(self, window):
-        self._run(ACTIVATE % {"name": NAME, "window": window})
+        self._run(CHANGE % {"name": NAME, "window": window, "change": ACTIVATE})
+
+    def move(self, window, x, y):
+        self._run(CHANGE % {"name": NAME, "window": window, "change": MOVE % (x, y)})
 
     def pixels(self, width, height):
         """Of the screen's upper left, four bytes each: blue, green, red and nothing."""

@@ -30,6 +30,7 @@ class Quillmarsh:
         threading.Thread(target=self._read, daemon=True).start()
         if wait:
             self.wait_for_log("devmate setup complete")
+            desktop.await_shortcuts()
 
     def _read(self):
         try:

@@ -15,12 +15,13 @@ import functools
 import json
 import os
 import pwd
+import re
 import shutil
 import subprocess
 import sys
 
 from kwin import WindowManager
-from surroundings import Surroundings
+from surroundings import HERE, Surroundings
 
 APP_ID = "org.quillmarsh.Quillmarsh"
 INPUT = os.environ.get("SESSION_INPUT", "build/dev/bin/session_input")
@@ -42,17 +43,19 @@ def become_ordinary(*folders):
 
 
 class Session(Surroundings):
-    """`bindings` says which chord starts what: {"super+shift+v": COMMAND LINE}; a compositor where
-    programs bind their own ignores it."""
+    """`quillmarsh` is the program that the session is for: where no program may bind a chord, the
+    session has its chords start it, and where a program must be allowed to type, it is."""
 
     kind = None  # as QUILLMARSH_SESSION and the command line name it
     desktop_name = None
 
-    def __init__(self, screen="1280x800", xwayland=False, bindings=None, environment=None):
+    def __init__(self, screen="1280x800", xwayland=False, quillmarsh=None, environment=None):
         super().__init__()
         self.screen = tuple(map(int, screen.split("x")))
         self.has_xwayland = xwayland
-        self.bindings = bindings or {}
+        self.quillmarsh = quillmarsh
+        self.bindings = {"super+shift+v": f"{quillmarsh} launch",
+                         "super+shift+x": f"{quillmarsh} swop"} if quillmarsh else {}
         self.environment.update(XDG_SESSION_TYPE="wayland", XDG_CURRENT_DESKTOP=self.desktop_name,
                                 **(environment or {}))
         self.log_path = os.path.join(self.home, "compositor.log")
@@ -148,6 +151,9 @@ class Session(Surroundings):
     def place(self, window):
         """The window's x, y, width and height on the screen."""
         return next(shown["place"] for shown in self.windows() if shown["id"] == window)
+
+    def move(self, window, x, y):
+        """Where windows are moved; a compositor that tiles keeps it where it is."""
 
     def click(self, window, x, y, count=1):
         """Into the window, in pixels from its corner."""
@@ -304,16 +310,26 @@ class KWinSession(Session):
         self.write(".config/kdeglobals", "[KDE]\nAnimationDurationFactor=0\n")
         self.write(".config/kwinrc", "[org.kde.kdecoration2]\nNoPlugin=true\n")
         self.allow("session-input", os.path.abspath(INPUT), "org_kde_kwin_fake_input")
+        if self.quillmarsh:
+            self._allow_quillmarsh()
         # The original has a capability that a container may not grant.
         self.program = os.path.join(self.home, "kwin_wayland")
         shutil.copy(shutil.which("kwin_wayland"), self.program)
         os.chmod(self.program, 0o755)
 
-    def allow(self, name, program, *interfaces, more=""):
+    def allow(self, name, program, interfaces):
         """A desktop entry by which the compositor grants a program these interfaces."""
         self.write(f".local/share/applications/{name}.desktop",
                    f"[Desktop Entry]\nType=Application\nName={name}\nExec={program}\nNoDisplay=true\n"
-                   f"X-KDE-Wayland-Interfaces={','.join(interfaces)}\n{more}")
+                   f"X-KDE-Wayland-Interfaces={interfaces}\n")
+
+    def _allow_quillmarsh(self):
+        """As the installed entry does, for the program that the one named starts."""
+        with open(os.path.join(HERE, "../../data", f"{APP_ID}-program.desktop"),
+                  encoding="utf-8") as entry:
+            interfaces = re.search("^X-KDE-Wayland-Interfaces=(.*)$", entry.read(), re.M)[1]
+        program = os.path.join(os.path.dirname(self.quillmarsh), "../libexec/quillmarsh/quillmarsh")
+        self.allow("quillmarsh-program", os.path.normpath(program), interfaces)
 
     def start_compositor(self, **options):
         width, height = self.screen
@@ -335,15 +351,25 @@ class KWinSession(Session):
                                        "--dest=org.kde.KWin", "/KWin",
                                        "org.kde.KWin.supportInformation"))
 
+    def await_shortcuts(self):
+        self.wait_for(lambda: "true" in self.ask(
+            "dbus-send", "--session", "--print-reply", "--dest=org.kde.kglobalaccel",
+            "/component/" + APP_ID.replace(".", "_"), "org.kde.kglobalaccel.Component.isActive"),
+            "the shortcuts")
+
     @functools.cached_property
     def manager(self):
         return WindowManager(self.environment["DBUS_SESSION_BUS_ADDRESS"], self.home)
 
     def windows(self):
-        return self.manager.windows()
+        # Quillmarsh asks which keys are held by a window of one pixel, which nobody sees.
+        return [window for window in self.manager.windows() if window["place"][2] > 1]
 
     def activate(self, window):
         self.manager.activate(window)
+
+    def move(self, window, x, y):
+        self.manager.move(window, x, y)
 
     def take_picture(self, path):
         width, height = self.screen

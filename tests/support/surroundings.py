@@ -115,6 +115,9 @@ class Surroundings:
                 raise TimeoutError(f"{what} did not come within {seconds:g} s")
             time.sleep(0.01)
 
+    def await_shortcuts(self):
+        """Returns once those of a program that has just started work."""
+
     def close(self):
         for process in reversed(self.processes):
             if process.poll() is None:
