@@ -358,8 +358,10 @@ TEST(WaylandPrimary, isOfferedForTerminalsAndTakenFromTheWindowThatItWasMarkedIn
     WaylandStage stage;
     DataClient terminal;
     ASSERT_TRUE(stage->write({u"for a terminal"_s, u"{\\rtf1}"_s}));
+    stage->expectPaste();
     stage->offerPrimary();
     EXPECT_EQ(stage.paste(kText, Selection::Primary), "for a terminal");
+    EXPECT_TRUE(stage->isPasteRead());
     EXPECT_EQ(stage.paste(u"text/rtf"_s, Selection::Primary), std::nullopt);
 
     stage.setFront({u"Terminal"_s, false, 7});

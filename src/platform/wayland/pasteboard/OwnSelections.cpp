@@ -131,11 +131,13 @@ OwnSelections::Own OwnSelections::take(Selection selection)
 
 void OwnSelections::noteRead(Selection selection, const QString &mark)
 {
-    Own *own = selection == Selection::Clipboard ? find(selection, mark) : nullptr;
+    Own *own = find(selection, mark);
     if (!own)
         return;
     ++own->timesRead;
-    if (!m_isPasteAwaited || own->timesRead < m_readsOfPaste)
+    // PRIMARY is ours for what pastes that, and managers leave it alone.
+    const int readsOfPaste = selection == Selection::Clipboard ? m_readsOfPaste : 1;
+    if (!m_isPasteAwaited || own->timesRead < readsOfPaste)
         return;
     m_isPasteAwaited = false;
     m_pasteRead();

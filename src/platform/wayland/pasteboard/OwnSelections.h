@@ -42,7 +42,8 @@ public:
     /// Null when the selection is not ours.
     std::shared_ptr<const CopyOffer> offer(Selection selection) const;
 
-    /// From now on it is looked out for somebody to ask for what is on the clipboard.
+    /// From now on it is looked out for somebody to ask for what is on the clipboard, or for
+    /// PRIMARY where that is pasted.
     void expectPaste();
 
     /// Drops stalled readers and says when the next will be.
