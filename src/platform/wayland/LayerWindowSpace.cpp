@@ -111,8 +111,8 @@ void LayerWindowSpace::setSharesKeyboard(QWindow *window, bool shares)
 bool LayerWindowSpace::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_window) {
-        if (event->type() == QEvent::Expose && m_window->isExposed() && !m_catcher)
-            m_catcherDelay.start();
+        if (event->type() == QEvent::Expose)
+            exposureChanged();
         else if (event->type() == QEvent::FocusIn)
             showCatcher();
         else if (event->type() == QEvent::Hide)
@@ -141,6 +141,18 @@ void LayerWindowSpace::layOut(const QWindow &window) const
     const int height = screen ? screen->size().height() : m_size.height();
     const int above = qRound((height - m_size.height()) / 3.0);
     m_layer->setMargins({0, above - m_shadow.top(), 0, 0});
+}
+
+void LayerWindowSpace::exposureChanged()
+{
+    if (m_window->isExposed()) {
+        if (!m_catcher)
+            m_catcherDelay.start();
+    } else if (m_window->isVisible()) {
+        // The compositor has put it away, because its output is gone. It comes up elsewhere when it
+        // is called the next time.
+        m_window->close();
+    }
 }
 
 void LayerWindowSpace::showCatcher()

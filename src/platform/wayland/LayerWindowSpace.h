@@ -37,6 +37,7 @@ public:
 private:
     void putInLayer(QWindow &window);
     void layOut(const QWindow &window) const;
+    void exposureChanged();
     void showCatcher();
     void removeCatcher();
 
