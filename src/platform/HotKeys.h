@@ -34,6 +34,9 @@ struct HotKeyAction
 {
     QString name;  ///< For the desktop to know it again; the same in every language and for ever.
     QString title; ///< For the user.
+    /// Whether it types into the application in front at once. Where the desktop has the keyboard
+    /// as long as the key is down, its press is told when the key is let go.
+    bool types = false;
 };
 
 /// What the user has chosen for a hot key of ours in the desktop's own settings.

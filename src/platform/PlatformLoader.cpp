@@ -138,13 +138,13 @@ void tellThatAllWorks(Capabilities &capabilities)
 }
 
 /// Plasma's own service of shortcuts, and `otherwise` on other desktops or where it is not there.
-std::unique_ptr<HotKeys> makeHotKeys(const KeyboardLayout &layout,
+std::unique_ptr<HotKeys> makeHotKeys(const KeyboardLayout &layout, KGlobalAccelHotKeys::Keys keys,
                                      std::unique_ptr<HotKeys> otherwise)
 {
     const QStringList desktops = FreedesktopSymbolicHotKeys::currentDesktops();
     if (!desktops.contains(u"KDE", Qt::CaseInsensitive))
         return otherwise;
-    return std::make_unique<KGlobalAccelHotKeys>(QDBusConnection::sessionBus(), layout,
+    return std::make_unique<KGlobalAccelHotKeys>(QDBusConnection::sessionBus(), layout, keys,
                                                  std::move(otherwise));
 }
 
@@ -188,7 +188,8 @@ void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatal
                      &X11HotKeys::letTypedAheadGo);
     platform.windowSpace = std::make_unique<X11WindowSpace>();
     platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
-    platform.hotKeys = makeHotKeys(*platform.keyboardLayout, std::move(hotKeys));
+    platform.hotKeys = makeHotKeys(*platform.keyboardLayout, KGlobalAccelHotKeys::Keys::Otherwise,
+                                   std::move(hotKeys));
     platform.frontApplication = std::move(frontApplication);
     platform.pasteboard = std::move(pasteboard);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
@@ -289,7 +290,7 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
 void makeWaylandHotKeys(Platform &platform)
 {
     platform.hotKeys = makeHotKeys(
-        *platform.keyboardLayout,
+        *platform.keyboardLayout, KGlobalAccelHotKeys::Keys::Service,
         std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor(), ownCommand()));
     const auto tell = [hotKeys = platform.hotKeys.get(),
                        capabilities = platform.capabilities.get()] {

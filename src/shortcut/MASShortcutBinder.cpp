@@ -52,10 +52,10 @@ MASShortcutBinder *MASShortcutBinder::sharedBinder()
 
 void MASShortcutBinder::bindShortcutWithDefaultsKey(const QString &key,
                                                     std::function<void()> action,
-                                                    const QString &title)
+                                                    const std::optional<HotKeyAction> &named)
 {
     release(key);
-    m_actions.insert(key, {std::move(action), m_bindingOptions, title});
+    m_actions.insert(key, {std::move(action), m_bindingOptions, named});
     deliver(key);
 }
 
@@ -146,9 +146,7 @@ MASShortcutBinder::HotKeyState MASShortcutBinder::registered(const QString &key)
         return HotKeyState::None;
     if (!m_validator->isShortcutRecordable(*bound.wanted))
         return HotKeyState::Unusable;
-    const auto named =
-        bound.title.isEmpty() ? std::nullopt : std::optional(HotKeyAction{key, bound.title});
-    return m_shortcutMonitor->registerShortcut(*bound.wanted, bound.action, named)
+    return m_shortcutMonitor->registerShortcut(*bound.wanted, bound.action, bound.named)
                ? HotKeyState::Works
                : HotKeyState::HeldElsewhere;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/HotKeys.h"
 #include "shortcut/BindingOptions.h"
 #include "shortcut/MASShortcut.h"
 
@@ -15,7 +16,6 @@
 #include <functional>
 #include <optional>
 
-struct HotKeyChoice;
 class MASShortcutMonitor;
 class MASShortcutValidator;
 class SettingsStore;
@@ -56,10 +56,10 @@ public:
     void setBindingOptions(const BindingOptions &options) { m_bindingOptions = options; }
 
     /// Runs `action` at each press of the shortcut stored under the key, whichever that is at the
-    /// time. A shortcut stored already is registered before this returns. With a title, the
+    /// time. A shortcut stored already is registered before this returns. With `named` the
     /// desktop's own settings may list it, and what the user chooses there is stored here.
     void bindShortcutWithDefaultsKey(const QString &key, std::function<void()> action,
-                                     const QString &title = {});
+                                     const std::optional<HotKeyAction> &named = std::nullopt);
     void breakBindingWithDefaultsKey(const QString &key);
     bool isRegisteredAction(const QString &key) const { return m_actions.contains(key); }
 
@@ -101,7 +101,7 @@ private:
     {
         std::function<void()> action;
         BindingOptions options;
-        QString title = {};
+        std::optional<HotKeyAction> named = {};
         /// Absent when it was cleared.
         std::optional<MASShortcut> wanted = {};
         HotKeyState state = HotKeyState::None;

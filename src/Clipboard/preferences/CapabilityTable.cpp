@@ -54,7 +54,7 @@ CapabilityTable::CapabilityTable(ConfigurationLine::Copy copy)
     m_copyAll->setAutoDefault(false);
     connect(m_copyAll, &QPushButton::clicked, this, [this] { m_copy(m_configuration); });
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, 0, 0, 2 * kRowSpace);
     layout->setSpacing(2 * kRowSpace);
     layout->addWidget(new PaneSeparator);
     layout->addLayout(m_grid);

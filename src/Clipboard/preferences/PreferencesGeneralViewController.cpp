@@ -231,9 +231,11 @@ bool PreferencesGeneralViewController::bindShortcuts()
         return false;
     // The titles stand in the desktop's own settings, which list them under our name.
     binder->bindShortcutWithDefaultsKey(
-        openShortCutPrefKey, [this] { m_appDelegate.launch(); }, tr("Show clipboard history"));
+        openShortCutPrefKey, [this] { m_appDelegate.launch(); },
+        HotKeyAction{openShortCutPrefKey, tr("Show clipboard history")});
     binder->bindShortcutWithDefaultsKey(
-        swopShortCutPrefKey, [this] { m_appDelegate.swop(); }, tr("Swop selection with a clip"));
+        swopShortCutPrefKey, [this] { m_appDelegate.swop(); },
+        HotKeyAction{swopShortCutPrefKey, tr("Swop selection with a clip"), true});
     return true;
 }
 

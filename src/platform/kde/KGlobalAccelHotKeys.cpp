@@ -13,6 +13,7 @@
 #include <QDBusServiceWatcher>
 #include <QKeySequence>
 #include <QLoggingCategory>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -35,6 +36,9 @@ constexpr int kStartLimitMs = 5000;
 /// Held keys repeat by further presses. Somebody who lets go and presses anew is told by the
 /// release in between; where that is lost, by the time.
 constexpr std::chrono::milliseconds kLongestRepetition{1000};
+
+/// Who holds a key for longer has forgotten it, or its release was lost.
+constexpr std::chrono::seconds kLongestHold{2};
 
 QString component()
 {
@@ -97,9 +101,13 @@ QList<int> keysOfSequences(const QDBusArgument &list)
 } // namespace
 
 KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection &bus, const KeyboardLayout &layout,
-                                         std::unique_ptr<HotKeys> otherwise, QObject *parent)
-    : HotKeys(parent), m_bus(bus), m_layout(layout), m_otherwise(std::move(otherwise))
+                                         Keys keys, std::unique_ptr<HotKeys> otherwise,
+                                         QObject *parent)
+    : HotKeys(parent), m_bus(bus), m_layout(layout), m_onlyLists(keys == Keys::Otherwise),
+      m_otherwise(std::move(otherwise))
 {
+    if (m_onlyLists)
+        passOn();
     qDBusRegisterMetaType<QList<int>>();
     m_bus.connect(kService, pathOf(component()), kComponentInterface,
                   QStringLiteral("globalShortcutPressed"), this,
@@ -164,15 +172,18 @@ bool KGlobalAccelHotKeys::registerHotKey(HotKeyId id, quint32 keyCode, quint32 c
 bool KGlobalAccelHotKeys::registerAction(HotKeyId id, quint32 keyCode, quint32 carbonModifiers,
                                          const HotKeyAction &action)
 {
-    if (m_service == Service::Absent)
-        return m_otherwise->registerAction(id, keyCode, carbonModifiers, action);
+    if (asksOtherwise()) {
+        const bool isRegistered = m_otherwise->registerAction(id, keyCode, carbonModifiers, action);
+        if (!isRegistered || m_service == Service::Absent || action.title.isEmpty())
+            return isRegistered;
+    }
     const HotKeyCombination combination{keyCode, carbonModifiers};
     const std::optional<int> code = QtKeyCodes::of(combination, m_layout);
     // Before the layout is known no key has a name; once it is, all is told.
     const bool isLayoutKnown = !m_layout.asciiCapableName(VirtualKey::kA).isEmpty();
     if ((!code && isLayoutKnown) || m_registrations.contains(id))
-        return false;
-    if (code && m_refused.contains(*code)) {
+        return m_onlyLists;
+    if (!m_onlyLists && code && m_refused.contains(*code)) {
         askWhetherFree(*code);
         return false;
     }
@@ -181,6 +192,7 @@ bool KGlobalAccelHotKeys::registerAction(HotKeyId id, quint32 keyCode, quint32 c
     known.isListed = !action.title.isEmpty();
     known.title = known.isListed ? action.title : QKeySequence(code.value_or(0)).toString();
     known.wanted = combination;
+    known.types = action.types;
     known.isRefused = false;
     flushLater();
     return true;
@@ -202,7 +214,7 @@ void KGlobalAccelHotKeys::unregisterHotKey(HotKeyId id)
 
 bool KGlobalAccelHotKeys::isAvailable(quint32 keyCode, quint32 carbonModifiers)
 {
-    if (m_service == Service::Absent)
+    if (asksOtherwise())
         return m_otherwise->isAvailable(keyCode, carbonModifiers);
     const std::optional<int> code = QtKeyCodes::of({keyCode, carbonModifiers}, m_layout);
     return code && !m_taken.contains(*code) && !m_refused.contains(*code);
@@ -210,7 +222,7 @@ bool KGlobalAccelHotKeys::isAvailable(quint32 keyCode, quint32 carbonModifiers)
 
 bool KGlobalAccelHotKeys::isGranted(HotKeyId id)
 {
-    if (m_service == Service::Absent)
+    if (asksOtherwise())
         return m_otherwise->isGranted(id);
     const auto known = m_registrations.find(id);
     return known != m_registrations.end() && !m_actions.value(known->second.name).isRefused;
@@ -218,10 +230,8 @@ bool KGlobalAccelHotKeys::isGranted(HotKeyId id)
 
 void KGlobalAccelHotKeys::setSuspended(bool isSuspended)
 {
-    if (std::exchange(m_isSuspended, isSuspended) == isSuspended)
-        return;
     m_otherwise->setSuspended(isSuspended);
-    if (m_service == Service::Absent)
+    if (asksOtherwise() || std::exchange(m_isSuspended, isSuspended) == isSuspended)
         return;
     // At once, so that the service hears of it before the keyboard's next key.
     flush();
@@ -248,9 +258,12 @@ void KGlobalAccelHotKeys::goOtherwise()
         return;
     qCInfo(lcHotKeys, "Plasma's service of shortcuts is not there");
     m_service = Service::Absent;
-    connect(m_otherwise.get(), &HotKeys::pressed, this, &HotKeys::pressed);
-    connect(m_otherwise.get(), &HotKeys::released, this, &HotKeys::released);
-    connect(m_otherwise.get(), &HotKeys::availabilityChanged, this, &HotKeys::availabilityChanged);
+    if (m_onlyLists) {
+        m_registrations.clear();
+        m_actions.clear();
+        return;
+    }
+    passOn();
     for (const auto &[id, registration] : std::exchange(m_registrations, {})) {
         const HotKeyCombination &wanted = registration.combination;
         // What is refused is told below, and asked for again then.
@@ -262,6 +275,14 @@ void KGlobalAccelHotKeys::goOtherwise()
     if (control() != Control::Ours)
         Q_EMIT controlChanged();
     Q_EMIT availabilityChanged();
+}
+
+/// From now on the other hot keys speak for us.
+void KGlobalAccelHotKeys::passOn()
+{
+    connect(m_otherwise.get(), &HotKeys::pressed, this, &HotKeys::pressed);
+    connect(m_otherwise.get(), &HotKeys::released, this, &HotKeys::released);
+    connect(m_otherwise.get(), &HotKeys::availabilityChanged, this, &HotKeys::availabilityChanged);
 }
 
 // A combination is often given back and registered anew in one go, which is nothing to tell.
@@ -303,7 +324,8 @@ void KGlobalAccelHotKeys::push(const QString &name, Action &action)
     }
     const std::optional<int> code =
         action.wanted ? QtKeyCodes::of(*action.wanted, m_layout) : std::optional(0);
-    const bool isInPlace = action.told == code && action.isActive == action.wanted.has_value();
+    const bool isTaken = action.wanted && !m_onlyLists;
+    const bool isInPlace = action.told == code && action.isActive == isTaken;
     // Nothing is told before there is something to tell.
     const bool isNew = !action.wanted && !action.told;
     if (!code || isInPlace || isNew || action.isRefused)
@@ -311,16 +333,16 @@ void KGlobalAccelHotKeys::push(const QString &name, Action &action)
     const bool isFirst = !action.told;
     const QList<int> keys = *code == 0 ? QList<int>() : QList<int>{*code};
     m_bus.send(call(QStringLiteral("doRegister"), {id}));
-    const QVariantList arguments{id, QVariant::fromValue(keys),
-                                 isFirst ? kPresent : kPresent | kReplacing};
-    action.isActive = action.wanted.has_value();
+    const uint flags = (m_onlyLists ? 0U : kPresent) | (isFirst ? 0U : kReplacing);
+    const QVariantList arguments{id, QVariant::fromValue(keys), flags};
+    action.isActive = isTaken;
     action.told = code;
     ask(call(QStringLiteral("setShortcut"), arguments),
         [this, name, code, isFirst](const QDBusMessage &answer) {
             const QVariantList told = answer.arguments();
             takeAnswer(name, *code, isFirst, qdbus_cast<QList<int>>(told.value(0)));
         });
-    if (!action.wanted)
+    if (!action.wanted && !m_onlyLists)
         m_bus.send(call(QStringLiteral("setInactive"), {id}));
 }
 
@@ -337,6 +359,9 @@ void KGlobalAccelHotKeys::takeAnswer(const QString &name, int asked, bool wasFir
         takeChoice(name, others);
         return;
     }
+    // Whether somebody else has them is seen by the grab.
+    if (m_onlyLists)
+        return;
     // An empty list says the same, of a refusal that the service remembers.
     action->isRefused = true;
     action->told = kRefusal;
@@ -450,19 +475,39 @@ void KGlobalAccelHotKeys::ask(const QDBusMessage &message, Receiver receive)
 void KGlobalAccelHotKeys::handlePressed(const QString &, const QString &name, qlonglong timestamp)
 {
     const auto action = m_actions.find(name);
-    if (action == m_actions.end() || m_isSuspended)
+    if (action == m_actions.end() || m_isSuspended || m_onlyLists)
         return;
     const TimePoint now = std::chrono::steady_clock::now();
     const auto before = std::exchange(action->heldSince, now);
     if (before && now - *before < kLongestRepetition)
         return;
-    for (const HotKeyId id : idsOf(name)) {
-        HotKeyEvent event;
-        event.id = id;
-        event.timestamp = static_cast<quint32>(timestamp);
-        event.carbonModifiers = m_registrations.at(id).combination.carbonModifiers;
-        Q_EMIT pressed(event);
+    if (!action->types) {
+        tellPress(name, timestamp);
+        return;
     }
+    // The service has the keyboard until the key is let go, and would get what is typed.
+    const int press = ++m_lastPress;
+    action->waitingPress = press;
+    QTimer::singleShot(kLongestHold, this, [this, name, timestamp, press] {
+        if (m_actions.value(name).waitingPress == press)
+            tellPress(name, timestamp);
+    });
+}
+
+void KGlobalAccelHotKeys::tellPress(const QString &name, qlonglong timestamp)
+{
+    m_actions[name].waitingPress = 0;
+    for (const HotKeyId id : idsOf(name))
+        Q_EMIT pressed(eventOf(id, timestamp));
+}
+
+HotKeyEvent KGlobalAccelHotKeys::eventOf(HotKeyId id, qlonglong timestamp) const
+{
+    HotKeyEvent event;
+    event.id = id;
+    event.timestamp = static_cast<quint32>(timestamp);
+    event.carbonModifiers = m_registrations.at(id).combination.carbonModifiers;
+    return event;
 }
 
 void KGlobalAccelHotKeys::handleReleased(const QString &, const QString &name, qlonglong timestamp)
@@ -470,13 +515,10 @@ void KGlobalAccelHotKeys::handleReleased(const QString &, const QString &name, q
     const auto action = m_actions.find(name);
     if (action == m_actions.end() || !std::exchange(action->heldSince, std::nullopt))
         return;
-    for (const HotKeyId id : idsOf(name)) {
-        HotKeyEvent event;
-        event.id = id;
-        event.timestamp = static_cast<quint32>(timestamp);
-        event.carbonModifiers = m_registrations.at(id).combination.carbonModifiers;
-        Q_EMIT released(event);
-    }
+    if (action->waitingPress != 0)
+        tellPress(name, timestamp);
+    for (const HotKeyId id : idsOf(name))
+        Q_EMIT released(eventOf(id, timestamp));
 }
 
 void KGlobalAccelHotKeys::handleShortcutsChanged(const QDBusMessage &message)

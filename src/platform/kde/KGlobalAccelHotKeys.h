@@ -25,8 +25,17 @@ class KGlobalAccelHotKeys : public HotKeys
     Q_OBJECT
 
 public:
+    /// Who takes the keys.
+    enum class Keys {
+        Service, ///< The service does: nobody else can.
+        /// The other hot keys do, and the service keeps the names and the user's choice alone.
+        /// Grabs hold back what is typed behind a hot key; the service lets it through to whatever
+        /// window was in front.
+        Otherwise
+    };
+
     /// `layout` must outlive this object. The service is asked for at once.
-    KGlobalAccelHotKeys(const QDBusConnection &bus, const KeyboardLayout &layout,
+    KGlobalAccelHotKeys(const QDBusConnection &bus, const KeyboardLayout &layout, Keys keys,
                         std::unique_ptr<HotKeys> otherwise, QObject *parent = nullptr);
     /// The service keeps what was chosen, and does without us.
     ~KGlobalAccelHotKeys() override;
@@ -66,11 +75,17 @@ private:
         /// in this process, when what the user chose in the system's settings goes before our wish.
         std::optional<int> told;
         bool isRefused = false;
+        bool types = false;
         std::optional<TimePoint> heldSince; ///< When the last press of one hold came.
+        /// The number of a press that waits for its release; 0 for none.
+        int waitingPress = 0;
     };
 
     void serviceAppeared();
     void goOtherwise();
+    /// Whether the other hot keys are asked for a registration.
+    bool asksOtherwise() const { return m_onlyLists || m_service == Service::Absent; }
+    void passOn();
     void flushLater();
     void flush();
     void push(const QString &name, Action &action);
@@ -78,6 +93,8 @@ private:
     void takeChoice(const QString &name, const QList<int> &keys);
     void askWhetherFree(int code);
     void askWhatIsTaken();
+    void tellPress(const QString &name, qlonglong timestamp);
+    HotKeyEvent eventOf(HotKeyId id, qlonglong timestamp) const;
     std::vector<HotKeyId> idsOf(const QString &name) const;
     QStringList actionId(const QString &name, const Action &action) const;
     QDBusMessage call(const QString &method, const QVariantList &arguments) const;
@@ -92,12 +109,14 @@ private Q_SLOTS: // The bus knows receivers by name.
 private:
     QDBusConnection m_bus;
     const KeyboardLayout &m_layout;
+    const bool m_onlyLists; ///< Keys::Otherwise.
     std::unique_ptr<HotKeys> m_otherwise;
     Service m_service = Service::Asked;
     bool m_isSuspended = false;
     bool m_isFlushPending = false;
     std::map<HotKeyId, Registration> m_registrations;
     QMap<QString, Action> m_actions;
+    int m_lastPress = 0;
     QSet<int> m_refused; ///< Codes that others hold.
     QSet<int> m_asked;   ///< Codes about which a question is under way.
     QSet<int> m_taken;   ///< Codes that other programs have, when it was last asked.

@@ -74,7 +74,7 @@ public Q_SLOTS: // The service's own names.
     QList<int> setShortcut(const QStringList &id, const QList<int> &keys, uint flags)
     {
         const QString name = id.value(1);
-        if (!active.contains(name))
+        if ((flags & 2) != 0 && !active.contains(name))
             active.append(name);
         if (stored.contains(name) && (flags & 4) == 0)
             return stored.value(name);

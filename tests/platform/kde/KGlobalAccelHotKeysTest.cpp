@@ -47,17 +47,19 @@ protected:
         qDBusRegisterMetaType<QList<KeySequence>>();
     }
 
-    void start()
+    void start(KGlobalAccelHotKeys::Keys keys = KGlobalAccelHotKeys::Keys::Service)
     {
         m_service = std::make_unique<BusService<GlobalAccelStandIn>>(
             QStringLiteral("org.kde.kglobalaccel"), QStringLiteral("/kglobalaccel"));
-        make(QDBusConnection::sessionBus());
+        make(QDBusConnection::sessionBus(), keys);
     }
-    void make(const QDBusConnection &bus)
+    void make(const QDBusConnection &bus,
+              KGlobalAccelHotKeys::Keys keys = KGlobalAccelHotKeys::Keys::Service)
     {
         auto otherwise = std::make_unique<MemoryHotKeys>();
         m_otherwise = otherwise.get();
-        m_hotKeys = std::make_unique<KGlobalAccelHotKeys>(bus, m_layout, std::move(otherwise));
+        m_hotKeys =
+            std::make_unique<KGlobalAccelHotKeys>(bus, m_layout, keys, std::move(otherwise));
     }
 
     template <typename Question>
@@ -131,6 +133,30 @@ TEST_F(PlasmaHotKeys, anActionIsListedByItsTitleAndReportsEachHoldOnce)
     m_hotKeys->unregisterHotKey({1, 2});
     ASSERT_TRUE(QTest::qWaitFor([&] { return !isActive(); }));
     EXPECT_EQ(stored(), QList<int>());
+}
+
+TEST_F(PlasmaHotKeys, whatTypesWaitsUntilItsKeyIsUp)
+{
+    start();
+    HotKeyAction action = kAction;
+    action.types = true;
+    ASSERT_TRUE(m_hotKeys->registerAction(kId, VirtualKey::kV, kSuperShift, action));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return isActive(); }));
+    QStringList told;
+    QObject::connect(m_hotKeys.get(), &HotKeys::pressed, m_hotKeys.get(),
+                     [&] { told << QStringLiteral("pressed"); });
+    sendKey(QStringLiteral("globalShortcutPressed"));
+    // The answer to a question comes behind it.
+    QSignalSpy changed(m_hotKeys.get(), &HotKeys::availabilityChanged);
+    m_service->tell([](GlobalAccelStandIn &service) { service.foreign = {Qt::Key_F5}; });
+    ASSERT_TRUE(m_hotKeys->registerHotKey({1, 2}, VirtualKey::kF5, 0));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !changed.isEmpty(); }));
+    EXPECT_EQ(told, QStringList());
+    QObject::connect(m_hotKeys.get(), &HotKeys::released, m_hotKeys.get(),
+                     [&] { told << QStringLiteral("released"); });
+    sendKey(QStringLiteral("globalShortcutReleased"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return told.size() >= 2; }));
+    EXPECT_EQ(told, (QStringList{QStringLiteral("pressed"), QStringLiteral("released")}));
 }
 
 TEST_F(PlasmaHotKeys, whatTheUserChoosesInTheDesktopsSettingsIsTold)
@@ -245,6 +271,33 @@ TEST_F(PlasmaHotKeys, withoutTheServiceTheOtherHotKeysTakeItsPlace)
     m_otherwise->press(VirtualKey::kV, kSuperShift);
     EXPECT_EQ(pressed.size(), 1);
     m_hotKeys->unregisterHotKey(kId);
+    EXPECT_TRUE(m_otherwise->idsOf(VirtualKey::kV, kSuperShift).empty());
+}
+
+TEST_F(PlasmaHotKeys, whereGrabsTakeTheKeysTheServiceKeepsTheChoiceAlone)
+{
+    start(KGlobalAccelHotKeys::Keys::Otherwise);
+    ASSERT_TRUE(registerOpen());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return stored() == QList<int>{kMetaShiftV}; }));
+    QSignalSpy pressed(m_hotKeys.get(), &HotKeys::pressed);
+    m_otherwise->press(VirtualKey::kV, kSuperShift);
+    EXPECT_EQ(pressed.size(), 1);
+    m_hotKeys->setSuspended(true);
+    EXPECT_TRUE(m_otherwise->isSuspended());
+    m_hotKeys->setSuspended(false);
+
+    QSignalSpy chosen(m_hotKeys.get(), &HotKeys::chosenElsewhere);
+    const QList<KeySequence> sequences{{{int(Qt::MetaModifier) | Qt::Key_U, 0, 0, 0}}};
+    send(QStringLiteral("/kglobalaccel"), QStringLiteral("org.kde.KGlobalAccel"),
+         QStringLiteral("yourShortcutsChanged"),
+         {QStringList{QStringLiteral("org.quillmarsh.Quillmarsh"), kOpen},
+          QVariant::fromValue(sequences)});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !chosen.isEmpty(); }));
+    // Whoever registered it follows.
+    m_hotKeys->unregisterHotKey(kId);
+    ASSERT_TRUE(
+        m_hotKeys->registerAction({1, 2}, VirtualKey::kU, CarbonModifiers::kCommand, kAction));
+    EXPECT_FALSE(m_otherwise->idsOf(VirtualKey::kU, CarbonModifiers::kCommand).empty());
     EXPECT_TRUE(m_otherwise->idsOf(VirtualKey::kV, kSuperShift).empty());
 }
 
