@@ -140,6 +140,12 @@ bool ClipPaster::replaceBy(const Copy &copy)
 
 ClipPaster::Outcome ClipPaster::typeIntoTarget()
 {
+    const auto unable = [this] {
+        return leaveToUser(tr("Quillmarsh is not able to type into %1. Paste it there yourself; "
+                              "the middle mouse button does it, too."));
+    };
+    if (!m_hotKeyManager.canType())
+        return unable();
     if (!m_ports.frontApplication.returnToTarget()) {
         tell(tr("The clip is on the clipboard"), tr("The previous window could not be activated."));
         return Outcome::Stranded;
@@ -162,8 +168,7 @@ ClipPaster::Outcome ClipPaster::typeIntoTarget()
         return leaveToUser(tr("A key was held down, so nothing was typed into %1. Paste it there "
                               "yourself; the middle mouse button does it, too."));
     case KeySender::Outcome::Failed:
-        return leaveToUser(tr("Quillmarsh is not able to type into %1. Paste it there yourself; "
-                              "the middle mouse button does it, too."));
+        return unable();
     }
     return Outcome::Typed;
 }

@@ -18,6 +18,9 @@ public:
     KeySender::Outcome pasteOverCopied();
     KeySender::Outcome copy();
 
+    /// As KeySender::isAvailable().
+    bool canType() const { return m_keySender.isAvailable(); }
+
     /// As KeySender::setGivenUp().
     void setGivenUp(std::function<void()> givenUp) { m_keySender.setGivenUp(std::move(givenUp)); }
 

@@ -213,6 +213,17 @@ TEST_F(ClipPasterTest, whereNothingCanBeTypedTheClipIsMarkedTooAndTheUserIsTold)
     }
 }
 
+TEST_F(ClipPasterTest, whereNoProgramMayTypeNobodyIsToldOfTheTarget)
+{
+    m_rig.platform.keySender.setAvailable(false);
+    m_rig.platform.frontApplication.setReturns(false);
+    m_rig.paster.performPaste(kPlain, {});
+    EXPECT_EQ(onPasteboard()->text, u"Straße"_s);
+    expectNotification("The clip is on the clipboard",
+                       "Quillmarsh is not able to type into this application. Paste it there "
+                       "yourself; the middle mouse button does it, too.");
+}
+
 TEST_F(ClipPasterTest, aClipThatWasNotTakenOverToAnotherComputerIsMarkedTooAndTheUserIsTold)
 {
     m_rig.platform.frontApplication.setApplicationName(u"Viewer"_s);

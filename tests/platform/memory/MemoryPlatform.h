@@ -39,6 +39,7 @@ private:
 class MemoryKeySender : public KeySender
 {
 public:
+    void setAvailable(bool isAvailable) { m_isAvailable = isAvailable; }
     void setReaction(std::function<void(quint32)> reaction) { m_reaction = std::move(reaction); }
     /// What becomes of the command instead of being sent.
     void refuse(quint32 keyCode, Outcome outcome) { m_refused.insert(keyCode, outcome); }
@@ -49,7 +50,7 @@ public:
     int sentOverCopied() const { return m_sentOverCopied; }
 
     // ^KeySender
-    bool isAvailable() const override { return true; }
+    bool isAvailable() const override { return m_isAvailable; }
     bool isKeyHeld() const override { return false; }
     Outcome sendCommand(quint32 keyCode) override;
     Outcome sendPasteOverCopied() override;
@@ -57,6 +58,7 @@ public:
     void keepTypedAhead(QWindow *) override {}
 
 private:
+    bool m_isAvailable = true;
     QMap<quint32, Outcome> m_refused;
     QList<quint32> m_sent;
     int m_sentOverCopied = 0;
