@@ -49,6 +49,9 @@ quint64 ModifierFlags::ofEvent(const QKeyEvent &event)
     Qt::KeyboardModifiers held = event.modifiers();
     if (isAltTakenForSuper(event))
         held ^= Qt::MetaModifier | Qt::AltModifier;
+    // By this name, which it has under Wayland, Qt does not count the key itself.
+    if (event.key() == Qt::Key_Super_L || event.key() == Qt::Key_Super_R)
+        held.setFlag(Qt::MetaModifier, event.type() != QEvent::KeyRelease);
     return ofQt(held);
 }
 

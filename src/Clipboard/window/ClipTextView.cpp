@@ -5,6 +5,7 @@
 #include "looks/Looks.h"
 #include "looks/ScrollBars.h"
 #include "looks/TextField.h"
+#include "platform/ModifierFlags.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -196,11 +197,11 @@ QMimeData *ClipTextView::createMimeDataFromSelection() const
 
 bool ClipTextView::isReadingKey(const QKeyEvent &event)
 {
-    constexpr std::array kKeys{Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,  Qt::Key_Right,
-                               Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,  Qt::Key_End,
-                               Qt::Key_Tab,    Qt::Key_Backtab,  Qt::Key_Shift, Qt::Key_Control,
-                               Qt::Key_Alt,    Qt::Key_Meta};
-    return event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll) ||
+    constexpr std::array kKeys{Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left, Qt::Key_Right,
+                               Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End,
+                               Qt::Key_Tab,    Qt::Key_Backtab};
+    return ModifierFlags::isModifierKey(event) || event.matches(QKeySequence::Copy) ||
+           event.matches(QKeySequence::SelectAll) ||
            std::find(kKeys.begin(), kKeys.end(), event.key()) != kKeys.end();
 }
 
