@@ -26,6 +26,7 @@
 #include "platform/kde/PlasmaWindows.h"
 #include "platform/wayland/FrontNames.h"
 #include "platform/wayland/PlainWindowSpace.h"
+#include "platform/wayland/QtWaylandBuffers.h"
 #include "platform/wayland/ToplevelTracker.h"
 #include "platform/wayland/VirtualKeyboard.h"
 #include "platform/wayland/WaylandConnection.h"
@@ -305,6 +306,7 @@ void makeWaylandHotKeys(Platform &platform)
 void makeWaylandAdapters(Platform &platform, const std::shared_ptr<DesktopEntryCatalog> &entries,
                          const std::function<bool()> &areAnimationsWanted)
 {
+    keepQtWaylandFromOpenGL();
     const std::shared_ptr<WaylandConnection> wayland = std::exchange(g_wayland, nullptr);
     platform.windowSpace =
         makeWaylandWindowSpace(*wayland, areAnimationsWanted, *platform.capabilities);
@@ -395,6 +397,7 @@ std::unique_ptr<HelperPlatform> PlatformLoader::makeHelperPlatform()
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
     platform->runningApplications = std::make_unique<ProcRunningApplications>();
     if (const std::shared_ptr<WaylandConnection> wayland = std::exchange(g_wayland, nullptr)) {
+        keepQtWaylandFromOpenGL();
         platform->keyboardLayout = std::make_unique<WaylandKeyboardLayout>(wayland);
         platform->statusBar = std::make_unique<StatusNotifierStatusBar>(nullptr);
         wayland->start();

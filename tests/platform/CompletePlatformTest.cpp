@@ -1,6 +1,9 @@
 #include "platform/PlatformLoader.h"
 
+#include <QFile>
 #include <QGuiApplication>
+#include <QTest>
+#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +37,21 @@ TEST(CompletePlatform, everyCapabilityIsThereAndTheChoiceIsKeptFromOtherPrograms
     const auto &[clock, settings, running, layout, bar] = *helper;
     EXPECT_TRUE(clock && settings && running && layout && bar);
     qputenv(kQtPlatform, here);
+}
+
+TEST(CompletePlatform, aWindowNeedsNoGraphicsDriver)
+{
+    ASSERT_FALSE(PlatformLoader::chooseDisplay());
+    const auto platform = PlatformLoader::makePlatform();
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QFile loaded(QStringLiteral("/proc/self/maps"));
+    ASSERT_TRUE(loaded.open(QIODevice::ReadOnly));
+    const QByteArray files = loaded.readAll();
+    EXPECT_TRUE(files.contains("/libQt6Widgets.so"));
+    for (const char *part : {"/libEGL_", "/libLLVM", "/libgallium", "_dri.so"})
+        EXPECT_FALSE(files.contains(part)) << part;
 }
 
 } // namespace
