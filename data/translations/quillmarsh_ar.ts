@@ -1799,6 +1799,10 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>The shortcut that opens the history, by default %1, is turned off.</source>
         <translation>الاختصار الذي يفتح السجل، وهو افتراضيًا %1، معطَّل.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts. Preferences has the line that its configuration needs.</source>
+        <translation>لا يسمح سطح المكتب هذا لأي برنامج بتعيين اختصارات. تجد في التفضيلات السطر الذي تحتاجه إعداداته.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomeWindowView</name>

@@ -1755,6 +1755,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <source>The shortcut that opens the history, by default %1, is turned off.</source>
         <translation>Der Kurzbefehl, der den Verlauf öffnet (voreingestellt %1), ist ausgeschaltet.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts. Preferences has the line that its configuration needs.</source>
+        <translation>Dieser Desktop lässt kein Programm Kurzbefehle festlegen. Die Zeile für seine Konfiguration steht in den Einstellungen.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomeWindowView</name>

@@ -1755,6 +1755,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <source>The shortcut that opens the history, by default %1, is turned off.</source>
         <translation>El atajo que abre el historial, por defecto %1, está desactivado.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts. Preferences has the line that its configuration needs.</source>
+        <translation>Este escritorio no deja que ningún programa establezca atajos. En Preferencias está la línea que necesita su configuración.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomeWindowView</name>

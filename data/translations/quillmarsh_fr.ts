@@ -1755,6 +1755,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <source>The shortcut that opens the history, by default %1, is turned off.</source>
         <translation>Le raccourci qui ouvre l’historique, par défaut %1, est désactivé.</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts. Preferences has the line that its configuration needs.</source>
+        <translation>Ce bureau ne laisse aucun programme définir des raccourcis. Les préférences donnent la ligne à mettre dans sa configuration.</translation>
+    </message>
 </context>
 <context>
     <name>WelcomeWindowView</name>

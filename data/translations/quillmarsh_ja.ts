@@ -1744,6 +1744,10 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>The shortcut that opens the history, by default %1, is turned off.</source>
         <translation>履歴を開くショートカット(標準は%1)はオフになっています。</translation>
     </message>
+    <message>
+        <source>This desktop lets no program set shortcuts. Preferences has the line that its configuration needs.</source>
+        <translation>このデスクトップではプログラムがショートカットを設定できません。設定に加える行は環境設定にあります。</translation>
+    </message>
 </context>
 <context>
     <name>WelcomeWindowView</name>

@@ -69,6 +69,12 @@ std::optional<MASShortcut> GlobalShortcuts::storedShortcut(const SettingsStore &
     return shortcut && !shortcut->keyCodeString().isEmpty() ? shortcut : std::nullopt;
 }
 
+bool GlobalShortcuts::canBeHad()
+{
+    const MASShortcutMonitor *monitor = MASShortcutMonitor::sharedMonitor();
+    return !monitor || monitor->canRegister();
+}
+
 QStringList GlobalShortcuts::keyCaps(const MASShortcut &shortcut)
 {
     const std::array<std::pair<quint64, QString>, 4> modifierNames{{

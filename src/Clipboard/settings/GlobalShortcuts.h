@@ -34,6 +34,9 @@ MASShortcut defaultSwopShortcut();
 /// The shortcut stored under `key`; absent when there is none.
 std::optional<MASShortcut> storedShortcut(const SettingsStore &settings, const QString &key);
 
+/// Whether a program of this desktop can have shortcuts at all.
+bool canBeHad();
+
 /// The keys to press, by the names printed on a Linux keyboard: "Super", "Shift", "V".
 QStringList keyCaps(const MASShortcut &shortcut);
 

@@ -196,6 +196,9 @@ void WelcomeWindowController::showShortcuts()
 
 QString WelcomeWindowController::openShortcutLine() const
 {
+    if (!GlobalShortcuts::canBeHad())
+        return tr("This desktop lets no program set shortcuts. Preferences has the line that its "
+                  "configuration needs.");
     const MASShortcut usual = GlobalShortcuts::defaultOpenShortcut();
     const QString usualName = GlobalShortcuts::sentenceName(usual);
     const std::optional<MASShortcut> own =

@@ -321,6 +321,9 @@ TEST_F(WelcomeRig, theLabelNamesTheDefaultShortcutAndBesideItTheUsersOwn)
         return welcome.view()->cmdShiftVLabel->text();
     };
     EXPECT_TRUE(label().contains(usual));
+    memory.hotKeys.setControl(HotKeys::Control::Nobody);
+    EXPECT_TRUE(label().startsWith(QStringLiteral("This desktop lets no program")));
+    memory.hotKeys.setControl(HotKeys::Control::Ours);
     memory.settings.setValue(
         SettingsKeys::kOpenShortCut,
         MASShortcut(VirtualKey::kH, ModifierFlags::kControl | ModifierFlags::kOption).archive());
