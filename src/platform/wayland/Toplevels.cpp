@@ -47,8 +47,10 @@ Toplevels::Id Toplevels::ownWindow(const QString &title) const
     const MutexLock lock(m_mutex);
     const Known *latest = nullptr;
     for (const Known &known : m_windows) {
-        // The toolkit may add the name of the program to the title.
-        const bool isIt = isOurs(known.window) && known.window.title.startsWith(title);
+        // The toolkit may add the name of the program to the title, behind a dash.
+        const bool hasTitle = known.window.title == title ||
+                              known.window.title.startsWith(title + QStringLiteral(" \u2014 "));
+        const bool isIt = isOurs(known.window) && hasTitle;
         if (isIt && (!latest || known.activation > latest->activation))
             latest = &known;
     }

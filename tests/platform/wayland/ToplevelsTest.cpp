@@ -157,7 +157,8 @@ TEST(Toplevels, ofOursAreFoundByTheirTitles)
 {
     ToldToplevels toplevels;
     toplevels.perform(u"+a +ours"_s);
-    EXPECT_EQ(toplevels.nameOf(toplevels.ownWindow(kOurs.left(3))), kOurs);
+    EXPECT_EQ(toplevels.nameOf(toplevels.ownWindow(kOurs)), kOurs);
+    EXPECT_EQ(toplevels.ownWindow(kOurs.chopped(1)), 0U) << "another one that begins likewise";
     EXPECT_EQ(toplevels.ownWindow(u"a"_s), 0U);
     EXPECT_EQ(toplevels.identities().size(), 1);
     EXPECT_EQ(toplevels.identities().value(0).resourceName, u"a"_s);
