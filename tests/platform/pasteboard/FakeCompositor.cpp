@@ -161,8 +161,8 @@ FakeCompositor::FakeCompositor()
             task();
         return 0;
     };
-    wl_event_loop_add_fd(wl_display_get_event_loop(m_display), m_wakeUp, WL_EVENT_READABLE,
-                         runTasks, this);
+    m_wakeUps = wl_event_loop_add_fd(wl_display_get_event_loop(m_display), m_wakeUp,
+                                     WL_EVENT_READABLE, runTasks, this);
     m_thread = std::thread([this] {
         while (!m_isEnding) {
             wl_display_flush_clients(m_display);
@@ -178,6 +178,7 @@ FakeCompositor::~FakeCompositor()
         wl_display_destroy_clients(m_display);
     });
     m_thread.join();
+    wl_event_source_remove(m_wakeUps);
     wl_display_destroy(m_display);
     close(m_wakeUp);
     qputenv("WAYLAND_DISPLAY", m_displayBefore);

@@ -10,6 +10,7 @@
 #include <vector>
 
 struct wl_display;
+struct wl_event_source;
 struct wl_global;
 struct wl_resource;
 
@@ -53,6 +54,7 @@ private:
     Selection m_clipboard;
     Selection m_primary;
     const int m_wakeUp; ///< An eventfd.
+    wl_event_source *m_wakeUps = nullptr;
     Mutex m_mutex;
     std::vector<std::function<void()>> m_tasks QUILLMARSH_GUARDED_BY(m_mutex);
     bool m_isEnding = false; ///< On the thread.
