@@ -57,6 +57,19 @@ class PasteJourney(Journey):
         self.app.key("a")
         self.wait_for_text(path, "HELDa")
 
+    @made_in("kde")
+    def test_shift_is_let_go_first_where_it_would_reach_the_target(self):
+        self.copy("held")
+        path = self.editor("qt")
+        self.app.open_history()
+        self.desktop.hold("shift")
+        self.desktop.tap("return")
+        self.app.wait_until_hidden()
+        self.desktop.release("shift")
+        self.wait_for_text(path, "HELD")
+        self.app.key("a")
+        self.wait_for_text(path, "HELDa")
+
     def test_what_is_typed_right_after_return_follows_the_clip(self):
         self.copy("clip ")
         self.copy("other")

@@ -83,6 +83,8 @@ void FakeInput::follow()
 void FakeInput::end()
 {
     m_isAvailable = false;
+    // On our side alone: newer descriptions of the protocol have a request for it that our version
+    // of the interface lacks.
     if (m_input)
-        org_kde_kwin_fake_input_destroy(std::exchange(m_input, nullptr));
+        wl_proxy_destroy(reinterpret_cast<wl_proxy *>(std::exchange(m_input, nullptr)));
 }

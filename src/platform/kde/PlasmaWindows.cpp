@@ -136,8 +136,9 @@ void PlasmaWindows::unbind()
     for (const auto &handle : m_handles)
         org_kde_plasma_window_destroy(handle->proxy);
     m_handles.clear();
+    // On our side alone, whatever newer descriptions of the protocol have for it.
     if (m_management)
-        org_kde_plasma_window_management_destroy(std::exchange(m_management, nullptr));
+        wl_proxy_destroy(reinterpret_cast<wl_proxy *>(std::exchange(m_management, nullptr)));
 }
 
 void PlasmaWindows::add(const char *uuid)
