@@ -192,6 +192,26 @@
         <source>Add this line to its configuration.</source>
         <translation>أضف هذا السطر إلى إعداداته.</translation>
     </message>
+    <message>
+        <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
+        <translation>يعمل Quillmarsh هنا عبر Xwayland ولا يرى إلا ما تنسخه تطبيقات X11.</translation>
+    </message>
+    <message>
+        <source>Install the package qt6-wayland, and start Quillmarsh again.</source>
+        <translation>ثبّت الحزمة qt6-wayland، ثم أعد تشغيل Quillmarsh.</translation>
+    </message>
+    <message>
+        <source>They may do nothing while a native Wayland window is in front.</source>
+        <translation>قد لا تفعل شيئًا ما دامت في المقدمة نافذة Wayland أصلية.</translation>
+    </message>
+    <message>
+        <source>Have the desktop run “quillmarsh launch” for a key.</source>
+        <translation>اجعل سطح المكتب ينفّذ «quillmarsh launch» عند ضغط مفتاح.</translation>
+    </message>
+    <message>
+        <source>Only X11 applications can be pasted into.</source>
+        <translation>لا يمكن اللصق إلا في تطبيقات X11.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -188,6 +188,26 @@
         <source>Add this line to its configuration.</source>
         <translation>Fügen Sie seiner Konfiguration diese Zeile hinzu.</translation>
     </message>
+    <message>
+        <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
+        <translation>Quillmarsh läuft hier über Xwayland und sieht nur, was X11-Anwendungen kopieren.</translation>
+    </message>
+    <message>
+        <source>Install the package qt6-wayland, and start Quillmarsh again.</source>
+        <translation>Installieren Sie das Paket qt6-wayland, und starten Sie Quillmarsh neu.</translation>
+    </message>
+    <message>
+        <source>They may do nothing while a native Wayland window is in front.</source>
+        <translation>Sie tun womöglich nichts, solange ein natives Wayland-Fenster vorn ist.</translation>
+    </message>
+    <message>
+        <source>Have the desktop run “quillmarsh launch” for a key.</source>
+        <translation>Lassen Sie den Desktop „quillmarsh launch“ auf einen Tastendruck ausführen.</translation>
+    </message>
+    <message>
+        <source>Only X11 applications can be pasted into.</source>
+        <translation>Eingefügt werden kann nur in X11-Anwendungen.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>
@@ -801,11 +821,11 @@ file: zeigt kopierte Dateien.</translation>
     </message>
     <message>
         <source>Switched off in the desktop’s own list. Tick it anew to switch it on.</source>
-        <translation>In der Liste der Arbeitsumgebung ausgeschaltet. Neu ankreuzen schaltet es ein.</translation>
+        <translation>In der Autostart-Liste aus. Neu ankreuzen schaltet es ein.</translation>
     </message>
     <message>
         <source>Missing in the desktop’s own list. Tick it anew to put it there.</source>
-        <translation>Fehlt in der Liste der Arbeitsumgebung. Neu ankreuzen trägt es dort ein.</translation>
+        <translation>Fehlt in der Autostart-Liste. Neu ankreuzen trägt es ein.</translation>
     </message>
     <message>
         <source>The desktop opens it all the same.</source>

@@ -188,6 +188,26 @@
         <source>Add this line to its configuration.</source>
         <translation>Añada esta línea a su configuración.</translation>
     </message>
+    <message>
+        <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
+        <translation>Quillmarsh funciona aquí a través de Xwayland y solo ve lo que copian las aplicaciones X11.</translation>
+    </message>
+    <message>
+        <source>Install the package qt6-wayland, and start Quillmarsh again.</source>
+        <translation>Instale el paquete qt6-wayland y vuelva a iniciar Quillmarsh.</translation>
+    </message>
+    <message>
+        <source>They may do nothing while a native Wayland window is in front.</source>
+        <translation>Puede que no hagan nada mientras haya delante una ventana nativa de Wayland.</translation>
+    </message>
+    <message>
+        <source>Have the desktop run “quillmarsh launch” for a key.</source>
+        <translation>Haga que el escritorio ejecute «quillmarsh launch» con una tecla.</translation>
+    </message>
+    <message>
+        <source>Only X11 applications can be pasted into.</source>
+        <translation>Solo se puede pegar en aplicaciones X11.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -188,6 +188,26 @@
         <source>Add this line to its configuration.</source>
         <translation>Ajoutez cette ligne à sa configuration.</translation>
     </message>
+    <message>
+        <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
+        <translation>Quillmarsh passe ici par Xwayland et ne voit que ce que copient les applications X11.</translation>
+    </message>
+    <message>
+        <source>Install the package qt6-wayland, and start Quillmarsh again.</source>
+        <translation>Installez le paquet qt6-wayland, puis relancez Quillmarsh.</translation>
+    </message>
+    <message>
+        <source>They may do nothing while a native Wayland window is in front.</source>
+        <translation>Ils peuvent rester sans effet quand une fenêtre Wayland native est au premier plan.</translation>
+    </message>
+    <message>
+        <source>Have the desktop run “quillmarsh launch” for a key.</source>
+        <translation>Faites exécuter «&#xa0;quillmarsh launch&#xa0;» par une touche du bureau.</translation>
+    </message>
+    <message>
+        <source>Only X11 applications can be pasted into.</source>
+        <translation>Le collage n’est possible que dans les applications X11.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -187,6 +187,26 @@
         <source>Add this line to its configuration.</source>
         <translation>この行をデスクトップの設定に追加してください。</translation>
     </message>
+    <message>
+        <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
+        <translation>ここではXwayland経由で動作しているため、X11アプリケーションのコピーだけを記録します。</translation>
+    </message>
+    <message>
+        <source>Install the package qt6-wayland, and start Quillmarsh again.</source>
+        <translation>パッケージqt6-waylandをインストールし、Quillmarshを起動し直してください。</translation>
+    </message>
+    <message>
+        <source>They may do nothing while a native Wayland window is in front.</source>
+        <translation>ネイティブのWaylandウインドウが前面にある間は、反応しないことがあります。</translation>
+    </message>
+    <message>
+        <source>Have the desktop run “quillmarsh launch” for a key.</source>
+        <translation>デスクトップの設定で、キーから「quillmarsh launch」を実行するようにしてください。</translation>
+    </message>
+    <message>
+        <source>Only X11 applications can be pasted into.</source>
+        <translation>貼り付けできるのはX11アプリケーションだけです。</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

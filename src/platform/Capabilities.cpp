@@ -52,10 +52,10 @@ QString lineOf(const Capability &capability)
 {
     QString line = QStringLiteral("%1: %2").arg(QLatin1String(nameOf(capability.kind)),
                                                 QLatin1String(nameOf(capability.state)));
-    for (const char *sentence : {capability.reason, capability.remedy}) {
-        if (sentence)
-            line += u' ' + QString::fromUtf8(sentence);
-    }
+    if (capability.reason)
+        line += QStringLiteral(". ") + QString::fromUtf8(capability.reason);
+    if (capability.remedy)
+        line += u' ' + QString::fromUtf8(capability.remedy);
     return capability.configuration.isEmpty() ? line : line + u'\n' + capability.configuration;
 }
 

@@ -77,6 +77,9 @@ std::unique_ptr<FileQuestions> g_fileQuestions;
 /// The compositor whose offers have decided for it; null when the display is another one.
 std::shared_ptr<WaylandConnection> g_wayland;
 
+/// Whether the session is a Wayland one, and X11 what it has for us.
+bool g_isThroughXwayland = false;
+
 /// Asked here because Qt would end the process with a crash report instead of a message.
 bool isX11ServerThere()
 {
@@ -138,6 +141,31 @@ void tellThatAllWorks(Capabilities &capabilities)
         capabilities.tell({kind});
 }
 
+/// Where native windows are out of our reach.
+void tellOfXwayland(const HotKeys &hotKeys, Capabilities &capabilities)
+{
+    Capability recording{Capability::Kind::Recording, Capability::State::Withheld};
+    recording.reason = QT_TRANSLATE_NOOP(
+        "Capabilities", "Quillmarsh runs through Xwayland here and sees only what X11 applications "
+                        "copy.");
+    if (!canQtDoWayland())
+        recording.remedy = QT_TRANSLATE_NOOP(
+            "Capabilities", "Install the package qt6-wayland, and start Quillmarsh again.");
+    capabilities.tell(recording);
+    Capability shortcuts{Capability::Kind::Shortcuts, Capability::State::WorksAfter};
+    shortcuts.reason = QT_TRANSLATE_NOOP(
+        "Capabilities", "They may do nothing while a native Wayland window is in front.");
+    shortcuts.remedy =
+        QT_TRANSLATE_NOOP("Capabilities", "Have the desktop run “quillmarsh launch” for a key.");
+    // Those of the desktop's own service reach us whatever is in front.
+    const bool areDesktops = qobject_cast<const KGlobalAccelHotKeys *>(&hotKeys) != nullptr;
+    capabilities.tell(areDesktops ? Capability{Capability::Kind::Shortcuts} : shortcuts);
+    Capability pasting{Capability::Kind::Pasting, Capability::State::Withheld};
+    pasting.reason = QT_TRANSLATE_NOOP("Capabilities", "Only X11 applications can be pasted into.");
+    capabilities.tell(pasting);
+    capabilities.tell({Capability::Kind::WindowPlace});
+}
+
 /// Plasma's own service of shortcuts, and `otherwise` on other desktops or where it is not there.
 std::unique_ptr<HotKeys> makeHotKeys(const KeyboardLayout &layout, KGlobalAccelHotKeys::Keys keys,
                                      std::unique_ptr<HotKeys> otherwise)
@@ -189,14 +217,19 @@ void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatal
                      &X11HotKeys::letTypedAheadGo);
     platform.windowSpace = std::make_unique<X11WindowSpace>();
     platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
-    platform.hotKeys = makeHotKeys(*platform.keyboardLayout, KGlobalAccelHotKeys::Keys::Otherwise,
-                                   std::move(hotKeys));
+    using Keys = KGlobalAccelHotKeys::Keys;
+    platform.hotKeys =
+        makeHotKeys(*platform.keyboardLayout, g_isThroughXwayland ? Keys::Service : Keys::Otherwise,
+                    std::move(hotKeys));
     platform.frontApplication = std::move(frontApplication);
     platform.pasteboard = std::move(pasteboard);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
         entries, [] { return X11OpenWindows().identities(); });
     platform.statusBar = std::make_unique<StatusNotifierStatusBar>(std::make_unique<X11TrayArea>());
-    tellThatAllWorks(*platform.capabilities);
+    if (g_isThroughXwayland)
+        tellOfXwayland(*platform.hotKeys, *platform.capabilities);
+    else
+        tellThatAllWorks(*platform.capabilities);
 }
 
 CompositorBindings::Compositor compositor()
@@ -344,6 +377,7 @@ std::optional<QString> PlatformLoader::chooseDisplay()
     if (!choice.notice.isEmpty())
         qCInfo(lcLoader, "%s", qUtf8Printable(choice.notice));
     const bool isWayland = choice.display == DisplayChoice::Display::Wayland;
+    g_isThroughXwayland = !isWayland && !choice.notice.isEmpty();
     if (!isWayland)
         g_wayland.reset();
     g_entryFolders = DesktopEntryScan::standardFolders();

@@ -56,10 +56,12 @@ TEST_F(PlatformLoaderTest, byWayOfX11ALineSaysWhyAndWhatWillNotWork)
 {
     EXPECT_FALSE(PlatformLoader::chooseDisplay());
     EXPECT_TRUE(ExpectedWarnings::messages().isEmpty());
+    EXPECT_TRUE(PlatformLoader::makePlatform()->capabilities->doAllWork());
     set("WAYLAND_DISPLAY", "wayland-54321");
     EXPECT_FALSE(PlatformLoader::chooseDisplay());
     EXPECT_EQ(ExpectedWarnings::messages().filter(QStringLiteral("no compositor answers")).size(),
               1);
+    EXPECT_FALSE(PlatformLoader::makePlatform()->capabilities->doAllWork());
 }
 
 } // namespace
