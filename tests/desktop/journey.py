@@ -55,6 +55,8 @@ class Journey(unittest.TestCase):
         self.desktop = (Desktop(**options) if SESSION == "x11" else
                         session(SESSION, quillmarsh=BINARY, **options))
         self.addCleanup(self.desktop.close)
+        if os.environ.get("KEEP_PICTURES"):
+            self.desktop.kept = os.path.join(PICTURES, f"{SESSION}-{self._testMethodName}")
         self.desktop.__enter__()
 
     def _problems(self):

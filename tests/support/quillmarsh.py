@@ -25,6 +25,8 @@ class Quillmarsh:
             self.settings.parent.mkdir(parents=True, exist_ok=True)
             self.settings.write_bytes(plistlib.dumps({"welcomeWindowShown": True}))
         variables = dict(desktop.environment, QUILLMARSH_TRACE="1", **(environment or {}))
+        # Where compositors do not tell of its windows, the program's own log does.
+        self.take = desktop.watch(variables)
         self.process = desktop.start([binary, *words], env=variables, stdout=subprocess.PIPE,
                                      stderr=subprocess.STDOUT)
         threading.Thread(target=self._read, daemon=True).start()
@@ -35,8 +37,11 @@ class Quillmarsh:
     def _read(self):
         try:
             for line in self.process.stdout:
+                text = line.decode("utf-8", "replace").rstrip("\n")
+                if self.take and self.take(text):
+                    continue
                 with self._log_grew:
-                    self.log.append(line.decode("utf-8", "replace").rstrip("\n"))
+                    self.log.append(text)
                     self._log_grew.notify_all()
         except ValueError:
             pass  # closed with the desktop
@@ -102,6 +107,7 @@ class Quillmarsh:
         self.key(keys)
         window = self.window(name)
         self.wait_until_active(window)
+        self.desktop.keep_picture()
         return window
 
     def open_swop(self):

@@ -12,6 +12,7 @@ program that presses the keys.
 
 import argparse
 import functools
+import glob
 import json
 import os
 import pwd
@@ -19,11 +20,17 @@ import re
 import shutil
 import subprocess
 import sys
+import time
 
 from kwin import WindowManager
+from surfaces import Surfaces
 from surroundings import HERE, Surroundings
 
 APP_ID = "org.quillmarsh.Quillmarsh"
+# Debian's LayerShellQt, with which Quillmarsh shows the history in a layer; no compositor tells what
+# it shows there.
+HAS_LAYERS = bool(glob.glob("/usr/lib/*/libLayerShellQtInterface.so.6"))
+LAYER = "layer"
 INPUT = os.environ.get("SESSION_INPUT", "build/dev/bin/session_input")
 
 
@@ -60,6 +67,10 @@ class Session(Surroundings):
                                 **(environment or {}))
         self.log_path = os.path.join(self.home, "compositor.log")
         self.hands = None
+        self.is_watched = HAS_LAYERS
+        self.surfaces = None
+        self.kept = None  # where pictures are kept, as far as their number
+        self._pictures = 0
 
     def begin(self):
         self.start_bus()
@@ -128,8 +139,26 @@ class Session(Surroundings):
         it, "pid" and "place"."""
         raise NotImplementedError
 
+    def watch(self, variables):
+        if not self.is_watched:
+            return None
+        variables["WAYLAND_DEBUG"] = "1"
+        self.surfaces = Surfaces()
+        return self.surfaces.read
+
+    def _layer(self):
+        return self.surfaces and self.surfaces.layer("quillmarsh")
+
+    def keep_picture(self):
+        if self.kept:
+            self._pictures += 1
+            time.sleep(0.3)  # until it is drawn; nothing that is checked depends on it
+            self.picture(f"{self.kept}-{self._pictures}.png")
+
     def window(self, name):
         """Id of the shown window of that name; None when there is none."""
+        if name == "Quillmarsh" and self._layer():
+            return LAYER
         return next((window["id"] for window in self.windows() if window["name"] == name), None)
 
     def _active(self):
@@ -137,7 +166,8 @@ class Session(Surroundings):
 
     def active(self):
         """Id of the window in front."""
-        return self._active().get("id")
+        layer = self._layer()
+        return LAYER if layer and layer.has_keyboard else self._active().get("id")
 
     def is_in_front(self, process, application):
         """Whether the active window is of that process, or where only that is told, of an
@@ -150,6 +180,10 @@ class Session(Surroundings):
 
     def place(self, window):
         """The window's x, y, width and height on the screen."""
+        if window == LAYER:
+            # One third down is where it is asked to be; a click that misses it shows.
+            width, height = self._layer().size
+            return [(self.screen[0] - width) // 2, (self.screen[1] - height) // 3, width, height]
         return next(shown["place"] for shown in self.windows() if shown["id"] == window)
 
     def move(self, window, x, y):
@@ -333,7 +367,7 @@ class KWinSession(Session):
 
     def start_compositor(self, **options):
         width, height = self.screen
-        environment = dict(self.environment, KWIN_COMPOSE="O2", QT_NO_XDG_DESKTOP_PORTAL="1",
+        environment = dict(self.environment, KWIN_COMPOSE=os.environ.get("KWIN_COMPOSE", "O2"), QT_NO_XDG_DESKTOP_PORTAL="1",
                            KWIN_SCREENSHOT_NO_PERMISSION_CHECKS="1",
                            XDG_CONFIG_DIRS=os.path.join(self.home, "etc/xdg") + ":/etc/xdg",
                            QT_QPA_PLATFORM="")

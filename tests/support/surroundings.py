@@ -115,6 +115,14 @@ class Surroundings:
                 raise TimeoutError(f"{what} did not come within {seconds:g} s")
             time.sleep(0.01)
 
+    def watch(self, _variables):
+        """Changes the variables of a program that is about to start, so that its log tells more; what
+        takes the log's lines, and answers whether a line was no other's, or None."""
+        return None
+
+    def keep_picture(self):
+        """Keeps what the screen shows, where that was asked for."""
+
     def await_shortcuts(self):
         """Returns once those of a program that has just started work."""
 
