@@ -74,7 +74,13 @@ void WaylandFrontApplication::activate(QWindow *window)
 
 bool WaylandFrontApplication::isInFront(const QWindow &window) const
 {
-    return QGuiApplication::focusWindow() == &window;
+    if (const QWindow *focused = QGuiApplication::focusWindow())
+        return focused == &window;
+    // With a menu some take the keyboard from all of ours, and give it back with the next key. Who
+    // is in front they tell all the while.
+    const std::optional<Toplevels::Window> front = m_toplevels->front();
+    return front && m_toplevels->isOurs(*front) &&
+           front->id == m_toplevels->ownWindow(window.title());
 }
 
 void WaylandFrontApplication::endStartup(const QString &activationToken)

@@ -349,4 +349,24 @@ TEST_P(WaylandTargets, aWindowOfOursIsTheTargetForAsLongAsItIsVisible)
     EXPECT_TRUE(m_front->returnToTarget(milliseconds(5000)));
 }
 
+TEST_P(WaylandTargets, aWindowOfOursIsInFrontWhileTheKeyboardIsAwayForAMenu)
+{
+    QWindow ours;
+    ours.setTitle(kOurs);
+    QWindow other;
+    other.setTitle(u"other"_s);
+    m_desktop->show(qPrintable(kOurs), false);
+    m_desktop->show("a", true);
+    settle();
+    ASSERT_EQ(QGuiApplication::focusWindow(), nullptr);
+    EXPECT_FALSE(m_front->isInFront(ours)) << "another program is";
+    m_desktop->show("a", false);
+    m_desktop->show(qPrintable(kOurs), true);
+    settle();
+    EXPECT_TRUE(m_front->isInFront(ours));
+    EXPECT_FALSE(m_front->isInFront(other));
+    bringOursToFront();
+    EXPECT_FALSE(m_front->isInFront(ours)) << "the toolkit knows better who has the keyboard";
+}
+
 } // namespace
