@@ -185,14 +185,6 @@
         <translation>اجعل إعداداته تشغّل Quillmarsh عند ضغط مفتاح.</translation>
     </message>
     <message>
-        <source>This desktop tiles the history’s window like any other.</source>
-        <translation>يرتّب سطح المكتب هذا نافذة السجل كبلاطة مثل أي نافذة أخرى.</translation>
-    </message>
-    <message>
-        <source>Add this line to its configuration.</source>
-        <translation>أضف هذا السطر إلى إعداداته.</translation>
-    </message>
-    <message>
         <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
         <translation>يعمل Quillmarsh هنا عبر Xwayland ولا يرى إلا ما تنسخه تطبيقات X11.</translation>
     </message>

@@ -181,14 +181,6 @@
         <translation>Lassen Sie seine Konfiguration Quillmarsh auf einen Tastendruck starten.</translation>
     </message>
     <message>
-        <source>This desktop tiles the history’s window like any other.</source>
-        <translation>Dieser Desktop kachelt das Fenster des Verlaufs wie jedes andere.</translation>
-    </message>
-    <message>
-        <source>Add this line to its configuration.</source>
-        <translation>Fügen Sie seiner Konfiguration diese Zeile hinzu.</translation>
-    </message>
-    <message>
         <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
         <translation>Quillmarsh läuft hier über Xwayland und sieht nur, was X11-Anwendungen kopieren.</translation>
     </message>

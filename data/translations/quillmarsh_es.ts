@@ -181,14 +181,6 @@
         <translation>Haga que su configuración inicie Quillmarsh con una tecla.</translation>
     </message>
     <message>
-        <source>This desktop tiles the history’s window like any other.</source>
-        <translation>Este escritorio coloca en mosaico la ventana del historial como cualquier otra.</translation>
-    </message>
-    <message>
-        <source>Add this line to its configuration.</source>
-        <translation>Añada esta línea a su configuración.</translation>
-    </message>
-    <message>
         <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
         <translation>Quillmarsh funciona aquí a través de Xwayland y solo ve lo que copian las aplicaciones X11.</translation>
     </message>

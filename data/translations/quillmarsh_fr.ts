@@ -181,14 +181,6 @@
         <translation>Faites démarrer Quillmarsh par une touche dans sa configuration.</translation>
     </message>
     <message>
-        <source>This desktop tiles the history’s window like any other.</source>
-        <translation>Ce bureau place la fenêtre de l’historique en mosaïque, comme toute autre.</translation>
-    </message>
-    <message>
-        <source>Add this line to its configuration.</source>
-        <translation>Ajoutez cette ligne à sa configuration.</translation>
-    </message>
-    <message>
         <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
         <translation>Quillmarsh passe ici par Xwayland et ne voit que ce que copient les applications X11.</translation>
     </message>

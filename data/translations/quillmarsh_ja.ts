@@ -180,14 +180,6 @@
         <translation>デスクトップの設定で、キーからQuillmarshを起動するようにしてください。</translation>
     </message>
     <message>
-        <source>This desktop tiles the history’s window like any other.</source>
-        <translation>このデスクトップは履歴のウインドウもほかと同じようにタイル表示します。</translation>
-    </message>
-    <message>
-        <source>Add this line to its configuration.</source>
-        <translation>この行をデスクトップの設定に追加してください。</translation>
-    </message>
-    <message>
         <source>Quillmarsh runs through Xwayland here and sees only what X11 applications copy.</source>
         <translation>ここではXwayland経由で動作しているため、X11アプリケーションのコピーだけを記録します。</translation>
     </message>

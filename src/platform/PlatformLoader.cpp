@@ -247,18 +247,8 @@ makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
         return std::make_unique<LayerWindowSpace>(areAnimationsWanted);
     }
 #endif
-    Capability place{Capability::Kind::WindowPlace};
-    if (compositor() == CompositorBindings::Compositor::Sway) {
-        place.state = Capability::State::WorksAfter;
-        place.reason = QT_TRANSLATE_NOOP("Capabilities",
-                                         "This desktop tiles the history’s window like any other.");
-        place.remedy = QT_TRANSLATE_NOOP("Capabilities", "Add this line to its configuration.");
-        place.configuration =
-            QStringLiteral("for_window [app_id=\"%1\" title=\"^Quillmarsh$\"] floating enable, "
-                           "move position center")
-                .arg(Info::main().bundleIdentifier);
-    }
-    capabilities.tell(place);
+    // In the middle of the screen: compositors that tile leave alone what has one size only.
+    capabilities.tell({Capability::Kind::WindowPlace});
     return std::make_unique<PlainWindowSpace>(areAnimationsWanted);
 }
 

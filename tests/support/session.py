@@ -240,9 +240,7 @@ class SwaySession(Session):
         self.told = os.path.join(self.home, "told")
         lines = [f"xwayland {'enable' if self.has_xwayland else 'disable'}",
                  f"output * resolution {width}x{height}",
-                 "focus_follows_mouse no",
-                 f'for_window [app_id="{APP_ID}" title="^Quillmarsh$"] floating enable, '
-                 "move position center"]
+                 "focus_follows_mouse no"]
         for chord, command in self.bindings.items():
             keys = "+".join(self.key_names.get(key, key) for key in chord.split("+"))
             lines.append(f"bindsym {keys} exec {command}")
