@@ -13,7 +13,6 @@
 
 namespace {
 
-using CompositorBindings::Command;
 using CompositorBindings::Compositor;
 
 constexpr quint32 kXkbOffset = 8;
@@ -64,7 +63,7 @@ QString nameOf(xkb_keysym_t symbol)
 QString symbolName(quint32 keyCode, const QString &printed)
 {
     if (printed.size() == 1 && !printed.front().isSpace()) {
-        const QString name = nameOf(xkb_utf32_to_keysym(printed.toLower().front().unicode()));
+        QString name = nameOf(xkb_utf32_to_keysym(printed.toLower().front().unicode()));
         if (!name.isEmpty())
             return name;
     }
