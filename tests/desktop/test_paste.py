@@ -64,7 +64,6 @@ class PasteJourney(Journey):
         self.app.open_history()
         self.desktop.hold("shift")
         self.desktop.tap("return")
-        self.app.wait_until_hidden()
         self.desktop.release("shift")
         self.wait_for_text(path, "HELD")
         self.app.key("a")
