@@ -57,6 +57,14 @@ Toplevels::Id Toplevels::ownWindow(const QString &title) const
     return latest ? latest->window.id : 0;
 }
 
+bool Toplevels::isOursBehind() const
+{
+    const MutexLock lock(m_mutex);
+    return std::ranges::any_of(m_windows, [this, front = active()](const Known &known) {
+        return isOurs(known.window) && !known.window.isMinimized && &known != front;
+    });
+}
+
 Toplevels::Place Toplevels::awaitFront(Id window, TimePoint deadline) const
 {
     const MutexLock lock(m_mutex);

@@ -55,6 +55,9 @@ public:
     /// The window of ours with that title; of several the one that was in front last. 0 for none.
     Id ownWindow(const QString &title) const;
 
+    /// Whether a window of ours is open behind the one in front.
+    bool isOursBehind() const;
+
     /// Waits until the window is in front or gone.
     Place awaitFront(Id window, TimePoint deadline) const;
 

@@ -41,11 +41,15 @@ WaylandFrontApplication::~WaylandFrontApplication()
 bool WaylandFrontApplication::returnToTarget(milliseconds limit)
 {
     const Steady::time_point start = Steady::now();
-    finishQtWaylandRequests();
     const Toplevels::Id target = aim();
-    bool isTold = false;
-    const bool isThere = m_connection->run([&] { isTold = m_connection->roundTrip(); });
-    if (target == 0 || !isThere || !isTold)
+    // Else that one gets the keyboard for a moment, and the toolkit asks to have it back when it
+    // hears of it, which is when the target has it.
+    if (target != 0 && m_toplevels->isOursBehind()) {
+        m_toplevels->activate(target);
+        std::ignore = roundTrip();
+    }
+    finishQtWaylandRequests();
+    if (!roundTrip() || target == 0)
         return false;
     using Place = Toplevels::Place;
     Place place = m_toplevels->awaitFront(target, start + std::min(kPatience, limit));
@@ -123,6 +127,14 @@ void WaylandFrontApplication::letTargetGo()
     if ((window && window->isVisible()) || !std::exchange(m_isTargetHeld, false))
         return;
     m_connection->post([this] { m_toplevels->letTargetGo(); });
+}
+
+/// False when the compositor is gone.
+bool WaylandFrontApplication::roundTrip()
+{
+    bool isThere = false;
+    const bool hasRun = m_connection->run([&] { isThere = m_connection->roundTrip(); });
+    return hasRun && isThere;
 }
 
 Toplevels::Id WaylandFrontApplication::aim() const

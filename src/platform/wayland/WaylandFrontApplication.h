@@ -42,6 +42,7 @@ private:
     void followKeyboard(const QWindow *window);
     void letTargetGo();
     Toplevels::Id aim() const;
+    bool roundTrip();
 
     const std::shared_ptr<WaylandConnection> m_connection;
     const std::shared_ptr<Toplevels> m_toplevels;

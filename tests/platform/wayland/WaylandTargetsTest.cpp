@@ -347,6 +347,10 @@ TEST_P(WaylandTargets, aWindowOfOursIsTheTargetForAsLongAsItIsVisible)
     EXPECT_EQ(m_desktop->takeRequests().join(u' '), u"activate "_s + kOurs);
     field.hide();
     EXPECT_TRUE(m_front->returnToTarget(milliseconds(5000)));
+    std::ignore = m_desktop->takeRequests();
+    // On the way back it is passed over, even where the target would come back by itself.
+    EXPECT_TRUE(m_front->returnToTarget(milliseconds(5000)));
+    EXPECT_EQ(m_desktop->takeRequests().join(u' '), u"activate a"_s);
 }
 
 TEST_P(WaylandTargets, aWindowOfOursIsInFrontWhileTheKeyboardIsAwayForAMenu)
