@@ -173,10 +173,6 @@
         <translation>لم يسمح KDE لـ Quillmarsh بالكتابة، لذلك توضع القصاصات في الحافظة فقط.</translation>
     </message>
     <message>
-        <source>Install the package, or start Quillmarsh from its menu entry.</source>
-        <translation>ثبّت الحزمة، أو شغّل Quillmarsh من مدخلته في القائمة.</translation>
-    </message>
-    <message>
         <source>This desktop lets no program set shortcuts.</source>
         <translation>لا يسمح سطح المكتب هذا لأي برنامج بتعيين اختصارات.</translation>
     </message>
@@ -203,6 +199,10 @@
     <message>
         <source>Only X11 applications can be pasted into.</source>
         <translation>لا يمكن اللصق إلا في تطبيقات X11.</translation>
+    </message>
+    <message>
+        <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
+        <translation>ثبّت الحزمة، أو احفظ هذه الأسطر باسم ~/.local/share/applications/quillmarsh-program.desktop. ثم أعد تشغيل Quillmarsh.</translation>
     </message>
 </context>
 <context>

@@ -169,10 +169,6 @@
         <translation>KDE hat Quillmarsh nicht erlaubt zu tippen; Clips kommen deshalb nur in die Zwischenablage.</translation>
     </message>
     <message>
-        <source>Install the package, or start Quillmarsh from its menu entry.</source>
-        <translation>Installieren Sie das Paket, oder starten Sie Quillmarsh über seinen Menüeintrag.</translation>
-    </message>
-    <message>
         <source>This desktop lets no program set shortcuts.</source>
         <translation>Dieser Desktop lässt kein Programm Kurzbefehle festlegen.</translation>
     </message>
@@ -199,6 +195,10 @@
     <message>
         <source>Only X11 applications can be pasted into.</source>
         <translation>Eingefügt werden kann nur in X11-Anwendungen.</translation>
+    </message>
+    <message>
+        <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
+        <translation>Installieren Sie das Paket, oder speichern Sie diese Zeilen als ~/.local/share/applications/quillmarsh-program.desktop. Starten Sie Quillmarsh dann neu.</translation>
     </message>
 </context>
 <context>

@@ -169,10 +169,6 @@
         <translation>KDE no ha permitido a Quillmarsh escribir, así que los recortes solo se ponen en el portapapeles.</translation>
     </message>
     <message>
-        <source>Install the package, or start Quillmarsh from its menu entry.</source>
-        <translation>Instale el paquete o inicie Quillmarsh desde su entrada de menú.</translation>
-    </message>
-    <message>
         <source>This desktop lets no program set shortcuts.</source>
         <translation>Este escritorio no deja que ningún programa establezca atajos.</translation>
     </message>
@@ -199,6 +195,10 @@
     <message>
         <source>Only X11 applications can be pasted into.</source>
         <translation>Solo se puede pegar en aplicaciones X11.</translation>
+    </message>
+    <message>
+        <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
+        <translation>Instale el paquete o guarde estas líneas como ~/.local/share/applications/quillmarsh-program.desktop. Después vuelva a iniciar Quillmarsh.</translation>
     </message>
 </context>
 <context>

@@ -169,10 +169,6 @@
         <translation>KDE n’a pas autorisé Quillmarsh à saisir du texte : les extraits sont donc seulement placés dans le presse-papiers.</translation>
     </message>
     <message>
-        <source>Install the package, or start Quillmarsh from its menu entry.</source>
-        <translation>Installez le paquet, ou lancez Quillmarsh depuis son entrée de menu.</translation>
-    </message>
-    <message>
         <source>This desktop lets no program set shortcuts.</source>
         <translation>Ce bureau ne laisse aucun programme définir des raccourcis.</translation>
     </message>
@@ -199,6 +195,10 @@
     <message>
         <source>Only X11 applications can be pasted into.</source>
         <translation>Le collage n’est possible que dans les applications X11.</translation>
+    </message>
+    <message>
+        <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
+        <translation>Installez le paquet, ou enregistrez ces lignes dans ~/.local/share/applications/quillmarsh-program.desktop. Relancez ensuite Quillmarsh.</translation>
     </message>
 </context>
 <context>

@@ -168,10 +168,6 @@
         <translation>KDEがQuillmarshに入力を許可していないため、クリップはクリップボードに置くだけになります。</translation>
     </message>
     <message>
-        <source>Install the package, or start Quillmarsh from its menu entry.</source>
-        <translation>パッケージをインストールするか、メニューの項目からQuillmarshを起動してください。</translation>
-    </message>
-    <message>
         <source>This desktop lets no program set shortcuts.</source>
         <translation>このデスクトップではプログラムがショートカットを設定できません。</translation>
     </message>
@@ -198,6 +194,10 @@
     <message>
         <source>Only X11 applications can be pasted into.</source>
         <translation>貼り付けできるのはX11アプリケーションだけです。</translation>
+    </message>
+    <message>
+        <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
+        <translation>パッケージをインストールするか、これらの行を ~/.local/share/applications/quillmarsh-program.desktop として保存してから、Quillmarshを起動し直してください。</translation>
     </message>
 </context>
 <context>

@@ -271,6 +271,15 @@ std::unique_ptr<Typist> makeTypist(const std::shared_ptr<WaylandConnection> &way
     return nullptr;
 }
 
+/// What an installed package has for this, for the program at hand wherever it lies.
+QString plasmaEntry()
+{
+    return QStringLiteral("[Desktop Entry]\nType=Application\nName=Quillmarsh\nNoDisplay=true\n"
+                          "Exec=%1\nX-KDE-Wayland-Interfaces=org_kde_kwin_fake_input,"
+                          "org_kde_plasma_window_management,org_kde_kwin_keystate")
+        .arg(QCoreApplication::applicationFilePath());
+}
+
 /// KWin lets those type whose installed desktop entry asks for it; others let nobody.
 Capability pastingWithheld(const WaylandConnection &wayland)
 {
@@ -284,7 +293,10 @@ Capability pastingWithheld(const WaylandConnection &wayland)
             "Capabilities",
             "KDE has not allowed Quillmarsh to type, so clips are put on the clipboard only.");
         pasting.remedy = QT_TRANSLATE_NOOP(
-            "Capabilities", "Install the package, or start Quillmarsh from its menu entry.");
+            "Capabilities", "Install the package, or save these lines as "
+                            "~/.local/share/applications/quillmarsh-program.desktop. Then start "
+                            "Quillmarsh again.");
+        pasting.configuration = plasmaEntry();
     }
     return pasting;
 }

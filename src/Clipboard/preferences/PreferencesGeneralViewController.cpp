@@ -380,7 +380,9 @@ void PreferencesGeneralViewController::explainSession()
             configuration.append(capability.configuration);
     }
     m_view->showBindings(bindings);
-    m_view->showCapabilities(m_capabilities, configuration.join(u'\n'));
+    // One alone has a button of its own.
+    m_view->showCapabilities(m_capabilities,
+                             configuration.size() > 1 ? configuration.join(u'\n') : QString());
 }
 
 void PreferencesGeneralViewController::viewDidDisappear()
