@@ -73,6 +73,7 @@ LayerWindowSpace::LayerWindowSpace(std::function<bool()> areAnimationsWanted, QO
     m_catcherDelay.setSingleShot(true);
     m_catcherDelay.setInterval(kCatcherDelay);
     connect(&m_catcherDelay, &QTimer::timeout, this, &LayerWindowSpace::showCatcher);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &LayerWindowSpace::forget);
 }
 
 LayerWindowSpace::~LayerWindowSpace() = default;
@@ -111,8 +112,8 @@ void LayerWindowSpace::setSharesKeyboard(QWindow *window, bool shares)
 bool LayerWindowSpace::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_window) {
-        if (event->type() == QEvent::Expose)
-            exposureChanged();
+        if (event->type() == QEvent::Expose && m_window->isExposed() && !m_catcher)
+            m_catcherDelay.start();
         else if (event->type() == QEvent::FocusIn)
             showCatcher();
         else if (event->type() == QEvent::Hide)
@@ -143,16 +144,11 @@ void LayerWindowSpace::layOut(const QWindow &window) const
     m_layer->setMargins({0, above - m_shadow.top(), 0, 0});
 }
 
-void LayerWindowSpace::exposureChanged()
+void LayerWindowSpace::forget(const QScreen *gone)
 {
-    if (m_window->isExposed()) {
-        if (!m_catcher)
-            m_catcherDelay.start();
-    } else if (m_window->isVisible()) {
-        // The compositor has put it away, because its output is gone. It comes up elsewhere when it
-        // is called the next time.
+    // What is in a layer goes with its output. It comes up elsewhere when it is called again.
+    if (m_window && m_window->isVisible() && m_window->screen() == gone)
         m_window->close();
-    }
 }
 
 void LayerWindowSpace::showCatcher()
@@ -166,5 +162,9 @@ void LayerWindowSpace::showCatcher()
 void LayerWindowSpace::removeCatcher()
 {
     m_catcherDelay.stop();
-    m_catcher.reset();
+    if (!m_catcher)
+        return;
+    // Perhaps it is telling of a click just now.
+    m_catcher->hide();
+    m_catcher.release()->deleteLater();
 }

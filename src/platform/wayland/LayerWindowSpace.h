@@ -37,7 +37,7 @@ public:
 private:
     void putInLayer(QWindow &window);
     void layOut(const QWindow &window) const;
-    void exposureChanged();
+    void forget(const QScreen *gone);
     void showCatcher();
     void removeCatcher();
 
