@@ -87,7 +87,7 @@ CCNPreferencesWindow::CCNPreferencesWindow(SettingsStore &settings, WindowSpace 
     connect(&m_saveTimer, &QTimer::timeout, this, &CCNPreferencesWindow::saveFrame);
     m_limitTimer.setSingleShot(true);
     m_limitTimer.setInterval(200ms);
-    connect(&m_limitTimer, &QTimer::timeout, this, [this] { setSizeLimits(size(), size()); });
+    connect(&m_limitTimer, &QTimer::timeout, this, &CCNPreferencesWindow::closeLimits);
     setFrame(QRect(QPoint(0, 0), kInitialContentSize));
 }
 
@@ -166,7 +166,17 @@ void CCNPreferencesWindow::setFrame(const QRect &frame)
     // the window has been at rest for a while.
     setSizeLimits({0, 0}, {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
     setGeometry(frame);
+    m_wantedSize = frame.size();
     m_limitTimer.start();
+}
+
+void CCNPreferencesWindow::closeLimits()
+{
+    // Some compositors give a window that has resized itself its former size back as soon as it is
+    // no longer in front, while it has no limits yet.
+    if (size() != m_wantedSize)
+        resize(m_wantedSize);
+    setSizeLimits(size(), size());
 }
 
 void CCNPreferencesWindow::center()

@@ -75,6 +75,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void closeLimits();
     void setSizeLimits(const QSize &minimum, const QSize &maximum);
     int toolbarHeight() const;
     void layOut();
@@ -84,6 +85,7 @@ private:
     WindowSpace &m_windowSpace;
     QString m_frameKey;
     QTimer m_saveTimer;
+    QSize m_wantedSize;
     QTimer m_limitTimer;
     QToolBar *m_toolbar = nullptr;
     bool m_showsToolbarSeparator = true;
