@@ -4,9 +4,6 @@
 
 #include <linux/input-event-codes.h>
 
-#include <algorithm>
-#include <ranges>
-
 namespace {
 
 constexpr xkb_keycode_t kEvdevOffset = 8;
@@ -80,8 +77,8 @@ std::optional<std::vector<KeyStroke>> KeyStrokes::of(const KeySequence &sequence
             strokes.push_back({key, true});
         const quint32 key = place->keycode - kEvdevOffset;
         strokes.insert(strokes.end(), {{key, true}, {key, false}});
-        for (const quint32 modifier : *held | std::views::reverse)
-            strokes.push_back({modifier, false});
+        for (auto modifier = held->rbegin(); modifier != held->rend(); ++modifier)
+            strokes.push_back({*modifier, false});
     }
     return strokes;
 }

@@ -187,22 +187,24 @@ TEST_P(WaylandTargets, applicationsGetTheKeysTheyTake)
     {
         const char *application;
         Command command;
+        Outcome outcome;
         QString typed;
         QString primary = QString();
-        Outcome outcome = Outcome::Sent;
     };
     const QString shiftInsert = u"+42 +110 -110 -42"_s;
+    constexpr Outcome kSent = Outcome::Sent;
+    constexpr Outcome kUnknown = Outcome::NoKnownKeys;
     const Row rows[] = {
-        {"a", Command::Paste, u"+29 +47 -47 -29"_s},
-        {"a", Command::Copy, u"+29 +46 -46 -29"_s},
-        {"a", Command::PasteOverCopied, u"+29 +47 -47 -29"_s},
-        {"foot", Command::Paste, shiftInsert, u"offered"_s},
-        {"foot", Command::Copy, QString(), u"taken"_s},
-        {"Terminal", Command::Paste, shiftInsert, u"offered"_s},
-        {"emacs", Command::PasteOverCopied, u"+14 -14 +29 +21 -21 -29"_s},
-        {"xedit", Command::Paste, QString(), QString(), Outcome::NoKnownKeys},
-        {"mine", Command::Paste, u"+42 +22 -22 -42"_s},
-        {"other", Command::Paste, QString(), QString(), Outcome::NoKnownKeys},
+        {"a", Command::Paste, kSent, u"+29 +47 -47 -29"_s},
+        {"a", Command::Copy, kSent, u"+29 +46 -46 -29"_s},
+        {"a", Command::PasteOverCopied, kSent, u"+29 +47 -47 -29"_s},
+        {"foot", Command::Paste, kSent, shiftInsert, u"offered"_s},
+        {"foot", Command::Copy, kSent, QString(), u"taken"_s},
+        {"Terminal", Command::Paste, kSent, shiftInsert, u"offered"_s},
+        {"emacs", Command::PasteOverCopied, kSent, u"+14 -14 +29 +21 -21 -29"_s},
+        {"xedit", Command::Paste, kUnknown, QString()},
+        {"mine", Command::Paste, kSent, u"+42 +22 -22 -42"_s},
+        {"other", Command::Paste, kUnknown, QString()},
     };
     m_usersTable = R"([{"applications": ["Mine"], "paste": "U"},
                        {"applications": ["Other"], "paste": "hebrew_aleph"}])";
@@ -280,28 +282,29 @@ TEST_P(WaylandTargets, theWayBackLeadsToTheTargetOrNowhere)
     struct Row
     {
         const char *name;
-        bool staysActive;                             ///< While ours is in front.
-        std::function<void(FakeDesktop &)> meanwhile; ///< While or after ours was.
+        bool staysActive; ///< While ours is in front.
         bool isObliging;
         bool isBack;
+        std::function<void(FakeDesktop &)> meanwhile; ///< While or after ours was.
         QString asked = QString();
     };
+    const auto showA = [](FakeDesktop &desktop) { desktop.show("a", true); };
+    const auto showB = [](FakeDesktop &desktop) { desktop.show("b", true); };
+    const auto closeA = [](FakeDesktop &desktop) { desktop.close("a"); };
+    const auto replaceA = [](FakeDesktop &desktop) {
+        desktop.close("a");
+        desktop.show("b", true);
+    };
+    const auto minimizeA = [](FakeDesktop &desktop) { desktop.show("a", false, true); };
     const Row rows[] = {
-        {"by itself", false, [](FakeDesktop &desktop) { desktop.show("a", true); }, false, true},
-        {"never left", true, {}, false, true},
-        {"when it is asked", false, {}, true, true, u"activate a"_s},
-        {"instead of another", false, [](FakeDesktop &desktop) { desktop.show("b", true); }, true,
-         true, u"activate a"_s},
-        {"not even then", false, {}, false, false, u"activate a"_s},
-        {"closed", false, [](FakeDesktop &desktop) { desktop.close("a"); }, true, false},
-        {"closed, and another one took its place", false,
-         [](FakeDesktop &desktop) {
-             desktop.close("a");
-             desktop.show("b", true);
-         },
-         true, false},
-        {"put away", false, [](FakeDesktop &desktop) { desktop.show("a", false, true); }, true,
-         false},
+        {"by itself", false, false, true, showA},
+        {"never left", true, false, true, {}},
+        {"when it is asked", false, true, true, {}, u"activate a"_s},
+        {"instead of another", false, true, true, showB, u"activate a"_s},
+        {"not even then", false, false, false, {}, u"activate a"_s},
+        {"closed", false, true, false, closeA},
+        {"closed, and another one took its place", false, true, false, replaceA},
+        {"put away", false, true, false, minimizeA},
     };
     EXPECT_FALSE(m_front->returnToTarget()) << "there is none";
     for (const Row &row : rows) {
