@@ -137,7 +137,7 @@ KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection &bus, const Keybo
     connect(started, &QDBusPendingCallWatcher::finished, this, [this, started] {
         started->deleteLater();
         if (started->isError())
-            goOtherwise();
+            lookWhetherItRuns();
         else if (m_service == Service::Asked)
             serviceAppeared();
     });
@@ -250,6 +250,24 @@ void KGlobalAccelHotKeys::serviceAppeared()
     for (Action &action : m_actions)
         action.isActive = false;
     flush();
+}
+
+/// A service that nothing can start may run all the same: the newer KWin is it itself.
+void KGlobalAccelHotKeys::lookWhetherItRuns()
+{
+    auto question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question << kService;
+    auto *asked = new QDBusPendingCallWatcher(m_bus.asyncCall(question, kStartLimitMs), this);
+    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, asked] {
+        asked->deleteLater();
+        const QDBusPendingReply<bool> answer = *asked;
+        if (answer.isError() || !answer.value())
+            goOtherwise();
+        else if (m_service == Service::Asked)
+            serviceAppeared();
+    });
 }
 
 void KGlobalAccelHotKeys::goOtherwise()

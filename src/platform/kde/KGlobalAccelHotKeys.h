@@ -82,6 +82,7 @@ private:
     };
 
     void serviceAppeared();
+    void lookWhetherItRuns();
     void goOtherwise();
     /// Whether the other hot keys are asked for a registration.
     bool asksOtherwise() const { return m_onlyLists || m_service == Service::Absent; }
