@@ -16,7 +16,7 @@ sys.path.insert(0, str(SUPPORT))
 from desktop import Desktop  # noqa: E402
 from held_keys import HeldKeys  # noqa: E402, F401
 from quillmarsh import BUNDLE, Quillmarsh, contents, copy, pasteboard  # noqa: E402, F401
-from session import KINDS, become_ordinary, session  # noqa: E402
+from session import HAS_LAYERS, KINDS, become_ordinary, session  # noqa: E402, F401
 
 BINARY = os.path.abspath(os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh"))
 QT_EDITOR = os.path.abspath(os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor"))

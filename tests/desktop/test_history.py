@@ -4,7 +4,7 @@
 from Xlib import display, error
 from Xlib.ext import shape  # noqa: F401, adds its requests to windows
 
-from journey import BINARY, Journey, Quillmarsh, made_in
+from journey import BINARY, HAS_LAYERS, Journey, Quillmarsh, made_in
 
 
 class HistoryJourney(Journey):
@@ -15,8 +15,9 @@ class HistoryJourney(Journey):
         path = self.editor("gtk")
         self.desktop.move(self.desktop.active(), 10, 30)
         self.app.open_history()
-        self.desktop.click_at(40, 80)
-        self.app.wait_until_hidden()
+        # The compositor gives it the keyboard a little before the program knows of that.
+        self.desktop.repeat(lambda: self.desktop.click_at(40, 80),
+                            lambda: not self.app.window(wait=False), "its end")
         window = self.app.open_history()
         # The window's shadow is a part of it where something draws it.
         shadow = (self.desktop.place(window)[2] - 780) // 2
@@ -24,7 +25,8 @@ class HistoryJourney(Journey):
         self.app.wait_until_hidden()
         self.wait_for_text(path, "second row")
 
-    @made_in()
+    # In a layer the history keeps the keyboard that a window which opens would be given.
+    @made_in(*(["kde"] if HAS_LAYERS else []))
     def test_another_application_taking_the_keyboard_closes_it(self):
         self.copy("x")
         self.app.open_history()

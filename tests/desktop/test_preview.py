@@ -70,11 +70,12 @@ class PreviewJourney(Journey):
     def file_manager(self, folder):
         """Thunar showing `folder`, with the keyboard."""
         self.desktop.start(["thunar", folder], quiet=True)
-        title = os.path.basename(folder)
-        return self.wait_for(lambda: self.desktop.run(
-            ["xdotool", "search", "--onlyvisible", "--name", f"^{title}", "windowactivate",
-             "--sync"], capture_output=True).returncode == 0, f"the file manager at {folder}")
+        window = self.wait_for(lambda: self.desktop.window(os.path.basename(folder) + ".*"),
+                               f"the file manager at {folder}")
+        self.desktop.activate(window)
+        self.app.wait_until_active(window)
 
+    @made_in()
     def test_files_copied_in_a_file_manager_are_pasted_into_another_folder(self):
         source, target = self.file("Source"), self.file("Target")
         os.mkdir(source)

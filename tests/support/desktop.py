@@ -85,7 +85,7 @@ class Desktop(Surroundings):
         self.held.tap(name)
 
     def window(self, name):
-        """Id of the shown window of that name; None when there is none."""
+        """Id of the shown window of that name, a regular expression; None when there is none."""
         # A window that is destroyed during the walk ends the search with an X error and no answer,
         # which says nothing of the windows that are still there.
         while True:

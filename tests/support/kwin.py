@@ -4,6 +4,7 @@ that call back, because it tells no program of its own accord."""
 import json
 import os
 import threading
+import time
 
 import dbus
 import dbus.bus
@@ -13,6 +14,7 @@ from gi.repository import GLib
 
 NAME = "org.quillmarsh.Test"
 KWIN = "org.kde.KWin"
+SECONDS = 20
 # Version 6 has other names than version 5.
 FIND = """
 const shown = workspace.windowList ? workspace.windowList() : workspace.clientList();
@@ -67,7 +69,8 @@ class WindowManager:
         self._run(CHANGE % {"name": NAME, "window": window, "change": MOVE % (x, y)})
 
     def pixels(self, width, height):
-        """Of the screen's upper left, four bytes each: blue, green, red and nothing."""
+        """Of the screen's upper left, four bytes each: blue, green, red and nothing. None where it
+        draws without OpenGL, as version 6 does without a graphics card."""
         read_end, write_end = os.pipe()
         read = []
 
@@ -77,13 +80,19 @@ class WindowManager:
 
         reader = threading.Thread(target=read_all)
         reader.start()
+        handed = dbus.types.UnixFd(write_end)
+        os.close(write_end)
         try:
             self._bus.get_object(KWIN, "/org/kde/KWin/ScreenShot2", introspect=False).CaptureArea(
                 dbus.Int32(0), dbus.Int32(0), dbus.UInt32(width), dbus.UInt32(height),
-                dbus.Dictionary({}, signature="sv"), dbus.types.UnixFd(write_end),
+                dbus.Dictionary({}, signature="sv"), handed,
                 dbus_interface="org.kde.KWin.ScreenShot2")
+        except dbus.DBusException as problem:
+            if "UnknownObject" not in problem.get_dbus_name():
+                raise
+            return None
         finally:
-            os.close(write_end)
+            os.close(handed.take())
             reader.join()
         return read[0]
 
@@ -97,8 +106,13 @@ class WindowManager:
         try:
             self._start(number)
             context = GLib.MainContext.default()
+            limit = time.monotonic() + SECONDS
             while self._answer.told is None:
-                context.iteration(True)
+                if time.monotonic() > limit:
+                    raise TimeoutError("KWin did not run a script to its end")
+                # Not blocking, because nothing may come that would end that.
+                if not context.iteration(False):
+                    time.sleep(0.001)
         finally:
             scripting.unloadScript("question")
         return json.loads(self._answer.told)

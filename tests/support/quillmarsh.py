@@ -31,7 +31,7 @@ class Quillmarsh:
                                      stderr=subprocess.STDOUT)
         threading.Thread(target=self._read, daemon=True).start()
         if wait:
-            self.wait_for_log("devmate setup complete")
+            self.wait_for_log("devmate setup complete", seconds=30)
             desktop.await_shortcuts()
 
     def _read(self):

@@ -77,7 +77,7 @@ class Session(Surroundings):
         self.prepare()
         with open(self.log_path, "wb") as log:
             self.compositor = self.start_compositor(stdout=log, stderr=log)
-        self.wait_for(self.is_up, f"{self.kind}; see {self.log_path}")
+        self.wait_for(self.is_up, f"{self.kind}; see {self.log_path}", 30)
         self._start_input()
 
     def prepare(self):
@@ -156,10 +156,12 @@ class Session(Surroundings):
             self.picture(f"{self.kept}-{self._pictures}.png")
 
     def window(self, name):
-        """Id of the shown window of that name; None when there is none."""
-        if name == "Quillmarsh" and self._layer():
+        """Id of the shown window of that name, a regular expression; None when there is none."""
+        # With what notices a click elsewhere, which comes right after it.
+        if name == "Quillmarsh" and self._layer() and self.surfaces.layer("quillmarsh-outside"):
             return LAYER
-        return next((window["id"] for window in self.windows() if window["name"] == name), None)
+        return next((window["id"] for window in self.windows() if re.fullmatch(name, window["name"])),
+                    None)
 
     def _active(self):
         return next((window for window in self.windows() if window["is active"]), {})
@@ -378,7 +380,12 @@ class KWinSession(Session):
 
     def is_up(self):
         runtime = self.environment["XDG_RUNTIME_DIR"]
-        return (os.path.exists(os.path.join(runtime, "wayland-kde"))
+        # Version 6 has its service of shortcuts a while after it has windows.
+        return ("true" in self.ask("dbus-send", "--session", "--print-reply",
+                                   "--dest=org.freedesktop.DBus", "/",
+                                   "org.freedesktop.DBus.NameHasOwner",
+                                   "string:org.kde.kglobalaccel")
+                and os.path.exists(os.path.join(runtime, "wayland-kde"))
                 and "KWin" in self.ask("dbus-send", "--session", "--print-reply",
                                        "--dest=org.kde.KWin", "/KWin",
                                        "org.kde.KWin.supportInformation"))
@@ -405,8 +412,12 @@ class KWinSession(Session):
 
     def take_picture(self, path):
         width, height = self.screen
+        pixels = self.manager.pixels(width, height)
+        if pixels is None:
+            print(f"no picture {path}: this KWin draws with what shows it to nobody")
+            return
         self.run(["convert", "-size", f"{width}x{height}", "-depth", "8", "BGRA:-", "-alpha", "off",
-                  path], input=self.manager.pixels(width, height))
+                  path], input=pixels)
 
 
 KINDS = {kind.kind: kind for kind in (SwaySession, LabwcSession, KWinSession)}
