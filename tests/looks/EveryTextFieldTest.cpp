@@ -301,7 +301,7 @@ const Row kRows[] = {
     {"fileAsMarkdown", [](Parts &) { return fileText(TextContent::Form::Markdown); }},
     {"generalPane",
      [](Parts &parts) {
-         return std::make_unique<GeneralPaneView>(*parts.platform.platform.settings);
+         return std::make_unique<GeneralPaneView>(*parts.platform.platform.settings, nullptr);
      }},
     {"applicationChooser",
      [](Parts &parts) {
