@@ -47,14 +47,20 @@ Toplevels::Id Toplevels::ownWindow(const QString &title) const
     const MutexLock lock(m_mutex);
     const Known *latest = nullptr;
     for (const Known &known : m_windows) {
-        // The toolkit may add the name of the program to the title, behind a dash.
-        const bool hasTitle = known.window.title == title ||
-                              known.window.title.startsWith(title + QStringLiteral(" \u2014 "));
-        const bool isIt = isOurs(known.window) && hasTitle;
-        if (isIt && (!latest || known.activation > latest->activation))
+        if (isOwnTitled(known.window, title) && (!latest || known.activation > latest->activation))
             latest = &known;
     }
     return latest ? latest->window.id : 0;
+}
+
+void Toplevels::activateOwn(const QString &title, TimePoint deadline)
+{
+    if (const Id known = ownWindow(title)) {
+        activate(known);
+        return;
+    }
+    const MutexLock lock(m_mutex);
+    m_wanted = Wanted{title, deadline};
 }
 
 bool Toplevels::isOursBehind() const
@@ -104,6 +110,14 @@ bool Toplevels::isOurs(const Window &window) const
            window.processId == static_cast<quint32>(getpid());
 }
 
+bool Toplevels::isOwnTitled(const Window &window, const QString &title) const
+{
+    // The toolkit may add the name of the program to the title, behind a dash.
+    const bool hasTitle =
+        window.title == title || window.title.startsWith(title + QStringLiteral(" \u2014 "));
+    return hasTitle && isOurs(window);
+}
+
 Toplevels::Id Toplevels::newId()
 {
     static std::atomic<Id> last = 0;
@@ -112,6 +126,7 @@ Toplevels::Id Toplevels::newId()
 
 void Toplevels::tell(const Window &window)
 {
+    bool isWanted = false;
     {
         const MutexLock lock(m_mutex);
         auto known = std::ranges::find(m_windows, window.id,
@@ -124,8 +139,14 @@ void Toplevels::tell(const Window &window)
                 m_lastForeign = window.id;
         }
         known->window = window;
+        if (m_wanted && isOwnTitled(window, m_wanted->title)) {
+            isWanted = !window.isActivated && std::chrono::steady_clock::now() < m_wanted->deadline;
+            m_wanted.reset();
+        }
     }
     m_changed.notify_all();
+    if (isWanted)
+        activate(window.id);
 }
 
 void Toplevels::tellClosed(Id window)

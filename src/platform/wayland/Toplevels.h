@@ -73,6 +73,10 @@ public:
     /// Asks the compositor to bring the window to the front. Nothing where it cannot be asked.
     virtual void activate(Id /*window*/) {}
 
+    /// The same for the window of ours with that title, as soon as the compositor tells of it if
+    /// that is before `deadline`: what has just been shown is not known yet.
+    void activateOwn(const QString &title, TimePoint deadline);
+
 protected:
     static Id newId();
     /// A window that opened or changed, as it is now.
@@ -89,6 +93,14 @@ private:
         quint64 activation = 0;
     };
 
+    /// A window of ours that is to come to the front.
+    struct Wanted
+    {
+        QString title;
+        TimePoint deadline;
+    };
+
+    bool isOwnTitled(const Window &window, const QString &title) const;
     const Known *find(Id id) const QUILLMARSH_REQUIRES(m_mutex);
     const Known *active() const QUILLMARSH_REQUIRES(m_mutex);
 
@@ -99,6 +111,7 @@ private:
     quint64 m_activations QUILLMARSH_GUARDED_BY(m_mutex) = 0;
     Id m_lastForeign QUILLMARSH_GUARDED_BY(m_mutex) = 0;
     std::optional<Id> m_held QUILLMARSH_GUARDED_BY(m_mutex);
+    std::optional<Wanted> m_wanted QUILLMARSH_GUARDED_BY(m_mutex);
 };
 
 /// What the names of applications are found by.

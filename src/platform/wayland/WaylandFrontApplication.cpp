@@ -72,8 +72,9 @@ void WaylandFrontApplication::activate(QWindow *window)
     if (hasToken)
         qunsetenv(kActivationToken);
     else
-        // Without one a compositor only marks a window that is open already.
-        m_toplevels->activate(m_toplevels->ownWindow(window->title()));
+        // Without one a compositor only marks a window that is open already, and may leave one that
+        // opens behind another that opened a moment ago.
+        m_toplevels->activateOwn(window->title(), Steady::now() + kReturnLimit);
 }
 
 bool WaylandFrontApplication::isInFront(const QWindow &window) const

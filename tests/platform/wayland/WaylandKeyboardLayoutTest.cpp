@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <memory>
+
 #include <linux/input-event-codes.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -43,7 +46,9 @@ public:
         const xkb_rule_names names{"evdev", "pc105", layouts, variant, ""};
         const XkbPointer<xkb_keymap> map(
             xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-        upload(QByteArray(xkb_keymap_get_as_string(map.get(), XKB_KEYMAP_FORMAT_TEXT_V1)));
+        const std::unique_ptr<char, decltype(&free)> text(
+            xkb_keymap_get_as_string(map.get(), XKB_KEYMAP_FORMAT_TEXT_V1), &free);
+        upload(text.get());
     }
 
     void upload(const QByteArray &keymap)

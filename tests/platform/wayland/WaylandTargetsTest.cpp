@@ -356,6 +356,24 @@ TEST_P(WaylandTargets, aWindowOfOursIsTheTargetForAsLongAsItIsVisible)
     EXPECT_EQ(m_desktop->takeRequests().join(u' '), u"activate a"_s);
 }
 
+TEST_P(WaylandTargets, aWindowOfOursThatOpensBehindAnotherIsBroughtToTheFrontOnce)
+{
+    m_desktop->show("a", true);
+    settle();
+    QWindow ours;
+    ours.setTitle(kOurs);
+    m_front->activate(&ours);
+    m_desktop->show("b", false);
+    m_desktop->show(qPrintable(kOurs), false);
+    settle();
+    settle();
+    EXPECT_EQ(m_desktop->takeRequests().join(u' '), u"activate "_s + kOurs);
+    m_desktop->show(qPrintable(kOurs), false);
+    settle();
+    settle();
+    EXPECT_EQ(m_desktop->takeRequests(), QStringList());
+}
+
 TEST_P(WaylandTargets, aWindowOfOursIsInFrontWhileTheKeyboardIsAwayForAMenu)
 {
     QWindow ours;
