@@ -40,10 +40,11 @@ class SwopJourney(Journey):
         path = self.terminal()
         self.app.type("word\n")
         self.wait_for_text(path, "word\n")
-        # A double click selects the word that cat echoed in the first line.
-        self.desktop.click(self.desktop.active(), 14, 8, count=2)
-        self.wait_for(lambda: self.desktop.pasteboard(is_primary=True) == "word",
-                      "the terminal's selection")
+        # A double click selects the word that cat echoed in the first line, once it is drawn.
+        terminal = self.desktop.active()
+        self.desktop.repeat(lambda: self.desktop.click(terminal, 14, 8, count=2),
+                            lambda: self.desktop.pasteboard(is_primary=True) == "word",
+                            "the terminal's selection")
         self.app.open_swop()
         self.app.key("Return")
         self.app.wait_until_hidden()

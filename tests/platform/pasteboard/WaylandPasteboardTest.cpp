@@ -366,6 +366,8 @@ TEST(WaylandPrimary, isOfferedForTerminalsAndTakenFromTheWindowThatItWasMarkedIn
     stage->expectPaste();
     stage->offerPrimary();
     EXPECT_EQ(stage.paste(kText, Selection::Primary), "for a terminal");
+    // It is noted behind the last byte.
+    stage.advance(0ms);
     EXPECT_TRUE(stage->isPasteRead());
     EXPECT_EQ(stage.paste(u"text/rtf"_s, Selection::Primary), std::nullopt);
 
