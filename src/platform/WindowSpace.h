@@ -52,8 +52,9 @@ public:
 
     /// Called for a window that its user cannot resize, once it has its native window and before it
     /// is shown: the window manager offers no resizing, even while the window's limits are open so
-    /// that it can resize itself.
-    virtual void prepareFixedWindow(QWindow *window) = 0;
+    /// that it can resize itself. Returns whether they have to be open for that; elsewhere an open
+    /// window may be given another size than its own at any time.
+    virtual bool prepareFixedWindow(QWindow *window) = 0;
 
 Q_SIGNALS:
     void isCompositingChanged(bool isCompositing);

@@ -161,21 +161,21 @@ QSize CCNPreferencesWindow::contentSizeOf(const QRect &frame) const
 
 void CCNPreferencesWindow::setFrame(const QRect &frame)
 {
+    if (!m_opensLimits) {
+        setSizeLimits(frame.size(), frame.size());
+        setGeometry(frame);
+        return;
+    }
     // A window manager that learns of a new only size resizes the window by itself, before it moves
     // it to the new place: a jump to the side. So the limits are opened first and closed again once
     // the window has been at rest for a while.
     setSizeLimits({0, 0}, {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
     setGeometry(frame);
-    m_wantedSize = frame.size();
     m_limitTimer.start();
 }
 
 void CCNPreferencesWindow::closeLimits()
 {
-    // Some compositors give a window that has resized itself its former size back as soon as it is
-    // no longer in front, while it has no limits yet.
-    if (size() != m_wantedSize)
-        resize(m_wantedSize);
     setSizeLimits(size(), size());
 }
 
@@ -229,7 +229,7 @@ void CCNPreferencesWindow::setVisible(bool isVisible)
 {
     if (isVisible) {
         create();
-        m_windowSpace.prepareFixedWindow(windowHandle());
+        m_opensLimits = m_windowSpace.prepareFixedWindow(windowHandle());
         setSizeLimits(size(), size());
     }
     QWidget::setVisible(isVisible);

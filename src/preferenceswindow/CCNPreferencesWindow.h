@@ -85,7 +85,7 @@ private:
     WindowSpace &m_windowSpace;
     QString m_frameKey;
     QTimer m_saveTimer;
-    QSize m_wantedSize;
+    bool m_opensLimits = false; ///< While the window resizes itself.
     QTimer m_limitTimer;
     QToolBar *m_toolbar = nullptr;
     bool m_showsToolbarSeparator = true;

@@ -6,7 +6,6 @@ import shutil
 import subprocess
 import time
 
-
 from journey import BINARY, QT_EDITOR, Journey, Quillmarsh, made_in
 
 
@@ -28,18 +27,14 @@ class PreferencesJourney(Journey):
     def open_applications(self):
         window = self.open_preferences()
         self.desktop.click(window, self.desktop.place(window)[2] // 2 + 50, 20)
-        self.wait_for(lambda: self.desktop.place(window)[2] == 480, "the Applications pane")
-        # It has its width before its height, and a click in between may miss what it is for.
-        self.wait_for(lambda: self.rests(window), "the window at rest")
-        return window
 
-    def rests(self, window):
-        """Whether it keeps its size for longer than a step of an animation takes."""
-        before, limit = self.desktop.place(window), time.monotonic() + 0.15
-        while time.monotonic() < limit:
-            if self.desktop.place(window) != before:
-                return False
-        return True
+        # It has its width before its height, and a click in between misses what it is for.
+        def has_arrived():
+            width, height = self.desktop.place(window)[2:]
+            return width == 480 and height < 390
+
+        self.wait_for(has_arrived, "the Applications pane")
+        return window
 
     def copy_in_editor(self, text):
         self.editor("qt", text, "--select")

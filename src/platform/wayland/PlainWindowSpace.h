@@ -23,7 +23,7 @@ public:
     QRect placeUtilityWindow(QWindow *window, const QSize &size, const QMargins &shadow) override;
     void setSharesKeyboard(QWindow *, bool) override {}
     bool canShowWithoutKeyboard() const override { return false; }
-    void prepareFixedWindow(QWindow *) override {}
+    bool prepareFixedWindow(QWindow *) override { return false; }
 
 private:
     const std::function<bool()> m_areAnimationsWanted;

@@ -196,7 +196,7 @@ public:
     QRect placeUtilityWindow(QWindow *window, const QSize &size, const QMargins &shadow) override;
     void setSharesKeyboard(QWindow *, bool shares) override { m_sharesKeyboard = shares; }
     bool canShowWithoutKeyboard() const override { return m_canShowWithoutKeyboard; }
-    void prepareFixedWindow(QWindow *) override {}
+    bool prepareFixedWindow(QWindow *) override { return true; }
 
 private:
     std::optional<QRect> m_visibleFrame;

@@ -114,11 +114,11 @@ QRect X11WindowSpace::placeUtilityWindow(QWindow *, const QSize &size, const QMa
     return PointerScreen::utilityFrame(PointerScreen::visibleFrame(*this), size);
 }
 
-void X11WindowSpace::prepareFixedWindow(QWindow *window)
+bool X11WindowSpace::prepareFixedWindow(QWindow *window)
 {
     xcb_connection_t *qt = qtX11Connection();
     if (!qt || !window->handle())
-        return;
+        return true;
     // The property's fields: flags, functions, decorations, input mode, status. Qt has asked for
     // resizing; all else that it has asked for stays.
     constexpr quint32 kHasFunctions = 1;
@@ -132,6 +132,7 @@ void X11WindowSpace::prepareFixedWindow(QWindow *window)
     hints[1] = kMove | kMinimize | kClose;
     xcb_change_property(qt, XCB_PROP_MODE_REPLACE, id, m_atoms.motifHints, m_atoms.motifHints, 32,
                         std::size(hints), hints);
+    return true;
 }
 
 bool X11WindowSpace::eventFilter(QObject *watched, QEvent *event)

@@ -22,7 +22,7 @@ public:
     QRect placeUtilityWindow(QWindow *window, const QSize &size, const QMargins &shadow) override;
     void setSharesKeyboard(QWindow *, bool) override {}
     bool canShowWithoutKeyboard() const override { return true; }
-    void prepareFixedWindow(QWindow *window) override;
+    bool prepareFixedWindow(QWindow *window) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
