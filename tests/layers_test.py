@@ -31,6 +31,8 @@ MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp", "door/main.cpp")
 SHARED = {"platform/pasteboard", "platform/typing", RICH_TEXT}
 LOADER = "platform/PlatformLoader.cpp"
 LOADER_HEADER = "platform/PlatformLoader.h"
+# Where it puts the adapters of each display system together.
+LOADER_PARTS = "platform/loader"
 
 INCLUDE = re.compile(r'\s*#\s*include\s*"([^"]+)"')
 # It asks the owner and waits for it on the main thread; the pasteboard does not.
@@ -62,8 +64,10 @@ def may_know(path):
         known = {own, "platform"}
     if own in ROOMS_WITH_WIDGETS:
         known.add(LOOKS)
-    if path in MAINS or path == LOADER:
+    if path in MAINS or path == LOADER or own == LOADER_PARTS:
         known |= {"platform/" + adapter for adapter in ADAPTERS}
+    if path == LOADER:
+        known.add(LOADER_PARTS)
     return known
 
 

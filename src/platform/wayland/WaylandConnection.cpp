@@ -6,11 +6,8 @@
 
 #include <poll.h>
 #include <signal.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <future>
 #include <utility>
 
 Q_LOGGING_CATEGORY(lcWayland, "quillmarsh.wayland")
@@ -27,15 +24,6 @@ void blockBrokenPipes()
     sigemptyset(&signals);
     sigaddset(&signals, SIGPIPE);
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-}
-
-int milliseconds(std::optional<WaylandConnection::TimePoint> deadline)
-{
-    if (!deadline)
-        return -1;
-    const auto left =
-        std::chrono::ceil<std::chrono::milliseconds>(*deadline - std::chrono::steady_clock::now());
-    return static_cast<int>(std::clamp<qint64>(left.count(), 0, 60'000));
 }
 
 template <typename Listeners>
@@ -58,8 +46,7 @@ std::unique_ptr<WaylandConnection> WaylandConnection::open()
     return connection;
 }
 
-WaylandConnection::WaylandConnection(wl_display *display)
-    : m_display(display), m_wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+WaylandConnection::WaylandConnection(wl_display *display) : m_display(display)
 {
     static constexpr wl_registry_listener kListener{
         [](void *self, wl_registry *, uint32_t name, const char *interface, uint32_t version) {
@@ -74,18 +61,13 @@ WaylandConnection::WaylandConnection(wl_display *display)
 
 WaylandConnection::~WaylandConnection()
 {
-    {
-        const MutexLock lock(m_mutex);
-        m_isEnding = true;
-    }
-    eventfd_write(m_wakeUp, 1);
+    m_tasks.end();
     if (m_thread.joinable())
         m_thread.join();
     if (m_seat)
         wl_seat_destroy(m_seat);
     wl_registry_destroy(m_registry);
     wl_display_disconnect(m_display);
-    close(m_wakeUp);
 }
 
 quint32 WaylandConnection::versionOf(const char *interface) const
@@ -172,36 +154,13 @@ void WaylandConnection::start()
     m_thread = std::thread([this] { loop(); });
 }
 
-void WaylandConnection::post(Task task)
-{
-    {
-        const MutexLock lock(m_mutex);
-        if (m_isLost)
-            return;
-        m_tasks.push_back(std::move(task));
-    }
-    eventfd_write(m_wakeUp, 1);
-}
-
 bool WaylandConnection::run(const Task &task)
 {
     if (!m_thread.joinable() || m_thread.get_id() == std::this_thread::get_id()) {
         task();
         return true;
     }
-    // A task that is dropped breaks its promise, which is how a lost connection ends the wait.
-    auto done = std::make_shared<std::promise<bool>>();
-    std::future<bool> hasRun = done->get_future();
-    post([&task, done] {
-        task();
-        done->set_value(true);
-    });
-    done.reset();
-    try {
-        return hasRun.get();
-    } catch (const std::future_error &) {
-        return false;
-    }
+    return m_tasks.run(task);
 }
 
 bool WaylandConnection::roundTrip()
@@ -251,15 +210,12 @@ void WaylandConnection::loop()
     const SignalStack signalStack;
     blockBrokenPipes();
     for (;;) {
-        runTasks();
+        m_tasks.doAll();
         // Outside of the reading below: what is due may wait for a round trip itself.
         if (wl_display_dispatch_pending(m_display) < 0)
             break;
-        {
-            const MutexLock lock(m_mutex);
-            if (m_isEnding && m_tasks.empty())
-                return;
-        }
+        if (m_tasks.isOver())
+            return;
         if (!readEvents(keepDeadlines()))
             break;
     }
@@ -267,18 +223,7 @@ void WaylandConnection::loop()
     const auto listeners = m_lossListeners;
     for (const auto &listener : listeners)
         listener.function();
-    dropTasks();
-}
-
-void WaylandConnection::runTasks()
-{
-    std::deque<Task> tasks;
-    {
-        const MutexLock lock(m_mutex);
-        tasks.swap(m_tasks);
-    }
-    for (const Task &task : tasks)
-        task();
+    m_tasks.drop();
 }
 
 std::optional<WaylandConnection::TimePoint> WaylandConnection::keepDeadlines()
@@ -302,15 +247,15 @@ bool WaylandConnection::readEvents(std::optional<TimePoint> deadline)
     const bool isSent = wl_display_flush(m_display) >= 0;
     std::vector<pollfd> waits{
         {wl_display_get_fd(m_display), short(isSent ? POLLIN : POLLIN | POLLOUT), 0},
-        {m_wakeUp, POLLIN, 0}};
+        {m_tasks.wakeUp(), POLLIN, 0}};
     std::vector<quint64> numbers;
     for (const Watch &watched : m_watches) {
         waits.push_back({watched.fd, watched.events, 0});
         numbers.push_back(watched.number);
     }
-    poll(waits.data(), waits.size(), milliseconds(deadline));
-    eventfd_t count = 0;
-    eventfd_read(m_wakeUp, &count);
+    poll(waits.data(), waits.size(),
+         ServiceTasks::patience(deadline, std::chrono::steady_clock::now()));
+    m_tasks.noticed();
     if (waits.front().revents & (POLLIN | POLLERR | POLLHUP | POLLNVAL)) {
         if (wl_display_read_events(m_display) < 0)
             return false;
@@ -330,13 +275,4 @@ bool WaylandConnection::readEvents(std::optional<TimePoint> deadline)
         ready(wait.revents);
     }
     return wl_display_get_error(m_display) == 0;
-}
-
-void WaylandConnection::dropTasks()
-{
-    // Declared first, so that they go after the lock: a broken promise wakes its waiter at once.
-    std::deque<Task> dropped;
-    const MutexLock lock(m_mutex);
-    m_isLost = true;
-    dropped.swap(m_tasks);
 }

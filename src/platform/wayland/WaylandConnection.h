@@ -1,16 +1,17 @@
 #pragma once
 
 #include "platform/Mutex.h"
+#include "platform/ServiceTasks.h"
 
 #include <QByteArray>
 #include <QtGlobal>
 
 #include <chrono>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <wayland-client.h>
@@ -23,8 +24,8 @@
 class WaylandConnection
 {
 public:
-    using Task = std::function<void()>;
-    using TimePoint = std::chrono::steady_clock::time_point;
+    using Task = ServiceTasks::Task;
+    using TimePoint = ServiceTasks::TimePoint;
     /// Does what is due, and says when it must be asked again at the latest; absent: not before
     /// there was an event or a task.
     using KeepDeadlines = std::function<std::optional<TimePoint>(TimePoint now)>;
@@ -63,7 +64,7 @@ public:
     void start();
 
     /// Runs `task` on the thread, later.
-    void post(Task task);
+    void post(Task task) { m_tasks.post(std::move(task)); }
 
     /// Runs `task` on the thread and returns when it has run; at once on the thread itself and
     /// before start(). False when the compositor is gone; it has not run then.
@@ -113,16 +114,14 @@ private:
     void removeGlobal(quint32 name);
     void chooseSeat();
     void loop();
-    void runTasks();
     std::optional<TimePoint> keepDeadlines();
     bool readEvents(std::optional<TimePoint> deadline);
-    void dropTasks();
 
     wl_display *m_display;
     wl_registry *m_registry = nullptr;
     wl_seat *m_seat = nullptr;
     quint32 m_seatName = 0;
-    const int m_wakeUp; ///< An eventfd.
+    ServiceTasks m_tasks;
     quint64 m_watchesMade = 0;
     std::vector<Watch> m_watches;
     std::vector<Listener<KeepDeadlines>> m_deadlines;
@@ -130,8 +129,5 @@ private:
     std::vector<Listener<GlobalListener>> m_globalListeners;
     mutable Mutex m_mutex;
     std::vector<Global> m_globals QUILLMARSH_GUARDED_BY(m_mutex);
-    std::deque<Task> m_tasks QUILLMARSH_GUARDED_BY(m_mutex);
-    bool m_isEnding QUILLMARSH_GUARDED_BY(m_mutex) = false;
-    bool m_isLost QUILLMARSH_GUARDED_BY(m_mutex) = false;
     std::thread m_thread;
 };

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/Mutex.h"
+#include "platform/ServiceTasks.h"
 #include "platform/x11/X11Connection.h"
 
 #include <chrono>
-#include <deque>
 #include <functional>
 #include <optional>
 #include <thread>
+#include <utility>
 
 /// A thread that reads one connection. It handles an event at a time, runs tasks given to it
 /// between two events, keeps its adapter's deadlines, and sleeps otherwise. Owned by an adapter,
@@ -16,8 +16,8 @@ class X11EventThread
 {
 public:
     using Handler = std::function<void(const xcb_generic_event_t &event)>;
-    using Task = std::function<void()>;
-    using TimePoint = std::chrono::steady_clock::time_point;
+    using Task = ServiceTasks::Task;
+    using TimePoint = ServiceTasks::TimePoint;
 
     /// What an adapter wants besides its events. All run on the thread and may be left out.
     struct Hooks
@@ -39,27 +39,21 @@ public:
     ~X11EventThread();
 
     /// Runs `task` on the thread, later.
-    void post(Task task);
+    void post(Task task) { m_tasks.post(std::move(task)); }
 
     /// Runs `task` on the thread and returns when it has run. False when the connection is lost;
     /// it has not run then.
-    [[nodiscard]] bool run(const Task &task);
+    [[nodiscard]] bool run(const Task &task) { return m_tasks.run(task); }
 
 private:
     void loop();
-    bool runTasks();
     bool handleEvents();
     void sleep(std::optional<TimePoint> deadline) const;
-    void dropTasks();
 
     const X11Connection &m_connection;
     const Handler m_handler;
     const Hooks m_hooks;
     const std::function<TimePoint()> m_now;
-    const int m_wakeUp; ///< An eventfd.
-    Mutex m_mutex;
-    std::deque<Task> m_tasks QUILLMARSH_GUARDED_BY(m_mutex);
-    bool m_isEnding QUILLMARSH_GUARDED_BY(m_mutex) = false;
-    bool m_isLost QUILLMARSH_GUARDED_BY(m_mutex) = false;
+    ServiceTasks m_tasks;
     std::thread m_thread;
 };
