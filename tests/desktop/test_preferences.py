@@ -4,7 +4,6 @@ import os
 import pathlib
 import shutil
 import subprocess
-import time
 
 from journey import BINARY, QT_EDITOR, Journey, Quillmarsh, made_in
 
