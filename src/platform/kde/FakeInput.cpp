@@ -9,7 +9,7 @@
 #include <utility>
 
 FakeInput::FakeInput(std::shared_ptr<WaylandConnection> connection,
-                     std::shared_ptr<const Toplevels> toplevels)
+                     std::shared_ptr<Toplevels> toplevels)
     : m_connection(std::move(connection)), m_toplevels(std::move(toplevels)),
       m_states(m_connection), m_keyboard(m_connection, [this](const QByteArray &text) {
           const MutexLock lock(m_mutex);

@@ -29,8 +29,7 @@ public:
     static constexpr std::chrono::milliseconds kPatience{500};
 
     /// Before the connection is started, or on its thread.
-    FakeInput(std::shared_ptr<WaylandConnection> connection,
-              std::shared_ptr<const Toplevels> toplevels);
+    FakeInput(std::shared_ptr<WaylandConnection> connection, std::shared_ptr<Toplevels> toplevels);
     ~FakeInput() override;
 
     // ^Typist
@@ -44,7 +43,7 @@ private:
     void end();
 
     const std::shared_ptr<WaylandConnection> m_connection;
-    const std::shared_ptr<const Toplevels> m_toplevels;
+    const std::shared_ptr<Toplevels> m_toplevels;
     org_kde_kwin_fake_input *m_input = nullptr; ///< Null while there is none. Thread only.
     std::atomic<bool> m_isAvailable = false;
     mutable Mutex m_mutex;

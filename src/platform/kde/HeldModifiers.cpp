@@ -22,6 +22,7 @@ public:
         format.setAlphaBufferSize(8);
         setFormat(format);
         setFlags(Qt::Tool | Qt::FramelessWindowHint);
+        setTitle(QStringLiteral("Quillmarsh keys"));
         resize(1, 1);
         connect(&m_look, &QTimer::timeout, this, &Ear::look);
     }
@@ -52,7 +53,7 @@ private:
 
 } // namespace
 
-bool HeldModifiers::awaitReleased(const Toplevels &toplevels, Toplevels::TimePoint deadline)
+bool HeldModifiers::awaitReleased(Toplevels &toplevels, Toplevels::TimePoint deadline)
 {
     // What was held at the last key or click in a window of ours that had the keyboard until now.
     if (toplevels.isTargetHeld() && QGuiApplication::keyboardModifiers() == Qt::NoModifier)
@@ -63,13 +64,14 @@ bool HeldModifiers::awaitReleased(const Toplevels &toplevels, Toplevels::TimePoi
     {
         Ear ear(loop);
         ear.show();
-        ear.requestActivate();
+        toplevels.activateOwn(ear.title(), deadline);
         QTimer::singleShot(std::chrono::ceil<std::chrono::milliseconds>(deadline - Steady::now()),
                            &loop, [&] {
                                isTimedOut = true;
                                loop.quit();
                            });
         loop.exec(QEventLoop::ExcludeUserInputEvents);
+        toplevels.leaveOwn();
     }
     finishQtWaylandRequests();
     if (isTimedOut || !front)

@@ -11,6 +11,6 @@ namespace HeldModifiers {
 /// Waits until none is held, and until the window in front is in front again: if no window of ours
 /// had the keyboard until just now, one that cannot be seen takes it meanwhile. False when the
 /// deadline comes first. Main thread only; input to our windows is not handled meanwhile.
-[[nodiscard]] bool awaitReleased(const Toplevels &toplevels, Toplevels::TimePoint deadline);
+[[nodiscard]] bool awaitReleased(Toplevels &toplevels, Toplevels::TimePoint deadline);
 
 } // namespace HeldModifiers

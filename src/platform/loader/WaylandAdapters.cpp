@@ -82,7 +82,7 @@ std::shared_ptr<Toplevels> makeToplevels(const std::shared_ptr<WaylandConnection
 
 /// Null where the compositor lets no program type, or not us.
 std::unique_ptr<Typist> makeTypist(const std::shared_ptr<WaylandConnection> &wayland,
-                                   const std::shared_ptr<const Toplevels> &toplevels)
+                                   const std::shared_ptr<Toplevels> &toplevels)
 {
     if (wayland->versionOf(FakeInput::kInterface) >= FakeInput::kLeastVersion)
         return std::make_unique<FakeInput>(wayland, toplevels);
@@ -123,7 +123,7 @@ Capability pastingWithheld(const WaylandConnection &wayland)
 
 /// Tells, too, what becomes of pasting.
 std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandConnection> &wayland,
-                                                const std::shared_ptr<const Toplevels> &toplevels,
+                                                const std::shared_ptr<Toplevels> &toplevels,
                                                 const Platform &platform,
                                                 WaylandPasteboard &pasteboard)
 {

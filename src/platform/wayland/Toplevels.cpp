@@ -7,6 +7,13 @@
 #include <algorithm>
 #include <atomic>
 
+namespace {
+
+/// A window that insists on being in front has a reason.
+constexpr int kMaxRequests = 3;
+
+} // namespace
+
 Toplevels::Toplevels(const QString &ownApplicationId) : m_ownApplicationId(ownApplicationId) {}
 
 std::optional<Toplevels::Window> Toplevels::front() const
@@ -45,22 +52,38 @@ bool Toplevels::isTargetHeld() const
 Toplevels::Id Toplevels::ownWindow(const QString &title) const
 {
     const MutexLock lock(m_mutex);
-    const Known *latest = nullptr;
-    for (const Known &known : m_windows) {
-        if (isOwnTitled(known.window, title) && (!latest || known.activation > latest->activation))
-            latest = &known;
-    }
-    return latest ? latest->window.id : 0;
+    const Known *known = own(title);
+    return known ? known->window.id : 0;
 }
 
 void Toplevels::activateOwn(const QString &title, TimePoint deadline)
 {
-    if (const Id known = ownWindow(title)) {
-        activate(known);
-        return;
+    Id open = 0;
+    {
+        const MutexLock lock(m_mutex);
+        m_wanted = Wanted{title, deadline, m_lastForeign};
+        if (const Known *known = own(title)) {
+            open = known->window.id;
+            ++m_wanted->requests;
+        }
     }
+    if (open != 0)
+        activate(open);
+}
+
+void Toplevels::leaveOwn()
+{
     const MutexLock lock(m_mutex);
-    m_wanted = Wanted{title, deadline};
+    m_wanted.reset();
+}
+
+bool Toplevels::isComingBack(const QString &title) const
+{
+    const MutexLock lock(m_mutex);
+    const Known *front = active();
+    return m_wanted && m_wanted->title == title && m_wanted->requests > 0 &&
+           std::chrono::steady_clock::now() < m_wanted->deadline && front &&
+           front->window.id == m_wanted->rival;
 }
 
 bool Toplevels::isOursBehind() const
@@ -126,27 +149,25 @@ Toplevels::Id Toplevels::newId()
 
 void Toplevels::tell(const Window &window)
 {
-    bool isWanted = false;
+    Id wanted = 0;
     {
         const MutexLock lock(m_mutex);
         auto known = std::ranges::find(m_windows, window.id,
                                        [](const Known &each) { return each.window.id; });
         if (known == m_windows.end())
             known = m_windows.insert(known, Known());
-        if (window.isActivated && !known->window.isActivated) {
+        const bool comesToFront = window.isActivated && !known->window.isActivated;
+        if (comesToFront) {
             known->activation = ++m_activations;
             if (!isOurs(window))
                 m_lastForeign = window.id;
         }
         known->window = window;
-        if (m_wanted && isOwnTitled(window, m_wanted->title)) {
-            isWanted = !window.isActivated && std::chrono::steady_clock::now() < m_wanted->deadline;
-            m_wanted.reset();
-        }
+        wanted = wantedBack(window, comesToFront);
     }
     m_changed.notify_all();
-    if (isWanted)
-        activate(window.id);
+    if (wanted != 0)
+        activate(wanted);
 }
 
 void Toplevels::tellClosed(Id window)
@@ -166,6 +187,36 @@ void Toplevels::tellNoMore()
         m_windows.clear();
     }
     m_changed.notify_all();
+}
+
+const Toplevels::Known *Toplevels::own(const QString &title) const
+{
+    const Known *latest = nullptr;
+    for (const Known &known : m_windows) {
+        if (isOwnTitled(known.window, title) && (!latest || known.activation > latest->activation))
+            latest = &known;
+    }
+    return latest;
+}
+
+/// The window of ours that is to be brought to the front after the news; 0 for none.
+Toplevels::Id Toplevels::wantedBack(const Window &told, bool comesToFront)
+{
+    if (!m_wanted)
+        return 0;
+    if (std::chrono::steady_clock::now() >= m_wanted->deadline) {
+        m_wanted.reset();
+        return 0;
+    }
+    const Known *window = own(m_wanted->title);
+    if (!window || window->window.isActivated || m_wanted->requests == kMaxRequests)
+        return 0;
+    const bool isNew = m_wanted->requests == 0 && window->activation == 0;
+    const bool isTakenBack = comesToFront && told.id == m_wanted->rival;
+    if (!isNew && !isTakenBack)
+        return 0;
+    ++m_wanted->requests;
+    return window->window.id;
 }
 
 const Toplevels::Known *Toplevels::find(Id id) const

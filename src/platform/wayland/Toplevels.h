@@ -73,9 +73,15 @@ public:
     /// Asks the compositor to bring the window to the front. Nothing where it cannot be asked.
     virtual void activate(Id /*window*/) {}
 
-    /// The same for the window of ours with that title, as soon as the compositor tells of it if
-    /// that is before `deadline`: what has just been shown is not known yet.
+    /// The same for the window of ours with that title, until `deadline`: as soon as the compositor
+    /// tells of it, for what has just been shown is not known yet, and again when the window of
+    /// another program that was in front before takes that back. Some do, late, because they ask
+    /// to be in front whenever they get the keyboard.
     void activateOwn(const QString &title, TimePoint deadline);
+    /// From now on windows of ours are left where they are.
+    void leaveOwn();
+    /// Whether that window is behind and was asked back to the front.
+    bool isComingBack(const QString &title) const;
 
 protected:
     static Id newId();
@@ -98,9 +104,13 @@ private:
     {
         QString title;
         TimePoint deadline;
+        Id rival = 0; ///< Was in front before.
+        int requests = 0;
     };
 
     bool isOwnTitled(const Window &window, const QString &title) const;
+    const Known *own(const QString &title) const QUILLMARSH_REQUIRES(m_mutex);
+    Id wantedBack(const Window &told, bool comesToFront) QUILLMARSH_REQUIRES(m_mutex);
     const Known *find(Id id) const QUILLMARSH_REQUIRES(m_mutex);
     const Known *active() const QUILLMARSH_REQUIRES(m_mutex);
 

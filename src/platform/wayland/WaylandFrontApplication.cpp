@@ -17,6 +17,9 @@ using std::chrono::milliseconds;
 
 /// Most compositors go back to the target by themselves within this.
 constexpr milliseconds kPatience{60};
+/// What was in front may claim that back within this after a window of ours has opened, and nobody
+/// clicks elsewhere so soon.
+constexpr milliseconds kOpening{300};
 constexpr const char *kActivationToken = "XDG_ACTIVATION_TOKEN";
 
 } // namespace
@@ -74,13 +77,15 @@ void WaylandFrontApplication::activate(QWindow *window)
     else
         // Without one a compositor only marks a window that is open already, and may leave one that
         // opens behind another that opened a moment ago.
-        m_toplevels->activateOwn(window->title(), Steady::now() + kReturnLimit);
+        m_toplevels->activateOwn(window->title(), Steady::now() + kOpening);
 }
 
 bool WaylandFrontApplication::isInFront(const QWindow &window) const
 {
     if (const QWindow *focused = QGuiApplication::focusWindow())
         return focused == &window;
+    if (m_toplevels->isComingBack(window.title()))
+        return true;
     // With a menu some take the keyboard from all of ours, and give it back with the next key. Who
     // is in front they tell all the while.
     const std::optional<Toplevels::Window> front = m_toplevels->front();
@@ -99,8 +104,10 @@ bool WaylandFrontApplication::eventFilter(QObject *watched, QEvent *event)
     // Of a window that is closed the toolkit does not say that the keyboard has left it, and of one
     // that is hidden only when the compositor has told.
     if (event->type() == QEvent::Hide && watched->isWindowType() &&
-        (watched == QGuiApplication::focusWindow() || !QGuiApplication::focusWindow()))
+        (watched == QGuiApplication::focusWindow() || !QGuiApplication::focusWindow())) {
+        m_toplevels->leaveOwn();
         followKeyboard(nullptr);
+    }
     return FrontApplication::eventFilter(watched, event);
 }
 

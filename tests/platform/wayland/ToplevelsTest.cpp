@@ -58,6 +58,11 @@ public:
         return window == m_told.end() ? u"none"_s : window->applicationId;
     }
 
+    // ^Toplevels
+    void activate(Id window) override { m_requests.append(nameOf(window)); }
+
+    const QStringList &requests() const { return m_requests; }
+
 private:
     void change(QChar what, const QString &application)
     {
@@ -81,6 +86,7 @@ private:
     }
 
     std::vector<Window> m_told;
+    QStringList m_requests;
 };
 
 struct Row
@@ -130,6 +136,44 @@ const Row kRows[] = {
 
 INSTANTIATE_TEST_SUITE_P(Windows, Told, testing::ValuesIn(kRows),
                          [](const auto &row) { return std::string(row.param.name); });
+
+TEST(Toplevels, bringOurWindowToTheFrontAndBackFromWhoeverWasThereBefore)
+{
+    using namespace std::chrono_literals;
+    struct Case
+    {
+        const char *name;
+        QString script;
+        int requests;
+        bool isComingBack;
+        std::chrono::seconds patience = 1h;
+    };
+    const Case cases[] = {
+        {"byItself", u"-a +ours"_s, 0, false},
+        {"openedBehind", u"-ours"_s, 1, true},
+        {"openedBehindAndCame", u"-ours -a +ours"_s, 1, false},
+        {"takenBack", u"-a +ours -ours +a"_s, 1, true},
+        {"takenBackTwiceInAMoment", u"-a +ours -ours +a +a"_s, 1, true},
+        {"itsTurnAgain", u"-a +ours -ours +a -a +ours"_s, 1, false},
+        {"asOftenAsItInsists",
+         u"-a +ours -ours +a -a +ours -ours +a -a +ours -ours +a -a +ours -ours +a"_s, 3, true},
+        {"takenByAnother", u"-a +ours -ours +b"_s, 0, false},
+        {"tooLate", u"-a +ours -ours +a"_s, 0, false, 0s},
+    };
+    for (const Case &row : cases) {
+        SCOPED_TRACE(row.name);
+        ToldToplevels toplevels;
+        toplevels.perform(u"+b -b +a"_s);
+        toplevels.activateOwn(kOurs, std::chrono::steady_clock::now() + row.patience);
+        toplevels.perform(row.script);
+        EXPECT_EQ(toplevels.requests(), QStringList(row.requests, kOurs));
+        EXPECT_EQ(toplevels.isComingBack(kOurs), row.isComingBack);
+        toplevels.leaveOwn();
+        toplevels.perform(u"-a -ours +a"_s);
+        EXPECT_EQ(toplevels.requests().size(), row.requests);
+        EXPECT_FALSE(toplevels.isComingBack(kOurs));
+    }
+}
 
 TEST(Toplevels, areAwaitedUntilTheyAreInFrontOrGone)
 {
