@@ -333,6 +333,17 @@
         <source>d MMM yyyy</source>
         <translation>d MMM yyyy</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln marked</source>
+        <translation>
+            <numerusform>لا شيء محدد (%Ln)</numerusform>
+            <numerusform>قصاصة واحدة محددة (%Ln)</numerusform>
+            <numerusform>قصاصتان محددتان (%Ln)</numerusform>
+            <numerusform>%Ln قصاصات محددة</numerusform>
+            <numerusform>%Ln قصاصةً محددة</numerusform>
+            <numerusform>%Ln قصاصة محددة</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>

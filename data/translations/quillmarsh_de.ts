@@ -309,6 +309,13 @@
         <source>d MMM yyyy</source>
         <translation>d. MMM yyyy</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln marked</source>
+        <translation>
+            <numerusform>%Ln markiert</numerusform>
+            <numerusform>%Ln markiert</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>

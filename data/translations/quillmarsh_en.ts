@@ -48,6 +48,13 @@
             <numerusform>%Ln days ago</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln marked</source>
+        <translation>
+            <numerusform>%Ln marked</numerusform>
+            <numerusform>%Ln marked</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ClipTextView</name>

@@ -303,6 +303,12 @@
         <source>d MMM yyyy</source>
         <translation>yyyy年M月d日</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln marked</source>
+        <translation>
+            <numerusform>%Ln件を選択中</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>

@@ -131,8 +131,11 @@ public:
     const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const override;
     void filterClipItemArr(const std::optional<QString> &searchText) override;
     void deleteItem(const std::shared_ptr<ClipItem> &item) override;
+    void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
     bool isReadOnly() const override;
     void performPaste(int row, const std::optional<QString> &format) override;
+    void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
+                    const std::optional<QString> &format) override;
     void openFile() override;
     void revealInFinder() override;
     void hide() override;

@@ -279,6 +279,11 @@ void AppDelegate::deleteItem(const std::shared_ptr<ClipItem> &item)
     m_history->deleteItem(item);
 }
 
+void AppDelegate::deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items)
+{
+    m_history->deleteItems(items);
+}
+
 void AppDelegate::performPaste(int row, const std::optional<QString> &format)
 {
     // Return where nothing matches ends a swop like closing the window does: the selection that it
@@ -286,6 +291,14 @@ void AppDelegate::performPaste(int row, const std::optional<QString> &format)
     if (row < 0)
         m_paster->cancelSwop();
     m_paster->performPaste(row, format);
+    m_windowController->unhide();
+    m_windowController->forgetCoveredWindow();
+}
+
+void AppDelegate::pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
+                             const std::optional<QString> &format)
+{
+    m_paster->pasteItems(items, format);
     m_windowController->unhide();
     m_windowController->forgetCoveredWindow();
 }

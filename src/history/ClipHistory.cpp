@@ -221,17 +221,19 @@ void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
     m_index.remove(*item);
 }
 
-void ClipHistory::deleteItem(const std::shared_ptr<ClipItem> &item)
+void ClipHistory::deleteItems(Items items)
 {
     const Items &shown = clipItemArr();
-    if (std::find(shown.begin(), shown.end(), item) == shown.end() || refusesChange())
+    std::erase_if(items, [&](const std::shared_ptr<ClipItem> &item) {
+        return std::find(shown.begin(), shown.end(), item) == shown.end();
+    });
+    if (items.empty() || refusesChange())
         return;
-    // By value: the argument may be an element of the list.
-    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const std::shared_ptr<ClipItem> deleted(item);
-    std::erase(m_history, deleted);
-    std::erase(m_found, deleted);
-    forget(deleted);
+    for (const std::shared_ptr<ClipItem> &deleted : items) {
+        std::erase(m_history, deleted);
+        std::erase(m_found, deleted);
+        forget(deleted);
+    }
     saveContext();
     emptyLog();
     Q_EMIT clipItemArrChanged();

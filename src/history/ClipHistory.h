@@ -62,7 +62,9 @@ public:
     static bool isNilOrEmpty(const std::optional<QString> &text);
 
     /// A clip that is not in the list is ignored.
-    void deleteItem(const std::shared_ptr<ClipItem> &item);
+    void deleteItem(const std::shared_ptr<ClipItem> &item) { deleteItems({item}); }
+    /// The same of several, in one step.
+    void deleteItems(Items items);
     /// Deletes every clip of the history, whatever a search shows of it.
     void clearAll();
     /// Shrinks the list to at most `maxItems` clips by deleting its oldest.

@@ -15,6 +15,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -28,6 +30,23 @@ QString formatted(const QString &text, const std::optional<QString> &format)
     if (format == QStringLiteral("lower"))
         return text.toLower();
     return text;
+}
+
+/// Several clips as one, which is files when all of them are.
+Clip joined(const std::vector<Clip> &clips)
+{
+    Clip whole;
+    QStringList texts;
+    bool areFiles = true;
+    for (const Clip &clip : clips) {
+        texts.append(clip.text.value_or(clip.filepath().value_or(QString())));
+        areFiles = areFiles && clip.filepath();
+        whole.fileNames += clip.fileNames;
+    }
+    if (!areFiles)
+        whole.fileNames.clear();
+    whole.text = texts.join(u'\n');
+    return whole;
 }
 
 /// Whether the history could not record it, although it was free to.
@@ -68,12 +87,21 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
         m_swopState.clear();
         return;
     }
-    const auto &clips = m_history.clipItemArr();
-    if (static_cast<std::size_t>(row) >= clips.size() || m_isPasting)
+    const auto &items = m_history.clipItemArr();
+    if (static_cast<std::size_t>(row) < items.size())
+        pasteItems({items[static_cast<std::size_t>(row)]}, format);
+}
+
+void ClipPaster::pasteItems(std::vector<std::shared_ptr<ClipItem>> items,
+                            const std::optional<QString> &format)
+{
+    std::erase_if(items, [](const auto &item) { return !item->isInHistory(); });
+    if (items.empty() || m_isPasting)
         return;
-    // Held by itself: making the window's list whole changes the rows.
-    const std::shared_ptr<ClipItem> item = clips[static_cast<std::size_t>(row)];
-    const Clip clip = item->clip();
+    std::vector<Clip> clips;
+    std::transform(items.begin(), items.end(), std::back_inserter(clips),
+                   [](const auto &item) { return item->clip(); });
+    const Clip clip = clips.size() == 1 ? clips.front() : joined(clips);
     // What has just arrived is still the swop's.
     if (m_swopState.performSwop())
         m_capture.readFromPasteboard();
@@ -92,10 +120,11 @@ void ClipPaster::performPaste(int row, const std::optional<QString> &format)
     }
     // Not before the keystroke, which would wait for the list, the preview and the disk.
     m_window.makeWhole();
-    m_history.countPaste(item);
+    for (const std::shared_ptr<ClipItem> &item : items)
+        m_history.countPaste(item);
     m_putBack.reset();
     m_putBackTimer.stop();
-    completeSwop(clip, outcome);
+    completeSwop(clips, outcome);
     m_swopState.clear();
 }
 
@@ -119,11 +148,13 @@ ClipPaster::Outcome ClipPaster::pasteString(Copy copy, const std::optional<QStri
 
 ClipPaster::Outcome ClipPaster::pasteFile(const Clip &clip)
 {
-    const bool exists = m_ports.workspace.fileExists(*clip.filepath());
-    if (exists && !replaceBy({clip.text, std::nullopt, clip.fileNames}))
+    QStringList present = clip.fileNames;
+    present.removeIf([this](const QString &path) { return !m_ports.workspace.fileExists(path); });
+    const bool exists = !present.isEmpty();
+    if (exists && !replaceBy({clip.text, std::nullopt, present}))
         return Outcome::NotWritten;
     m_window.hideApp();
-    if (!exists && m_settings.isNotificationsEnabled())
+    if (present.size() < clip.fileNames.size() && m_settings.isNotificationsEnabled())
         notifyFileNoLongerExists();
     return exists ? typeIntoTarget() : Outcome::NothingToType;
 }
@@ -184,7 +215,7 @@ ClipPaster::Outcome ClipPaster::leaveToUser(const QString &reason)
     return Outcome::Stranded;
 }
 
-void ClipPaster::completeSwop(const Clip &clip, Outcome outcome)
+void ClipPaster::completeSwop(const std::vector<Clip> &clips, Outcome outcome)
 {
     if (!m_swopState.performSwop())
         return;
@@ -197,7 +228,8 @@ void ClipPaster::completeSwop(const Clip &clip, Outcome outcome)
         return;
     }
     m_ports.clock.wait(m_waits.exchange);
-    m_history.addToClipList(clip);
+    for (const Clip &clip : clips)
+        m_history.addToClipList(clip);
     addHeld(held);
     m_capture.passOverOwnWrites();
     putBackLater(held, outcome);

@@ -10,9 +10,11 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class CaptureSettings;
 class ClipHistory;
+class ClipItem;
 class ClipboardCapture;
 class HistoryWindow;
 class HotKeyManager;
@@ -71,6 +73,11 @@ public:
     /// for the clip, at the latest a while later, and not at all if somebody copies meanwhile.
     void performPaste(int row, const std::optional<QString> &format);
 
+    /// Pastes several clips as one, in their order: the files when all are copied files, else their
+    /// texts, each a line of its own. Clips that were deleted meanwhile are ignored.
+    void pasteItems(std::vector<std::shared_ptr<ClipItem>> items,
+                    const std::optional<QString> &format);
+
     /// Copies the front application's selection away and shows the history for the user's choice.
     /// A window of our own that is in front gives way to the target first.
     void swop();
@@ -113,7 +120,7 @@ private:
     Outcome typeIntoTarget();
     /// Leaves the clip to the user, for whom nothing can be typed; `reason` names the target as %1.
     Outcome leaveToUser(const QString &reason);
-    void completeSwop(const Clip &clip, Outcome outcome);
+    void completeSwop(const std::vector<Clip> &clips, Outcome outcome);
     void addHeld(const SwopItem &held);
     void addReplacedSelections();
     void putBackLater(const SwopItem &selection, Outcome outcome);

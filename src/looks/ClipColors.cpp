@@ -22,6 +22,7 @@ ClipColors lightColors()
     colors.quietText = QColor(0x62, 0x62, 0x69);
     colors.selected = ClipColors::lightSelected();
     colors.selectedText = Qt::white;
+    colors.match = QColor(0xff, 0xe4, 0x8a);
     colors.control = QColor(0xef, 0xef, 0xf2);
     colors.controlHover = QColor(0xe4, 0xe4, 0xe9);
     colors.warning = QColor(0xa8, 0x57, 0x00);
@@ -43,6 +44,7 @@ ClipColors darkColors()
     // The light scheme's blue glares on a dark ground; this one keeps white text readable on it.
     colors.selected = QColor(0x2a, 0x6f, 0xcf);
     colors.selectedText = Qt::white;
+    colors.match = QColor(0x66, 0x52, 0x16);
     colors.control = QColor(0x32, 0x34, 0x39);
     colors.controlHover = QColor(0x3d, 0x40, 0x46);
     colors.warning = QColor(0xff, 0xb2, 0x4d);
@@ -106,6 +108,15 @@ bool ClipColors::isDarkPalette(const QPalette &palette)
 {
     return palette.color(QPalette::Window).lightness() <
            palette.color(QPalette::WindowText).lightness();
+}
+
+QColor ClipColors::mixed(const QColor &ground, const QColor &tint, qreal amount)
+{
+    const auto part = [amount](int below, int above) {
+        return qRound(below + (above - below) * amount);
+    };
+    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()),
+            part(ground.blue(), tint.blue())};
 }
 
 double ClipColors::contrast(const QColor &first, const QColor &second)

@@ -18,6 +18,7 @@ struct ClipColors
     QColor quietText;    ///< Running numbers, hints, the line under the preview.
     QColor selected;     ///< The selected row.
     QColor selectedText; ///< On top of `selected`.
+    QColor match;        ///< Behind letters that a search has found.
     QColor control;      ///< A button at rest.
     QColor controlHover; ///< A button under the pointer.
     QColor warning;      ///< The warning sign.
@@ -40,6 +41,9 @@ struct ClipColors
 
     /// Whether the palette's windows are darker than their text.
     static bool isDarkPalette(const QPalette &palette);
+
+    /// `ground` with so much of `tint` on it, from 0 to 1.
+    static QColor mixed(const QColor &ground, const QColor &tint, qreal amount);
 
     /// The least contrast of text to what lies behind it.
     static constexpr double kMinContrast = 4.5;

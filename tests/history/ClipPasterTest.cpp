@@ -133,6 +133,52 @@ TEST_F(ClipPasterTest, aPastedClipComesFromTheApplicationItWasPastedInto)
     EXPECT_EQ(m_rig.at(0)->applicationName(), u"Target"_s);
 }
 
+TEST_F(ClipPasterTest, severalClipsArePastedAsOne)
+{
+    m_rig.add(u"b.txt"_s, u"/tmp/b.txt"_s);
+    m_rig.platform.workspace.addFile(u"/tmp/a.txt"_s);
+    const auto newFile = m_rig.at(0);
+    const auto rich = m_rig.at(1);
+    const auto file = m_rig.at(2);
+    const auto plain = m_rig.at(3);
+    m_rig.paster.pasteItems({plain, rich, file}, {});
+    EXPECT_EQ(onPasteboard()->text, u"Straße\nRich\na.txt"_s);
+    EXPECT_TRUE(onPasteboard()->fileNames.isEmpty());
+    EXPECT_EQ(onPasteboard()->rtf, std::nullopt);
+    m_rig.platform.workspace.addFile(u"/tmp/b.txt"_s);
+    m_rig.paster.pasteItems({newFile, file}, {});
+    EXPECT_EQ(onPasteboard()->fileNames, (QStringList{u"/tmp/b.txt"_s, u"/tmp/a.txt"_s}));
+    EXPECT_EQ(onPasteboard()->text, u"b.txt\na.txt"_s);
+    EXPECT_EQ(file->pasteCount(), 1);
+    EXPECT_EQ(keys().size(), 2);
+    EXPECT_TRUE(m_rig.platform.notifications.delivered().isEmpty());
+}
+
+TEST_F(ClipPasterTest, ofSeveralFilesThoseThatAreLeftArePasted)
+{
+    m_rig.add(u"gone.txt"_s, u"/tmp/gone.txt"_s);
+    m_rig.platform.workspace.addFile(u"/tmp/a.txt"_s);
+    const auto gone = m_rig.at(0);
+    const auto file = m_rig.at(2);
+    m_rig.paster.pasteItems({gone, file}, {});
+    EXPECT_EQ(onPasteboard()->fileNames, QStringList{u"/tmp/a.txt"_s});
+    expectNotification("File no longer exists",
+                       "The file no longer exists at the copied location.");
+    m_rig.history.deleteItems({gone, file});
+    m_rig.paster.pasteItems({gone, file}, {});
+    EXPECT_EQ(keys().size(), 1) << "deleted meanwhile";
+}
+
+TEST_F(ClipPasterTest, aSwopForSeveralClipsKeepsEach)
+{
+    answerCopyWith(u"selection"_s);
+    const auto rich = m_rig.at(kRich);
+    const auto plain = m_rig.at(kPlain);
+    m_rig.paster.swop();
+    m_rig.paster.pasteItems({plain, rich}, {});
+    EXPECT_EQ(m_rig.texts(), (QStringList{u"selection"_s, u"Rich"_s, u"Straße"_s, u"a.txt"_s}));
+}
+
 TEST_F(ClipPasterTest, aRowBeyondTheListPastesNothing)
 {
     m_rig.paster.performPaste(3, {});

@@ -51,12 +51,13 @@ ClipInfoLine::ClipInfoLine(Clock &clock, QWidget *parent)
     connect(&m_counter, &CharacterCounter::counted, this, &ClipInfoLine::update);
 }
 
-void ClipInfoLine::setClipItem(const std::shared_ptr<ClipItem> &item)
+void ClipInfoLine::setClipItem(const std::shared_ptr<ClipItem> &item, int markCount)
 {
     // A clip's text stays what it is.
     if (item != m_item)
         m_counter.count(item && hasCharacters(*item) ? *item->strValue() : QString());
     m_item = item;
+    m_markCount = markCount;
     update();
 }
 
@@ -64,6 +65,8 @@ void ClipInfoLine::update()
 {
     QStringList parts;
     if (m_item) {
+        if (m_markCount > 0)
+            parts.append(markedText(m_markCount));
         if (m_item->applicationName() && !m_item->applicationName()->isEmpty())
             parts.append(m_item->applicationName()->simplified());
         if (m_item->createDate())

@@ -23,8 +23,11 @@ public:
     /// `clock` must outlive the line.
     explicit ClipInfoLine(Clock &clock, QWidget *parent = nullptr);
 
-    /// Describes `item`; nothing when it is null.
-    void setClipItem(const std::shared_ptr<ClipItem> &item);
+    /// Describes `item`, and says first how many clips are marked; nothing when it is null.
+    void setClipItem(const std::shared_ptr<ClipItem> &item, int markCount);
+
+    /// That so many clips are marked.
+    static QString markedText(int count) { return tr("%Ln marked", nullptr, count); }
 
     /// The whole line, however much of it fits.
     QString text() const { return m_text; }
@@ -48,6 +51,7 @@ private:
 
     Clock &m_clock;
     std::shared_ptr<ClipItem> m_item;
+    int m_markCount = 0;
     CharacterCounter m_counter;
     QString m_text;
     ClipColors m_colors;

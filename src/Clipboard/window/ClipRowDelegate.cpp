@@ -145,6 +145,28 @@ void ClipRowDelegate::drawFormatted(QPainter &painter, const QRect &rect, const 
     layout.draw(&painter, QPointF(rect.left(), top));
 }
 
+template <typename Placed>
+QRect ClipRowDelegate::drawEnd(QPainter &painter, QRect rect, const Row &row,
+                               const Placed &placed) const
+{
+    if (row.mark > 0) {
+        const QString mark = QString::number(row.mark);
+        const QFontMetrics metrics(m_numberFont);
+        const int height = metrics.height() + 2;
+        const int width = qMax(height, metrics.horizontalAdvance(mark) + height / 2);
+        const QRect pill(rect.right() + 1 - width, rect.top() + (rect.height() - height) / 2, width,
+                         height);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(row.isSelected ? m_colors.selectedText : m_colors.selected);
+        painter.drawRoundedRect(placed(pill), height / 2.0, height / 2.0);
+        painter.setPen(row.isSelected ? m_colors.selected : m_colors.selectedText);
+        painter.setFont(m_numberFont);
+        painter.drawText(placed(pill), Qt::AlignCenter | Qt::TextSingleLine, mark);
+        rect.setRight(pill.left() - kIconGap);
+    }
+    return rect;
+}
+
 void ClipRowDelegate::paint(QPainter &painter, const Row &row)
 {
     painter.setFont(m_numberFont);
@@ -171,7 +193,7 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row)
                                               painter.device()->devicePixelRatioF()));
         rect.setLeft(rect.left() + kIconExtent + kIconGap);
     }
-    rect = placed(rect);
+    rect = placed(drawEnd(painter, rect, row, placed));
     painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.text);
     drawText(painter, rect, row);
     painter.setLayoutDirection(direction);

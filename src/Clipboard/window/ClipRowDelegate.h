@@ -24,6 +24,7 @@ public:
         QString value;
         std::optional<QString> filepath; ///< Of a copied file.
         bool isFolder = false;           ///< What `filepath` names.
+        int mark = 0;                    ///< Place among the marked clips; 0 when not marked.
         bool isSelected = false;
     };
 
@@ -45,6 +46,10 @@ public:
 
 private:
     void drawText(QPainter &painter, const QRect &rect, const Row &row) const;
+    /// Draws what stands at the end of a row, and gives what it leaves of `rect`, which like all
+    /// places is as in a window that begins at the left; `placed` tells where it is.
+    template <typename Placed>
+    QRect drawEnd(QPainter &painter, QRect rect, const Row &row, const Placed &placed) const;
     /// With line breaks or emoji, which have a look of their own.
     void drawFormatted(QPainter &painter, const QRect &rect, const Row &row, QString text,
                        bool isRightToLeft) const;

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kSelectionInset = 6; ///< Points left free at both sides of the selected row.
 constexpr int kSelectionRadius = 4;
+/// Of the selected row's colour, in a row that is marked.
+constexpr qreal kMarkTint = 0.2;
 
 bool isTyping(const QKeyEvent &event)
 {
@@ -112,6 +114,10 @@ void ClipTableView::selectRowIndex(int row)
                                                      QItemSelectionModel::Rows);
     else
         selectionModel()->clear();
+    // What is marked counts as selected, too, for assistive technology.
+    for (const int marked : m_delegate->markedRows())
+        selectionModel()->select(m_model->index(marked, ClipTableModel::kValueColumn),
+                                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
     viewport()->update();
     tellSelection(index);
 }
@@ -202,12 +208,19 @@ void ClipTableView::processPaste(const QString &format)
 void ClipTableView::keyPressEvent(QKeyEvent *event)
 {
     const quint64 flags = ModifierFlags::ofEvent(*event);
+    const bool isShift = (event->modifiers() & ~Qt::KeypadModifier) == Qt::ShiftModifier;
     switch (event->key()) {
     case Qt::Key_Up:
-        processUpKey();
+        if (isShift)
+            delegate().markPrevious();
+        else
+            processUpKey();
         return;
     case Qt::Key_Down:
-        processDownKey();
+        if (isShift)
+            delegate().markNext();
+        else
+            processDownKey();
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -239,6 +252,10 @@ void ClipTableView::mousePressEvent(QMouseEvent *event)
 {
     const int row = rowAt(event->position().toPoint().y());
     m_clickedRow = event->button() == Qt::LeftButton ? row : -1;
+    if (m_clickedRow >= 0 && event->modifiers() == Qt::ControlModifier) {
+        delegate().toggleMark(row);
+        return;
+    }
     // The base class would move a selection of its own, with a drag even away from this row.
     if (m_clickedRow >= 0)
         delegate().selectRow(row);
@@ -252,6 +269,10 @@ void ClipTableView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
+    if (event->modifiers() == Qt::ControlModifier) {
+        mousePressEvent(event);
+        return;
+    }
     m_clickedRow = rowAt(event->position().toPoint().y());
     doubleClick();
 }
@@ -273,9 +294,12 @@ void ClipTableView::paintEvent(QPaintEvent *event)
         drawn.filepath = m_delegate->filepath(row);
         drawn.isFolder = drawn.filepath && m_folders.contains(*drawn.filepath);
         drawn.isSelected = row == m_selectedIdx;
-        if (drawn.isSelected) {
+        drawn.mark = m_delegate->markOf(row);
+        if (drawn.isSelected || drawn.mark > 0) {
             painter.setPen(Qt::NoPen);
-            painter.setBrush(selectionColor());
+            painter.setBrush(drawn.isSelected
+                                 ? selectionColor()
+                                 : ClipColors::mixed(m_colors.panel, selectionColor(), kMarkTint));
             painter.drawRoundedRect(drawn.numberRect.united(drawn.valueRect)
                                         .adjusted(kSelectionInset, 0, -kSelectionInset, 0),
                                     kSelectionRadius, kSelectionRadius);

@@ -23,6 +23,8 @@ public:
     /// Replaces the list by the clips that match; an absent text leaves it as it is.
     virtual void filterClipItemArr(const std::optional<QString> &searchText) = 0;
     virtual void deleteItem(const std::shared_ptr<ClipItem> &item) = 0;
+    /// Deletes several at once.
+    virtual void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
     /// Whether the history can be read but takes nothing.
     virtual bool isReadOnly() const = 0;
 
@@ -30,6 +32,9 @@ public:
     /// its formatting. A negative row is no choice: it ends a swop, whose selection goes into the
     /// history.
     virtual void performPaste(int row, const std::optional<QString> &format) = 0;
+    /// Pastes several clips as one, in their order: copied files as files, all else as one text.
+    virtual void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
+                            const std::optional<QString> &format) = 0;
     /// Opens the selected clip's file after closing the history window; nothing when it is gone.
     virtual void openFile() = 0;
     /// Shows the selected clip's file in a file browser; the history window stays open.

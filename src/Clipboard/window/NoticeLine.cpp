@@ -12,13 +12,6 @@ constexpr int kMargin = Looks::kTextMargin;
 /// Of the colour that marks selections, on the window's ground.
 constexpr qreal kTint = 0.14;
 
-QColor mixed(const QColor &ground, const QColor &tint)
-{
-    const auto part = [](int below, int above) { return qRound(below + (above - below) * kTint); };
-    return {part(ground.red(), tint.red()), part(ground.green(), tint.green()),
-            part(ground.blue(), tint.blue())};
-}
-
 } // namespace
 
 NoticeLine::NoticeLine(QWidget *parent) : QWidget(parent)
@@ -53,7 +46,7 @@ void NoticeLine::setColors(const ClipColors &colors)
 void NoticeLine::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), mixed(m_colors.panel, m_colors.selected));
+    painter.fillRect(rect(), ClipColors::mixed(m_colors.panel, m_colors.selected, kTint));
     painter.fillRect(0, height() - 1, width(), 1, m_colors.separator);
     painter.setPen(m_colors.text);
     const QRect line = rect().adjusted(kMargin, 0, -kMargin, -1);

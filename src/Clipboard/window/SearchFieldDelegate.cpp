@@ -36,6 +36,10 @@ bool SearchFieldDelegate::control(const QString &command, quint64 modifierFlags)
         return perform([](ViewController &target) { target.previous(); });
     if (command == QLatin1String("moveDown:"))
         return perform([](ViewController &target) { target.next(); });
+    if (command == QLatin1String("moveUpAndModifySelection:"))
+        return perform([](ViewController &target) { target.markPrevious(); });
+    if (command == QLatin1String("moveDownAndModifySelection:"))
+        return perform([](ViewController &target) { target.markNext(); });
     if (command == QLatin1String("insertNewline:")) {
         // Shift and nothing else: with any further modifier, Caps Lock among them, the clip is
         // pasted unchanged.
@@ -63,9 +67,11 @@ std::optional<QString> SearchFieldDelegate::commandForKey(const QKeyEvent &event
     const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
     switch (event.key()) {
     case Qt::Key_Up:
-        return QStringLiteral("moveUp:");
+        return held == Qt::ShiftModifier ? QStringLiteral("moveUpAndModifySelection:")
+                                         : QStringLiteral("moveUp:");
     case Qt::Key_Down:
-        return QStringLiteral("moveDown:");
+        return held == Qt::ShiftModifier ? QStringLiteral("moveDownAndModifySelection:")
+                                         : QStringLiteral("moveDown:");
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return held & Qt::AltModifier ? QStringLiteral("insertNewlineIgnoringFieldEditor:")

@@ -102,14 +102,60 @@ int ViewController::selectedRow() const
     return *row;
 }
 
+void ViewController::markRow(int row)
+{
+    const std::shared_ptr<ClipItem> item = itemAt(row);
+    if (!item)
+        return;
+    m_marks.extend(itemAt(selectedRow()), item);
+    showRow(row, false);
+}
+
+void ViewController::toggleMark(int row)
+{
+    if (const std::shared_ptr<ClipItem> item = itemAt(row))
+        showRow(rowOf(m_marks.toggle(itemAt(selectedRow()), item)), false);
+}
+
+std::vector<std::shared_ptr<ClipItem>> ViewController::markedClips() const
+{
+    if (!m_marks.isEmpty())
+        return m_marks.items();
+    const std::shared_ptr<ClipItem> item = itemAt(selectedRow());
+    return item ? std::vector{item} : std::vector<std::shared_ptr<ClipItem>>();
+}
+
+std::vector<int> ViewController::markedRows() const
+{
+    std::vector<int> rows;
+    for (const std::shared_ptr<ClipItem> &item : m_marks.items())
+        rows.push_back(rowOf(item));
+    return rows;
+}
+
+int ViewController::rowOf(const std::shared_ptr<ClipItem> &item) const
+{
+    const auto &list = getDataArray();
+    const auto found = std::find(list.begin(), list.end(), item);
+    return found == list.end() ? -1 : static_cast<int>(found - list.begin());
+}
+
 void ViewController::paste()
 {
-    paste(selectedRow(), std::nullopt);
+    pasteMarked(std::nullopt);
 }
 
 void ViewController::paste(const QString &format)
 {
-    paste(selectedRow(), format);
+    pasteMarked(format);
+}
+
+void ViewController::pasteMarked(const std::optional<QString> &format)
+{
+    if (m_marks.isEmpty())
+        paste(selectedRow(), format);
+    else
+        m_appDelegate.pasteItems(markedClips(), format);
 }
 
 void ViewController::paste(int row, const std::optional<QString> &format)
@@ -146,6 +192,10 @@ void ViewController::clearSearch()
 
 void ViewController::deleteItem()
 {
+    if (!m_marks.isEmpty()) {
+        deleteMarked();
+        return;
+    }
     const auto &list = getDataArray();
     const auto count = static_cast<int>(list.size());
     if (count == 0)
@@ -169,12 +219,29 @@ void ViewController::deleteItem()
     selectRow(row);
 }
 
+/// The selection stays at the first of the rows.
+void ViewController::deleteMarked()
+{
+    const std::vector<int> rows = markedRows();
+    {
+        const QScopedValueRollback<bool> changing(m_isChangingList, true);
+        m_appDelegate.deleteItems(markedClips());
+    }
+    selectRow(*std::min_element(rows.begin(), rows.end()));
+}
+
 void ViewController::selectRow(int row)
 {
     selectRow(row, false);
 }
 
 void ViewController::selectRow(int row, bool forceViewUpdate)
+{
+    m_marks.clear();
+    showRow(row, forceViewUpdate);
+}
+
+void ViewController::showRow(int row, bool forceViewUpdate)
 {
     const auto &list = getDataArray();
     const auto count = static_cast<int>(list.size());
@@ -193,7 +260,7 @@ void ViewController::selectRow(int row, bool forceViewUpdate)
         return;
     }
     const std::shared_ptr<ClipItem> item = list.at(static_cast<size_t>(row));
-    m_views.textFieldView->infoLine()->setClipItem(item);
+    m_views.textFieldView->infoLine()->setClipItem(item, markCount());
     speakSelection(*item, row);
     if (m_previousClipItem && !forceViewUpdate && item == m_previousClipItem) {
         m_views.textFieldView->lookForFormatting();
@@ -224,7 +291,7 @@ void ViewController::showEmptyPreview()
 {
     m_views.textFieldView->showText(QString(), {});
     m_fileViewController->view()->hide();
-    m_views.textFieldView->infoLine()->setClipItem(nullptr);
+    m_views.textFieldView->infoLine()->setClipItem(nullptr, 0);
     m_previousClipItem.reset();
 }
 
@@ -261,7 +328,9 @@ void ViewController::speakSelection(const ClipItem &item, int row)
         m_views.searchTextField->setAccessibleDescription(
             tr("%1 of %2: %3")
                 .arg(QString::number(row + 1), QString::number(numberOfRowsInTableView()),
-                     ClipRowDelegate::recognisableText(item.shortText().value_or(QString()))));
+                     ClipRowDelegate::recognisableText(item.shortText().value_or(QString()))) +
+            (m_marks.isEmpty() ? QString()
+                               : QStringLiteral(". ") + ClipInfoLine::markedText(markCount())));
 }
 
 int ViewController::numberOfRowsInTableView() const
@@ -325,11 +394,9 @@ void ViewController::clipItemArrChanged()
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
         m_appDelegate.filterClipItemArr(text);
     }
-    const auto &list = getDataArray();
-    const auto found = std::find(list.begin(), list.end(), m_previousClipItem);
-    selectRow(m_previousClipItem && found != list.end()
-                  ? static_cast<int>(std::distance(list.begin(), found))
-                  : selectedRow());
+    m_marks.keepOnly(getDataArray());
+    const int row = m_previousClipItem ? rowOf(m_previousClipItem) : -1;
+    showRow(row >= 0 ? row : selectedRow(), false);
 }
 
 void ViewController::splitViewDidResizeSubviews()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clipboard/window/ClipMarks.h"
 #include "Clipboard/window/HistoryViews.h"
 
 #include <QObject>
@@ -77,6 +78,21 @@ public:
 
     void next() { selectRow(selectedRow() + 1); }
     void previous() { selectRow(selectedRow() - 1); }
+    /// Moves the selection by one row and marks both clips; back again it takes the mark.
+    void markNext() { markRow(selectedRow() + 1); }
+    void markPrevious() { markRow(selectedRow() - 1); }
+    /// Marks the row's clip beside the selected one, or takes its mark.
+    void toggleMark(int row);
+    /// Those that are pasted and deleted together, in the order in which they were marked: the
+    /// selected clip when none is. Empty for an empty list.
+    std::vector<std::shared_ptr<ClipItem>> markedClips() const;
+    /// How many are marked; 0 or at least 2.
+    int markCount() const { return static_cast<int>(m_marks.items().size()); }
+    /// Place of the row's clip among the marked ones, from 1 on; 0 when it is not marked.
+    int markOf(int row) const { return m_marks.placeOf(itemAt(row)); }
+    /// The rows of the marked clips.
+    std::vector<int> markedRows() const;
+
     void paste();
     void paste(const QString &format);
     void paste(int row, const std::optional<QString> &format);
@@ -85,6 +101,7 @@ public:
     /// Ends the search and selects the first clip, once the window is hidden.
     void makeWhole();
     void deleteItem();
+    /// Every other choice of a row ends the marking.
     void selectRow(int row);
     /// Selects the row nearest to `row` that exists and shows its preview; the preview of the clip
     /// that is shown already is made anew only when forced.
@@ -149,6 +166,11 @@ private:
 
     void viewDidLoad();
     void clipItemArrChanged();
+    void markRow(int row);
+    void deleteMarked();
+    void pasteMarked(const std::optional<QString> &format);
+    void showRow(int row, bool forceViewUpdate);
+    int rowOf(const std::shared_ptr<ClipItem> &item) const;
     void showPreview(const std::shared_ptr<ClipItem> &item);
     void showEmptyPreview();
     void updateEmptyState();
@@ -163,6 +185,7 @@ private:
     SearchFieldDelegate *m_searchFieldDelegate = nullptr;
     std::unique_ptr<FileViewController> m_fileViewController;
     std::shared_ptr<ClipItem> m_previousClipItem;
+    ClipMarks m_marks;
     QString m_openShortcutText;
     bool m_isWindowKey = false;
     bool m_isChangingList = false; ///< The change under way is our own.

@@ -313,10 +313,15 @@ public:
         asked.append(QStringLiteral("filter ") + text.value_or(QString()));
     }
     void deleteItem(const std::shared_ptr<ClipItem> &) override {}
+    void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
     bool isReadOnly() const override { return true; }
     void performPaste(int row, const std::optional<QString> &format) override
     {
         asked.append(QStringLiteral("paste %1 ").arg(row) + format.value_or(QString()));
+    }
+    void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &,
+                    const std::optional<QString> &) override
+    {
     }
     void openFile() override { asked.append(QStringLiteral("open")); }
     void revealInFinder() override { asked.append(QStringLiteral("reveal")); }
