@@ -19,6 +19,14 @@ struct ProxyQuestion::Link
 {
     explicit Link(ProxyQuestion *asked) : question(asked) {}
 
+    void answer(const QNetworkProxy &proxy)
+    {
+        const MutexLock lock(mutex);
+        if (ProxyQuestion *asking = question)
+            QMetaObject::invokeMethod(
+                asking, [asking, proxy] { Q_EMIT asking->answered(proxy); }, Qt::QueuedConnection);
+    }
+
     Mutex mutex;
     ProxyQuestion *question QUILLMARSH_GUARDED_BY(mutex);
 };
@@ -29,14 +37,9 @@ ProxyQuestion::ProxyQuestion(const QUrl &url, QObject *parent)
     ++g_openQuestions;
     std::thread([link = m_link, url] {
         const SignalStack signalStack;
-        const QNetworkProxy proxy =
-            QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url))
-                .value(0, QNetworkProxy::NoProxy);
-        const MutexLock lock(link->mutex);
-        if (ProxyQuestion *question = link->question)
-            QMetaObject::invokeMethod(
-                question, [question, proxy] { Q_EMIT question->answered(proxy); },
-                Qt::QueuedConnection);
+        link->answer(QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url))
+                         .value(0, QNetworkProxy::NoProxy));
+        // Behind all that needs the libraries, which may be tidied up from now on.
         --g_openQuestions;
     }).detach();
 }
@@ -47,9 +50,14 @@ ProxyQuestion::~ProxyQuestion()
     m_link->question = nullptr;
 }
 
+bool ProxyQuestion::isAnyOpen()
+{
+    return g_openQuestions > 0;
+}
+
 int ProxyQuestion::endingWith(int status)
 {
-    if (g_openQuestions > 0) {
+    if (isAnyOpen()) {
         std::fflush(nullptr);
         std::_Exit(status);
     }

@@ -17,6 +17,9 @@ public:
     explicit ProxyQuestion(const QUrl &url, QObject *parent = nullptr);
     ~ProxyQuestion() override;
 
+    /// Whether somebody's question, in this process, has no answer yet.
+    static bool isAnyOpen();
+
     /// The last thing that main() calls: hands `status` back, unless somebody's question has no
     /// answer yet. Then the process ends here and now, because what its libraries tidy up at the
     /// end would wait for the answer.
