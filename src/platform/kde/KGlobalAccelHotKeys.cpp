@@ -5,15 +5,8 @@
 #include "platform/VirtualKeys.h"
 #include "platform/kde/QtKeyCodes.h"
 
-#include <QDBusArgument>
-#include <QDBusMetaType>
-#include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusServiceWatcher>
 #include <QKeySequence>
 #include <QLoggingCategory>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -22,132 +15,42 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcHotKeys, "quillmarsh.platform.kde.hotkeys", QtInfoMsg)
 
-const auto kService = QStringLiteral("org.kde.kglobalaccel");
-const auto kPath = QStringLiteral("/kglobalaccel");
-const auto kInterface = QStringLiteral("org.kde.KGlobalAccel");
-const auto kComponentInterface = QStringLiteral("org.kde.kglobalaccel.Component");
-/// What the service says instead of keys that somebody else has.
+/// What an action is told to have when the service gives it no keys.
 constexpr int kRefusal = 0;
-/// Bits of setShortcut: presses are wanted from now on; what the service remembers is to be
-/// replaced by what it is told.
-constexpr uint kPresent = 2;
-constexpr uint kReplacing = 4;
-constexpr int kStartLimitMs = 5000;
-/// Held keys repeat by further presses. Somebody who lets go and presses anew is told by the
-/// release in between; where that is lost, by the time.
-constexpr std::chrono::milliseconds kLongestRepetition{1000};
-
-/// Who holds a key for longer has forgotten it, or its release was lost.
-constexpr std::chrono::seconds kLongestHold{2};
-
-QString component()
-{
-    return Info::main().bundleIdentifier;
-}
-
-/// The path of a component's object: its name with everything but letters and digits replaced.
-QString pathOf(QString name)
-{
-    for (QChar &sign : name) {
-        const bool isKept = sign.unicode() < 0x80 && sign.isLetterOrNumber();
-        sign = isKept ? sign : QChar(u'_');
-    }
-    return QStringLiteral("/component/") + name;
-}
-
-QList<int> nonZero(QList<int> keys)
-{
-    keys.removeAll(0);
-    return keys;
-}
-
-/// The keys of all shortcuts in a component's list: structures of six texts, the keys in force and
-/// the keys by default.
-QList<int> keysIn(const QDBusArgument &list)
-{
-    QList<int> all;
-    list.beginArray();
-    while (!list.atEnd()) {
-        list.beginStructure();
-        QString text;
-        for (int i = 0; i < 6; ++i)
-            list >> text;
-        QList<int> inForce;
-        QList<int> byDefault;
-        list >> inForce >> byDefault;
-        list.endStructure();
-        all += nonZero(inForce);
-    }
-    list.endArray();
-    return all;
-}
-
-/// The first keys of each sequence: structures of an array of four.
-QList<int> keysOfSequences(const QDBusArgument &list)
-{
-    QList<int> all;
-    list.beginArray();
-    while (!list.atEnd()) {
-        QList<int> sequence;
-        list.beginStructure();
-        list >> sequence;
-        list.endStructure();
-        all += sequence.value(0);
-    }
-    list.endArray();
-    return nonZero(all);
-}
 
 } // namespace
 
 KGlobalAccelHotKeys::KGlobalAccelHotKeys(const QDBusConnection &bus, const KeyboardLayout &layout,
                                          Keys keys, std::unique_ptr<HotKeys> otherwise,
                                          QObject *parent)
-    : HotKeys(parent), m_bus(bus), m_layout(layout), m_onlyLists(keys == Keys::Otherwise),
-      m_otherwise(std::move(otherwise))
+    : HotKeys(parent), m_layout(layout), m_onlyLists(keys == Keys::Otherwise),
+      m_otherwise(std::move(otherwise)), m_plasma(bus)
 {
     if (m_onlyLists)
         passOn();
-    qDBusRegisterMetaType<QList<int>>();
-    m_bus.connect(kService, pathOf(component()), kComponentInterface,
-                  QStringLiteral("globalShortcutPressed"), this,
-                  SLOT(handlePressed(QString, QString, qlonglong)));
-    m_bus.connect(kService, pathOf(component()), kComponentInterface,
-                  QStringLiteral("globalShortcutReleased"), this,
-                  SLOT(handleReleased(QString, QString, qlonglong)));
-    m_bus.connect(kService, kPath, kInterface, QStringLiteral("yourShortcutsChanged"), this,
-                  SLOT(handleShortcutsChanged(QDBusMessage)));
-    auto *watcher =
-        new QDBusServiceWatcher(kService, m_bus, QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this,
-            &KGlobalAccelHotKeys::serviceAppeared);
+    connect(&m_plasma, &KGlobalAccelService::appeared, this, &KGlobalAccelHotKeys::serviceAppeared);
+    connect(&m_plasma, &KGlobalAccelService::missing, this, &KGlobalAccelHotKeys::goOtherwise);
+    connect(&m_plasma, &KGlobalAccelService::keysChosen, this, &KGlobalAccelHotKeys::takeChoice);
+    connect(&m_plasma, &KGlobalAccelService::pressed, this, &KGlobalAccelHotKeys::hearPress);
+    connect(&m_plasma, &KGlobalAccelService::released, &m_held, &HeldShortcuts::release);
+    connect(&m_held, &HeldShortcuts::pressed, this, [this](const QString &name, qlonglong time) {
+        for (const HotKeyId id : idsOf(name))
+            Q_EMIT pressed(eventOf(id, time));
+    });
+    connect(&m_held, &HeldShortcuts::released, this, [this](const QString &name, qlonglong time) {
+        for (const HotKeyId id : idsOf(name))
+            Q_EMIT released(eventOf(id, time));
+    });
     // What a key prints is its name there.
     connect(&m_layout, &KeyboardLayout::changed, this, &KGlobalAccelHotKeys::flushLater);
-
-    if (!m_bus.isConnected()) {
-        // Later, as an answer would come, so that everybody listens.
-        QMetaObject::invokeMethod(this, &KGlobalAccelHotKeys::goOtherwise, Qt::QueuedConnection);
-        return;
-    }
-    auto start = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("StartServiceByName"));
-    start << kService << 0U;
-    auto *started = new QDBusPendingCallWatcher(m_bus.asyncCall(start, kStartLimitMs), this);
-    connect(started, &QDBusPendingCallWatcher::finished, this, [this, started] {
-        started->deleteLater();
-        if (started->isError())
-            lookWhetherItRuns();
-        else if (m_service == Service::Asked)
-            serviceAppeared();
-    });
+    m_plasma.start();
 }
 
 KGlobalAccelHotKeys::~KGlobalAccelHotKeys()
 {
     for (auto action = m_actions.cbegin(); action != m_actions.cend(); ++action) {
         if (action->isActive)
-            m_bus.send(call(QStringLiteral("setInactive"), {actionId(action.key(), *action)}));
+            m_plasma.setInactive({action.key(), action->title});
     }
 }
 
@@ -241,7 +144,6 @@ void KGlobalAccelHotKeys::setSuspended(bool isSuspended)
         QMetaObject::invokeMethod(this, &HotKeys::availabilityChanged, Qt::QueuedConnection);
 }
 
-/// At the start, and when it was started anew and knows nothing of us.
 void KGlobalAccelHotKeys::serviceAppeared()
 {
     if (m_service == Service::Absent)
@@ -250,24 +152,6 @@ void KGlobalAccelHotKeys::serviceAppeared()
     for (Action &action : m_actions)
         action.isActive = false;
     flush();
-}
-
-/// A service that nothing can start may run all the same: the newer KWin is it itself.
-void KGlobalAccelHotKeys::lookWhetherItRuns()
-{
-    auto question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    question << kService;
-    auto *asked = new QDBusPendingCallWatcher(m_bus.asyncCall(question, kStartLimitMs), this);
-    connect(asked, &QDBusPendingCallWatcher::finished, this, [this, asked] {
-        asked->deleteLater();
-        const QDBusPendingReply<bool> answer = *asked;
-        if (answer.isError() || !answer.value())
-            goOtherwise();
-        else if (m_service == Service::Asked)
-            serviceAppeared();
-    });
 }
 
 void KGlobalAccelHotKeys::goOtherwise()
@@ -321,8 +205,10 @@ void KGlobalAccelHotKeys::flush()
             Action &action = m_actions[name];
             if (action.wanted.has_value() == isWanted)
                 push(name, action);
-            if (!action.wanted && !action.isListed)
+            if (!action.wanted && !action.isListed) {
                 m_actions.remove(name);
+                m_held.forget(name);
+            }
         }
     }
 }
@@ -330,14 +216,13 @@ void KGlobalAccelHotKeys::flush()
 /// Brings the service to where we are.
 void KGlobalAccelHotKeys::push(const QString &name, Action &action)
 {
-    const QStringList id = actionId(name, action);
     if (!action.wanted && !action.isListed) {
-        m_bus.send(call(QStringLiteral("unregister"), {id.at(0), id.at(1)}));
+        m_plasma.forget(name);
         return;
     }
     if (m_isSuspended) {
         if (std::exchange(action.isActive, false))
-            m_bus.send(call(QStringLiteral("setInactive"), {id}));
+            m_plasma.setInactive({name, action.title});
         return;
     }
     const std::optional<int> code =
@@ -350,18 +235,16 @@ void KGlobalAccelHotKeys::push(const QString &name, Action &action)
         return;
     const bool isFirst = !action.told;
     const QList<int> keys = *code == 0 ? QList<int>() : QList<int>{*code};
-    m_bus.send(call(QStringLiteral("doRegister"), {id}));
-    const uint flags = (m_onlyLists ? 0U : kPresent) | (isFirst ? 0U : kReplacing);
-    const QVariantList arguments{id, QVariant::fromValue(keys), flags};
+    const uint wish = (m_onlyLists ? 0U : KGlobalAccelService::Present) |
+                      (isFirst ? 0U : KGlobalAccelService::Replacing);
     action.isActive = isTaken;
     action.told = code;
-    ask(call(QStringLiteral("setShortcut"), arguments),
-        [this, name, code, isFirst](const QDBusMessage &answer) {
-            const QVariantList told = answer.arguments();
-            takeAnswer(name, *code, isFirst, qdbus_cast<QList<int>>(told.value(0)));
-        });
+    m_plasma.setShortcut({name, action.title}, keys, wish,
+                         [this, name, code, isFirst](const QList<int> &inForce) {
+                             takeAnswer(name, *code, isFirst, inForce);
+                         });
     if (!action.wanted && !m_onlyLists)
-        m_bus.send(call(QStringLiteral("setInactive"), {id}));
+        m_plasma.setInactive({name, action.title});
 }
 
 void KGlobalAccelHotKeys::takeAnswer(const QString &name, int asked, bool wasFirst,
@@ -372,9 +255,8 @@ void KGlobalAccelHotKeys::takeAnswer(const QString &name, int asked, bool wasFir
     if (action == m_actions.end() || !action->wanted || action->told != asked ||
         keys.contains(asked))
         return;
-    const QList<int> others = nonZero(keys);
-    if (wasFirst && !others.isEmpty()) {
-        takeChoice(name, others);
+    if (wasFirst && !keys.isEmpty()) {
+        takeChoice(name, keys);
         return;
     }
     // Whether somebody else has them is seen by the grab.
@@ -391,10 +273,10 @@ void KGlobalAccelHotKeys::takeAnswer(const QString &name, int asked, bool wasFir
 
 void KGlobalAccelHotKeys::takeChoice(const QString &name, const QList<int> &keys)
 {
-    Action &action = m_actions[name];
     const std::vector<HotKeyId> ids = idsOf(name);
     if (ids.empty())
         return;
+    Action &action = m_actions[name];
     HotKeyChoice choice;
     for (const int key : keys) {
         choice.combination = QtKeyCodes::combinationOf(key, m_layout);
@@ -423,31 +305,19 @@ void KGlobalAccelHotKeys::askWhetherFree(int code)
     if (m_asked.contains(code))
         return;
     m_asked.insert(code);
-    ask(call(QStringLiteral("isGlobalShortcutAvailable"), {code, component()}),
-        [this, code](const QDBusMessage &answer) {
-            m_asked.remove(code);
-            if (!answer.arguments().value(0).toBool() || !m_refused.remove(code))
-                return;
+    m_plasma.askWhetherFree(code, [this, code](bool isFree) {
+        m_asked.remove(code);
+        if (isFree && m_refused.remove(code))
             Q_EMIT availabilityChanged();
-        });
+    });
 }
 
 void KGlobalAccelHotKeys::askWhatIsTaken()
 {
     m_taken.clear();
-    ask(call(QStringLiteral("allComponents"), {}), [this](const QDBusMessage &answer) {
-        const auto paths = qdbus_cast<QList<QDBusObjectPath>>(answer.arguments().value(0));
-        for (const QDBusObjectPath &path : paths) {
-            if (path.path() == pathOf(component()))
-                continue;
-            ask(QDBusMessage::createMethodCall(kService, path.path(), kComponentInterface,
-                                               QStringLiteral("allShortcutInfos")),
-                [this](const QDBusMessage &list) {
-                    const auto shortcuts = list.arguments().value(0).value<QDBusArgument>();
-                    for (const int key : keysIn(shortcuts))
-                        m_taken.insert(key);
-                });
-        }
+    m_plasma.askForeignKeys([this](const QList<int> &keys) {
+        for (const int key : keys)
+            m_taken.insert(key);
     });
 }
 
@@ -461,62 +331,12 @@ std::vector<HotKeyId> KGlobalAccelHotKeys::idsOf(const QString &name) const
     return ids;
 }
 
-/// The names of the component and of the action, for programs and for people.
-QStringList KGlobalAccelHotKeys::actionId(const QString &name, const Action &action) const
+void KGlobalAccelHotKeys::hearPress(const QString &name, qlonglong timestamp)
 {
-    return {component(), name, QStringLiteral("Quillmarsh"), action.title};
-}
-
-QDBusMessage KGlobalAccelHotKeys::call(const QString &method, const QVariantList &arguments) const
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(kService, kPath, kInterface, method);
-    message.setArguments(arguments);
-    return message;
-}
-
-/// `receive` gets the answer, and nothing when there is none.
-template <typename Receiver>
-void KGlobalAccelHotKeys::ask(const QDBusMessage &message, Receiver receive)
-{
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, receive] {
-        watcher->deleteLater();
-        const QDBusMessage answer = watcher->reply();
-        if (answer.type() == QDBusMessage::ReplyMessage)
-            receive(answer);
-        else
-            qCWarning(lcHotKeys).noquote()
-                << "Plasma's service of shortcuts answers with an error:" << answer.errorMessage();
-    });
-}
-
-void KGlobalAccelHotKeys::handlePressed(const QString &, const QString &name, qlonglong timestamp)
-{
-    const auto action = m_actions.find(name);
-    if (action == m_actions.end() || m_isSuspended || m_onlyLists)
-        return;
-    const TimePoint now = std::chrono::steady_clock::now();
-    const auto before = std::exchange(action->heldSince, now);
-    if (before && now - *before < kLongestRepetition)
-        return;
-    if (!action->types) {
-        tellPress(name, timestamp);
-        return;
-    }
+    const auto action = m_actions.constFind(name);
     // The service has the keyboard until the key is let go, and would get what is typed.
-    const int press = ++m_lastPress;
-    action->waitingPress = press;
-    QTimer::singleShot(kLongestHold, this, [this, name, timestamp, press] {
-        if (m_actions.value(name).waitingPress == press)
-            tellPress(name, timestamp);
-    });
-}
-
-void KGlobalAccelHotKeys::tellPress(const QString &name, qlonglong timestamp)
-{
-    m_actions[name].waitingPress = 0;
-    for (const HotKeyId id : idsOf(name))
-        Q_EMIT pressed(eventOf(id, timestamp));
+    if (action != m_actions.cend() && !m_isSuspended && !m_onlyLists)
+        m_held.press(name, timestamp, action->types);
 }
 
 HotKeyEvent KGlobalAccelHotKeys::eventOf(HotKeyId id, qlonglong timestamp) const
@@ -526,24 +346,4 @@ HotKeyEvent KGlobalAccelHotKeys::eventOf(HotKeyId id, qlonglong timestamp) const
     event.timestamp = static_cast<quint32>(timestamp);
     event.carbonModifiers = m_registrations.at(id).combination.carbonModifiers;
     return event;
-}
-
-void KGlobalAccelHotKeys::handleReleased(const QString &, const QString &name, qlonglong timestamp)
-{
-    const auto action = m_actions.find(name);
-    if (action == m_actions.end() || !std::exchange(action->heldSince, std::nullopt))
-        return;
-    if (action->waitingPress != 0)
-        tellPress(name, timestamp);
-    for (const HotKeyId id : idsOf(name))
-        Q_EMIT released(eventOf(id, timestamp));
-}
-
-void KGlobalAccelHotKeys::handleShortcutsChanged(const QDBusMessage &message)
-{
-    const QVariantList arguments = message.arguments();
-    const QStringList id = arguments.value(0).toStringList();
-    if (id.value(0) != component() || !m_actions.contains(id.value(1)))
-        return;
-    takeChoice(id.at(1), keysOfSequences(arguments.value(1).value<QDBusArgument>()));
 }

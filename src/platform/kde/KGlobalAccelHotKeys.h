@@ -1,16 +1,17 @@
 #pragma once
 
 #include "platform/HotKeys.h"
+#include "platform/kde/HeldShortcuts.h"
+#include "platform/kde/KGlobalAccelService.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QList>
 #include <QMap>
 #include <QSet>
 
-#include <chrono>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class KeyboardLayout;
@@ -55,7 +56,6 @@ public:
 
 private:
     enum class Service { Asked, There, Absent };
-    using TimePoint = std::chrono::steady_clock::time_point;
 
     struct Registration
     {
@@ -76,13 +76,9 @@ private:
         std::optional<int> told;
         bool isRefused = false;
         bool types = false;
-        std::optional<TimePoint> heldSince; ///< When the last press of one hold came.
-        /// The number of a press that waits for its release; 0 for none.
-        int waitingPress = 0;
     };
 
     void serviceAppeared();
-    void lookWhetherItRuns();
     void goOtherwise();
     /// Whether the other hot keys are asked for a registration.
     bool asksOtherwise() const { return m_onlyLists || m_service == Service::Absent; }
@@ -94,21 +90,10 @@ private:
     void takeChoice(const QString &name, const QList<int> &keys);
     void askWhetherFree(int code);
     void askWhatIsTaken();
-    void tellPress(const QString &name, qlonglong timestamp);
+    void hearPress(const QString &name, qlonglong timestamp);
     HotKeyEvent eventOf(HotKeyId id, qlonglong timestamp) const;
     std::vector<HotKeyId> idsOf(const QString &name) const;
-    QStringList actionId(const QString &name, const Action &action) const;
-    QDBusMessage call(const QString &method, const QVariantList &arguments) const;
-    template <typename Receiver>
-    void ask(const QDBusMessage &message, Receiver receive);
 
-private Q_SLOTS: // The bus knows receivers by name.
-    void handlePressed(const QString &component, const QString &name, qlonglong timestamp);
-    void handleReleased(const QString &component, const QString &name, qlonglong timestamp);
-    void handleShortcutsChanged(const QDBusMessage &message);
-
-private:
-    QDBusConnection m_bus;
     const KeyboardLayout &m_layout;
     const bool m_onlyLists; ///< Keys::Otherwise.
     std::unique_ptr<HotKeys> m_otherwise;
@@ -117,8 +102,9 @@ private:
     bool m_isFlushPending = false;
     std::map<HotKeyId, Registration> m_registrations;
     QMap<QString, Action> m_actions;
-    int m_lastPress = 0;
     QSet<int> m_refused; ///< Codes that others hold.
     QSet<int> m_asked;   ///< Codes about which a question is under way.
     QSet<int> m_taken;   ///< Codes that other programs have, when it was last asked.
+    KGlobalAccelService m_plasma;
+    HeldShortcuts m_held;
 };
