@@ -1,6 +1,14 @@
 _quillmarsh()
 {
-    [ "$COMP_CWORD" -eq 1 ] || return
-    COMPREPLY=($(compgen -W "launch swop preferences check-for-updates feedback help welcome clear-all quit --help --version" -- "$2"))
+    local words=
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        words="launch swop preferences check-for-updates feedback help welcome clear-all quit list get copy paste delete --help --version"
+    else
+        case ${COMP_WORDS[1]} in
+        list) words="--json --null" ;;
+        get | paste | delete) words=$(quillmarsh list 2>/dev/null | head -n 50 | cut -f 1) ;;
+        esac
+    fi
+    COMPREPLY=($(compgen -W "$words" -- "$2"))
 }
 complete -F _quillmarsh quillmarsh

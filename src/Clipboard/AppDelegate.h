@@ -82,6 +82,11 @@ public:
     /// Exchanges the front application's selection with a clip that the user picks.
     void swop() override;
     void openPreferences();
+    /// Puts a text on the pasteboard and records it as any copy. False when the display did not
+    /// confirm it.
+    [[nodiscard]] bool copyText(const QString &text);
+    /// Records what was copied a moment ago, and sees what other programs have changed.
+    void noticeCopies();
     /// Shows the preferences with the largest text that is recorded, ready to be changed.
     void openTextLimit();
     void clearAll();

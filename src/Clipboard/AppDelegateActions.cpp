@@ -52,8 +52,7 @@ void AppDelegate::launch()
         return;
     }
     // A clip that was pasted a moment ago is the newest, and would move the rows at the next step.
-    m_capture->readFromPasteboard();
-    m_history->loadForeignChanges();
+    noticeCopies();
     setWindowVisible();
     viewController()->selectRow(0, true);
 }
@@ -83,6 +82,20 @@ void AppDelegate::openTextLimit()
         return;
     openPreferences();
     m_preferencesGeneral->selectMaxStringSize();
+}
+
+void AppDelegate::noticeCopies()
+{
+    m_capture->readFromPasteboard();
+    m_history->loadForeignChanges();
+}
+
+bool AppDelegate::copyText(const QString &text)
+{
+    if (!m_paster->setPasteboardString(text, std::nullopt))
+        return false;
+    m_capture->readFromPasteboard();
+    return true;
 }
 
 void AppDelegate::clearAll()

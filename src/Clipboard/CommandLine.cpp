@@ -1,5 +1,7 @@
 #include "Clipboard/CommandLine.h"
 
+#include "Clipboard/ClipWords.h"
+
 #include <algorithm>
 
 namespace {
@@ -31,8 +33,10 @@ QString help()
                                   "or one starts and waits for its shortcut.\n\n");
     for (const Word &action : kActions)
         text += QStringLiteral("  %1%2\n").arg(QStringView(action.word), -19).arg(action.effect);
-    return text + QStringLiteral("  --help             show this\n"
-                                 "  --version          show the version\n");
+    return text +
+           QStringLiteral("  --help             show this\n"
+                          "  --version          show the version\n") +
+           ClipWords::help();
 }
 
 bool isAction(const QString &word)
@@ -63,6 +67,8 @@ CommandLine CommandLine::parse(const QStringList &words, const QString &version)
         line.answer = help();
     else if (has(u"--version", u"-V"))
         line.answer = QStringLiteral("Quillmarsh %1\n").arg(version);
+    else if (!asked.isEmpty() && ClipWords::isWord(asked.first()))
+        line.clipWords = asked;
     else if (asked.size() > 1)
         line.problem = QStringLiteral("one command at a time, not \"%1\"").arg(asked.join(u' '));
     else if (!asked.isEmpty() && !isAction(asked.first()))

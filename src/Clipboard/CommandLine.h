@@ -13,6 +13,8 @@ struct CommandLine
     /// One of those of SingleInstance; empty when none was given, which opens the history of the
     /// instance that runs, or starts one quietly.
     QString action;
+    /// The words that are for ClipWords; empty when the command is none of its.
+    QStringList clipWords;
     /// For standard output; the process ends with success then and does nothing else.
     std::optional<QString> answer;
     /// For standard error, when the words were not understood.

@@ -7,6 +7,7 @@
 #include "platform/SingleInstance.h"
 
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -18,7 +19,8 @@ constexpr int kHeldKeyLooks = 200;
 
 InstanceActions::InstanceActions(AppDelegate &appDelegate, SingleInstance &instance,
                                  FrontApplication &front, const KeySender &keySender)
-    : m_appDelegate(appDelegate), m_keySender(keySender)
+    : m_appDelegate(appDelegate), m_keySender(keySender),
+      m_clips(appDelegate.history(), application())
 {
     front.endStartup(instance.activationToken());
     connect(&instance, &SingleInstance::activated, this, [this, &front](const QString &token) {
@@ -35,7 +37,17 @@ InstanceActions::InstanceActions(AppDelegate &appDelegate, SingleInstance &insta
         return action != u"clear-all" || m_appDelegate.history().canChange();
     });
     m_heldKeyTimer.setInterval(kHeldKeyInterval);
-    connect(&m_heldKeyTimer, &QTimer::timeout, this, &InstanceActions::swopWhenKeysAreUp);
+    connect(&m_heldKeyTimer, &QTimer::timeout, this, &InstanceActions::lookForHeldKeys);
+}
+
+HistoryClips::Application InstanceActions::application()
+{
+    return {[this] { m_appDelegate.noticeCopies(); },
+            [this](const QString &text) { return m_appDelegate.copyText(text); },
+            [this](const std::shared_ptr<ClipItem> &item) {
+                // Later, so that the caller has its answer, and its window has gone.
+                whenKeysAreUp([this, item] { m_appDelegate.pasteItems({item}, std::nullopt); });
+            }};
 }
 
 void InstanceActions::perform(const QString &action)
@@ -43,7 +55,9 @@ void InstanceActions::perform(const QString &action)
     if (action == u"launch")
         m_appDelegate.launch();
     else if (action == u"swop")
-        swopWhenKeysAreUp();
+        // A window manager whose key called us has the keyboard until that key is let go, and would
+        // get the keystroke that copies the selection.
+        whenKeysAreUp([this] { m_appDelegate.swop(); });
     else if (action == u"preferences")
         m_appDelegate.openPreferences();
     else if (action == u"check-for-updates")
@@ -60,9 +74,15 @@ void InstanceActions::perform(const QString &action)
         m_appDelegate.quit();
 }
 
-// A window manager whose key called us has the keyboard until that key is let go, and would get the
-// keystroke that copies the selection.
-void InstanceActions::swopWhenKeysAreUp()
+void InstanceActions::whenKeysAreUp(const std::function<void()> &action)
+{
+    m_waiting.append(action);
+    m_heldKeyLooks = 0;
+    // Later, because an action takes its time.
+    QMetaObject::invokeMethod(this, &InstanceActions::lookForHeldKeys, Qt::QueuedConnection);
+}
+
+void InstanceActions::lookForHeldKeys()
 {
     if (m_heldKeyLooks++ < kHeldKeyLooks && m_keySender.isKeyHeld()) {
         m_heldKeyTimer.start();
@@ -70,5 +90,6 @@ void InstanceActions::swopWhenKeysAreUp()
     }
     m_heldKeyTimer.stop();
     m_heldKeyLooks = 0;
-    m_appDelegate.swop();
+    for (const std::function<void()> &action : std::exchange(m_waiting, {}))
+        action();
 }

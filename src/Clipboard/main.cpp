@@ -1,12 +1,16 @@
 #include "Clipboard/AppDelegate.h"
+#include "Clipboard/ClipWords.h"
 #include "Clipboard/CommandLine.h"
 #include "Clipboard/InstanceActions.h"
+#include "Clipboard/StoreClips.h"
 #include "history/StoredClips.h"
 #include "looks/DesktopLooks.h"
 #include "looks/FieldPasteboard.h"
 #include "looks/Translations.h"
 #include "platform/Info.h"
 #include "platform/PlatformLoader.h"
+#include "platform/freedesktop/FreedesktopSettingsStore.h"
+#include "platform/freedesktop/SystemClock.h"
 #include "platform/freedesktop/TerminationSignals.h"
 #include "platform/freedesktop/UserFolders.h"
 #include "platform/freedesktop/instance/InstanceCall.h"
@@ -76,6 +80,7 @@ int runApplication(QApplication &application, SingleInstance &instance, const QS
     delegate.applicationDidFinishLaunching();
     QMetaObject::invokeMethod(
         &actions, [&actions, action] { actions.perform(action); }, Qt::QueuedConnection);
+    instance.share(&actions.clips());
     instance.open();
 
     const int status = QApplication::exec();
@@ -108,6 +113,23 @@ InstanceCall::Answer answerOf(SingleInstance::Entry entry)
     return InstanceCall::Answer::Taken;
 }
 
+/// What is to be done with the clips, by the instance that runs or with the store alone.
+int doWithClips(const QStringList &words)
+{
+    // Only the store's history needs an application object, for its timers.
+    int noArguments = 0;
+    std::unique_ptr<QCoreApplication> application;
+    SystemClock clock;
+    std::unique_ptr<FreedesktopSettingsStore> settings;
+    const auto stored = [&]() -> std::unique_ptr<SharedClips> {
+        application = std::make_unique<QCoreApplication>(noArguments, nullptr);
+        settings = std::make_unique<FreedesktopSettingsStore>();
+        return StoreClips::open(storeFolder(Info::main()), clock, *settings);
+    };
+    ClipWords clipWords(PlatformLoader::findRunningClips, stored, {stdin, stdout, stderr});
+    return clipWords.run(words);
+}
+
 /// The exit code of a start that ends before it becomes the application; absent when it becomes it.
 std::optional<int> endEarly(const CommandLine &line, SingleInstance &instance)
 {
@@ -120,6 +142,8 @@ std::optional<int> endEarly(const CommandLine &line, SingleInstance &instance)
                      qUtf8Printable(*line.problem));
         return CommandLine::kNotUnderstood;
     }
+    if (!line.clipWords.isEmpty())
+        return doWithClips(line.clipWords);
     const SingleInstance::Entry entry = instance.enter(line.action);
     if (entry != SingleInstance::Entry::First)
         return InstanceCall::endWith(answerOf(entry), line.action.toUtf8().constData());

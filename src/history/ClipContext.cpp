@@ -11,6 +11,7 @@
 
 namespace {
 
+const QString kFileMark = QStringLiteral("File: ");
 constexpr qsizetype kDetailsLimit = 1024;               // records
 constexpr qsizetype kTextsLimit = 4 * 1024 * 1024;      // bytes
 constexpr qsizetype kShortTextsLimit = 2 * 1024 * 1024; // bytes
@@ -45,6 +46,25 @@ QString wholeCharacters(QByteArray utf8)
         utf8.chop(1);
     utf8.chop(1);
     return QString::fromUtf8(utf8);
+}
+
+/// White space and control characters become single spaces.
+QString plain(QStringView text, qsizetype limit)
+{
+    QString line;
+    line.reserve(std::min(text.size(), limit));
+    for (const QChar character : text) {
+        const bool isSpace = character.isSpace() || character.category() == QChar::Other_Control;
+        if (isSpace && (line.isEmpty() || line.back() == u' '))
+            continue;
+        if (line.size() >= limit)
+            break;
+        line.append(isSpace ? QChar(u' ') : character);
+    }
+    // Half a character.
+    if (!line.isEmpty() && line.back().isHighSurrogate())
+        line.chop(1);
+    return line.endsWith(u' ') ? line.chopped(1) : line;
 }
 
 } // namespace
@@ -262,6 +282,22 @@ ClipContext::ShortText ClipContext::readShortText(const ClipItem &item)
     return text;
 }
 
+QString ClipContext::plainLine(const ClipItem &item, qsizetype limit)
+{
+    if (const std::optional<QString> filepath = item.filepath())
+        return plain(QString(kFileMark + *filepath), limit);
+    if (item.m_pk == 0)
+        return plain(item.strValue().value_or(QString()), limit);
+    constexpr qint64 kMaxBytesPerCharacter = 4;
+    const std::optional<ClipStore::TextStart> start =
+        textStart(item, limit * kMaxBytesPerCharacter);
+    if (!start)
+        return {};
+    return plain(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
+                                                    : wholeCharacters(start->bytes),
+                 limit);
+}
+
 void ClipContext::forgetShortText(const ClipItem &item)
 {
     m_shortTexts.remove(item.m_pk);
@@ -278,7 +314,7 @@ ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
                          kept.mid(first - kept.begin(), kDrawnLength).toString()};
     };
     if (const std::optional<QString> filepath = item.filepath()) {
-        const QString line = QStringLiteral("File: ") + *filepath;
+        const QString line = kFileMark + *filepath;
         return {line, line};
     }
     if (item.m_pk == 0) {

@@ -62,6 +62,10 @@ public:
 
     std::optional<QString> shortText(const ClipItem &item);
     QString drawnText(const ClipItem &item);
+    /// The beginning of the text, or the file, in one line of at most so many characters without
+    /// any that would steer a terminal. Nothing of it is kept: it is for lists of all clips. Ends
+    /// with closeTextStart().
+    QString plainLine(const ClipItem &item, qsizetype limit);
     void forgetShortText(const ClipItem &item);
 
 private:

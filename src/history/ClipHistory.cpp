@@ -157,6 +157,31 @@ void ClipHistory::addToClipList(const Clip &clip)
     keepHtml(clip, item);
 }
 
+const ClipHistory::Items &ClipHistory::everyClip()
+{
+    if (!m_isFetched)
+        fetch();
+    return m_history;
+}
+
+bool ClipHistory::bringIn(const std::vector<ClipChange> &clips)
+{
+    if (refusesChange())
+        return false;
+    everyClip();
+    for (const ClipChange &change : clips) {
+        const std::shared_ptr<ClipItem> item = m_context.insert();
+        m_context.setClip(item, *change.clip, change.createDate);
+        if (change.pasteCount)
+            m_context.setPasteCount(item, *change.pasteCount);
+        m_index.add(*item, *change.clip->text);
+        putInOrder(item);
+    }
+    saveContext();
+    loadClipItems();
+    return !m_context.hasChanges();
+}
+
 void ClipHistory::keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &item)
 {
     if (!clip.html)
@@ -227,6 +252,11 @@ void ClipHistory::deleteItems(Items items)
     std::erase_if(items, [&](const std::shared_ptr<ClipItem> &item) {
         return std::find(shown.begin(), shown.end(), item) == shown.end();
     });
+    deleteClips(items);
+}
+
+void ClipHistory::deleteClips(const Items &items)
+{
     if (items.empty() || refusesChange())
         return;
     for (const std::shared_ptr<ClipItem> &deleted : items) {

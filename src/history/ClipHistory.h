@@ -42,6 +42,9 @@ public:
 
     const Items &clipItemArr() const { return *m_shown; }
     const Items &getClipItemArr() const { return clipItemArr(); }
+    /// Every clip, newest first, whatever the list is.
+    const Items &everyClip();
+    const CaptureSettings &settings() const { return m_settings; }
 
     /// The newest clip at the last load; null when there was none. A deletion leaves it.
     const std::shared_ptr<ClipItem> &lastClipItem() const { return m_lastClipItem; }
@@ -59,12 +62,20 @@ public:
     /// history already moves to the top; a full list loses its single oldest clip. HTML comes into
     /// the record, as part of its RTF, a moment later.
     void addToClipList(const Clip &clip);
+    /// Whether a clip has this text.
+    bool hasText(const QString &text) { return newestWithText(text) != nullptr; }
+    /// Adds clips with the dates and counts that they bring; their texts are not in the history.
+    /// Removes nothing for them: the caller knows how many there is room for. False when they
+    /// cannot be kept.
+    bool bringIn(const std::vector<ClipChange> &clips);
     static bool isNilOrEmpty(const std::optional<QString> &text);
 
     /// A clip that is not in the list is ignored.
     void deleteItem(const std::shared_ptr<ClipItem> &item) { deleteItems({item}); }
     /// The same of several, in one step.
     void deleteItems(Items items);
+    /// Likewise, of clips of the history that a search may hide.
+    void deleteClips(const Items &items);
     /// Deletes every clip of the history, whatever a search shows of it.
     void clearAll();
     /// Shrinks the list to at most `maxItems` clips by deleting its oldest.

@@ -44,6 +44,8 @@ public:
 
     // What is known without a look into the store
     bool isInHistory() const { return m_context != nullptr; }
+    /// Of its record, which keeps it; 0 until it was saved.
+    qint64 recordKey() const { return m_pk; }
     bool hasText() const { return m_hasText; }
     bool hasFilepath() const { return m_hasFilepath; }
     /// Seconds since 1970 UTC; NaN when absent.

@@ -13,6 +13,7 @@
 #include "platform/freedesktop/entries/DesktopEntryCatalog.h"
 #include "platform/freedesktop/entries/DesktopEntryScan.h"
 #include "platform/freedesktop/entries/FreedesktopLoginItems.h"
+#include "platform/freedesktop/instance/BusClips.h"
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
 #include "platform/loader/SharedParts.h"
@@ -116,6 +117,11 @@ std::optional<QString> PlatformLoader::chooseDisplay()
 std::unique_ptr<SingleInstance> PlatformLoader::makeSingleInstance(const QString &storeFolder)
 {
     return std::make_unique<DBusSingleInstance>(storeFolder);
+}
+
+std::unique_ptr<SharedClips> PlatformLoader::findRunningClips()
+{
+    return BusClips::find();
 }
 
 std::unique_ptr<Platform> PlatformLoader::makePlatform()

@@ -2,6 +2,7 @@
 
 #include "platform/HelperPlatform.h"
 #include "platform/Platform.h"
+#include "platform/SharedClips.h"
 #include "platform/SingleInstance.h"
 
 #include <memory>
@@ -17,6 +18,9 @@ std::optional<QString> chooseDisplay();
 
 /// `storeFolder` is the one whose history only one instance may keep.
 std::unique_ptr<SingleInstance> makeSingleInstance(const QString &storeFolder);
+
+/// The clips of the instance that runs, for a process that is none; null when nobody answers.
+std::unique_ptr<SharedClips> findRunningClips();
 
 std::unique_ptr<Platform> makePlatform();
 

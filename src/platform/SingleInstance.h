@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class SharedClips;
+
 /// The way in for other programs and for a second start: there is never a second instance of one
 /// store. Owned by main, made before anything else of the application.
 class SingleInstance : public QObject
@@ -39,6 +41,10 @@ public:
     /// once calls are delivered; without a check all can.
     using ActionCheck = std::function<bool(const QString &action)>;
     virtual void setActionCheck(ActionCheck check) = 0;
+
+    /// Lets other programs use `clips`, which must outlive this object or be taken back by null;
+    /// close() does that, too.
+    virtual void share(SharedClips *clips) = 0;
 
     /// Takes nothing more, because this process ends: who comes now becomes the next instance.
     virtual void close() = 0;

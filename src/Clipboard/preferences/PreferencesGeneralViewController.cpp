@@ -29,8 +29,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcPreferences, "quillmarsh.preferences")
 
-constexpr qlonglong kDefaultMaxItems = 1000;
-constexpr qlonglong kDefaultMaxStringSize = 10000;
 constexpr qint64 kNoLimit = std::numeric_limits<qint64>::max();
 
 template <typename Outlet>
@@ -255,7 +253,7 @@ void PreferencesGeneralViewController::loadShortcut(const QString &key, const MA
 bool PreferencesGeneralViewController::loadMaxItems()
 {
     if (!m_settings.contains(maxItemsPrefKey))
-        m_settings.setValue(maxItemsPrefKey, kDefaultMaxItems);
+        m_settings.setValue(maxItemsPrefKey, SettingsKeys::kDefaultMaxItems);
     const qint64 stored = m_settings.integerForKey(maxItemsPrefKey);
     HistorySizeSlider &slider = required(maxItemsSlider, "maxItemsSlider");
     {
@@ -273,7 +271,7 @@ bool PreferencesGeneralViewController::loadMaxItems()
 void PreferencesGeneralViewController::loadMaxStringSize()
 {
     if (!m_settings.contains(maxStringSizePrefKey))
-        m_settings.setValue(maxStringSizePrefKey, kDefaultMaxStringSize);
+        m_settings.setValue(maxStringSizePrefKey, SettingsKeys::kDefaultMaxStringSize);
     m_maxStringSize = std::max<qint64>(0, m_settings.integerForKey(maxStringSizePrefKey));
     QLineEdit &field = required(maxStringSizeTextField, "maxStringSizeTextField");
     field.setText(QString::number(m_maxStringSize));

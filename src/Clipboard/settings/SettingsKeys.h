@@ -18,4 +18,8 @@ inline const QString kApplicationsToIgnore = QStringLiteral("applicationsToIgnor
 inline const QString kUpdaterIsInTestMode = QStringLiteral("SUUpdaterIsInTestMode");
 inline const QString kUpdaterChecksForBetaUpdates = QStringLiteral("SUUpdaterChecksForBetaUpdates");
 
+// What stands for those that nobody has set.
+inline constexpr qlonglong kDefaultMaxItems = 1000;
+inline constexpr qlonglong kDefaultMaxStringSize = 10000;
+
 } // namespace SettingsKeys

@@ -2,13 +2,14 @@
 
 #include "platform/Info.h"
 #include "platform/freedesktop/instance/ApplicationAdaptor.h"
+#include "platform/freedesktop/instance/ClipsAdaptor.h"
+#include "platform/freedesktop/instance/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDebug>
-#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QSocketNotifier>
 
@@ -56,22 +57,6 @@ QString ownActivationToken()
     return usable(token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token);
 }
 
-/// The session's bus. Where there is none, the bus library would start one for us alone, which
-/// costs time and reaches nobody; it looks for an address only once, and that is here.
-QDBusConnection findSessionBus()
-{
-    constexpr const char *kAddress = "DBUS_SESSION_BUS_ADDRESS";
-    const bool isNamed = !qEnvironmentVariableIsEmpty(kAddress);
-    const bool isInPlace =
-        QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-    if (isNamed || isInPlace)
-        return QDBusConnection::sessionBus();
-    qputenv(kAddress, "disabled:");
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    qunsetenv(kAddress);
-    return bus;
-}
-
 QDBusMessage callFor(const InstanceMessage &message)
 {
     const bool isAction = !message.action.isEmpty();
@@ -94,6 +79,12 @@ DBusSingleInstance::DBusSingleInstance(const QString &storeFolder,
 {
     new ApplicationAdaptor(this,
                            [this](const InstanceMessage &message) { return receive(message); });
+    m_clips = new ClipsAdaptor(this);
+}
+
+void DBusSingleInstance::share(SharedClips *clips)
+{
+    m_clips->share(clips);
 }
 
 SingleInstance::Entry DBusSingleInstance::enter(const QString &action)
@@ -136,7 +127,7 @@ SingleInstance::Entry DBusSingleInstance::enterBySocket(const InstanceMessage &m
 
 SingleInstance::Entry DBusSingleInstance::enterByBus(const InstanceMessage &message)
 {
-    QDBusConnection bus = findSessionBus();
+    QDBusConnection bus = SessionBus::find();
     if (!bus.isConnected())
         return Entry::First;
     const auto deadline = Clock::now() + m_answerLimit;
@@ -198,6 +189,7 @@ void DBusSingleInstance::close()
 {
     // Readable for ever once it is closed, or another file's by then.
     delete findChild<QSocketNotifier *>();
+    m_clips->share(nullptr);
     m_socket.stopListening();
     if (std::exchange(m_ownsName, false))
         QDBusConnection::sessionBus().unregisterService(Info::main().bundleIdentifier);

@@ -8,10 +8,12 @@
 
 #include <utility>
 
-/// org.freedesktop.Application on the session bus for other programs, and the lock with its socket
-/// beside the store for a second start, which therefore needs neither a bus nor an application
-/// object. Owned by main. Whatever comes before open() waits: bus calls in a list, other starts in
-/// the socket.
+class ClipsAdaptor;
+
+/// org.freedesktop.Application and org.quillmarsh.Clips on the session bus for other programs, and
+/// the lock with its socket beside the store for a second start, which therefore needs neither a
+/// bus nor an application object. Owned by main. Whatever comes before open() waits: bus calls in a
+/// list, other starts in the socket.
 class DBusSingleInstance : public SingleInstance
 {
     Q_OBJECT
@@ -33,6 +35,7 @@ public:
     QString activationToken() const override { return m_activationToken; }
     void open() override;
     void setActionCheck(ActionCheck check) override { m_canDo = std::move(check); }
+    void share(SharedClips *clips) override;
     void close() override;
 
 private:
@@ -51,6 +54,7 @@ private:
     InstanceSocket m_socket;
     const std::chrono::milliseconds m_answerLimit;
     ActionCheck m_canDo;
+    ClipsAdaptor *m_clips = nullptr; ///< A child.
     bool m_ownsName = false;
     bool m_isOpen = false;
     QList<InstanceMessage> m_waiting;
