@@ -18,6 +18,7 @@ ROOMS_WITH_WIDGETS = ("shortcut", "updates", "hotkey", "preferenceswindow")
 RICH_TEXT = "platform/richtext"
 # The folders of Clipboard/, which knows them all, and whom each of them knows above the platform.
 FOLDERS = {
+    "Clipboard/exchange": set(),
     "Clipboard/settings": {LOOKS, "shortcut", "hotkey"},
     "Clipboard/preview": {LOOKS, RICH_TEXT},
     "Clipboard/window": {LOOKS, RICH_TEXT, "history", "Clipboard/preview"},

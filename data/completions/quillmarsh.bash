@@ -2,9 +2,13 @@ _quillmarsh()
 {
     local words=
     if [ "$COMP_CWORD" -eq 1 ]; then
-        words="launch swop preferences check-for-updates feedback help welcome clear-all quit list get copy paste delete --help --version"
+        words="launch swop preferences check-for-updates feedback help welcome clear-all quit list get copy paste delete import export --help --version"
     else
         case ${COMP_WORDS[1]} in
+        import | export)
+            COMPREPLY=($(compgen -f -- "$2"))
+            return
+            ;;
         list) words="--json --null" ;;
         get | paste | delete) words=$(quillmarsh list 2>/dev/null | head -n 50 | cut -f 1) ;;
         esac

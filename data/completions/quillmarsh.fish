@@ -13,6 +13,9 @@ complete -c quillmarsh -n __fish_use_subcommand -a get -d 'Write the text of a c
 complete -c quillmarsh -n __fish_use_subcommand -a copy -d 'Copy standard input'
 complete -c quillmarsh -n __fish_use_subcommand -a paste -d 'Paste a clip'
 complete -c quillmarsh -n __fish_use_subcommand -a delete -d 'Delete clips'
+complete -c quillmarsh -n __fish_use_subcommand -a import -d 'Take the clips of other programs'
+complete -c quillmarsh -n __fish_use_subcommand -a export -d 'Write all clips to a file'
+complete -c quillmarsh -n '__fish_seen_subcommand_from import export' -F
 complete -c quillmarsh -n '__fish_seen_subcommand_from list' -l json -d 'As JSON'
 complete -c quillmarsh -n '__fish_seen_subcommand_from list' -s 0 -l null -d 'Whole texts, each ended by a NUL'
 complete -c quillmarsh -n '__fish_seen_subcommand_from get paste delete' -a '(quillmarsh list 2>/dev/null | head -n 50)'

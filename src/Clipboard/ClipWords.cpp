@@ -29,6 +29,8 @@ constexpr Word kWords[] = {
     {u"copy", u"copy", u"copy what comes on standard input"},
     {u"paste", u"paste [CLIP]", u"paste a clip where you are typing"},
     {u"delete", u"delete [CLIP]...", u"delete clips"},
+    {u"import", u"import [FILE]", u"take the clips of other programs, or of a file"},
+    {u"export", u"export FILE", u"write all clips to a file that import reads"},
 };
 
 /// How many clips are asked for at a time, so that the instance is never held up for long.
@@ -114,7 +116,11 @@ int ClipWords::run(const QStringList &words)
         return get(arguments);
     if (word == u"copy")
         return copy(arguments);
-    return word == u"paste" ? paste(arguments) : remove(arguments);
+    if (word == u"paste")
+        return paste(arguments);
+    if (word == u"import")
+        return importClips(arguments);
+    return word == u"export" ? exportClips(arguments) : remove(arguments);
 }
 
 /// An instance that begins, or has ended since, leaves the store to whoever reads it.
@@ -126,19 +132,9 @@ bool ClipWords::fallBack()
     return m_clips != nullptr;
 }
 
-/// The answer to `question`, which is put to the store when the instance cannot tell.
-template <typename Ask>
-auto ClipWords::ask(Ask question)
+bool ClipWords::canStoreTell(Fault fault)
 {
-    auto answer = m_clips
-                      ? question(*m_clips)
-                      : decltype(question(*m_clips)){{}, m_isStored ? Fault::None : Fault::Nobody};
-    const bool isOutOfReach = answer.fault == Fault::Nobody || answer.fault == Fault::Unable ||
-                              answer.fault == Fault::TooLarge;
-    if (isOutOfReach && fallBack())
-        answer = question(*m_clips);
-    m_fault = answer.fault;
-    return answer.value;
+    return fault == Fault::Nobody || fault == Fault::Unable || fault == Fault::TooLarge;
 }
 
 int ClipWords::list(const QStringList &arguments)

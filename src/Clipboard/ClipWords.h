@@ -10,7 +10,8 @@
 #include <memory>
 #include <optional>
 
-/// What the words of a command line that are about clips do: list, get, copy, paste, delete. They
+/// What the words of a command line that are about clips do: list, get, copy, paste,
+/// delete, import, export. They
 /// are for shells and launchers, so what they write is plain and the same in every language. Made
 /// by main; lives as long as the command.
 class ClipWords
@@ -50,6 +51,15 @@ private:
     int copy(const QStringList &arguments);
     int paste(const QStringList &arguments);
     int remove(const QStringList &arguments);
+    int importClips(const QStringList &arguments);
+    int exportClips(const QStringList &arguments);
+
+    std::optional<QList<SharedClip>> readForeign();
+    std::optional<QList<SharedClip>> readFile(const QString &name);
+    SharedClips::Added addAll(const QList<SharedClip> &clips, bool onlyCount);
+    qint64 announce(const SharedClips::Added &would, const SharedClips::Room &room);
+    bool agree();
+    void say(const QString &line) const;
 
     int writeLines(const QList<qlonglong> &ids);
     int writeClips(const QList<qlonglong> &ids, Form form);
@@ -57,8 +67,18 @@ private:
     std::optional<QList<qlonglong>> idsOf(const QStringList &arguments);
     std::optional<qint64> idOf(const QString &name);
 
+    /// The answer to `question`, which is put to the store when the instance cannot tell.
     template <typename Ask>
-    auto ask(Ask question);
+    auto ask(Ask question)
+    {
+        using Answer = decltype(question(*m_clips));
+        Answer answer = m_clips ? question(*m_clips) : Answer{{}, SharedClips::Fault::None};
+        if (canStoreTell(answer.fault) && fallBack())
+            answer = question(*m_clips);
+        m_fault = answer.fault;
+        return answer.value;
+    }
+    static bool canStoreTell(SharedClips::Fault fault);
     bool fallBack();
     int fail(SharedClips::Fault fault) const;
     int refuse(const QString &why) const;

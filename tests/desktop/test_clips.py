@@ -4,6 +4,7 @@ over the bus, or from the store when nobody runs."""
 import json
 import os
 import pathlib
+import plistlib
 import re
 import sqlite3
 import subprocess
@@ -148,6 +149,47 @@ class Clips(Journey):
                 self.assertEqual((process.returncode, said), (0, b""))
                 self.assertEqual(lines.count(b"\n"), 10000)
             self.app.process.wait(10)
+
+    def test_a_history_moves_by_a_file_and_comes_back_equal(self):
+        self.app = Quillmarsh(self.desktop, BINARY)
+        self.fill()
+        columns = "strValue, rtfValue, applicationName, filepath, createDate, pasteCount"
+        before = self.app.clips(columns)
+        path = self.file("clips.json")
+        self.word("export", path)
+        self.assertEqual(os.stat(path).st_mode & 0o777, 0o600)
+        self.word("delete", "1", "2", "3")
+        self.assertEqual(self.app.clips(), [])
+        # Nothing is taken unasked.
+        self.assertIn("3 clips to take", self.word("import", path, code=1))
+        self.assertEqual(self.app.clips(), [])
+        self.assertIn("3 clips taken", self.word("import", "--yes", path))
+        self.assertEqual(self.app.clips(columns), before)
+        self.assertIn("3 clips known already", self.word("import", "--yes", path))
+        self.word("import", BINARY, code=1)
+        self.assertEqual(self.app.clips(columns), before)
+
+    def test_what_another_program_has_kept_is_taken_as_far_as_there_is_room(self):
+        settings = pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"],
+                                "org.quillmarsh.Quillmarsh.plist")
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_bytes(plistlib.dumps({"welcomeWindowShown": True, "maxItems": 25}))
+        self.app = Quillmarsh(self.desktop, BINARY)
+        self.word("copy", stdin="already here")
+        self.assertIn("No history", self.word("import", code=1))
+        path = pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], "clipman.json")
+        path.write_text(json.dumps([f"old {i}" for i in range(40)] + ["already here", "x" * 10001]))
+        told = self.word("import", "--yes")
+        for line in (f"Clipman: 42 clips in {path}", "1 clip known already", "1 clip larger than",
+                     "the oldest 16 will be left out", "24 clips to take", "24 clips taken"):
+            self.assertIn(line, told)
+        self.assertEqual(set(self.app.clips()),
+                         {"already here", *(f"old {i}" for i in range(16, 40))})
+        # Two gigabytes of nothing.
+        with open(path, "wb") as broken:
+            broken.truncate(2 << 30)
+        self.assertIn("nothing of it could be read", self.word("import", "--yes"))
+        self.assertEqual(len(self.app.clips()), 25)
 
     def test_the_interface_describes_itself(self):
         self.app = Quillmarsh(self.desktop, BINARY)

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class QIODevice;
+
+/// How other clipboard histories lie on disk. Each reader takes what is a text or a list of files,
+/// and passes over the rest: pictures, and what its program marks as a password. Memory is bounded
+/// whatever the file is; one that is broken gives what can be read of it.
+namespace ForeignFormats {
+
+struct Clip
+{
+    QString text;
+    QStringList fileNames = {}; ///< Absolute paths; empty for a text.
+};
+struct Contents
+{
+    QList<Clip> clips;         ///< Newest first.
+    qint64 passedOver = 0;     ///< How many there are beside them.
+    bool isUnderstood = false; ///< Whether it was read to its end.
+};
+
+/// Of larger texts there are none in any of them that a history would take.
+inline constexpr qint64 kMaxText = 16 * 1024 * 1024; ///< In bytes.
+/// A file that has to be read at once, and is larger, is not read.
+inline constexpr qint64 kMaxFile = 64 * 1024 * 1024; ///< In bytes.
+inline constexpr qsizetype kMaxClips = 200'000;
+
+/// A tab of CopyQ.
+Contents readCopyQ(QIODevice &file);
+/// The history of Plasma's clipboard.
+Contents readKlipper(QIODevice &file);
+Contents readGPaste(QIODevice &file);
+/// Of Clipman for Wayland.
+Contents readClipman(QIODevice &file);
+/// Of Xfce's Clipman.
+Contents readXfceClipman(QIODevice &file);
+Contents readCliphist(QIODevice &file);
+
+} // namespace ForeignFormats

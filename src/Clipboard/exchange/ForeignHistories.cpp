@@ -1,0 +1,106 @@
+#include "Clipboard/exchange/ForeignHistories.h"
+
+#include "Clipboard/exchange/ForeignFormats.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using ForeignFormats::Contents;
+
+struct Program
+{
+    const char *name;
+    QStandardPaths::StandardLocation place;
+    const char *folder;
+    const char *files; ///< A name, or a pattern of several.
+    Contents (*read)(QIODevice &file);
+};
+
+constexpr Program kPrograms[] = {
+    {"CopyQ", QStandardPaths::GenericConfigLocation, "copyq", "copyq_tab_*.dat",
+     &ForeignFormats::readCopyQ},
+    {"Klipper", QStandardPaths::GenericDataLocation, "klipper", "history2.lst",
+     &ForeignFormats::readKlipper},
+    {"GPaste", QStandardPaths::GenericDataLocation, "gpaste", "*.xml", &ForeignFormats::readGPaste},
+    {"Clipman", QStandardPaths::GenericDataLocation, "", "clipman.json",
+     &ForeignFormats::readClipman},
+    {"Clipman", QStandardPaths::GenericCacheLocation, "xfce4/clipman", "textsrc",
+     &ForeignFormats::readXfceClipman},
+    {"cliphist", QStandardPaths::GenericCacheLocation, "cliphist", "db",
+     &ForeignFormats::readCliphist},
+};
+
+QFileInfoList filesOf(const Program &program)
+{
+    const QDir folder(QStandardPaths::writableLocation(program.place) + u'/' +
+                      QLatin1String(program.folder));
+    return folder.entryInfoList({QLatin1String(program.files)}, QDir::Files | QDir::Readable,
+                                QDir::Name);
+}
+
+/// Those that are read in one piece say how much that may be by themselves.
+ForeignHistories::Found readFile(const Program &program, const QFileInfo &info)
+{
+    ForeignHistories::Found found;
+    found.program = QLatin1String(program.name);
+    found.path = info.filePath();
+    QFile file(info.filePath());
+    const Contents contents = file.open(QIODevice::ReadOnly) ? program.read(file) : Contents();
+    found.isWhole = contents.isUnderstood;
+    double date = std::floor(static_cast<double>(info.lastModified().toMSecsSinceEpoch()) / 1000);
+    for (const ForeignFormats::Clip &clip : contents.clips) {
+        SharedClip shared;
+        shared.text = clip.text;
+        shared.fileNames = clip.fileNames;
+        shared.createSeconds = date--;
+        found.clips.append(shared);
+    }
+    return found;
+}
+
+} // namespace
+
+QList<ForeignHistories::Found> ForeignHistories::read()
+{
+    QList<Found> histories;
+    for (const Program &program : kPrograms) {
+        for (const QFileInfo &info : filesOf(program)) {
+            const Found found = readFile(program, info);
+            if (!found.clips.isEmpty() || !found.isWhole)
+                histories.append(found);
+        }
+    }
+    return histories;
+}
+
+bool ForeignHistories::isThereAny()
+{
+    return std::any_of(std::begin(kPrograms), std::end(kPrograms),
+                       [](const Program &program) { return !filesOf(program).isEmpty(); });
+}
+
+QList<SharedClip> ForeignHistories::merged(const QList<Found> &histories)
+{
+    QList<SharedClip> all;
+    for (const Found &history : histories)
+        all += history.clips;
+    std::stable_sort(all.begin(), all.end(), [](const SharedClip &one, const SharedClip &other) {
+        return *one.createSeconds > *other.createSeconds;
+    });
+    QSet<QString> texts;
+    all.removeIf([&texts](const SharedClip &clip) {
+        const bool isRepeat = texts.contains(*clip.text);
+        texts.insert(*clip.text);
+        return isRepeat;
+    });
+    return all;
+}
