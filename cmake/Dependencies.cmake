@@ -6,6 +6,8 @@ find_package(SQLite3 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 
 pkg_check_modules(archive REQUIRED IMPORTED_TARGET libarchive)
+pkg_check_modules(fontconfig REQUIRED IMPORTED_TARGET fontconfig)
+pkg_check_modules(seccomp REQUIRED IMPORTED_TARGET libseccomp)
 pkg_check_modules(sodium REQUIRED IMPORTED_TARGET libsodium)
 pkg_check_modules(plist REQUIRED IMPORTED_TARGET libplist-2.0)
 # Debian 12's libplist has one kind of integer, Debian 13's tells signed from unsigned.

@@ -1,6 +1,6 @@
 # What cpack makes of an installation: a Debian package. Included last, when all targets exist.
 install(TARGETS quillmarsh_door RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(TARGETS quillmarsh RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/quillmarsh)
+install(TARGETS quillmarsh quillmarsh-preview RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/quillmarsh)
 if(TARGET quillmarsh-updater)
   install(TARGETS quillmarsh-updater RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/quillmarsh)
 endif()

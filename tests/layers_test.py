@@ -20,7 +20,7 @@ RICH_TEXT = "platform/richtext"
 FOLDERS = {
     "Clipboard/exchange": set(),
     "Clipboard/settings": {LOOKS, "shortcut", "hotkey"},
-    "Clipboard/preview": {LOOKS, RICH_TEXT},
+    "Clipboard/preview": {LOOKS, "preview"},
     "Clipboard/window": {LOOKS, RICH_TEXT, "history", "Clipboard/preview"},
     "Clipboard/preferences": {LOOKS, "shortcut", "preferenceswindow", "Clipboard/settings"},
     "Clipboard/welcome": {LOOKS, "Clipboard/settings"},
@@ -191,6 +191,9 @@ CASES = (
     ("Clipboard/preview/Body.h", ("Clipboard/window/View.h",), "may not know Clipboard/window"),
     ("Clipboard/preview/Body.h", ("Clipboard/AppDelegate.h",), "preview may not know Clipboard"),
     ("Clipboard/preview/Body.h", ("history/Store.h",), "preview may not know history"),
+    ("Clipboard/preview/Body.h", ("preview/Content.h", "looks/Field.h"), None),
+    ("Clipboard/window/View.h", ("preview/Content.h",), "window may not know preview"),
+    ("preview/Content.h", ("looks/Field.h",), "preview may not know looks"),
     ("Clipboard/other/New.h", ("platform/Clock.h", "looks/Field.h"), "other may not know looks"),
 )
 

@@ -703,6 +703,30 @@ file: lists copied files.</source>
         <source>Created %1</source>
         <translation>أُنشئ في %1</translation>
     </message>
+    <message>
+        <source>The preview failed unexpectedly</source>
+        <translation>فشلت المعاينة على نحو غير متوقع</translation>
+    </message>
+    <message>
+        <source>The preview took too long</source>
+        <translation>استغرقت المعاينة وقتًا طويلًا</translation>
+    </message>
+    <message>
+        <source>The preview needed too much memory</source>
+        <translation>احتاجت المعاينة إلى ذاكرة كبيرة</translation>
+    </message>
+    <message>
+        <source>No previews: they cannot be isolated here</source>
+        <translation>لا معاينات: لا يمكن عزلها هنا</translation>
+    </message>
+    <message>
+        <source>No previews: Quillmarsh is incomplete</source>
+        <translation>لا معاينات: Quillmarsh غير مكتمل</translation>
+    </message>
+    <message>
+        <source>Previews pause for a minute after failures</source>
+        <translation>تتوقف المعاينات دقيقة بعد الإخفاقات</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -671,6 +671,30 @@ file: zeigt kopierte Dateien.</translation>
         <source>Created %1</source>
         <translation>Erstellt %1</translation>
     </message>
+    <message>
+        <source>The preview failed unexpectedly</source>
+        <translation>Die Vorschau ist unerwartet abgebrochen</translation>
+    </message>
+    <message>
+        <source>The preview took too long</source>
+        <translation>Die Vorschau hat zu lange gedauert</translation>
+    </message>
+    <message>
+        <source>The preview needed too much memory</source>
+        <translation>Die Vorschau brauchte zu viel Speicher</translation>
+    </message>
+    <message>
+        <source>No previews: they cannot be isolated here</source>
+        <translation>Keine Vorschau: Sie lässt sich hier nicht abschotten</translation>
+    </message>
+    <message>
+        <source>No previews: Quillmarsh is incomplete</source>
+        <translation>Keine Vorschau: Quillmarsh ist unvollständig</translation>
+    </message>
+    <message>
+        <source>Previews pause for a minute after failures</source>
+        <translation>Nach Fehlern pausiert die Vorschau eine Minute</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -671,6 +671,30 @@ file: muestra los archivos copiados.</translation>
         <source>Created %1</source>
         <translation>Creado: %1</translation>
     </message>
+    <message>
+        <source>The preview failed unexpectedly</source>
+        <translation>La vista previa falló inesperadamente</translation>
+    </message>
+    <message>
+        <source>The preview took too long</source>
+        <translation>La vista previa tardó demasiado</translation>
+    </message>
+    <message>
+        <source>The preview needed too much memory</source>
+        <translation>La vista previa necesitó demasiada memoria</translation>
+    </message>
+    <message>
+        <source>No previews: they cannot be isolated here</source>
+        <translation>Sin vistas previas: aquí no se pueden aislar</translation>
+    </message>
+    <message>
+        <source>No previews: Quillmarsh is incomplete</source>
+        <translation>Sin vistas previas: Quillmarsh está incompleto</translation>
+    </message>
+    <message>
+        <source>Previews pause for a minute after failures</source>
+        <translation>Las vistas previas descansan un minuto tras fallos</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

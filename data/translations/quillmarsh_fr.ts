@@ -671,6 +671,30 @@ file: montre les fichiers copiés.</translation>
         <source>Created %1</source>
         <translation>Créé le %1</translation>
     </message>
+    <message>
+        <source>The preview failed unexpectedly</source>
+        <translation>L’aperçu a échoué de façon inattendue</translation>
+    </message>
+    <message>
+        <source>The preview took too long</source>
+        <translation>L’aperçu a pris trop de temps</translation>
+    </message>
+    <message>
+        <source>The preview needed too much memory</source>
+        <translation>L’aperçu demandait trop de mémoire</translation>
+    </message>
+    <message>
+        <source>No previews: they cannot be isolated here</source>
+        <translation>Pas d’aperçus : impossible de les isoler ici</translation>
+    </message>
+    <message>
+        <source>No previews: Quillmarsh is incomplete</source>
+        <translation>Pas d’aperçus : Quillmarsh est incomplet</translation>
+    </message>
+    <message>
+        <source>Previews pause for a minute after failures</source>
+        <translation>Aperçus en pause une minute après des échecs</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -663,6 +663,30 @@ file: でコピーしたファイルだけを表示します。</translation>
         <source>Created %1</source>
         <translation>作成日時: %1</translation>
     </message>
+    <message>
+        <source>The preview failed unexpectedly</source>
+        <translation>プレビューが予期せず失敗しました</translation>
+    </message>
+    <message>
+        <source>The preview took too long</source>
+        <translation>プレビューに時間がかかりすぎました</translation>
+    </message>
+    <message>
+        <source>The preview needed too much memory</source>
+        <translation>プレビューに必要なメモリが多すぎました</translation>
+    </message>
+    <message>
+        <source>No previews: they cannot be isolated here</source>
+        <translation>プレビューなし：ここでは隔離できません</translation>
+    </message>
+    <message>
+        <source>No previews: Quillmarsh is incomplete</source>
+        <translation>プレビューなし：Quillmarsh が不完全です</translation>
+    </message>
+    <message>
+        <source>Previews pause for a minute after failures</source>
+        <translation>失敗が続いたため、プレビューを 1 分間休みます</translation>
+    </message>
 </context>
 <context>
     <name>FileViewController</name>

@@ -1,6 +1,6 @@
 #include "Clipboard/preview/FileAttributes.h"
 
-#include "Clipboard/preview/PreviewFile.h"
+#include "preview/PreviewFile.h"
 
 #include <QFileInfo>
 #include <QMimeDatabase>

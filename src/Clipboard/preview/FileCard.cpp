@@ -24,7 +24,8 @@ QString dated(const QDateTime &time)
 
 FileCard::FileCard(QString path, QWidget *parent) : QWidget(parent), m_path(std::move(path)) {}
 
-void FileCard::setAttributes(const std::optional<FileAttributes> &attributes)
+void FileCard::setAttributes(const std::optional<FileAttributes> &attributes,
+                             PreviewTrouble trouble)
 {
     m_attributes = attributes.value_or(FileAttributes());
     m_lines.clear();
@@ -41,8 +42,32 @@ void FileCard::setAttributes(const std::optional<FileAttributes> &attributes)
             m_lines.append(
                 tr("Links to %1").arg(ReadingDirection::leftToRight(m_attributes.linkTarget)));
     }
+    if (const QString why = sentence(trouble); !why.isEmpty())
+        m_lines.append(why);
     updatePicture();
     update();
+}
+
+QString FileCard::sentence(PreviewTrouble trouble)
+{
+    switch (trouble) {
+    case PreviewTrouble::Crashed:
+        return tr("The preview failed unexpectedly");
+    case PreviewTrouble::TookLong:
+    case PreviewTrouble::GivenUp:
+        return tr("The preview took too long");
+    case PreviewTrouble::TooLarge:
+        return tr("The preview needed too much memory");
+    case PreviewTrouble::NotApart:
+        return tr("No previews: they cannot be isolated here");
+    case PreviewTrouble::NotStarted:
+        return tr("No previews: Quillmarsh is incomplete");
+    case PreviewTrouble::Resting:
+        return tr("Previews pause for a minute after failures");
+    case PreviewTrouble::None:
+        break;
+    }
+    return {};
 }
 
 void FileCard::setColors(const ClipColors &colors)

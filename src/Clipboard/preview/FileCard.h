@@ -2,6 +2,7 @@
 
 #include "Clipboard/preview/FileAttributes.h"
 #include "looks/ClipColors.h"
+#include "preview/PreviewTrouble.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -17,8 +18,9 @@ public:
     /// The lines under the file's name; empty before they were read.
     const QStringList &lines() const { return m_lines; }
 
-    /// Tells what is known of the file; none when it does not exist.
-    void setAttributes(const std::optional<FileAttributes> &attributes);
+    /// Tells what is known of the file; none when it does not exist. And why there is only this
+    /// card, where that is not the file's kind.
+    void setAttributes(const std::optional<FileAttributes> &attributes, PreviewTrouble trouble);
 
     void setColors(const ClipColors &colors);
 
@@ -27,6 +29,7 @@ protected:
 
 private:
     void updatePicture();
+    static QString sentence(PreviewTrouble trouble);
 
     const QString m_path;
     FileAttributes m_attributes;

@@ -1,8 +1,10 @@
 #include "Clipboard/preview/FilePreview.h"
 
 #include "Clipboard/preview/FileCard.h"
-#include "Clipboard/preview/PreviewReader.h"
+#include "Clipboard/preview/PreviewBodies.h"
+#include "Clipboard/preview/PreviewBody.h"
 #include "Clipboard/preview/PreviewRegistry.h"
+#include "preview/PreviewContent.h"
 
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -52,7 +54,7 @@ void FilePreview::refresh()
 void FilePreview::receive(const PreviewResult &result)
 {
     m_patience.stop();
-    m_card->setAttributes(result.attributes);
+    m_card->setAttributes(result.attributes, result.trouble);
     if (!result.content) {
         showCard();
         return;
@@ -63,7 +65,7 @@ void FilePreview::receive(const PreviewResult &result)
     const int place = m_body && m_body->scrollBar() ? m_body->scrollBar()->value() : 0;
     delete m_body;
     m_content = result.content;
-    m_body = m_content->makeBody(m_registry.questions(), this);
+    m_body = PreviewBodies::make(*m_content, m_path, m_registry, this);
     m_body->setGeometry(rect());
     m_body->setColors(m_colors);
     m_card->hide();

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Clipboard/preview/FontReader.h"
+#include "Clipboard/preview/PreviewBody.h"
 #include "looks/ClipColors.h"
+#include "preview/FontContent.h"
 
 /// Shows a font's specimen.
 class FontBody : public PreviewBody

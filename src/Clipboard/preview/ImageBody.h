@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Clipboard/preview/ImageContent.h"
+#include "Clipboard/preview/PreviewBody.h"
 #include "looks/ClipColors.h"
+#include "preview/ImageContent.h"
 
 #include <QTimer>
 

@@ -1,12 +1,12 @@
 #include "Clipboard/preview/ListBody.h"
 
-#include "Clipboard/preview/ListContent.h"
 #include "looks/ClipColors.h"
 #include "looks/ReadingDirection.h"
 #include "looks/ScrollBars.h"
 
 #include <QLabel>
 #include <QListWidget>
+#include <QLocale>
 #include <QStyle>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ QString inOneLine(QString name)
 } // namespace
 
 ListBody::ListBody(const ListContent &content, QWidget *parent)
-    : PreviewBody(parent), m_summary(new QLabel(content.summary(), this)),
+    : PreviewBody(parent), m_summary(new QLabel(summed(content.count()), this)),
       m_list(new QListWidget(this))
 {
     m_summary->setTextFormat(Qt::PlainText);
@@ -51,6 +51,16 @@ ListBody::ListBody(const ListContent &content, QWidget *parent)
         item->setData(Qt::UserRole, name);
         item->setData(Qt::AccessibleTextRole, name);
     }
+}
+
+QString ListBody::summed(const ListCount &count)
+{
+    const QString size = QLocale().formattedDataSize(count.bytes);
+    const QString entries = count.entries == 1
+                                ? tr("1 entry")
+                                : tr("%Ln entries", nullptr, static_cast<int>(count.entries));
+    return count.isWhole ? tr("%1, %2").arg(entries, size)
+                         : tr("%1, %2 or more").arg(entries, size);
 }
 
 QScrollBar *ListBody::scrollBar() const

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Clipboard/preview/PreviewReader.h"
+#include "Clipboard/preview/PreviewBody.h"
 #include "looks/FileIcons.h"
+#include "preview/ListContent.h"
 
-class ListContent;
 class QLabel;
 class QListWidget;
 
@@ -14,6 +14,9 @@ class ListBody : public PreviewBody
 
 public:
     ListBody(const ListContent &content, QWidget *parent);
+
+    /// The line above the list.
+    static QString summed(const ListCount &count);
 
     // ^PreviewBody
     void setColors(const ClipColors &colors) override;

@@ -1,5 +1,6 @@
 #include "Clipboard/preview/PdfBody.h"
 
+#include "Clipboard/preview/PreviewRegistry.h"
 #include "looks/ScrollBars.h"
 
 #include <QCoreApplication>
@@ -14,13 +15,13 @@ namespace {
 constexpr int kMargin = 14;
 constexpr int kGap = 10;
 constexpr int kKeptAround = 4; ///< Pages before and after those in sight.
-constexpr qreal kMaxRatio = 8;
 
 } // namespace
 
-PdfBody::PdfBody(const PdfContent &content, FileQuestions &questions, QWidget *parent)
-    : PreviewBody(parent), m_path(content.path()), m_pageSizes(content.pageSizes()),
-      m_pageCount(content.pageCount()), m_questions(questions),
+PdfBody::PdfBody(const PdfContent &content, QString path, PreviewRegistry &registry,
+                 QWidget *parent)
+    : PreviewBody(parent), m_path(std::move(path)), m_pageSizes(content.pageSizes()),
+      m_pageCount(content.pageCount()), m_registry(registry),
       m_scrollBar(new QScrollBar(Qt::Vertical, this))
 {
     setAccessibleName(tr("Document of %n pages", nullptr, m_pageCount));
@@ -47,7 +48,7 @@ void PdfBody::layOut()
     m_rects.clear();
     int y = kMargin;
     for (const QSizeF &size : m_pageSizes) {
-        const qreal ratio = std::min(size.height() / size.width(), kMaxRatio);
+        const qreal ratio = std::min(size.height() / size.width(), PdfContent::kMaxRatio);
         m_rects.emplace_back(kMargin, y, columnWidth(), qMax(1, qRound(columnWidth() * ratio)));
         y = m_rects.back().bottom() + 1 + kGap;
     }
@@ -84,19 +85,15 @@ void PdfBody::readNextInSight()
         if ((drawn != m_pages.end() && drawn->second.width() == pixels) || m_failed.contains(page))
             continue;
         m_isReading = true;
-        const auto work = [this, path = m_path, page, pixels](const Patience &patience) {
-            return [this, page, image = PdfContent::page(path, page, pixels, patience)] {
-                m_isReading = false;
-                if (image.isNull())
-                    m_failed.insert(page);
-                else
-                    m_pages[page] = QPixmap::fromImage(image);
-                update();
-                readNextInSight();
-            };
-        };
-        m_ticket =
-            m_questions.ask(m_path, FileQuestions::Kind::Read, PreviewReader::kMaxTime, work);
+        m_ticket = m_registry.askPage(m_path, page, pixels, [this, page](const QImage &image) {
+            m_isReading = false;
+            if (image.isNull())
+                m_failed.insert(page);
+            else
+                m_pages[page] = QPixmap::fromImage(image);
+            update();
+            readNextInSight();
+        });
         return;
     }
 }

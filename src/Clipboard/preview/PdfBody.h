@@ -1,14 +1,16 @@
 #pragma once
 
-#include "Clipboard/preview/PdfReader.h"
+#include "Clipboard/preview/PreviewBody.h"
 #include "looks/ClipColors.h"
 #include "platform/FileQuestions.h"
+#include "preview/PdfContent.h"
 
 #include <QPixmap>
 
 #include <map>
 #include <set>
 
+class PreviewRegistry;
 class QScrollBar;
 
 /// Shows a document's pages below each other. A page is drawn when it comes into sight, and let go
@@ -18,8 +20,8 @@ class PdfBody : public PreviewBody
     Q_OBJECT
 
 public:
-    /// `questions` must outlive the body.
-    PdfBody(const PdfContent &content, FileQuestions &questions, QWidget *parent);
+    /// Of the document at `path`. `registry` must outlive the body.
+    PdfBody(const PdfContent &content, QString path, PreviewRegistry &registry, QWidget *parent);
 
     /// Whether the page, counted from 0, is drawn.
     bool isDrawn(int page) const { return m_pages.contains(page); }
@@ -44,7 +46,7 @@ private:
     const QString m_path;
     const std::vector<QSizeF> m_pageSizes;
     const int m_pageCount;
-    FileQuestions &m_questions;
+    PreviewRegistry &m_registry;
     std::vector<QRect> m_rects; ///< Of the pages, scrolled to the top.
     std::map<int, QPixmap> m_pages;
     std::set<int> m_failed; ///< Pages that cannot be drawn.

@@ -1,9 +1,9 @@
 #include "Clipboard/preview/TextBody.h"
 
-#include "Clipboard/preview/ClosedDocument.h"
 #include "Clipboard/preview/MarkdownText.h"
 #include "looks/ClipColors.h"
 #include "looks/ScrollBars.h"
+#include "preview/ClosedDocument.h"
 
 #include <QFontDatabase>
 #include <QLabel>

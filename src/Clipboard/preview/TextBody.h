@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Clipboard/preview/TextReader.h"
+#include "Clipboard/preview/PreviewBody.h"
+#include "preview/TextContent.h"
 
 class QAbstractScrollArea;
 class QLabel;

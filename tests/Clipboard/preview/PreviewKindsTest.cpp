@@ -1,10 +1,10 @@
-#include "Clipboard/preview/FontReader.h"
-#include "Clipboard/preview/ImageContent.h"
-#include "Clipboard/preview/ListContent.h"
+#include "Clipboard/preview/FontBody.h"
+#include "Clipboard/preview/ImageBody.h"
+#include "Clipboard/preview/ListBody.h"
 #include "Clipboard/preview/PdfBody.h"
-#include "Clipboard/preview/SvgReader.h"
-#include "Clipboard/preview/TextReader.h"
+#include "Clipboard/preview/TextBody.h"
 #include "PreviewRig.h"
+#include "preview/decoders/SvgReader.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -45,6 +45,26 @@ TEST_F(PreviewKindsTest, aDrawingFillsTheView)
         write(QStringLiteral("large.svg"), "<svg xmlns='http://www.w3.org/2000/svg' width='1' "
                                            "height='1'><!--" +
                                                QByteArray(3 << 20, 'x') + "--></svg>")));
+}
+
+TEST_F(PreviewKindsTest, theTextInADrawingIsWritten)
+{
+    const auto drawn = [this](const char *font, const char *text) {
+        const QByteArray drawing =
+            "<svg xmlns='http://www.w3.org/2000/svg' width='200' height='90'><text x='5' y='70' "
+            "font-size='61' " +
+            QByteArray(font) + ">" + text + "</text></svg>";
+        const auto read = readAs<ImageContent>(write(QStringLiteral("text.svg"), drawing));
+        return read ? read->frames().front().image : QImage();
+    };
+    // Without a font any two letters are the same box.
+    for (const char *font :
+         {"", "font-family='serif'", "font-family='sans-serif' font-weight='800'",
+          "font-family='monospace' font-style='italic'", "font-family='Helvetica'",
+          "font-family='Nobody Has It'"}) {
+        EXPECT_NE(drawn(font, "II"), drawn(font, "OO")) << font;
+        EXPECT_NE(drawn(font, "ЖЖ"), drawn(font, "ЦЦ")) << font;
+    }
 }
 
 TEST_F(PreviewKindsTest, aDrawingNeitherReadsOtherFilesNorGrowsWithoutBounds)
@@ -109,7 +129,8 @@ TEST_F(PreviewKindsTest, aFolderTellsItsSizeAndItsEntriesFoldersFirst)
     ASSERT_TRUE(list);
     EXPECT_EQ(list->entries(), QStringList({QStringLiteral("below/"), QStringLiteral("zloop/"),
                                             QStringLiteral("a"), QStringLiteral("b")}));
-    EXPECT_EQ(list->summary(), QStringLiteral("4 entries, ") + QLocale().formattedDataSize(5000));
+    EXPECT_EQ(ListBody::summed(list->count()),
+              QStringLiteral("4 entries, ") + QLocale().formattedDataSize(5000));
 }
 
 TEST_F(PreviewKindsTest, aFontShowsASpecimen)

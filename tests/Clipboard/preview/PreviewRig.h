@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Clipboard/preview/FilePreview.h"
-#include "Clipboard/preview/PreviewReader.h"
+#include "Clipboard/preview/PreviewBody.h"
 #include "Clipboard/preview/PreviewRegistry.h"
 
 #include <QFile>

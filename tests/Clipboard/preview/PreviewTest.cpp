@@ -1,7 +1,9 @@
 #include "Clipboard/preview/FileCard.h"
 #include "Clipboard/preview/ImageBody.h"
+#include "Clipboard/preview/PreviewBodies.h"
 #include "Clipboard/preview/TextBody.h"
 #include "PreviewRig.h"
+#include "preview/decoders/TextReader.h"
 
 #include <QScrollBar>
 #include <QUrl>
@@ -139,12 +141,12 @@ TEST_F(PreviewTest, ofALongTextTheBeginningIsShown)
         readAs<TextContent>(write(QStringLiteral("long.log"), line.repeated(50'000)));
     ASSERT_TRUE(lines);
     EXPECT_TRUE(lines->isCut());
-    EXPECT_EQ(lines->text().size(), TextReader::kMaxCharacters);
+    EXPECT_EQ(lines->text().size(), TextContent::kMaxCharacters);
     const auto one =
         readAs<TextContent>(write(QStringLiteral("min.js"), "var a;" + QByteArray(1'000'000, 'x')));
     ASSERT_TRUE(one);
     EXPECT_TRUE(one->isCut());
-    EXPECT_EQ(one->text().size(), TextReader::kMaxOfLine + 1);
+    EXPECT_EQ(one->text().size(), TextContent::kMaxOfLine + 1);
     const auto whole = readAs<TextContent>(write(QStringLiteral("short.txt"), "a\r\nb\n"));
     ASSERT_TRUE(whole);
     EXPECT_FALSE(whole->isCut());
@@ -155,7 +157,7 @@ TEST_F(PreviewTest, markdownAndPagesAreShownAsTheyRead)
 {
     const auto notes = readAs<TextContent>(sample("notes.md"));
     ASSERT_TRUE(notes);
-    const std::unique_ptr<PreviewBody> body(notes->makeBody(questions, nullptr));
+    const std::unique_ptr<PreviewBody> body(PreviewBodies::make(*notes, {}, registry, nullptr));
     const QString read = qobject_cast<TextBody *>(body.get())->plainText();
     EXPECT_TRUE(read.contains(QStringLiteral("Some emphasis and code."))) << read.toStdString();
     EXPECT_FALSE(read.contains(u'#'));
@@ -185,7 +187,8 @@ TEST_F(PreviewTest, tagsInMarkdownTakeNothingWithThem)
     };
     for (const auto &row : kTable) {
         const TextContent content(QString::fromUtf8(row.text), TextContent::Form::Markdown, false);
-        const std::unique_ptr<PreviewBody> body(content.makeBody(questions, nullptr));
+        const std::unique_ptr<PreviewBody> body(
+            PreviewBodies::make(content, {}, registry, nullptr));
         EXPECT_EQ(qobject_cast<TextBody *>(body.get())->plainText().trimmed().toStdString(),
                   row.shown);
     }

@@ -1,7 +1,6 @@
 #include "Clipboard/window/FileViewController.h"
 #include "Clipboard/preview/FileCard.h"
 #include "Clipboard/preview/FilePreview.h"
-#include "Clipboard/preview/PreviewReader.h"
 #include "Clipboard/window/ListedFolders.h"
 #include "Clipboard/window/PathLabel.h"
 #include "WindowRig.h"
