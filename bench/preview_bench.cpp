@@ -1,6 +1,7 @@
-/// Times the preview of a file, from the request to its first painting, and the longest time that
-/// the main thread could not run meanwhile: by the clock, and by the work it did itself, which a
-/// busy machine does not prolong as much. Each the least, the median and the most of some runs.
+/// Times the preview of a file, from the request to its first painting: by a process that has to be
+/// started for it, as after a rest, and by one that runs. And the longest time that the main thread
+/// could not run meanwhile: by the clock, and by the work it did itself, which a busy machine does
+/// not prolong as much. Each the least, the median and the most of some runs.
 /// usage: preview_bench FILE...
 /// With --memory, the private memory instead: before, after stepping through 64 links to the files,
 /// and once the kept results are forgotten.
@@ -73,32 +74,43 @@ void print(const char *what, Runs values)
                 values.back());
 }
 
+/// Milliseconds until the file was shown; `hasBody` is whether more than its card was.
+double timeToShow(PreviewRegistry &registry, const QString &path, bool *hasBody)
+{
+    QElapsedTimer whole;
+    whole.start();
+    FilePreview view(registry, path, nullptr);
+    view.resize(520, 400);
+    view.show();
+    view.refresh();
+    while (!view.body() && whole.elapsed() < kMaxMilliseconds)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    view.grab();
+    *hasBody = view.body();
+    return double(whole.nsecsElapsed()) / 1e6;
+}
+
 void measure(const QString &path)
 {
+    Runs rested = {};
     Runs shown = {};
     Runs stalls = {};
     Runs work = {};
     bool hasBody = false;
     for (size_t run = 0; run < kRuns; ++run) {
         FileQuestions questions;
+        // Each its own, because none starts often.
         PreviewRegistry registry(questions);
+        rested[run] = timeToShow(registry, path, &hasBody);
+        registry.forget();
         Stall stall;
-        QElapsedTimer whole;
-        whole.start();
-        FilePreview view(registry, path, nullptr);
-        view.resize(520, 400);
-        view.show();
-        view.refresh();
-        while (!view.body() && whole.elapsed() < kMaxMilliseconds)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        view.grab();
-        shown[run] = double(whole.nsecsElapsed()) / 1e6;
+        shown[run] = timeToShow(registry, path, &hasBody);
         stall.note();
-        hasBody = view.body();
         stalls[run] = stall.longest();
         work[run] = stall.maxWork();
     }
     std::printf("%s%s\n", qPrintable(path), hasBody ? "" : " (card only)");
+    print("shown after a rest", rested);
     print("shown", shown);
     print("longest stall", stalls);
     print("most work in one go", work);
@@ -116,19 +128,6 @@ double privateMebibytes()
     return kibibytes / 1024;
 }
 
-void show(PreviewRegistry &registry, const QString &path)
-{
-    FilePreview view(registry, path, nullptr);
-    view.resize(520, 400);
-    view.show();
-    view.refresh();
-    QElapsedTimer whole;
-    whole.start();
-    while (!view.body() && whole.elapsed() < kMaxMilliseconds)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    view.grab();
-}
-
 void measureMemory(const QStringList &files)
 {
     constexpr int kSteps = 64;
@@ -140,10 +139,11 @@ void measureMemory(const QStringList &files)
         QFile::link(QFileInfo(files.at(step % files.size())).absoluteFilePath(), link);
         return link;
     };
-    show(registry, links.path());
+    bool hasBody = false;
+    timeToShow(registry, links.path(), &hasBody);
     std::printf("at first           %6.1f MiB\n", privateMebibytes());
     for (int step = 0; step < kSteps; ++step)
-        show(registry, linked(step));
+        timeToShow(registry, linked(step), &hasBody);
     std::printf("%zu results kept    %6.1f MiB\n", registry.keptCount(), privateMebibytes());
     registry.forget();
     // Its threads have their own time.
