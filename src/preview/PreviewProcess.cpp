@@ -11,7 +11,7 @@ namespace {
 Q_LOGGING_CATEGORY(lcProcess, "quillmarsh.preview.process")
 
 /// Between two looks at whether an order is still wanted.
-constexpr std::chrono::milliseconds kSlice{20};
+constexpr std::chrono::milliseconds kSlice{5};
 constexpr std::chrono::minutes kStartsCountFor{1};
 
 const char *nameOf(PreviewTrouble trouble)
