@@ -346,6 +346,56 @@
     </message>
 </context>
 <context>
+    <name>ClipMenu</name>
+    <message>
+        <source>Paste</source>
+        <translation>لصق</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste all %Ln files</source>
+        <translation>
+            <numerusform>لصق كل الملفات (%Ln)</numerusform>
+            <numerusform>لصق الملف (%Ln)</numerusform>
+            <numerusform>لصق الملفين (%Ln)</numerusform>
+            <numerusform>لصق كل الملفات وعددها %Ln</numerusform>
+            <numerusform>لصق كل الملفات وعددها %Ln</numerusform>
+            <numerusform>لصق كل الملفات وعددها %Ln</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>لصق كنص عادي</translation>
+    </message>
+    <message>
+        <source>Paste in Upper Case</source>
+        <translation>لصق بأحرف كبيرة</translation>
+    </message>
+    <message>
+        <source>Paste in Lower Case</source>
+        <translation>لصق بأحرف صغيرة</translation>
+    </message>
+    <message>
+        <source>Copy Without Pasting</source>
+        <translation>نسخ دون لصق</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>فتح</translation>
+    </message>
+    <message>
+        <source>Reveal in File Manager</source>
+        <translation>إظهار في مدير الملفات</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>حذف</translation>
+    </message>
+    <message>
+        <source>Actions for the clip</source>
+        <translation>إجراءات القصاصة</translation>
+    </message>
+</context>
+<context>
     <name>ClipPaster</name>
     <message>
         <source>The clip is on the clipboard</source>
@@ -399,6 +449,10 @@
         <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
         <translation>لا يستطيع Quillmarsh الكتابة في %1. ألصق القصاصة هناك بنفسك؛ زر الفأرة الأوسط يفعل ذلك أيضًا.</translation>
     </message>
+    <message>
+        <source>The clip was not copied</source>
+        <translation>لم تُنسخ القصاصة</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>
@@ -419,6 +473,17 @@
     <message>
         <source>Clips</source>
         <translation>القصاصات</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files</source>
+        <translation>
+            <numerusform>%Ln ملف</numerusform>
+            <numerusform>ملف واحد (%Ln)</numerusform>
+            <numerusform>ملفان (%Ln)</numerusform>
+            <numerusform>%Ln ملفات</numerusform>
+            <numerusform>%Ln ملفًا</numerusform>
+            <numerusform>%Ln ملف</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -745,6 +810,17 @@ file: lists copied files.</source>
     <message>
         <source>File preview</source>
         <translation>معاينة الملف</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were copied; Return pastes the first</source>
+        <translation>
+            <numerusform>نُسخ %Ln ملف؛ مفتاح الإدخال يلصق الأول</numerusform>
+            <numerusform>نُسخ ملف واحد (%Ln)؛ مفتاح الإدخال يلصقه</numerusform>
+            <numerusform>نُسخ ملفان (%Ln)؛ مفتاح الإدخال يلصق الأول</numerusform>
+            <numerusform>نُسخت %Ln ملفات؛ مفتاح الإدخال يلصق الأول</numerusform>
+            <numerusform>نُسخ %Ln ملفًا؛ مفتاح الإدخال يلصق الأول</numerusform>
+            <numerusform>نُسخ %Ln ملف؛ مفتاح الإدخال يلصق الأول</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1446,6 +1522,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>plain text</source>
         <translation>نصًا عاديًا</translation>
+    </message>
+    <message>
+        <source>rows 1 to 10</source>
+        <translation>الصفوف 1 إلى 10</translation>
     </message>
 </context>
 <context>

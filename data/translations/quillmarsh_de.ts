@@ -318,6 +318,52 @@
     </message>
 </context>
 <context>
+    <name>ClipMenu</name>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste all %Ln files</source>
+        <translation>
+            <numerusform>Alle %Ln Dateien einfügen</numerusform>
+            <numerusform>Alle %Ln Dateien einfügen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>Als reinen Text einfügen</translation>
+    </message>
+    <message>
+        <source>Paste in Upper Case</source>
+        <translation>In Großbuchstaben einfügen</translation>
+    </message>
+    <message>
+        <source>Paste in Lower Case</source>
+        <translation>In Kleinbuchstaben einfügen</translation>
+    </message>
+    <message>
+        <source>Copy Without Pasting</source>
+        <translation>Kopieren, ohne einzufügen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Reveal in File Manager</source>
+        <translation>In der Dateiverwaltung zeigen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Actions for the clip</source>
+        <translation>Aktionen für den Clip</translation>
+    </message>
+</context>
+<context>
     <name>ClipPaster</name>
     <message>
         <source>The clip is on the clipboard</source>
@@ -371,6 +417,10 @@
         <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
         <translation>Quillmarsh kann nicht in %1 tippen. Fügen Sie den Clip dort selbst ein; die mittlere Maustaste tut es auch.</translation>
     </message>
+    <message>
+        <source>The clip was not copied</source>
+        <translation>Der Clip wurde nicht kopiert</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>
@@ -391,6 +441,13 @@
     <message>
         <source>Clips</source>
         <translation>Clips</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files</source>
+        <translation>
+            <numerusform>%Ln Datei</numerusform>
+            <numerusform>%Ln Dateien</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -713,6 +770,13 @@ file: zeigt kopierte Dateien.</translation>
     <message>
         <source>File preview</source>
         <translation>Dateivorschau</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were copied; Return pastes the first</source>
+        <translation>
+            <numerusform>%Ln Datei wurde kopiert; die Eingabetaste fügt die erste ein</numerusform>
+            <numerusform>%Ln Dateien wurden kopiert; die Eingabetaste fügt die erste ein</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1398,6 +1462,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>plain text</source>
         <translation>reiner Text</translation>
+    </message>
+    <message>
+        <source>rows 1 to 10</source>
+        <translation>Zeilen 1 bis 10</translation>
     </message>
 </context>
 <context>

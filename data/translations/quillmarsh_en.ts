@@ -57,12 +57,42 @@
     </message>
 </context>
 <context>
+    <name>ClipMenu</name>
+    <message numerus="yes">
+        <source>Paste all %Ln files</source>
+        <translation>
+            <numerusform>Paste all %Ln files</numerusform>
+            <numerusform>Paste all %Ln files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ClipTableView</name>
+    <message numerus="yes">
+        <source>%Ln files</source>
+        <translation>
+            <numerusform>%Ln file</numerusform>
+            <numerusform>%Ln files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ClipTextView</name>
     <message numerus="yes">
         <source>… and %Ln more characters, pasted in full</source>
         <translation>
             <numerusform>… and %Ln more character, pasted in full</numerusform>
             <numerusform>… and %Ln more characters, pasted in full</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>FileViewController</name>
+    <message numerus="yes">
+        <source>%Ln files were copied; Return pastes the first</source>
+        <translation>
+            <numerusform>%Ln file was copied; Return pastes the first</numerusform>
+            <numerusform>%Ln files were copied; Return pastes the first</numerusform>
         </translation>
     </message>
 </context>

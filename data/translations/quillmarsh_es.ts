@@ -318,6 +318,52 @@
     </message>
 </context>
 <context>
+    <name>ClipMenu</name>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste all %Ln files</source>
+        <translation>
+            <numerusform>Pegar los %Ln archivos</numerusform>
+            <numerusform>Pegar los %Ln archivos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>Pegar como texto sin formato</translation>
+    </message>
+    <message>
+        <source>Paste in Upper Case</source>
+        <translation>Pegar en mayúsculas</translation>
+    </message>
+    <message>
+        <source>Paste in Lower Case</source>
+        <translation>Pegar en minúsculas</translation>
+    </message>
+    <message>
+        <source>Copy Without Pasting</source>
+        <translation>Copiar sin pegar</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Reveal in File Manager</source>
+        <translation>Mostrar en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Actions for the clip</source>
+        <translation>Acciones para el recorte</translation>
+    </message>
+</context>
+<context>
     <name>ClipPaster</name>
     <message>
         <source>The clip is on the clipboard</source>
@@ -371,6 +417,10 @@
         <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
         <translation>Quillmarsh no puede escribir en %1. Pegue allí el recorte usted mismo; el botón central del ratón también lo hace.</translation>
     </message>
+    <message>
+        <source>The clip was not copied</source>
+        <translation>El recorte no se copió</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>
@@ -391,6 +441,13 @@
     <message>
         <source>Clips</source>
         <translation>Recortes</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files</source>
+        <translation>
+            <numerusform>%Ln archivo</numerusform>
+            <numerusform>%Ln archivos</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -713,6 +770,13 @@ file: muestra los archivos copiados.</translation>
     <message>
         <source>File preview</source>
         <translation>Vista previa del archivo</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were copied; Return pastes the first</source>
+        <translation>
+            <numerusform>Se copió %Ln archivo; Intro pega el primero</numerusform>
+            <numerusform>Se copiaron %Ln archivos; Intro pega el primero</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1398,6 +1462,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>plain text</source>
         <translation>texto sin formato</translation>
+    </message>
+    <message>
+        <source>rows 1 to 10</source>
+        <translation>filas 1 a 10</translation>
     </message>
 </context>
 <context>

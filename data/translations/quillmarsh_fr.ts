@@ -318,6 +318,52 @@
     </message>
 </context>
 <context>
+    <name>ClipMenu</name>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste all %Ln files</source>
+        <translation>
+            <numerusform>Coller les %Ln fichiers</numerusform>
+            <numerusform>Coller les %Ln fichiers</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>Coller en texte brut</translation>
+    </message>
+    <message>
+        <source>Paste in Upper Case</source>
+        <translation>Coller en majuscules</translation>
+    </message>
+    <message>
+        <source>Paste in Lower Case</source>
+        <translation>Coller en minuscules</translation>
+    </message>
+    <message>
+        <source>Copy Without Pasting</source>
+        <translation>Copier sans coller</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Reveal in File Manager</source>
+        <translation>Montrer dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Actions for the clip</source>
+        <translation>Actions pour l’extrait</translation>
+    </message>
+</context>
+<context>
     <name>ClipPaster</name>
     <message>
         <source>The clip is on the clipboard</source>
@@ -371,6 +417,10 @@
         <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
         <translation>Quillmarsh ne peut pas saisir dans %1. Collez-y l’extrait vous-même ; le bouton central de la souris le fait aussi.</translation>
     </message>
+    <message>
+        <source>The clip was not copied</source>
+        <translation>L’extrait n’a pas été copié</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>
@@ -391,6 +441,13 @@
     <message>
         <source>Clips</source>
         <translation>Extraits</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files</source>
+        <translation>
+            <numerusform>%Ln fichier</numerusform>
+            <numerusform>%Ln fichiers</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -713,6 +770,13 @@ file: montre les fichiers copiés.</translation>
     <message>
         <source>File preview</source>
         <translation>Aperçu du fichier</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were copied; Return pastes the first</source>
+        <translation>
+            <numerusform>%Ln fichier a été copié ; Entrée colle le premier</numerusform>
+            <numerusform>%Ln fichiers ont été copiés ; Entrée colle le premier</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1398,6 +1462,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>plain text</source>
         <translation>texte brut</translation>
+    </message>
+    <message>
+        <source>rows 1 to 10</source>
+        <translation>lignes 1 à 10</translation>
     </message>
 </context>
 <context>

@@ -311,6 +311,51 @@
     </message>
 </context>
 <context>
+    <name>ClipMenu</name>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message numerus="yes">
+        <source>Paste all %Ln files</source>
+        <translation>
+            <numerusform>%Ln個のファイルをすべて貼り付け</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Paste as Plain Text</source>
+        <translation>プレーンテキストとして貼り付け</translation>
+    </message>
+    <message>
+        <source>Paste in Upper Case</source>
+        <translation>大文字で貼り付け</translation>
+    </message>
+    <message>
+        <source>Paste in Lower Case</source>
+        <translation>小文字で貼り付け</translation>
+    </message>
+    <message>
+        <source>Copy Without Pasting</source>
+        <translation>貼り付けずにコピー</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Reveal in File Manager</source>
+        <translation>ファイルマネージャーで表示</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Actions for the clip</source>
+        <translation>クリップの操作</translation>
+    </message>
+</context>
+<context>
     <name>ClipPaster</name>
     <message>
         <source>The clip is on the clipboard</source>
@@ -364,6 +409,10 @@
         <source>Quillmarsh is not able to type into %1. Paste it there yourself; the middle mouse button does it, too.</source>
         <translation>Quillmarshは%1に入力できません。そこでご自身で貼り付けてください。マウスの中ボタンでも貼り付けられます。</translation>
     </message>
+    <message>
+        <source>The clip was not copied</source>
+        <translation>クリップはコピーされませんでした</translation>
+    </message>
 </context>
 <context>
     <name>ClipRowDelegate</name>
@@ -384,6 +433,12 @@
     <message>
         <source>Clips</source>
         <translation>クリップ</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files</source>
+        <translation>
+            <numerusform>%Ln個のファイル</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -705,6 +760,12 @@ file: でコピーしたファイルだけを表示します。</translation>
     <message>
         <source>File preview</source>
         <translation>ファイルのプレビュー</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files were copied; Return pastes the first</source>
+        <translation>
+            <numerusform>%Ln個のファイルがコピーされました。Enterキーで最初のファイルを貼り付けます</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1386,6 +1447,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>plain text</source>
         <translation>書式なしで</translation>
+    </message>
+    <message>
+        <source>rows 1 to 10</source>
+        <translation>1～10行目</translation>
     </message>
 </context>
 <context>

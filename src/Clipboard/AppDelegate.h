@@ -141,6 +141,7 @@ public:
     void performPaste(int row, const std::optional<QString> &format) override;
     void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
                     const std::optional<QString> &format) override;
+    void copyItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
     void openFile() override;
     void revealInFinder() override;
     void hide() override;

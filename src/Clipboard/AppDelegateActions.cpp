@@ -316,6 +316,12 @@ void AppDelegate::pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items
     m_windowController->forgetCoveredWindow();
 }
 
+void AppDelegate::copyItems(const std::vector<std::shared_ptr<ClipItem>> &items)
+{
+    if (m_paster->copyItems(items))
+        viewController()->hide();
+}
+
 void AppDelegate::maxItemsModified(qint64 maxItems)
 {
     m_history->maxItemsModified(maxItems);

@@ -270,6 +270,11 @@ QString ClipContext::drawnText(const ClipItem &item)
     return readShortText(item).drawn;
 }
 
+int ClipContext::copiedFileCount(const ClipItem &item)
+{
+    return readShortText(item).fileCount;
+}
+
 ClipContext::ShortText ClipContext::readShortText(const ClipItem &item)
 {
     if (item.m_pk == 0)
@@ -311,11 +316,11 @@ ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
         const auto *first = std::find_if_not(kept.begin(), kept.end(),
                                              [](QChar character) { return character.isSpace(); });
         return ShortText{kept.toString().remove(u'\n'),
-                         kept.mid(first - kept.begin(), kDrawnLength).toString()};
+                         kept.mid(first - kept.begin(), kDrawnLength).toString(), 0};
     };
     if (const std::optional<QString> filepath = item.filepath()) {
         const QString line = kFileMark + *filepath;
-        return {line, line};
+        return {line, line, static_cast<int>(item.copiedFiles().size())};
     }
     if (item.m_pk == 0) {
         const std::optional<QString> text = item.strValue();

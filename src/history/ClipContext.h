@@ -62,6 +62,7 @@ public:
 
     std::optional<QString> shortText(const ClipItem &item);
     QString drawnText(const ClipItem &item);
+    int copiedFileCount(const ClipItem &item);
     /// The beginning of the text, or the file, in one line of at most so many characters without
     /// any that would steer a terminal. Nothing of it is kept: it is for lists of all clips. Ends
     /// with closeTextStart().
@@ -76,6 +77,7 @@ private:
     {
         std::optional<QString> line; ///< Without line breaks.
         QString drawn;               ///< The beginning, with them.
+        int fileCount = 0;           ///< Of a copy of several files.
     };
     ShortText readShortText(const ClipItem &item);
     ShortText makeShortText(const ClipItem &item);

@@ -4,6 +4,7 @@
 #include "history/ClipItem.h"
 #include "history/HistoryLog.h"
 #include "history/SearchPattern.h"
+#include "history/SearchTerm.h"
 #include "platform/Clock.h"
 
 #include <QDeadlineTimer>
@@ -20,8 +21,6 @@ namespace {
 /// Shorter than a frame, so that work while idle is never seen.
 constexpr auto kIdleSlice = 4ms;
 constexpr auto kLogDelay = 1min;
-
-const QString kFilePrefix = QStringLiteral("file:");
 
 bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipItem> &other)
 {
@@ -317,18 +316,12 @@ ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
 {
     if (!m_isFetched)
         fetch();
-    QStringView term(searchText);
-    const bool onlyFiles = term.startsWith(kFilePrefix, Qt::CaseInsensitive);
-    if (onlyFiles) {
-        term = term.mid(kFilePrefix.size());
-        if (term.startsWith(u' '))
-            term = term.mid(1);
-    }
+    const auto [term, onlyFiles] = SearchTerm::of(searchText);
     Items found;
     if (term.isEmpty()) {
         // Whatever text it has contains nothing at its beginning, so no text is read.
         std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
-                     [&](const std::shared_ptr<ClipItem> &item) {
+                     [onlyFiles = onlyFiles](const std::shared_ptr<ClipItem> &item) {
                          return item->hasText() && (!onlyFiles || item->hasFilepath());
                      });
         return found;
@@ -336,7 +329,7 @@ ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
     m_index.finish();
     const SearchPattern pattern(term);
     std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
-                 [&](const std::shared_ptr<ClipItem> &item) {
+                 [&, onlyFiles = onlyFiles](const std::shared_ptr<ClipItem> &item) {
                      return m_index.matches(*item, pattern, onlyFiles);
                  });
     m_index.closeTexts();

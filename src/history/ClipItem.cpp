@@ -1,6 +1,7 @@
 #include "history/ClipItem.h"
 
 #include "history/ClipContext.h"
+#include "history/CopiedFiles.h"
 
 #include <QTimeZone>
 
@@ -87,6 +88,16 @@ bool ClipItem::isNewerThan(const ClipItem &other) const
 QString ClipItem::drawnText() const
 {
     return m_context ? m_context->drawnText(*this) : QString();
+}
+
+QStringList ClipItem::copiedFiles() const
+{
+    return CopiedFiles::of(strValue(), filepath());
+}
+
+int ClipItem::copiedFileCount() const
+{
+    return m_context && m_hasFilepath ? m_context->copiedFileCount(*this) : 0;
 }
 
 std::optional<QString> ClipItem::shortText() const

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 #include <limits>
 #include <memory>
@@ -58,6 +59,10 @@ public:
     std::optional<QString> shortText() const;
     /// The beginning of what shortText() tells, with its line breaks; for drawing.
     QString drawnText() const;
+    /// The files of a copy of several, the first of which is filepath(); else empty.
+    QStringList copiedFiles() const;
+    /// How many those are, without the list of them; 0 for none.
+    int copiedFileCount() const;
 
 private:
     const Clip *unsavedClip() const;

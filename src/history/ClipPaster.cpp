@@ -4,6 +4,7 @@
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
 #include "history/ClipboardCapture.h"
+#include "history/CopiedFiles.h"
 #include "history/HistoryLog.h"
 #include "history/HistoryWindow.h"
 #include "history/HotKeyManager.h"
@@ -22,6 +23,7 @@
 namespace {
 
 const QString kPlainText = QStringLiteral("plain");
+const QString kAllFiles = QStringLiteral("files");
 
 QString formatted(const QString &text, const std::optional<QString> &format)
 {
@@ -32,9 +34,19 @@ QString formatted(const QString &text, const std::optional<QString> &format)
     return text;
 }
 
-/// Several clips as one, which is files when all of them are.
+std::vector<Clip> clipsOf(const std::vector<std::shared_ptr<ClipItem>> &items)
+{
+    std::vector<Clip> clips;
+    std::transform(items.begin(), items.end(), std::back_inserter(clips),
+                   [](const auto &item) { return item->clip(); });
+    return clips;
+}
+
+/// One clip as it is, several as one, which is files when all of them are.
 Clip joined(const std::vector<Clip> &clips)
 {
+    if (clips.size() == 1)
+        return clips.front();
     Clip whole;
     QStringList texts;
     bool areFiles = true;
@@ -98,10 +110,11 @@ void ClipPaster::pasteItems(std::vector<std::shared_ptr<ClipItem>> items,
     std::erase_if(items, [](const auto &item) { return !item->isInHistory(); });
     if (items.empty() || m_isPasting)
         return;
-    std::vector<Clip> clips;
-    std::transform(items.begin(), items.end(), std::back_inserter(clips),
-                   [](const auto &item) { return item->clip(); });
-    const Clip clip = clips.size() == 1 ? clips.front() : joined(clips);
+    const std::vector<Clip> clips = clipsOf(items);
+    Clip clip = joined(clips);
+    if (const QStringList files = CopiedFiles::of(clip.text, clip.filepath());
+        format == kAllFiles && clips.size() == 1 && !files.isEmpty())
+        clip.fileNames = files;
     // What has just arrived is still the swop's.
     if (m_swopState.performSwop())
         m_capture.readFromPasteboard();
@@ -148,8 +161,7 @@ ClipPaster::Outcome ClipPaster::pasteString(Copy copy, const std::optional<QStri
 
 ClipPaster::Outcome ClipPaster::pasteFile(const Clip &clip)
 {
-    QStringList present = clip.fileNames;
-    present.removeIf([this](const QString &path) { return !m_ports.workspace.fileExists(path); });
+    const QStringList present = existing(clip.fileNames);
     const bool exists = !present.isEmpty();
     if (exists && !replaceBy({clip.text, std::nullopt, present}))
         return Outcome::NotWritten;
@@ -157,6 +169,36 @@ ClipPaster::Outcome ClipPaster::pasteFile(const Clip &clip)
     if (present.size() < clip.fileNames.size() && m_settings.isNotificationsEnabled())
         notifyFileNoLongerExists();
     return exists ? typeIntoTarget() : Outcome::NothingToType;
+}
+
+QStringList ClipPaster::existing(const QStringList &fileNames)
+{
+    QStringList present = fileNames;
+    present.removeIf([this](const QString &path) { return !m_ports.workspace.fileExists(path); });
+    return present;
+}
+
+bool ClipPaster::copyItems(std::vector<std::shared_ptr<ClipItem>> items)
+{
+    std::erase_if(items, [](const auto &item) { return !item->isInHistory(); });
+    if (items.empty() || m_isPasting)
+        return false;
+    Clip clip = joined(clipsOf(items));
+    if (clip.filepath()) {
+        const QStringList present = existing(clip.fileNames);
+        if (present.isEmpty()) {
+            if (m_settings.isNotificationsEnabled())
+                notifyFileNoLongerExists();
+            return false;
+        }
+        clip = Clip({clip.text, std::nullopt, present}, std::nullopt);
+    }
+    const bool isWritten = clip.text && replaceBy(clip);
+    if (!isWritten) {
+        qCWarning(lcHistory, "The pasteboard could not be written; nothing is copied");
+        tell(tr("The clip was not copied"), tr("The clipboard could not be written."));
+    }
+    return isWritten;
 }
 
 bool ClipPaster::replaceBy(const Copy &copy)

@@ -62,12 +62,12 @@ public:
 
     /// Pastes the clip at `row` of the history's current list; a row beyond it is ignored.
     /// `format` is "upper", "lower", "plain" for the text without its formatting, or anything else
-    /// for the clip as it is; files ignore it. When
-    /// the target does not come back nothing is typed: the clip stays on the pasteboard and the
-    /// user is told. So it is, as the primary selection too, where no keys are known to paste, or
-    /// to copy what a swop is about. When the pasteboard cannot be written the user is told, and
-    /// the window stays as it is, and so does a swop. A negative row ends a swop without a paste
-    /// and forgets what it holds.
+    /// for the clip as it is; files ignore it, but for "files", which means all that were copied
+    /// with the first. When the target does not come back nothing is typed: the clip stays on the
+    /// pasteboard and the user is told. So it is, as the primary selection too, where no keys are
+    /// known to paste, or to copy what a swop is about. When the pasteboard cannot be written the
+    /// user is told, and the window stays as it is, and so does a swop. A negative row ends a swop
+    /// without a paste and forgets what it holds.
     ///
     /// The selection that a swop has replaced goes back on the pasteboard when the target has asked
     /// for the clip, at the latest a while later, and not at all if somebody copies meanwhile.
@@ -77,6 +77,9 @@ public:
     /// texts, each a line of its own. Clips that were deleted meanwhile are ignored.
     void pasteItems(std::vector<std::shared_ptr<ClipItem>> items,
                     const std::optional<QString> &format);
+
+    /// Puts the same on the pasteboard, and types nothing. False when it could not: its user knows.
+    bool copyItems(std::vector<std::shared_ptr<ClipItem>> items);
 
     /// Copies the front application's selection away and shows the history for the user's choice.
     /// A window of our own that is in front gives way to the target first.
@@ -117,6 +120,7 @@ private:
     bool replaceBy(const Copy &copy);
     Outcome pasteString(Copy copy, const std::optional<QString> &format);
     Outcome pasteFile(const Clip &clip);
+    QStringList existing(const QStringList &fileNames);
     Outcome typeIntoTarget();
     /// Leaves the clip to the user, for whom nothing can be typed; `reason` names the target as %1.
     Outcome leaveToUser(const QString &reason);

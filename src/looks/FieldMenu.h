@@ -13,6 +13,9 @@ class FieldMenu : public QMenu
     Q_OBJECT
 
 public:
+    /// A field with this property set has another menu for the keyboard, which it shows itself.
+    static constexpr char kOwnKeyboardMenu[] = "ownKeyboardMenu";
+
     struct Operations
     {
         std::function<void()> cut;

@@ -116,7 +116,8 @@ bool FieldPasteboard::handleFieldKey(TextField &field, const QKeyEvent &event)
 {
     if (event.matches(QKeySequence::Copy)) {
         copy(field);
-        return true;
+        // Nothing to copy: the key may mean something else there.
+        return !field.selection().isEmpty();
     }
     if (markByKey(field, event))
         return true;
@@ -193,6 +194,9 @@ bool FieldPasteboard::handleContextMenu(QObject &watched, QContextMenuEvent &eve
         return false;
     const auto field = TextField::of(&watched);
     if (!field || field->widget().contextMenuPolicy() == Qt::CustomContextMenu)
+        return false;
+    if (event.reason() == QContextMenuEvent::Keyboard &&
+        watched.property(FieldMenu::kOwnKeyboardMenu).toBool())
         return false;
     QWidget *const widget = &field->widget();
     const auto with = [widget](auto operation) {

@@ -179,6 +179,20 @@ TEST_F(ClipPasterTest, aSwopForSeveralClipsKeepsEach)
     EXPECT_EQ(m_rig.texts(), (QStringList{u"selection"_s, u"Rich"_s, u"Straße"_s, u"a.txt"_s}));
 }
 
+TEST_F(ClipPasterTest, aCopyTypesNothingAndSaysWhenItCannotBeMade)
+{
+    const auto rich = m_rig.at(kRich);
+    EXPECT_TRUE(m_rig.paster.copyItems({rich}));
+    EXPECT_EQ(onPasteboard()->text, u"Rich"_s);
+    EXPECT_EQ(onPasteboard()->rtf, u"{\\rtf1 Rich}"_s);
+    EXPECT_EQ(rich->pasteCount(), std::nullopt);
+    EXPECT_TRUE(keys().isEmpty());
+    EXPECT_FALSE(m_rig.paster.copyItems({m_rig.at(kFile)}));
+    EXPECT_EQ(onPasteboard()->text, u"Rich"_s);
+    expectNotification("File no longer exists",
+                       "The file no longer exists at the copied location.");
+}
+
 TEST_F(ClipPasterTest, aRowBeyondTheListPastesNothing)
 {
     m_rig.paster.performPaste(3, {});

@@ -1,8 +1,11 @@
 #include "looks/FieldPasteboard.h"
+#include "looks/FieldMenu.h"
 
 #include "looks/ToolkitClipboard.h"
 #include "platform/memory/MemoryPasteboard.h"
 
+#include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -167,6 +170,39 @@ TEST_P(FieldPasteboardTest, aClickIntoWhatIsMarkedUnmarksIt)
 
 INSTANTIATE_TEST_SUITE_P(All, FieldPasteboardTest, testing::Values(kLine, kEdit),
                          [](const auto &row) { return std::string(row.param.name); });
+
+TEST(FieldPasteboard, keysThatItHasNoUseForAreLeftToTheField)
+{
+    struct Filter : QObject
+    {
+        int copies = 0;
+        int menus = 0;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            copies += event->type() == QEvent::KeyPress &&
+                              static_cast<QKeyEvent *>(event)->matches(QKeySequence::Copy)
+                          ? 1
+                          : 0;
+            menus += event->type() == QEvent::ContextMenu ? 1 : 0;
+            return event->type() == QEvent::ContextMenu;
+        }
+    };
+    MemoryPasteboard pasteboard;
+    const FieldPasteboard fields(pasteboard);
+    QLineEdit line(QStringLiteral("text"));
+    Filter filter;
+    line.installEventFilter(&filter);
+    line.setProperty(FieldMenu::kOwnKeyboardMenu, true);
+    QTest::keyClick(&line, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(filter.copies, 1) << "nothing is marked";
+    line.selectAll();
+    QTest::keyClick(&line, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(filter.copies, 1);
+    EXPECT_EQ(pasteboard.contents()->text, QStringLiteral("text"));
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&line, &byKey);
+    EXPECT_EQ(filter.menus, 1);
+}
 
 TEST(FieldPasteboard, hiddenTextNeverLeaves)
 {

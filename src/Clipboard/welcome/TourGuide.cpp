@@ -32,6 +32,7 @@ std::array<Content, TourGuide::kPopovers> contents()
         {{TourGuide::tr("Alt"), TourGuide::tr("Return")}, TourGuide::tr("lower case")},
         {{TourGuide::tr("Ctrl"), TourGuide::tr("Shift"), QStringLiteral("V")},
          TourGuide::tr("plain text")},
+        {{TourGuide::tr("Alt"), QStringLiteral("1 … 0")}, TourGuide::tr("rows 1 to 10")},
         {{TourGuide::tr("Super"), TourGuide::tr("Backspace")}, TourGuide::tr("delete")},
         {{TourGuide::tr("Esc")}, TourGuide::tr("close")},
     };

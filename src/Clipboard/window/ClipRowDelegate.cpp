@@ -2,13 +2,13 @@
 
 #include "Clipboard/window/EmojiFont.h"
 #include "Clipboard/window/VisibleCharacters.h"
+#include "history/FoundPlaces.h"
 #include "looks/Looks.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
-#include <QTextLayout>
 
 #include <algorithm>
 
@@ -88,7 +88,7 @@ void ClipRowDelegate::drawText(QPainter &painter, const QRect &rect, const Row &
     QString text = textOnOneLine(row.value);
     const bool isRightToLeft = text.isRightToLeft();
     const QList<VisibleCharacters::Run> emoji = VisibleCharacters::emoji(text);
-    const bool isPlain = emoji.isEmpty() && !text.contains(kLineBreak);
+    const bool isPlain = emoji.isEmpty() && !text.contains(kLineBreak) && !row.found;
     // The end of a path tells more than its middle.
     if (row.filepath || isPlain)
         text = QFontMetrics(m_font).elidedText(
@@ -142,18 +142,38 @@ void ClipRowDelegate::drawFormatted(QPainter &painter, const QRect &rect, const 
     }
     const double top = rect.top() + (rect.height() - QFontMetrics(m_font).height()) / 2.0 +
                        QFontMetrics(m_font).ascent() - line.ascent();
-    layout.draw(&painter, QPointF(rect.left(), top));
+    layout.draw(&painter, QPointF(rect.left(), top), matches(row, text));
+}
+
+QList<QTextLayout::FormatRange> ClipRowDelegate::matches(const Row &row, const QString &text) const
+{
+    /// More than fit into a row.
+    constexpr qsizetype kMost = 100;
+    QList<QTextLayout::FormatRange> matches;
+    if (!row.found)
+        return matches;
+    QTextCharFormat format;
+    // Darker on the selected row, because the text on it is light.
+    format.setBackground(row.isSelected ? ClipColors::mixed(m_colors.selected, Qt::black, 0.4)
+                                        : m_colors.match);
+    format.setForeground(row.isSelected ? m_colors.selectedText : m_colors.text);
+    // A file's row begins with what kind of clip it is, and that was not sought.
+    const qsizetype begin = row.filepath ? text.indexOf(u'/') : 0;
+    for (const FoundPlaces::Place &place : row.found->in(text, kMost))
+        if (place.start >= begin)
+            matches.append({static_cast<int>(place.start), static_cast<int>(place.length), format});
+    return matches;
 }
 
 template <typename Placed>
 QRect ClipRowDelegate::drawEnd(QPainter &painter, QRect rect, const Row &row,
                                const Placed &placed) const
 {
+    const QFontMetrics noteMetrics(m_numberFont);
     if (row.mark > 0) {
         const QString mark = QString::number(row.mark);
-        const QFontMetrics metrics(m_numberFont);
-        const int height = metrics.height() + 2;
-        const int width = qMax(height, metrics.horizontalAdvance(mark) + height / 2);
+        const int height = noteMetrics.height() + 2;
+        const int width = qMax(height, noteMetrics.horizontalAdvance(mark) + height / 2);
         const QRect pill(rect.right() + 1 - width, rect.top() + (rect.height() - height) / 2, width,
                          height);
         painter.setPen(Qt::NoPen);
@@ -164,7 +184,32 @@ QRect ClipRowDelegate::drawEnd(QPainter &painter, QRect rect, const Row &row,
         painter.drawText(placed(pill), Qt::AlignCenter | Qt::TextSingleLine, mark);
         rect.setRight(pill.left() - kIconGap);
     }
+    if (!row.note.isEmpty()) {
+        const int width = noteMetrics.horizontalAdvance(row.note);
+        QRect note = rect;
+        note.setLeft(rect.right() + 1 - width);
+        painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.quietText);
+        painter.setFont(m_numberFont);
+        painter.drawText(placed(note), Qt::AlignCenter | Qt::TextSingleLine, row.note);
+        rect.setRight(note.left() - kIconGap);
+    }
     return rect;
+}
+
+void ClipRowDelegate::drawKeyCap(QPainter &painter, const QRect &rect, const Row &row) const
+{
+    const int extent = QFontMetrics(m_numberFont).height() + 2;
+    QRect cap(0, 0, extent, extent);
+    // Around where the last digit of a number stands.
+    const int digit = QFontMetrics(m_numberFont).horizontalAdvance(u'0');
+    const bool isMirrored = row.valueRect.left() < row.numberRect.left();
+    cap.moveCenter(
+        {isMirrored ? rect.left() + digit / 2 : rect.right() - digit / 2, rect.center().y()});
+    painter.setBrush(row.isSelected ? QBrush(Qt::NoBrush) : m_colors.control);
+    painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.outline);
+    painter.drawRoundedRect(QRectF(cap).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    painter.setPen(row.isSelected ? m_colors.selectedText : m_colors.text);
+    painter.drawText(cap, Qt::AlignCenter | Qt::TextSingleLine, row.number);
 }
 
 void ClipRowDelegate::paint(QPainter &painter, const Row &row)
@@ -178,10 +223,14 @@ void ClipRowDelegate::paint(QPainter &painter, const Row &row)
         return QStyle::visualRect(direction, whole, place);
     };
     painter.setLayoutDirection(Qt::LeftToRight);
-    painter.drawText(placed(placed(row.numberRect).adjusted(0, 0, -kNumberGap, 0)),
-                     (direction == Qt::LeftToRight ? Qt::AlignRight : Qt::AlignLeft) |
-                         Qt::AlignVCenter | Qt::TextSingleLine,
-                     row.number.trimmed());
+    const QRect number = placed(placed(row.numberRect).adjusted(0, 0, -kNumberGap, 0));
+    if (row.isKeyCap)
+        drawKeyCap(painter, number, row);
+    else
+        painter.drawText(number,
+                         (direction == Qt::LeftToRight ? Qt::AlignRight : Qt::AlignLeft) |
+                             Qt::AlignVCenter | Qt::TextSingleLine,
+                         row.number.trimmed());
 
     QRect rect = placed(row.valueRect).adjusted(0, 0, -kPaddingRight, 0);
     if (row.filepath) {

@@ -6,9 +6,11 @@
 #include <QFont>
 #include <QRect>
 #include <QString>
+#include <QTextLayout>
 
 #include <optional>
 
+class FoundPlaces;
 class QPainter;
 
 /// Draws one row of the clip list: a quiet running number and one line of the clip. Owned by the
@@ -22,9 +24,12 @@ public:
         QRect valueRect;
         QString number;
         QString value;
-        std::optional<QString> filepath; ///< Of a copied file.
-        bool isFolder = false;           ///< What `filepath` names.
-        int mark = 0;                    ///< Place among the marked clips; 0 when not marked.
+        std::optional<QString> filepath;    ///< Of a copied file.
+        bool isFolder = false;              ///< What `filepath` names.
+        QString note;                       ///< Said at the end of the row; empty for nothing.
+        int mark = 0;                       ///< Place among the marked clips; 0 when not marked.
+        const FoundPlaces *found = nullptr; ///< What a search has found is shown; null for none.
+        bool isKeyCap = false;              ///< `number` is the key that pastes the row.
         bool isSelected = false;
     };
 
@@ -46,11 +51,13 @@ public:
 
 private:
     void drawText(QPainter &painter, const QRect &rect, const Row &row) const;
+    void drawKeyCap(QPainter &painter, const QRect &rect, const Row &row) const;
+    QList<QTextLayout::FormatRange> matches(const Row &row, const QString &text) const;
     /// Draws what stands at the end of a row, and gives what it leaves of `rect`, which like all
     /// places is as in a window that begins at the left; `placed` tells where it is.
     template <typename Placed>
     QRect drawEnd(QPainter &painter, QRect rect, const Row &row, const Placed &placed) const;
-    /// With line breaks or emoji, which have a look of their own.
+    /// With line breaks, emoji or what a search has found, which have a look of their own.
     void drawFormatted(QPainter &painter, const QRect &rect, const Row &row, QString text,
                        bool isRightToLeft) const;
 

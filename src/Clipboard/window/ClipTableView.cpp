@@ -3,6 +3,7 @@
 #include "Clipboard/window/ClipTableModel.h"
 #include "Clipboard/window/ViewController.h"
 #include "platform/ModifierFlags.h"
+#include "platform/VirtualKeys.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -11,12 +12,30 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr int kSelectionInset = 6; ///< Points left free at both sides of the selected row.
 constexpr int kSelectionRadius = 4;
+constexpr int kKeyCaps = 10;
 /// Of the selected row's colour, in a row that is marked.
 constexpr qreal kMarkTint = 0.2;
+
+/// By the key's place, because a layout may have the digits behind Shift, or digits of its own.
+std::optional<int> digitOf(const QKeyEvent &event)
+{
+    if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
+        return event.key() - Qt::Key_0;
+    constexpr std::array kDigits{VirtualKey::kDigit0, VirtualKey::kDigit1, VirtualKey::kDigit2,
+                                 VirtualKey::kDigit3, VirtualKey::kDigit4, VirtualKey::kDigit5,
+                                 VirtualKey::kDigit6, VirtualKey::kDigit7, VirtualKey::kDigit8,
+                                 VirtualKey::kDigit9};
+    const auto *found = std::find(kDigits.begin(), kDigits.end(), VirtualKey::ofEvent(event));
+    return found == kDigits.end() ? std::nullopt
+                                  : std::optional(static_cast<int>(found - kDigits.begin()));
+}
 
 bool isTyping(const QKeyEvent &event)
 {
@@ -179,6 +198,60 @@ std::optional<int> ClipTableView::rowAfterKey(const QKeyEvent &event, bool isEdi
     }
 }
 
+bool ClipTableView::isWhole(int row) const
+{
+    const int top = rowViewportPosition(row);
+    return row < m_model->rowCount() && top >= 0 && top + rowHeight(row) <= viewport()->height();
+}
+
+int ClipTableView::firstWholeRow() const
+{
+    const int row = qMax(0, rowAt(0));
+    return isWhole(row) ? row : row + 1;
+}
+
+void ClipTableView::setShowsKeyCaps(bool shows)
+{
+    if (m_showsKeyCaps == shows)
+        return;
+    m_showsKeyCaps = shows;
+    viewport()->update();
+}
+
+std::optional<int> ClipTableView::rowOfKeyCap(const QKeyEvent &event) const
+{
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    if (held != Qt::AltModifier && held != Qt::ControlModifier)
+        return std::nullopt;
+    const std::optional<int> digit = digitOf(event);
+    if (!digit)
+        return std::nullopt;
+    const int row = firstWholeRow() + (*digit + kKeyCaps - 1) % kKeyCaps;
+    return isWhole(row) ? std::optional(row) : std::nullopt;
+}
+
+QPoint ClipTableView::menuPosition() const
+{
+    const QRect row =
+        visualRect(m_model->index(m_selectedIdx.value_or(0), ClipTableModel::kValueColumn));
+    return viewport()->mapToGlobal(isRightToLeft() ? row.bottomRight() : row.bottomLeft());
+}
+
+void ClipTableView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        delegate().showMenu();
+        return;
+    }
+    const int row = rowAt(viewport()->mapFromGlobal(event->globalPos()).y());
+    if (row < 0)
+        return;
+    // A menu for all that are marked, if it is one of them.
+    if (delegate().markOf(row) == 0)
+        delegate().selectRow(row);
+    delegate().showMenu(event->globalPos());
+}
+
 void ClipTableView::doubleClick()
 {
     if (m_clickedRow >= 0)
@@ -239,7 +312,8 @@ void ClipTableView::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    if (delegate().moveByKey(*event) || delegate().pasteByKey(*event))
+    if (delegate().moveByKey(*event) || delegate().pasteByKey(*event) ||
+        delegate().pickByKey(*event) || delegate().actByKey(*event))
         return;
     // The base class would select by typed letters, move by Space and copy a row by itself.
     if (isTyping(*event))
@@ -283,18 +357,9 @@ void ClipTableView::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing);
     const int first = qMax(0, rowAt(event->rect().top()));
     for (int row = first; row < m_model->rowCount(); ++row) {
-        ClipRowDelegate::Row drawn;
-        drawn.numberRect = visualRect(m_model->index(row, ClipTableModel::kRowColumn));
-        drawn.valueRect = visualRect(m_model->index(row, ClipTableModel::kValueColumn));
-        if (drawn.numberRect.top() > event->rect().bottom())
+        if (rowViewportPosition(row) > event->rect().bottom())
             break;
-        drawn.number =
-            m_delegate->tableView(ViewController::TableColumn::Row, row).value_or(QString());
-        drawn.value = m_delegate->drawnText(row);
-        drawn.filepath = m_delegate->filepath(row);
-        drawn.isFolder = drawn.filepath && m_folders.contains(*drawn.filepath);
-        drawn.isSelected = row == m_selectedIdx;
-        drawn.mark = m_delegate->markOf(row);
+        const ClipRowDelegate::Row drawn = drawnRow(row);
         if (drawn.isSelected || drawn.mark > 0) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(drawn.isSelected
@@ -308,6 +373,29 @@ void ClipTableView::paintEvent(QPaintEvent *event)
     }
 }
 
+ClipRowDelegate::Row ClipTableView::drawnRow(int row)
+{
+    ClipRowDelegate::Row drawn;
+    drawn.numberRect = visualRect(m_model->index(row, ClipTableModel::kRowColumn));
+    drawn.valueRect = visualRect(m_model->index(row, ClipTableModel::kValueColumn));
+    const int keyCap = row - firstWholeRow() + 1;
+    drawn.isKeyCap = m_showsKeyCaps && keyCap > 0 && keyCap <= kKeyCaps && isWhole(row);
+    drawn.number =
+        drawn.isKeyCap
+            ? QString::number(keyCap % kKeyCaps)
+            : m_delegate->tableView(ViewController::TableColumn::Row, row).value_or(QString());
+    drawn.value = m_delegate->drawnText(row);
+    drawn.filepath = m_delegate->filepath(row);
+    drawn.isFolder = drawn.filepath && m_folders.contains(*drawn.filepath);
+    if (const int files = drawn.filepath ? m_delegate->fileCount(row) : 0; files > 0)
+        drawn.note = tr("%Ln files", nullptr, files);
+    drawn.isSelected = row == m_selectedIdx;
+    drawn.mark = m_delegate->markOf(row);
+    if (!m_delegate->found().isEmpty())
+        drawn.found = &m_delegate->found();
+    return drawn;
+}
+
 void ClipTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
@@ -318,6 +406,7 @@ void ClipTableView::hideEvent(QHideEvent *event)
 {
     QTableView::hideEvent(event);
     m_folders.forget();
+    m_showsKeyCaps = false;
 }
 
 void ClipTableView::changeEvent(QEvent *event)

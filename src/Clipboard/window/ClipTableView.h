@@ -58,6 +58,15 @@ public:
     /// any other key; the row may lie outside the list.
     std::optional<int> rowAfterKey(const QKeyEvent &event, bool isEditing) const;
 
+    /// The first ten rows that are seen whole show the keys that paste them; else all show their
+    /// numbers.
+    void setShowsKeyCaps(bool shows);
+    /// The row that is pasted by a key: Alt or Ctrl with the digit that tells its place among those
+    /// that are seen. Absent for any other key, or when there is no such row.
+    std::optional<int> rowOfKeyCap(const QKeyEvent &event) const;
+    /// Where a menu for the selected row begins, on the screen.
+    QPoint menuPosition() const;
+
     /// Pastes the row that was clicked.
     void doubleClick();
     void processUpKey();
@@ -77,12 +86,16 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     ViewController &delegate() const;
     void tellSelection(const QModelIndex &index);
     void updateMetrics();
     QColor selectionColor() const;
+    int firstWholeRow() const;
+    bool isWhole(int row) const;
+    ClipRowDelegate::Row drawnRow(int row);
 
     ViewController *m_delegate = nullptr;
     ClipTableModel *m_model = nullptr;
@@ -91,5 +104,6 @@ private:
     ClipColors m_colors;
     QColor m_selectedBlue = defaultSelectedBlue();
     std::optional<int> m_selectedIdx = 0;
+    bool m_showsKeyCaps = false;
     int m_clickedRow = -1; ///< Row under the last press; -1 for none.
 };

@@ -1,6 +1,7 @@
 #include "Clipboard/window/ClipTextView.h"
 
 #include "Clipboard/window/EmojiFont.h"
+#include "Clipboard/window/FoundMarks.h"
 #include "Clipboard/window/VisibleCharacters.h"
 #include "looks/Looks.h"
 #include "looks/ScrollBars.h"
@@ -10,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QSyntaxHighlighter>
 #include <QTextBlockFormat>
 #include <QTextCursor>
@@ -141,6 +143,8 @@ void ClipTextView::setString(const QString &text)
     showMore();
     // What was put behind the cursor took it along.
     moveCursor(QTextCursor::Start);
+    m_place = 0;
+    showFound();
 
     m_moreLabel->setVisible(text.size() > shown);
     showRest();
@@ -152,7 +156,8 @@ void ClipTextView::showMore()
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
-    for (const qsizetype start = m_shown; m_shown < m_text.size();) {
+    const qsizetype start = m_shown;
+    while (m_shown < m_text.size()) {
         const Piece piece = firstPiece(QStringView(m_text).mid(m_shown));
         const qsizetype end = m_shown + piece.length + piece.breakLength;
         if (m_shown > start && end - start > kShownAtOnce)
@@ -171,6 +176,37 @@ void ClipTextView::showMore()
     }
     m_idleTimer.stop();
     m_text.clear();
+    if (start > 0)
+        showFound();
+}
+
+void ClipTextView::setFound(const FoundPlaces &found)
+{
+    m_found = found;
+    showFound();
+}
+
+bool ClipTextView::isMoved() const
+{
+    return verticalScrollBar()->value() != m_place;
+}
+
+void ClipTextView::showFound()
+{
+    const bool isMoved = this->isMoved() || textCursor().hasSelection();
+    const QList<QTextEdit::ExtraSelection> marked =
+        FoundMarks::in(*document(), m_found, m_matchColor);
+    setExtraSelections(marked);
+    if (isMoved)
+        return;
+    QTextCursor first(document());
+    if (!marked.isEmpty())
+        first.setPosition(marked.first().cursor.selectionStart());
+    const bool isSeen = viewport()->rect().contains(cursorRect(first));
+    setTextCursor(first);
+    if (!isSeen)
+        centerCursor();
+    m_place = verticalScrollBar()->value();
 }
 
 void ClipTextView::showRest()
@@ -184,6 +220,8 @@ void ClipTextView::showRest()
 void ClipTextView::setColors(const ClipColors &colors)
 {
     setPalette(colors.textPalette());
+    m_matchColor = colors.match;
+    setExtraSelections(FoundMarks::in(*document(), m_found, m_matchColor));
     m_moreLabel->setPalette(ClipColors::inkPalette(colors.quietText));
     ScrollBars::makeSlim(*this, colors);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clipboard/window/CharacterCounter.h"
+#include "history/FoundPlaces.h"
 #include "looks/ClipColors.h"
 
 #include <QPlainTextEdit>
@@ -27,6 +28,12 @@ public:
     /// Shows `text` from its beginning.
     void setString(const QString &text);
 
+    /// Marks what a search has found, in this text and in those to come, and scrolls to the first
+    /// of it.
+    void setFound(const FoundPlaces &found);
+    /// Whether somebody has scrolled it since.
+    bool isMoved() const;
+
     void setColors(const ClipColors &colors);
 
     /// Keys with which a person reads and copies from a preview of text; any other key is meant for
@@ -49,10 +56,14 @@ private:
     void showMore();
     void showRest();
     void placeMoreLabel();
+    void showFound();
 
     QLabel *m_moreLabel;
     CharacterCounter m_rest; ///< Of what is not shown.
     QString m_text;          ///< All that is to be shown; empty once it is.
     qsizetype m_shown = 0;   ///< How much of it is.
-    QTimer m_idleTimer;      ///< Fires while there is nothing else to do.
+    FoundPlaces m_found;
+    QColor m_matchColor;
+    int m_place = 0;    ///< Of the scroll bar, where the text was left.
+    QTimer m_idleTimer; ///< Fires while there is nothing else to do.
 };

@@ -2,6 +2,7 @@
 
 #include "Clipboard/preview/FilePreview.h"
 #include "Clipboard/preview/PreviewRegistry.h"
+#include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/HistoryActions.h"
 #include "Clipboard/window/PathLabel.h"
 #include "looks/Looks.h"
@@ -30,6 +31,7 @@ FileViewController::FileViewController(HistoryActions &appDelegate, Workspace &w
                                        FileQuestions &questions)
     : m_appDelegate(appDelegate), m_workspace(workspace),
       m_registry(std::make_unique<PreviewRegistry>(questions)), m_view(std::make_unique<QWidget>()),
+      m_copiedFilesLabel(new QLabel(view())), m_copiedFiles(new ClipTextView(view())),
       m_filepathLabel(new PathLabel(view())), m_separatorLine(new QFrame(view())),
       m_openButton(new PaneButton(tr("Open"), view())),
       m_revealInFinderButton(new PaneButton(tr("Reveal in File Manager"), view())),
@@ -44,6 +46,12 @@ FileViewController::FileViewController(HistoryActions &appDelegate, Workspace &w
     connect(m_openButton, &QPushButton::clicked, this, &FileViewController::openClicked);
     connect(m_revealInFinderButton, &QPushButton::clicked, this,
             &FileViewController::revealClicked);
+    m_copiedFiles->setObjectName(QStringLiteral("copiedFiles"));
+    m_copiedFiles->hide();
+    m_copiedFilesLabel->setContentsMargins(kMargin, kSpacing, kMargin, 0);
+    m_copiedFilesLabel->hide();
+    connect(m_copiedFiles, &ClipTextView::otherKeyPressed, this,
+            &FileViewController::otherKeyPressed);
     m_forgetting.setSingleShot(true);
     m_forgetting.setInterval(kForgetAfter);
     connect(&m_forgetting, &QTimer::timeout, this, [this] { m_registry->forget(); });
@@ -83,6 +91,35 @@ void FileViewController::setPreviewItem(const QString &path)
     connect(m_previewView, &FilePreview::fileChanged, this, [this, path] { askExistence(path); });
 }
 
+void FileViewController::setCopiedFiles(const QStringList &paths)
+{
+    m_copiedFiles->setVisible(!paths.isEmpty());
+    m_copiedFilesLabel->setVisible(!paths.isEmpty());
+    if (!paths.isEmpty()) {
+        m_copiedFilesLabel->setText(
+            tr("%Ln files were copied; Return pastes the first", nullptr, int(paths.size())));
+        m_copiedFiles->setAccessibleName(m_copiedFilesLabel->text());
+        m_copiedFiles->setString(paths.join(u'\n'));
+    }
+    layOutAboveSeparator(m_view->width());
+}
+
+void FileViewController::layOutAboveSeparator(int width)
+{
+    const int bottom = m_separatorLine->y() - kAboveSeparator;
+    int list = 0;
+    if (!m_copiedFiles->isHidden()) {
+        // A third at most is the list's, so that the first file is still seen.
+        const int lines = 1 + m_copiedFiles->document()->blockCount();
+        const int label = m_copiedFilesLabel->sizeHint().height();
+        list = qMin(lines * m_copiedFiles->fontMetrics().lineSpacing() + 2 * kMargin + label,
+                    bottom / 3);
+        m_copiedFilesLabel->setGeometry(0, bottom - list, width, label);
+        m_copiedFiles->setGeometry(0, bottom - list + label, width, list - label);
+    }
+    m_previewView->setGeometry(0, 0, width, bottom - list);
+}
+
 void FileViewController::askExistence(const QString &path)
 {
     const quint64 question = ++m_question;
@@ -110,7 +147,7 @@ void FileViewController::resizeView(const QRect &rect)
 {
     m_view->setGeometry(rect);
     layOutBelowSeparator(rect.size());
-    m_previewView->setGeometry(0, 0, rect.width(), m_separatorLine->y() - kAboveSeparator);
+    layOutAboveSeparator(rect.width());
 }
 
 void FileViewController::layOutBelowSeparator(const QSize &size)
@@ -162,6 +199,7 @@ void FileViewController::setColors(const ClipColors &colors)
 {
     m_colors = colors;
     m_previewView->setColors(colors);
+    m_copiedFiles->setColors(colors);
     m_openButton->setColors(colors);
     m_revealInFinderButton->setColors(colors);
     QPalette palette = colors.textPalette();
@@ -170,6 +208,7 @@ void FileViewController::setColors(const ClipColors &colors)
     palette.setColor(QPalette::Text, colors.quietText);
     m_filepathLabel->setPalette(palette);
     m_separatorLine->setPalette(palette);
+    m_copiedFilesLabel->setPalette(ClipColors::inkPalette(colors.quietText));
     m_fileDoesNotExistLabel->setPalette(ClipColors::inkPalette(colors.warning));
     m_warningImageView->setPixmap(WindowIcons::pixmap(QStringLiteral("warning"), kWarningExtent,
                                                       colors.warning, m_view->devicePixelRatioF()));

@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class ClipTextView;
 class FilePreview;
 class FileQuestions;
 class HistoryActions;
@@ -17,6 +18,7 @@ class PaneButton;
 class PathLabel;
 class PreviewRegistry;
 class QFrame;
+class QKeyEvent;
 class QLabel;
 class Workspace;
 
@@ -47,6 +49,11 @@ public:
     /// again whenever it changes; the buttons or the warning follow the answer.
     void setPreviewItem(const QString &path);
 
+    /// Lists the files that were copied with the one that is shown; empty for none.
+    void setCopiedFiles(const QStringList &paths);
+    /// Hidden while there is none to list.
+    ClipTextView *copiedFiles() const { return m_copiedFiles; }
+
     /// Gives the pane the frame `rect` and the preview the space above the separator.
     void resizeView(const QRect &rect);
 
@@ -54,6 +61,10 @@ public:
     void revealClicked();
 
     void setColors(const ClipColors &colors);
+
+Q_SIGNALS:
+    /// A key in the list that is neither for reading nor for copying from it.
+    void otherKeyPressed(const QKeyEvent &event);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -76,6 +87,7 @@ private:
     void layOutBelowSeparator(const QSize &size);
     void askExistence(const QString &path);
     void existenceKnown(bool exists);
+    void layOutAboveSeparator(int width);
 
     HistoryActions &m_appDelegate;
     Workspace &m_workspace;
@@ -83,6 +95,8 @@ private:
     QTimer m_forgetting; ///< From when the pane is hidden until what it has read is forgotten.
     const std::unique_ptr<QWidget> m_view; ///< Ends before the registry that its parts use.
     FilePreview *m_previewView = nullptr;
+    QLabel *m_copiedFilesLabel;
+    ClipTextView *m_copiedFiles;
     PathLabel *m_filepathLabel;
     QFrame *m_separatorLine;
     PaneButton *m_openButton;

@@ -28,13 +28,16 @@ public:
     /// Whether the history can be read but takes nothing.
     virtual bool isReadOnly() const = 0;
 
-    /// Pastes the clip at `row`, as it is, in "upper" or "lower" case, or as "plain" text without
-    /// its formatting. A negative row is no choice: it ends a swop, whose selection goes into the
-    /// history.
+    /// Pastes the clip at `row`, as it is, in "upper" or "lower" case, as "plain" text without its
+    /// formatting, or all "files" that were copied with the first. A negative row is no choice: it
+    /// ends a swop, whose selection goes into the history.
     virtual void performPaste(int row, const std::optional<QString> &format) = 0;
     /// Pastes several clips as one, in their order: copied files as files, all else as one text.
     virtual void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
                             const std::optional<QString> &format) = 0;
+    /// Puts the same on the pasteboard, pastes nothing and closes the history window, which stays
+    /// when it could not be done.
+    virtual void copyItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
     /// Opens the selected clip's file after closing the history window; nothing when it is gone.
     virtual void openFile() = 0;
     /// Shows the selected clip's file in a file browser; the history window stays open.

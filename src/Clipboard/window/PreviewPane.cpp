@@ -10,7 +10,6 @@
 
 #include <QFontInfo>
 #include <QPainter>
-#include <QScrollBar>
 
 #include <utility>
 
@@ -39,6 +38,16 @@ void PreviewPane::lookForFormatting()
 {
     m_isDue = m_rtfSource != nullptr;
     update();
+}
+
+void PreviewPane::setFound(const FoundPlaces &found)
+{
+    if (m_found == found)
+        return;
+    m_found = found;
+    m_textView->setFound(found);
+    if (isFormatted())
+        m_richTextView->showFound(found);
 }
 
 void PreviewPane::hideText()
@@ -83,14 +92,16 @@ void PreviewPane::showFormatted(std::unique_ptr<RichTextDocument> document)
     }
     if (isFormatted()) {
         m_richTextView->changeLooks(std::move(document));
+        m_richTextView->markFound(m_found);
         return;
     }
-    if (m_textView->textCursor().hasSelection() || m_textView->verticalScrollBar()->value() > 0)
+    if (m_textView->textCursor().hasSelection() || m_textView->isMoved())
         return;
     if (!m_richTextView)
         makeRichTextView();
     placeViews();
     m_richTextView->setRichText(std::move(document));
+    m_richTextView->showFound(m_found);
     if (m_textView->hasFocus())
         m_richTextView->setFocus();
     m_textView->hide();

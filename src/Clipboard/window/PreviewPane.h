@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clipboard/window/RichTextPreparation.h"
+#include "history/FoundPlaces.h"
 #include "looks/ClipColors.h"
 
 #include <QTimer>
@@ -36,6 +37,9 @@ public:
     void showText(const QString &text, RtfSource rtf);
     /// Asks again for the formatting of what is shown, which may have come late.
     void lookForFormatting();
+    /// What a search has found is marked in whatever text is shown, which begins where the first
+    /// of it stands.
+    void setFound(const FoundPlaces &found);
     /// Makes room for the preview of a file.
     void hideText();
 
@@ -69,6 +73,7 @@ private:
     RichTextView *m_richTextView = nullptr;
     ClipInfoLine *m_infoLine;
     ClipColors m_colors;
+    FoundPlaces m_found;
 
     RtfSource m_rtfSource; ///< Empty when there is nothing to ask.
     QString m_rtf;         ///< What was asked last; empty for none.

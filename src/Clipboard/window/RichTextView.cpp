@@ -1,6 +1,7 @@
 #include "Clipboard/window/RichTextView.h"
 
 #include "Clipboard/window/ClipTextView.h"
+#include "Clipboard/window/FoundMarks.h"
 #include "Clipboard/window/PacedLayout.h"
 #include "Clipboard/window/RichTextLooks.h"
 #include "looks/ScrollBars.h"
@@ -74,6 +75,28 @@ void RichTextView::changeLooks(std::unique_ptr<RichTextDocument> document)
     verticalScrollBar()->setValue(place);
 }
 
+void RichTextView::markFound(const FoundPlaces &found)
+{
+    setExtraSelections(FoundMarks::in(*document(), found, m_matchColor));
+}
+
+void RichTextView::showFound(const FoundPlaces &found)
+{
+    /// To tell where a place is, all before it is laid out at once.
+    constexpr int kMostLaidOut = 10'000;
+    markFound(found);
+    QTextCursor first(document());
+    const int start =
+        extraSelections().isEmpty() ? 0 : extraSelections().first().cursor.selectionStart();
+    if (start > kMostLaidOut)
+        return;
+    first.setPosition(start);
+    const bool isSeen = viewport()->rect().contains(cursorRect(first));
+    setTextCursor(first);
+    if (!isSeen && start > 0)
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + viewport()->height() / 2);
+}
+
 /// Whether it takes a scroll bar, by its least number of lines.
 bool RichTextView::isSurelyHigher(const QTextDocument &document) const
 {
@@ -92,6 +115,7 @@ void RichTextView::setColors(const ClipColors &colors)
     palette.setColor(QPalette::Dark, colors.separator);
     palette.setColor(QPalette::Inactive, QPalette::WindowText, colors.separator);
     setPalette(palette);
+    m_matchColor = colors.match;
     ScrollBars::makeSlim(*this, colors);
 }
 

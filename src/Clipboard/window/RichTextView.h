@@ -8,6 +8,7 @@
 
 #include <memory>
 
+class FoundPlaces;
 class PacedLayout;
 class RichTextDocument;
 
@@ -25,6 +26,11 @@ public:
     void setRichText(std::unique_ptr<RichTextDocument> document);
     /// The same text in other looks: what is marked and in sight stays so.
     void changeLooks(std::unique_ptr<RichTextDocument> document);
+
+    /// Marks what a search has found.
+    void markFound(const FoundPlaces &found);
+    /// Besides, scrolls to the first of it.
+    void showFound(const FoundPlaces &found);
 
     void setColors(const ClipColors &colors);
 
@@ -47,5 +53,6 @@ private:
     /// the application.
     QTextDocument m_blank;
     std::unique_ptr<RichTextDocument> m_document; ///< Null before the first.
-    PacedLayout *m_layout = nullptr;              ///< The document's.
+    QColor m_matchColor;
+    PacedLayout *m_layout = nullptr; ///< The document's.
 };

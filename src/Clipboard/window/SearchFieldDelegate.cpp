@@ -2,8 +2,10 @@
 
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
+#include "looks/FieldMenu.h"
 #include "platform/ModifierFlags.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 
 namespace {
@@ -88,13 +90,32 @@ std::optional<QString> SearchFieldDelegate::commandForKey(const QKeyEvent &event
     }
 }
 
+/// What is marked in the field is copied from it.
+bool SearchFieldDelegate::actByKey(const QKeyEvent &event) const
+{
+    const bool copiesText =
+        event.matches(QKeySequence::Copy) && m_viewController->searchTextField()->hasSelectedText();
+    return !copiesText && m_viewController->actByKey(event);
+}
+
 bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::ContextMenu && m_viewController &&
+        static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard &&
+        watched->property(FieldMenu::kOwnKeyboardMenu).toBool()) {
+        m_viewController->showMenu();
+        return true;
+    }
+    // The field keeps a release to itself.
+    if (event->type() == QEvent::KeyRelease && m_viewController &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt)
+        m_viewController->followAlt(false);
     if (event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     if (const std::optional<QString> command = commandForKey(*key))
         return control(*command, ModifierFlags::ofEventWithCapsLock(*key));
     return m_viewController &&
-           (m_viewController->moveByKey(*key) || m_viewController->pasteByKey(*key));
+           (m_viewController->moveByKey(*key) || m_viewController->pasteByKey(*key) ||
+            m_viewController->pickByKey(*key) || actByKey(*key));
 }

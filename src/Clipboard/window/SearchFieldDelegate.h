@@ -38,5 +38,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool actByKey(const QKeyEvent &event) const;
+
     QPointer<ViewController> m_viewController;
 };

@@ -1,6 +1,7 @@
 #include "Clipboard/window/ViewController.h"
 
 #include "Clipboard/window/ClipInfoLine.h"
+#include "Clipboard/window/ClipMenu.h"
 #include "Clipboard/window/ClipRowDelegate.h"
 #include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipTextView.h"
@@ -14,9 +15,12 @@
 #include "history/ClipItem.h"
 #include "history/SwopState.h"
 #include "looks/ClipColors.h"
+#include "looks/FieldMenu.h"
+#include "platform/FileQuestions.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSplitter>
@@ -25,7 +29,8 @@
 
 ViewController::ViewController(HistoryActions &appDelegate, const SwopState &swopState,
                                Workspace &workspace, FileQuestions &questions, Clock &clock)
-    : m_appDelegate(appDelegate), m_swopState(swopState), m_views(clock, questions),
+    : m_appDelegate(appDelegate), m_swopState(swopState), m_questions(questions),
+      m_views(clock, questions),
       m_fileViewController(std::make_unique<FileViewController>(appDelegate, workspace, questions))
 {
     viewDidLoad();
@@ -47,6 +52,8 @@ void ViewController::viewDidLoad()
     m_fileViewController->view()->hide();
     m_fileViewController->view()->setParent(m_views.textFieldView);
     connect(m_views.textFieldView, &PreviewPane::otherKeyPressed, this,
+            &ViewController::typeIntoSearchField);
+    connect(m_fileViewController.get(), &FileViewController::otherKeyPressed, this,
             &ViewController::typeIntoSearchField);
     connect(&m_appDelegate, &HistoryActions::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
@@ -163,6 +170,58 @@ void ViewController::paste(int row, const std::optional<QString> &format)
     m_appDelegate.performPaste(row, format);
 }
 
+void ViewController::copy()
+{
+    if (const std::vector<std::shared_ptr<ClipItem>> items = markedClips(); !items.empty())
+        m_appDelegate.copyItems(items);
+}
+
+bool ViewController::pickByKey(const QKeyEvent &event)
+{
+    const std::optional<int> row = m_views.clipTableView->rowOfKeyCap(event);
+    if (row)
+        paste(*row, std::nullopt);
+    return row.has_value();
+}
+
+void ViewController::showMenu(const std::optional<QPoint> &globalPosition)
+{
+    if (markedClips().empty())
+        return;
+    auto *menu = new ClipMenu(*this, m_views.mainView.get());
+    menu->popup(globalPosition ? *globalPosition : m_views.clipTableView->menuPosition());
+}
+
+bool ViewController::actByKey(const QKeyEvent &event)
+{
+    if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier)
+        return ClipMenu::actByKey(*this, event);
+    showMenu();
+    return true;
+}
+
+void ViewController::askCopiedFilesExist(QObject *context, std::function<void(bool)> answer)
+{
+    /// After which the file system counts as one that hangs.
+    constexpr std::chrono::milliseconds kLimit{2000};
+    const std::shared_ptr<ClipItem> item = itemAt(selectedRow());
+    const QStringList files = item ? item->copiedFiles() : QStringList();
+    if (files.isEmpty())
+        return;
+    m_questions.askWhether(
+        files.first(), kLimit,
+        [files](const QString &) {
+            return std::all_of(files.begin(), files.end(),
+                               [](const QString &path) { return QFileInfo::exists(path); });
+        },
+        context, std::move(answer));
+}
+
+void ViewController::followAlt(bool isHeld)
+{
+    m_views.clipTableView->setShowsKeyCaps(isHeld);
+}
+
 void ViewController::hide()
 {
     // Closing the window makes it resign, which asks to hide again.
@@ -187,6 +246,7 @@ void ViewController::clearSearch()
 {
     const QScopedValueRollback<bool> changing(m_isChangingList, true);
     m_views.searchTextField->clear();
+    m_found = FoundPlaces();
     m_appDelegate.filterClipItemArr(QString());
 }
 
@@ -262,6 +322,7 @@ void ViewController::showRow(int row, bool forceViewUpdate)
     const std::shared_ptr<ClipItem> item = list.at(static_cast<size_t>(row));
     m_views.textFieldView->infoLine()->setClipItem(item, markCount());
     speakSelection(*item, row);
+    m_views.textFieldView->setFound(m_found);
     if (m_previousClipItem && !forceViewUpdate && item == m_previousClipItem) {
         m_views.textFieldView->lookForFormatting();
         return;
@@ -275,6 +336,7 @@ void ViewController::showPreview(const std::shared_ptr<ClipItem> &item)
     QWidget *fileView = m_fileViewController->view();
     if (const std::optional<QString> path = item->filepath()) {
         m_fileViewController->setPreviewItem(*path);
+        m_fileViewController->setCopiedFiles(item->copiedFiles());
         m_views.textFieldView->hideText();
         fileView->show();
         return;
@@ -297,6 +359,8 @@ void ViewController::showEmptyPreview()
 
 void ViewController::updateEmptyState()
 {
+    // Without a clip the field's own menu is all there is.
+    m_views.searchTextField->setProperty(FieldMenu::kOwnKeyboardMenu, !getDataArray().empty());
     if (!getDataArray().empty())
         m_views.emptyStateView->hide();
     else if (m_views.searchTextField->text().isEmpty())
@@ -358,6 +422,12 @@ std::optional<QString> ViewController::filepath(int row) const
     return item ? item->filepath() : std::nullopt;
 }
 
+int ViewController::fileCount(int row) const
+{
+    const std::shared_ptr<ClipItem> item = itemAt(row);
+    return item ? item->copiedFileCount() : 0;
+}
+
 std::shared_ptr<ClipItem> ViewController::itemAt(int row) const
 {
     const auto &list = getDataArray();
@@ -380,6 +450,7 @@ void ViewController::filterDataArray(const std::optional<QString> &text)
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
         m_appDelegate.filterClipItemArr(text);
     }
+    m_found = FoundPlaces(text.value_or(QString()));
     selectRow(0);
 }
 

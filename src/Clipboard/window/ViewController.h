@@ -2,11 +2,14 @@
 
 #include "Clipboard/window/ClipMarks.h"
 #include "Clipboard/window/HistoryViews.h"
+#include "history/FoundPlaces.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QString>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -96,6 +99,21 @@ public:
     void paste();
     void paste(const QString &format);
     void paste(int row, const std::optional<QString> &format);
+    /// Puts the marked clips on the pasteboard and closes the window.
+    void copy();
+    /// Pastes the clip whose place among the rows that are seen the key tells, 1 to 9 and 0 for the
+    /// tenth; false for any other key.
+    bool pickByKey(const QKeyEvent &event);
+    /// What can be done with the selected clip, as a menu; by default beside its row.
+    void showMenu(const std::optional<QPoint> &globalPosition = {});
+    /// Opens the menu by its key, or does at once what stands in it with the key; false for any
+    /// other key.
+    bool actByKey(const QKeyEvent &event);
+    /// Whether all the files that the selected clip tells are there; `answer` is called later,
+    /// unless `context` is gone.
+    void askCopiedFilesExist(QObject *context, std::function<void(bool)> answer);
+    /// While Alt is held the rows tell the keys that paste them.
+    void followAlt(bool isHeld);
     /// Closes the window, as its user wants, and makes the history whole again.
     void hide();
     /// Ends the search and selects the first clip, once the window is hidden.
@@ -115,6 +133,11 @@ public:
     QString drawnText(int row) const;
     /// Path of the file that the row's clip copied; none for any other clip.
     std::optional<QString> filepath(int row) const;
+    /// How many files the row's clip was a copy of; 0 unless there were several.
+    int fileCount(int row) const;
+    int selectedRow() const;
+    /// Where the search has found something in the rows; empty while there is none.
+    const FoundPlaces &found() const { return m_found; }
     const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;
     void filterDataArray(const std::optional<QString> &text);
     /// Empties the search field and shows the whole history.
@@ -177,15 +200,16 @@ private:
     void updateNotice();
     void speakSelection(const ClipItem &item, int row);
     std::shared_ptr<ClipItem> itemAt(int row) const;
-    int selectedRow() const;
 
     HistoryActions &m_appDelegate;
     const SwopState &m_swopState;
+    FileQuestions &m_questions;
     HistoryViews m_views;
     SearchFieldDelegate *m_searchFieldDelegate = nullptr;
     std::unique_ptr<FileViewController> m_fileViewController;
     std::shared_ptr<ClipItem> m_previousClipItem;
     ClipMarks m_marks;
+    FoundPlaces m_found;
     QString m_openShortcutText;
     bool m_isWindowKey = false;
     bool m_isChangingList = false; ///< The change under way is our own.

@@ -181,7 +181,12 @@ bool WindowDelegate::eventFilter(QObject *watched, QEvent *event)
     case QEvent::WindowDeactivate:
         windowDeactivated();
         break;
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt)
+            m_viewController->followAlt(false);
+        break;
     case QEvent::KeyPress:
+        m_viewController->followAlt(static_cast<QKeyEvent *>(event)->key() == Qt::Key_Alt);
         if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
             cancelOperation();
             return true;

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 
@@ -27,6 +28,38 @@ TEST(ClipTextView, aTextOfUsualSizeIsShownWhole)
     EXPECT_EQ(view.toPlainText(), text);
     EXPECT_TRUE(view.moreLabel()->isHidden());
     EXPECT_TRUE(view.isReadOnly());
+}
+
+TEST(ClipTextView, whatASearchHasFoundIsMarkedAndInSight)
+{
+    ClipTextView view;
+    view.resize(400, 400);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const auto isInSight = [&view](qsizetype place) {
+        QTextCursor cursor(view.document());
+        cursor.setPosition(static_cast<int>(place));
+        return view.viewport()->rect().contains(view.cursorRect(cursor));
+    };
+    const QString lines = u"reed and sedge\n"_s.repeated(3'000);
+    const QString text = lines + u"a bittern\n"_s + lines + u"a bittern"_s;
+    view.setString(u"bittern"_s);
+    view.setFound(FoundPlaces(u"BITTERN"_s));
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+    view.setString(text);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.extraSelections().size() == 2; }));
+    EXPECT_TRUE(isInSight(lines.size() + 2));
+    EXPECT_FALSE(view.isMoved());
+    view.setFound(FoundPlaces(u"sedge"_s));
+    EXPECT_TRUE(isInSight(9));
+    view.setFound(FoundPlaces(u"bittern"_s));
+    EXPECT_TRUE(isInSight(lines.size() + 2));
+    view.verticalScrollBar()->setValue(7);
+    view.setFound(FoundPlaces(u"bitter"_s));
+    EXPECT_EQ(view.verticalScrollBar()->value(), 7) << "somebody reads there";
+    EXPECT_EQ(view.extraSelections().size(), 2);
+    view.setFound(FoundPlaces());
+    EXPECT_TRUE(view.extraSelections().isEmpty());
 }
 
 TEST(ClipTextView, aClipOfUpToAMebibyteIsShownWholeAndOfALargerOneTheBeginning)

@@ -323,6 +323,7 @@ public:
                     const std::optional<QString> &) override
     {
     }
+    void copyItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
     void openFile() override { asked.append(QStringLiteral("open")); }
     void revealInFinder() override { asked.append(QStringLiteral("reveal")); }
     void hide() override { asked.append(QStringLiteral("hide")); }
