@@ -87,8 +87,8 @@ TEST_F(ClipMenuTest, everyWayOpensItForTheClipThatIsMeant)
     EXPECT_EQ(memory.pasteboard.contents()->text, QStringLiteral("b\na.txt"));
     EXPECT_TRUE(memory.keySender.sent().isEmpty());
     EXPECT_FALSE(delegate.window()->isVisible());
-    delegate.clearAll();
     open();
+    delegate.clearAll();
     QTest::keyClick(field, Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_FALSE(menu());
 }
@@ -204,10 +204,12 @@ TEST_F(ClipMenuTest, digitsPasteTheRowsThatAreSeen)
     };
     for (const Row &row : kRows) {
         for (QWidget *keyboard : std::initializer_list<QWidget *>{field, table}) {
+            // What was pasted last is recorded by now.
+            open();
             delegate.clearAll();
             for (int i = 40; i > 0; --i)
                 add(QString::number(i));
-            open();
+            controller->selectRow(0);
             table->verticalScrollBar()->setValue(row.rowsScrolled * table->rowHeight(0));
             QString expected = QLatin1String(row.pasted ? row.pasted : "");
             if (row.rowsScrolled == 100)
@@ -222,9 +224,8 @@ TEST_F(ClipMenuTest, digitsPasteTheRowsThatAreSeen)
             controller->hide();
         }
     }
-    add(QStringLiteral("only"));
-    delegate.maxItemsModified(1);
     open();
+    delegate.maxItemsModified(1);
     QTest::keyClick(field, Qt::Key_2, Qt::AltModifier);
     EXPECT_TRUE(delegate.window()->isVisible()) << "no such row";
 }
