@@ -30,6 +30,15 @@ struct Clip : Copy
     {
         return fileNames.isEmpty() ? std::nullopt : std::optional(fileNames.first());
     }
+
+    /// Memory that what is stored of its texts takes, in bytes.
+    qint64 storedBytes() const
+    {
+        qint64 characters = text ? text->size() : 0;
+        for (const CopyFormat &format : storedFormats())
+            characters += this->*format.source ? (this->*format.source)->size() : 0;
+        return characters * static_cast<qint64>(sizeof(QChar));
+    }
 };
 
 /// What a save writes of one record.
@@ -40,4 +49,9 @@ struct ClipChange
     std::optional<Clip> clip;
     double createDate = 0; ///< Seconds since 1970 UTC; written with the clip.
     std::optional<qint32> pasteCount;
+    std::optional<bool> isPinned; ///< Absent when it is as it was.
+
+    // Of a clip that was deleted and comes back
+    qint64 formerPk = 0;      ///< Its key again, unless another record has it by now; else 0.
+    std::optional<qint64> id; ///< As in the record that it had.
 };

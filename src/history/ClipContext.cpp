@@ -8,6 +8,7 @@
 #include <limits>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -105,6 +106,9 @@ std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
             item->m_createDate = row.createDate;
             item->m_hasFilepath = row.hasFilepath;
         }
+        // Pins that cannot be read are as they were.
+        if (m_store.arePinsKnown() && !(item->m_unsaved && item->m_unsaved->isPinned))
+            item->m_isPinned = row.isPinned;
         fetched.items.push_back(item);
     }
     for (const auto &[pk, item] : knownByPk)
@@ -143,6 +147,13 @@ void ClipContext::setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pa
     item->m_unsaved->pasteCount = pasteCount;
 }
 
+void ClipContext::setPinned(const std::shared_ptr<ClipItem> &item, bool isPinned)
+{
+    touch(item);
+    item->m_unsaved->isPinned = isPinned;
+    item->m_isPinned = isPinned;
+}
+
 void ClipContext::touch(const std::shared_ptr<ClipItem> &item)
 {
     if (!item->m_unsaved) {
@@ -160,6 +171,55 @@ void ClipContext::keepText(const std::shared_ptr<ClipItem> &item)
         item->m_unsaved = std::make_unique<ClipChange>();
     if (!item->m_unsaved->clip)
         item->m_unsaved->clip = Clip(text, {}, {}, {});
+}
+
+std::optional<std::vector<ClipChange>> ClipContext::records(const Items &items, qint64 limit)
+{
+    std::vector<qint64> pks;
+    for (const std::shared_ptr<ClipItem> &item : items) {
+        if (item->m_pk != 0)
+            pks.push_back(item->m_pk);
+    }
+    std::optional<std::vector<ClipChange>> stored = m_store.readRecords(pks, limit);
+    if (!stored)
+        return std::nullopt;
+    std::vector<ClipChange> records;
+    auto next = stored->begin();
+    for (const std::shared_ptr<ClipItem> &item : items) {
+        const bool isStored =
+            item->m_pk != 0 && next != stored->end() && next->formerPk == item->m_pk;
+        if (!isStored && !item->unsavedClip())
+            continue;
+        ClipChange record = isStored ? std::move(*next++) : ClipChange();
+        if (const Clip *clip = item->unsavedClip()) {
+            record.clip = *clip;
+            record.createDate = item->m_createDate;
+        }
+        if (item->m_unsaved && item->m_unsaved->pasteCount)
+            record.pasteCount = item->m_unsaved->pasteCount;
+        if (item->m_isPinned)
+            record.isPinned = true;
+        records.push_back(std::move(record));
+    }
+    return records;
+}
+
+std::shared_ptr<ClipItem> ClipContext::restore(const ClipChange &record)
+{
+    const std::shared_ptr<ClipItem> item = insert();
+    touch(item);
+    *item->m_unsaved = record;
+    item->m_createDate = record.createDate;
+    item->m_hasFilepath = record.clip->filepath().has_value();
+    item->m_hasText = record.clip->text.has_value();
+    item->m_isPinned = record.isPinned.value_or(false);
+    return item;
+}
+
+ClipChange ClipContext::withdraw(const std::shared_ptr<ClipItem> &item)
+{
+    letGo(item);
+    return std::move(*std::exchange(item->m_unsaved, nullptr));
 }
 
 void ClipContext::remove(const std::shared_ptr<ClipItem> &item)
@@ -200,8 +260,9 @@ void ClipContext::save()
         ClipItem &item = *m_changed[i];
         item.m_pk = changes[i].pk;
         m_details.remove(item.m_pk);
-        if (changes[i].clip)
+        if (changes[i].clip && changes[i].clip->text)
             rememberText(item.m_pk, *changes[i].clip->text);
+        item.m_isPinned = changes[i].isPinned.value_or(item.m_isPinned);
         item.m_unsaved.reset();
     }
     m_changed.clear();

@@ -41,9 +41,17 @@ public:
     /// `createDate` in seconds since 1970 UTC.
     void setClip(const std::shared_ptr<ClipItem> &item, const Clip &clip, double createDate);
     void setPasteCount(const std::shared_ptr<ClipItem> &item, qint32 pasteCount);
+    void setPinned(const std::shared_ptr<ClipItem> &item, bool isPinned);
     void remove(const std::shared_ptr<ClipItem> &item);
     /// As remove(), of a clip whose record is gone already.
     void letGo(const std::shared_ptr<ClipItem> &item);
+    /// The whole of clips as what would record them again; absent when they cannot be read or their
+    /// texts take more than `limit` bytes.
+    std::optional<std::vector<ClipChange>> records(const Items &items, qint64 limit);
+    /// A clip that was deleted, as such a record tells it.
+    std::shared_ptr<ClipItem> restore(const ClipChange &record);
+    /// A restored clip that is not saved goes again; what it was restored from.
+    ClipChange withdraw(const std::shared_ptr<ClipItem> &item);
     /// The clip keeps its text in memory, so that it can be asked for after its removal.
     void keepText(const std::shared_ptr<ClipItem> &item);
 

@@ -149,8 +149,8 @@ void ClipHistory::addToClipList(const Clip &clip)
     // clip goes, also when this one was there already. Deliberate.
     const qint64 shown =
         static_cast<qint64>(clipItemArr().size()) - (m_shown == &m_history && isNew ? 1 : 0);
-    if (shown >= m_settings.getMaxItems() && m_history.back() != item)
-        removeOldest();
+    if (shown >= m_settings.getMaxItems())
+        removeOldest(item);
     saveContext();
     loadClipItems();
     keepHtml(clip, item);
@@ -228,74 +228,34 @@ void ClipHistory::putInOrder(const std::shared_ptr<ClipItem> &item)
     m_history.insert(std::lower_bound(m_history.begin(), m_history.end(), item, isNewer), item);
 }
 
-void ClipHistory::removeOldest()
+/// Pinned clips are passed over, and what was just added stays.
+void ClipHistory::removeOldest(const std::shared_ptr<ClipItem> &added)
 {
-    const std::shared_ptr<ClipItem> oldest = m_history.back();
-    m_history.pop_back();
+    // While the store does not tell its pins, any clip may be pinned.
+    if (!m_context.store().arePinsKnown())
+        return;
+    const auto found =
+        std::find_if(m_history.rbegin(), m_history.rend(),
+                     [](const std::shared_ptr<ClipItem> &item) { return !item->isPinned(); });
+    if (found == m_history.rend() || *found == added)
+        return;
+    const std::shared_ptr<ClipItem> oldest = *found;
+    m_history.erase(std::next(found).base());
     forget(oldest);
     if (!m_logTimer.isActive())
         m_logTimer.start();
 }
 
-void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
+void ClipHistory::setPinned(const Items &items, bool isPinned)
 {
-    if (item == m_lastClipItem)
-        m_context.keepText(item);
-    m_context.remove(item);
-    m_index.remove(*item);
-}
-
-void ClipHistory::deleteItems(Items items)
-{
-    const Items &shown = clipItemArr();
-    std::erase_if(items, [&](const std::shared_ptr<ClipItem> &item) {
-        return std::find(shown.begin(), shown.end(), item) == shown.end();
-    });
-    deleteClips(items);
-}
-
-void ClipHistory::deleteClips(const Items &items)
-{
-    if (items.empty() || refusesChange())
+    if (refusesChange())
         return;
-    for (const std::shared_ptr<ClipItem> &deleted : items) {
-        std::erase(m_history, deleted);
-        std::erase(m_found, deleted);
-        forget(deleted);
+    for (const std::shared_ptr<ClipItem> &item : items) {
+        if (item->isInHistory())
+            m_context.setPinned(item, isPinned);
     }
     saveContext();
-    emptyLog();
     Q_EMIT clipItemArrChanged();
-}
-
-void ClipHistory::clearAll()
-{
-    if (refusesChange())
-        return;
-    // What a search hides goes too, and what another program has added.
-    loadClipItems();
-    maxItemsModified(0);
-    m_context.store().vacuum();
-    emptyLog();
-}
-
-void ClipHistory::maxItemsModified(qint64 maxItems)
-{
-    if (refusesChange())
-        return;
-    const Items shown = clipItemArr();
-    const auto kept = static_cast<std::size_t>(std::max<qint64>(maxItems, 0));
-    const bool isTooLong = shown.size() > kept;
-    if (isTooLong) {
-        std::for_each(shown.begin() + static_cast<std::ptrdiff_t>(kept), shown.end(),
-                      [this](const std::shared_ptr<ClipItem> &item) { forget(item); });
-        std::erase_if(m_history,
-                      [](const std::shared_ptr<ClipItem> &item) { return !item->isInHistory(); });
-    }
-    saveContext();
-    loadClipItems();
-    if (isTooLong)
-        emptyLog();
 }
 
 void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)
@@ -304,8 +264,11 @@ void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)
         return;
     // A search that finds everything shows the history itself; an empty one needs no look at clips
     // to know that it does.
-    const bool findsAll = m_isFetched && searchText->isEmpty() && !m_hasTextless;
+    const bool findsAll = m_isFetched && searchText->isEmpty() && !m_hasTextless && !m_isPinnedOnly;
     Items found = findsAll ? Items() : searchClipItem(*searchText);
+    if (m_isPinnedOnly)
+        std::erase_if(found,
+                      [](const std::shared_ptr<ClipItem> &item) { return !item->isPinned(); });
     const bool isNarrow = !findsAll && found.size() != m_history.size();
     m_found = isNarrow ? std::move(found) : Items();
     m_shown = isNarrow ? &m_found : &m_history;

@@ -2,6 +2,7 @@
 
 #include "history/ClipContext.h"
 #include "history/ClipIndex.h"
+#include "history/DeletedClips.h"
 #include "history/RichTextMaker.h"
 
 #include <QObject>
@@ -78,8 +79,20 @@ public:
     void deleteClips(const Items &items);
     /// Deletes every clip of the history, whatever a search shows of it.
     void clearAll();
-    /// Shrinks the list to at most `maxItems` clips by deleting its oldest.
+    /// Shrinks the list to at most `maxItems` clips by deleting its oldest, except pinned ones.
     void maxItemsModified(qint64 maxItems);
+
+    /// What deleteItems() and clearAll() took last, and can be brought back.
+    DeletedClips &deletedClips() { return m_deletedClips; }
+    /// Takes the latest deletion back: the history is as if it had not been, with what was copied
+    /// and with the limit as it is now.
+    BroughtBack bringBack();
+
+    /// Pins clips, which trimming then passes over, or takes their pins, and saves. What is in the
+    /// history no more is ignored.
+    void setPinned(const Items &items, bool isPinned);
+    /// From the next filterClipItemArr() on, only pinned clips are found.
+    void setPinnedOnly(bool isOn) { m_isPinnedOnly = isOn; }
 
     /// Makes the list the search's result; an absent text leaves it as it is.
     void filterClipItemArr(const std::optional<QString> &searchText);
@@ -105,9 +118,13 @@ private:
     std::shared_ptr<ClipItem> newestWithText(const QString &text);
     void putInOrder(const std::shared_ptr<ClipItem> &item);
     double stamp() const;
-    void removeOldest();
+    void removeOldest(const std::shared_ptr<ClipItem> &added);
+    void deleteAndLoad(const Items &items);
     void keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &item);
     void forget(const std::shared_ptr<ClipItem> &item);
+    void hold(const Items &items);
+    bool isThereAgain(const ClipChange &deleted);
+    std::vector<ClipChange> trimmed(Items &restored, const DeletedClips::Step &step);
     void workWhileIdle();
     void emptyLog();
 
@@ -118,9 +135,11 @@ private:
     bool m_isFetched = false;
     bool m_hasTextless = false; ///< Whether there may be clips without a text.
     Items m_history;            ///< Every clip, newest first.
+    bool m_isPinnedOnly = false;
     Items m_found;
     const Items *m_shown = &m_found; ///< The list: m_history or m_found.
     std::shared_ptr<ClipItem> m_lastClipItem;
+    DeletedClips m_deletedClips;
     RichTextMaker m_richTextMaker;
     QTimer m_idleTimer; ///< Fires while there is nothing else to do.
     QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.

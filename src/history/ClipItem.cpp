@@ -79,10 +79,16 @@ bool ClipItem::isNewerThan(const ClipItem &other) const
         return hasDate;
     if (hasDate && m_createDate != other.m_createDate)
         return m_createDate > other.m_createDate;
-    // A record gets the highest key when it is saved.
-    if ((m_pk == 0) != (other.m_pk == 0))
-        return m_pk == 0;
-    return m_pk > other.m_pk;
+    return rank() > other.rank();
+}
+
+qint64 ClipItem::rank() const
+{
+    if (m_pk != 0)
+        return m_pk;
+    // A new record gets the highest key when it is saved.
+    return m_unsaved && m_unsaved->formerPk != 0 ? m_unsaved->formerPk
+                                                 : std::numeric_limits<qint64>::max();
 }
 
 QString ClipItem::drawnText() const

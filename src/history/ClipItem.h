@@ -49,6 +49,8 @@ public:
     qint64 recordKey() const { return m_pk; }
     bool hasText() const { return m_hasText; }
     bool hasFilepath() const { return m_hasFilepath; }
+    /// Whether trimming passes it over.
+    bool isPinned() const { return m_isPinned; }
     /// Seconds since 1970 UTC; NaN when absent.
     double createSeconds() const { return m_createDate; }
     /// The newer clip goes first; of one date the later record, and what has no date last.
@@ -66,6 +68,8 @@ public:
 
 private:
     const Clip *unsavedClip() const;
+    /// What of two clips of one date tells the newer one.
+    qint64 rank() const;
 
     friend class ClipContext;
     friend class ClipIndex;
@@ -89,4 +93,5 @@ private:
     Text m_text = Text::Unknown;
     bool m_hasFilepath = false;
     bool m_hasText = false;
+    bool m_isPinned = false;
 };

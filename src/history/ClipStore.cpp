@@ -1,5 +1,6 @@
 #include "history/ClipStore.h"
 
+#include "history/ClipPins.h"
 #include "history/HistoryLog.h"
 #include "history/LogCarrier.h"
 #include "history/StoreModel.h"
@@ -51,7 +52,7 @@ std::vector<qint64> pksWhere(SQLite::Database &database, const char *condition)
     return pks;
 }
 
-using Value = std::variant<double, qint32, std::optional<QString>>;
+using Value = std::variant<double, qint32, qint64, std::optional<QString>>;
 using Column = std::pair<std::string, Value>;
 
 std::vector<Column> columnsOf(const ClipChange &change)
@@ -59,6 +60,8 @@ std::vector<Column> columnsOf(const ClipChange &change)
     std::vector<Column> columns;
     if (change.pasteCount)
         columns.emplace_back("pasteCount", *change.pasteCount);
+    if (change.id)
+        columns.emplace_back("id", *change.id);
     if (!change.clip)
         return columns;
     columns.emplace_back("createDate", change.createDate);
@@ -71,20 +74,50 @@ std::vector<Column> columnsOf(const ClipChange &change)
     return columns;
 }
 
+/// Of a row with the columns of readRecords().
+ClipChange recordOf(SQLite::Statement &query)
+{
+    ClipChange record;
+    if (!query.getColumn(0).isNull())
+        record.id = query.getColumn(0).getInt64();
+    if (!query.getColumn(1).isNull())
+        record.pasteCount = query.getColumn(1).getInt();
+    record.createDate = dateOf(query.getColumn(2));
+    record.clip = Clip(textOf(query.getColumn(5)), {}, textOf(query.getColumn(3)),
+                       textOf(query.getColumn(4)));
+    int column = 5;
+    for (const CopyFormat &format : storedFormats())
+        (*record.clip).*format.source = textOf(query.getColumn(++column));
+    return record;
+}
+
 void bind(SQLite::Statement &statement, int index, const Value &value)
 {
     if (const auto *date = std::get_if<double>(&value))
         statement.bind(index, *date);
     else if (const auto *count = std::get_if<qint32>(&value))
         statement.bind(index, *count);
+    else if (const auto *number = std::get_if<qint64>(&value))
+        statement.bind(index, static_cast<std::int64_t>(*number));
     else if (const auto &text = std::get<std::optional<QString>>(value))
         statement.bind(index, text->toStdString());
+}
+
+bool isTaken(SQLite::Database &database, qint64 pk)
+{
+    SQLite::Statement query(database, "SELECT 1 FROM ClipItem WHERE pk = ?");
+    query.bind(1, static_cast<std::int64_t>(pk));
+    return query.executeStep();
 }
 
 /// Writes one record; the key of the record written.
 qint64 writeChange(SQLite::Database &database, const ClipChange &change)
 {
-    const std::vector<Column> columns = columnsOf(change);
+    std::vector<Column> columns = columnsOf(change);
+    if (change.formerPk != 0 && !isTaken(database, change.formerPk))
+        columns.emplace_back("pk", change.formerPk);
+    if (columns.empty())
+        return change.pk;
     std::string names;
     std::string places;
     for (const auto &[name, value] : columns) {
@@ -167,6 +200,7 @@ std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
         const int version = dataVersion();
         const std::vector<qint64> files = pksWhere(database(), "filepath IS NOT NULL");
         const std::vector<qint64> textless = pksWhere(database(), "strValue IS NULL");
+        const std::vector<qint64> pinned = readPins();
         std::vector<Row> rows;
         SQLite::Statement query(database(),
                                 "SELECT pk, createDate FROM ClipItem ORDER BY createDate, pk");
@@ -174,13 +208,26 @@ std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
             const qint64 pk = query.getColumn(0).getInt64();
             rows.push_back({pk, dateOf(query.getColumn(1)),
                             std::binary_search(files.begin(), files.end(), pk),
-                            !std::binary_search(textless.begin(), textless.end(), pk)});
+                            !std::binary_search(textless.begin(), textless.end(), pk),
+                            std::binary_search(pinned.begin(), pinned.end(), pk)});
         }
         m_readVersion = version;
         return rows;
     } catch (const SQLite::Exception &exception) {
         logUnreadable(exception);
         return std::nullopt;
+    }
+}
+
+std::vector<qint64> ClipStore::readPins()
+{
+    try {
+        m_arePinsKnown = true;
+        return ClipPins::read(database());
+    } catch (const SQLite::Exception &exception) {
+        m_arePinsKnown = false;
+        logUnreadable(exception);
+        return {};
     }
 }
 
@@ -237,6 +284,35 @@ std::optional<QString> ClipStore::readText(qint64 pk, const char *attribute)
     }
 }
 
+std::optional<std::vector<ClipChange>> ClipStore::readRecords(const std::vector<qint64> &pks,
+                                                              qint64 limit)
+{
+    std::string columns = "id, pasteCount, createDate, applicationName, filepath, strValue";
+    for (const CopyFormat &format : storedFormats())
+        columns += std::string(", ") + format.attribute;
+    std::vector<ClipChange> records;
+    records.reserve(pks.size());
+    try {
+        SQLite::Statement query(database(), "SELECT " + columns + " FROM ClipItem WHERE pk = ?");
+        for (const qint64 pk : pks) {
+            query.reset();
+            query.bind(1, static_cast<std::int64_t>(pk));
+            if (!query.executeStep())
+                continue;
+            ClipChange record = recordOf(query);
+            record.formerPk = pk;
+            limit -= record.clip->storedBytes();
+            if (limit < 0)
+                return std::nullopt;
+            records.push_back(std::move(record));
+        }
+        return records;
+    } catch (const SQLite::Exception &exception) {
+        logUnreadable(exception);
+        return std::nullopt;
+    }
+}
+
 std::optional<ClipStore::TextStart> ClipStore::readTextStart(qint64 pk, qint64 limit)
 {
     if (!m_textReader)
@@ -266,12 +342,40 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
         std::vector<qint64> pks;
         std::transform(changes.begin(), changes.end(), std::back_inserter(pks),
                        [&](const ClipChange &change) { return writeChange(database(), change); });
-        transaction.commit();
+        std::vector<std::optional<bool>> pins;
         for (std::size_t i = 0; i < changes.size(); ++i)
+            pins.push_back(changes[i].isPinned
+                               ? std::optional(writePin(pks[i], *changes[i].isPinned))
+                               : std::nullopt);
+        transaction.commit();
+        for (std::size_t i = 0; i < changes.size(); ++i) {
             changes[i].pk = pks[i];
+            changes[i].isPinned = pins[i];
+        }
         return std::nullopt;
     } catch (const SQLite::Exception &exception) {
         return StoreError::ofSqlite(exception.getErrorCode(), QString::fromUtf8(exception.what()));
+    }
+}
+
+/// Whether the clip is pinned then.
+bool ClipStore::writePin(qint64 pk, bool isPinned)
+{
+    try {
+        ClipPins::write(database(), pk, isPinned);
+        return isPinned;
+    } catch (const SQLite::Exception &exception) {
+        switch (exception.getErrorCode()) {
+        case SQLITE_ERROR:
+        case SQLITE_MISMATCH:
+        case SQLITE_CONSTRAINT:
+        case SQLITE_CORRUPT:
+            // Tried again it would fail again, and every clip of the same save with it.
+            qCWarning(lcHistory, "The pin could not be kept: %s", exception.what());
+            return false;
+        default:
+            throw;
+        }
     }
 }
 

@@ -31,6 +31,7 @@ public:
         double createDate; ///< Seconds since 1970 UTC; NaN when absent.
         bool hasFilepath;
         bool hasText;
+        bool isPinned;
     };
 
     /// Everything that is short; it means what it means in ClipItem.
@@ -61,19 +62,26 @@ public:
 
     /// Every record, oldest first; absent when they cannot be read.
     std::optional<std::vector<Row>> readRows();
+    /// Whether the last readRows() could read the pins; else every row is told as not pinned.
+    bool arePinsKnown() const { return m_arePinsKnown; }
     /// Whether another program has changed the store since the last readRows().
     bool isChangedByOthers();
 
     /// Empty for a record that is not there.
     Details readDetails(qint64 pk);
     std::optional<QString> readText(qint64 pk, const char *attribute = "strValue");
+    /// Whole records, in the order of `pks`, as changes that would write them; those that are gone
+    /// are left out. Absent when they cannot be read or their texts take more than `limit` bytes.
+    std::optional<std::vector<ClipChange>> readRecords(const std::vector<qint64> &pks,
+                                                       qint64 limit);
     /// At most `limit` bytes of the text, however long it is; absent when there is no text.
     std::optional<TextStart> readTextStart(qint64 pk, qint64 limit);
     /// Ends a series of readTextStart(), which keeps the record open for the next.
     void closeTextStart();
 
     /// Writes everything or nothing, in one transaction. Absent when it succeeded; the keys of new
-    /// records are filled in then.
+    /// records are filled in then. A pin that the store has no place for is logged and told as
+    /// none: no clip is lost for it.
     [[nodiscard]] std::optional<StoreError> write(std::vector<ClipChange> &changes,
                                                   const std::vector<qint64> &deletedPks);
 
@@ -90,6 +98,8 @@ private:
     class TextReader;
 
     SQLite::Database &database();
+    std::vector<qint64> readPins();
+    bool writePin(qint64 pk, bool isPinned);
     int dataVersion();
 
     const StoreModel m_model{};
@@ -98,4 +108,5 @@ private:
     std::unique_ptr<LogCarrier> m_logCarrier;     ///< Likewise.
     std::unique_ptr<TextReader> m_textReader;
     int m_readVersion = 0; ///< The store's data version at the last readRows().
+    bool m_arePinsKnown = true;
 };

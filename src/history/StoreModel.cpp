@@ -1,5 +1,6 @@
 #include "history/StoreModel.h"
 
+#include "history/ClipPins.h"
 #include "platform/Copy.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -134,8 +135,9 @@ StoreModel::Fit fitOf(SQLite::Database &database, const std::vector<Column> &col
     const std::vector<Attribute> wanted = attributes();
     if (!std::all_of(wanted.begin(), wanted.end(), hasColumn))
         return StoreModel::Fit::Adaptable;
-    return std::all_of(kIndexes.begin(), kIndexes.end(), hasIndex) ? StoreModel::Fit::Ready
-                                                                   : StoreModel::Fit::Readable;
+    return std::all_of(kIndexes.begin(), kIndexes.end(), hasIndex) && ClipPins::isWhole(database)
+               ? StoreModel::Fit::Ready
+               : StoreModel::Fit::Readable;
 }
 
 } // namespace
@@ -177,6 +179,7 @@ void StoreModel::adapt(SQLite::Database &database)
     }
     for (const Attribute &index : kIndexes)
         database.exec(std::string("CREATE INDEX IF NOT EXISTS ") + index.name + " " + index.type);
+    ClipPins::repair(database);
     database.exec("PRAGMA user_version = " + std::to_string(kMajorVersion));
     transaction.commit();
 }

@@ -18,7 +18,7 @@ public:
 
     enum class Fit {
         Ready,     ///< Nothing to change.
-        Readable,  ///< Only what makes reading fast is missing.
+        Readable,  ///< Only what makes reading fast is missing, or what keeps pins in order.
         Adaptable, ///< Empty, or something is missing that can be added.
     };
 

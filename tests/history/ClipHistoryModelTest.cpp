@@ -22,6 +22,7 @@ public:
         QString text;
         QString filepath; ///< Empty for a text.
         qint64 date;      ///< Microseconds.
+        bool isPinned = false;
     };
 
     void load()
@@ -38,11 +39,13 @@ public:
         const auto same = std::find_if(clips.begin(), clips.end(),
                                        [&](const Clip &clip) { return clip.text == text; });
         const qint64 date = clips.empty() ? now : std::max(now, clips.front().date + 1);
-        const Clip added{same == clips.end() ? ++m_records : same->record, text, filepath, date};
+        const bool isNew = same == clips.end();
+        const Clip added{isNew ? ++m_records : same->record, text, filepath, date,
+                         !isNew && same->isPinned};
         remove(added.record);
         m_table.push_back(added);
         if (static_cast<int>(shown.size()) >= maxItems)
-            remove(newestFirst().back().record);
+            removeOldest(added.record);
         load();
     }
 
@@ -76,8 +79,17 @@ public:
     void shrink(std::size_t maxItems)
     {
         for (std::size_t i = maxItems; i < shown.size(); ++i)
-            remove(shown[i].record);
+            if (!shown[i].isPinned || maxItems == 0)
+                remove(shown[i].record);
         load();
+    }
+
+    void togglePin(std::size_t row)
+    {
+        const bool isPinned = shown[row].isPinned = !shown[row].isPinned;
+        for (Clip &clip : m_table)
+            if (clip.record == shown[row].record)
+                clip.isPinned = isPinned;
     }
 
     std::vector<Clip> shown;
@@ -91,6 +103,14 @@ private:
             return std::pair(one.date, one.record) > std::pair(other.date, other.record);
         });
         return clips;
+    }
+    void removeOldest(int added)
+    {
+        const std::vector<Clip> clips = newestFirst();
+        const auto oldest = std::find_if(clips.rbegin(), clips.rend(),
+                                         [](const Clip &clip) { return !clip.isPinned; });
+        if (oldest != clips.rend() && oldest->record != added)
+            remove(oldest->record);
     }
     void remove(int record)
     {
@@ -111,7 +131,7 @@ public:
 
     void step()
     {
-        const int kind = pick(20);
+        const int kind = pick(24);
         if (kind < 10)
             add();
         else if (kind < 14)
@@ -122,6 +142,10 @@ public:
             shrink();
         else if (kind == 18)
             load();
+        else if (kind < 21)
+            togglePin();
+        else if (kind < 23)
+            deleteAndBringBack();
         else
             restart();
         compare();
@@ -170,6 +194,32 @@ private:
         m_naive.deleteRow(row);
     }
 
+    void togglePin()
+    {
+        if (m_naive.shown.empty())
+            return;
+        const auto row = static_cast<std::size_t>(pick(static_cast<int>(m_naive.shown.size())));
+        m_rig->history.setPinned({m_rig->at(row)}, !m_rig->at(row)->isPinned());
+        m_naive.togglePin(row);
+    }
+
+    /// As if nothing had been.
+    void deleteAndBringBack()
+    {
+        m_rig->history.deletedClips().clear();
+        const bool isAll = pick(2) == 0;
+        if (isAll) {
+            m_rig->history.clearAll();
+        } else {
+            ClipHistory::Items some = m_rig->history.clipItemArr();
+            std::erase_if(some, [this](const auto &) { return pick(2) == 0; });
+            m_rig->history.deleteItems(some);
+        }
+        if (isAll || m_rig->history.deletedClips().count() > 0)
+            m_naive.load();
+        m_rig->history.bringBack();
+    }
+
     void shrink()
     {
         const int maxItems = pick(12);
@@ -207,6 +257,7 @@ private:
             ASSERT_EQ(shown[row]->strValue(), expected.text) << "row " << row;
             ASSERT_EQ(shown[row]->filepath().value_or(QString()), expected.filepath)
                 << "row " << row;
+            ASSERT_EQ(shown[row]->isPinned(), expected.isPinned) << "row " << row;
             ASSERT_EQ(shown[row]->createDate()->toMSecsSinceEpoch(), (expected.date + 500) / 1000);
         }
         const auto &last = m_rig->history.lastClipItem();
