@@ -394,6 +394,14 @@
         <source>Actions for the clip</source>
         <translation>إجراءات القصاصة</translation>
     </message>
+    <message>
+        <source>Unpin</source>
+        <translation>إلغاء التثبيت</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>تثبيت</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -466,6 +474,10 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 من %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned</source>
+        <translation>%1 من %2، مثبّتة</translation>
     </message>
 </context>
 <context>
@@ -604,6 +616,16 @@ Press %1 to come back to it.</source>
 file: lists copied files.</source>
         <translation>تعني * أي نص وتعني ? محرفًا واحدًا؛
 وتعرض file: الملفات المنسوخة.</translation>
+    </message>
+    <message>
+        <source>Nothing pinned yet</source>
+        <translation>لم يُثبَّت شيء بعد</translation>
+    </message>
+    <message>
+        <source>Ctrl+D pins the selected clip, so that it stays;
+Ctrl+Shift+D lists all clips again.</source>
+        <translation>‏Ctrl+D يثبّت القصاصة المحددة لتبقى؛
+‏Ctrl+Shift+D يعرض كل القصاصات من جديد.</translation>
     </message>
 </context>
 <context>
@@ -1332,6 +1354,18 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>Clear search</source>
         <translation>مسح البحث</translation>
     </message>
+    <message>
+        <source>Pinned clips only</source>
+        <translation>القصاصات المثبّتة فقط</translation>
+    </message>
+    <message>
+        <source>Pinned clips only (Ctrl+Shift+D)</source>
+        <translation>القصاصات المثبّتة فقط (Ctrl+Shift+D)</translation>
+    </message>
+    <message>
+        <source>Search pinned clips</source>
+        <translation>البحث في القصاصات المثبّتة</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutNote</name>
@@ -1795,6 +1829,25 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Nothing is recorded: the history cannot be written</source>
         <translation>لا يُسجَّل شيء: تتعذر الكتابة في السجل</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned: %3</source>
+        <translation>%1 من %2، مثبّتة: %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>لم تبق قصاصات محذوفة بلا مكان: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع قصاصة محذوفة واحدة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع قصاصتان محذوفتان: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصات محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>حُذفت · Ctrl+Z يعيدها</translation>
     </message>
 </context>
 <context>

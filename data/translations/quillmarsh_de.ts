@@ -362,6 +362,14 @@
         <source>Actions for the clip</source>
         <translation>Aktionen für den Clip</translation>
     </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Lösen</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anheften</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -434,6 +442,10 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned</source>
+        <translation>%1 von %2, angeheftet</translation>
     </message>
 </context>
 <context>
@@ -564,6 +576,16 @@ Mit %1 kommen Sie darauf zurück.</translation>
 file: lists copied files.</source>
         <translation>* steht für beliebigen Text und ? für ein Zeichen;
 file: zeigt kopierte Dateien.</translation>
+    </message>
+    <message>
+        <source>Nothing pinned yet</source>
+        <translation>Noch nichts angeheftet</translation>
+    </message>
+    <message>
+        <source>Ctrl+D pins the selected clip, so that it stays;
+Ctrl+Shift+D lists all clips again.</source>
+        <translation>Strg+D heftet den gewählten Clip an, damit er bleibt;
+Strg+Umschalt+D zeigt wieder alle Clips.</translation>
     </message>
 </context>
 <context>
@@ -1272,6 +1294,18 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
         <source>Clear search</source>
         <translation>Suche leeren</translation>
     </message>
+    <message>
+        <source>Pinned clips only</source>
+        <translation>Nur angeheftete Clips</translation>
+    </message>
+    <message>
+        <source>Pinned clips only (Ctrl+Shift+D)</source>
+        <translation>Nur angeheftete Clips (Strg+Umschalt+D)</translation>
+    </message>
+    <message>
+        <source>Search pinned clips</source>
+        <translation>Angeheftete Clips durchsuchen</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutNote</name>
@@ -1735,6 +1769,21 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Nothing is recorded: the history cannot be written</source>
         <translation>Es wird nichts aufgezeichnet: Der Verlauf lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned: %3</source>
+        <translation>%1 von %2, angeheftet: %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln gelöschter Clip passte nicht: Der Verlauf behält höchstens %1</numerusform>
+            <numerusform>%Ln gelöschte Clips passten nicht: Der Verlauf behält höchstens %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>Gelöscht · Strg+Z holt es zurück</translation>
     </message>
 </context>
 <context>

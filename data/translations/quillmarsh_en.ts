@@ -136,4 +136,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>ViewController</name>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln deleted clip did not fit: the history keeps %1 at most</numerusform>
+            <numerusform>%Ln deleted clips did not fit: the history keeps %1 at most</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -362,6 +362,14 @@
         <source>Actions for the clip</source>
         <translation>Acciones para el recorte</translation>
     </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Dejar de fijar</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Fijar</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -434,6 +442,10 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned</source>
+        <translation>%1 de %2, fijado</translation>
     </message>
 </context>
 <context>
@@ -564,6 +576,16 @@ Pulse %1 para volver a ello.</translation>
 file: lists copied files.</source>
         <translation>* equivale a cualquier texto y ? a un carácter;
 file: muestra los archivos copiados.</translation>
+    </message>
+    <message>
+        <source>Nothing pinned yet</source>
+        <translation>Aún no hay nada fijado</translation>
+    </message>
+    <message>
+        <source>Ctrl+D pins the selected clip, so that it stays;
+Ctrl+Shift+D lists all clips again.</source>
+        <translation>Ctrl+D fija el recorte seleccionado para que se quede;
+Ctrl+Mayús+D vuelve a mostrar todos los recortes.</translation>
     </message>
 </context>
 <context>
@@ -1272,6 +1294,18 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
         <source>Clear search</source>
         <translation>Borrar la búsqueda</translation>
     </message>
+    <message>
+        <source>Pinned clips only</source>
+        <translation>Solo recortes fijados</translation>
+    </message>
+    <message>
+        <source>Pinned clips only (Ctrl+Shift+D)</source>
+        <translation>Solo recortes fijados (Ctrl+Mayús+D)</translation>
+    </message>
+    <message>
+        <source>Search pinned clips</source>
+        <translation>Buscar en los recortes fijados</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutNote</name>
@@ -1735,6 +1769,21 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Nothing is recorded: the history cannot be written</source>
         <translation>No se guarda nada: no se puede escribir en el historial</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned: %3</source>
+        <translation>%1 de %2, fijado: %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln recorte eliminado no cabía: el historial guarda %1 como máximo</numerusform>
+            <numerusform>%Ln recortes eliminados no cabían: el historial guarda %1 como máximo</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>Eliminado · Ctrl+Z lo recupera</translation>
     </message>
 </context>
 <context>

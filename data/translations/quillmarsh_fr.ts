@@ -362,6 +362,14 @@
         <source>Actions for the clip</source>
         <translation>Actions pour l’extrait</translation>
     </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Désépingler</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Épingler</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -434,6 +442,10 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned</source>
+        <translation>%1 sur %2, épinglé</translation>
     </message>
 </context>
 <context>
@@ -564,6 +576,16 @@ Appuyez sur %1 pour y revenir.</translation>
 file: lists copied files.</source>
         <translation>* remplace n’importe quel texte et&#xa0;? un caractère&#xa0;;
 file: montre les fichiers copiés.</translation>
+    </message>
+    <message>
+        <source>Nothing pinned yet</source>
+        <translation>Rien d’épinglé pour l’instant</translation>
+    </message>
+    <message>
+        <source>Ctrl+D pins the selected clip, so that it stays;
+Ctrl+Shift+D lists all clips again.</source>
+        <translation>Ctrl+D épingle l’extrait sélectionné pour qu’il reste ;
+Ctrl+Maj+D affiche de nouveau tous les extraits.</translation>
     </message>
 </context>
 <context>
@@ -1272,6 +1294,18 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
         <source>Clear search</source>
         <translation>Effacer la recherche</translation>
     </message>
+    <message>
+        <source>Pinned clips only</source>
+        <translation>Extraits épinglés seulement</translation>
+    </message>
+    <message>
+        <source>Pinned clips only (Ctrl+Shift+D)</source>
+        <translation>Extraits épinglés seulement (Ctrl+Maj+D)</translation>
+    </message>
+    <message>
+        <source>Search pinned clips</source>
+        <translation>Chercher dans les extraits épinglés</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutNote</name>
@@ -1735,6 +1769,21 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Nothing is recorded: the history cannot be written</source>
         <translation>Rien n’est enregistré&#xa0;: l’historique n’est pas accessible en écriture</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned: %3</source>
+        <translation>%1 sur %2, épinglé : %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln extrait supprimé n’avait plus de place : l’historique en garde %1 au plus</numerusform>
+            <numerusform>%Ln extraits supprimés n’avaient plus de place : l’historique en garde %1 au plus</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>Supprimé · Ctrl+Z le rétablit</translation>
     </message>
 </context>
 <context>

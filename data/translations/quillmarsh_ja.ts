@@ -354,6 +354,14 @@
         <source>Actions for the clip</source>
         <translation>クリップの操作</translation>
     </message>
+    <message>
+        <source>Unpin</source>
+        <translation>固定を解除</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>固定</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -426,6 +434,10 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned</source>
+        <translation>%2 件中 %1 件目、固定</translation>
     </message>
 </context>
 <context>
@@ -554,6 +566,16 @@ Press %1 to come back to it.</source>
 file: lists copied files.</source>
         <translation>* は任意の文字列、? は任意の1文字を表します。
 file: でコピーしたファイルだけを表示します。</translation>
+    </message>
+    <message>
+        <source>Nothing pinned yet</source>
+        <translation>固定したものはまだありません</translation>
+    </message>
+    <message>
+        <source>Ctrl+D pins the selected clip, so that it stays;
+Ctrl+Shift+D lists all clips again.</source>
+        <translation>Ctrl+D で選択中のクリップを固定すると、残り続けます。
+Ctrl+Shift+D ですべてのクリップの表示に戻ります。</translation>
     </message>
 </context>
 <context>
@@ -1257,6 +1279,18 @@ If you really want to use this key combination, most shortcuts can be changed in
         <source>Clear search</source>
         <translation>検索をクリア</translation>
     </message>
+    <message>
+        <source>Pinned clips only</source>
+        <translation>固定したクリップのみ</translation>
+    </message>
+    <message>
+        <source>Pinned clips only (Ctrl+Shift+D)</source>
+        <translation>固定したクリップのみ (Ctrl+Shift+D)</translation>
+    </message>
+    <message>
+        <source>Search pinned clips</source>
+        <translation>固定したクリップを検索</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutNote</name>
@@ -1720,6 +1754,20 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Nothing is recorded: the history cannot be written</source>
         <translation>何も記録されません：履歴に書き込めません</translation>
+    </message>
+    <message>
+        <source>%1 of %2, pinned: %3</source>
+        <translation>%2 件中 %1 件目、固定: %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>削除した %Ln 件のクリップは入りませんでした: 履歴に残せるのは %1 件までです</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>削除しました · Ctrl+Z で元に戻せます</translation>
     </message>
 </context>
 <context>

@@ -92,10 +92,13 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_notices = std::make_unique<HistoryNotices>(*m_capture, *m_paster, *platform.settings);
     connect(m_windowController.get(), &WindowDelegate::opens, m_notices.get(),
             &HistoryNotices::historyOpens);
+    connect(m_windowController.get(), &WindowDelegate::opens, m_history.get(),
+            [this] { m_history->deletedClips().windowOpens(); });
     connect(m_windowController.get(), &WindowDelegate::shown, this,
             [this] { askAboutDamagedSettings(window()); });
     connect(this->viewController(), &ViewController::didHide, this, [this] {
         m_notices->historyCloses();
+        m_history->deletedClips().windowCloses();
         updateFooter();
     });
     connect(this->viewController(), &ViewController::closed, m_paster.get(),

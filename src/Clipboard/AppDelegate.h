@@ -137,6 +137,10 @@ public:
     void filterClipItemArr(const std::optional<QString> &searchText) override;
     void deleteItem(const std::shared_ptr<ClipItem> &item) override;
     void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
+    int heldDeletions() const override;
+    BroughtBack bringBack() override;
+    void setPinned(const std::vector<std::shared_ptr<ClipItem>> &items, bool isPinned) override;
+    void setPinnedOnly(bool isOn) override;
     bool isReadOnly() const override;
     void performPaste(int row, const std::optional<QString> &format) override;
     void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,

@@ -297,6 +297,26 @@ void AppDelegate::deleteItems(const std::vector<std::shared_ptr<ClipItem>> &item
     m_history->deleteItems(items);
 }
 
+int AppDelegate::heldDeletions() const
+{
+    return m_history->deletedClips().count();
+}
+
+BroughtBack AppDelegate::bringBack()
+{
+    return m_history->bringBack();
+}
+
+void AppDelegate::setPinned(const std::vector<std::shared_ptr<ClipItem>> &items, bool isPinned)
+{
+    m_history->setPinned(items, isPinned);
+}
+
+void AppDelegate::setPinnedOnly(bool isOn)
+{
+    m_history->setPinnedOnly(isOn);
+}
+
 void AppDelegate::performPaste(int row, const std::optional<QString> &format)
 {
     // Return where nothing matches ends a swop like closing the window does: the selection that it

@@ -137,6 +137,8 @@ bool FieldPasteboard::handleFieldKey(TextField &field, const QKeyEvent &event)
         field.selectAll();
         field.removeSelection();
     } else if (field.isOneLine() && event.matches(QKeySequence::Undo)) {
+        if (field.widget().property(kOwnUndo).toBool())
+            return false;
         field.undo();
     } else if (field.isOneLine() && event.matches(QKeySequence::Redo)) {
         field.redo();

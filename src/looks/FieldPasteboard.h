@@ -20,6 +20,9 @@ class FieldPasteboard : public QObject
     Q_OBJECT
 
 public:
+    /// While this property of a field is true, Undo is left to whoever watches the field's keys.
+    static constexpr char kOwnUndo[] = "ownUndo";
+
     /// `pasteboard` is not owned and must outlive this object.
     explicit FieldPasteboard(Pasteboard &pasteboard);
 

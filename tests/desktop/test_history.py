@@ -1,5 +1,6 @@
 """The history window: finding, choosing, deleting, and where it opens."""
 
+import pathlib
 
 from Xlib import display, error
 from Xlib.ext import shape  # noqa: F401, adds its requests to windows
@@ -44,6 +45,20 @@ class HistoryJourney(Journey):
         self.app.process.wait()
         self.app = Quillmarsh(self.desktop, self.app.binary)
         self.assertEqual(self.app.clips(), ["before the kill", "before quitting"])
+
+    def test_a_deletion_is_taken_back_with_its_pin_and_is_in_no_file_meanwhile(self):
+        self.copy("kept")
+        self.copy("needle")
+        self.app.open_history()
+        self.app.key("ctrl+d", "super+BackSpace")
+        self.desktop.wait_for(lambda: self.app.clips() == ["kept"], "the deletion")
+        files = [path for path in pathlib.Path(self.desktop.home).rglob("*") if path.is_file()]
+        self.assertIn(self.app.store, files)
+        self.assertEqual([path for path in files if b"needle" in path.read_bytes()], [])
+        self.app.key("ctrl+z")
+        self.desktop.wait_for(lambda: self.app.clips() == ["needle", "kept"], "the clip again")
+        self.assertEqual(self.app.clips("strValue, pk IN (SELECT clip FROM ClipPin)"),
+                         [("needle", 1), ("kept", 0)])
 
     def test_the_window_belongs_to_the_desktop_entry_and_not_to_the_taskbar(self):
         told = self.desktop.ask("xprop", "-id", self.app.open_history(), "WM_CLASS", "_NET_WM_STATE")

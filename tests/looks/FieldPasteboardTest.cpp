@@ -204,6 +204,30 @@ TEST(FieldPasteboard, keysThatItHasNoUseForAreLeftToTheField)
     EXPECT_EQ(filter.menus, 1);
 }
 
+TEST(FieldPasteboard, aFieldsOwnUndoIsLeftToIt)
+{
+    MemoryPasteboard pasteboard;
+    const FieldPasteboard fields(pasteboard);
+    // As whoever takes the key would.
+    class Taker : public QObject
+    {
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            return event->type() == QEvent::KeyPress &&
+                   static_cast<QKeyEvent *>(event)->matches(QKeySequence::Undo);
+        }
+    } taker;
+    QLineEdit line;
+    line.installEventFilter(&taker);
+    QTest::keyClicks(&line, QStringLiteral("text"));
+    line.setProperty(FieldPasteboard::kOwnUndo, true);
+    QTest::keyClick(&line, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(line.text(), QStringLiteral("text"));
+    line.setProperty(FieldPasteboard::kOwnUndo, false);
+    QTest::keyClick(&line, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(line.text(), QString());
+}
+
 TEST(FieldPasteboard, hiddenTextNeverLeaves)
 {
     MemoryPasteboard pasteboard;

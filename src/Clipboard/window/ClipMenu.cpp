@@ -72,6 +72,12 @@ const Entry kEntries[] = {
     {"reveal", [](const Controller &) { return ClipMenu::tr("Reveal in File Manager"); },
      Qt::CTRL | Qt::SHIFT | Qt::Key_O, true, false, isForFile,
      [](Controller &controller) { controller.appDelegate().revealInFinder(); }},
+    {"pin",
+     [](const Controller &controller) {
+         return controller.arePinned() ? ClipMenu::tr("Unpin") : ClipMenu::tr("Pin");
+     },
+     Qt::CTRL | Qt::Key_D, false, true, isForAny,
+     [](Controller &controller) { controller.togglePin(); }},
     {"delete", [](const Controller &) { return ClipMenu::tr("Delete"); },
      Qt::META | Qt::Key_Backspace, false, true, isForAny,
      [](Controller &controller) { controller.deleteItem(); }},

@@ -4,6 +4,7 @@
 #include "Clipboard/window/VisibleCharacters.h"
 #include "history/FoundPlaces.h"
 #include "looks/Looks.h"
+#include "looks/WindowIcons.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
@@ -19,6 +20,7 @@ constexpr int kPaddingRight = Looks::kTextMargin;
 constexpr int kNumberGap = 12;
 constexpr int kIconExtent = Looks::kIconExtent;
 constexpr int kIconGap = 6;
+constexpr int kPinExtent = 13;
 
 /// More characters than a row can show at any width; the rest is not even looked at.
 constexpr qsizetype kShownCharacters = 400;
@@ -38,6 +40,12 @@ bool isBlank(QChar character)
 }
 
 } // namespace
+
+void ClipRowDelegate::setColors(const ClipColors &colors)
+{
+    m_colors = colors;
+    m_pins = {};
+}
 
 void ClipRowDelegate::setFont(const QFont &font)
 {
@@ -165,9 +173,18 @@ QList<QTextLayout::FormatRange> ClipRowDelegate::matches(const Row &row, const Q
     return matches;
 }
 
+void ClipRowDelegate::drawPin(QPainter &painter, const QRect &rect, bool isSelected)
+{
+    const qreal scale = painter.device()->devicePixelRatioF();
+    QPixmap &pin = m_pins[isSelected ? 1 : 0];
+    if (pin.isNull() || !qFuzzyCompare(pin.devicePixelRatio(), scale))
+        pin = WindowIcons::pixmap(QStringLiteral("pinned"), kPinExtent,
+                                  isSelected ? m_colors.selectedText : m_colors.quietText, scale);
+    painter.drawPixmap(rect.topLeft(), pin);
+}
+
 template <typename Placed>
-QRect ClipRowDelegate::drawEnd(QPainter &painter, QRect rect, const Row &row,
-                               const Placed &placed) const
+QRect ClipRowDelegate::drawEnd(QPainter &painter, QRect rect, const Row &row, const Placed &placed)
 {
     const QFontMetrics noteMetrics(m_numberFont);
     if (row.mark > 0) {
@@ -192,6 +209,12 @@ QRect ClipRowDelegate::drawEnd(QPainter &painter, QRect rect, const Row &row,
         painter.setFont(m_numberFont);
         painter.drawText(placed(note), Qt::AlignCenter | Qt::TextSingleLine, row.note);
         rect.setRight(note.left() - kIconGap);
+    }
+    if (row.isPinned) {
+        const QRect pin(rect.right() + 1 - kPinExtent,
+                        rect.top() + (rect.height() - kPinExtent) / 2, kPinExtent, kPinExtent);
+        drawPin(painter, placed(pin), row.isSelected);
+        rect.setRight(pin.left() - kIconGap);
     }
     return rect;
 }

@@ -4,10 +4,12 @@
 #include "looks/FileIcons.h"
 
 #include <QFont>
+#include <QPixmap>
 #include <QRect>
 #include <QString>
 #include <QTextLayout>
 
+#include <array>
 #include <optional>
 
 class FoundPlaces;
@@ -30,10 +32,11 @@ public:
         int mark = 0;                       ///< Place among the marked clips; 0 when not marked.
         const FoundPlaces *found = nullptr; ///< What a search has found is shown; null for none.
         bool isKeyCap = false;              ///< `number` is the key that pastes the row.
+        bool isPinned = false;
         bool isSelected = false;
     };
 
-    void setColors(const ClipColors &colors) { m_colors = colors; }
+    void setColors(const ClipColors &colors);
     void setFont(const QFont &font);
 
     int rowHeight() const;
@@ -56,13 +59,16 @@ private:
     /// Draws what stands at the end of a row, and gives what it leaves of `rect`, which like all
     /// places is as in a window that begins at the left; `placed` tells where it is.
     template <typename Placed>
-    QRect drawEnd(QPainter &painter, QRect rect, const Row &row, const Placed &placed) const;
+    QRect drawEnd(QPainter &painter, QRect rect, const Row &row, const Placed &placed);
     /// With line breaks, emoji or what a search has found, which have a look of their own.
     void drawFormatted(QPainter &painter, const QRect &rect, const Row &row, QString text,
                        bool isRightToLeft) const;
+
+    void drawPin(QPainter &painter, const QRect &rect, bool isSelected);
 
     ClipColors m_colors;
     QFont m_font;
     QFont m_numberFont;
     FileIcons m_fileIcons;
+    std::array<QPixmap, 2> m_pins; ///< Of a row at rest and of the selected one.
 };

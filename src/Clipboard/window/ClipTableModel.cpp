@@ -52,7 +52,11 @@ QVariant ClipTableModel::data(const QModelIndex &index, int role) const
                      : ClipRowDelegate::recognisableText(data(index, Qt::DisplayRole).toString());
     case Qt::AccessibleDescriptionRole:
         // Beside the text, so that whoever hears it knows how far the list goes on.
-        return isRow ? QVariant() : tr("%1 of %2").arg(index.row() + 1).arg(m_rowCount);
+        if (isRow)
+            return {};
+        return (m_dataSource.isPinned(index.row()) ? tr("%1 of %2, pinned") : tr("%1 of %2"))
+            .arg(index.row() + 1)
+            .arg(m_rowCount);
     default:
         return {};
     }

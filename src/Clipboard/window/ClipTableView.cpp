@@ -313,7 +313,8 @@ void ClipTableView::keyPressEvent(QKeyEvent *event)
         break;
     }
     if (delegate().moveByKey(*event) || delegate().pasteByKey(*event) ||
-        delegate().pickByKey(*event) || delegate().actByKey(*event))
+        delegate().changeByKey(*event) || delegate().pickByKey(*event) ||
+        delegate().actByKey(*event))
         return;
     // The base class would select by typed letters, move by Space and copy a row by itself.
     if (isTyping(*event))
@@ -389,6 +390,7 @@ ClipRowDelegate::Row ClipTableView::drawnRow(int row)
     drawn.isFolder = drawn.filepath && m_folders.contains(*drawn.filepath);
     if (const int files = drawn.filepath ? m_delegate->fileCount(row) : 0; files > 0)
         drawn.note = tr("%Ln files", nullptr, files);
+    drawn.isPinned = m_delegate->isPinned(row);
     drawn.isSelected = row == m_selectedIdx;
     drawn.mark = m_delegate->markOf(row);
     if (!m_delegate->found().isEmpty())

@@ -43,6 +43,13 @@ void EmptyStateView::showEmptyHistory(const QString &shortcut)
             : tr("Whatever you copy appears here.\nPress %1 to come back to it.").arg(shortcut));
 }
 
+void EmptyStateView::showNothingPinned()
+{
+    showState(QStringLiteral("pin"), tr("Nothing pinned yet"),
+              tr("Ctrl+D pins the selected clip, so that it stays;\n"
+                 "Ctrl+Shift+D lists all clips again."));
+}
+
 void EmptyStateView::showNothingMatches(const QString &searchText)
 {
     constexpr qsizetype kQuoted = 40;

@@ -18,6 +18,8 @@ public:
     /// For a history without clips. `shortcut` is how the open shortcut is called; empty when
     /// there is none.
     void showEmptyHistory(const QString &shortcut);
+    /// For a list of pinned clips without any.
+    void showNothingPinned();
     /// For a search without results.
     void showNothingMatches(const QString &searchText);
 

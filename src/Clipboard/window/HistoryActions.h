@@ -1,5 +1,7 @@
 #pragma once
 
+#include "history/DeletedClips.h"
+
 #include <QObject>
 #include <QString>
 
@@ -25,6 +27,14 @@ public:
     virtual void deleteItem(const std::shared_ptr<ClipItem> &item) = 0;
     /// Deletes several at once.
     virtual void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
+    /// How many deletions can be taken back.
+    virtual int heldDeletions() const = 0;
+    /// Takes back the latest deletion.
+    virtual BroughtBack bringBack() = 0;
+    /// Pins clips, or takes their pins.
+    virtual void setPinned(const std::vector<std::shared_ptr<ClipItem>> &items, bool isPinned) = 0;
+    /// From the next filterClipItemArr() on, only pinned clips are listed.
+    virtual void setPinnedOnly(bool isOn) = 0;
     /// Whether the history can be read but takes nothing.
     virtual bool isReadOnly() const = 0;
 

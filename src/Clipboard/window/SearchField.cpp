@@ -19,11 +19,15 @@ constexpr int kIconExtent = 19;
 constexpr int kSideMargin = 16;
 constexpr int kTextGap = 11;
 constexpr int kClearExtent = 18;
+constexpr int kPinExtent = 18;
+constexpr int kButtonPadding = 4; ///< Around the icon of a button.
+constexpr int kButtonGap = 4;
 constexpr int kCaretGap = 6; ///< From where a text begins, and the caret, to the placeholder.
 
 } // namespace
 
-SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new QToolButton(this))
+SearchField::SearchField(QWidget *parent)
+    : QLineEdit(parent), m_clearButton(new QToolButton(this)), m_pinnedSwitch(new QToolButton(this))
 {
     setObjectName(QStringLiteral("searchTextField"));
     setAccessibleName(tr("Search clips"));
@@ -33,7 +37,13 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
     placeText();
 
     updateFont();
+    makeClearButton();
+    makePinnedSwitch();
+    connect(this, &QLineEdit::textChanged, this, &SearchField::drawEmojiInColor);
+}
 
+void SearchField::makeClearButton()
+{
     m_clearButton->setAccessibleName(tr("Clear search"));
     m_clearButton->setToolTip(tr("Clear search"));
     m_clearButton->setAutoRaise(true);
@@ -45,14 +55,44 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent), m_clearButton(new
     connect(m_clearButton, &QToolButton::clicked, this, [this] { replaceText(QString()); });
     connect(this, &QLineEdit::textChanged, m_clearButton,
             [this](const QString &text) { m_clearButton->setVisible(!text.isEmpty()); });
-    connect(this, &QLineEdit::textChanged, this, &SearchField::drawEmojiInColor);
 }
 
-/// Between the magnifier, where a line begins, and the clear button, where it ends.
+void SearchField::makePinnedSwitch()
+{
+    m_pinnedSwitch->setObjectName(QStringLiteral("pinnedSwitch"));
+    m_pinnedSwitch->setAccessibleName(tr("Pinned clips only"));
+    m_pinnedSwitch->setToolTip(tr("Pinned clips only (Ctrl+Shift+D)"));
+    m_pinnedSwitch->setCheckable(true);
+    m_pinnedSwitch->setAutoRaise(true);
+    m_pinnedSwitch->setFocusPolicy(Qt::NoFocus);
+    m_pinnedSwitch->setCursor(Qt::ArrowCursor);
+    m_pinnedSwitch->setIconSize(QSize(kPinExtent, kPinExtent));
+    connect(m_pinnedSwitch, &QToolButton::toggled, this, &SearchField::tellPinnedOnly);
+}
+
+bool SearchField::isPinnedOnly() const
+{
+    return m_pinnedSwitch->isChecked();
+}
+
+void SearchField::setPinnedOnly(bool isOn)
+{
+    m_pinnedSwitch->setChecked(isOn);
+}
+
+void SearchField::tellPinnedOnly(bool isOn)
+{
+    setPlaceholderText(isOn ? tr("Search pinned clips") : tr("Search clips"));
+    updateIcons();
+    Q_EMIT pinnedOnlyChanged(isOn);
+}
+
+/// Between the magnifier, where a line begins, and the buttons, where it ends.
 void SearchField::placeText()
 {
     const int begin = kSideMargin + kIconExtent + kTextGap;
-    const int end = kSideMargin + kClearExtent + kTextGap;
+    const int end =
+        kSideMargin + kPinExtent + 2 * kButtonPadding + kButtonGap + kClearExtent + kTextGap;
     if (isRightToLeft())
         setTextMargins(end, 0, begin, 0);
     else
@@ -85,6 +125,10 @@ void SearchField::setColors(const ClipColors &colors)
     // Drawn here, because the field would draw it with the caret on its first letter.
     palette.setColor(QPalette::PlaceholderText, Qt::transparent);
     setPalette(palette);
+    m_pinnedSwitch->setStyleSheet(
+        QStringLiteral("QToolButton { border: none; border-radius: 6px; background: transparent; }"
+                       "QToolButton:checked { background: %1; }")
+            .arg(colors.control.name()));
     updateIcons();
 }
 
@@ -95,6 +139,10 @@ void SearchField::updateIcons()
         WindowIcons::pixmap(QStringLiteral("search"), kIconExtent, m_colors.quietText, scale);
     m_clearButton->setIcon(
         WindowIcons::pixmap(QStringLiteral("clear"), kClearExtent, m_colors.quietText, scale));
+    m_pinnedSwitch->setIcon(
+        isPinnedOnly()
+            ? WindowIcons::pixmap(QStringLiteral("pinned"), kPinExtent, m_colors.accentText, scale)
+            : WindowIcons::pixmap(QStringLiteral("pin"), kPinExtent, m_colors.quietText, scale));
 }
 
 QSize SearchField::sizeHint() const
@@ -158,7 +206,14 @@ void SearchField::inputMethodEvent(QInputMethodEvent *event)
 void SearchField::resizeEvent(QResizeEvent *event)
 {
     QLineEdit::resizeEvent(event);
-    const int extent = kClearExtent + 8;
-    const QRect place(width() - kSideMargin - extent + 4, (height() - extent) / 2, extent, extent);
-    m_clearButton->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    int end = width() - kSideMargin + kButtonPadding;
+    const auto place = [&](QToolButton *button, int iconExtent) {
+        const int extent = iconExtent + 2 * kButtonPadding;
+        end -= extent;
+        const QRect square(end, (height() - extent) / 2, extent, extent);
+        button->setGeometry(QStyle::visualRect(layoutDirection(), rect(), square));
+        end -= kButtonGap;
+    };
+    place(m_pinnedSwitch, kPinExtent);
+    place(m_clearButton, kClearExtent);
 }

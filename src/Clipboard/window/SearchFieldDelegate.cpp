@@ -117,5 +117,6 @@ bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
         return control(*command, ModifierFlags::ofEventWithCapsLock(*key));
     return m_viewController &&
            (m_viewController->moveByKey(*key) || m_viewController->pasteByKey(*key) ||
-            m_viewController->pickByKey(*key) || actByKey(*key));
+            m_viewController->changeByKey(*key) || m_viewController->pickByKey(*key) ||
+            actByKey(*key));
 }

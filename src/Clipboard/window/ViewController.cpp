@@ -57,6 +57,9 @@ void ViewController::viewDidLoad()
             &ViewController::typeIntoSearchField);
     connect(&m_appDelegate, &HistoryActions::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
+    connect(m_views.searchTextField, &SearchField::pinnedOnlyChanged, this,
+            &ViewController::listPinnedOnly);
+    connect(m_views.searchTextField, &QLineEdit::textEdited, this, &ViewController::searchEdited);
     connect(&m_swopState, &SwopState::changed, this, &ViewController::updateNotice);
     applyTheme();
     updateEmptyState();
@@ -97,6 +100,7 @@ QWidget *ViewController::textClipView() const
 void ViewController::viewDidAppear()
 {
     updateNotice();
+    updateFooter();
     selectRow(0);
     m_views.searchTextField->setFocus(Qt::ActiveWindowFocusReason);
 }
@@ -245,49 +249,12 @@ void ViewController::makeWhole()
 void ViewController::clearSearch()
 {
     const QScopedValueRollback<bool> changing(m_isChangingList, true);
+    m_views.searchTextField->setPinnedOnly(false);
     m_views.searchTextField->clear();
     m_found = FoundPlaces();
+    m_heldBeforeEdit = 0;
+    m_unfit.clear();
     m_appDelegate.filterClipItemArr(QString());
-}
-
-void ViewController::deleteItem()
-{
-    if (!m_marks.isEmpty()) {
-        deleteMarked();
-        return;
-    }
-    const auto &list = getDataArray();
-    const auto count = static_cast<int>(list.size());
-    if (count == 0)
-        return;
-    int row = selectedRow();
-    std::shared_ptr<ClipItem> item;
-    if (count == 1) {
-        item = list.front();
-        row = -1;
-    } else {
-        item = itemAt(row);
-        if (row > 0 && row == count - 1)
-            --row;
-    }
-    if (!item)
-        return;
-    {
-        const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_appDelegate.deleteItem(item);
-    }
-    selectRow(row);
-}
-
-/// The selection stays at the first of the rows.
-void ViewController::deleteMarked()
-{
-    const std::vector<int> rows = markedRows();
-    {
-        const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_appDelegate.deleteItems(markedClips());
-    }
-    selectRow(*std::min_element(rows.begin(), rows.end()));
 }
 
 void ViewController::selectRow(int row)
@@ -363,10 +330,12 @@ void ViewController::updateEmptyState()
     m_views.searchTextField->setProperty(FieldMenu::kOwnKeyboardMenu, !getDataArray().empty());
     if (!getDataArray().empty())
         m_views.emptyStateView->hide();
-    else if (m_views.searchTextField->text().isEmpty())
-        m_views.emptyStateView->showEmptyHistory(m_openShortcutText);
-    else
+    else if (!m_views.searchTextField->text().isEmpty())
         m_views.emptyStateView->showNothingMatches(m_views.searchTextField->text());
+    else if (m_views.searchTextField->isPinnedOnly())
+        m_views.emptyStateView->showNothingPinned();
+    else
+        m_views.emptyStateView->showEmptyHistory(m_openShortcutText);
 }
 
 void ViewController::updateNotice()
@@ -390,7 +359,7 @@ void ViewController::speakSelection(const ClipItem &item, int row)
     // the field's description.
     if (QAccessible::isActive())
         m_views.searchTextField->setAccessibleDescription(
-            tr("%1 of %2: %3")
+            (item.isPinned() ? tr("%1 of %2, pinned: %3") : tr("%1 of %2: %3"))
                 .arg(QString::number(row + 1), QString::number(numberOfRowsInTableView()),
                      ClipRowDelegate::recognisableText(item.shortText().value_or(QString()))) +
             (m_marks.isEmpty() ? QString()
@@ -461,10 +430,12 @@ void ViewController::clipItemArrChanged()
     if (m_isChangingList || !m_views.mainView->isVisible())
         return;
     // The list is the whole history again, but a person may be in the middle of a search.
-    if (const QString text = m_views.searchTextField->text(); !text.isEmpty()) {
+    if (const QString text = m_views.searchTextField->text();
+        !text.isEmpty() || m_views.searchTextField->isPinnedOnly()) {
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
         m_appDelegate.filterClipItemArr(text);
     }
+    updateFooter();
     m_marks.keepOnly(getDataArray());
     const int row = m_previousClipItem ? rowOf(m_previousClipItem) : -1;
     showRow(row >= 0 ? row : selectedRow(), false);

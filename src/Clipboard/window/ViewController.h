@@ -119,6 +119,13 @@ public:
     /// Ends the search and selects the first clip, once the window is hidden.
     void makeWhole();
     void deleteItem();
+    /// Takes back the latest deletion, if one can be, and says what did not fit.
+    void bringBack();
+    /// Pins the selected or the marked clips; takes their pins when all are pinned.
+    void togglePin();
+    /// Whether all of those are pinned.
+    bool arePinned() const;
+    bool isPinned(int row) const;
     /// Every other choice of a row ends the marking.
     void selectRow(int row);
     /// Selects the row nearest to `row` that exists and shows its preview; the preview of the clip
@@ -155,11 +162,15 @@ public:
     /// Pastes the selected clip without its formatting by the key for that; false for any other
     /// key.
     bool pasteByKey(const QKeyEvent &event);
+    /// Pins, lists pinned clips only or takes back a deletion by the key for that; false for any
+    /// other key, and for Undo while what was done last is the search field's.
+    bool changeByKey(const QKeyEvent &event);
     /// Goes on typing in the search field with a key that reached another control.
     void typeIntoSearchField(const QKeyEvent &event);
 
-    /// What the window says at its foot, about the whole history; nothing for an empty text.
-    void setFooter(const QString &text) { m_views.setFooter(text); }
+    /// What the window says at its foot, about the whole history; nothing for an empty text. That
+    /// a deletion can be taken back is added.
+    void setFooter(const QString &text);
 
     /// How the open shortcut is called in sentences; empty when there is none.
     void setOpenShortcutText(const QString &text) { m_openShortcutText = text; }
@@ -198,6 +209,11 @@ private:
     void showEmptyPreview();
     void updateEmptyState();
     void updateNotice();
+    void tellDeletion();
+    void updateFooter();
+    void listPinnedOnly(bool isOn);
+    void searchEdited();
+    bool wouldBringBack() const;
     void speakSelection(const ClipItem &item, int row);
     std::shared_ptr<ClipItem> itemAt(int row) const;
 
@@ -211,6 +227,9 @@ private:
     ClipMarks m_marks;
     FoundPlaces m_found;
     QString m_openShortcutText;
+    QString m_footer;
+    QString m_unfit;          ///< What was said of the last deletion that was taken back.
+    int m_heldBeforeEdit = 0; ///< Deletions that are older than the last edit of the search.
     bool m_isWindowKey = false;
     bool m_isChangingList = false; ///< The change under way is our own.
     bool m_isHiding = false;

@@ -56,8 +56,8 @@ protected:
     }
 };
 
-const QString kOfText = QStringLiteral("paste pastePlain pasteUpper pasteLower copy delete");
-const QString kOfFile = QStringLiteral("paste copy open reveal delete");
+const QString kOfText = QStringLiteral("paste pastePlain pasteUpper pasteLower copy pin delete");
+const QString kOfFile = QStringLiteral("paste copy open reveal pin delete");
 
 TEST_F(ClipMenuTest, everyWayOpensItForTheClipThatIsMeant)
 {
@@ -107,6 +107,7 @@ TEST_F(ClipMenuTest, itsEntriesDoWhatTheySayAndTellTheirKeys)
         {"pasteUpper", "Shift+Return", "TWO"},
         {"pasteLower", "Alt+Return", "two"},
         {"copy", "Ctrl+C", nullptr},
+        {"pin", "Ctrl+D", nullptr},
         {"delete", "Super+Backspace", nullptr},
     };
     for (const Row &row : kRows) {

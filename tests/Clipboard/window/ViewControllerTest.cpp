@@ -314,6 +314,10 @@ public:
     }
     void deleteItem(const std::shared_ptr<ClipItem> &) override {}
     void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
+    int heldDeletions() const override { return 0; }
+    BroughtBack bringBack() override { return {}; }
+    void setPinned(const std::vector<std::shared_ptr<ClipItem>> &, bool) override {}
+    void setPinnedOnly(bool) override {}
     bool isReadOnly() const override { return true; }
     void performPaste(int row, const std::optional<QString> &format) override
     {
