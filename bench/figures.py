@@ -231,6 +231,21 @@ class Figures:
         self.tell("second start → handed over", "", "",
                   f"{sorted(values)[len(values) // 2]:.1f} ms")
 
+    def listing(self):
+        """From the start of "quillmarsh list" to its end, as a launcher waits for it."""
+        for count in self.options.sizes:
+            with Desktop() as desktop:
+                subject = Subject("quillmarsh", desktop, self.binaries, count)
+                values = []
+                for _ in range(self.options.runs):
+                    started = time.monotonic()
+                    told = desktop.run([subject.program.binary, "list"],
+                                       stdout=subprocess.PIPE)
+                    values.append((time.monotonic() - started) * 1000)
+                    told.check_returncode()
+            self.tell(f"list, {count:,} clips", "", "",
+                      f"{sorted(values)[len(values) // 2]:.1f} ms")
+
     def tell(self, *row):
         self.rows.append(row)
         print("| " + " | ".join(row) + " |", flush=True)
@@ -247,7 +262,7 @@ class Figures:
 
 def main():
     names = ["request", "burst", "short_owner", "opening", "typing", "pasting", "adding", "memory",
-             "start", "second_start", "idle"]
+             "start", "second_start", "listing", "idle"]
     parser = argparse.ArgumentParser()
     parser.add_argument("bin_dir")
     parser.add_argument("--sizes", default="1000,10000,100000")

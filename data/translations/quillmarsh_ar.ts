@@ -1298,6 +1298,31 @@ If you really want to use this key combination, most shortcuts can be changed in
     </message>
 </context>
 <context>
+    <name>MovingIn</name>
+    <message numerus="yes">
+        <source>&amp;Bring along the newest %Ln clips of %1</source>
+        <translation>
+            <numerusform>جلب أحدث %Ln قصاصة من %1</numerusform>
+            <numerusform>جلب أحدث قصاصة (%Ln) من %1</numerusform>
+            <numerusform>جلب أحدث قصاصتين (%Ln) من %1</numerusform>
+            <numerusform>جلب أحدث %Ln قصاصات من %1</numerusform>
+            <numerusform>جلب أحدث %Ln قصاصة من %1</numerusform>
+            <numerusform>جلب أحدث %Ln قصاصة من %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Bring along %Ln clips of %1</source>
+        <translation>
+            <numerusform>جلب %Ln قصاصة من %1</numerusform>
+            <numerusform>جلب قصاصة واحدة (%Ln) من %1</numerusform>
+            <numerusform>جلب قصاصتين (%Ln) من %1</numerusform>
+            <numerusform>جلب %Ln قصاصات من %1</numerusform>
+            <numerusform>جلب %Ln قصاصة من %1</numerusform>
+            <numerusform>جلب %Ln قصاصة من %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PathLabel</name>
     <message>
         <source>Path of the file</source>

@@ -1242,6 +1242,23 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     </message>
 </context>
 <context>
+    <name>MovingIn</name>
+    <message numerus="yes">
+        <source>&amp;Bring along the newest %Ln clips of %1</source>
+        <translation>
+            <numerusform>Den neuesten Clip (%Ln) aus %1 ü&amp;bernehmen</numerusform>
+            <numerusform>Die neuesten %Ln Clips aus %1 ü&amp;bernehmen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Bring along %Ln clips of %1</source>
+        <translation>
+            <numerusform>%Ln Clip aus %1 ü&amp;bernehmen</numerusform>
+            <numerusform>%Ln Clips aus %1 ü&amp;bernehmen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PathLabel</name>
     <message>
         <source>Path of the file</source>

@@ -127,6 +127,23 @@
     </message>
 </context>
 <context>
+    <name>MovingIn</name>
+    <message numerus="yes">
+        <source>&amp;Bring along the newest %Ln clips of %1</source>
+        <translation>
+            <numerusform>&amp;Bring along the newest %Ln clip of %1</numerusform>
+            <numerusform>&amp;Bring along the newest %Ln clips of %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Bring along %Ln clips of %1</source>
+        <translation>
+            <numerusform>&amp;Bring along %Ln clip of %1</numerusform>
+            <numerusform>&amp;Bring along %Ln clips of %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PdfBody</name>
     <message numerus="yes">
         <source>Document of %n pages</source>

@@ -1242,6 +1242,23 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     </message>
 </context>
 <context>
+    <name>MovingIn</name>
+    <message numerus="yes">
+        <source>&amp;Bring along the newest %Ln clips of %1</source>
+        <translation>
+            <numerusform>Traer el &amp;recorte más reciente (%Ln) de %1</numerusform>
+            <numerusform>Traer los %Ln &amp;recortes más recientes de %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Bring along %Ln clips of %1</source>
+        <translation>
+            <numerusform>Traer %Ln &amp;recorte de %1</numerusform>
+            <numerusform>Traer %Ln &amp;recortes de %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PathLabel</name>
     <message>
         <source>Path of the file</source>

@@ -1242,6 +1242,23 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
 </context>
 <context>
+    <name>MovingIn</name>
+    <message numerus="yes">
+        <source>&amp;Bring along the newest %Ln clips of %1</source>
+        <translation>
+            <numerusform>&amp;Reprendre l’extrait le plus récent (%Ln) de %1</numerusform>
+            <numerusform>&amp;Reprendre les %Ln extraits les plus récents de %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Bring along %Ln clips of %1</source>
+        <translation>
+            <numerusform>&amp;Reprendre %Ln extrait de %1</numerusform>
+            <numerusform>&amp;Reprendre %Ln extraits de %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PathLabel</name>
     <message>
         <source>Path of the file</source>

@@ -1228,6 +1228,21 @@ If you really want to use this key combination, most shortcuts can be changed in
     </message>
 </context>
 <context>
+    <name>MovingIn</name>
+    <message numerus="yes">
+        <source>&amp;Bring along the newest %Ln clips of %1</source>
+        <translation>
+            <numerusform>%1 の最新のクリップ %Ln 件を引き継ぐ(&amp;B)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Bring along %Ln clips of %1</source>
+        <translation>
+            <numerusform>%1 のクリップ %Ln 件を引き継ぐ(&amp;B)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PathLabel</name>
     <message>
         <source>Path of the file</source>

@@ -3,6 +3,7 @@
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/HistoryNotices.h"
 #include "Clipboard/LiveSettings.h"
+#include "Clipboard/MovingIn.h"
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/TraylessHint.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
@@ -75,6 +76,9 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_hotKeyManager = std::make_unique<HotKeyManager>(*platform.keySender);
     m_hotKeyField = std::make_unique<HotKeyTextField>(*platform.hotKeys, *platform.keyboardLayout);
     m_history = std::make_unique<ClipHistory>(storeFolder, *platform.clock, *m_liveSettings);
+    m_movingIn = std::make_unique<MovingIn>(*m_history);
+    connect(m_movingIn.get(), &MovingIn::offered, m_welcomeWindowController.get(),
+            &WelcomeWindowController::offerToMoveIn);
     m_swopState = std::make_unique<SwopState>();
     m_capture = std::make_unique<ClipboardCapture>(*platform.pasteboard, *platform.frontApplication,
                                                    *m_history, *platform.notifications,

@@ -33,6 +33,7 @@ class HistoryNotices;
 class HotKeyManager;
 class HotKeyTextField;
 class LiveSettings;
+class MovingIn;
 class PreferencesApplicationViewController;
 class PreferencesGeneralViewController;
 class QTimer;
@@ -108,6 +109,7 @@ public:
     /// nothing.
     void setCheckForUpdates(bool isOn) override;
     void setWelcomeWindowShown() override;
+    void moveIn() override;
     void startTour() override;
     /// Always: whoever runs the application is told of its betas.
     bool updaterShouldCheckForBetaUpdates() const { return true; }
@@ -204,6 +206,7 @@ private:
     std::unique_ptr<HotKeyManager> m_hotKeyManager;
     std::unique_ptr<HotKeyTextField> m_hotKeyField;
     std::unique_ptr<ClipHistory> m_history;
+    std::unique_ptr<MovingIn> m_movingIn;
     std::unique_ptr<SwopState> m_swopState;
     std::unique_ptr<ClipboardCapture> m_capture;
     std::unique_ptr<ClipPaster> m_paster;

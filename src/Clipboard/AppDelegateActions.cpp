@@ -4,6 +4,7 @@
 
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/HelpPage.h"
+#include "Clipboard/MovingIn.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/welcome/TourGuide.h"
 #include "Clipboard/welcome/WelcomeWindowController.h"
@@ -139,8 +140,10 @@ void AppDelegate::showFeedbackDialog()
 
 void AppDelegate::showWelcomeWindow(bool force)
 {
-    if (force || !m_preferencesGeneral->welcomeWindowShown())
-        m_welcomeWindowController->showWelcomeWindow();
+    if (!force && m_preferencesGeneral->welcomeWindowShown())
+        return;
+    m_movingIn->look();
+    m_welcomeWindowController->showWelcomeWindow();
 }
 
 bool AppDelegate::handleWelcomeWindow()
@@ -188,6 +191,11 @@ void AppDelegate::setCheckForUpdates(bool isOn)
 void AppDelegate::setWelcomeWindowShown()
 {
     m_preferencesGeneral->setWelcomeWindowShown();
+}
+
+void AppDelegate::moveIn()
+{
+    m_movingIn->take();
 }
 
 void AppDelegate::startTour()

@@ -168,12 +168,13 @@ bool ClipHistory::bringIn(const std::vector<ClipChange> &clips)
     if (refusesChange())
         return false;
     everyClip();
-    for (const ClipChange &change : clips) {
+    // From the last on, because of one date the later record counts as the newer.
+    for (auto change = clips.rbegin(); change != clips.rend(); ++change) {
         const std::shared_ptr<ClipItem> item = m_context.insert();
-        m_context.setClip(item, *change.clip, change.createDate);
-        if (change.pasteCount)
-            m_context.setPasteCount(item, *change.pasteCount);
-        m_index.add(*item, *change.clip->text);
+        m_context.setClip(item, *change->clip, change->createDate);
+        if (change->pasteCount)
+            m_context.setPasteCount(item, *change->pasteCount);
+        m_index.add(*item, *change->clip->text);
         putInOrder(item);
     }
     saveContext();

@@ -1,5 +1,6 @@
 """The first minutes of a user: the welcome, the tour, and the entry that starts Quillmarsh at login."""
 
+import json
 import pathlib
 
 from journey import BINARY, BUNDLE, Journey, Quillmarsh, copy
@@ -95,3 +96,35 @@ class Tour(WelcomeJourney):
         self.app.type("setup")
         self.app.key("Return")
         self.wait_for_text(path, MESSAGE)
+
+
+class MovingIn(WelcomeJourney):
+    starts_app = False
+
+    def height(self, window):
+        told = self.desktop.run(["xdotool", "getwindowgeometry", "--shell", str(window)],
+                                capture_output=True, text=True).stdout
+        return int(told.split("HEIGHT=")[1].split()[0])
+
+    def test_who_comes_from_another_program_may_take_its_clips_along(self):
+        old = [f"old {i}" for i in range(60)]
+        plain = None
+        for name, kept, keys, taken in (("nothing to take", [], [], []), ("declined", old, [], []),
+                                        ("taken", old, ["alt+b"], old)):
+            with self.subTest(name):
+                self.enter()
+                path = pathlib.Path(self.desktop.environment["XDG_DATA_HOME"], "clipman.json")
+                path.parent.mkdir(parents=True, exist_ok=True)
+                path.write_text(json.dumps(kept))
+                self.app = Quillmarsh(self.desktop, BINARY, welcomed=False)
+                window = self.show_welcome()
+                plain = plain or self.height(window)
+                if kept:
+                    # The line for it makes the page taller.
+                    self.wait_for(lambda: self.height(window) > plain, "the offer")
+                self.assertEqual(self.app.clips(), [])
+                if keys:
+                    self.app.key(*keys)
+                self.to_the_last_page()
+                self.app.wait_for_clip(MESSAGE)
+                self.wait_for(lambda: set(self.app.clips()) == {MESSAGE, *taken}, "the clips")

@@ -28,10 +28,14 @@ std::optional<QString> textOf(const QByteArray &utf8)
 
 void take(Contents &contents, const std::optional<QString> &text)
 {
-    if (text && !text->isEmpty() && contents.clips.size() < ForeignFormats::kMaxClips)
-        contents.clips.append({*text});
-    else
+    const qint64 size = text ? text->size() : 0;
+    if (size == 0 || contents.clips.size() >= ForeignFormats::kMaxClips ||
+        contents.characters + size > ForeignFormats::kMaxCharacters) {
         ++contents.passedOver;
+        return;
+    }
+    contents.characters += size;
+    contents.clips.append({*text});
 }
 
 QStringList localFiles(const QList<QByteArray> &urls)

@@ -22,6 +22,7 @@ struct Contents
     QList<Clip> clips;         ///< Newest first.
     qint64 passedOver = 0;     ///< How many there are beside them.
     bool isUnderstood = false; ///< Whether it was read to its end.
+    qint64 characters = 0;     ///< Of all texts.
 };
 
 /// Of larger texts there are none in any of them that a history would take.
@@ -29,6 +30,7 @@ inline constexpr qint64 kMaxText = 16 * 1024 * 1024; ///< In bytes.
 /// A file that has to be read at once, and is larger, is not read.
 inline constexpr qint64 kMaxFile = 64 * 1024 * 1024; ///< In bytes.
 inline constexpr qsizetype kMaxClips = 200'000;
+inline constexpr qint64 kMaxCharacters = 256 * 1024 * 1024; ///< Of all of a file's texts.
 
 /// A tab of CopyQ.
 Contents readCopyQ(QIODevice &file);

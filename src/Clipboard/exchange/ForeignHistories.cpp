@@ -23,20 +23,22 @@ struct Program
     const char *folder;
     const char *files; ///< A name, or a pattern of several.
     Contents (*read)(QIODevice &file);
+    bool isReadInParts; ///< However large it is.
 };
 
 constexpr Program kPrograms[] = {
     {"CopyQ", QStandardPaths::GenericConfigLocation, "copyq", "copyq_tab_*.dat",
-     &ForeignFormats::readCopyQ},
+     &ForeignFormats::readCopyQ, true},
     {"Klipper", QStandardPaths::GenericDataLocation, "klipper", "history2.lst",
-     &ForeignFormats::readKlipper},
-    {"GPaste", QStandardPaths::GenericDataLocation, "gpaste", "*.xml", &ForeignFormats::readGPaste},
+     &ForeignFormats::readKlipper, false},
+    {"GPaste", QStandardPaths::GenericDataLocation, "gpaste", "*.xml", &ForeignFormats::readGPaste,
+     false},
     {"Clipman", QStandardPaths::GenericDataLocation, "", "clipman.json",
-     &ForeignFormats::readClipman},
+     &ForeignFormats::readClipman, false},
     {"Clipman", QStandardPaths::GenericCacheLocation, "xfce4/clipman", "textsrc",
-     &ForeignFormats::readXfceClipman},
+     &ForeignFormats::readXfceClipman, false},
     {"cliphist", QStandardPaths::GenericCacheLocation, "cliphist", "db",
-     &ForeignFormats::readCliphist},
+     &ForeignFormats::readCliphist, true},
 };
 
 QFileInfoList filesOf(const Program &program)
@@ -47,14 +49,15 @@ QFileInfoList filesOf(const Program &program)
                                 QDir::Name);
 }
 
-/// Those that are read in one piece say how much that may be by themselves.
 ForeignHistories::Found readFile(const Program &program, const QFileInfo &info)
 {
     ForeignHistories::Found found;
     found.program = QLatin1String(program.name);
     found.path = info.filePath();
     QFile file(info.filePath());
-    const Contents contents = file.open(QIODevice::ReadOnly) ? program.read(file) : Contents();
+    const bool isReadable = (program.isReadInParts || info.size() <= ForeignFormats::kMaxFile) &&
+                            file.open(QIODevice::ReadOnly);
+    const Contents contents = isReadable ? program.read(file) : Contents();
     found.isWhole = contents.isUnderstood;
     double date = std::floor(static_cast<double>(info.lastModified().toMSecsSinceEpoch()) / 1000);
     for (const ForeignFormats::Clip &clip : contents.clips) {
@@ -80,12 +83,6 @@ QList<ForeignHistories::Found> ForeignHistories::read()
         }
     }
     return histories;
-}
-
-bool ForeignHistories::isThereAny()
-{
-    return std::any_of(std::begin(kPrograms), std::end(kPrograms),
-                       [](const Program &program) { return !filesOf(program).isEmpty(); });
 }
 
 QList<SharedClip> ForeignHistories::merged(const QList<Found> &histories)

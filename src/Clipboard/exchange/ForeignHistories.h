@@ -21,9 +21,6 @@ struct Found
 /// was copied, so they are dated back from the file, a second apart.
 QList<Found> read();
 
-/// Whether there may be one, by the look of the folders alone.
-bool isThereAny();
-
 /// The clips of all, newest first and each text once.
 QList<SharedClip> merged(const QList<Found> &histories);
 

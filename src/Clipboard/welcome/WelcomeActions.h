@@ -15,6 +15,8 @@ public:
     virtual void setCheckForUpdates(bool isOn) = 0;
     /// The last page was reached: the welcome does not come up by itself any more.
     virtual void setWelcomeWindowShown() = 0;
+    /// Takes the clips of another program that were offered, for a user who has ticked them.
+    virtual void moveIn() = 0;
     /// Opens the history window and points out its parts.
     virtual void startTour() = 0;
 };

@@ -4,13 +4,14 @@
 
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QVBoxLayout>
 
 WelcomePage1Controller::WelcomePage1Controller()
     : WelcomePage(new RecordPicture, tr("Everything you copy, at hand"),
                   tr("Quillmarsh keeps each text and each file you copy, and pastes any of them "
                      "again wherever you are typing.")),
       openAtLogin(new QCheckBox(tr("Open Quillmarsh at &login"))),
-      checkForUpdates(new QCheckBox(tr("Check for &updates")))
+      checkForUpdates(new QCheckBox(tr("Check for &updates"))), moveIn(new QCheckBox)
 {
     openAtLogin->setAccessibleName(tr("Open at login"));
     checkForUpdates->setAccessibleName(tr("Check for updates"));
@@ -19,7 +20,12 @@ WelcomePage1Controller::WelcomePage1Controller()
     choices->addWidget(openAtLogin);
     choices->addWidget(checkForUpdates);
     choices->addStretch();
-    addBelow(choices);
+    auto *all = new QVBoxLayout;
+    all->setSpacing(8);
+    all->addLayout(choices);
+    all->addWidget(moveIn, 0, Qt::AlignLeft);
+    addBelow(all);
+    moveIn->hide();
 }
 
 void WelcomePage1Controller::setColors(const ClipColors &colors)
@@ -31,4 +37,5 @@ void WelcomePage1Controller::setColors(const ClipColors &colors)
     palette.setColor(QPalette::Base, colors.isDark ? colors.control : colors.paper);
     openAtLogin->setPalette(palette);
     checkForUpdates->setPalette(palette);
+    moveIn->setPalette(palette);
 }

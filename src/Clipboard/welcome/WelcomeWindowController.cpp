@@ -71,6 +71,7 @@ void WelcomeWindowController::loadWindow()
                          WelcomePages::makePage4(m_storeFolder).release()};
     for (WelcomePage *page : m_viewControllers)
         m_view->mainContentView->addPage(page);
+    showOffer();
     applyTheme();
     m_window->setContentView(m_view);
 
@@ -93,6 +94,23 @@ void WelcomeWindowController::loadWindow()
     addShortcut(Qt::Key_Right,
                 [this] { m_window->isRightToLeft() ? previousClicked() : nextClicked(); });
     addShortcut(Qt::Key_Escape, [this] { closeWindow(); });
+}
+
+void WelcomeWindowController::offerToMoveIn(const QString &line)
+{
+    m_offer = line;
+    if (!m_window)
+        return;
+    showOffer();
+    // The line may need more room, which no layout between the page and the window asks for.
+    m_view->mainContentView->updateGeometry();
+    applyTheme();
+}
+
+void WelcomeWindowController::showOffer()
+{
+    m_page1->moveIn->setText(m_offer);
+    m_page1->moveIn->setVisible(!m_offer.isEmpty());
 }
 
 void WelcomeWindowController::addShortcut(const QKeySequence &keys,
@@ -160,6 +178,13 @@ void WelcomeWindowController::applyPage1()
     // Deliberately off, whatever the box shows: what is handed over is whether the check box
     // itself, not its state, equals the number 1, and a check box equals no number.
     m_appDelegate.setCheckForUpdates(false);
+    // A key presses the box for a moment first, and the page may be left meanwhile.
+    const QCheckBox &moveIn = *m_page1->moveIn;
+    if (m_offer.isEmpty() || moveIn.isChecked() == moveIn.isDown())
+        return;
+    m_offer.clear();
+    showOffer();
+    m_appDelegate.moveIn();
 }
 
 void WelcomeWindowController::closeWindow()

@@ -37,6 +37,9 @@ public:
     /// Shows the first page and runs the window modally. While it runs already, only brings it to
     /// the front.
     void showWelcomeWindow();
+    /// Has the first page offer to take along the clips of another program; `line` says what they
+    /// are.
+    void offerToMoveIn(const QString &line);
     void nextClicked();
     void previousClicked();
     void windowWillClose();
@@ -64,6 +67,7 @@ private:
     void setPageView(QWidget *page, PageSlider::Movement movement);
     void showPage(int index, PageSlider::Movement movement);
     void applyPage1();
+    void showOffer();
     void tourClicked();
     void returnPressed();
     void showShortcuts();
@@ -83,6 +87,7 @@ private:
     std::array<WelcomePage *, 4> m_viewControllers{}; ///< In page order.
     std::function<void(const QStringList &)> m_setOpenKeys;
     std::function<void(const QStringList &)> m_setSwopKeys;
+    QString m_offer; ///< Empty without one.
     int m_currentPageIdx = 0;
     bool m_isWindowOpen = false;
 };

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QScopeGuard>
 #include <QToolButton>
@@ -64,6 +65,19 @@ TEST_F(WelcomeRig, theMessageComesOnlyTheFirstTime)
     EXPECT_EQ(clips(), (QStringList{QStringLiteral("later"), kMessage}));
     delegate.showWelcomeWindow(false); // Completed: returns at once.
     EXPECT_EQ(welcome.currentPageIdx(), 3);
+}
+
+TEST_F(WelcomeRig, anOfferThatComesLateGetsTheRoomThatItNeeds)
+{
+    launchAnd([this] {
+        const QWidget *page = welcome.welcomePage1ViewController();
+        EXPECT_FALSE(welcome.welcomePage1ViewController()->moveIn->isVisible());
+        welcome.offerToMoveIn(QStringLiteral("&Bring along"));
+        EXPECT_TRUE(welcome.welcomePage1ViewController()->moveIn->isVisible());
+        EXPECT_TRUE(QTest::qWaitFor([page] {
+            return page->height() >= page->layout()->totalHeightForWidth(page->width());
+        }));
+    });
 }
 
 struct Close
