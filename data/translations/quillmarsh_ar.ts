@@ -1862,9 +1862,9 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message numerus="yes">
         <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
         <translation>
-            <numerusform>لم تبق قصاصات محذوفة بلا مكان: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع قصاصة محذوفة واحدة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع قصاصتان محذوفتان: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصتين محذوفتين: يحتفظ السجل بـ %1 على الأكثر</numerusform>
             <numerusform>لم تتسع %Ln قصاصات محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
             <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
             <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
