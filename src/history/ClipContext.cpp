@@ -207,8 +207,9 @@ std::optional<std::vector<ClipChange>> ClipContext::records(const Items &items, 
 std::shared_ptr<ClipItem> ClipContext::restore(const ClipChange &record)
 {
     const std::shared_ptr<ClipItem> item = insert();
-    touch(item);
-    *item->m_unsaved = record;
+    // Not by touch(), which would look through all that were restored before it.
+    item->m_unsaved = std::make_unique<ClipChange>(record);
+    m_changed.push_back(item);
     item->m_createDate = record.createDate;
     item->m_hasFilepath = record.clip->filepath().has_value();
     item->m_hasText = record.clip->text.has_value();
