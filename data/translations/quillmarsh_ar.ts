@@ -241,6 +241,13 @@
     </message>
 </context>
 <context>
+    <name>ClipHistory</name>
+    <message>
+        <source>Picture %1 × %2</source>
+        <translation>صورة %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>
@@ -525,6 +532,14 @@
     <message>
         <source>The text is too large.</source>
         <translation>النص أكبر من المسموح.</translation>
+    </message>
+    <message>
+        <source>The copied picture was not kept</source>
+        <translation>لم تُحفظ الصورة المنسوخة</translation>
+    </message>
+    <message>
+        <source>The picture is too large.</source>
+        <translation>الصورة أكبر من المسموح.</translation>
     </message>
 </context>
 <context>
@@ -1000,6 +1015,18 @@ Ctrl+Shift+D lists all clips again.</source>
         <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
         <translation>أضف هذين السطرين إلى إعدادات سطح المكتب، بمفاتيح أخرى إن شئت.</translation>
     </message>
+    <message>
+        <source>Pictures:</source>
+        <translation>الصور:</translation>
+    </message>
+    <message>
+        <source>MB at most</source>
+        <translation>م.ب على الأكثر</translation>
+    </message>
+    <message>
+        <source>Copies of nothing but a picture, as files in the data folder.</source>
+        <translation>النسخ التي ليس فيها إلا صورة، ملفاتٍ في مجلد البيانات.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1341,6 +1368,21 @@ If you really want to use this key combination, most shortcuts can be changed in
             <numerusform>مستند من %n صفحةً</numerusform>
             <numerusform>مستند من %n صفحة</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>PictureChoice</name>
+    <message>
+        <source>&amp;Keep copied pictures</source>
+        <translation>الاحتفاظ بالصور المنسوخة</translation>
+    </message>
+    <message>
+        <source>Keep copied pictures</source>
+        <translation>الاحتفاظ بالصور المنسوخة</translation>
+    </message>
+    <message>
+        <source>Maximum picture size in megabytes</source>
+        <translation>أقصى حجم للصورة بالميغابايت</translation>
     </message>
 </context>
 <context>

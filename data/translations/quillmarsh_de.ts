@@ -237,6 +237,13 @@
     </message>
 </context>
 <context>
+    <name>ClipHistory</name>
+    <message>
+        <source>Picture %1 × %2</source>
+        <translation>Bild %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>
@@ -485,6 +492,14 @@
     <message>
         <source>The text is too large.</source>
         <translation>Der Text ist zu groß.</translation>
+    </message>
+    <message>
+        <source>The copied picture was not kept</source>
+        <translation>Das kopierte Bild wurde nicht behalten</translation>
+    </message>
+    <message>
+        <source>The picture is too large.</source>
+        <translation>Das Bild ist zu groß.</translation>
     </message>
 </context>
 <context>
@@ -952,6 +967,18 @@ Strg+Umschalt+D zeigt wieder alle Clips.</translation>
         <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
         <translation>Fügen Sie der Konfiguration des Desktops diese Zeilen hinzu, gern mit anderen Tasten.</translation>
     </message>
+    <message>
+        <source>Pictures:</source>
+        <translation>Bilder:</translation>
+    </message>
+    <message>
+        <source>MB at most</source>
+        <translation>MB höchstens</translation>
+    </message>
+    <message>
+        <source>Copies of nothing but a picture, as files in the data folder.</source>
+        <translation>Kopien, die nur aus einem Bild bestehen, als Dateien im Datenordner.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1273,6 +1300,21 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
             <numerusform>Dokument mit %n Seite</numerusform>
             <numerusform>Dokument mit %n Seiten</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>PictureChoice</name>
+    <message>
+        <source>&amp;Keep copied pictures</source>
+        <translation>&amp;Kopierte Bilder behalten</translation>
+    </message>
+    <message>
+        <source>Keep copied pictures</source>
+        <translation>Kopierte Bilder behalten</translation>
+    </message>
+    <message>
+        <source>Maximum picture size in megabytes</source>
+        <translation>Höchstgröße eines Bildes in Megabyte</translation>
     </message>
 </context>
 <context>

@@ -237,6 +237,13 @@
     </message>
 </context>
 <context>
+    <name>ClipHistory</name>
+    <message>
+        <source>Picture %1 × %2</source>
+        <translation>Imagen %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>
@@ -485,6 +492,14 @@
     <message>
         <source>The text is too large.</source>
         <translation>El texto es demasiado largo.</translation>
+    </message>
+    <message>
+        <source>The copied picture was not kept</source>
+        <translation>La imagen copiada no se ha conservado</translation>
+    </message>
+    <message>
+        <source>The picture is too large.</source>
+        <translation>La imagen es demasiado grande.</translation>
     </message>
 </context>
 <context>
@@ -952,6 +967,18 @@ Ctrl+Mayús+D vuelve a mostrar todos los recortes.</translation>
         <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
         <translation>Añada estas líneas a la configuración del escritorio, con otras teclas si lo prefiere.</translation>
     </message>
+    <message>
+        <source>Pictures:</source>
+        <translation>Imágenes:</translation>
+    </message>
+    <message>
+        <source>MB at most</source>
+        <translation>MB como máximo</translation>
+    </message>
+    <message>
+        <source>Copies of nothing but a picture, as files in the data folder.</source>
+        <translation>Copias que solo contienen una imagen, como archivos en la carpeta de datos.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1273,6 +1300,21 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
             <numerusform>Documento de %n página</numerusform>
             <numerusform>Documento de %n páginas</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>PictureChoice</name>
+    <message>
+        <source>&amp;Keep copied pictures</source>
+        <translation>&amp;Conservar las imágenes copiadas</translation>
+    </message>
+    <message>
+        <source>Keep copied pictures</source>
+        <translation>Conservar las imágenes copiadas</translation>
+    </message>
+    <message>
+        <source>Maximum picture size in megabytes</source>
+        <translation>Tamaño máximo de la imagen en megabytes</translation>
     </message>
 </context>
 <context>

@@ -237,6 +237,13 @@
     </message>
 </context>
 <context>
+    <name>ClipHistory</name>
+    <message>
+        <source>Picture %1 × %2</source>
+        <translation>Image %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>
@@ -485,6 +492,14 @@
     <message>
         <source>The text is too large.</source>
         <translation>Le texte est trop long.</translation>
+    </message>
+    <message>
+        <source>The copied picture was not kept</source>
+        <translation>L’image copiée n’a pas été conservée</translation>
+    </message>
+    <message>
+        <source>The picture is too large.</source>
+        <translation>L’image est trop grande.</translation>
     </message>
 </context>
 <context>
@@ -952,6 +967,18 @@ Ctrl+Maj+D affiche de nouveau tous les extraits.</translation>
         <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
         <translation>Ajoutez ces lignes à la configuration du bureau, avec d’autres touches si vous préférez.</translation>
     </message>
+    <message>
+        <source>Pictures:</source>
+        <translation>Images :</translation>
+    </message>
+    <message>
+        <source>MB at most</source>
+        <translation>Mo au plus</translation>
+    </message>
+    <message>
+        <source>Copies of nothing but a picture, as files in the data folder.</source>
+        <translation>Les copies qui ne contiennent qu’une image, comme fichiers du dossier de données.</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1273,6 +1300,21 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
             <numerusform>Document de %n page</numerusform>
             <numerusform>Document de %n pages</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>PictureChoice</name>
+    <message>
+        <source>&amp;Keep copied pictures</source>
+        <translation>Conserver les images copi&amp;ées</translation>
+    </message>
+    <message>
+        <source>Keep copied pictures</source>
+        <translation>Conserver les images copiées</translation>
+    </message>
+    <message>
+        <source>Maximum picture size in megabytes</source>
+        <translation>Taille maximale d’une image en mégaoctets</translation>
     </message>
 </context>
 <context>

@@ -236,6 +236,13 @@
     </message>
 </context>
 <context>
+    <name>ClipHistory</name>
+    <message>
+        <source>Picture %1 × %2</source>
+        <translation>画像 %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>ClipInfoLine</name>
     <message>
         <source>not pasted yet</source>
@@ -475,6 +482,14 @@
     <message>
         <source>The text is too large.</source>
         <translation>テキストが大きすぎます。</translation>
+    </message>
+    <message>
+        <source>The copied picture was not kept</source>
+        <translation>コピーした画像は保存されませんでした</translation>
+    </message>
+    <message>
+        <source>The picture is too large.</source>
+        <translation>画像が大きすぎます。</translation>
     </message>
 </context>
 <context>
@@ -940,6 +955,18 @@ Ctrl+Shift+D ですべてのクリップの表示に戻ります。</translation
         <source>Add these lines to the desktop’s configuration, with other keys if you like.</source>
         <translation>これらの行をデスクトップの設定に追加してください。キーは変えてもかまいません。</translation>
     </message>
+    <message>
+        <source>Pictures:</source>
+        <translation>画像:</translation>
+    </message>
+    <message>
+        <source>MB at most</source>
+        <translation>MBまで</translation>
+    </message>
+    <message>
+        <source>Copies of nothing but a picture, as files in the data folder.</source>
+        <translation>画像だけのコピーを、データフォルダーにファイルとして残します。</translation>
+    </message>
 </context>
 <context>
     <name>GlobalShortcuts</name>
@@ -1256,6 +1283,21 @@ If you really want to use this key combination, most shortcuts can be changed in
         <translation>
             <numerusform>%nページの文書</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>PictureChoice</name>
+    <message>
+        <source>&amp;Keep copied pictures</source>
+        <translation>コピーした画像を残す(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Keep copied pictures</source>
+        <translation>コピーした画像を残す</translation>
+    </message>
+    <message>
+        <source>Maximum picture size in megabytes</source>
+        <translation>画像の最大サイズ(メガバイト)</translation>
     </message>
 </context>
 <context>

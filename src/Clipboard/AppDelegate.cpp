@@ -7,6 +7,7 @@
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/TraylessHint.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
+#include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/PreferencesApplicationViewController.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
@@ -108,6 +109,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     connect(this->viewController(), &ViewController::closed, m_paster.get(),
             &ClipPaster::cancelSwop);
     connect(m_capture.get(), &ClipboardCapture::limitAsked, this, &AppDelegate::openTextLimit);
+    connect(m_capture.get(), &ClipboardCapture::pictureLimitAsked, this,
+            &AppDelegate::openPictureLimit);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, m_preferencesGeneral.get(),
@@ -160,7 +163,9 @@ void AppDelegate::loadPreferences()
     m_preferencesGeneral->loadView();
     // At once, because the next copy may come before the next step.
     connect(m_preferencesGeneral->maxStringSizeTextField, &QLineEdit::textChanged, m_capture.get(),
-            &ClipboardCapture::tellLargestUsefulText);
+            &ClipboardCapture::tellLargestUseful);
+    connect(&m_preferencesGeneral->pictures(), &PictureChoice::changed, m_capture.get(),
+            &ClipboardCapture::tellLargestUseful);
     m_preferencesGeneral->loadPreferences();
     m_preferences->setPreferencesViewControllers(
         {m_preferencesGeneral.get(), m_preferencesApplication.get()});

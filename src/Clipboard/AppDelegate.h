@@ -90,6 +90,8 @@ public:
     void noticeCopies();
     /// Shows the preferences with the largest text that is recorded, ready to be changed.
     void openTextLimit();
+    /// The same with the largest picture that is kept.
+    void openPictureLimit();
     void clearAll();
     void help();
     void quit();

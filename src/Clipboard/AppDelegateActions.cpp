@@ -5,6 +5,7 @@
 #include "Clipboard/ApplicationUpdates.h"
 #include "Clipboard/HelpPage.h"
 #include "Clipboard/MovingIn.h"
+#include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 #include "Clipboard/welcome/TourGuide.h"
 #include "Clipboard/welcome/WelcomeWindowController.h"
@@ -97,6 +98,14 @@ bool AppDelegate::copyText(const QString &text)
         return false;
     m_capture->readFromPasteboard();
     return true;
+}
+
+void AppDelegate::openPictureLimit()
+{
+    if (waitsForWelcome(&AppDelegate::openPictureLimit))
+        return;
+    openPreferences();
+    m_preferencesGeneral->pictures().selectSize();
 }
 
 void AppDelegate::clearAll()

@@ -21,6 +21,11 @@ qint64 LiveSettings::getMaxStringSize() const
     return m_general.getMaxStringSize();
 }
 
+qint64 LiveSettings::getMaxPictureSize() const
+{
+    return m_general.getMaxPictureSize();
+}
+
 bool LiveSettings::isNotificationsEnabled() const
 {
     return m_general.isNotificationsEnabled();

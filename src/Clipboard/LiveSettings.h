@@ -18,6 +18,7 @@ public:
     // ^CaptureSettings
     qint64 getMaxItems() const override;
     qint64 getMaxStringSize() const override;
+    qint64 getMaxPictureSize() const override;
     bool isNotificationsEnabled() const override;
     QStringList ignoredNames() const override;
     /// False while damaged settings wait for the user's answer: the ignore list was among them.

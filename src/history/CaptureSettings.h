@@ -20,6 +20,9 @@ public:
     /// Largest text that is recorded, in bytes of UTF-8.
     virtual qint64 getMaxStringSize() const = 0;
 
+    /// Largest picture that is kept, in bytes of PNG; 0 when none is to be kept.
+    virtual qint64 getMaxPictureSize() const { return 0; }
+
     virtual bool isNotificationsEnabled() const = 0;
 
     /// Names of the applications whose copies are not recorded, in list order.

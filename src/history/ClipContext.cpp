@@ -2,6 +2,7 @@
 
 #include "history/ClipItem.h"
 #include "history/HistoryLog.h"
+#include "history/KeptPictures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -71,7 +72,7 @@ QString plain(QStringView text, qsizetype limit)
 } // namespace
 
 ClipContext::ClipContext(const QString &storeFolder)
-    : m_store(storeFolder), m_details(kDetailsLimit), m_texts(kTextsLimit),
+    : m_folder(storeFolder), m_store(storeFolder), m_details(kDetailsLimit), m_texts(kTextsLimit),
       m_shortTexts(kShortTextsLimit)
 {
 }
@@ -380,7 +381,9 @@ ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
         return ShortText{kept.toString().remove(u'\n'),
                          kept.mid(first - kept.begin(), kDrawnLength).toString(), 0};
     };
-    if (const std::optional<QString> filepath = item.filepath()) {
+    const std::optional<QString> filepath = item.filepath();
+    // Whose file is a picture of ours has a text that says more than the file's name.
+    if (filepath && !KeptPictures::isWithin(m_folder, *filepath)) {
         const QString line = kFileMark + *filepath;
         return {line, line, static_cast<int>(item.copiedFiles().size())};
     }

@@ -90,6 +90,7 @@ private:
     ShortText readShortText(const ClipItem &item);
     ShortText makeShortText(const ClipItem &item);
 
+    const QString m_folder;
     ClipStore m_store;
     Items m_changed; ///< Each once, in the order of their first change.
     std::vector<qint64> m_deletedPks;

@@ -30,7 +30,8 @@ bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipIte
 } // namespace
 
 ClipHistory::ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings)
-    : m_clock(clock), m_settings(settings), m_context(storeFolder), m_index(m_context)
+    : m_clock(clock), m_settings(settings), m_context(storeFolder), m_index(m_context),
+      m_pictures(storeFolder)
 {
     m_idleTimer.setInterval(0);
     connect(&m_idleTimer, &QTimer::timeout, this, &ClipHistory::workWhileIdle);
@@ -69,6 +70,7 @@ void ClipHistory::fetch()
     for (const std::shared_ptr<ClipItem> &item : fetched->gone) {
         m_context.letGo(item);
         m_index.remove(*item);
+        m_mayPicturesBeGone |= item->hasFilepath();
     }
     m_history.assign(std::make_move_iterator(fetched->items.rbegin()),
                      std::make_move_iterator(fetched->items.rend()));
@@ -88,6 +90,7 @@ void ClipHistory::workWhileIdle()
         return;
     m_idleTimer.stop();
     m_context.store().prepareLog();
+    dropPictures();
 }
 
 void ClipHistory::emptyLog()
@@ -115,6 +118,54 @@ void ClipHistory::addToClipList(const Clip &clip)
 {
     if (isNilOrEmpty(clip.text) || refusesChange())
         return;
+    add(clip, std::nullopt);
+}
+
+void ClipHistory::addPicture(const Clip &clip)
+{
+    if (refusesChange())
+        return;
+    loadForeignChanges();
+    if (!m_isFetched)
+        fetch();
+    const double date = stamp();
+    m_pictures.keep(clip.picture, m_settings.getMaxPictureSize(),
+                    [this, date, application = clip.applicationName](const PictureFile &file) {
+                        if (file.fault != PictureFile::Fault::None) {
+                            Q_EMIT pictureRefused(file);
+                            return;
+                        }
+                        const QString text =
+                            tr("Picture %1 × %2").arg(file.size.width()).arg(file.size.height());
+                        add(Clip(text, {}, application, file.path), date);
+                    });
+}
+
+/// Removes the files of pictures whose clips are gone, in whatever way they went, once the store
+/// knows them no more.
+void ClipHistory::dropPictures()
+{
+    if (!m_mayPicturesBeGone || isReadOnly())
+        return;
+    m_mayPicturesBeGone = false;
+    if (m_pictures.isEmpty())
+        return;
+    const std::optional<QStringList> stored = m_context.store().readFilepaths();
+    if (!stored) {
+        m_mayPicturesBeGone = true;
+        return;
+    }
+    QStringList known = *stored;
+    for (const std::shared_ptr<ClipItem> &item : m_history) {
+        if (item->hasFilepath() && item->isUnsaved())
+            known.append(item->filepath().value_or(QString()));
+    }
+    m_pictures.removeAllBut(known);
+}
+
+/// As copied at that moment, in seconds since 1970 UTC, or now.
+void ClipHistory::add(const Clip &clip, std::optional<double> copied)
+{
     // A text whose record another program has removed is no repeat.
     loadForeignChanges();
     if (!m_isFetched)
@@ -122,22 +173,23 @@ void ClipHistory::addToClipList(const Clip &clip)
     // Half a surrogate pair would be stored as another text than the one that was compared.
     const QString text =
         clip.text->isValidUtf16() ? *clip.text : QString::fromUtf8(clip.text->toUtf8());
-    if (m_lastClipItem && m_lastClipItem->strValue() == text)
+    if (m_lastClipItem && isRepeat(*m_lastClipItem, text, clip))
         return;
 
-    std::shared_ptr<ClipItem> item = newestWithText(text);
+    std::shared_ptr<ClipItem> item = newestLike(text, &clip);
     const bool isNew = !item;
     if (isNew)
         item = m_context.insert();
     else
         qCInfo(lcHistory, "updating");
-    const double date = stamp();
+    const double date = copied ? *copied : stamp();
     if (!isNew)
         std::erase(m_history, item);
     Clip recorded = clip;
     recorded.text = text;
     recorded.fileNames = clip.fileNames.mid(0, 1);
     recorded.html.reset();
+    recorded.picture.clear();
     m_context.setClip(item, recorded, date);
     if (isNew)
         m_index.add(*item, text);
@@ -152,6 +204,7 @@ void ClipHistory::addToClipList(const Clip &clip)
     if (shown >= m_settings.getMaxItems())
         removeOldest(item);
     saveContext();
+    dropPictures();
     loadClipItems();
     keepHtml(clip, item);
 }
@@ -213,13 +266,24 @@ double ClipHistory::stamp() const
     return std::max(newest + kStep, std::nextafter(newest, ClipStore::kMaxDate));
 }
 
-std::shared_ptr<ClipItem> ClipHistory::newestWithText(const QString &text)
+/// Pictures of one size have one text, so it is the file that tells them apart.
+bool ClipHistory::isRepeat(const ClipItem &item, const QString &text, const Clip &clip) const
+{
+    const auto picture = [this](const std::optional<QString> &path) {
+        return path && m_pictures.isOurs(*path) ? *path : QString();
+    };
+    return item.strValue() == text && picture(item.filepath()) == picture(clip.filepath());
+}
+
+/// With that text, and a repeat of that clip where one is given.
+std::shared_ptr<ClipItem> ClipHistory::newestLike(const QString &text, const Clip *clip)
 {
     m_index.finish();
     const std::size_t hash = ClipIndex::hashOf(text.toUtf8());
     const auto found = std::find_if(
         m_history.begin(), m_history.end(), [&](const std::shared_ptr<ClipItem> &item) {
-            return m_index.mayEqual(*item, hash) && item->strValue() == text;
+            return m_index.mayEqual(*item, hash) &&
+                   (clip ? isRepeat(*item, text, *clip) : item->strValue() == text);
         });
     return found == m_history.end() ? nullptr : *found;
 }

@@ -3,6 +3,7 @@
 #include "history/ClipContext.h"
 #include "history/ClipIndex.h"
 #include "history/DeletedClips.h"
+#include "history/KeptPictures.h"
 #include "history/RichTextMaker.h"
 
 #include <QObject>
@@ -64,11 +65,15 @@ public:
     /// the record, as part of its RTF, a moment later.
     void addToClipList(const Clip &clip);
     /// Whether a clip has this text.
-    bool hasText(const QString &text) { return newestWithText(text) != nullptr; }
+    bool hasText(const QString &text) { return newestLike(text, nullptr) != nullptr; }
     /// Adds clips with the dates and counts that they bring; their texts are not in the history.
     /// Removes nothing for them: the caller knows how many there is room for. False when they
     /// cannot be kept.
     bool bringIn(const std::vector<ClipChange> &clips);
+    /// Keeps the picture of a copy without a text in a file, and records that file a moment later,
+    /// as copied now.
+    void addPicture(const Clip &clip);
+    KeptPictures &pictures() { return m_pictures; }
     static bool isNilOrEmpty(const std::optional<QString> &text);
 
     /// A clip that is not in the list is ignored.
@@ -111,11 +116,16 @@ Q_SIGNALS:
     /// The list has changed by a load, a search or a deletion, or the formatting of a clip has come
     /// late; rows told before are out of date.
     void clipItemArrChanged();
+    /// A picture that was added is not kept after all.
+    void pictureRefused(const PictureFile &file);
 
 private:
     bool refusesChange();
     void fetch();
-    std::shared_ptr<ClipItem> newestWithText(const QString &text);
+    void add(const Clip &clip, std::optional<double> copied);
+    bool isRepeat(const ClipItem &item, const QString &text, const Clip &clip) const;
+    std::shared_ptr<ClipItem> newestLike(const QString &text, const Clip *clip);
+    void dropPictures();
     void putInOrder(const std::shared_ptr<ClipItem> &item);
     double stamp() const;
     void removeOldest(const std::shared_ptr<ClipItem> &added);
@@ -123,6 +133,7 @@ private:
     void keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &item);
     void forget(const std::shared_ptr<ClipItem> &item);
     void hold(const Items &items);
+    void holdPictures(std::vector<ClipChange> &clips) const;
     bool isThereAgain(const ClipChange &deleted);
     std::vector<ClipChange> trimmed(Items &restored, const DeletedClips::Step &step);
     void workWhileIdle();
@@ -141,6 +152,8 @@ private:
     std::shared_ptr<ClipItem> m_lastClipItem;
     DeletedClips m_deletedClips;
     RichTextMaker m_richTextMaker;
+    KeptPictures m_pictures;
+    bool m_mayPicturesBeGone = true; ///< Clips are gone whose pictures may still be there.
     QTimer m_idleTimer; ///< Fires while there is nothing else to do.
     QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.
 };

@@ -3,6 +3,7 @@
 #include "history/CaptureSettings.h"
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
+#include "history/HistoryLog.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -19,6 +20,7 @@ bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipIte
 
 void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
 {
+    m_mayPicturesBeGone |= item->hasFilepath();
     if (item == m_lastClipItem)
         m_context.keepText(item);
     m_context.remove(item);
@@ -30,9 +32,32 @@ void ClipHistory::hold(const Items &items)
 {
     std::optional<std::vector<ClipChange>> clips =
         m_context.records(items, DeletedClips::kMostBytes);
-    if (clips)
-        m_deletedClips.push(
-            {std::move(*clips), static_cast<qint64>(m_history.size()), m_settings.getMaxItems()});
+    if (!clips)
+        return;
+    holdPictures(*clips);
+    m_deletedClips.push(
+        {std::move(*clips), static_cast<qint64>(m_history.size()), m_settings.getMaxItems()});
+}
+
+/// Their files go with the clips, so that the bytes are all that is left of them. Clips whose
+/// pictures are too much to be held are not held either.
+void ClipHistory::holdPictures(std::vector<ClipChange> &clips) const
+{
+    constexpr qint64 kMostBytes = DeletedClips::kMostBytes / 2;
+    qint64 bytes = 0;
+    const auto isPicture = [this](const ClipChange &deleted) {
+        const std::optional<QString> path = deleted.clip->filepath();
+        return path && m_pictures.isOurs(*path);
+    };
+    for (ClipChange &deleted : clips) {
+        if (!isPicture(deleted) || bytes > kMostBytes)
+            continue;
+        deleted.clip->picture = m_pictures.read(*deleted.clip->filepath());
+        bytes += deleted.clip->picture.size();
+    }
+    std::erase_if(clips, [&](const ClipChange &deleted) {
+        return isPicture(deleted) && deleted.clip->picture.isEmpty();
+    });
 }
 
 void ClipHistory::deleteItems(Items items)
@@ -55,6 +80,7 @@ void ClipHistory::deleteClips(const Items &items)
     std::erase_if(m_history, isGone);
     std::erase_if(m_found, isGone);
     saveContext();
+    dropPictures();
     emptyLog();
     Q_EMIT clipItemArrChanged();
 }
@@ -63,6 +89,7 @@ void ClipHistory::clearAll()
 {
     if (refusesChange())
         return;
+    m_pictures.giveUp();
     // What a search hides goes too, and what another program has added.
     loadClipItems();
     hold(m_history);
@@ -94,6 +121,7 @@ void ClipHistory::deleteAndLoad(const Items &items)
     std::erase_if(m_history,
                   [](const std::shared_ptr<ClipItem> &item) { return !item->isInHistory(); });
     saveContext();
+    dropPictures();
     loadClipItems();
     if (!items.empty())
         emptyLog();
@@ -104,7 +132,7 @@ void ClipHistory::deleteAndLoad(const Items &items)
 bool ClipHistory::isThereAgain(const ClipChange &deleted)
 {
     const std::shared_ptr<ClipItem> item =
-        deleted.clip->text && !m_history.empty() ? newestWithText(*deleted.clip->text) : nullptr;
+        deleted.clip->text && !m_history.empty() ? newestLike(*deleted.clip->text, &*deleted.clip) : nullptr;
     if (!item)
         return false;
     if (deleted.isPinned)
@@ -133,9 +161,15 @@ BroughtBack ClipHistory::bringBack()
         else
             m_index.remove(*item);
     }
+    for (const std::shared_ptr<ClipItem> &item : restored) {
+        const Clip clip = item->clip();
+        if (!clip.picture.isEmpty() && !m_pictures.restore(*clip.filepath(), clip.picture))
+            qCWarning(lcHistory, "A picture that was deleted could not be brought back");
+    }
     m_history.insert(m_history.end(), restored.begin(), restored.end());
     // The keys that clips get when they are saved are a part of their order.
     saveContext();
+    dropPictures();
     std::sort(m_history.begin(), m_history.end(), isNewer);
     const BroughtBack result{
         restored.empty() ? nullptr : *std::min_element(restored.begin(), restored.end(), isNewer),

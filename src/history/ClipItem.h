@@ -51,6 +51,7 @@ public:
     bool hasFilepath() const { return m_hasFilepath; }
     /// Whether trimming passes it over.
     bool isPinned() const { return m_isPinned; }
+    bool isUnsaved() const { return m_unsaved != nullptr; }
     /// Seconds since 1970 UTC; NaN when absent.
     double createSeconds() const { return m_createDate; }
     /// The newer clip goes first; of one date the later record, and what has no date last.

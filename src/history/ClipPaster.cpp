@@ -88,8 +88,7 @@ ClipPaster::ClipPaster(const Ports &ports, CaptureSettings &settings, ClipHistor
             tr("%1 did not take the clip over to the computer that it shows, so nothing was "
                "pasted there. The middle mouse button pastes the clip, too."));
     });
-    connect(&m_swopState, &SwopState::changed, &m_capture,
-            &ClipboardCapture::tellLargestUsefulText);
+    connect(&m_swopState, &SwopState::changed, &m_capture, &ClipboardCapture::tellLargestUseful);
 }
 
 void ClipPaster::performPaste(int row, const std::optional<QString> &format)
@@ -163,7 +162,7 @@ ClipPaster::Outcome ClipPaster::pasteFile(const Clip &clip)
 {
     const QStringList present = existing(clip.fileNames);
     const bool exists = !present.isEmpty();
-    if (exists && !replaceBy({clip.text, std::nullopt, present}))
+    if (exists && !replaceBy(copyOfFiles(clip.text, present)))
         return Outcome::NotWritten;
     m_window.hideApp();
     if (present.size() < clip.fileNames.size() && m_settings.isNotificationsEnabled())
@@ -191,7 +190,7 @@ bool ClipPaster::copyItems(std::vector<std::shared_ptr<ClipItem>> items)
                 notifyFileNoLongerExists();
             return false;
         }
-        clip = Clip({clip.text, std::nullopt, present}, std::nullopt);
+        clip = Clip(copyOfFiles(clip.text, present), std::nullopt);
     }
     const bool isWritten = clip.text && replaceBy(clip);
     if (!isWritten) {
@@ -201,12 +200,23 @@ bool ClipPaster::copyItems(std::vector<std::shared_ptr<ClipItem>> items)
     return isWritten;
 }
 
+/// A picture of ours lands as one where it can, and as its file elsewhere.
+Copy ClipPaster::copyOfFiles(const std::optional<QString> &text, const QStringList &files) const
+{
+    Copy copy{text, std::nullopt, files};
+    if (files.size() == 1)
+        copy.picture = m_history.pictures().read(files.first());
+    if (!copy.picture.isEmpty())
+        copy.offer = Copy::Offer::Picture;
+    return copy;
+}
+
 bool ClipPaster::replaceBy(const Copy &copy)
 {
     const std::optional<PasteboardContents> present = m_ports.pasteboard.contents();
     if (!m_ports.pasteboard.write(copy))
         return false;
-    if (present && isUnrecorded(*present))
+    if (present && isUnrecorded(*present) && !m_capture.isPictureAdded(*present))
         Q_EMIT unrecordedReplaced(present->media == PasteboardContents::Media::Picture);
     return true;
 }
@@ -249,8 +259,11 @@ ClipPaster::Outcome ClipPaster::typeIntoTarget()
 ClipPaster::Outcome ClipPaster::leaveToUser(const QString &reason)
 {
     const std::optional<PasteboardContents> contents = m_ports.pasteboard.contents();
-    if (contents && contents->text)
-        m_ports.pasteboard.markText(*contents->text);
+    if (contents && contents->text) {
+        // The text of a picture says nothing where it is pasted, but its file can be opened by it.
+        const bool isPicture = contents->offer == Copy::Offer::Picture;
+        m_ports.pasteboard.markText(isPicture ? contents->fileNames.join(u'\n') : *contents->text);
+    }
     const QString target = m_ports.frontApplication.applicationName();
     tell(tr("The clip is on the clipboard"),
          reason.arg(target.isEmpty() ? tr("this application") : target));

@@ -118,6 +118,7 @@ private:
 
     /// Writes the clip to be pasted.
     bool replaceBy(const Copy &copy);
+    Copy copyOfFiles(const std::optional<QString> &text, const QStringList &files) const;
     Outcome pasteString(Copy copy, const std::optional<QString> &format);
     Outcome pasteFile(const Clip &clip);
     QStringList existing(const QStringList &fileNames);

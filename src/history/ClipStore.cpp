@@ -271,6 +271,21 @@ ClipStore::Details ClipStore::readDetails(qint64 pk)
     return details;
 }
 
+std::optional<QStringList> ClipStore::readFilepaths()
+{
+    try {
+        QStringList paths;
+        SQLite::Statement query(database(),
+                                "SELECT filepath FROM ClipItem WHERE filepath IS NOT NULL");
+        while (query.executeStep())
+            paths.append(textOf(query.getColumn(0)).value_or(QString()));
+        return paths;
+    } catch (const SQLite::Exception &exception) {
+        logUnreadable(exception);
+        return std::nullopt;
+    }
+}
+
 std::optional<QString> ClipStore::readText(qint64 pk, const char *attribute)
 {
     try {

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -69,6 +70,8 @@ public:
 
     /// Empty for a record that is not there.
     Details readDetails(qint64 pk);
+    /// Of all records that have one; absent when they cannot be read.
+    std::optional<QStringList> readFilepaths();
     std::optional<QString> readText(qint64 pk, const char *attribute = "strValue");
     /// Whole records, in the order of `pks`, as changes that would write them; those that are gone
     /// are left out. Absent when they cannot be read or their texts take more than `limit` bytes.

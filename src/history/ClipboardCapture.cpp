@@ -3,6 +3,7 @@
 #include "history/CaptureSettings.h"
 #include "history/ClipHistory.h"
 #include "history/HistoryLog.h"
+#include "history/PictureFile.h"
 #include "history/SwopState.h"
 #include "platform/FrontApplication.h"
 #include "platform/Notifications.h"
@@ -26,6 +27,7 @@ ClipboardCapture::ClipboardCapture(Pasteboard &pasteboard, const FrontApplicatio
       m_notifications(notifications), m_settings(settings), m_swopState(swopState)
 {
     connect(&m_pasteboard, &Pasteboard::changed, this, &ClipboardCapture::readFromPasteboard);
+    connect(&m_history, &ClipHistory::pictureRefused, this, &ClipboardCapture::refusePicture);
 }
 
 void ClipboardCapture::begin()
@@ -38,7 +40,7 @@ void ClipboardCapture::readFromPasteboard()
 {
     if (!m_hasBegun || m_isPaused)
         return;
-    tellLargestUsefulText();
+    tellLargestUseful();
     // Read before the changes, so that one published in between is still due at the next step.
     const qint64 changeCount = m_pasteboard.changeCount();
     if (changeCount == m_previousChangeCount)
@@ -71,8 +73,13 @@ void ClipboardCapture::passOverOwnWrites()
     m_passedOver = m_pasteboard.changeCount();
 }
 
-void ClipboardCapture::tellLargestUsefulText()
+void ClipboardCapture::tellLargestUseful()
 {
+    if (const qint64 picture = std::max<qint64>(m_settings.getMaxPictureSize(), 0);
+        picture != m_maxPictureSet) {
+        m_maxPictureSet = picture;
+        m_pasteboard.setLargestUsefulPicture(picture);
+    }
     // A swop holds its selection however large it is.
     const qint64 bytes = m_swopState.performSwop()
                              ? std::numeric_limits<qint64>::max()
@@ -134,6 +141,8 @@ void ClipboardCapture::record(const PasteboardContents &contents)
     const bool isRefused = isTooLarge(contents);
     if (isRefused)
         refuse(contents);
+    if (ClipHistory::isNilOrEmpty(contents.text) && !contents.isOwnWrite)
+        recordPicture(contents);
     if (!contents.text)
         return;
     const Clip clip(contents, contents.applicationName);
@@ -141,6 +150,39 @@ void ClipboardCapture::record(const PasteboardContents &contents)
         m_swopState.hold({clip, isRefused});
     else if (!isRefused)
         m_history.addToClipList(clip);
+}
+
+/// A copy of nothing but a picture. During a swop, too: what a swop exchanges is text.
+void ClipboardCapture::recordPicture(const PasteboardContents &contents)
+{
+    // Read when it was wanted, which may have ended since.
+    if (m_settings.getMaxPictureSize() <= 0)
+        return;
+    if (contents.isPictureTooLarge)
+        refusePicture({PictureFile::Fault::TooLarge});
+    if (contents.picture.isEmpty())
+        return;
+    m_pictureAdded = contents.changeCount;
+    m_history.addPicture(Clip(contents, contents.applicationName));
+}
+
+bool ClipboardCapture::isPictureAdded(const PasteboardContents &contents) const
+{
+    return contents.changeCount == m_pictureAdded;
+}
+
+void ClipboardCapture::refusePicture(const PictureFile &file)
+{
+    m_pictureAdded = -1;
+    if (file.fault != PictureFile::Fault::TooLarge)
+        return;
+    if (m_settings.isNotificationsEnabled())
+        m_notifications.deliver(tr("The copied picture was not kept"),
+                                tr("The picture is too large."), [self = QPointer(this)] {
+                                    if (self)
+                                        Q_EMIT self->pictureLimitAsked();
+                                });
+    Q_EMIT refused(file.bytes, m_settings.getMaxPictureSize());
 }
 
 void ClipboardCapture::refuse(const PasteboardContents &contents)

@@ -12,6 +12,7 @@ class Notifications;
 class Pasteboard;
 class SwopState;
 struct PasteboardContents;
+struct PictureFile;
 
 /// Turns pasteboard changes into clips. The application delegate owns it and calls timeout() once
 /// a second; the pasteboard's own change signal runs the same step at once. Each change of another
@@ -39,29 +40,37 @@ public:
     /// pasteboard held before we started.
     qint64 previousChangeCount() const { return m_previousChangeCount; }
 
-    /// Tells the pasteboard how large a text is of use, so that it reads the next copy by it. To be
-    /// called when the limit has changed or a swop has begun or ended; each step does it as well.
-    void tellLargestUsefulText();
+    /// Tells the pasteboard how large a text or picture is of use, so that it reads the next copy
+    /// by it. To be called when a limit has changed or a swop has begun or ended; each step does it
+    /// as well.
+    void tellLargestUseful();
 
     /// What we have written until now is in the history already, or must not come into it.
     void passOverOwnWrites();
+
+    /// Whether the picture is in the history, or soon will be.
+    bool isPictureAdded(const PasteboardContents &contents) const;
 
     /// A paste is under way: changes wait, because it must not see its own writes halfway. What it
     /// wrote counts as copied in the application that is in front when the pause ends.
     void setPaused(bool isPaused);
 
 Q_SIGNALS:
-    /// A copy was not recorded because its text is larger than `limit` bytes; `bytes` is absent
-    /// when it was not even read.
+    /// A copy was not recorded because its text, or its picture, is larger than `limit` bytes;
+    /// `bytes` is absent when it was not even read.
     void refused(std::optional<qint64> bytes, qint64 limit);
     /// The user wants to change the limit after a copy was refused.
     void limitAsked();
+    /// The same of a picture's limit.
+    void pictureLimitAsked();
 
 private:
     void nameApplication(PasteboardContents &contents) const;
     void examine(const PasteboardContents &contents);
     bool isIgnored(const PasteboardContents &contents) const;
     void record(const PasteboardContents &contents);
+    void recordPicture(const PasteboardContents &contents);
+    void refusePicture(const PictureFile &file);
     void refuse(const PasteboardContents &contents);
     bool isTooLarge(const PasteboardContents &contents) const;
 
@@ -73,6 +82,8 @@ private:
     SwopState &m_swopState;
     qint64 m_previousChangeCount = 0;
     qint64 m_maxTextSet = -1; ///< Bytes; -1 before the pasteboard was told any.
+    qint64 m_maxPictureSet = 0;
+    qint64 m_pictureAdded = -1; ///< Change count of the picture that was added last.
     bool m_hasBegun = false;
     bool m_isPaused = false;
     qint64 m_pauseBegan = 0; ///< Change count, as the two below.

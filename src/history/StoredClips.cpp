@@ -2,6 +2,7 @@
 
 #include "history/ClipStore.h"
 #include "history/HistoryLog.h"
+#include "history/KeptPictures.h"
 
 #include <QFileInfo>
 
@@ -22,6 +23,7 @@ bool StoredClips::clear(const QString &storeFolder)
         qCCritical(lcHistory).noquote() << error->logLine();
         return false;
     }
+    KeptPictures(storeFolder).removeAllBut({});
     // What the deleted clips leave in the files goes with them.
     store.vacuum();
     if (store.emptyLog())

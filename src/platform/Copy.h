@@ -26,8 +26,13 @@ struct Copy
         Everything,
         NoHtml, ///< The text is not the one that RTF and HTML have, which programs prefer.
         PlainText,
+        Picture, ///< The text only names the picture, and many programs would prefer it.
     };
     Offer offer = Offer::Everything;
+
+    /// Of a copied picture: encoded as its owner sent it, or PNG where we offer it; empty where
+    /// there is none.
+    QByteArray picture = {};
 
     /// The same, where files without a text have their whole paths for one, one a line: files of
     /// one name are not one clip.

@@ -38,6 +38,8 @@ struct PasteboardContents : Copy
     /// The owner marked the copy as a secret. Such contents are never fetched: every format is
     /// absent.
     bool isConcealed = false;
+    /// Reading stopped because the picture passed the size set with setLargestUsefulPicture.
+    bool isPictureTooLarge = false;
     /// Written through this pasteboard's own write().
     bool isOwnWrite = false;
 };
@@ -84,6 +86,10 @@ public:
     /// Size in bytes of UTF-8 beyond which a text is of no use to the caller. Reading a larger one
     /// stops early and publishes it with `isTextTooLarge`.
     virtual void setLargestUsefulText(qint64 bytes) = 0;
+
+    /// Size in bytes of PNG beyond which a picture is of no use to the caller; 0, as at first, when
+    /// none is. Pictures are read only of copies without a text and without files.
+    virtual void setLargestUsefulPicture(qint64 bytes) = 0;
 
     /// Replaces the contents and becomes the owner. Absent formats are not offered, but files
     /// without a text offer their paths as text. The change count has risen when it returns. False

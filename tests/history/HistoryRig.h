@@ -25,6 +25,7 @@ class TestSettings : public CaptureSettings
 public:
     qint64 maxItems = 1000;
     qint64 maxStringSize = 10000;
+    qint64 maxPictureSize = 0;
     bool areNotificationsEnabled = true;
     QStringList ignored;
     bool mayRecord = true;
@@ -32,6 +33,7 @@ public:
     // ^CaptureSettings
     qint64 getMaxItems() const override { return maxItems; }
     qint64 getMaxStringSize() const override { return maxStringSize; }
+    qint64 getMaxPictureSize() const override { return maxPictureSize; }
     bool isNotificationsEnabled() const override { return areNotificationsEnabled; }
     QStringList ignoredNames() const override { return ignored; }
     bool isRecordingAllowed() const override { return mayRecord; }

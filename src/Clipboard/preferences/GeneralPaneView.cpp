@@ -3,6 +3,7 @@
 #include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/CapabilityTable.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
+#include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/ShortcutNote.h"
 #include "looks/Looks.h"
 #include "looks/PaneParts.h"
@@ -77,7 +78,8 @@ private:
 
 } // namespace
 
-GeneralPaneView::GeneralPaneView(SettingsStore &settings, const ConfigurationLine::Copy &copy)
+GeneralPaneView::GeneralPaneView(SettingsStore &settings, const ConfigurationLine::Copy &copy,
+                                 const PictureChoice &pictures)
     : openAtLogin(new QCheckBox(tr("Open Quillmarsh at &login"))),
       notifications(new QCheckBox(tr("Show &notifications"))), maxItems(new HistorySizeSlider),
       maxItemsLabel(new QLabel), maxStringSize(new QLineEdit),
@@ -123,7 +125,7 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings, const ConfigurationLin
                 &GeneralPaneView::explainShortcuts);
     }
     explainShortcuts();
-    layOut();
+    layOut(pictures);
 }
 
 void GeneralPaneView::explainOpenAtLogin(bool isWanted, OwnEntry entry, bool wasRefused)
@@ -197,7 +199,7 @@ void GeneralPaneView::explainShortcuts()
     m_shortcutNote->setEmphasised(isWaiting || isInvalid);
 }
 
-void GeneralPaneView::layOut()
+void GeneralPaneView::layOut(const PictureChoice &pictures)
 {
     Rows rows(*this);
     rows.add(tr("Start-up:"), {openAtLogin, m_openAtLoginNote});
@@ -209,6 +211,8 @@ void GeneralPaneView::layOut()
              maxItems->grooveHeight());
     rows.add(tr("Largest &text:"), {maxStringSize, new QLabel(tr("bytes")), m_maxStringSizeReading},
              new PaneNote(tr("A longer copy is not recorded.")));
+    rows.add(tr("Pictures:"), {pictures.box, pictures.size, new QLabel(tr("MB at most"))},
+             new PaneNote(tr("Copies of nothing but a picture, as files in the data folder.")));
     rows.addSeparator();
     auto *openNote = new ShortcutNote(*openShortcut);
     auto *swopNote = new ShortcutNote(*swopShortcut);

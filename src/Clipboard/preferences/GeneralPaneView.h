@@ -12,6 +12,7 @@ class CapabilityTable;
 class HistorySizeSlider;
 class MASShortcutView;
 class PaneNote;
+class PictureChoice;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -25,8 +26,9 @@ class GeneralPaneView : public QWidget
 
 public:
     /// `settings` is where the recorders keep their shortcuts; `copy` puts a text on the
-    /// pasteboard.
-    GeneralPaneView(SettingsStore &settings, const ConfigurationLine::Copy &copy);
+    /// pasteboard; the controls of `pictures` come into this view.
+    GeneralPaneView(SettingsStore &settings, const ConfigurationLine::Copy &copy,
+                    const PictureChoice &pictures);
 
     QCheckBox *openAtLogin;
     QCheckBox *notifications;
@@ -59,7 +61,7 @@ public:
 
 private:
     void explainShortcuts();
-    void layOut();
+    void layOut(const PictureChoice &pictures);
     void fit();
 
     PaneNote *m_openAtLoginNote;

@@ -3,6 +3,7 @@
 #include "Clipboard/preferences/GeneralPaneView.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/OnlyIntegerNumberFormatter.h"
+#include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/PreferencesActions.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "looks/WindowIcons.h"
@@ -77,9 +78,11 @@ PreferencesGeneralViewController::~PreferencesGeneralViewController()
 
 void PreferencesGeneralViewController::loadView()
 {
-    m_view = std::make_unique<GeneralPaneView>(m_settings, [this](const QString &text) {
+    const auto copy = [this](const QString &text) {
         m_appDelegate.setPasteboardString(text, std::nullopt);
-    });
+    };
+    m_pictures = std::make_unique<PictureChoice>(m_settings);
+    m_view = std::make_unique<GeneralPaneView>(m_settings, copy, *m_pictures);
     m_view->installEventFilter(this);
     QCoreApplication::instance()->installEventFilter(this);
     openAtLoginCB = m_view->openAtLogin;
@@ -123,6 +126,7 @@ void PreferencesGeneralViewController::loadPreferences()
         return;
     qCInfo(lcPreferences, "Loading max string size preference");
     loadMaxStringSize();
+    m_pictures->load();
     qCInfo(lcPreferences, "Loading notifications preference");
     loadNotifications();
     qCInfo(lcPreferences, "Loading welcomeWindow preference");
@@ -139,6 +143,11 @@ qint64 PreferencesGeneralViewController::getMaxStringSize() const
 {
     const QString text = required(maxStringSizeTextField, "maxStringSizeTextField").text();
     return text.isEmpty() ? m_maxStringSize : OnlyIntegerNumberFormatter::integerValue(text);
+}
+
+qint64 PreferencesGeneralViewController::getMaxPictureSize() const
+{
+    return m_pictures ? m_pictures->maxBytes() : 0;
 }
 
 bool PreferencesGeneralViewController::isNotificationsEnabled() const

@@ -17,6 +17,7 @@ class HotKeys;
 class LoginItems;
 class MASShortcut;
 class MASShortcutView;
+class PictureChoice;
 class QCheckBox;
 class PreferencesActions;
 class QLineEdit;
@@ -69,6 +70,10 @@ public:
     void setWelcomeWindowShown(bool isShown) { m_welcomeWindowShown = isShown; }
     /// Records that the welcome was completed, and the first time puts its message on the
     /// pasteboard.
+    /// Largest picture that is kept, in bytes; 0 when none is.
+    qint64 getMaxPictureSize() const;
+    /// Where the user says whether, and up to which size. Only once the view is loaded.
+    PictureChoice &pictures() const { return *m_pictures; }
     void setWelcomeWindowShown();
     /// Stores the choice and changes the login item.
     void setOpenAtLogin(bool isOn);
@@ -133,5 +138,6 @@ private:
     /// What counts instead of the slider until it is moved; see getMaxItems().
     std::optional<qint64> m_unreachableMaxItems;
     qint64 m_maxStringSize = 0; ///< The last number that stood in the field.
+    std::unique_ptr<PictureChoice> m_pictures;
     std::unique_ptr<GeneralPaneView> m_view;
 };

@@ -1,5 +1,6 @@
 #include "platform/pasteboard/CopyBytes.h"
 
+#include "platform/pasteboard/PictureFormats.h"
 #include "platform/pasteboard/SelectionText.h"
 #include "platform/richtext/RichText.h"
 
@@ -25,7 +26,7 @@ bool isOffered(const CopyFormat &format, Copy::Offer offer)
 CopyBytes CopyBytes::of(const Copy &copy)
 {
     CopyBytes bytes;
-    if (copy.text)
+    if (copy.text && copy.offer != Copy::Offer::Picture)
         bytes.text = SelectionText::toUtf8(*copy.text);
     for (const CopyFormat &format : copyFormats()) {
         if (const std::optional<QString> &source = copy.*format.source;
@@ -34,6 +35,9 @@ CopyBytes CopyBytes::of(const Copy &copy)
     }
     bytes.makesHtml = copy.offer == Copy::Offer::Everything;
     bytes.fileNames = copy.fileNames;
+    bytes.picture = copy.picture;
+    if (!copy.picture.isEmpty())
+        bytes.pictureName = PictureFormats::kPng;
     return bytes;
 }
 
@@ -45,12 +49,13 @@ Copy CopyBytes::copy() const
     for (auto format = formats.begin(); format != formats.end(); ++format)
         copy.*format.key()->source = format.key()->fromBytes(*format);
     copy.fileNames = fileNames;
+    copy.picture = picture;
     return copy;
 }
 
 qint64 CopyBytes::byteCount() const
 {
-    qint64 count = text.value_or(QByteArray()).size() + uriList.size();
+    qint64 count = text.value_or(QByteArray()).size() + uriList.size() + picture.size();
     for (const QByteArray &bytes : formats)
         count += bytes.size();
     return count;
@@ -62,6 +67,9 @@ QList<CopyBytes::Offer> CopyBytes::offers() const
     const auto add = [&](const QString &name, const QByteArray &bytes) {
         offers.append({name, name, bytes, nullptr});
     };
+    // Before the file that it is in, so that it lands as a picture with those who take either.
+    if (pictureName == PictureFormats::kPng)
+        add(pictureName, picture);
     // Before the plain list, which cannot say whether the files were copied or cut: file managers
     // look for theirs first.
     if (!fileNames.isEmpty())
@@ -114,6 +122,7 @@ QStringList CopyBytes::names()
         everything.formats[&format] = QByteArray();
     everything.fileNames = QStringList{QStringLiteral("/")};
     everything.fileAction = FileUris::Action::Cut;
+    everything.pictureName = PictureFormats::kPng;
     QStringList names;
     for (const Offer &offer : everything.offers())
         names.append(offer.name);

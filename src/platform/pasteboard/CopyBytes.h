@@ -25,6 +25,9 @@ struct CopyBytes
     std::optional<QByteArray> text;
     /// By the rows of copyFormats().
     QHash<const CopyFormat *, QByteArray> formats;
+    /// A picture, and the name of its encoding; both empty where there is none.
+    QString pictureName;
+    QByteArray picture;
     /// As it was sent; empty where none was.
     QByteArray uriList;
     QStringList fileNames;

@@ -33,9 +33,10 @@ std::shared_ptr<const CopyOffer> CopyOffer::with(const QList<Format> &formats,
     // Programs paste the first encoding of their own list that is offered. So those that the owner
     // made from its picture go on being offered, made from the one that was kept.
     for (const QString &name : PictureFormats::inOrder(names)) {
-        const auto kept = std::find_if(formats.begin(), formats.end(),
+        const QList<Format> known = offer->m_formats;
+        const auto kept = std::find_if(known.begin(), known.end(),
                                        [&](const Format &format) { return format.name == name; });
-        if (kept == formats.end())
+        if (kept == known.end())
             continue;
         QStringList wanted = names;
         if (!wanted.contains(PictureFormats::kPng))

@@ -1,6 +1,7 @@
 #include "platform/pasteboard/CopyQuestions.h"
 
 #include "platform/pasteboard/PasteboardLimits.h"
+#include "platform/pasteboard/PictureFormats.h"
 #include "platform/pasteboard/TextFormats.h"
 
 #include <algorithm>
@@ -25,19 +26,21 @@ void useFiles(const QString &name, const QByteArray &bytes, CopyBytes &copy)
 
 bool Question::isLike(const Question &other) const
 {
-    const bool hasOneAnswer = part == Part::Text || part == Part::Format;
+    const bool hasOneAnswer = part == Part::Text || part == Part::Format || part == Part::Picture;
     return hasOneAnswer && part == other.part && row == other.row;
 }
 
 qint64 Question::maxBytes(const FetchedCopy &fetched) const
 {
+    if (part == Part::Picture)
+        return std::min(PasteboardLimits::kMaxFormat, most);
     if (part != Part::Format)
         return PasteboardLimits::kMaxFormat;
     const qint64 textBytes = fetched.copy.text.value_or(QByteArray()).size();
     return std::min(PasteboardLimits::kMaxFormat, copyFormats().at(row).maxBytes(textBytes));
 }
 
-QList<Question> of(const QStringList &names)
+QList<Question> of(const QStringList &names, const Useful &useful)
 {
     using Part = Question::Part;
     QList<Question> questions;
@@ -55,7 +58,30 @@ QList<Question> of(const QStringList &names)
     // Asked for beside the other list, because only this one may say that the files were cut.
     plan(Part::Files, FileUris::kGnomeList);
     plan(Part::CutMark, FileUris::kKdeCut);
+    const bool mayBePicture =
+        TextFormats::inOrder(names).isEmpty() || TextFormats::mayHoldNone(names);
+    if (useful.picture > 0 && mayBePicture) {
+        // Whatever is no PNG becomes one, and how large that is shows then.
+        for (const QString &name : PictureFormats::inOrder(names))
+            questions.append(
+                {Part::Picture, name, 0,
+                 name == PictureFormats::kPng ? useful.picture : PasteboardLimits::kMaxFormat});
+    }
     return questions;
+}
+
+bool isOfUse(const Question &question, const FetchedCopy &fetched)
+{
+    const CopyBytes &copy = fetched.copy;
+    return question.part != Question::Part::Picture ||
+           (copy.text.value_or(QByteArray()).isEmpty() && copy.fileNames.isEmpty() &&
+            copy.picture.isEmpty() && !fetched.isPictureTooLarge);
+}
+
+void refuse(const Question &question, FetchedCopy &fetched)
+{
+    if (question.part == Question::Part::Picture)
+        fetched.isPictureTooLarge = true;
 }
 
 void use(const Question &question, const QByteArray &bytes, const QString &type,
@@ -79,6 +105,10 @@ void use(const Question &question, const QByteArray &bytes, const QString &type,
     case Question::Part::CutMark:
         if (bytes.startsWith('1'))
             copy.fileAction = FileUris::Action::Cut;
+        break;
+    case Question::Part::Picture:
+        copy.picture = bytes;
+        copy.pictureName = bytes.isEmpty() ? QString() : question.name;
         break;
     }
 }

@@ -24,6 +24,7 @@ PasteboardContents FetchedCopy::contents(qint64 maxUsefulText) const
     PasteboardContents contents;
     contents.media = mediaOf(names);
     contents.isConcealed = isConcealed;
+    contents.isPictureTooLarge = isPictureTooLarge;
     contents.isTextTooLarge = isTextTooLarge || (copy.text && copy.text->size() > maxUsefulText);
     if (!contents.isTextTooLarge)
         static_cast<Copy &>(contents) = copy.copy();

@@ -14,6 +14,8 @@ struct FetchedCopy
     CopyBytes copy = {};
     /// More text than was to be read; there is none then.
     bool isTextTooLarge = false;
+    /// More of a picture than is of use; there is none then.
+    bool isPictureTooLarge = false;
     /// The owner was given up, so that it is no use to ask it for anything else.
     bool isGivenUp = false;
     /// Marked as a secret; nothing was asked for then.

@@ -73,7 +73,7 @@ QList<QStringList> KeptFormats::plan(const QStringList &offered, const QStringLi
     }
     // One picture is painted anew for each encoding, which takes its owner as long each time.
     const QStringList pictures = PictureFormats::inOrder(wanted);
-    if (!pictures.isEmpty())
+    if (!pictures.isEmpty() && PictureFormats::inOrder(had).isEmpty())
         plan.append(pictures);
     for (const QString &name : wanted) {
         if (!pictures.contains(name))

@@ -50,6 +50,18 @@ void PasteboardChanges::setLargestUsefulText(qint64 bytes)
     m_maxUsefulText = std::clamp<qint64>(bytes, 0, PasteboardLimits::kMaxFormat);
 }
 
+qint64 PasteboardChanges::maxUsefulPicture() const
+{
+    const MutexLock lock(m_mutex);
+    return m_maxUsefulPicture;
+}
+
+void PasteboardChanges::setLargestUsefulPicture(qint64 bytes)
+{
+    const MutexLock lock(m_mutex);
+    m_maxUsefulPicture = std::clamp<qint64>(bytes, 0, PasteboardLimits::kMaxFormat);
+}
+
 qint64 PasteboardChanges::publish(PasteboardContents contents)
 {
     const MutexLock lock(m_mutex);

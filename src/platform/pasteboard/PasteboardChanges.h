@@ -24,6 +24,8 @@ public:
 
     qint64 maxUsefulText() const;
     void setLargestUsefulText(qint64 bytes);
+    qint64 maxUsefulPicture() const;
+    void setLargestUsefulPicture(qint64 bytes);
 
     /// Publishes contents under the next count, which it returns.
     qint64 publish(PasteboardContents contents);
@@ -47,6 +49,7 @@ private:
     mutable Mutex m_mutex;
     qint64 m_changeCount QUILLMARSH_GUARDED_BY(m_mutex) = 0;
     qint64 m_maxUsefulText QUILLMARSH_GUARDED_BY(m_mutex) = PasteboardLimits::kMaxFormat;
+    qint64 m_maxUsefulPicture QUILLMARSH_GUARDED_BY(m_mutex) = 0;
     std::optional<PasteboardContents> m_contents QUILLMARSH_GUARDED_BY(m_mutex);
     QList<PasteboardContents> m_unexamined QUILLMARSH_GUARDED_BY(m_mutex);
     bool m_isPasteRead QUILLMARSH_GUARDED_BY(m_mutex) = false;

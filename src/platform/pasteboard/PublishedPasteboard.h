@@ -24,6 +24,10 @@ public:
     }
     std::optional<PasteboardContents> contents() const override { return m_changes.contents(); }
     void setLargestUsefulText(qint64 bytes) override { m_changes.setLargestUsefulText(bytes); }
+    void setLargestUsefulPicture(qint64 bytes) override
+    {
+        m_changes.setLargestUsefulPicture(bytes);
+    }
     bool isPasteRead() const override { return m_changes.isPasteRead(); }
     void askText(Selection selection, QObject *context, TextAnswer answer) override;
 

@@ -2,6 +2,7 @@
 
 #include "Clipboard/ApplicationRig.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
+#include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/PreferencesActions.h"
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
@@ -96,6 +97,40 @@ TEST_F(GeneralPane, showsWhatIsStoredAndForcesTheTestSwitchesOfTheUpdater)
     EXPECT_TRUE(pane.welcomeWindowShown());
     EXPECT_EQ(stored(QStringLiteral("SUUpdaterIsInTestMode")), QVariant(true));
     EXPECT_EQ(stored(QStringLiteral("maxItems")), QVariant(qlonglong(1234)));
+}
+
+TEST_F(GeneralPane, keepsPicturesFromTheMomentTheBoxIsTicked)
+{
+    PreferencesGeneralViewController &pane = start();
+    EXPECT_FALSE(memory.settings.contains(QStringLiteral("keepPictures")));
+    EXPECT_FALSE(memory.settings.contains(QStringLiteral("maxPictureMegabytes")));
+    EXPECT_EQ(memory.pasteboard.maxUsefulPicture(), 0);
+    EXPECT_FALSE(pane.pictures().size->isEnabled());
+    pane.pictures().box->click();
+    EXPECT_EQ(memory.pasteboard.maxUsefulPicture(), 10'000'000);
+    openPane();
+    struct Row
+    {
+        QString typed;
+        QString shown; ///< Once the field is left.
+        qint64 bytes;
+    };
+    const Row rows[] = {{QStringLiteral("3"), QStringLiteral("3"), 3'000'000},
+                        {QString(), QStringLiteral("3"), 3'000'000},
+                        {QStringLiteral("0"), QStringLiteral("3"), 3'000'000},
+                        {QStringLiteral("999"), QStringLiteral("64"), 64'000'000}};
+    for (const Row &row : rows) {
+        retype(*pane.pictures().size, row.typed);
+        QTest::keyClick(pane.pictures().size, Qt::Key_Return);
+        EXPECT_EQ(pane.pictures().size->text(), row.shown);
+        EXPECT_EQ(memory.pasteboard.maxUsefulPicture(), row.bytes);
+    }
+    application.reset();
+    memory.pasteboard.setLargestUsefulPicture(0);
+    start();
+    EXPECT_EQ(memory.pasteboard.maxUsefulPicture(), 64'000'000);
+    application->generalPane().pictures().box->click();
+    EXPECT_EQ(memory.pasteboard.maxUsefulPicture(), 0);
 }
 
 TEST_F(GeneralPane, saysBesideARecorderThatItsShortcutDoesNotWork)

@@ -11,6 +11,12 @@ void MemoryPasteboard::copyFromOutside(PasteboardContents contents)
         contents.isTextTooLarge = true;
         contents.tooLargeBytes = bytes;
     }
+    contents.isPictureTooLarge = !contents.isConcealed && maxUsefulPicture() > 0 &&
+                                 contents.picture.size() > maxUsefulPicture();
+    const bool isPictureOfUse =
+        contents.text.value_or(QString()).isEmpty() && contents.fileNames.isEmpty();
+    if (contents.picture.size() > maxUsefulPicture() || !isPictureOfUse)
+        contents.picture.clear();
     if (contents.isConcealed || contents.isTextTooLarge)
         static_cast<Copy &>(contents) = Copy();
     Q_EMIT changed(m_changes.publish(std::move(contents)));

@@ -37,6 +37,7 @@ public:
     void setPasteRead(bool isRead);
 
     qint64 maxUsefulText() const { return m_changes.maxUsefulText(); }
+    qint64 maxUsefulPicture() const { return m_changes.maxUsefulPicture(); }
     /// Change counts examined so far.
     const QList<qint64> &acknowledged() const { return m_acknowledged; }
     const QList<qint64> &discarded() const { return m_discarded; }
@@ -53,6 +54,10 @@ public:
     void acknowledge(qint64 changeCount) override;
     void discard(qint64 changeCount) override;
     void setLargestUsefulText(qint64 bytes) override { m_changes.setLargestUsefulText(bytes); }
+    void setLargestUsefulPicture(qint64 bytes) override
+    {
+        m_changes.setLargestUsefulPicture(bytes);
+    }
     bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_isPasteRead; }
     void clear() override;

@@ -14,7 +14,10 @@ public:
     }
     Copy pasteElsewhere() override
     {
-        return m_pasteboard.contents().value_or(PasteboardContents());
+        Copy copy = m_pasteboard.contents().value_or(PasteboardContents());
+        if (copy.offer == Copy::Offer::Picture)
+            copy.text.reset();
+        return copy;
     }
     void markElsewhere(const QString &text) override { m_pasteboard.markOutside(text); }
     std::optional<QString> markedElsewhere() override { return m_pasteboard.markedText(); }

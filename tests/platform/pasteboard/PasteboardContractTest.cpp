@@ -134,6 +134,46 @@ TEST_F(PasteboardContract, aTextOfTheLargestUsefulSizeArrivesAndOneByteMoreDoesN
     EXPECT_TRUE(m_pasteboard.contents()->isTextTooLarge);
 }
 
+TEST_F(PasteboardContract, aPictureIsReadWhereOneIsWantedAndNothingElseWasCopied)
+{
+    struct Row
+    {
+        const char *name;
+        qint64 useful;
+        Copy copy;
+        bool isRead;
+        bool isTooLarge;
+    };
+    const QByteArray picture = "nine byte";
+    const Copy alone{.picture = picture};
+    const Row rows[] = {
+        {"unwanted", 0, alone, false, false},
+        {"of the largest size", 9, alone, true, false},
+        {"a byte more", 8, alone, false, true},
+        {"of a text", 9, {.text = u"text"_s, .picture = picture}, false, false},
+        {"of a file", 9, {.fileNames = {u"/tmp/one"_s}, .picture = picture}, false, false},
+        {"of a page", 9, {.html = u"<img>"_s, .picture = picture}, true, false},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        m_pasteboard.setLargestUsefulPicture(row.useful);
+        m_stage->copyElsewhere({row.copy});
+        ASSERT_TRUE(m_pasteboard.contents());
+        EXPECT_EQ(m_pasteboard.contents()->picture, row.isRead ? picture : QByteArray());
+        EXPECT_EQ(m_pasteboard.contents()->isPictureTooLarge, row.isTooLarge);
+    }
+    const Copy ours{.text = u"name"_s,
+                    .fileNames = {u"/tmp/one"_s},
+                    .offer = Copy::Offer::Picture,
+                    .picture = picture};
+    ASSERT_TRUE(m_pasteboard.write(ours));
+    EXPECT_EQ(m_pasteboard.contents()->text, ours.text);
+    const Copy pasted = m_stage->pasteElsewhere();
+    EXPECT_EQ(pasted.text, std::nullopt);
+    EXPECT_EQ(pasted.fileNames, ours.fileNames);
+    EXPECT_EQ(pasted.picture, picture);
+}
+
 TEST_F(PasteboardContract, aSecretIsAnnouncedButNeverRead)
 {
     PasteboardContents secret = textCopy(u"hunter2"_s);

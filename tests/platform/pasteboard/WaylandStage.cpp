@@ -102,6 +102,8 @@ void WaylandStage::copyElsewhere(const PasteboardContents &contents)
         formats[QStringLiteral("text/html")] = contents.html->toLatin1();
     if (!contents.fileNames.isEmpty())
         formats[FileUris::kUriList] = FileUris::uriList(contents.fileNames);
+    if (!contents.picture.isEmpty())
+        formats[QStringLiteral("image/png")] = contents.picture;
     if (contents.isConcealed)
         formats[CopyQuestions::kSecretMark] = "secret";
     const qint64 before = m_pasteboard->changeCount();
@@ -123,6 +125,7 @@ Copy WaylandStage::pasteElsewhere()
         item.rtf = QString::fromLatin1(*rtf);
     if (const auto html = paste(QStringLiteral("text/html")))
         item.html = QString::fromLatin1(*html);
+    item.picture = paste(QStringLiteral("image/png")).value_or(QByteArray());
     item.fileNames = FileUris::filesOfUriList(paste(FileUris::kUriList).value_or(QByteArray()));
     return item;
 }

@@ -67,6 +67,8 @@ void X11Stage::copyElsewhere(const PasteboardContents &contents)
         formats["text/html"] = contents.html->toLatin1();
     if (!contents.fileNames.isEmpty())
         formats["text/uri-list"] = FileUris::uriList(contents.fileNames);
+    if (!contents.picture.isEmpty())
+        formats["image/png"] = contents.picture;
     if (contents.isConcealed)
         formats["x-kde-passwordManagerHint"] = "secret";
     const qint64 before = m_pasteboard.changeCount();
@@ -87,6 +89,7 @@ Copy X11Stage::pasteElsewhere()
         item.rtf = QString::fromLatin1(*rtf);
     if (const auto html = paste("text/html"))
         item.html = QString::fromLatin1(*html);
+    item.picture = paste("image/png").value_or(QByteArray());
     item.fileNames = FileUris::filesOfUriList(paste("text/uri-list").value_or(QByteArray()));
     return item;
 }

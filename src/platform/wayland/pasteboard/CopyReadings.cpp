@@ -16,13 +16,13 @@ CopyReadings::CopyReadings(WaylandConnection &connection, const PasteboardLimits
 }
 
 void CopyReadings::begin(const std::shared_ptr<DataOffer> &offer, const CopyFront &front,
-                         qint64 maxTextBytes)
+                         const CopyQuestions::Useful &useful)
 {
     if (m_readings.size() == kMaxReadings)
         giveFirst(m_readings.front().reader->abandon());
     auto reader = std::make_unique<OfferReader>(m_connection, m_limits, [this] { giveFinished(); });
     m_readings.push_back({std::move(reader), front, offer});
-    m_readings.back().reader->begin(offer, maxTextBytes);
+    m_readings.back().reader->begin(offer, useful);
     giveFinished();
 }
 

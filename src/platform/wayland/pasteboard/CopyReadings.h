@@ -31,7 +31,7 @@ public:
     CopyReadings(WaylandConnection &connection, const PasteboardLimits &limits, Read read);
 
     void begin(const std::shared_ptr<DataOffer> &offer, const CopyFront &front,
-               qint64 maxTextBytes);
+               const CopyQuestions::Useful &useful);
     bool isEmpty() const { return m_readings.empty(); }
     /// Something else is on the clipboard.
     void outdate();

@@ -41,17 +41,18 @@ OfferReader::OfferReader(WaylandConnection &connection, const PasteboardLimits &
 {
 }
 
-void OfferReader::begin(std::shared_ptr<DataOffer> offer, qint64 maxTextBytes, Wish wish)
+void OfferReader::begin(std::shared_ptr<DataOffer> offer, const CopyQuestions::Useful &useful,
+                        Wish wish)
 {
     const QStringList names = offer->names();
-    restart(std::move(offer), maxTextBytes, m_limits.fetch);
+    restart(std::move(offer), useful.text, m_limits.fetch);
     m_wish = wish;
     // That it is listed is enough: asking for its value would be one conversation more with the
     // owner of a secret.
     m_fetched.isConcealed = wish == Wish::Copy && names.contains(CopyQuestions::kSecretMark);
     if (!m_fetched.isConcealed) {
         m_fetched.names = names;
-        for (const CopyQuestions::Question &question : CopyQuestions::of(names)) {
+        for (const CopyQuestions::Question &question : CopyQuestions::of(names, useful)) {
             if (question.part == Part::Text)
                 m_texts.append({question});
             if (question.part == Part::Text || wish == Wish::Copy)
@@ -156,18 +157,28 @@ OfferReader::Result OfferReader::abandon()
 
 void OfferReader::askNext()
 {
+    m_waiting.removeIf([this](const Request &request) {
+        return !request.restRow && !CopyQuestions::isOfUse(request.question, m_fetched);
+    });
     for (qsizetype i = 0; i < m_waiting.size();) {
-        const Request &request = m_waiting[i];
-        const bool isUnderWay = std::any_of(m_pipes.begin(), m_pipes.end(), [&](const Pipe &pipe) {
-            return request.restRow || pipe.request.isLike(request);
-        });
-        if (isUnderWay)
-            ++i;
-        else
+        if (isReady(m_waiting[i]))
             ask(m_waiting.takeAt(i));
+        else
+            ++i;
     }
     if (m_pipes.empty() && !waitToAskAgain())
         finish();
+}
+
+bool OfferReader::isReady(const Request &request) const
+{
+    const bool isPicture = !request.restRow && request.question.part == Part::Picture;
+    return std::none_of(m_pipes.begin(), m_pipes.end(), [&](const Pipe &pipe) {
+        // Whether a picture is of use is known when there turns out to be nothing else.
+        const bool isOther =
+            pipe.request.question.part == Part::Text || pipe.request.question.part == Part::Files;
+        return request.restRow || pipe.request.isLike(request) || (isPicture && isOther);
+    });
 }
 
 /// False when there is no pipe to be had.
@@ -239,7 +250,12 @@ void OfferReader::useAnswer(const Pipe &pipe)
         useRest(answered);
     else if (answered.request.isText())
         useText(answered);
-    else if (!answered.isTooLarge && !answered.bytes.isEmpty()) {
+    else if (answered.isTooLarge)
+        CopyQuestions::refuse(answered.request.question, m_fetched);
+    else if (!answered.bytes.isEmpty() && answered.request.question.part != Part::Format) {
+        CopyQuestions::use(answered.request.question, answered.bytes, {}, m_fetched);
+        dropOthersLike(answered.request);
+    } else if (!answered.bytes.isEmpty()) {
         m_formats.append({answered.request, answered.bytes});
         dropOthersLike(answered.request);
     }

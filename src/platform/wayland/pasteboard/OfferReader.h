@@ -41,8 +41,9 @@ public:
     OfferReader &operator=(const OfferReader &) = delete;
     ~OfferReader() { stop(); }
 
-    /// Begins to read at most `maxTextBytes` of text. Only when nothing is being read.
-    void begin(std::shared_ptr<DataOffer> offer, qint64 maxTextBytes, Wish wish = Wish::Copy);
+    /// Begins to read what is of use. Only when nothing is being read.
+    void begin(std::shared_ptr<DataOffer> offer, const CopyQuestions::Useful &useful,
+               Wish wish = Wish::Copy);
 
     /// Begins with the rest of a copy, one format after the other, and reads at most `maxBytes` in
     /// all: of each list of `alternatives` the first format that can be had. Only when nothing is
@@ -91,6 +92,7 @@ private:
     void restart(std::shared_ptr<DataOffer> offer, qint64 maxBytes,
                  std::chrono::milliseconds patience);
     void askNext();
+    bool isReady(const Request &request) const;
     bool ask(const Request &request);
     void handleReady(int fd);
     bool readSome(Pipe &pipe);

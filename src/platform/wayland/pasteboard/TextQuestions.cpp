@@ -22,7 +22,7 @@ void TextQuestions::ask(Selection selection, const std::shared_ptr<DataOffer> &o
             m_connection, m_limits, [this, &question] { answerFinished(question); });
     if (question.reader->isReading())
         return;
-    question.reader->begin(offer, PasteboardLimits::kMaxIdleText, OfferReader::Wish::Text);
+    question.reader->begin(offer, {PasteboardLimits::kMaxIdleText}, OfferReader::Wish::Text);
     answerFinished(question);
 }
 

@@ -229,7 +229,7 @@ void WaylandPasteboardService::publishPrimary(quint64 window)
         return;
     m_primaryReader.abandon();
     m_readPrimaryFront = m_listeners.front();
-    m_primaryReader.begin(m_primary, maxRead());
+    m_primaryReader.begin(m_primary, {useful().text});
     collectPrimary();
 }
 
@@ -271,7 +271,7 @@ void WaylandPasteboardService::handleClipboard(bool isOurs, std::shared_ptr<Data
         m_own.release(Selection::Clipboard);
         forgetOwner();
         m_changes.setReading(true);
-        m_readings.begin(m_clipboard, m_listeners.front(), maxRead());
+        m_readings.begin(m_clipboard, m_listeners.front(), useful());
     }
 }
 
@@ -325,7 +325,8 @@ void WaylandPasteboardService::adoptIfWanted()
         qCDebug(lcWaylandPasteboard, "Somebody else has the clipboard that was to be kept");
 }
 
-qint64 WaylandPasteboardService::maxRead() const
+CopyQuestions::Useful WaylandPasteboardService::useful() const
 {
-    return std::max(m_changes.maxUsefulText(), PasteboardLimits::kMaxIdleText);
+    return {std::max(m_changes.maxUsefulText(), PasteboardLimits::kMaxIdleText),
+            m_changes.maxUsefulPicture()};
 }

@@ -79,7 +79,7 @@ private:
     void answerAwaiting();
     void askAnew(Selection selection);
     std::optional<TimePoint> keepDeadlines();
-    qint64 maxRead() const;
+    CopyQuestions::Useful useful() const;
 
     WaylandConnection &m_connection;
     PasteboardChanges &m_changes;

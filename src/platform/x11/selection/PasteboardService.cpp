@@ -178,7 +178,7 @@ void PasteboardService::publishPrimary(xcb_window_t target)
         return;
     if (m_primaryReader.isReading())
         m_primaryReader.abandon();
-    m_primaryReader.begin(XCB_ATOM_PRIMARY, XCB_CURRENT_TIME, maxRead());
+    m_primaryReader.begin(XCB_ATOM_PRIMARY, XCB_CURRENT_TIME, {useful().text});
     m_primaryFront = m_front.askAtCopy(owner);
 }
 
@@ -308,7 +308,7 @@ void PasteboardService::beginReading(xcb_window_t owner, xcb_timestamp_t time)
 {
     m_clipboardTime = time;
     m_changes.setReading(true);
-    m_clipboardReader.begin(m_connection.atoms().clipboard, time, maxRead());
+    m_clipboardReader.begin(m_connection.atoms().clipboard, time, useful());
     m_clipboardFront = m_front.askAtCopy(owner);
 }
 
@@ -364,7 +364,8 @@ ClipboardManagerRole::Safety PasteboardService::secure(xcb_window_t requestor)
     return safety;
 }
 
-qint64 PasteboardService::maxRead() const
+CopyQuestions::Useful PasteboardService::useful() const
 {
-    return std::max(m_changes.maxUsefulText(), PasteboardLimits::kMaxIdleText);
+    return {std::max(m_changes.maxUsefulText(), PasteboardLimits::kMaxIdleText),
+            m_changes.maxUsefulPicture()};
 }

@@ -85,7 +85,7 @@ private:
     void publishClipboard(const FetchedSelection &fetched);
     void adoptIfWanted();
     ClipboardManagerRole::Safety secure(xcb_window_t requestor);
-    qint64 maxRead() const;
+    CopyQuestions::Useful useful() const;
 
     SelectionConnection &m_connection;
     PasteboardChanges &m_changes;

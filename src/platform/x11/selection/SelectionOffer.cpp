@@ -39,10 +39,11 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::with(const QList<Format> &
     const QStringList pictures = PictureFormats::inOrder(atoms.keys());
     atoms[PictureFormats::kPng] = imagePng;
     for (const QString &name : pictures) {
-        const auto kept = std::find_if(formats.begin(), formats.end(), [&](const Format &format) {
+        const QList<Format> known = offer->m_formats;
+        const auto kept = std::find_if(known.begin(), known.end(), [&](const Format &format) {
             return format.target == atoms[name];
         });
-        if (kept == formats.end())
+        if (kept == known.end())
             continue;
         for (const QString &other : PictureFormats::writable(kept->data.bytes, atoms.keys())) {
             if (other != name)

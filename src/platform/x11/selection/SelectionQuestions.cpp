@@ -23,7 +23,7 @@ void SelectionQuestions::ask(xcb_atom_t selection, Receiver receive)
     if (reader.isReading())
         return;
     // ICCCM 2.4 prefers the time of an event; but whoever owns the selection now is who is meant.
-    reader.begin(selection, XCB_CURRENT_TIME, PasteboardLimits::kMaxIdleText,
+    reader.begin(selection, XCB_CURRENT_TIME, {PasteboardLimits::kMaxIdleText},
                  SelectionReader::Wish::Text);
     xcb_flush(m_connection.xcb());
 }

@@ -38,10 +38,11 @@ SelectionReader::SelectionReader(SelectionConnection &connection, PropertyPool &
 {
 }
 
-void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 maxTextBytes,
-                            Wish wish)
+void SelectionReader::begin(xcb_atom_t selection, xcb_timestamp_t time,
+                            const CopyQuestions::Useful &useful, Wish wish)
 {
-    restart(selection, time, maxTextBytes, m_limits.fetch);
+    restart(selection, time, useful.text, m_limits.fetch);
+    m_useful = useful;
     m_wish = wish;
     m_requests = {{Request::Part::Targets, m_connection.atoms().targets}};
     askNext();
@@ -120,6 +121,10 @@ FetchedSelection SelectionReader::abandon()
 void SelectionReader::askNext()
 {
     m_lastProgress = m_connection.now();
+    m_requests.removeIf([this](const Request &request) {
+        return request.part == Request::Part::Contents &&
+               !CopyQuestions::isOfUse(request.question, m_fetched);
+    });
     if (m_requests.isEmpty()) {
         if (!waitToAskAgain())
             finish();
@@ -191,7 +196,7 @@ void SelectionReader::planFormats(const QList<xcb_atom_t> &offered)
         m_fetched.names.append(names[i]);
         m_fetched.atoms[names[i]] = offered[i];
     }
-    for (const CopyQuestions::Question &question : CopyQuestions::of(m_fetched.names)) {
+    for (const CopyQuestions::Question &question : CopyQuestions::of(m_fetched.names, m_useful)) {
         const Request request{Request::Part::Contents, m_fetched.atoms[question.name], question};
         m_requests.append(request);
         if (request.isText())
@@ -221,6 +226,8 @@ void SelectionReader::useContents(const Request &request, bool isHad)
         useText(request, isHad);
         return;
     }
+    if (m_conversion.state() == IncomingConversion::State::TooLarge)
+        CopyQuestions::refuse(request.question, m_fetched);
     if (!isHad)
         return;
     CopyQuestions::use(request.question, m_conversion.bytes(), {}, m_fetched);

@@ -32,9 +32,9 @@ public:
         Text, ///< The text alone, also of a secret: the user pastes it.
     };
 
-    /// Begins with the contents that were there at `time`, reading at most `maxTextBytes` of
-    /// text. Only when nothing is being read.
-    void begin(xcb_atom_t selection, xcb_timestamp_t time, qint64 maxTextBytes,
+    /// Begins with the contents that were there at `time`, reading no more than is of use. Only
+    /// when nothing is being read.
+    void begin(xcb_atom_t selection, xcb_timestamp_t time, const CopyQuestions::Useful &useful,
                Wish wish = Wish::Copy);
 
     /// Begins with the rest of a copy that was made at `time`, and reads at most `maxBytes` in all:
@@ -103,6 +103,7 @@ private:
     xcb_timestamp_t m_time = XCB_CURRENT_TIME;
     qint64 m_maxBytes = 0; ///< Of the text, or of all the rest that is still to come.
     Wish m_wish = Wish::Copy;
+    CopyQuestions::Useful m_useful;
     TimePoint m_end; ///< When the owner is given up at the latest.
     TimePoint m_lastProgress;
     QList<Request> m_requests; ///< The first one is under way.
