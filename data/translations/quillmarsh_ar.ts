@@ -11,6 +11,28 @@
         <source>The history in %1 cannot be written.</source>
         <translation>تتعذر الكتابة في السجل الموجود في %1.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln clips to be pasted</source>
+        <translation>
+            <numerusform>%Ln قصاصة للصق</numerusform>
+            <numerusform>%Ln قصاصة للصق</numerusform>
+            <numerusform>%Ln قصاصتان للصق</numerusform>
+            <numerusform>%Ln قصاصات للصق</numerusform>
+            <numerusform>%Ln قصاصة للصق</numerusform>
+            <numerusform>%Ln قصاصة للصق</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln clips are still to be pasted; Esc ends that</source>
+        <translation>
+            <numerusform>بقيت %Ln قصاصة للصق؛ Esc ينهي ذلك</numerusform>
+            <numerusform>بقيت %Ln قصاصة للصق؛ Esc ينهي ذلك</numerusform>
+            <numerusform>بقيت %Ln قصاصتان للصق؛ Esc ينهي ذلك</numerusform>
+            <numerusform>بقيت %Ln قصاصات للصق؛ Esc ينهي ذلك</numerusform>
+            <numerusform>بقيت %Ln قصاصة للصق؛ Esc ينهي ذلك</numerusform>
+            <numerusform>بقيت %Ln قصاصة للصق؛ Esc ينهي ذلك</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>

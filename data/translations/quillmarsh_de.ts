@@ -11,6 +11,20 @@
         <source>The history in %1 cannot be written.</source>
         <translation>Der Verlauf in %1 lässt sich nicht schreiben.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln clips to be pasted</source>
+        <translation>
+            <numerusform>%Ln Clip einzufügen</numerusform>
+            <numerusform>%Ln Clips einzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln clips are still to be pasted; Esc ends that</source>
+        <translation>
+            <numerusform>%Ln Clip ist noch einzufügen; Esc beendet das</numerusform>
+            <numerusform>%Ln Clips sind noch einzufügen; Esc beendet das</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>

@@ -2,6 +2,23 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>AppDelegate</name>
+    <message numerus="yes">
+        <source>%Ln clips to be pasted</source>
+        <translation>
+            <numerusform>%Ln clip to be pasted</numerusform>
+            <numerusform>%Ln clips to be pasted</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln clips are still to be pasted; Esc ends that</source>
+        <translation>
+            <numerusform>%Ln clip is still to be pasted; Esc ends that</numerusform>
+            <numerusform>%Ln clips are still to be pasted; Esc ends that</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ApplicationsPaneView</name>
     <message numerus="yes">
         <source>Ignore %Ln password managers</source>

@@ -11,6 +11,20 @@
         <source>The history in %1 cannot be written.</source>
         <translation>No se puede escribir en el historial de %1.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln clips to be pasted</source>
+        <translation>
+            <numerusform>%Ln recorte por pegar</numerusform>
+            <numerusform>%Ln recortes por pegar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln clips are still to be pasted; Esc ends that</source>
+        <translation>
+            <numerusform>Queda %Ln recorte por pegar; Esc lo termina</numerusform>
+            <numerusform>Quedan %Ln recortes por pegar; Esc lo termina</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>

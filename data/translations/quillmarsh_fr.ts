@@ -11,6 +11,20 @@
         <source>The history in %1 cannot be written.</source>
         <translation>L’historique dans %1 n’est pas accessible en écriture.</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln clips to be pasted</source>
+        <translation>
+            <numerusform>%Ln extrait à coller</numerusform>
+            <numerusform>%Ln extraits à coller</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln clips are still to be pasted; Esc ends that</source>
+        <translation>
+            <numerusform>%Ln extrait reste à coller ; Échap y met fin</numerusform>
+            <numerusform>%Ln extraits restent à coller ; Échap y met fin</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>

@@ -11,6 +11,18 @@
         <source>The history in %1 cannot be written.</source>
         <translation>%1の履歴に書き込めません。</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln clips to be pasted</source>
+        <translation>
+            <numerusform>貼り付け待ち: %Ln件</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln clips are still to be pasted; Esc ends that</source>
+        <translation>
+            <numerusform>貼り付け待ちのクリップが%Ln件あります。Escで終了します</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>

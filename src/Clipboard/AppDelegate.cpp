@@ -4,6 +4,7 @@
 #include "Clipboard/HistoryNotices.h"
 #include "Clipboard/LiveSettings.h"
 #include "Clipboard/MovingIn.h"
+#include "Clipboard/QueueBadge.h"
 #include "Clipboard/StatusMenu.h"
 #include "Clipboard/TraylessHint.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
@@ -21,6 +22,7 @@
 #include "history/ClipPaster.h"
 #include "history/ClipboardCapture.h"
 #include "history/HotKeyManager.h"
+#include "history/PasteQueue.h"
 #include "history/SwopState.h"
 #include "hotkey/HotKeyTextField.h"
 #include "looks/WindowKeys.h"
@@ -94,6 +96,8 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
                           *platform.notifications, *platform.clock},
         *m_liveSettings, *m_history, *m_capture, *m_swopState, *m_hotKeyManager,
         *m_windowController, ClipPaster::Waits());
+    m_queue = std::make_unique<PasteQueue>(*platform.pasteboard, *m_history, *m_paster);
+    connect(m_queue.get(), &PasteQueue::leftChanged, this, &AppDelegate::showStatusItem);
     m_notices = std::make_unique<HistoryNotices>(*m_capture, *m_paster, *platform.settings);
     connect(m_windowController.get(), &WindowDelegate::opens, m_notices.get(),
             &HistoryNotices::historyOpens);
@@ -218,6 +222,18 @@ void AppDelegate::initStatusBar()
     actions.quit = [this] { quit(); };
     m_statusMenu = std::make_unique<StatusMenu>(
         appName() + QStringLiteral(" v") + *m_info.bundleVersion, actions);
+    showStatusItem();
+}
+
+void AppDelegate::showStatusItem()
+{
+    if (!m_statusMenu)
+        return;
+    if (const int left = m_queue->left(); left > 0) {
+        m_platform.statusBar->showItem(
+            queueBadge(left), tr("%Ln clips to be pasted", nullptr, left), m_statusMenu->menu());
+        return;
+    }
     // By its name where it is installed, so that panels draw it themselves, in their own colour.
     QIcon icon = QIcon::fromTheme(m_info.bundleIdentifier + QStringLiteral("-symbolic"),
                                   QIcon(QStringLiteral(":/stackImage")));
@@ -243,7 +259,11 @@ void AppDelegate::askAboutDamagedSettings(const QWidget *over)
 
 void AppDelegate::updateFooter()
 {
-    viewController()->setFooter(m_notices->text());
+    QStringList lines{m_notices->text()};
+    if (const int left = m_queue->left(); left > 0)
+        lines.prepend(tr("%Ln clips are still to be pasted; Esc ends that", nullptr, left));
+    lines.removeAll(QString());
+    viewController()->setFooter(lines.join(u'\n'));
 }
 
 void AppDelegate::tellUnwritableHistory()

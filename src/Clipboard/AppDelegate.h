@@ -34,6 +34,7 @@ class HotKeyManager;
 class HotKeyTextField;
 class LiveSettings;
 class MovingIn;
+class PasteQueue;
 class PreferencesApplicationViewController;
 class PreferencesGeneralViewController;
 class QTimer;
@@ -150,6 +151,8 @@ public:
     void pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
                     const std::optional<QString> &format) override;
     void copyItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
+    void queueItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
+    void endQueue() override;
     void openFile() override;
     void revealInFinder() override;
     void hide() override;
@@ -183,6 +186,8 @@ public:
 
 private:
     void initStatusBar();
+    /// With how many clips are left of a queue.
+    void showStatusItem();
     void loadPreferences();
     void showOpenShortcut();
     /// Asks over that window while the question is open, and says so in the history; nothing
@@ -212,6 +217,7 @@ private:
     std::unique_ptr<SwopState> m_swopState;
     std::unique_ptr<ClipboardCapture> m_capture;
     std::unique_ptr<ClipPaster> m_paster;
+    std::unique_ptr<PasteQueue> m_queue;
     std::unique_ptr<HistoryNotices> m_notices;
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<QTimer> m_timer;

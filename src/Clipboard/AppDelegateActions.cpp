@@ -20,6 +20,7 @@
 #include "history/ClipPaster.h"
 #include "history/ClipStore.h"
 #include "history/ClipboardCapture.h"
+#include "history/PasteQueue.h"
 #include "history/StoreModel.h"
 #include "preferenceswindow/CCNPreferencesWindow.h"
 #include "preferenceswindow/CCNPreferencesWindowController.h"
@@ -66,6 +67,7 @@ void AppDelegate::swop()
         return;
     // A swop takes its selection from another program, never from a field of ours.
     m_windowController->forgetCoveredWindow();
+    m_queue->end();
     m_paster->swop();
     m_windowController->unhide();
 }
@@ -112,6 +114,7 @@ void AppDelegate::clearAll()
 {
     // A search of what is gone would say that nothing matches, as if there were something.
     viewController()->clearSearch();
+    m_queue->end();
     m_history->clearAll();
 }
 
@@ -340,6 +343,7 @@ void AppDelegate::performPaste(int row, const std::optional<QString> &format)
     // holds may be replaced by the next paste and stand nowhere else.
     if (row < 0)
         m_paster->cancelSwop();
+    m_queue->end();
     m_paster->performPaste(row, format);
     m_windowController->unhide();
     m_windowController->forgetCoveredWindow();
@@ -348,6 +352,7 @@ void AppDelegate::performPaste(int row, const std::optional<QString> &format)
 void AppDelegate::pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items,
                              const std::optional<QString> &format)
 {
+    m_queue->end();
     m_paster->pasteItems(items, format);
     m_windowController->unhide();
     m_windowController->forgetCoveredWindow();
@@ -355,8 +360,27 @@ void AppDelegate::pasteItems(const std::vector<std::shared_ptr<ClipItem>> &items
 
 void AppDelegate::copyItems(const std::vector<std::shared_ptr<ClipItem>> &items)
 {
+    m_queue->end();
     if (m_paster->copyItems(items))
         viewController()->hide();
+}
+
+void AppDelegate::queueItems(const std::vector<std::shared_ptr<ClipItem>> &items)
+{
+    m_paster->cancelSwop();
+    if (!m_queue->begin(items))
+        return;
+    m_windowController->hideApp();
+    if (!m_platform.frontApplication->returnToTarget())
+        qCInfo(lcApplication, "the queue waits for another application than the previous one");
+    m_windowController->makeWhole();
+    m_windowController->unhide();
+    m_windowController->forgetCoveredWindow();
+}
+
+void AppDelegate::endQueue()
+{
+    m_queue->end();
 }
 
 void AppDelegate::maxItemsModified(qint64 maxItems)

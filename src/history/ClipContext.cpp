@@ -69,6 +69,15 @@ QString plain(QStringView text, qsizetype limit)
     return line.endsWith(u' ') ? line.chopped(1) : line;
 }
 
+/// The line of a copied file; none of a picture of ours, whose text says more than its file's name.
+std::optional<QString> fileLine(const ClipItem &item, const QString &storeFolder)
+{
+    const std::optional<QString> filepath = item.filepath();
+    if (!filepath || KeptPictures::isWithin(storeFolder, *filepath))
+        return std::nullopt;
+    return kFileMark + *filepath;
+}
+
 } // namespace
 
 ClipContext::ClipContext(const QString &storeFolder)
@@ -352,8 +361,8 @@ ClipContext::ShortText ClipContext::readShortText(const ClipItem &item)
 
 QString ClipContext::plainLine(const ClipItem &item, qsizetype limit)
 {
-    if (const std::optional<QString> filepath = item.filepath())
-        return plain(QString(kFileMark + *filepath), limit);
+    if (const std::optional<QString> line = fileLine(item, m_folder))
+        return plain(*line, limit);
     if (item.m_pk == 0)
         return plain(item.strValue().value_or(QString()), limit);
     constexpr qint64 kMaxBytesPerCharacter = 4;
@@ -381,12 +390,8 @@ ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
         return ShortText{kept.toString().remove(u'\n'),
                          kept.mid(first - kept.begin(), kDrawnLength).toString(), 0};
     };
-    const std::optional<QString> filepath = item.filepath();
-    // Whose file is a picture of ours has a text that says more than the file's name.
-    if (filepath && !KeptPictures::isWithin(m_folder, *filepath)) {
-        const QString line = kFileMark + *filepath;
-        return {line, line, static_cast<int>(item.copiedFiles().size())};
-    }
+    if (const std::optional<QString> line = fileLine(item, m_folder))
+        return {*line, *line, static_cast<int>(item.copiedFiles().size())};
     if (item.m_pk == 0) {
         const std::optional<QString> text = item.strValue();
         return text ? both(QStringView(*text).left(kShortTextSource)) : ShortText();

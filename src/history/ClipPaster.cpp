@@ -200,6 +200,19 @@ bool ClipPaster::copyItems(std::vector<std::shared_ptr<ClipItem>> items)
     return isWritten;
 }
 
+bool ClipPaster::offer(const Clip &clip)
+{
+    // What was copied until now is the history's, and what is offered stands there already.
+    m_capture.readFromPasteboard();
+    const bool isFile = clip.filepath().has_value();
+    if (isFile ? !m_ports.workspace.fileExists(*clip.filepath()) : !clip.text)
+        return false;
+    if (!replaceBy(isFile ? copyOfFiles(clip.text, clip.fileNames) : Copy(clip)))
+        return false;
+    m_capture.passOverOwnWrites();
+    return true;
+}
+
 /// A picture of ours lands as one where it can, and as its file elsewhere.
 Copy ClipPaster::copyOfFiles(const std::optional<QString> &text, const QStringList &files) const
 {

@@ -81,6 +81,10 @@ public:
     /// Puts the same on the pasteboard, and types nothing. False when it could not: its user knows.
     bool copyItems(std::vector<std::shared_ptr<ClipItem>> items);
 
+    /// Puts the clip on the pasteboard for the user to paste it, which leaves its place in the
+    /// history as it is. False when its file is gone or the pasteboard cannot be written.
+    bool offer(const Clip &clip);
+
     /// Copies the front application's selection away and shows the history for the user's choice.
     /// A window of our own that is in front gives way to the target first.
     void swop();

@@ -100,6 +100,10 @@ public:
     /// is on the pasteboard since. What others ask for does not count.
     virtual bool isPasteRead() const = 0;
 
+    /// While they are told, fetched() says when the application in front asks for what we have
+    /// written. At first they are not.
+    virtual void setFetchesTold(bool areTold) = 0;
+
     /// Empties the pasteboard; nothing is served or adopted until somebody copies again.
     virtual void clear() = 0;
 
@@ -121,4 +125,8 @@ Q_SIGNALS:
     void changed(qint64 changeCount);
     /// isPasteRead() has become true.
     void pasteRead();
+    /// The application in front has asked for what we wrote as change `changeCount`, in one of the
+    /// formats that it takes of it; so one paste may be told several times. That other clipboard
+    /// managers ask is not told.
+    void fetched(qint64 changeCount);
 };

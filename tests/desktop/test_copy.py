@@ -1,8 +1,11 @@
 """A copy in another application is in the history."""
 
+import pathlib
+import plistlib
+import subprocess
 import time
 
-from journey import Journey, made_in, pasteboard
+from journey import BINARY, BUNDLE, Journey, Quillmarsh, made_in, pasteboard
 
 
 class CopyJourney(Journey):
@@ -48,3 +51,33 @@ class CopyJourney(Journey):
         self.copy("after")
         self.assertEqual(self.app.clips(), ["after"])
         self.assertNotIn("hunter2", "\n".join(self.app.log))
+
+
+class KeptPictureJourney(Journey):
+    starts_app = False
+
+    def test_a_copied_picture_is_kept_pasted_as_one_and_gone_with_its_clip(self):
+        settings = pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"], BUNDLE + ".plist")
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_bytes(plistlib.dumps({"welcomeWindowShown": True, "keepPictures": True}))
+        self.app = Quillmarsh(self.desktop, BINARY)
+        picture = self.file("reeds.png")
+        self.desktop.run(["convert", "-size", "80x60", "gradient:red-blue", picture])
+        self.desktop.run(["xclip", "-selection", "clipboard", "-t", "image/png", "-i", picture],
+                         stdout=subprocess.DEVNULL)
+        self.app.wait_for_clip("Picture 80 × 60")
+        self.copy("newer")
+        self.editor("gtk")
+        self.app.open_history()
+        self.app.type("80 ")
+        self.app.key("Return")
+        self.app.wait_until_hidden()
+        self.app.wait_for_clip("Picture 80 × 60")
+        pasted = self.desktop.run(["xclip", "-selection", "clipboard", "-t", "image/png", "-o"],
+                                  capture_output=True).stdout
+        self.assertEqual(pasted, pathlib.Path(picture).read_bytes())
+        kept = self.app.store.parent / "Pictures"
+        self.assertEqual([file.stat().st_mode & 0o777 for file in kept.iterdir()], [0o600])
+        self.app.open_history()
+        self.app.key("super+BackSpace")
+        self.wait_for(lambda: not list(kept.iterdir()), "the picture to go with its clip")

@@ -20,6 +20,21 @@ class PasteJourney(Journey):
                       == ("the heron waits", "qt_editor"),
                       "the clip to come from where it was first pasted")
 
+    def test_a_queue_gives_each_paste_the_next_clip_whatever_a_manager_reads(self):
+        for text in ("one ", "two ", "three "):
+            self.copy(text)
+        path = self.editor("gtk")
+        self.desktop.start(["sh", "-c", "while xclip -selection clipboard -o; do :; done"],
+                           quiet=True)
+        self.app.open_history()
+        self.app.key("shift+Down", "shift+Down", "ctrl+Return")
+        self.app.wait_until_hidden()
+        for text, following in (("three ", "two "), ("three two ", "one "),
+                                ("three two one ", "one ")):
+            self.app.key("ctrl+v")
+            self.wait_for_text(path, text)
+            self.wait_for(lambda: pasteboard(self.desktop) == following, "the next clip")
+
     @made_in("sway", "labwc")
     def test_return_pastes_into_a_terminal(self):
         self.copy("the heron waits")

@@ -48,6 +48,10 @@ public:
     /// Puts the same on the pasteboard, pastes nothing and closes the history window, which stays
     /// when it could not be done.
     virtual void copyItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
+    /// Has the clips pasted one after the other, in their order, by the user's own keys.
+    virtual void queueItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
+    /// Ends that, if it is under way.
+    virtual void endQueue() = 0;
     /// Opens the selected clip's file after closing the history window; nothing when it is gone.
     virtual void openFile() = 0;
     /// Shows the selected clip's file in a file browser; the history window stays open.

@@ -47,12 +47,14 @@ bool SearchFieldDelegate::control(const QString &command, quint64 modifierFlags)
         // pasted unchanged.
         if ((modifierFlags & kDeviceIndependentMask) == ModifierFlags::kShift)
             return perform([](ViewController &target) { target.paste(QStringLiteral("upper")); });
+        if ((modifierFlags & kDeviceIndependentMask) == ModifierFlags::kControl)
+            return perform([](ViewController &target) { target.queue(); });
         return perform([](ViewController &target) { target.paste(); });
     }
     if (command == QLatin1String("insertNewlineIgnoringFieldEditor:"))
         return perform([](ViewController &target) { target.paste(QStringLiteral("lower")); });
     if (command == QLatin1String("cancelOperation:"))
-        return perform([](ViewController &target) { target.hide(); });
+        return perform([](ViewController &target) { target.cancel(); });
     if (command == QLatin1String("deleteToBeginningOfLine:"))
         return perform([](ViewController &target) { target.deleteItem(); });
     return false;

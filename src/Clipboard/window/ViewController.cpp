@@ -169,6 +169,25 @@ void ViewController::pasteMarked(const std::optional<QString> &format)
         m_appDelegate.pasteItems(markedClips(), format);
 }
 
+void ViewController::queue()
+{
+    if (m_marks.isEmpty())
+        paste();
+    else
+        m_appDelegate.queueItems(markedClips());
+}
+
+void ViewController::cancel()
+{
+    endQueue();
+    hide();
+}
+
+void ViewController::endQueue()
+{
+    m_appDelegate.endQueue();
+}
+
 void ViewController::paste(int row, const std::optional<QString> &format)
 {
     m_appDelegate.performPaste(row, format);

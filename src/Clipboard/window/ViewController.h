@@ -89,6 +89,11 @@ public:
     /// Those that are pasted and deleted together, in the order in which they were marked: the
     /// selected clip when none is. Empty for an empty list.
     std::vector<std::shared_ptr<ClipItem>> markedClips() const;
+    /// Has the marked clips pasted one by one, by the user's keys; pastes where none are marked.
+    void queue();
+    /// What Escape does: ends a queue, and closes the window.
+    void cancel();
+    void endQueue();
     /// How many are marked; 0 or at least 2.
     int markCount() const { return static_cast<int>(m_marks.items().size()); }
     /// Place of the row's clip among the marked ones, from 1 on; 0 when it is not marked.

@@ -108,6 +108,7 @@ void WindowDelegate::forgetCoveredWindow()
 
 void WindowDelegate::cancelOperation()
 {
+    m_viewController->endQueue();
     m_window->hide();
 }
 

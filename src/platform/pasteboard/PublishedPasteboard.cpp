@@ -20,6 +20,11 @@ void PublishedPasteboard::announcePasteRead()
     });
 }
 
+void PublishedPasteboard::announceFetched()
+{
+    doOnMainThread([this, written = m_changes.changeCount()] { Q_EMIT fetched(written); });
+}
+
 /// The event only wakes the main thread: what crosses the threads is in PasteboardChanges.
 void PublishedPasteboard::doOnMainThread(std::function<void()> task)
 {

@@ -39,6 +39,8 @@ protected:
     void announce(qint64 changeCount);
     /// What was pasted has been asked for. From the service's thread.
     void announcePasteRead();
+    /// The application in front has asked for what was written last. From the service's thread.
+    void announceFetched();
     /// Has the service ask for a text; `receive` is called on its thread. False when there is no
     /// service any more.
     virtual bool ask(Selection selection, Receiver receive) = 0;

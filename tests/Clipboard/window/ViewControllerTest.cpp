@@ -328,6 +328,8 @@ public:
     {
     }
     void copyItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
+    void queueItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
+    void endQueue() override {}
     void openFile() override { asked.append(QStringLiteral("open")); }
     void revealInFinder() override { asked.append(QStringLiteral("reveal")); }
     void hide() override { asked.append(QStringLiteral("hide")); }

@@ -36,6 +36,14 @@ void MemoryPasteboard::setPasteRead(bool isRead)
         Q_EMIT pasteRead();
 }
 
+Copy MemoryPasteboard::pasteInFront()
+{
+    const PasteboardContents contents = m_changes.contents().value_or(PasteboardContents());
+    if (m_areFetchesTold && contents.isOwnWrite)
+        Q_EMIT fetched(contents.changeCount);
+    return contents;
+}
+
 void MemoryPasteboard::acknowledge(qint64 changeCount)
 {
     m_acknowledged.append(changeCount);

@@ -33,6 +33,9 @@ public:
 
     /// The application that own writes are made in from now on; `isOurs` when it is ourselves.
     void setFront(const QString &applicationName, bool isOurs = false);
+    /// The application in front asks for what is there, as for a paste.
+    Copy pasteInFront();
+    bool areFetchesTold() const { return m_areFetchesTold; }
     /// Whether what is pasted has been asked for; at first it always has.
     void setPasteRead(bool isRead);
 
@@ -60,6 +63,7 @@ public:
     }
     bool write(const Copy &copy) override;
     bool isPasteRead() const override { return m_isPasteRead; }
+    void setFetchesTold(bool areTold) override { m_areFetchesTold = areTold; }
     void clear() override;
     void askText(Selection selection, QObject *context, TextAnswer answer) override;
     void markText(const QString &text) override { m_markedText = text; }
@@ -71,6 +75,7 @@ private:
     bool m_isPasteRead = true;
     QString m_frontName;
     bool m_isOursInFront = false;
+    bool m_areFetchesTold = false;
     QList<qint64> m_acknowledged;
     QList<qint64> m_discarded;
     QList<Copy> m_writes;

@@ -5,6 +5,8 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -264,6 +266,28 @@ TEST(WaylandReaders, thePasteIsReadOnceMoreThanTheManagersRead)
     EXPECT_FALSE(stage->isPasteRead());
     EXPECT_EQ(stage.paste(kText), "pasted again");
     EXPECT_TRUE(stage->isPasteRead());
+}
+
+TEST(WaylandReaders, whatIsReadAtOnceOrBehindAWindowOfOursIsNotFetched)
+{
+    WaylandStage stage;
+    stage.stopTime();
+    QSignalSpy fetched(&stage.pasteboard(), &Pasteboard::fetched);
+    stage->setFetchesTold(true);
+    ASSERT_TRUE(stage->write({u"queued"_s}));
+    EXPECT_EQ(stage.paste(kText), "queued");
+    stage.advance(100ms);
+    stage.setFront({u"Quillmarsh"_s, true});
+    EXPECT_EQ(stage.paste(kText), "queued");
+    stage.setFront({u"Editor"_s});
+    EXPECT_EQ(stage.paste(kText), "queued");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !fetched.isEmpty(); }));
+    EXPECT_EQ(fetched, QList<QVariantList>{{stage->changeCount()}});
+    stage->setFetchesTold(false);
+    EXPECT_EQ(stage.paste(kText), "queued");
+    stage.advance(1ms);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fetched.size(), 1);
 }
 
 class WaylandKept : public testing::Test

@@ -17,9 +17,9 @@ constexpr int kMarks = 4;
 } // namespace
 
 OwnSelections::OwnSelections(WaylandConnection &connection, const PasteboardLimits &limits,
-                             std::function<void()> pasteRead)
+                             std::function<void()> pasteRead, std::function<void()> given)
     : m_connection(connection), m_limits(limits), m_pasteRead(std::move(pasteRead)),
-      m_writers(connection, limits.now, limits.requestorStall)
+      m_given(std::move(given)), m_writers(connection, limits.now, limits.requestorStall)
 {
 }
 
@@ -135,6 +135,11 @@ void OwnSelections::noteRead(Selection selection, const QString &mark)
     if (!own)
         return;
     ++own->timesRead;
+    if (selection == Selection::Clipboard && m_limits.now() - own->since >= kManagersRead)
+        m_given();
+    own = find(selection, mark);
+    if (!own)
+        return;
     // PRIMARY is ours for what pastes that, and managers leave it alone.
     const int readsOfPaste = selection == Selection::Clipboard ? m_readsOfPaste : 1;
     if (!m_isPasteAwaited || own->timesRead < readsOfPaste)

@@ -21,9 +21,10 @@ public:
     using Selection = DataControl::Selection;
 
     /// The references must outlive this object. `pasteRead` is told once for each expectPaste(),
-    /// when what was pasted has been asked for.
+    /// when what was pasted has been asked for. `given` is told each time that somebody has asked
+    /// for what is on the clipboard, later than other clipboard managers do.
     OwnSelections(WaylandConnection &connection, const PasteboardLimits &limits,
-                  std::function<void()> pasteRead);
+                  std::function<void()> pasteRead, std::function<void()> given);
 
     /// Becomes the owner, and serves `offer` from now on. What the compositor has told until it
     /// confirms it was handled when this returns. False when somebody else owns it by then, or
@@ -70,6 +71,7 @@ private:
     WaylandConnection &m_connection;
     const PasteboardLimits &m_limits;
     std::function<void()> m_pasteRead;
+    std::function<void()> m_given;
     PipeWriters m_writers;
     std::map<Selection, Own> m_own;
     std::set<Selection> m_replaced; ///< Until it is told what took the place of ours.

@@ -15,6 +15,7 @@ WaylandPasteboard::WaylandPasteboard(std::shared_ptr<WaylandConnection> connecti
     WaylandPasteboardService::Listeners listeners;
     listeners.changed = [this](qint64 changeCount) { announce(changeCount); };
     listeners.pasteRead = [this] { announcePasteRead(); };
+    listeners.fetched = [this] { announceFetched(); };
     listeners.front = std::move(front);
     const auto make = [&] {
         m_service = std::make_unique<WaylandPasteboardService>(*m_connection, changes(), m_limits,
@@ -68,6 +69,11 @@ void WaylandPasteboard::discard(qint64 changeCount)
 {
     changes().discard(changeCount);
     post([this, changeCount] { m_service->discard(changeCount); });
+}
+
+void WaylandPasteboard::setFetchesTold(bool areTold)
+{
+    post([this, areTold] { m_service->setFetchesTold(areTold); });
 }
 
 bool WaylandPasteboard::write(const Copy &copy)

@@ -47,6 +47,7 @@ public:
     // ^Pasteboard
     void acknowledge(qint64 changeCount) override;
     void discard(qint64 changeCount) override;
+    void setFetchesTold(bool areTold) override;
     bool write(const Copy &copy) override;
     void clear() override;
     void markText(const QString &text) override;

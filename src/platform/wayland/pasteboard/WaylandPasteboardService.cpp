@@ -23,7 +23,8 @@ WaylandPasteboardService::WaylandPasteboardService(WaylandConnection &connection
                                                    const PasteboardLimits &limits,
                                                    Listeners listeners)
     : m_connection(connection), m_changes(changes), m_limits(limits),
-      m_listeners(std::move(listeners)), m_own(connection, limits, m_listeners.pasteRead),
+      m_listeners(std::move(listeners)),
+      m_own(connection, limits, m_listeners.pasteRead, [this] { noteGiven(); }),
       m_readings(
           connection, limits,
           [this](const FetchedCopy &fetched, const Front &front,
@@ -312,6 +313,14 @@ qint64 WaylandPasteboardService::publish(const FetchedCopy &fetched, const Front
     const qint64 changeCount = m_changes.publish(std::move(contents));
     m_listeners.changed(changeCount);
     return changeCount;
+}
+
+/// Nobody is told who asks. With a window of ours in front it is no application that is pasted
+/// into.
+void WaylandPasteboardService::noteGiven()
+{
+    if (m_areFetchesTold && !m_listeners.front().isOurs)
+        m_listeners.fetched();
 }
 
 void WaylandPasteboardService::adoptIfWanted()

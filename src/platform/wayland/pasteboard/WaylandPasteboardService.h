@@ -32,6 +32,8 @@ public:
         std::function<void(qint64 changeCount)> changed;
         /// Told once for each expectPaste(), when what was pasted has been asked for.
         std::function<void()> pasteRead;
+        /// Told when the application in front has asked for what we serve, while that is wanted.
+        std::function<void()> fetched;
         /// Asked when the compositor has told of a copy.
         std::function<Front()> front;
     };
@@ -58,6 +60,7 @@ public:
     void publishPrimary(quint64 window);
     /// From now on it is looked out for somebody to ask for what we serve.
     void expectPaste() { m_own.expectPaste(); }
+    void setFetchesTold(bool areTold) { m_areFetchesTold = areTold; }
 
 private:
     void renewControl();
@@ -79,6 +82,7 @@ private:
     void answerAwaiting();
     void askAnew(Selection selection);
     std::optional<TimePoint> keepDeadlines();
+    void noteGiven();
     CopyQuestions::Useful useful() const;
 
     WaylandConnection &m_connection;
@@ -100,4 +104,5 @@ private:
     QList<Receiver> m_awaitingClipboard; ///< Until it has been read.
     bool m_ownerDied = false;            ///< Until its contents are adopted or forgotten.
     bool m_isClearing = false;
+    bool m_areFetchesTold = false;
 };

@@ -22,9 +22,11 @@ PasteboardService::PasteboardService(SelectionConnection &connection, Pasteboard
       m_listeners(std::move(listeners)), m_pool(connection),
       m_clipboardReader(connection, m_pool, m_limits),
       m_primaryReader(connection, m_pool, m_limits), m_questions(connection, m_pool, m_limits),
-      m_server(
-          connection, m_limits.requestorStall,
-          {[this](const xcb_generic_event_t &event) { handle(event); }, m_listeners.pasteRead}),
+      m_server(connection, m_limits.requestorStall,
+               {[this](const xcb_generic_event_t &event) { handle(event); }, m_listeners.pasteRead,
+                [this](xcb_atom_t selection, xcb_window_t requestor) {
+                    noteGiven(selection, requestor);
+                }}),
       m_managerRole(connection, m_limits.keep,
                     [this](xcb_window_t requestor) { return secure(requestor); }),
       m_front(connection.server(), names), m_kept(connection, m_pool, m_limits),
@@ -349,6 +351,15 @@ void PasteboardService::adoptIfWanted()
     // With the time of the death, so that the server refuses when somebody has copied since.
     m_server.claim(m_connection.atoms().clipboard, m_kept.offer(),
                    *std::exchange(m_ownerDied, std::nullopt));
+}
+
+/// Whoever asks without being in front does so on its own account, as other clipboard managers do.
+void PasteboardService::noteGiven(xcb_atom_t selection, xcb_window_t requestor)
+{
+    const xcb_window_t front = m_front.window();
+    if (m_areFetchesTold && selection == m_connection.atoms().clipboard && front != XCB_NONE &&
+        m_connection.isSameClient(requestor, front))
+        m_listeners.fetched();
 }
 
 ClipboardManagerRole::Safety PasteboardService::secure(xcb_window_t requestor)

@@ -32,6 +32,8 @@ public:
         std::function<void(qint64 changeCount)> changed;
         /// Told once for each expectPaste(), when what was pasted has been asked for.
         std::function<void()> pasteRead;
+        /// Told when the application in front has asked for what we serve, while that is wanted.
+        std::function<void()> fetched;
     };
 
     /// Nothing is owned; everything must outlive this object.
@@ -61,6 +63,7 @@ public:
     void publishPrimary(xcb_window_t target);
     /// From now on it is looked out for the client of `target` to ask for what we serve.
     void expectPaste(xcb_window_t target) { m_server.expectPaste(target); }
+    void setFetchesTold(bool areTold) { m_areFetchesTold = areTold; }
 
     /// Who has asked for what we serve on the pasteboard, the latest last.
     std::vector<xcb_window_t> askers() const;
@@ -84,6 +87,7 @@ private:
     qint64 publish(const FetchedSelection &fetched, FrontWindowTracker::Question question);
     void publishClipboard(const FetchedSelection &fetched);
     void adoptIfWanted();
+    void noteGiven(xcb_atom_t selection, xcb_window_t requestor);
     ClipboardManagerRole::Safety secure(xcb_window_t requestor);
     CopyQuestions::Useful useful() const;
 
@@ -106,5 +110,6 @@ private:
     xcb_timestamp_t m_clipboardTime = XCB_CURRENT_TIME; ///< Of what is being read.
     std::optional<xcb_timestamp_t> m_ownerDied; ///< Until its contents are adopted or forgotten.
     bool m_isClearing = false;
+    bool m_areFetchesTold = false;
     std::function<void()> m_handedOver;
 };

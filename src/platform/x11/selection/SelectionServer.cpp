@@ -112,8 +112,10 @@ void SelectionServer::handle(const xcb_selection_request_event_t &request)
     m_connection.answer(request, isDone ? property : xcb_atom_t(XCB_ATOM_NONE));
     // What was only told of is not pasted yet.
     if (isDone && request.target != m_connection.atoms().targets &&
-        request.target != m_connection.atoms().timestamp)
+        request.target != m_connection.atoms().timestamp) {
         notePaste(request.requestor);
+        m_listeners.given(request.selection, request.requestor);
+    }
 }
 
 void SelectionServer::notePaste(xcb_window_t requestor)

@@ -25,6 +25,8 @@ public:
         std::function<void(const xcb_generic_event_t &event)> arrived;
         /// Told once for each expectPaste(), when what was pasted has been asked for.
         std::function<void()> pasteRead;
+        /// Told whose window has got contents of the selection.
+        std::function<void(xcb_atom_t selection, xcb_window_t requestor)> given;
     };
 
     /// `connection` is not owned and must outlive this object.

@@ -18,6 +18,7 @@ X11Pasteboard::X11Pasteboard(const ApplicationNames &names, const PasteboardLimi
     PasteboardService::Listeners listeners;
     listeners.changed = [this](qint64 changeCount) { announce(changeCount); };
     listeners.pasteRead = [this] { announcePasteRead(); };
+    listeners.fetched = [this] { announceFetched(); };
     m_service = std::make_unique<PasteboardService>(*m_connection, changes(), names, m_limits,
                                                     std::move(listeners));
     X11EventThread::Hooks hooks;
@@ -79,6 +80,12 @@ void X11Pasteboard::discard(qint64 changeCount)
     changes().discard(changeCount);
     if (m_thread)
         m_thread->post([this, changeCount] { m_service->discard(changeCount); });
+}
+
+void X11Pasteboard::setFetchesTold(bool areTold)
+{
+    if (m_thread)
+        m_thread->post([this, areTold] { m_service->setFetchesTold(areTold); });
 }
 
 bool X11Pasteboard::write(const Copy &copy)

@@ -26,6 +26,9 @@ public:
 
     void handle(const xcb_property_notify_event_t &event);
 
+    /// The one in front; none where nobody tells.
+    xcb_window_t window() const { return m_seen.window; }
+
 private:
     /// A window in front and the name it bears.
     struct Seen
