@@ -37,7 +37,7 @@ struct Clip : Copy
         qint64 characters = text ? text->size() : 0;
         for (const CopyFormat &format : storedFormats())
             characters += this->*format.source ? (this->*format.source)->size() : 0;
-        return characters * static_cast<qint64>(sizeof(QChar));
+        return characters * static_cast<qint64>(sizeof(QChar)) + picture.size();
     }
 };
 
