@@ -154,6 +154,6 @@ private:
     RichTextMaker m_richTextMaker;
     KeptPictures m_pictures;
     bool m_mayPicturesBeGone = true; ///< Clips are gone whose pictures may still be there.
-    QTimer m_idleTimer; ///< Fires while there is nothing else to do.
-    QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.
+    QTimer m_idleTimer;              ///< Fires while there is nothing else to do.
+    QTimer m_logTimer; ///< Empties the write-ahead log a while after clips were trimmed.
 };

@@ -131,8 +131,9 @@ void ClipHistory::deleteAndLoad(const Items &items)
 /// be the deleted one, which it becomes.
 bool ClipHistory::isThereAgain(const ClipChange &deleted)
 {
-    const std::shared_ptr<ClipItem> item =
-        deleted.clip->text && !m_history.empty() ? newestLike(*deleted.clip->text, &*deleted.clip) : nullptr;
+    const std::shared_ptr<ClipItem> item = deleted.clip->text && !m_history.empty()
+                                               ? newestLike(*deleted.clip->text, &*deleted.clip)
+                                               : nullptr;
     if (!item)
         return false;
     if (deleted.isPinned)
