@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/ApplicationChooser.h"
 #include "Clipboard/preferences/DamagedSettingsQuestion.h"
 #include "Clipboard/preferences/GeneralPaneView.h"
+#include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preview/TextBody.h"
 #include "Clipboard/window/ClipTextView.h"
 #include "Clipboard/window/PathLabel.h"
@@ -301,7 +302,8 @@ const Row kRows[] = {
     {"fileAsMarkdown", [](Parts &) { return fileText(TextContent::Form::Markdown); }},
     {"generalPane",
      [](Parts &parts) {
-         return std::make_unique<GeneralPaneView>(*parts.platform.platform.settings, nullptr);
+         SettingsStore &settings = *parts.platform.platform.settings;
+         return std::make_unique<GeneralPaneView>(settings, nullptr, PictureChoice(settings));
      }},
     {"applicationChooser",
      [](Parts &parts) {

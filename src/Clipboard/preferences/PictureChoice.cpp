@@ -33,8 +33,8 @@ void PictureChoice::load()
     box->setChecked(m_settings.boolForKey(SettingsKeys::kKeepPictures));
     size->setEnabled(box->isChecked());
     if (m_settings.contains(SettingsKeys::kMaxPictureSize))
-        m_size = static_cast<int>(
-            std::clamp<qint64>(m_settings.integerForKey(SettingsKeys::kMaxPictureSize), 1, kMost));
+        m_size = static_cast<int>(std::clamp<qint64>(
+            m_settings.integerForKey(SettingsKeys::kMaxPictureSize), 1, kMaxSize));
     size->setText(QString::number(m_size));
     Q_EMIT changed();
 }
@@ -63,7 +63,7 @@ void PictureChoice::sizeEdited()
     // Half a number on its way to another one is no choice yet.
     if (typed < 1)
         return;
-    m_size = static_cast<int>(std::min<qint64>(typed, kMost));
+    m_size = static_cast<int>(std::min<qint64>(typed, kMaxSize));
     m_settings.setValue(SettingsKeys::kMaxPictureSize, qlonglong(m_size));
     Q_EMIT changed();
 }

@@ -15,8 +15,8 @@ class PictureChoice : public QObject
 
 public:
     /// In megabytes of a million bytes each.
-    static constexpr int kDefault = 10;
-    static constexpr int kMost = 64;
+    static constexpr int kDefaultSize = 10;
+    static constexpr int kMaxSize = 64;
 
     /// `settings` must outlive this object.
     explicit PictureChoice(SettingsStore &settings);
@@ -40,5 +40,5 @@ private:
     void sizeLeft();
 
     SettingsStore &m_settings;
-    int m_size = kDefault; ///< The last one that stood in the field.
+    int m_size = kDefaultSize; ///< The last one that stood in the field.
 };

@@ -95,9 +95,12 @@ std::optional<QString> SearchFieldDelegate::commandForKey(const QKeyEvent &event
 /// What is marked in the field is copied from it.
 bool SearchFieldDelegate::actByKey(const QKeyEvent &event) const
 {
+    ViewController *const controller = m_viewController;
+    if (!controller)
+        return false;
     const bool copiesText =
-        event.matches(QKeySequence::Copy) && m_viewController->searchTextField()->hasSelectedText();
-    return !copiesText && m_viewController->actByKey(event);
+        event.matches(QKeySequence::Copy) && controller->searchTextField()->hasSelectedText();
+    return !copiesText && controller->actByKey(event);
 }
 
 bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
