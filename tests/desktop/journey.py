@@ -4,6 +4,7 @@ applications around it. On a failure the screen is kept beside the test's log, o
 QUILLMARSH_SESSION names the desktop: x11, or a Wayland session of support/session.py, where only
 those journeys are made that are marked for it."""
 
+import contextlib
 import os
 import pathlib
 import sys
@@ -64,7 +65,8 @@ class Journey(unittest.TestCase):
 
     def _keep_screen(self):
         if self._problems() > self._problems_before:
-            self.desktop.picture(os.path.join(PICTURES, f"{SESSION}-{self.id()}.png"))
+            with contextlib.suppress(unittest.SkipTest):
+                self.desktop.picture(os.path.join(PICTURES, f"{SESSION}-{self.id()}.png"))
             for line in getattr(self, "app", None) and self.app.log or []:
                 print("  quillmarsh:", line)
 

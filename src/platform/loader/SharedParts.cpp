@@ -2,6 +2,7 @@
 
 #include "platform/freedesktop/RegularFile.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
+#include "platform/kde/KGlobalAccelHotKeys.h"
 
 #include <QDBusConnection>
 #include <QDir>
@@ -24,13 +25,14 @@ std::optional<QByteArray> SharedParts::readUsersKeys()
                            QStringLiteral("/quillmarsh/keys.json"));
 }
 
-std::unique_ptr<HotKeys> SharedParts::makeHotKeys(const KeyboardLayout &layout,
-                                                  KGlobalAccelHotKeys::Keys keys,
+std::unique_ptr<HotKeys> SharedParts::makeHotKeys(const KeyboardLayout &layout, bool grabs,
                                                   std::unique_ptr<HotKeys> otherwise)
 {
     const QStringList desktops = FreedesktopSymbolicHotKeys::currentDesktops();
     if (!desktops.contains(u"KDE", Qt::CaseInsensitive))
         return otherwise;
-    return std::make_unique<KGlobalAccelHotKeys>(QDBusConnection::sessionBus(), layout, keys,
+    using Keys = KGlobalAccelHotKeys::Keys;
+    return std::make_unique<KGlobalAccelHotKeys>(QDBusConnection::sessionBus(), layout,
+                                                 grabs ? Keys::Otherwise : Keys::Service,
                                                  std::move(otherwise));
 }

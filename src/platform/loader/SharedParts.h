@@ -1,11 +1,12 @@
 #pragma once
 
-#include "platform/kde/KGlobalAccelHotKeys.h"
-
 #include <QByteArray>
 
 #include <memory>
 #include <optional>
+
+class HotKeys;
+class KeyboardLayout;
 
 /// What the adapters of X11 and those of Wayland are put together with alike.
 namespace SharedParts {
@@ -17,7 +18,8 @@ bool canQtDoWayland();
 std::optional<QByteArray> readUsersKeys();
 
 /// Plasma's own service of shortcuts, and `otherwise` on other desktops or where it is not there.
-std::unique_ptr<HotKeys> makeHotKeys(const KeyboardLayout &layout, KGlobalAccelHotKeys::Keys keys,
+/// If that `grabs` keys, it does so on Plasma, too, and the service keeps their names alone.
+std::unique_ptr<HotKeys> makeHotKeys(const KeyboardLayout &layout, bool grabs,
                                      std::unique_ptr<HotKeys> otherwise);
 
 } // namespace SharedParts

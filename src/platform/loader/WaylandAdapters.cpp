@@ -147,7 +147,7 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
 void makeWaylandHotKeys(Platform &platform)
 {
     platform.hotKeys = SharedParts::makeHotKeys(
-        *platform.keyboardLayout, KGlobalAccelHotKeys::Keys::Service,
+        *platform.keyboardLayout, false,
         std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor(), ownCommand()));
     const auto tell = [hotKeys = platform.hotKeys.get(),
                        capabilities = platform.capabilities.get()] {

@@ -2,6 +2,7 @@
 
 #include "platform/freedesktop/StatusNotifierStatusBar.h"
 #include "platform/freedesktop/entries/FreedesktopInstalledApplications.h"
+#include "platform/kde/KGlobalAccelHotKeys.h"
 #include "platform/loader/SharedParts.h"
 #include "platform/x11/keys/X11HotKeys.h"
 #include "platform/x11/keys/X11KeySender.h"
@@ -70,10 +71,8 @@ void makeX11Adapters(Platform &platform, const std::shared_ptr<DesktopEntryCatal
                      &X11HotKeys::letTypedAheadGo);
     platform.windowSpace = std::make_unique<X11WindowSpace>();
     platform.keyboardLayout = std::make_unique<X11KeyboardLayout>();
-    using Keys = KGlobalAccelHotKeys::Keys;
-    platform.hotKeys = SharedParts::makeHotKeys(*platform.keyboardLayout,
-                                                isThroughXwayland ? Keys::Service : Keys::Otherwise,
-                                                std::move(hotKeys));
+    platform.hotKeys =
+        SharedParts::makeHotKeys(*platform.keyboardLayout, !isThroughXwayland, std::move(hotKeys));
     platform.frontApplication = std::move(frontApplication);
     platform.pasteboard = std::move(pasteboard);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
