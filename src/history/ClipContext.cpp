@@ -180,7 +180,7 @@ void ClipContext::keepText(const std::shared_ptr<ClipItem> &item)
     if (!item->m_unsaved)
         item->m_unsaved = std::make_unique<ClipChange>();
     if (!item->m_unsaved->clip)
-        item->m_unsaved->clip = Clip(text, {}, {}, {});
+        item->m_unsaved->clip.emplace().text = text;
 }
 
 std::optional<std::vector<ClipChange>> ClipContext::records(const Items &items, qint64 limit)
