@@ -1,7 +1,6 @@
 #include "Clipboard/exchange/BoltFile.h"
 
 #include <QIODevice>
-#include <QtEndian>
 
 namespace {
 
@@ -18,7 +17,11 @@ constexpr int kMaxDepth = 32;
 template <typename T>
 T at(const QByteArray &bytes, qsizetype offset)
 {
-    return qFromLittleEndian<T>(bytes.constData() + offset);
+    // Little endian; the library's reader makes the optimiser see an empty array here.
+    quint64 value = 0;
+    for (auto i = static_cast<qsizetype>(sizeof(T)); i-- > 0;)
+        value = value << 8 | static_cast<uchar>(bytes.at(offset + i));
+    return static_cast<T>(value);
 }
 
 } // namespace
