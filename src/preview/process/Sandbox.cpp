@@ -33,7 +33,8 @@ bool setLimits()
     constexpr rlim_t kMaxDescriptors = 64;
     // Threads and what each of them keeps for itself would else be most of the memory.
     ::mallopt(M_ARENA_MAX, 2);
-    return (kHasShadowMemory || limit(RLIMIT_AS, Sandbox::kMaxMemory)) &&
+    // What can be written to, not what is set aside: a library may reserve far more than there is.
+    return (kHasShadowMemory || limit(RLIMIT_DATA, Sandbox::kMaxMemory)) &&
            limit(RLIMIT_CPU, Sandbox::kMaxWork) && limit(RLIMIT_NOFILE, kMaxDescriptors) &&
            limit(RLIMIT_FSIZE, 0) && limit(RLIMIT_CORE, 0);
 }
@@ -134,9 +135,11 @@ bool filterCalls()
         isMade = isMade && add(filter, SCMP_ACT_ALLOW, call);
     for (const int call : kDeadly)
         isMade = isMade && add(filter, SCMP_ACT_KILL_PROCESS, call);
-    // Memory that no file stands behind and no program runs in.
+    // Memory that no file stands behind and no program runs in, and that the limit counts, which
+    // it does with none that is shared.
     const scmp_arg_cmp notRun = SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0);
-    const scmp_arg_cmp ofNoFile = SCMP_A3(SCMP_CMP_MASKED_EQ, MAP_ANONYMOUS, MAP_ANONYMOUS);
+    const scmp_arg_cmp ofNoFile =
+        SCMP_A3(SCMP_CMP_MASKED_EQ, MAP_TYPE | MAP_ANONYMOUS, MAP_PRIVATE | MAP_ANONYMOUS);
     // Threads, of which libraries make some for large pictures; but no processes. What says so in
     // memory cannot be looked at, and the C library then falls back to what can.
     const scmp_arg_cmp thread = SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD);

@@ -3,7 +3,7 @@
 /// Keeps this process apart from the rest of the system.
 namespace Sandbox {
 
-/// Bytes of memory that it may have, in all.
+/// Bytes of memory that it may write to, in all.
 constexpr unsigned long kMaxMemory = 1536UL << 20;
 /// Seconds of the processor, in its whole life.
 constexpr unsigned long kMaxWork = 60;
