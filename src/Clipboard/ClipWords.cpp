@@ -35,14 +35,12 @@ constexpr Word kWords[] = {
 
 /// How many clips are asked for at a time, so that the instance is never held up for long.
 constexpr qsizetype kPage = 2500;
-/// Before the number of a record, because a bare number is a row.
-constexpr char16_t kIdMark = u'c';
 /// Larger copies than this are none, whatever the history would take.
 constexpr size_t kMaxInput = 32 * 1024 * 1024;
 
 QString nameOf(qint64 id)
 {
-    return kIdMark + QString::number(id);
+    return QLatin1Char(SharedClips::kIdMark) + QString::number(id);
 }
 
 QJsonObject toJson(const SharedClip &clip)
@@ -170,7 +168,7 @@ int ClipWords::writeLines(const QList<qlonglong> &ids)
             return fail(m_fault);
         QByteArray page;
         for (const SharedClips::Line &line : lines)
-            page += nameOf(line.id).toUtf8() + '\t' + line.text.toUtf8() + '\n';
+            line.appendTo(page);
         write(page);
     }
     return finish();
@@ -280,7 +278,7 @@ std::optional<QList<qlonglong>> ClipWords::idsOf(const QStringList &arguments)
 std::optional<qint64> ClipWords::idOf(const QString &name)
 {
     bool isNumber = false;
-    if (name.startsWith(kIdMark)) {
+    if (name.startsWith(QLatin1Char(SharedClips::kIdMark))) {
         const qint64 id = name.mid(1).toLongLong(&isNumber);
         return isNumber && id > 0 ? std::optional(id) : std::nullopt;
     }

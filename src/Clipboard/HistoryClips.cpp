@@ -67,15 +67,29 @@ SharedClips::Answer<QList<qlonglong>> HistoryClips::find(const QString &term)
 
 ClipHistory::Items HistoryClips::itemsOf(const QList<qlonglong> &ids)
 {
-    std::unordered_map<qint64, std::shared_ptr<ClipItem>> byKey;
-    byKey.reserve(m_history.everyClip().size());
-    for (const std::shared_ptr<ClipItem> &item : m_history.everyClip()) {
-        if (item->recordKey() != 0)
-            byKey.emplace(item->recordKey(), item);
-    }
+    const ClipHistory::Items &all = m_history.everyClip();
     ClipHistory::Items items;
-    for (const qlonglong id : ids) {
-        const auto found = byKey.find(id);
+    items.reserve(static_cast<std::size_t>(ids.size()));
+    // A list is asked for in its order, part after part: one walk finds all of a part.
+    auto next = all.begin();
+    auto id = ids.begin();
+    for (; id != ids.end(); ++id) {
+        next = std::find_if(next, all.end(), [id](const std::shared_ptr<ClipItem> &item) {
+            return *id != 0 && item->recordKey() == *id;
+        });
+        if (next == all.end())
+            break;
+        items.push_back(*next++);
+    }
+    if (id == ids.end())
+        return items;
+    std::unordered_map<qint64, std::shared_ptr<ClipItem>> byKey;
+    byKey.reserve(all.size());
+    for (const std::shared_ptr<ClipItem> &item : all)
+        byKey.emplace(item->recordKey(), item);
+    byKey.erase(0);
+    for (; id != ids.end(); ++id) {
+        const auto found = byKey.find(*id);
         if (found != byKey.end())
             items.push_back(found->second);
     }

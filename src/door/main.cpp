@@ -1,7 +1,7 @@
-// What is installed as "quillmarsh": it hands its word over to the instance that runs, and becomes
-// the application when there is none, or when the words, the environment or the instance need more
-// than a hand-over. Linked with the C library alone, so that a key of the desktop is answered at
-// once.
+// What is installed as "quillmarsh": it hands its word over to the instance that runs, or writes
+// the list of clips that it gets from there, and becomes the application when there is none, or
+// when the words, the environment or the instance need more. Linked with the C library alone, so
+// that a key of the desktop, or a launcher, is answered at once.
 
 #include "platform/freedesktop/instance/InstanceCall.h"
 
@@ -21,6 +21,12 @@ namespace {
 struct Path
 {
     char text[PATH_MAX] = {};
+};
+
+/// What is searched for; longer ones are for the application.
+struct Search
+{
+    char text[InstanceCall::kMaxMessage / 2] = {};
 };
 
 /// Null unless the words are an action, or none at all, which is to activate: "".
@@ -77,19 +83,72 @@ int openStoreFolder()
     return isOurs ? folder : -1;
 }
 
+/// Hands two lines to the instance; `file` is as in InstanceCall. Nobody, too, when it is not for
+/// us to say.
+InstanceCall::Answer send(const char *line, const char *next, int limit, int *file)
+{
+    const int folder = openStoreFolder();
+    const int lock = ::openat(folder, InstanceCall::kLockName, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+    char message[InstanceCall::kMaxMessage];
+    const int size =
+        std::snprintf(message, sizeof message, "%s\n%s\n%s", InstanceCall::kGreeting, line, next);
+    if (folder < 0 || lock < 0 || size < 0 || size >= static_cast<int>(sizeof message))
+        return InstanceCall::Answer::Nobody;
+    return InstanceCall::forward(folder, lock, message, static_cast<size_t>(size), limit, file);
+}
+
 /// Nobody, too, when it is not for us to say.
 InstanceCall::Answer handOver(const char *action)
 {
     const char *token = activationToken();
-    const int folder = isPlain(token) ? openStoreFolder() : -1;
-    const int lock = ::openat(folder, InstanceCall::kLockName, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
-    if (folder < 0 || lock < 0)
-        return InstanceCall::Answer::Nobody;
-    char message[InstanceCall::kMaxMessage];
-    const int size = std::snprintf(message, sizeof message, "%s\n%s\n%s", InstanceCall::kGreeting,
-                                   action, token);
-    return InstanceCall::forward(folder, lock, message, static_cast<size_t>(size),
-                                 InstanceCall::kAnswerLimit);
+    return isPlain(token) ? send(action, token, InstanceCall::kAnswerLimit, nullptr)
+                          : InstanceCall::Answer::Nobody;
+}
+
+/// What the words search for in a list of lines, one after the other with spaces between; false
+/// when they want more than that.
+bool readSearch(int argc, char **argv, Search &search)
+{
+    if (argc < 2 || std::strcmp(argv[1], InstanceCall::kList) != 0)
+        return false;
+    size_t length = 0;
+    for (int i = 2; i < argc; ++i) {
+        const size_t room = sizeof search.text - length;
+        const int added = std::snprintf(search.text + length, room, i > 2 ? " %s" : "%s", argv[i]);
+        const bool isOption = argv[i][0] == '-' && argv[i][1] != 0;
+        if (isOption || added < 0 || static_cast<size_t>(added) >= room)
+            return false;
+        length += static_cast<size_t>(added);
+    }
+    return std::strchr(search.text, '\n') == nullptr;
+}
+
+bool write(const char *bytes, size_t size)
+{
+    while (size > 0) {
+        const ssize_t written = ::write(STDOUT_FILENO, bytes, size);
+        if (written < 0 && errno != EINTR)
+            return false;
+        const size_t done = written < 0 ? 0 : static_cast<size_t>(written);
+        bytes += done;
+        size -= done;
+    }
+    return true;
+}
+
+/// Writes all of the file, and gives the exit code.
+int writeOut(int file)
+{
+    char part[64 * 1024];
+    ssize_t size = 1;
+    bool isWritten = ::lseek(file, 0, SEEK_SET) == 0;
+    while (isWritten && size > 0) {
+        size = ::read(file, part, sizeof part);
+        isWritten = size >= 0 && write(part, static_cast<size_t>(size));
+    }
+    if (!isWritten)
+        std::fputs("quillmarsh: the answer could not be written\n", stderr);
+    return isWritten ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 /// Becomes the application, which lies in a folder beside this program's. Returns only when that
@@ -116,6 +175,13 @@ int main(int argc, char **argv)
         if (answer != InstanceCall::Answer::Nobody)
             return InstanceCall::endWith(answer, action);
     }
+    Search search;
+    int list = -1;
+    if (readSearch(argc, argv, search) &&
+        send(InstanceCall::kList, search.text, InstanceCall::kListLimit, &list) ==
+            InstanceCall::Answer::Taken &&
+        list >= 0)
+        return writeOut(list);
     becomeApplication(argv);
     return EXIT_FAILURE;
 }

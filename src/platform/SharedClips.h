@@ -2,6 +2,7 @@
 
 #include "platform/Copy.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -48,10 +49,18 @@ public:
         T value{};
         Fault fault = Fault::None;
     };
+    /// Before the number of a record, because a bare number is a row.
+    static constexpr char kIdMark = 'c';
     struct Line
     {
         qint64 id = 0;
         QString text; ///< In one line, and no longer than kLineLength.
+
+        /// As a list has it: an id by which the words know the clip, a tab, the text.
+        void appendTo(QByteArray &list) const
+        {
+            list += kIdMark + QByteArray::number(id) + '\t' + text.toUtf8() + '\n';
+        }
     };
     struct Room
     {

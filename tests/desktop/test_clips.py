@@ -6,6 +6,7 @@ import os
 import pathlib
 import plistlib
 import re
+import shutil
 import sqlite3
 import subprocess
 import time
@@ -150,6 +151,25 @@ class Clips(Journey):
                 self.assertEqual(lines.count(b"\n"), 10000)
             self.app.process.wait(10)
 
+    def test_a_list_of_lines_needs_nothing_but_the_door(self):
+        self.app = Quillmarsh(self.desktop, BINARY)
+        self.fill()
+        # Where it finds no application that it could become.
+        alone = shutil.copy(BINARY, self.desktop.home)
+        def run(*words):
+            return subprocess.run([alone, *words], capture_output=True, text=True, timeout=20,
+                                  check=False, env=self.desktop.environment)
+        for words, texts in (((), ["third [31m clip", "the second clip", "first clip"]),
+                             (("SECOND",), ["the second clip"]), (("second", "clip"), []),
+                             (("",), ["third [31m clip", "the second clip", "first clip"])):
+            with self.subTest(words):
+                told = run("list", *words)
+                self.assertEqual(told.returncode, 0, told.stderr)
+                self.assertEqual([line.split("\t")[1] for line in told.stdout.splitlines()], texts)
+        for words in (("--json",), ("-0",), ("--", "x"), ("two\nlines",), ("x" * 3000,)):
+            with self.subTest(words):
+                self.assertIn("cannot be started", run("list", *words).stderr)
+
     def test_a_history_moves_by_a_file_and_comes_back_equal(self):
         self.app = Quillmarsh(self.desktop, BINARY)
         self.fill()
@@ -204,3 +224,9 @@ class Clips(Journey):
                                    "Add"])
         for method in methods:
             self.assertIn(f".BR {method} ", manual)
+        self.word("copy", stdin="two\nlines")
+        told = subprocess.run(
+            ["gdbus", "call", "--session", "--dest", "org.quillmarsh.Quillmarsh", "--object-path",
+             "/org/quillmarsh/Quillmarsh", "--method", "org.quillmarsh.Clips.Lines", "[1, 2]"],
+            env=self.desktop.environment, capture_output=True, text=True, check=True).stdout
+        self.assertEqual(told, "([(int64 1, 'two lines')],)\n")

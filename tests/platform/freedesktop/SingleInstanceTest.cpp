@@ -1,6 +1,7 @@
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 
 #include "BusService.h"
+#include "platform/SharedClips.h"
 #include "support/ExpectedWarnings.h"
 
 #include <QDBusMessage>
@@ -11,6 +12,9 @@
 #include <gtest/gtest.h>
 
 #include <future>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 /// An instance that is reached over the bus only.
 class FakeInstance : public QObject
@@ -160,6 +164,118 @@ TEST_F(SingleInstanceTest, anActionThatDoesNotExistIsRefusedAndNamedInOneShortLi
     auto endless = startAgain(QString(2000, u'x'));
     EXPECT_EQ(entryOf(endless), Entry::Refused);
     EXPECT_LT(ExpectedWarnings::messages().back().size(), 100);
+}
+
+/// As many clips as there are ids, of which some are gone.
+class ManyClips : public SharedClips
+{
+public:
+    // ^SharedClips
+    Answer<QList<qlonglong>> find(const QString &term) override
+    {
+        asked = term;
+        QList<qlonglong> ids;
+        for (qlonglong id = count; id > 0; --id)
+            ids.append(id);
+        return {ids};
+    }
+    Answer<QList<Line>> lines(const QList<qlonglong> &ids) override
+    {
+        Answer<QList<Line>> answer{{}, fault};
+        for (const qlonglong id : ids) {
+            if (id != 7)
+                answer.value.append({id, QStringLiteral("größe %1").arg(id)});
+        }
+        if (during)
+            during();
+        return answer;
+    }
+    Answer<QList<SharedClip>> clips(const QList<qlonglong> &) override { return {}; }
+    Fault copy(const QByteArray &) override { return Fault::Unable; }
+    Fault paste(qint64) override { return Fault::Unable; }
+    Answer<qint64> remove(const QList<qlonglong> &) override { return {}; }
+    Answer<Room> room() override { return {}; }
+    Answer<Added> add(const QList<SharedClip> &, bool) override { return {}; }
+
+    qlonglong count = 2500;
+    QString asked;
+    Fault fault = Fault::None;
+    std::function<void()> during;
+};
+
+/// What the door gets for the message: an answer and what is in the file with it.
+struct Listed
+{
+    InstanceCall::Answer answer;
+    std::optional<QByteArray> list = {};
+};
+
+Listed askForList(const QString &store)
+{
+    const int folder = ::open(qPrintable(store), O_DIRECTORY | O_RDONLY | O_CLOEXEC);
+    const int lock = ::openat(folder, InstanceCall::kLockName, O_RDWR | O_CLOEXEC);
+    const QByteArray message = "quillmarsh 1\nlist\nsome\tterm";
+    int file = -1;
+    Listed listed{InstanceCall::forward(folder, lock, message.constData(),
+                                        static_cast<size_t>(message.size()), 20'000, &file)};
+    QFile opened;
+    if (file >= 0 && opened.open(file, QIODevice::ReadOnly, QFile::AutoCloseHandle)) {
+        opened.seek(0);
+        listed.list = opened.readAll();
+    }
+    ::close(lock);
+    ::close(folder);
+    return listed;
+}
+
+TEST_F(SingleInstanceTest, aListOfManyClipsIsHandedOverWholeOrNotAtAll)
+{
+    ManyClips clips;
+    QByteArray whole;
+    for (const SharedClips::Line &line : clips.lines(clips.find({}).value).value)
+        line.appendTo(whole);
+    ASSERT_TRUE(whole.startsWith("c2500\tgr\xC3\xB6\xC3\x9F"
+                                 "e 2500\nc2499\t"));
+    ASSERT_EQ(instance.enter(QString()), Entry::First);
+    instance.open();
+
+    using Answer = InstanceCall::Answer;
+    struct Row
+    {
+        const char *name;
+        std::function<void()> prepare;
+        Listed expected;
+    };
+    const Row rows[] = {
+        {"many", [] {}, {Answer::Taken, whole}},
+        {"none", [&] { clips.count = 0; }, {Answer::Taken, QByteArray()}},
+        {"fault",
+         [&] { clips.count = 1, clips.fault = SharedClips::Fault::Unable; },
+         {Answer::Nobody}},
+        {"taken back meanwhile",
+         [&] {
+             clips.count = 2500;
+             clips.fault = SharedClips::Fault::None;
+             clips.during = [&] {
+                 QMetaObject::invokeMethod(
+                     &instance, [&] { instance.share(nullptr); }, Qt::QueuedConnection);
+             };
+         },
+         {Answer::Nobody}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        row.prepare();
+        instance.share(&clips);
+        auto asked = std::async(std::launch::async, [&] { return askForList(folder.path()); });
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return asked.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
+            20'000));
+        const Listed listed = asked.get();
+        EXPECT_EQ(listed.answer, row.expected.answer);
+        EXPECT_EQ(listed.list, row.expected.list);
+        EXPECT_EQ(clips.asked, QStringLiteral("some\tterm"));
+    }
 }
 
 class SingleInstanceOnBus : public SingleInstanceTest

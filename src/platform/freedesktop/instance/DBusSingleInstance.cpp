@@ -2,6 +2,7 @@
 
 #include "platform/Info.h"
 #include "platform/freedesktop/instance/ApplicationAdaptor.h"
+#include "platform/freedesktop/instance/ClipListing.h"
 #include "platform/freedesktop/instance/ClipsAdaptor.h"
 #include "platform/freedesktop/instance/SessionBus.h"
 
@@ -85,6 +86,13 @@ DBusSingleInstance::DBusSingleInstance(const QString &storeFolder,
 void DBusSingleInstance::share(SharedClips *clips)
 {
     m_clips->share(clips);
+    // What is under way knows the clips that were shared before.
+    qDeleteAll(findChildren<ClipListing *>());
+    m_socket.setLister(
+        clips ? [this, clips](const QString &term,
+                              const InstanceSocket::Reply
+                                  &reply) { new ClipListing(*clips, term, reply, this); }
+              : InstanceSocket::Lister());
 }
 
 SingleInstance::Entry DBusSingleInstance::enter(const QString &action)
@@ -189,7 +197,7 @@ void DBusSingleInstance::close()
 {
     // Readable for ever once it is closed, or another file's by then.
     delete findChild<QSocketNotifier *>();
-    m_clips->share(nullptr);
+    share(nullptr);
     m_socket.stopListening();
     if (std::exchange(m_ownsName, false))
         QDBusConnection::sessionBus().unregisterService(Info::main().bundleIdentifier);

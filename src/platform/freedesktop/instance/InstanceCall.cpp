@@ -63,7 +63,37 @@ bool waitFor(int descriptor, short events, int64_t deadline)
     }
 }
 
-Answer awaitAnswer(int own, int lock, int64_t deadline)
+/// Room for one open file beside a message.
+union FileNote {
+    cmsghdr head;
+    char room[CMSG_SPACE(sizeof(int))];
+};
+
+/// Receives a word and perhaps an open file with it.
+Answer readAnswer(int own, int *file)
+{
+    char told[16] = {};
+    FileNote note = {};
+    iovec part{told, sizeof told - 1};
+    msghdr message = {};
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
+    // Without room for it the kernel keeps the file.
+    message.msg_control = file ? note.room : nullptr;
+    message.msg_controllen = file ? sizeof note.room : 0;
+    if (::recvmsg(own, &message, MSG_CMSG_CLOEXEC) <= 0)
+        return Answer::None;
+    const cmsghdr *const head = CMSG_FIRSTHDR(&message);
+    if (file && head && head->cmsg_level == SOL_SOCKET && head->cmsg_type == SCM_RIGHTS)
+        std::memcpy(file, CMSG_DATA(head), sizeof *file);
+    for (const auto &[word, answer] : kWords) {
+        if (std::strcmp(told, word) == 0)
+            return answer;
+    }
+    return Answer::None;
+}
+
+Answer awaitAnswer(int own, int lock, int64_t deadline, int *file)
 {
     while (!waitFor(own, POLLIN, std::min(deadline, now() + kLookInterval))) {
         // It went without reading what was sent. The lock is ours with that, which is what the
@@ -73,14 +103,7 @@ Answer awaitAnswer(int own, int lock, int64_t deadline)
         if (now() >= deadline)
             return Answer::None;
     }
-    char told[16] = {};
-    if (::recv(own, told, sizeof told - 1, 0) <= 0)
-        return Answer::None;
-    for (const auto &[word, answer] : kWords) {
-        if (std::strcmp(told, word) == 0)
-            return answer;
-    }
-    return Answer::None;
+    return readAnswer(own, file);
 }
 
 } // namespace
@@ -112,8 +135,11 @@ sockaddr_un InstanceCall::addressIn(int folder)
     return address;
 }
 
-Answer InstanceCall::forward(int folder, int lock, const char *message, size_t size, int limit)
+Answer InstanceCall::forward(int folder, int lock, const char *message, size_t size, int limit,
+                             int *file)
 {
+    if (file)
+        *file = -1;
     const int64_t deadline = now() + limit;
     const int own = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (own < 0)
@@ -128,11 +154,35 @@ Answer InstanceCall::forward(int folder, int lock, const char *message, size_t s
         ssize_t sent = ::send(own, message, size, 0);
         if (sent < 0 && errno == EAGAIN && waitFor(own, POLLOUT, deadline))
             sent = ::send(own, message, size, 0);
-        answer =
-            sent == static_cast<ssize_t>(size) ? awaitAnswer(own, lock, deadline) : Answer::None;
+        answer = sent == static_cast<ssize_t>(size) ? awaitAnswer(own, lock, deadline, file)
+                                                    : Answer::None;
     }
     ::close(own);
     return answer;
+}
+
+void InstanceCall::answer(int own, const sockaddr_un &caller, socklen_t size, Answer meaning,
+                          int file)
+{
+    const char *const word = wordOf(meaning);
+    iovec part{const_cast<char *>(word), std::strlen(word)};
+    sockaddr_un address = caller;
+    FileNote note = {};
+    msghdr message = {};
+    message.msg_name = &address;
+    message.msg_namelen = size;
+    message.msg_iov = &part;
+    message.msg_iovlen = 1;
+    if (file >= 0) {
+        message.msg_control = note.room;
+        message.msg_controllen = sizeof note.room;
+        cmsghdr *const head = CMSG_FIRSTHDR(&message);
+        head->cmsg_level = SOL_SOCKET;
+        head->cmsg_type = SCM_RIGHTS;
+        head->cmsg_len = CMSG_LEN(sizeof file);
+        std::memcpy(CMSG_DATA(head), &file, sizeof file);
+    }
+    ::sendmsg(own, &message, 0);
 }
 
 int InstanceCall::endWith(Answer answer, const char *action)

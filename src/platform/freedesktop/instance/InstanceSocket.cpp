@@ -132,8 +132,7 @@ InstanceSocket::Letter InstanceSocket::read() const
 
 void InstanceSocket::answer(const Letter &letter, Answer meaning) const
 {
-    const char *const word = InstanceCall::wordOf(meaning);
-    ::sendto(m_socket, word, std::strlen(word), 0, generic(letter.sender), letter.senderSize);
+    InstanceCall::answer(m_socket, letter.sender, letter.senderSize, meaning);
 }
 
 void InstanceSocket::receive(const Receiver &receiver)
@@ -146,6 +145,14 @@ void InstanceSocket::receive(const Receiver &receiver)
         isWhole ? QByteArray(letter.text, letter.size).split('\n') : QList<QByteArray>();
     if (lines.size() != 3 || lines.first() != InstanceCall::kGreeting) {
         qCWarning(lcInstance, "a message from another start was not understood");
+        return;
+    }
+    if (m_lister && lines.at(1) == InstanceCall::kList) {
+        m_lister(
+            QString::fromUtf8(lines.at(2)),
+            [this, sender = letter.sender, size = letter.senderSize](Answer meaning, int file) {
+                InstanceCall::answer(m_socket, sender, size, meaning, file);
+            });
         return;
     }
     answer(letter, receiver({QString::fromUtf8(lines.at(1)), QString::fromUtf8(lines.at(2))}));

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 Q_DECLARE_LOGGING_CATEGORY(lcInstance)
 
@@ -34,6 +35,11 @@ public:
 
     /// Answers Taken, Refused or Unable.
     using Receiver = std::function<Answer(const InstanceMessage &)>;
+    /// Tells a start that waits: Taken with the open file of a list, which stays the teller's, or
+    /// Nobody with -1. To be called at most once, and not after stopListening().
+    using Reply = std::function<void(Answer meaning, int file)>;
+    /// Is asked for the list of what a search for `term` finds, and replies later.
+    using Lister = std::function<void(const QString &term, const Reply &reply)>;
 
     /// `folder` is made when it is missing, and is this user's alone from then on.
     explicit InstanceSocket(QString folder);
@@ -54,6 +60,8 @@ public:
     /// Reads the next message and tells its sender what `receiver` made of it. One that is none of
     /// ours is not answered.
     void receive(const Receiver &receiver);
+    /// Whom a start asks that wants a list; without one it is refused.
+    void setLister(Lister lister) { m_lister = std::move(lister); }
     /// Sends everybody away who waits for an answer or would come: this instance ends. The lock
     /// stays until release().
     void stopListening();
@@ -70,4 +78,5 @@ private:
     int m_folder = -1;
     int m_lock = -1;
     int m_socket = -1;
+    Lister m_lister;
 };
