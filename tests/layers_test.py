@@ -25,7 +25,7 @@ FOLDERS = {
     "Clipboard/preferences": {LOOKS, "shortcut", "preferenceswindow", "Clipboard/settings"},
     "Clipboard/welcome": {LOOKS, "Clipboard/settings"},
 }
-ADAPTERS = ("x11", "wayland", "kde", "absent", "freedesktop")
+ADAPTERS = ("x11", "wayland", "kde", "portal", "absent", "freedesktop")
 # The only files of src/ that name adapters, and that know of the one who chooses them.
 MAINS = ("Clipboard/main.cpp", "updates/helper_main.cpp", "door/main.cpp")
 # What adapters of one kind share; each may know it.
@@ -57,8 +57,8 @@ def may_know(path):
         known = {own, "platform", *FOLDERS[own]}
     elif own.removeprefix("platform/") in ADAPTERS:
         known = {own, *SHARED, "platform"}
-        if own == "platform/kde":
-            known.add("platform/wayland")  # Its protocols are spoken on the same connection.
+        if own in ("platform/kde", "platform/portal"):
+            known.add("platform/wayland")  # What they add goes over the same connection.
     elif own in ("history", "platform/pasteboard"):
         known = {own, "platform", RICH_TEXT}
     else:
@@ -181,6 +181,7 @@ CASES = (
     ("shortcut/View.cpp", ("platform/richtext/Rtf.h",), "shortcut may not know platform/richtext"),
     ("platform/pasteboard/Uris.cpp", ("platform/x11/Keys.h",), "may not know platform/x11"),
     ("platform/kde/Keys.cpp", ("platform/wayland/Connection.h",), None),
+    ("platform/portal/Keys.cpp", ("platform/wayland/Connection.h",), None),
     ("platform/wayland/Keys.cpp", ("platform/kde/Connection.h",), "may not know platform/kde"),
     ("history/Store.cpp", ("platform/pasteboard/Uris.h",), "may not know platform/pasteboard"),
     ("platform/Clock.cpp", ("platform/x11/Keys.h",), "platform may not know platform/x11"),

@@ -4,6 +4,7 @@
 #include "platform/ApplicationNames.h"
 #include "platform/Capabilities.h"
 #include "platform/Clock.h"
+#include "platform/Consent.h"
 #include "platform/FileQuestions.h"
 #include "platform/FrontApplication.h"
 #include "platform/HotKeys.h"
@@ -31,6 +32,7 @@ struct Platform
     std::unique_ptr<Clock> clock;
     std::unique_ptr<FileQuestions> fileQuestions;
     std::unique_ptr<SettingsStore> settings;
+    std::unique_ptr<Consent> consent;
     std::unique_ptr<Appearance> appearance;
     std::unique_ptr<ApplicationNames> applicationNames;
     std::unique_ptr<InstalledApplications> installedApplications;

@@ -136,6 +136,7 @@ std::unique_ptr<Platform> PlatformLoader::makePlatform()
     const auto entries = std::make_shared<DesktopEntryCatalog>(
         *platform->fileQuestions, g_entryFolders.value_or(DesktopEntryScan::standardFolders()));
     platform->settings = std::make_unique<FreedesktopSettingsStore>();
+    platform->consent = std::make_unique<NoConsent>();
     auto appearance = std::make_unique<PortalAppearance>();
     const auto areAnimationsWanted = [portal = appearance.get()] {
         return portal->areAnimationsWanted();

@@ -43,6 +43,12 @@ KeySender::Outcome MemoryKeySender::sendPasteOverCopied()
     return sendCommand(VirtualKey::kV);
 }
 
+void MemoryConsent::setState(State state)
+{
+    if (std::exchange(m_state, state) != state)
+        Q_EMIT stateChanged();
+}
+
 void MemoryFrontApplication::activate(QWindow *window)
 {
     m_activated = window;
@@ -138,6 +144,7 @@ void MemoryStatusBar::showItem(const QIcon &, const QString &toolTip, QMenu *men
 MemoryPlatform::MemoryPlatform()
     : clock(put<MemoryClock>(platform.clock)),
       settings(put<MemorySettingsStore>(platform.settings)),
+      consent(put<MemoryConsent>(platform.consent)),
       appearance(put<MemoryAppearance>(platform.appearance)),
       installedApplications(put<MemoryInstalledApplications>(platform.installedApplications)),
       loginItems(put<MemoryLoginItems>(platform.loginItems)),

@@ -66,6 +66,26 @@ private:
     std::function<void()> m_givenUp;
 };
 
+/// Asked for nothing unless it is told otherwise.
+class MemoryConsent : public Consent
+{
+    Q_OBJECT
+
+public:
+    using Consent::Consent;
+
+    void setState(State state);
+    int timesAsked() const { return m_timesAsked; }
+
+    // ^Consent
+    State state() const override { return m_state; }
+    void ask() override { ++m_timesAsked; }
+
+private:
+    State m_state = State::NotNeeded;
+    int m_timesAsked = 0;
+};
+
 class MemoryFrontApplication : public FrontApplication
 {
     Q_OBJECT
@@ -283,6 +303,7 @@ struct MemoryPlatform
     Platform platform;
     MemoryClock &clock;
     MemorySettingsStore &settings;
+    MemoryConsent &consent;
     MemoryAppearance &appearance;
     MemoryInstalledApplications &installedApplications;
     MemoryLoginItems &loginItems;

@@ -31,7 +31,9 @@ DataClient::~DataClient()
 void DataClient::own(Selection selection, const Formats &formats)
 {
     DataSource::Listeners listeners;
-    listeners.asked = [this, formats](const QString &name, int fd) { send(name, formats, fd); };
+    listeners.asked = [this, formats](const QString &name, int fd, const DataSource::Given &) {
+        send(name, formats, fd);
+    };
     listeners.replaced = [this, selection] {
         if (const auto owned = m_owned.find(selection); owned != m_owned.end()) {
             m_replaced.push_back(std::move(owned->second));
@@ -71,18 +73,10 @@ void DataClient::ask(Selection selection, const QString &name)
 {
     m_answer.reset();
     m_incoming.clear();
-    if (m_answerFd >= 0)
-        close(m_answerFd);
-    m_answerFd = -1;
+    m_answerEnd = ReadingEnd();
     if (!offered(selection).contains(name))
         return;
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) < 0)
-        return;
-    fcntl(ends[0], F_SETFL, O_NONBLOCK);
-    m_offers[selection]->receive(name, ends[1]);
-    close(ends[1]);
-    m_answerFd = ends[0];
+    m_offers[selection]->open(name, [this](ReadingEnd end) { m_answerEnd = std::move(end); });
     wl_display_flush(m_connection->display());
 }
 
@@ -104,9 +98,7 @@ void DataClient::die()
     for (const Sending &sending : m_sending)
         close(sending.fd);
     m_sending.clear();
-    if (m_answerFd >= 0)
-        close(m_answerFd);
-    m_answerFd = -1;
+    m_answerEnd = ReadingEnd();
     m_offers.clear();
     m_owned.clear();
     m_replaced.clear();
@@ -154,15 +146,14 @@ void DataClient::writeOn()
 void DataClient::readOn()
 {
     std::array<char, 65536> piece{};
-    while (m_answerFd >= 0 && !manners.takesNothing) {
-        const ssize_t got = read(m_answerFd, piece.data(), piece.size());
+    while (m_answerEnd.fd() >= 0 && !manners.takesNothing) {
+        const ssize_t got = read(m_answerEnd.fd(), piece.data(), piece.size());
         if (got < 0)
             return;
         m_incoming.append(piece.data(), got);
         if (got > 0)
             continue;
-        close(m_answerFd);
-        m_answerFd = -1;
+        m_answerEnd = ReadingEnd();
         m_answer = m_incoming;
     }
 }

@@ -82,7 +82,7 @@ private:
     std::list<Sending> m_sending;
     qsizetype m_sentBytes = 0;
     QStringList m_requests;
-    int m_answerFd = -1;
+    ReadingEnd m_answerEnd;
     QByteArray m_incoming;
     std::optional<QByteArray> m_answer;
 };

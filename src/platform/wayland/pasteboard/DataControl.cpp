@@ -6,7 +6,11 @@
 #include <ext-data-control-v1-client-protocol.h>
 #include <wlr-data-control-unstable-v1-client-protocol.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -96,9 +100,19 @@ public:
     bool is(const typename P::Offer *offer) const { return m_offer == offer; }
 
     // ^DataOffer
-    void receive(const QString &name, int fd) override
+    void open(const QString &name, Opened opened) override
     {
-        P::receive(m_offer, name.toUtf8().constData(), fd);
+        std::array<int, 2> ends{};
+        if (pipe2(ends.data(), O_CLOEXEC) < 0) {
+            opened({});
+            return;
+        }
+        // Our end alone: the other is its owner's, and most write as if to a file.
+        fcntl(ends[0], F_SETFL, O_NONBLOCK);
+        P::receive(m_offer, name.toUtf8().constData(), ends[1]);
+        // The end of the contents is that nobody has it open any more. What is sent is a duplicate.
+        close(ends[1]);
+        opened(ReadingEnd(ends[0]));
     }
 
 private:
@@ -114,7 +128,7 @@ public:
     {
         static constexpr typename P::SourceListener kListener{
             [](void *self, typename P::Source *, const char *name, int32_t fd) {
-                static_cast<Source *>(self)->m_listeners.asked(QString::fromUtf8(name), fd);
+                static_cast<Source *>(self)->m_listeners.asked(QString::fromUtf8(name), fd, {});
             },
             [](void *self, typename P::Source *) {
                 // A copy: whoever is told may end this source.
@@ -139,8 +153,8 @@ class Control : public DataControl
 {
 public:
     Control(WaylandConnection &connection, typename P::Manager *manager, Listeners listeners)
-        : m_manager(manager), m_device(P::getDevice(manager, connection.seat())),
-          m_listeners(std::move(listeners))
+        : m_connection(connection), m_manager(manager),
+          m_device(P::getDevice(manager, connection.seat())), m_listeners(std::move(listeners))
     {
         static constexpr typename P::DeviceListener kListener = [] {
             typename P::DeviceListener listener{};
@@ -188,6 +202,7 @@ public:
         if (selection == Selection::Clipboard || hasPrimary())
             set(selection, nullptr);
     }
+    bool roundTrip() override { return m_connection.roundTrip(); }
 
 private:
     void set(Selection selection, typename P::Source *source)
@@ -218,6 +233,7 @@ private:
         m_listeners.changed(selection, std::move(told));
     }
 
+    WaylandConnection &m_connection;
     typename P::Manager *m_manager;
     typename P::Device *m_device;
     Listeners m_listeners;

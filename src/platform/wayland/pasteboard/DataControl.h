@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/wayland/pasteboard/ReadingEnd.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -13,14 +15,16 @@ class WaylandConnection;
 class DataOffer
 {
 public:
+    using Opened = std::function<void(ReadingEnd end)>;
+
     virtual ~DataOffer() = default;
 
     /// The names of its formats, in its owner's order.
     const QStringList &names() const { return m_names; }
 
-    /// Asks the owner to write the contents into the descriptor, which stays the caller's and is to
-    /// be closed at once.
-    virtual void receive(const QString &name, int fd) = 0;
+    /// Asks the owner for the contents. `opened` is told, at once or later, where it writes them;
+    /// without a descriptor where there is nothing to be had.
+    virtual void open(const QString &name, Opened opened) = 0;
 
 protected:
     QStringList m_names;
@@ -30,11 +34,15 @@ protected:
 class DataSource
 {
 public:
+    /// Told when the descriptor has been closed, and whether all was written; null where nobody
+    /// wants to know.
+    using Given = std::function<void(bool isWhole)>;
+
     struct Listeners
     {
         /// Somebody wants the contents written into the descriptor, which is the receiver's from
         /// now on.
-        std::function<void(const QString &name, int fd)> asked;
+        std::function<void(const QString &name, int fd, Given given)> asked;
         /// Somebody else owns the selection now, or nobody. Told before what has taken its place.
         std::function<void()> replaced;
     };
@@ -43,7 +51,8 @@ public:
 };
 
 /// The selections of a seat, followed and owned without a window: by ext_data_control, or the older
-/// protocol of the same messages. Owned by the pasteboard's service; on the connection's thread.
+/// protocol of the same messages, or whatever else a session has for it. Owned by the pasteboard's
+/// service; on the connection's thread.
 class DataControl
 {
 public:
@@ -57,8 +66,10 @@ public:
         std::function<void()> finished;
     };
 
-    /// Null where the compositor offers neither protocol, or no seat. Tells of what is there now
-    /// with the next events.
+    /// Null where nothing of the kind is offered. Tells of what is there now with the next events.
+    using Make = std::function<std::unique_ptr<DataControl>(Listeners listeners)>;
+
+    /// By the protocols; null where the compositor offers neither, or no seat.
     static std::unique_ptr<DataControl> make(WaylandConnection &connection, Listeners listeners);
     virtual ~DataControl() = default;
 
@@ -69,4 +80,8 @@ public:
                                             DataSource::Listeners listeners) = 0;
     /// Leaves the selection without an owner.
     virtual void empty(Selection selection) = 0;
+
+    /// Returns when what was asked before is done. What was told until then has been handled, in
+    /// order. False when it cannot be known.
+    [[nodiscard]] virtual bool roundTrip() = 0;
 };

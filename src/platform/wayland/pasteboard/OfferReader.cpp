@@ -2,13 +2,12 @@
 
 #include "platform/pasteboard/TextFormats.h"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -139,15 +138,13 @@ OfferReader::Result OfferReader::abandon()
     if (m_isReading) {
         // What its owner had written by now was there before whatever ends the reading.
         m_waiting.clear();
-        std::vector<int> open;
+        std::vector<quint64> open;
         for (const Pipe &pipe : m_pipes)
-            open.push_back(pipe.fd);
-        for (const int fd : open) {
-            const auto pipe =
-                std::find_if(m_pipes.begin(), m_pipes.end(),
-                             [fd](const Pipe &candidate) { return candidate.fd == fd; });
-            if (pipe != m_pipes.end() && readSome(*pipe))
-                useAnswer(*pipe);
+            open.push_back(pipe.number);
+        for (const quint64 number : open) {
+            const auto pipe = find(number);
+            if (pipe != m_pipes.end() && pipe->end.fd() >= 0 && readSome(*pipe))
+                useAnswer(pipe);
         }
         finish();
     }
@@ -160,12 +157,15 @@ void OfferReader::askNext()
     m_waiting.removeIf([this](const Request &request) {
         return !request.restRow && !CopyQuestions::isOfUse(request.question, m_fetched);
     });
+    // Of what is answered by nothing at once nobody is told in between.
+    m_isAsking = true;
     for (qsizetype i = 0; i < m_waiting.size();) {
         if (isReady(m_waiting[i]))
             ask(m_waiting.takeAt(i));
         else
             ++i;
     }
+    m_isAsking = false;
     if (m_pipes.empty() && !waitToAskAgain())
         finish();
 }
@@ -181,48 +181,67 @@ bool OfferReader::isReady(const Request &request) const
     });
 }
 
-/// False when there is no pipe to be had.
-bool OfferReader::ask(const Request &request)
+void OfferReader::ask(const Request &request)
 {
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) < 0)
-        return false;
-    // Our end alone: the other is its owner's, and most write as if to a file.
-    fcntl(ends[0], F_SETFL, O_NONBLOCK);
-    m_offer->receive(request.question.name, ends[1]);
-    // The end of the contents is that nobody has it open any more. What is sent is a duplicate.
-    close(ends[1]);
-    m_pipes.push_back({ends[0], request});
-    m_connection.watch(ends[0], POLLIN, [this, fd = ends[0]](short) { handleReady(fd); });
-    return true;
+    const quint64 number = ++m_pipesMade;
+    m_pipes.push_back({number, request});
+    const std::weak_ptr<bool> life = m_life;
+    m_offer->open(request.question.name, [this, number, life](ReadingEnd end) {
+        if (!life.expired())
+            handleOpened(number, std::move(end));
+    });
 }
 
-void OfferReader::handleReady(int fd)
+void OfferReader::handleOpened(quint64 number, ReadingEnd end)
 {
-    const auto pipe = std::find_if(m_pipes.begin(), m_pipes.end(),
-                                   [fd](const Pipe &candidate) { return candidate.fd == fd; });
+    const auto pipe = find(number);
+    // Given up meanwhile.
+    if (pipe == m_pipes.end())
+        return;
+    if (end.fd() < 0) {
+        go(pipe);
+        return;
+    }
+    m_lastProgress = m_limits.now();
+    pipe->end = std::move(end);
+    m_connection.watch(pipe->end.fd(), POLLIN, [this, number](short) { handleReady(number); });
+}
+
+void OfferReader::handleReady(quint64 number)
+{
+    const auto pipe = find(number);
     if (pipe == m_pipes.end())
         return;
     m_lastProgress = m_limits.now();
-    if (!readSome(*pipe))
-        return;
-    useAnswer(*pipe);
-    if (m_isReading)
+    if (readSome(*pipe))
+        go(pipe);
+}
+
+/// Goes on after what came of one of them. Last in whatever calls it: who is told that this was all
+/// may end this object.
+void OfferReader::go(const Pipes::iterator &pipe)
+{
+    useAnswer(pipe);
+    if (m_isReading && !m_isAsking)
         askNext();
-    // Last and of a copy: whoever is told may end this object.
-    if (m_isFinished) {
+    if (m_isFinished && !m_isAsking) {
         const auto finished = m_finished;
         finished();
     }
 }
 
+OfferReader::Pipes::iterator OfferReader::find(quint64 number)
+{
+    return std::ranges::find(m_pipes, number, &Pipe::number);
+}
+
 /// True when nothing more is to come, or is wanted.
-bool OfferReader::readSome(Pipe &pipe)
+bool OfferReader::readSome(Pipe &pipe) const
 {
     for (qsizetype left = kAtOnce; left > 0;) {
         const qsizetype size = pipe.bytes.size();
         pipe.bytes.resize(size + kPieceBytes);
-        const ssize_t got = read(pipe.fd, pipe.bytes.data() + size, kPieceBytes);
+        const ssize_t got = read(pipe.end.fd(), pipe.bytes.data() + size, kPieceBytes);
         const int error = errno;
         pipe.bytes.resize(size + std::max<ssize_t>(got, 0));
         if (got < 0 && error == EINTR)
@@ -240,11 +259,10 @@ bool OfferReader::readSome(Pipe &pipe)
     return false;
 }
 
-void OfferReader::useAnswer(const Pipe &pipe)
+void OfferReader::useAnswer(const Pipes::iterator &pipe)
 {
     // Taken out first, so that nothing counts it as under way.
-    Pipe answered = pipe;
-    closePipe(answered.fd);
+    Pipe answered = take(pipe);
     answered.bytes.squeeze();
     if (answered.request.restRow)
         useRest(answered);
@@ -321,17 +339,20 @@ bool OfferReader::waitToAskAgain()
     return true;
 }
 
-void OfferReader::closePipe(int fd)
+/// What is taken is closed with its end.
+OfferReader::Pipe OfferReader::take(const Pipes::iterator &pipe)
 {
-    m_connection.unwatch(fd);
-    std::erase_if(m_pipes, [fd](const Pipe &pipe) { return pipe.fd == fd; });
-    close(fd);
+    if (pipe->end.fd() >= 0)
+        m_connection.unwatch(pipe->end.fd());
+    Pipe taken = std::move(*pipe);
+    m_pipes.erase(pipe);
+    return taken;
 }
 
 void OfferReader::stop()
 {
     while (!m_pipes.empty())
-        closePipe(m_pipes.back().fd);
+        take(std::prev(m_pipes.end()));
     m_waiting.clear();
     m_askAgainAt.reset();
     m_isReading = false;

@@ -78,11 +78,13 @@ private:
     };
     struct Pipe
     {
-        int fd;
+        quint64 number;
         Request request;
+        ReadingEnd end = {}; ///< Without a descriptor until it is opened.
         QByteArray bytes = {};
         bool isTooLarge = false;
     };
+    using Pipes = std::vector<Pipe>;
     struct Answer
     {
         Request request;
@@ -93,17 +95,20 @@ private:
                  std::chrono::milliseconds patience);
     void askNext();
     bool isReady(const Request &request) const;
-    bool ask(const Request &request);
-    void handleReady(int fd);
-    bool readSome(Pipe &pipe);
-    void useAnswer(const Pipe &pipe);
+    void ask(const Request &request);
+    void handleOpened(quint64 number, ReadingEnd end);
+    void handleReady(quint64 number);
+    void go(const Pipes::iterator &pipe);
+    bool readSome(Pipe &pipe) const;
+    void useAnswer(const Pipes::iterator &pipe);
+    Pipes::iterator find(quint64 number);
     void useText(const Pipe &pipe);
     void useRest(const Pipe &pipe);
     bool isTextAwaited() const;
     qint64 maxBytes(const Request &request) const;
     void dropOthersLike(const Request &had);
     bool waitToAskAgain();
-    void closePipe(int fd);
+    Pipe take(const Pipes::iterator &pipe);
     void stop();
     void finish();
 
@@ -112,6 +117,7 @@ private:
     std::function<void()> m_finished;
     bool m_isReading = false;
     bool m_isFinished = false;
+    bool m_isAsking = false;
     bool m_isOutdated = false;
     std::shared_ptr<DataOffer> m_offer;
     qint64 m_maxBytes = 0; ///< Of the text, or of all the rest that is still to come.
@@ -120,9 +126,11 @@ private:
     TimePoint m_lastProgress;
     QList<Request> m_texts;   ///< To be asked again if all are empty.
     QList<Request> m_waiting; ///< Not asked yet.
-    std::vector<Pipe> m_pipes;
+    quint64 m_pipesMade = 0;
+    Pipes m_pipes;
     QList<Answer> m_formats; ///< What they may weigh is known when the text is.
     std::size_t m_timesAskedAgain = 0;
     std::optional<TimePoint> m_askAgainAt; ///< While nothing is under way but the wait for it.
     Result m_fetched;
+    const std::shared_ptr<bool> m_life = std::make_shared<bool>(); ///< Of those who ask.
 };

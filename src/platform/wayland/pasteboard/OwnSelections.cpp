@@ -18,8 +18,8 @@ constexpr int kMarks = 4;
 
 OwnSelections::OwnSelections(WaylandConnection &connection, const PasteboardLimits &limits,
                              std::function<void()> pasteRead, std::function<void()> given)
-    : m_connection(connection), m_limits(limits), m_pasteRead(std::move(pasteRead)),
-      m_given(std::move(given)), m_writers(connection, limits.now, limits.requestorStall)
+    : m_limits(limits), m_pasteRead(std::move(pasteRead)), m_given(std::move(given)),
+      m_writers(connection, limits.now, limits.requestorStall)
 {
 }
 
@@ -36,7 +36,7 @@ bool OwnSelections::claim(DataControl &control, Selection selection,
     // Until the compositor has read it, requests that come are meant for what was ours before.
     const Own former = take(selection);
     m_own[selection] = {std::move(source), std::move(offer), mark, m_limits.now()};
-    if (!m_connection.roundTrip())
+    if (!control.roundTrip())
         return false;
     Own *own = find(selection, mark);
     if (own)
@@ -48,13 +48,16 @@ DataSource::Listeners OwnSelections::listenersOf(Selection selection, const QStr
                                                  const std::shared_ptr<const CopyOffer> &offer)
 {
     DataSource::Listeners listeners;
-    listeners.asked = [this, selection, mark, offer](const QString &name, int fd) {
+    listeners.asked = [this, selection, mark, offer](const QString &name, int fd,
+                                                     DataSource::Given given) {
         const auto bytes = offer->convert(name);
         if (!bytes) {
             close(fd);
+            if (given)
+                given(false);
             return;
         }
-        m_writers.send(fd, *bytes);
+        m_writers.send(fd, *bytes, std::move(given));
         noteRead(selection, mark);
     };
     listeners.replaced = [this, selection, mark] {

@@ -68,7 +68,6 @@ private:
     Own take(Selection selection);
     void noteRead(Selection selection, const QString &mark);
 
-    WaylandConnection &m_connection;
     const PasteboardLimits &m_limits;
     std::function<void()> m_pasteRead;
     std::function<void()> m_given;

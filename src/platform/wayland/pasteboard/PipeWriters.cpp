@@ -28,15 +28,17 @@ PipeWriters::~PipeWriters()
         end(m_transfers.begin()->first);
 }
 
-void PipeWriters::send(int fd, const QByteArray &bytes)
+void PipeWriters::send(int fd, const QByteArray &bytes, Ended ended)
 {
     // Whoever asked made the pipe; some read from it on the thread that we would block.
     const int flags = fcntl(fd, F_GETFL);
     if (flags < 0 || fcntl(fd, F_SETFL, flags | O_NONBLOCK) < 0) {
         close(fd);
+        if (ended)
+            ended(false);
         return;
     }
-    m_transfers[fd] = {bytes, 0, m_now()};
+    m_transfers[fd] = {bytes, 0, m_now(), std::move(ended)};
     m_connection.watch(fd, POLLOUT, [this, fd](short) { goOn(fd); });
     goOn(fd);
 }
@@ -83,6 +85,8 @@ void PipeWriters::goOn(int fd)
 void PipeWriters::end(int fd)
 {
     m_connection.unwatch(fd);
-    m_transfers.erase(fd);
+    const Transfer ended = m_transfers.extract(fd).mapped();
     close(fd);
+    if (ended.ended)
+        ended.ended(ended.sent == ended.bytes.size());
 }

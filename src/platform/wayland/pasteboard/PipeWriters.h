@@ -24,8 +24,10 @@ public:
     PipeWriters &operator=(const PipeWriters &) = delete;
     ~PipeWriters();
 
-    /// Writes all of it into the descriptor and closes that.
-    void send(int fd, const QByteArray &bytes);
+    /// Writes all of it into the descriptor and closes that. `ended`, which may be null, is told
+    /// then whether all was written.
+    using Ended = std::function<void(bool isWhole)>;
+    void send(int fd, const QByteArray &bytes, Ended ended);
 
     /// Drops the stalled ones and says when the next will be.
     std::optional<TimePoint> keepDeadlines(TimePoint now);
@@ -36,6 +38,7 @@ private:
         QByteArray bytes;
         qsizetype sent;
         TimePoint lastProgress;
+        Ended ended;
     };
 
     void goOn(int fd);

@@ -9,7 +9,7 @@
 Q_LOGGING_CATEGORY(lcPasteboardCalls, "quillmarsh.pasteboard")
 
 WaylandPasteboard::WaylandPasteboard(std::shared_ptr<WaylandConnection> connection, AskFront front,
-                                     const PasteboardLimits &limits)
+                                     const PasteboardLimits &limits, DataControl::Make makeControl)
     : m_limits(limits), m_connection(std::move(connection))
 {
     WaylandPasteboardService::Listeners listeners;
@@ -17,9 +17,13 @@ WaylandPasteboard::WaylandPasteboard(std::shared_ptr<WaylandConnection> connecti
     listeners.pasteRead = [this] { announcePasteRead(); };
     listeners.fetched = [this] { announceFetched(); };
     listeners.front = std::move(front);
+    if (!makeControl)
+        makeControl = [connection = m_connection](DataControl::Listeners told) {
+            return DataControl::make(*connection, std::move(told));
+        };
     const auto make = [&] {
-        m_service = std::make_unique<WaylandPasteboardService>(*m_connection, changes(), m_limits,
-                                                               std::move(listeners));
+        m_service = std::make_unique<WaylandPasteboardService>(
+            *m_connection, std::move(makeControl), changes(), m_limits, std::move(listeners));
     };
     if (!m_connection->run(make))
         qCDebug(lcPasteboardCalls, "The compositor is gone already");
@@ -35,6 +39,11 @@ void WaylandPasteboard::post(std::function<void()> task)
     // In the order of the calls, and not once the service has gone: that ends on the thread, too.
     if (m_connection && m_service)
         m_connection->post(std::move(task));
+}
+
+void WaylandPasteboard::lookAgain()
+{
+    post([this] { m_service->lookAgain(); });
 }
 
 void WaylandPasteboard::offerPrimary()

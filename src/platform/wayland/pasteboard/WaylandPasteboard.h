@@ -8,7 +8,8 @@
 
 class WaylandConnection;
 
-/// The clipboard of a Wayland session as a pasteboard server, by the data-control protocols. Owned
+/// The clipboard of a Wayland session as a pasteboard server, by the data-control protocols or what
+/// the session has in their place. Owned
 /// by Platform and used from the main thread; the work is done by a service on the connection's
 /// thread, so that a hung program holds up nobody and everybody is answered while the main thread
 /// is busy. When the compositor goes, what was published stays readable, writing is refused, and
@@ -25,10 +26,15 @@ public:
     /// Says what is in front; on the connection's thread.
     using AskFront = std::function<Front()>;
 
-    /// To be made before the connection is started, or while it runs.
+    /// To be made before the connection is started, or while it runs. `makeControl` finds what the
+    /// clipboard is followed by, on the connection's thread; null for the data-control protocols.
     explicit WaylandPasteboard(std::shared_ptr<WaylandConnection> connection, AskFront front,
-                               const PasteboardLimits &limits = {});
+                               const PasteboardLimits &limits = {},
+                               DataControl::Make makeControl = {});
     ~WaylandPasteboard() override;
+
+    /// `makeControl` may find something by now.
+    void lookAgain();
 
     /// Owns PRIMARY too, with the text of the current contents, confirmed when it returns. For
     /// pasting into terminals; without a text nothing happens.

@@ -19,11 +19,12 @@ constexpr std::chrono::milliseconds kRenewal = 1s;
 } // namespace
 
 WaylandPasteboardService::WaylandPasteboardService(WaylandConnection &connection,
+                                                   DataControl::Make makeControl,
                                                    PasteboardChanges &changes,
                                                    const PasteboardLimits &limits,
                                                    Listeners listeners)
-    : m_connection(connection), m_changes(changes), m_limits(limits),
-      m_listeners(std::move(listeners)),
+    : m_connection(connection), m_makeControl(std::move(makeControl)), m_changes(changes),
+      m_limits(limits), m_listeners(std::move(listeners)),
       m_own(connection, limits, m_listeners.pasteRead, [this] { noteGiven(); }),
       m_readings(
           connection, limits,
@@ -39,7 +40,7 @@ WaylandPasteboardService::WaylandPasteboardService(WaylandConnection &connection
         });
     renewControl();
     if (!m_control)
-        qCInfo(lcWaylandPasteboard, "The compositor lets nobody follow the clipboard yet");
+        qCInfo(lcWaylandPasteboard, "Nobody is let follow the clipboard yet");
 }
 
 WaylandPasteboardService::~WaylandPasteboardService()
@@ -50,17 +51,27 @@ WaylandPasteboardService::~WaylandPasteboardService()
 void WaylandPasteboardService::renewControl()
 {
     m_renewAt.reset();
-    m_control = DataControl::make(m_connection,
-                                  {[this](Selection selection, std::shared_ptr<DataOffer> offer) {
-                                       handleChange(selection, std::move(offer));
-                                   },
-                                   [this] { handleFinished(); }});
+    m_control = m_makeControl({[this](Selection selection, std::shared_ptr<DataOffer> offer) {
+                                   handleChange(selection, std::move(offer));
+                               },
+                               [this] { handleFinished(); }});
     m_controlSeat = m_connection.seatName();
+}
+
+void WaylandPasteboardService::lookAgain()
+{
+    if (!m_control)
+        renewControl();
+}
+
+bool WaylandPasteboardService::roundTrip()
+{
+    return m_control ? m_control->roundTrip() : m_connection.roundTrip();
 }
 
 void WaylandPasteboardService::handleFinished()
 {
-    qCInfo(lcWaylandPasteboard, "The compositor has ended our view of the clipboard; trying anew");
+    qCInfo(lcWaylandPasteboard, "Our view of the clipboard has ended; trying anew");
     // Not at once: it might go on like that.
     m_renewAt = m_limits.now() + kRenewal;
     m_control.reset();
@@ -73,8 +84,7 @@ void WaylandPasteboardService::handleGlobal(const QByteArray &, quint32 name, bo
 {
     if (!isOffered && m_control && name == m_controlSeat)
         handleFinished();
-    if (!m_control)
-        renewControl();
+    lookAgain();
 }
 
 std::optional<WaylandPasteboardService::TimePoint> WaylandPasteboardService::keepDeadlines()
@@ -129,7 +139,7 @@ void WaylandPasteboardService::clear()
     if (m_control) {
         m_control->empty(Selection::Clipboard);
         // What was copied before is told before that it is nobody's.
-        if (!m_connection.roundTrip())
+        if (!roundTrip())
             qCDebug(lcWaylandPasteboard, "cleared after the compositor's end");
     }
     // It was nobody's already, of which nobody is told.
@@ -184,7 +194,7 @@ void WaylandPasteboardService::askText(Pasteboard::Selection selection, Receiver
 {
     const bool isClipboard = selection == Pasteboard::Selection::Clipboard;
     // Whoever owns the selection now is who is meant, although the word of it may be on its way.
-    if (m_connection.roundTrip())
+    if (roundTrip())
         answer(isClipboard ? Selection::Clipboard : Selection::Primary, std::move(receive));
     else
         receive(std::nullopt);
@@ -327,7 +337,7 @@ void WaylandPasteboardService::adoptIfWanted()
 {
     const auto isDue = [this] { return m_ownerDied && m_kept.isWanted() && m_kept.offer(); };
     // Nothing refuses us if somebody has copied since: what has happened by now is looked at first.
-    if (!isDue() || !m_connection.roundTrip() || !isDue())
+    if (!isDue() || !roundTrip() || !isDue())
         return;
     m_ownerDied = false;
     if (!claim(Selection::Clipboard, m_kept.offer()))

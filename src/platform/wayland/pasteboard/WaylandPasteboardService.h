@@ -38,12 +38,17 @@ public:
         std::function<Front()> front;
     };
 
-    /// Nothing is owned; everything must outlive this object.
-    WaylandPasteboardService(WaylandConnection &connection, PasteboardChanges &changes,
-                             const PasteboardLimits &limits, Listeners listeners);
+    /// Nothing is owned; everything must outlive this object. `makeControl` is tried at once, when
+    /// the compositor offers something else, and again by lookAgain().
+    WaylandPasteboardService(WaylandConnection &connection, DataControl::Make makeControl,
+                             PasteboardChanges &changes, const PasteboardLimits &limits,
+                             Listeners listeners);
     WaylandPasteboardService(const WaylandPasteboardService &) = delete;
     WaylandPasteboardService &operator=(const WaylandPasteboardService &) = delete;
     ~WaylandPasteboardService();
+
+    /// The clipboard may be followed by now.
+    void lookAgain();
 
     /// Becomes the owner and publishes `contents`. False when the compositor did not confirm it.
     [[nodiscard]] bool write(std::shared_ptr<const CopyOffer> offer, PasteboardContents contents);
@@ -64,6 +69,7 @@ public:
 
 private:
     void renewControl();
+    bool roundTrip();
     void handleFinished();
     void handleGlobal(const QByteArray &interface, quint32 name, bool isOffered);
     void handleChange(Selection selection, std::shared_ptr<DataOffer> offer);
@@ -86,10 +92,11 @@ private:
     CopyQuestions::Useful useful() const;
 
     WaylandConnection &m_connection;
+    const DataControl::Make m_makeControl;
     PasteboardChanges &m_changes;
     const PasteboardLimits &m_limits;
     Listeners m_listeners;
-    std::unique_ptr<DataControl> m_control; ///< Null while the compositor offers none.
+    std::unique_ptr<DataControl> m_control; ///< Null while none is offered.
     quint32 m_controlSeat = 0;
     std::optional<TimePoint> m_renewAt; ///< After the compositor has ended it.
     OwnSelections m_own;
