@@ -95,8 +95,8 @@ TEST_F(PreviewProcessTest, whatAFileDoesToItsReaderEndsWithThatFile)
 
 TEST_F(PreviewProcessTest, whoeverTakesTheReaderOverReachesNothingFromThere)
 {
-    for (const char *word : {"open", "create", "again", "look", "change", "map", "program", "kill",
-                             "limits", "fork"}) {
+    for (const char *word : {"open", "create", "again", "look", "change", "map", "program", "share",
+                             "kill", "limits", "fork"}) {
         PreviewProcess process(program);
         EXPECT_EQ(textOf(process, word), QStringLiteral("EPERM")) << word;
     }
@@ -105,6 +105,12 @@ TEST_F(PreviewProcessTest, whoeverTakesTheReaderOverReachesNothingFromThere)
         ExpectedWarnings::expect(QString::fromLatin1(kCrashed));
         EXPECT_EQ(ask(process, word).trouble, PreviewTrouble::Crashed) << word;
     }
+}
+
+TEST_F(PreviewProcessTest, addressesThatAreSetAsideAreNoMemory)
+{
+    PreviewProcess process(program);
+    EXPECT_EQ(textOf(process, "reserve"), QStringLiteral("done"));
 }
 
 TEST_F(PreviewProcessTest, itStartsThreeTimesAMinuteAndNoMore)

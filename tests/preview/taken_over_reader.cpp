@@ -38,6 +38,11 @@ QString told(long result)
     return result >= 0 ? QStringLiteral("done") : QString::fromLatin1(::strerrorname_np(errno));
 }
 
+QString mapped(size_t size, int protection, int flags, int descriptor = -1)
+{
+    return told(::mmap(nullptr, size, protection, flags, descriptor, 0) == MAP_FAILED ? -1 : 0);
+}
+
 /// Sends what no service would: a head and what follows.
 void forge(quint32 number, quint32 size, const QByteArray &bytes)
 {
@@ -89,6 +94,8 @@ QString behave(const QByteArray &word, PreviewFile &file, const Patience &patien
     const QHash<QByteArray, std::function<QString()>> kBehaviour{
         {"count", [] { return QString::number(g_served); }},
         {"patient", [&] { return waitUntilUnwanted(patience); }},
+        // As an allocator does that means to use little of it.
+        {"reserve", [] { return mapped(16UL << 30, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS); }},
         // What ends it.
         {"crash", []() -> QString { std::abort(); }},
         {"leave", []() -> QString { ::_exit(0); }},
@@ -110,19 +117,9 @@ QString behave(const QByteArray &word, PreviewFile &file, const Patience &patien
              return told(::stat("/etc/passwd", &status));
          }},
         {"change", [&] { return told(::fchmod(file.descriptor(), 0777)); }},
-        {"map",
-         [&] {
-             return told(
-                 ::mmap(nullptr, 1, PROT_READ, MAP_SHARED, file.descriptor(), 0) == MAP_FAILED ? -1
-                                                                                               : 0);
-         }},
-        {"program",
-         [] {
-             return told(::mmap(nullptr, 1, PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) ==
-                                 MAP_FAILED
-                             ? -1
-                             : 0);
-         }},
+        {"map", [&] { return mapped(1, PROT_READ, MAP_SHARED, file.descriptor()); }},
+        {"program", [] { return mapped(1, PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS); }},
+        {"share", [] { return mapped(1, PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS); }},
         {"kill", [] { return told(::kill(::getppid(), SIGTERM)); }},
         {"limits", [] { return told(::syscall(SYS_prlimit64, 0, 0, nullptr, nullptr)); }},
         {"fork", [] { return told(::fork()); }},
