@@ -78,13 +78,14 @@ class SingleInstance(Journey):
         self.copy("the clip")
         editor = self.editor("gtk", "the selection")
         self.app.key("ctrl+a")
+        # It lives on: repeats of the held key are its own, and would be the editor's without it.
         binder = self.desktop.start(
             ["/usr/bin/python3", "-c",
              "import subprocess, sys; from Xlib import X, display; d = display.Display();"
              "d.screen().root.grab_key(53, X.Mod4Mask, 1, X.GrabModeAsync, X.GrabModeAsync);"
              "d.sync(); print('bound', flush=True); d.next_event();"
              "subprocess.run([sys.argv[1], 'swop']); print('said', flush=True);"
-             "d.next_event()", BINARY], stdout=subprocess.PIPE, text=True)
+             "[None for event in iter(d.next_event, None)]", BINARY], stdout=subprocess.PIPE, text=True)
         binder.stdout.readline()
         keys = HeldKeys(self.desktop.environment)
         keys.press("super", "x")
