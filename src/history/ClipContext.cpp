@@ -5,7 +5,6 @@
 #include "history/KeptPictures.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <unordered_map>
 #include <unordered_set>
@@ -18,55 +17,10 @@ constexpr qsizetype kDetailsLimit = 1024;               // records
 constexpr qsizetype kTextsLimit = 4 * 1024 * 1024;      // bytes
 constexpr qsizetype kShortTextsLimit = 2 * 1024 * 1024; // bytes
 constexpr qint64 kShortTextSource = 16 * 1024;          // bytes of UTF-8
-constexpr qsizetype kDrawnLength = 512;                 // characters, more than a row shows
 
 qsizetype costOf(const QString &text)
 {
     return text.size() * static_cast<qsizetype>(sizeof(QChar)) + 64;
-}
-
-bool isBlank(QChar character)
-{
-    return character == u'\t' || character.category() == QChar::Separator_Space;
-}
-
-/// Blanks at both ends go.
-QStringView trimmed(QStringView text)
-{
-    while (!text.isEmpty() && isBlank(text.front()))
-        text = text.mid(1);
-    while (!text.isEmpty() && isBlank(text.back()))
-        text.chop(1);
-    return text;
-}
-
-/// The text without its last character, of which a part may be missing.
-QString wholeCharacters(QByteArray utf8)
-{
-    const auto isContinuation = [](char byte) { return (byte & 0xC0) == 0x80; };
-    while (!utf8.isEmpty() && isContinuation(utf8.back()))
-        utf8.chop(1);
-    utf8.chop(1);
-    return QString::fromUtf8(utf8);
-}
-
-/// White space and control characters become single spaces.
-QString plain(QStringView text, qsizetype limit)
-{
-    QString line;
-    line.reserve(std::min(text.size(), limit));
-    for (const QChar character : text) {
-        const bool isSpace = character.isSpace() || character.category() == QChar::Other_Control;
-        if (isSpace && (line.isEmpty() || line.back() == u' '))
-            continue;
-        if (line.size() >= limit)
-            break;
-        line.append(isSpace ? QChar(u' ') : character);
-    }
-    // Half a character.
-    if (!line.isEmpty() && line.back().isHighSurrogate())
-        line.chop(1);
-    return line.endsWith(u' ') ? line.chopped(1) : line;
 }
 
 /// The line of a copied file; none of a picture of ours, whose text says more than its file's name.
@@ -347,14 +301,14 @@ int ClipContext::copiedFileCount(const ClipItem &item)
     return readShortText(item).fileCount;
 }
 
-ClipContext::ShortText ClipContext::readShortText(const ClipItem &item)
+ClipLine ClipContext::readShortText(const ClipItem &item)
 {
     if (item.m_pk == 0)
         return makeShortText(item);
-    if (const ShortText *text = m_shortTexts.object(item.m_pk))
+    if (const ClipLine *text = m_shortTexts.object(item.m_pk))
         return *text;
-    ShortText text = makeShortText(item);
-    m_shortTexts.insert(item.m_pk, new ShortText(text),
+    ClipLine text = makeShortText(item);
+    m_shortTexts.insert(item.m_pk, new ClipLine(text),
                         costOf(text.line.value_or(QString())) + costOf(text.drawn));
     return text;
 }
@@ -362,17 +316,13 @@ ClipContext::ShortText ClipContext::readShortText(const ClipItem &item)
 QString ClipContext::plainLine(const ClipItem &item, qsizetype limit)
 {
     if (const std::optional<QString> line = fileLine(item, m_folder))
-        return plain(*line, limit);
+        return ClipLine::plain(*line, limit);
     if (item.m_pk == 0)
-        return plain(item.strValue().value_or(QString()), limit);
+        return ClipLine::plain(item.strValue().value_or(QString()), limit);
     constexpr qint64 kMaxBytesPerCharacter = 4;
     const std::optional<ClipStore::TextStart> start =
         textStart(item, limit * kMaxBytesPerCharacter);
-    if (!start)
-        return {};
-    return plain(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
-                                                    : wholeCharacters(start->bytes),
-                 limit);
+    return start ? ClipLine::plain(ClipLine::decoded(*start), limit) : QString();
 }
 
 void ClipContext::forgetShortText(const ClipItem &item)
@@ -380,26 +330,15 @@ void ClipContext::forgetShortText(const ClipItem &item)
     m_shortTexts.remove(item.m_pk);
 }
 
-ClipContext::ShortText ClipContext::makeShortText(const ClipItem &item)
+ClipLine ClipContext::makeShortText(const ClipItem &item)
 {
-    // Line breaks only fall out: a text of several lines becomes one.
-    const auto both = [](QStringView text) {
-        const QStringView kept = trimmed(text);
-        const auto *first = std::find_if_not(kept.begin(), kept.end(),
-                                             [](QChar character) { return character.isSpace(); });
-        return ShortText{kept.toString().remove(u'\n'),
-                         kept.mid(first - kept.begin(), kDrawnLength).toString(), 0};
-    };
     if (const std::optional<QString> line = fileLine(item, m_folder))
         return {*line, *line, static_cast<int>(item.copiedFiles().size())};
     if (item.m_pk == 0) {
         const std::optional<QString> text = item.strValue();
-        return text ? both(QStringView(*text).left(kShortTextSource)) : ShortText();
+        return text ? ClipLine::ofText(QStringView(*text).left(kShortTextSource)) : ClipLine();
     }
     const std::optional<ClipStore::TextStart> start = textStart(item, kShortTextSource);
     closeTextStart();
-    if (!start)
-        return {};
-    return both(start->bytes.size() == start->size ? QString::fromUtf8(start->bytes)
-                                                   : wholeCharacters(start->bytes));
+    return start ? ClipLine::ofText(ClipLine::decoded(*start)) : ClipLine();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "history/ClipLine.h"
 #include "history/ClipStore.h"
 
 #include <QCache>
@@ -81,14 +82,8 @@ private:
     void touch(const std::shared_ptr<ClipItem> &item);
     void rememberText(qint64 pk, const QString &text);
     void forgetValues();
-    struct ShortText
-    {
-        std::optional<QString> line; ///< Without line breaks.
-        QString drawn;               ///< The beginning, with them.
-        int fileCount = 0;           ///< Of a copy of several files.
-    };
-    ShortText readShortText(const ClipItem &item);
-    ShortText makeShortText(const ClipItem &item);
+    ClipLine readShortText(const ClipItem &item);
+    ClipLine makeShortText(const ClipItem &item);
 
     const QString m_folder;
     ClipStore m_store;
@@ -97,7 +92,7 @@ private:
 
     QCache<qint64, ClipStore::Details> m_details;
     QCache<qint64, QString> m_texts;
-    QCache<qint64, ShortText> m_shortTexts;
+    QCache<qint64, ClipLine> m_shortTexts;
     qint64 m_latestPk = 0; ///< Whose text was read last; it is kept however long it is.
     QString m_latestText;
 };

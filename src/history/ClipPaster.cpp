@@ -75,13 +75,14 @@ ClipPaster::ClipPaster(const Ports &ports, CaptureSettings &settings, ClipHistor
                        ClipboardCapture &capture, SwopState &swopState,
                        HotKeyManager &hotKeyManager, HistoryWindow &window, const Waits &waits)
     : m_ports(ports), m_settings(settings), m_history(history), m_capture(capture),
-      m_swopState(swopState), m_hotKeyManager(hotKeyManager), m_window(window), m_waits(waits)
+      m_swopState(swopState), m_hotKeyManager(hotKeyManager), m_window(window), m_waits(waits),
+      m_putBack(ports.pasteboard, waits.patience, waits.reading)
 {
-    m_putBackTimer.setSingleShot(true);
-    connect(&m_putBackTimer, &QTimer::timeout, this, &ClipPaster::putBack);
-    connect(&m_ports.pasteboard, &Pasteboard::pasteRead, this, [this] {
-        if (m_putBack)
-            m_putBackTimer.start(m_waits.reading);
+    connect(&m_putBack, &PutBack::done, &m_capture, &ClipboardCapture::passOverOwnWrites);
+    connect(&m_putBack, &PutBack::failed, this, [this] {
+        qCWarning(lcHistory, "The replaced selection could not be put on the pasteboard");
+        tell(tr("The replaced text is not on the clipboard"),
+             tr("The clipboard could not be written."));
     });
     m_hotKeyManager.setGivenUp([this] {
         leaveToUser(
@@ -134,8 +135,7 @@ void ClipPaster::pasteItems(std::vector<std::shared_ptr<ClipItem>> items,
     m_window.makeWhole();
     for (const std::shared_ptr<ClipItem> &item : items)
         m_history.countPaste(item);
-    m_putBack.reset();
-    m_putBackTimer.stop();
+    m_putBack.cancel();
     completeSwop(clips, outcome);
     m_swopState.clear();
 }
@@ -300,7 +300,9 @@ void ClipPaster::completeSwop(const std::vector<Clip> &clips, Outcome outcome)
         m_history.addToClipList(clip);
     addHeld(held);
     m_capture.passOverOwnWrites();
-    putBackLater(held, outcome);
+    m_putBack.begin(held);
+    if (outcome != Outcome::Typed)
+        m_putBack.finish();
 }
 
 void ClipPaster::addHeld(const SwopItem &held)
@@ -313,38 +315,6 @@ void ClipPaster::addReplacedSelections()
 {
     for (const SwopItem &replaced : m_swopState.takeReplaced())
         addHeld(replaced);
-}
-
-void ClipPaster::putBackLater(const SwopItem &selection, Outcome outcome)
-{
-    m_putBack = PutBack{selection, m_ports.pasteboard.contents()};
-    if (outcome != Outcome::Typed || m_ports.pasteboard.isPasteRead())
-        putBack();
-    else
-        m_putBackTimer.start(m_waits.patience);
-}
-
-void ClipPaster::putBack()
-{
-    m_putBackTimer.stop();
-    if (!m_putBack)
-        return;
-    const PutBack due = *std::exchange(m_putBack, std::nullopt);
-    // By its text, because another clipboard manager may have taken the clip over.
-    const std::optional<PasteboardContents> present = m_ports.pasteboard.contents();
-    if (present.has_value() != due.pasted.has_value() ||
-        (present &&
-         (present->text != due.pasted->text || present->fileNames != due.pasted->fileNames)))
-        return;
-    Copy selection = due.selection;
-    selection.fileNames.clear();
-    if (!m_ports.pasteboard.write(selection)) {
-        qCWarning(lcHistory, "The replaced selection could not be put on the pasteboard");
-        tell(tr("The replaced text is not on the clipboard"),
-             tr("The clipboard could not be written."));
-        return;
-    }
-    m_capture.passOverOwnWrites();
 }
 
 void ClipPaster::swop()
@@ -391,7 +361,7 @@ void ClipPaster::cancelSwop()
 void ClipPaster::finish()
 {
     cancelSwop();
-    putBack();
+    m_putBack.finish();
 }
 
 void ClipPaster::tell(const QString &title, const QString &subtitle)

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "history/PutBack.h"
 #include "history/SwopItem.h"
 #include "platform/Pasteboard.h"
 
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include <chrono>
 #include <memory>
@@ -113,12 +113,6 @@ private:
         NotWritten,    ///< The pasteboard has refused the clip, and the window is still there.
         Stranded       ///< The target did not get the clip, so there is nothing to exchange.
     };
-    /// The selection that is still to be put on the pasteboard in place of what was pasted.
-    struct PutBack
-    {
-        SwopItem selection;
-        std::optional<PasteboardContents> pasted;
-    };
 
     /// Writes the clip to be pasted.
     bool replaceBy(const Copy &copy);
@@ -132,8 +126,6 @@ private:
     void completeSwop(const std::vector<Clip> &clips, Outcome outcome);
     void addHeld(const SwopItem &held);
     void addReplacedSelections();
-    void putBackLater(const SwopItem &selection, Outcome outcome);
-    void putBack();
     bool returnFromOwnWindow();
     void tell(const QString &title, const QString &subtitle);
 
@@ -147,6 +139,5 @@ private:
     const Waits m_waits;
     bool m_isPasting = false;
     bool m_isCopyUnknown = false; ///< In the application whose selection the swop is about.
-    std::optional<PutBack> m_putBack;
-    QTimer m_putBackTimer;
+    PutBack m_putBack;
 };

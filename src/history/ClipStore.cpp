@@ -1,6 +1,7 @@
 #include "history/ClipStore.h"
 
 #include "history/ClipPins.h"
+#include "history/ClipRecord.h"
 #include "history/HistoryLog.h"
 #include "history/LogCarrier.h"
 #include "history/StoreModel.h"
@@ -10,31 +11,11 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
-#include <limits>
 #include <string>
 #include <utility>
-#include <variant>
 
 namespace {
-
-std::optional<QString> textOf(const SQLite::Column &column)
-{
-    if (column.isNull())
-        return std::nullopt;
-    // The text first: it settles the encoding that the size is counted in.
-    const char *text = column.getText();
-    return QString::fromUtf8(text, column.getBytes());
-}
-
-double dateOf(const SQLite::Column &column)
-{
-    const double date = column.isFloat() || column.isInteger()
-                            ? column.getDouble()
-                            : std::numeric_limits<double>::quiet_NaN();
-    return std::abs(date) < ClipStore::kMaxDate ? date : std::numeric_limits<double>::quiet_NaN();
-}
 
 void logUnreadable(const SQLite::Exception &exception)
 {
@@ -50,90 +31,6 @@ std::vector<qint64> pksWhere(SQLite::Database &database, const char *condition)
     while (query.executeStep())
         pks.push_back(query.getColumn(0).getInt64());
     return pks;
-}
-
-using Value = std::variant<double, qint32, qint64, std::optional<QString>>;
-using Column = std::pair<std::string, Value>;
-
-std::vector<Column> columnsOf(const ClipChange &change)
-{
-    std::vector<Column> columns;
-    if (change.pasteCount)
-        columns.emplace_back("pasteCount", *change.pasteCount);
-    if (change.id)
-        columns.emplace_back("id", *change.id);
-    if (!change.clip)
-        return columns;
-    columns.emplace_back("createDate", change.createDate);
-    columns.emplace_back("applicationName", change.clip->applicationName);
-    columns.emplace_back("filepath", change.clip->filepath());
-    if (change.pk == 0)
-        columns.emplace_back("strValue", change.clip->text);
-    for (const CopyFormat &format : storedFormats())
-        columns.emplace_back(format.attribute, *change.clip.*format.source);
-    return columns;
-}
-
-/// Of a row with the columns of readRecords().
-ClipChange recordOf(SQLite::Statement &query)
-{
-    ClipChange record;
-    if (!query.getColumn(0).isNull())
-        record.id = query.getColumn(0).getInt64();
-    if (!query.getColumn(1).isNull())
-        record.pasteCount = query.getColumn(1).getInt();
-    record.createDate = dateOf(query.getColumn(2));
-    record.clip = Clip(textOf(query.getColumn(5)), {}, textOf(query.getColumn(3)),
-                       textOf(query.getColumn(4)));
-    int column = 5;
-    for (const CopyFormat &format : storedFormats())
-        (*record.clip).*format.source = textOf(query.getColumn(++column));
-    return record;
-}
-
-void bind(SQLite::Statement &statement, int index, const Value &value)
-{
-    if (const auto *date = std::get_if<double>(&value))
-        statement.bind(index, *date);
-    else if (const auto *count = std::get_if<qint32>(&value))
-        statement.bind(index, *count);
-    else if (const auto *number = std::get_if<qint64>(&value))
-        statement.bind(index, static_cast<std::int64_t>(*number));
-    else if (const auto &text = std::get<std::optional<QString>>(value))
-        statement.bind(index, text->toStdString());
-}
-
-bool isTaken(SQLite::Database &database, qint64 pk)
-{
-    SQLite::Statement query(database, "SELECT 1 FROM ClipItem WHERE pk = ?");
-    query.bind(1, static_cast<std::int64_t>(pk));
-    return query.executeStep();
-}
-
-/// Writes one record; the key of the record written.
-qint64 writeChange(SQLite::Database &database, const ClipChange &change)
-{
-    std::vector<Column> columns = columnsOf(change);
-    if (change.formerPk != 0 && !isTaken(database, change.formerPk))
-        columns.emplace_back("pk", change.formerPk);
-    if (columns.empty())
-        return change.pk;
-    std::string names;
-    std::string places;
-    for (const auto &[name, value] : columns) {
-        names += (names.empty() ? "" : ", ") + name;
-        places += places.empty() ? "?" : ", ?";
-    }
-    const bool isNew = change.pk == 0;
-    SQLite::Statement statement(
-        database, isNew ? "INSERT INTO ClipItem (" + names + ") VALUES (" + places + ")"
-                        : "UPDATE ClipItem SET (" + names + ") = (" + places +
-                              ") WHERE pk = " + std::to_string(change.pk));
-    int index = 0;
-    for (const auto &[name, value] : columns)
-        bind(statement, ++index, value);
-    statement.exec();
-    return isNew ? database.getLastInsertRowid() : change.pk;
 }
 
 } // namespace
@@ -206,7 +103,7 @@ std::optional<std::vector<ClipStore::Row>> ClipStore::readRows()
                                 "SELECT pk, createDate FROM ClipItem ORDER BY createDate, pk");
         while (query.executeStep()) {
             const qint64 pk = query.getColumn(0).getInt64();
-            rows.push_back({pk, dateOf(query.getColumn(1)),
+            rows.push_back({pk, ClipRecord::dateOf(query.getColumn(1)),
                             std::binary_search(files.begin(), files.end(), pk),
                             !std::binary_search(textless.begin(), textless.end(), pk),
                             std::binary_search(pinned.begin(), pinned.end(), pk)});
@@ -263,8 +160,8 @@ ClipStore::Details ClipStore::readDetails(qint64 pk)
             details.id = query.getColumn(0).getInt64();
         if (!query.getColumn(1).isNull())
             details.pasteCount = query.getColumn(1).getInt();
-        details.applicationName = textOf(query.getColumn(2));
-        details.filepath = textOf(query.getColumn(3));
+        details.applicationName = ClipRecord::textOf(query.getColumn(2));
+        details.filepath = ClipRecord::textOf(query.getColumn(3));
     } catch (const SQLite::Exception &exception) {
         logUnreadable(exception);
     }
@@ -278,7 +175,7 @@ std::optional<QStringList> ClipStore::readFilepaths()
         SQLite::Statement query(database(),
                                 "SELECT filepath FROM ClipItem WHERE filepath IS NOT NULL");
         while (query.executeStep())
-            paths.append(textOf(query.getColumn(0)).value_or(QString()));
+            paths.append(ClipRecord::textOf(query.getColumn(0)).value_or(QString()));
         return paths;
     } catch (const SQLite::Exception &exception) {
         logUnreadable(exception);
@@ -292,7 +189,7 @@ std::optional<QString> ClipStore::readText(qint64 pk, const char *attribute)
         SQLite::Statement statement(database(), std::string("SELECT ") + attribute +
                                                     " FROM ClipItem WHERE pk = ?");
         statement.bind(1, static_cast<std::int64_t>(pk));
-        return statement.executeStep() ? textOf(statement.getColumn(0)) : std::nullopt;
+        return statement.executeStep() ? ClipRecord::textOf(statement.getColumn(0)) : std::nullopt;
     } catch (const SQLite::Exception &exception) {
         logUnreadable(exception);
         return std::nullopt;
@@ -302,19 +199,17 @@ std::optional<QString> ClipStore::readText(qint64 pk, const char *attribute)
 std::optional<std::vector<ClipChange>> ClipStore::readRecords(const std::vector<qint64> &pks,
                                                               qint64 limit)
 {
-    std::string columns = "id, pasteCount, createDate, applicationName, filepath, strValue";
-    for (const CopyFormat &format : storedFormats())
-        columns += std::string(", ") + format.attribute;
     std::vector<ClipChange> records;
     records.reserve(pks.size());
     try {
-        SQLite::Statement query(database(), "SELECT " + columns + " FROM ClipItem WHERE pk = ?");
+        SQLite::Statement query(database(),
+                                "SELECT " + ClipRecord::columns() + " FROM ClipItem WHERE pk = ?");
         for (const qint64 pk : pks) {
             query.reset();
             query.bind(1, static_cast<std::int64_t>(pk));
             if (!query.executeStep())
                 continue;
-            ClipChange record = recordOf(query);
+            ClipChange record = ClipRecord::read(query);
             record.formerPk = pk;
             limit -= record.clip->storedBytes();
             if (limit < 0)
@@ -355,8 +250,9 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
             }
         }
         std::vector<qint64> pks;
-        std::transform(changes.begin(), changes.end(), std::back_inserter(pks),
-                       [&](const ClipChange &change) { return writeChange(database(), change); });
+        std::transform(
+            changes.begin(), changes.end(), std::back_inserter(pks),
+            [&](const ClipChange &change) { return ClipRecord::write(database(), change); });
         std::vector<std::optional<bool>> pins;
         for (std::size_t i = 0; i < changes.size(); ++i)
             pins.push_back(changes[i].isPinned
