@@ -1082,6 +1082,24 @@ Ctrl+Shift+D lists all clips again.</source>
     </message>
 </context>
 <context>
+    <name>HistoryFooter</name>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>حُذفت · Ctrl+Z يعيدها</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصتين محذوفتين: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصات محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HistoryNotices</name>
     <message numerus="yes">
         <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
@@ -1922,21 +1940,6 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>%1 of %2, pinned: %3</source>
         <translation>%1 من %2، مثبّتة: %3</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
-        <translation>
-            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع %Ln قصاصتين محذوفتين: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع %Ln قصاصات محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-            <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Deleted · Ctrl+Z brings it back</source>
-        <translation>حُذفت · Ctrl+Z يعيدها</translation>
     </message>
 </context>
 <context>

@@ -1026,6 +1026,20 @@ Strg+Umschalt+D zeigt wieder alle Clips.</translation>
     </message>
 </context>
 <context>
+    <name>HistoryFooter</name>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>Gelöscht · Strg+Z holt es zurück</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln gelöschter Clip passte nicht: Der Verlauf behält höchstens %1</numerusform>
+            <numerusform>%Ln gelöschte Clips passten nicht: Der Verlauf behält höchstens %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HistoryNotices</name>
     <message numerus="yes">
         <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
@@ -1846,17 +1860,6 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>%1 of %2, pinned: %3</source>
         <translation>%1 von %2, angeheftet: %3</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
-        <translation>
-            <numerusform>%Ln gelöschter Clip passte nicht: Der Verlauf behält höchstens %1</numerusform>
-            <numerusform>%Ln gelöschte Clips passten nicht: Der Verlauf behält höchstens %1</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Deleted · Ctrl+Z brings it back</source>
-        <translation>Gelöscht · Strg+Z holt es zurück</translation>
     </message>
 </context>
 <context>

@@ -124,6 +124,16 @@
     </message>
 </context>
 <context>
+    <name>HistoryFooter</name>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln deleted clip did not fit: the history keeps %1 at most</numerusform>
+            <numerusform>%Ln deleted clips did not fit: the history keeps %1 at most</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HistoryNotices</name>
     <message numerus="yes">
         <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
@@ -167,16 +177,6 @@
         <translation>
             <numerusform>Document of %n page</numerusform>
             <numerusform>Document of %n pages</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>ViewController</name>
-    <message numerus="yes">
-        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
-        <translation>
-            <numerusform>%Ln deleted clip did not fit: the history keeps %1 at most</numerusform>
-            <numerusform>%Ln deleted clips did not fit: the history keeps %1 at most</numerusform>
         </translation>
     </message>
 </context>

@@ -1026,6 +1026,20 @@ Ctrl+Mayús+D vuelve a mostrar todos los recortes.</translation>
     </message>
 </context>
 <context>
+    <name>HistoryFooter</name>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>Eliminado · Ctrl+Z lo recupera</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln recorte eliminado no cabía: el historial guarda %1 como máximo</numerusform>
+            <numerusform>%Ln recortes eliminados no cabían: el historial guarda %1 como máximo</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HistoryNotices</name>
     <message numerus="yes">
         <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
@@ -1846,17 +1860,6 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>%1 of %2, pinned: %3</source>
         <translation>%1 de %2, fijado: %3</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
-        <translation>
-            <numerusform>%Ln recorte eliminado no cabía: el historial guarda %1 como máximo</numerusform>
-            <numerusform>%Ln recortes eliminados no cabían: el historial guarda %1 como máximo</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Deleted · Ctrl+Z brings it back</source>
-        <translation>Eliminado · Ctrl+Z lo recupera</translation>
     </message>
 </context>
 <context>

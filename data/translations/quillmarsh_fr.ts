@@ -1026,6 +1026,20 @@ Ctrl+Maj+D affiche de nouveau tous les extraits.</translation>
     </message>
 </context>
 <context>
+    <name>HistoryFooter</name>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>Supprimé · Ctrl+Z le rétablit</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>%Ln extrait supprimé n’avait plus de place : l’historique en garde %1 au plus</numerusform>
+            <numerusform>%Ln extraits supprimés n’avaient plus de place : l’historique en garde %1 au plus</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HistoryNotices</name>
     <message numerus="yes">
         <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
@@ -1846,17 +1860,6 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>%1 of %2, pinned: %3</source>
         <translation>%1 sur %2, épinglé : %3</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
-        <translation>
-            <numerusform>%Ln extrait supprimé n’avait plus de place : l’historique en garde %1 au plus</numerusform>
-            <numerusform>%Ln extraits supprimés n’avaient plus de place : l’historique en garde %1 au plus</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Deleted · Ctrl+Z brings it back</source>
-        <translation>Supprimé · Ctrl+Z le rétablit</translation>
     </message>
 </context>
 <context>

@@ -1012,6 +1012,19 @@ Ctrl+Shift+D ですべてのクリップの表示に戻ります。</translation
     </message>
 </context>
 <context>
+    <name>HistoryFooter</name>
+    <message>
+        <source>Deleted · Ctrl+Z brings it back</source>
+        <translation>削除しました · Ctrl+Z で元に戻せます</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
+        <translation>
+            <numerusform>削除した %Ln 件のクリップは入りませんでした: 履歴に残せるのは %1 件までです</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>HistoryNotices</name>
     <message numerus="yes">
         <source>A copy of %Ln bytes was not recorded; the limit is %1</source>
@@ -1827,16 +1840,6 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>%1 of %2, pinned: %3</source>
         <translation>%2 件中 %1 件目、固定: %3</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln deleted clips did not fit: the history keeps %1 at most</source>
-        <translation>
-            <numerusform>削除した %Ln 件のクリップは入りませんでした: 履歴に残せるのは %1 件までです</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Deleted · Ctrl+Z brings it back</source>
-        <translation>削除しました · Ctrl+Z で元に戻せます</translation>
     </message>
 </context>
 <context>

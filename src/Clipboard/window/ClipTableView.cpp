@@ -1,9 +1,9 @@
 #include "Clipboard/window/ClipTableView.h"
 
 #include "Clipboard/window/ClipTableModel.h"
+#include "Clipboard/window/HistoryKeys.h"
 #include "Clipboard/window/ViewController.h"
 #include "platform/ModifierFlags.h"
-#include "platform/VirtualKeys.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -12,9 +12,6 @@
 #include <QPainter>
 #include <QScrollBar>
 
-#include <algorithm>
-#include <array>
-
 namespace {
 
 constexpr int kSelectionInset = 6; ///< Points left free at both sides of the selected row.
@@ -22,20 +19,6 @@ constexpr int kSelectionRadius = 4;
 constexpr int kKeyCaps = 10;
 /// Of the selected row's colour, in a row that is marked.
 constexpr qreal kMarkTint = 0.2;
-
-/// By the key's place, because a layout may have the digits behind Shift, or digits of its own.
-std::optional<int> digitOf(const QKeyEvent &event)
-{
-    if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9)
-        return event.key() - Qt::Key_0;
-    constexpr std::array kDigits{VirtualKey::kDigit0, VirtualKey::kDigit1, VirtualKey::kDigit2,
-                                 VirtualKey::kDigit3, VirtualKey::kDigit4, VirtualKey::kDigit5,
-                                 VirtualKey::kDigit6, VirtualKey::kDigit7, VirtualKey::kDigit8,
-                                 VirtualKey::kDigit9};
-    const auto *found = std::find(kDigits.begin(), kDigits.end(), VirtualKey::ofEvent(event));
-    return found == kDigits.end() ? std::nullopt
-                                  : std::optional(static_cast<int>(found - kDigits.begin()));
-}
 
 bool isTyping(const QKeyEvent &event)
 {
@@ -174,30 +157,6 @@ int ClipTableView::rowsPerPage() const
     return qMax(1, viewport()->height() / m_rowDelegate.rowHeight());
 }
 
-std::optional<int> ClipTableView::rowAfterKey(const QKeyEvent &event, bool isEditing) const
-{
-    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
-    const bool isControl = held == Qt::ControlModifier;
-    const bool isJump = isControl || (held == Qt::NoModifier && !isEditing);
-    const int row = m_selectedIdx.value_or(0);
-    switch (event.key()) {
-    case Qt::Key_P:
-        return isControl ? std::optional(row - 1) : std::nullopt;
-    case Qt::Key_N:
-        return isControl ? std::optional(row + 1) : std::nullopt;
-    case Qt::Key_PageUp:
-        return row - rowsPerPage();
-    case Qt::Key_PageDown:
-        return row + rowsPerPage();
-    case Qt::Key_Home:
-        return isJump ? std::optional(0) : std::nullopt;
-    case Qt::Key_End:
-        return isJump ? std::optional(m_model->rowCount() - 1) : std::nullopt;
-    default:
-        return std::nullopt;
-    }
-}
-
 bool ClipTableView::isWhole(int row) const
 {
     const int top = rowViewportPosition(row);
@@ -218,15 +177,9 @@ void ClipTableView::setShowsKeyCaps(bool shows)
     viewport()->update();
 }
 
-std::optional<int> ClipTableView::rowOfKeyCap(const QKeyEvent &event) const
+std::optional<int> ClipTableView::rowOfKeyCap(int digit) const
 {
-    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
-    if (held != Qt::AltModifier && held != Qt::ControlModifier)
-        return std::nullopt;
-    const std::optional<int> digit = digitOf(event);
-    if (!digit)
-        return std::nullopt;
-    const int row = firstWholeRow() + (*digit + kKeyCaps - 1) % kKeyCaps;
+    const int row = firstWholeRow() + (digit + kKeyCaps - 1) % kKeyCaps;
     return isWhole(row) ? std::optional(row) : std::nullopt;
 }
 
@@ -312,9 +265,7 @@ void ClipTableView::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    if (delegate().moveByKey(*event) || delegate().pasteByKey(*event) ||
-        delegate().changeByKey(*event) || delegate().pickByKey(*event) ||
-        delegate().actByKey(*event))
+    if (HistoryKeys::act(delegate(), *event))
         return;
     // The base class would select by typed letters, move by Space and copy a row by itself.
     if (isTyping(*event))

@@ -53,17 +53,11 @@ public:
     /// How many rows the viewport shows whole.
     int rowsPerPage() const;
 
-    /// The row that a key asks for: Ctrl-N and Ctrl-P as in every picker, Page Up and Down,
-    /// Ctrl-Home and Ctrl-End, and Home and End unless they are needed to edit a text. Absent for
-    /// any other key; the row may lie outside the list.
-    std::optional<int> rowAfterKey(const QKeyEvent &event, bool isEditing) const;
-
     /// The first ten rows that are seen whole show the keys that paste them; else all show their
     /// numbers.
     void setShowsKeyCaps(bool shows);
-    /// The row that is pasted by a key: Alt or Ctrl with the digit that tells its place among those
-    /// that are seen. Absent for any other key, or when there is no such row.
-    std::optional<int> rowOfKeyCap(const QKeyEvent &event) const;
+    /// The row that shows the digit then, 0 for the tenth; absent when there is none.
+    std::optional<int> rowOfKeyCap(int digit) const;
     /// Where a menu for the selected row begins, on the screen.
     QPoint menuPosition() const;
 

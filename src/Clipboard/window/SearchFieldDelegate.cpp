@@ -1,5 +1,6 @@
 #include "Clipboard/window/SearchFieldDelegate.h"
 
+#include "Clipboard/window/HistoryKeys.h"
 #include "Clipboard/window/SearchField.h"
 #include "Clipboard/window/ViewController.h"
 #include "looks/FieldMenu.h"
@@ -100,7 +101,7 @@ bool SearchFieldDelegate::actByKey(const QKeyEvent &event) const
         return false;
     const bool copiesText =
         event.matches(QKeySequence::Copy) && controller->searchTextField()->hasSelectedText();
-    return !copiesText && controller->actByKey(event);
+    return !copiesText && HistoryKeys::act(*controller, event);
 }
 
 bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
@@ -120,8 +121,5 @@ bool SearchFieldDelegate::eventFilter(QObject *watched, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     if (const std::optional<QString> command = commandForKey(*key))
         return control(*command, ModifierFlags::ofEventWithCapsLock(*key));
-    return m_viewController &&
-           (m_viewController->moveByKey(*key) || m_viewController->pasteByKey(*key) ||
-            m_viewController->changeByKey(*key) || m_viewController->pickByKey(*key) ||
-            actByKey(*key));
+    return actByKey(*key);
 }

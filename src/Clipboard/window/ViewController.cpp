@@ -30,7 +30,7 @@
 ViewController::ViewController(HistoryActions &appDelegate, const SwopState &swopState,
                                Workspace &workspace, FileQuestions &questions, Clock &clock)
     : m_appDelegate(appDelegate), m_swopState(swopState), m_questions(questions),
-      m_views(clock, questions),
+      m_views(clock, questions), m_footer(appDelegate, m_views),
       m_fileViewController(std::make_unique<FileViewController>(appDelegate, workspace, questions))
 {
     viewDidLoad();
@@ -59,7 +59,8 @@ void ViewController::viewDidLoad()
             &ViewController::clipItemArrChanged);
     connect(m_views.searchTextField, &SearchField::pinnedOnlyChanged, this,
             &ViewController::listPinnedOnly);
-    connect(m_views.searchTextField, &QLineEdit::textEdited, this, &ViewController::searchEdited);
+    connect(m_views.searchTextField, &QLineEdit::textEdited, this,
+            [this] { m_footer.searchEdited(); });
     connect(&m_swopState, &SwopState::changed, this, &ViewController::updateNotice);
     applyTheme();
     updateEmptyState();
@@ -100,7 +101,7 @@ QWidget *ViewController::textClipView() const
 void ViewController::viewDidAppear()
 {
     updateNotice();
-    updateFooter();
+    m_footer.update();
     selectRow(0);
     m_views.searchTextField->setFocus(Qt::ActiveWindowFocusReason);
 }
@@ -113,98 +114,11 @@ int ViewController::selectedRow() const
     return *row;
 }
 
-void ViewController::markRow(int row)
-{
-    const std::shared_ptr<ClipItem> item = itemAt(row);
-    if (!item)
-        return;
-    m_marks.extend(itemAt(selectedRow()), item);
-    showRow(row, false);
-}
-
-void ViewController::toggleMark(int row)
-{
-    if (const std::shared_ptr<ClipItem> item = itemAt(row))
-        showRow(rowOf(m_marks.toggle(itemAt(selectedRow()), item)), false);
-}
-
-std::vector<std::shared_ptr<ClipItem>> ViewController::markedClips() const
-{
-    if (!m_marks.isEmpty())
-        return m_marks.items();
-    const std::shared_ptr<ClipItem> item = itemAt(selectedRow());
-    return item ? std::vector{item} : std::vector<std::shared_ptr<ClipItem>>();
-}
-
-std::vector<int> ViewController::markedRows() const
-{
-    std::vector<int> rows;
-    for (const std::shared_ptr<ClipItem> &item : m_marks.items())
-        rows.push_back(rowOf(item));
-    return rows;
-}
-
 int ViewController::rowOf(const std::shared_ptr<ClipItem> &item) const
 {
     const auto &list = getDataArray();
     const auto found = std::find(list.begin(), list.end(), item);
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
-}
-
-void ViewController::paste()
-{
-    pasteMarked(std::nullopt);
-}
-
-void ViewController::paste(const QString &format)
-{
-    pasteMarked(format);
-}
-
-void ViewController::pasteMarked(const std::optional<QString> &format)
-{
-    if (m_marks.isEmpty())
-        paste(selectedRow(), format);
-    else
-        m_appDelegate.pasteItems(markedClips(), format);
-}
-
-void ViewController::queue()
-{
-    if (m_marks.isEmpty())
-        paste();
-    else
-        m_appDelegate.queueItems(markedClips());
-}
-
-void ViewController::cancel()
-{
-    endQueue();
-    hide();
-}
-
-void ViewController::endQueue()
-{
-    m_appDelegate.endQueue();
-}
-
-void ViewController::paste(int row, const std::optional<QString> &format)
-{
-    m_appDelegate.performPaste(row, format);
-}
-
-void ViewController::copy()
-{
-    if (const std::vector<std::shared_ptr<ClipItem>> items = markedClips(); !items.empty())
-        m_appDelegate.copyItems(items);
-}
-
-bool ViewController::pickByKey(const QKeyEvent &event)
-{
-    const std::optional<int> row = m_views.clipTableView->rowOfKeyCap(event);
-    if (row)
-        paste(*row, std::nullopt);
-    return row.has_value();
 }
 
 void ViewController::showMenu(const std::optional<QPoint> &globalPosition)
@@ -213,14 +127,6 @@ void ViewController::showMenu(const std::optional<QPoint> &globalPosition)
         return;
     auto *menu = new ClipMenu(*this, m_views.mainView.get());
     menu->popup(globalPosition ? *globalPosition : m_views.clipTableView->menuPosition());
-}
-
-bool ViewController::actByKey(const QKeyEvent &event)
-{
-    if (event.key() != Qt::Key_F10 || event.modifiers() != Qt::ShiftModifier)
-        return ClipMenu::actByKey(*this, event);
-    showMenu();
-    return true;
 }
 
 void ViewController::askCopiedFilesExist(QObject *context, std::function<void(bool)> answer)
@@ -271,8 +177,7 @@ void ViewController::clearSearch()
     m_views.searchTextField->setPinnedOnly(false);
     m_views.searchTextField->clear();
     m_found = FoundPlaces();
-    m_heldBeforeEdit = 0;
-    m_unfit.clear();
+    m_footer.forgetSearch();
     m_appDelegate.filterClipItemArr(QString());
 }
 
@@ -454,7 +359,7 @@ void ViewController::clipItemArrChanged()
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
         m_appDelegate.filterClipItemArr(text);
     }
-    updateFooter();
+    m_footer.update();
     m_marks.keepOnly(getDataArray());
     const int row = m_previousClipItem ? rowOf(m_previousClipItem) : -1;
     showRow(row >= 0 ? row : selectedRow(), false);
@@ -473,26 +378,6 @@ void ViewController::positionRightHandTextView()
     const int width =
         m_views.splitView->width() - m_views.clipTableView->width() - HistoryViews::kDividerWidth;
     m_fileViewController->resizeView(QRect(text.x(), text.y(), width, text.height()));
-}
-
-bool ViewController::moveByKey(const QKeyEvent &event)
-{
-    const bool isEditing =
-        m_views.searchTextField->hasFocus() && !m_views.searchTextField->text().isEmpty();
-    const std::optional<int> row = m_views.clipTableView->rowAfterKey(event, isEditing);
-    if (row)
-        selectRow(*row);
-    return row.has_value();
-}
-
-bool ViewController::pasteByKey(const QKeyEvent &event)
-{
-    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
-    const bool isForPlainText =
-        event.key() == Qt::Key_V && held == (Qt::ControlModifier | Qt::ShiftModifier);
-    if (isForPlainText)
-        paste(QStringLiteral("plain"));
-    return isForPlainText;
 }
 
 void ViewController::typeIntoSearchField(const QKeyEvent &event)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clipboard/window/ClipMarks.h"
+#include "Clipboard/window/HistoryFooter.h"
 #include "Clipboard/window/HistoryViews.h"
 #include "history/FoundPlaces.h"
 
@@ -106,14 +107,8 @@ public:
     void paste(int row, const std::optional<QString> &format);
     /// Puts the marked clips on the pasteboard and closes the window.
     void copy();
-    /// Pastes the clip whose place among the rows that are seen the key tells, 1 to 9 and 0 for the
-    /// tenth; false for any other key.
-    bool pickByKey(const QKeyEvent &event);
     /// What can be done with the selected clip, as a menu; by default beside its row.
     void showMenu(const std::optional<QPoint> &globalPosition = {});
-    /// Opens the menu by its key, or does at once what stands in it with the key; false for any
-    /// other key.
-    bool actByKey(const QKeyEvent &event);
     /// Whether all the files that the selected clip tells are there; `answer` is called later,
     /// unless `context` is gone.
     void askCopiedFilesExist(QObject *context, std::function<void(bool)> answer);
@@ -126,6 +121,8 @@ public:
     void deleteItem();
     /// Takes back the latest deletion, if one can be, and says what did not fit.
     void bringBack();
+    /// Whether Undo does that, and not what it does in the search field.
+    bool wouldBringBack() const { return m_footer.wouldBringBack(); }
     /// Pins the selected or the marked clips; takes their pins when all are pinned.
     void togglePin();
     /// Whether all of those are pinned.
@@ -161,21 +158,12 @@ public:
     void splitViewDidResizeSubviews();
     void positionRightHandTextView();
 
-    /// Moves the selection by a key for longer ways (ClipTableView::rowAfterKey); false for any
-    /// other key.
-    bool moveByKey(const QKeyEvent &event);
-    /// Pastes the selected clip without its formatting by the key for that; false for any other
-    /// key.
-    bool pasteByKey(const QKeyEvent &event);
-    /// Pins, lists pinned clips only or takes back a deletion by the key for that; false for any
-    /// other key, and for Undo while what was done last is the search field's.
-    bool changeByKey(const QKeyEvent &event);
     /// Goes on typing in the search field with a key that reached another control.
     void typeIntoSearchField(const QKeyEvent &event);
 
     /// What the window says at its foot, about the whole history; nothing for an empty text. That
     /// a deletion can be taken back is added.
-    void setFooter(const QString &text);
+    void setFooter(const QString &text) { m_footer.setText(text); }
 
     /// How the open shortcut is called in sentences; empty when there is none.
     void setOpenShortcutText(const QString &text) { m_openShortcutText = text; }
@@ -214,11 +202,7 @@ private:
     void showEmptyPreview();
     void updateEmptyState();
     void updateNotice();
-    void tellDeletion();
-    void updateFooter();
     void listPinnedOnly(bool isOn);
-    void searchEdited();
-    bool wouldBringBack() const;
     void speakSelection(const ClipItem &item, int row);
     std::shared_ptr<ClipItem> itemAt(int row) const;
 
@@ -226,15 +210,13 @@ private:
     const SwopState &m_swopState;
     FileQuestions &m_questions;
     HistoryViews m_views;
+    HistoryFooter m_footer;
     SearchFieldDelegate *m_searchFieldDelegate = nullptr;
     std::unique_ptr<FileViewController> m_fileViewController;
     std::shared_ptr<ClipItem> m_previousClipItem;
     ClipMarks m_marks;
     FoundPlaces m_found;
     QString m_openShortcutText;
-    QString m_footer;
-    QString m_unfit;          ///< What was said of the last deletion that was taken back.
-    int m_heldBeforeEdit = 0; ///< Deletions that are older than the last edit of the search.
     bool m_isWindowKey = false;
     bool m_isChangingList = false; ///< The change under way is our own.
     bool m_isHiding = false;
