@@ -18,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -152,7 +153,7 @@ private:
             ask(m_utf8, event.time);
             return;
         }
-        m_texts.insert(m_texts.begin(), std::move(text));
+        m_texts.push_front(std::move(text));
         ++m_recorded;
         filter();
     }
@@ -249,7 +250,7 @@ private:
     uint8_t m_ownerEvent = 0;
     size_t m_recorded = 0;
     std::string m_term;
-    std::vector<std::string> m_texts;
+    std::deque<std::string> m_texts; ///< The newest first.
     std::vector<const std::string *> m_shown;
 };
 
