@@ -24,10 +24,10 @@ TEST(CompletePlatform, everyCapabilityIsThereAndTheChoiceIsKeptFromOtherPrograms
         const auto platform = PlatformLoader::makePlatform();
         EXPECT_EQ(qgetenv(kQtPlatform), before);
 
-        const auto &[capabilities, clock, files, settings, appearance, names, installed, login,
-                     running, notifications, workspace, space, layout, hotKeys, symbolic, front,
-                     pasteboard, sender, bar] = *platform;
-        EXPECT_TRUE(capabilities && clock && files && settings && appearance && names);
+        const auto &[capabilities, clock, files, settings, consent, appearance, names, installed,
+                     login, running, notifications, workspace, space, layout, hotKeys, symbolic,
+                     front, pasteboard, sender, bar] = *platform;
+        EXPECT_TRUE(capabilities && clock && files && settings && consent && appearance && names);
         EXPECT_TRUE(installed && login && running && notifications && workspace && space);
         EXPECT_TRUE(layout && hotKeys && symbolic && front && pasteboard && sender && bar);
         EXPECT_EQ(capabilities->all().size(), 4);
