@@ -1,21 +1,16 @@
 #include "platform/absent/CompositorBindings.h"
 
 #include "platform/ModifierFlags.h"
-#include "platform/VirtualKeys.h"
+#include "platform/typing/KeySymbols.h"
 
 #include <QHash>
 #include <QStringList>
 
-#include <xkbcommon/xkbcommon.h>
-
 #include <array>
-#include <memory>
 
 namespace {
 
 using CompositorBindings::Compositor;
-
-constexpr quint32 kXkbOffset = 8;
 
 struct Row
 {
@@ -33,43 +28,6 @@ constexpr std::array kRows = std::to_array<Row>({
     {Compositor::Wayfire, u"Wayfire", u"WAYFIRE_SOCKET"},
 });
 
-/// The symbol that a key has on the American keyboard, which the virtual key codes describe.
-xkb_keysym_t americanSymbol(quint32 keyCode)
-{
-    const std::optional<quint16> evdevCode = VirtualKey::toEvdev(keyCode);
-    const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
-        xkb_context_new(XKB_CONTEXT_NO_FLAGS), xkb_context_unref);
-    const xkb_rule_names names{"evdev", "pc105", "us", "", ""};
-    const std::unique_ptr<xkb_keymap, decltype(&xkb_keymap_unref)> keymap(
-        context ? xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS)
-                : nullptr,
-        xkb_keymap_unref);
-    const xkb_keysym_t *symbols = nullptr;
-    if (!evdevCode || !keymap ||
-        xkb_keymap_key_get_syms_by_level(keymap.get(), *evdevCode + kXkbOffset, 0, 0, &symbols) < 1)
-        return XKB_KEY_NoSymbol;
-    return symbols[0];
-}
-
-QString nameOf(xkb_keysym_t symbol)
-{
-    std::array<char, 64> name{};
-    return symbol != XKB_KEY_NoSymbol && xkb_keysym_get_name(symbol, name.data(), name.size()) > 0
-               ? QString::fromLatin1(name.data())
-               : QString();
-}
-
-/// The key's symbol by name, as most compositors match keys: by what is printed there.
-QString symbolName(quint32 keyCode, const QString &printed)
-{
-    if (printed.size() == 1 && !printed.front().isSpace()) {
-        QString name = nameOf(xkb_utf32_to_keysym(printed.toLower().front().unicode()));
-        if (!name.isEmpty())
-            return name;
-    }
-    return nameOf(americanSymbol(keyCode));
-}
-
 /// The kernel's name of the key's place, by which one compositor matches.
 QString placeName(quint32 keyCode)
 {
@@ -82,7 +40,7 @@ QString placeName(quint32 keyCode)
         {QStringLiteral("Prior"), QStringLiteral("PAGEUP")},
         {QStringLiteral("Next"), QStringLiteral("PAGEDOWN")},
     };
-    const QString name = nameOf(americanSymbol(keyCode));
+    const QString name = KeySymbols::americanName(keyCode);
     return name.isEmpty() ? QString()
                           : QStringLiteral("KEY_") + kOtherNames.value(name, name.toUpper());
 }
@@ -129,7 +87,7 @@ QString CompositorBindings::lineFor(Compositor compositor, const HotKeyCombinati
     const quint32 held = combination.carbonModifiers;
     const QString key = compositor == Compositor::Wayfire
                             ? placeName(combination.keyCode)
-                            : symbolName(combination.keyCode, printed);
+                            : KeySymbols::nameOf(combination.keyCode, printed);
     if (key.isEmpty())
         return {};
     const QString line = command.program + u' ' + command.word;

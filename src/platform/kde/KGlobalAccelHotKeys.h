@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/HotKeys.h"
-#include "platform/kde/HeldShortcuts.h"
+#include "platform/typing/HeldShortcuts.h"
 #include "platform/kde/KGlobalAccelService.h"
 
 #include <QDBusConnection>

@@ -1,4 +1,4 @@
-#include "platform/kde/HeldShortcuts.h"
+#include "platform/typing/HeldShortcuts.h"
 
 #include <QTimer>
 
