@@ -261,6 +261,10 @@
         <source>Copy all lines for the configuration</source>
         <translation>نسخ كل أسطر الإعدادات</translation>
     </message>
+    <message>
+        <source>Have the Desktop &amp;Ask…</source>
+        <translation>اجعل سطح المكتب &amp;يسأل…</translation>
+    </message>
 </context>
 <context>
     <name>ClipHistory</name>
@@ -572,6 +576,13 @@
     </message>
 </context>
 <context>
+    <name>ConsentWords</name>
+    <message>
+        <source>This desktop shows copies to a program, and lets it paste, only as remote control. It asks you once: switch on “Allow Remote Interaction”, leave the other two on, and choose “Share”. A sharing sign then stays in the top bar; ending it there ends recording.</source>
+        <translation>لا يُري سطح المكتب هذا النسخَ لبرنامج ولا يدعه يلصق إلا بصفة تحكّم عن بعد. سيسألك مرة واحدة: فعّل «اسمح بالتفاعل عن بعد»، واترك الخيارين الآخرين مفعّلين، ثم اختر «شارك». تبقى بعدها علامة مشاركة في الشريط العلوي، وإنهاؤها هناك ينهي التسجيل.</translation>
+    </message>
+</context>
+<context>
     <name>DMHelperAppDelegate</name>
     <message>
         <source>Update in background</source>
@@ -626,6 +637,13 @@
     <message>
         <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
         <translation>لا يُسجَّل شيء: تعذّرت قراءة إعداداتك، وكانت قائمة التطبيقات المتجاهَلة من بينها. أجب أولًا عن السؤال المتعلق بها.</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopShortcut</name>
+    <message>
+        <source>Change in Settings…</source>
+        <translation>غيّر في الإعدادات…</translation>
     </message>
 </context>
 <context>
@@ -1426,6 +1444,13 @@ If you really want to use this key combination, most shortcuts can be changed in
     </message>
 </context>
 <context>
+    <name>PortalHotKeys</name>
+    <message>
+        <source>No keys</source>
+        <translation>بلا مفاتيح</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesApplicationViewController</name>
     <message>
         <source>Applications</source>
@@ -1967,6 +1992,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Check for updates</source>
         <translation>التحقق من التحديثات</translation>
+    </message>
+    <message>
+        <source>Have the &amp;desktop ask when I go on</source>
+        <translation>اجعل سطح المكتب يسأل عندما أ&amp;تابع</translation>
     </message>
 </context>
 <context>

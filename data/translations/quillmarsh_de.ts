@@ -249,6 +249,10 @@
         <source>Copy all lines for the configuration</source>
         <translation>Alle Zeilen für die Konfiguration kopieren</translation>
     </message>
+    <message>
+        <source>Have the Desktop &amp;Ask…</source>
+        <translation>Arbeitsumgebung &amp;fragen lassen …</translation>
+    </message>
 </context>
 <context>
     <name>ClipHistory</name>
@@ -524,6 +528,13 @@
     </message>
 </context>
 <context>
+    <name>ConsentWords</name>
+    <message>
+        <source>This desktop shows copies to a program, and lets it paste, only as remote control. It asks you once: switch on “Allow Remote Interaction”, leave the other two on, and choose “Share”. A sharing sign then stays in the top bar; ending it there ends recording.</source>
+        <translation>Diese Arbeitsumgebung zeigt einem Programm Kopien nur als Fernsteuerung und lässt es nur so einfügen. Sie fragt Sie einmal: Schalten Sie „Fernzugriff zulassen“ ein, lassen Sie die beiden anderen an und wählen Sie „Freigeben“. Danach bleibt ein Freigabezeichen in der oberen Leiste; wer es dort beendet, beendet das Aufzeichnen.</translation>
+    </message>
+</context>
+<context>
     <name>DMHelperAppDelegate</name>
     <message>
         <source>Update in background</source>
@@ -578,6 +589,13 @@
     <message>
         <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
         <translation>Es wird nichts aufgezeichnet: Ihre Einstellungen konnten nicht gelesen werden, und die Liste der ignorierten Anwendungen gehörte dazu. Beantworten Sie zuerst die Frage danach.</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopShortcut</name>
+    <message>
+        <source>Change in Settings…</source>
+        <translation>In den Einstellungen ändern …</translation>
     </message>
 </context>
 <context>
@@ -1346,6 +1364,13 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     </message>
 </context>
 <context>
+    <name>PortalHotKeys</name>
+    <message>
+        <source>No keys</source>
+        <translation>Keine Tasten</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesApplicationViewController</name>
     <message>
         <source>Applications</source>
@@ -1887,6 +1912,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Check for updates</source>
         <translation>Nach Aktualisierungen suchen</translation>
+    </message>
+    <message>
+        <source>Have the &amp;desktop ask when I go on</source>
+        <translation>Die Arbeitsumgebung &amp;danach fragen lassen</translation>
     </message>
 </context>
 <context>

@@ -249,6 +249,10 @@
         <source>Copy all lines for the configuration</source>
         <translation>Copiar todas las líneas de configuración</translation>
     </message>
+    <message>
+        <source>Have the Desktop &amp;Ask…</source>
+        <translation>Hacer que el escritorio &amp;pregunte…</translation>
+    </message>
 </context>
 <context>
     <name>ClipHistory</name>
@@ -524,6 +528,13 @@
     </message>
 </context>
 <context>
+    <name>ConsentWords</name>
+    <message>
+        <source>This desktop shows copies to a program, and lets it paste, only as remote control. It asks you once: switch on “Allow Remote Interaction”, leave the other two on, and choose “Share”. A sharing sign then stays in the top bar; ending it there ends recording.</source>
+        <translation>Este escritorio solo muestra las copias a un programa, y solo le deja pegar, como control remoto. Se lo preguntará una vez: active «Permitir la interacción remota», deje activados los otros dos y elija «Compartir». Después queda una señal de compartición en la barra superior; si se termina ahí, termina el registro.</translation>
+    </message>
+</context>
+<context>
     <name>DMHelperAppDelegate</name>
     <message>
         <source>Update in background</source>
@@ -578,6 +589,13 @@
     <message>
         <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
         <translation>No se graba nada: no se han podido leer sus ajustes, y la lista de aplicaciones ignoradas estaba entre ellos. Responda primero a la pregunta sobre ellos.</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopShortcut</name>
+    <message>
+        <source>Change in Settings…</source>
+        <translation>Cambiar en Configuración…</translation>
     </message>
 </context>
 <context>
@@ -1346,6 +1364,13 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     </message>
 </context>
 <context>
+    <name>PortalHotKeys</name>
+    <message>
+        <source>No keys</source>
+        <translation>Ninguna tecla</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesApplicationViewController</name>
     <message>
         <source>Applications</source>
@@ -1887,6 +1912,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Check for updates</source>
         <translation>Buscar actualizaciones</translation>
+    </message>
+    <message>
+        <source>Have the &amp;desktop ask when I go on</source>
+        <translation>Que el escritorio pregunte al &amp;continuar</translation>
     </message>
 </context>
 <context>

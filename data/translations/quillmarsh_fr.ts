@@ -249,6 +249,10 @@
         <source>Copy all lines for the configuration</source>
         <translation>Copier toutes les lignes de configuration</translation>
     </message>
+    <message>
+        <source>Have the Desktop &amp;Ask…</source>
+        <translation>Faire dem&amp;ander le bureau…</translation>
+    </message>
 </context>
 <context>
     <name>ClipHistory</name>
@@ -524,6 +528,13 @@
     </message>
 </context>
 <context>
+    <name>ConsentWords</name>
+    <message>
+        <source>This desktop shows copies to a program, and lets it paste, only as remote control. It asks you once: switch on “Allow Remote Interaction”, leave the other two on, and choose “Share”. A sharing sign then stays in the top bar; ending it there ends recording.</source>
+        <translation>Ce bureau ne montre les copies à un programme, et ne le laisse coller, qu’en tant que contrôle à distance. Il vous le demandera une fois : activez « Autoriser l’interaction à distance », laissez les deux autres activés et choisissez « Partager ». Un signe de partage reste ensuite dans la barre supérieure ; y mettre fin met fin à l’enregistrement.</translation>
+    </message>
+</context>
+<context>
     <name>DMHelperAppDelegate</name>
     <message>
         <source>Update in background</source>
@@ -578,6 +589,13 @@
     <message>
         <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
         <translation>Rien n’est enregistré&#xa0;: vos réglages n’ont pas pu être lus, et la liste des applications ignorées en faisait partie. Répondez d’abord à la question à leur sujet.</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopShortcut</name>
+    <message>
+        <source>Change in Settings…</source>
+        <translation>Modifier dans les paramètres…</translation>
     </message>
 </context>
 <context>
@@ -1346,6 +1364,13 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     </message>
 </context>
 <context>
+    <name>PortalHotKeys</name>
+    <message>
+        <source>No keys</source>
+        <translation>Aucune touche</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesApplicationViewController</name>
     <message>
         <source>Applications</source>
@@ -1887,6 +1912,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Check for updates</source>
         <translation>Rechercher des mises à jour</translation>
+    </message>
+    <message>
+        <source>Have the &amp;desktop ask when I go on</source>
+        <translation>Faire &amp;demander le bureau ensuite</translation>
     </message>
 </context>
 <context>

@@ -246,6 +246,10 @@
         <source>Copy all lines for the configuration</source>
         <translation>設定に加える行をすべてコピー</translation>
     </message>
+    <message>
+        <source>Have the Desktop &amp;Ask…</source>
+        <translation>デスクトップに確認させる(&amp;A)…</translation>
+    </message>
 </context>
 <context>
     <name>ClipHistory</name>
@@ -512,6 +516,13 @@
     </message>
 </context>
 <context>
+    <name>ConsentWords</name>
+    <message>
+        <source>This desktop shows copies to a program, and lets it paste, only as remote control. It asks you once: switch on “Allow Remote Interaction”, leave the other two on, and choose “Share”. A sharing sign then stays in the top bar; ending it there ends recording.</source>
+        <translation>このデスクトップでは、プログラムはリモート操作としてしかコピーを見たり貼り付けたりできません。一度だけ確認されます。「Allow Remote Interaction」をオンにし、ほかの二つはオンのままにして、「共有」を選んでください。その後、上部バーに共有中の印が残ります。そこで終了すると記録も終わります。</translation>
+    </message>
+</context>
+<context>
     <name>DMHelperAppDelegate</name>
     <message>
         <source>Update in background</source>
@@ -566,6 +577,13 @@
     <message>
         <source>Nothing is recorded: your settings could not be read, and the list of ignored applications was among them. Answer the question about them first.</source>
         <translation>何も記録されません。設定を読み込めず、無視するアプリケーションの一覧もその中にありました。先に設定についての質問に答えてください。</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopShortcut</name>
+    <message>
+        <source>Change in Settings…</source>
+        <translation>設定で変更…</translation>
     </message>
 </context>
 <context>
@@ -1326,6 +1344,13 @@ If you really want to use this key combination, most shortcuts can be changed in
     </message>
 </context>
 <context>
+    <name>PortalHotKeys</name>
+    <message>
+        <source>No keys</source>
+        <translation>キーなし</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesApplicationViewController</name>
     <message>
         <source>Applications</source>
@@ -1867,6 +1892,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Check for updates</source>
         <translation>アップデートを確認</translation>
+    </message>
+    <message>
+        <source>Have the &amp;desktop ask when I go on</source>
+        <translation>次へ進むときにデスクトップに確認させる(&amp;D)</translation>
     </message>
 </context>
 <context>

@@ -60,9 +60,11 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_preferencesApplication = std::make_unique<PreferencesApplicationViewController>(
         *platform.settings, *platform.installedApplications, *platform.workspace);
     m_preferencesGeneral = std::make_unique<PreferencesGeneralViewController>(
-        *this, *platform.settings, *platform.loginItems, *platform.hotKeys, *platform.capabilities);
+        *this, *platform.settings, *platform.loginItems, *platform.hotKeys, *platform.capabilities,
+        *platform.consent);
     m_welcomeWindowController = std::make_unique<WelcomeWindowController>(
-        *this, *platform.settings, *platform.windowSpace, *platform.frontApplication, storeFolder);
+        *this, *platform.settings, *platform.windowSpace, *platform.frontApplication,
+        *platform.consent, storeFolder);
     connect(m_welcomeWindowController.get(), &WelcomeWindowController::closed, this,
             &AppDelegate::welcomeWindowClosed);
     m_tourGuide = std::make_unique<TourGuide>();

@@ -72,14 +72,19 @@ class HotKeys : public QObject
 public:
     /// Who decides which keys are a hot key of ours.
     enum class Control {
-        Ours,  ///< We do; where the desktop's settings list them too, the user may choose there.
-        Nobody ///< No program of this desktop has hot keys; it runs commands for keys instead.
+        Ours,    ///< We do; where the desktop's settings list them too, the user may choose there.
+        Desktop, ///< Its settings alone, after what we wish at first; see chosenElsewhere().
+        Nobody   ///< No program of this desktop has hot keys; it runs commands for keys instead.
     };
 
     using QObject::QObject;
 
     /// May change once, soon after the start: see controlChanged().
     virtual Control control() const { return Control::Ours; }
+
+    /// Where the desktop has control, shows the user where to choose keys, or has the desktop ask
+    /// for them again if that was refused.
+    virtual void configure() {}
 
     /// What the user puts into the desktop's configuration, so that it runs "quillmarsh WORD" for
     /// the combination. Empty unless nobody has control, or when nothing is known of this desktop.

@@ -65,7 +65,7 @@ bool MASShortcutMonitor::isShortcutGranted(const MASShortcut &shortcut) const
 bool MASShortcutMonitor::canRegister() const
 {
     const HotKeys *const service = m_service;
-    return service && service->control() == HotKeys::Control::Ours;
+    return service && service->control() != HotKeys::Control::Nobody;
 }
 
 void MASShortcutMonitor::setSuspended(bool isSuspended)

@@ -17,18 +17,21 @@ sys.path.insert(0, str(SUPPORT))
 from desktop import Desktop  # noqa: E402
 from held_keys import HeldKeys  # noqa: E402, F401
 from quillmarsh import BUNDLE, Quillmarsh, contents, copy, pasteboard  # noqa: E402, F401
+import gnome  # noqa: E402, F401
 from session import HAS_LAYERS, KINDS, become_ordinary, session  # noqa: E402, F401
 
 BINARY = os.path.abspath(os.environ.get("QUILLMARSH_BINARY", "build/dev/bin/quillmarsh"))
 QT_EDITOR = os.path.abspath(os.environ.get("QT_EDITOR", "build/dev/tests/desktop/qt_editor"))
 PICTURES = os.environ.get("PICTURES", "")
 SESSION = os.environ.get("QUILLMARSH_SESSION", "x11")
+# Where compositors have protocols of their own for what a journey does.
+WITH_PROTOCOLS = ("sway", "labwc", "kde")
 
 
 def made_in(*kinds):
     """Marks a journey for these Wayland sessions, all of them by default, beside X11."""
     def mark(test):
-        test.sessions = {"x11", *(kinds or KINDS)}
+        test.sessions = {*kinds} if kinds == ("gnome",) else {"x11", *(kinds or WITH_PROTOCOLS)}
         return test
 
     return mark

@@ -57,6 +57,7 @@ class Session(Surroundings):
 
     kind = None  # as QUILLMARSH_SESSION and the command line name it
     desktop_name = None
+    seconds_to_start = 30
 
     def __init__(self, screen="1280x800", xwayland=False, quillmarsh=None, environment=None):
         super().__init__()
@@ -79,7 +80,8 @@ class Session(Surroundings):
         self.prepare()
         with open(self.log_path, "wb") as log:
             self.compositor = self.start_compositor(stdout=log, stderr=log)
-        self.wait_for(self.is_up, f"{self.kind}; see {self.log_path}", 30)
+        self.wait_for(self.is_up, f"{self.kind}; see {self.log_path}",
+                      self.seconds_to_start)
         self._start_input()
 
     def prepare(self):

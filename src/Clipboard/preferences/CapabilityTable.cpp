@@ -1,5 +1,6 @@
 #include "Clipboard/preferences/CapabilityTable.h"
 
+#include "Clipboard/settings/ConsentWords.h"
 #include "looks/PaneParts.h"
 
 #include <QGridLayout>
@@ -45,7 +46,8 @@ QString nameOf(Capability::State state)
 
 CapabilityTable::CapabilityTable(ConfigurationLine::Copy copy)
     : m_copy(std::move(copy)), m_grid(new QGridLayout),
-      m_copyAll(new QPushButton(tr("Copy all lines for the configuration")))
+      m_copyAll(new QPushButton(tr("Copy all lines for the configuration"))),
+      m_question(new QWidget)
 {
     setObjectName(QStringLiteral("capabilityTable"));
     m_grid->setHorizontalSpacing(kColumnSpace);
@@ -59,6 +61,15 @@ CapabilityTable::CapabilityTable(ConfigurationLine::Copy copy)
     layout->addWidget(new PaneSeparator);
     layout->addLayout(m_grid);
     layout->addWidget(m_copyAll, 0, Qt::AlignLeft);
+    layout->addWidget(m_question);
+    auto *ask = new QPushButton(tr("Have the Desktop &Ask…"));
+    ask->setAutoDefault(false);
+    connect(ask, &QPushButton::clicked, this, &CapabilityTable::askingWanted);
+    auto *question = new QVBoxLayout(m_question);
+    question->setContentsMargins(0, 0, 0, 0);
+    question->addWidget(new PaneNote(ConsentWords::explanation()));
+    question->addWidget(ask, 0, Qt::AlignLeft);
+    m_question->hide();
     hide();
 }
 
@@ -90,9 +101,16 @@ void CapabilityTable::show(const Capabilities &capabilities, const QString &conf
         m_grid->addWidget(line, row++, 1, 1, 2, Qt::AlignLeft);
     }
     // They have come into a pane that may be shown already.
-    for (QWidget *part : findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
-        part->show();
+    for (QWidget *part : findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        if (part != m_question)
+            part->show();
+    }
     m_configuration = configuration;
     m_copyAll->setVisible(!configuration.isEmpty());
     setVisible(!capabilities.doAllWork());
+}
+
+void CapabilityTable::offerToAsk(bool isOffered)
+{
+    m_question->setVisible(isOffered);
 }

@@ -2,6 +2,7 @@
 
 #include "Clipboard/preferences/ByteCount.h"
 #include "Clipboard/preferences/CapabilityTable.h"
+#include "Clipboard/preferences/DesktopShortcut.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/ShortcutNote.h"
@@ -91,6 +92,7 @@ GeneralPaneView::GeneralPaneView(SettingsStore &settings, const ConfigurationLin
       m_swopBinding(new ConfigurationLine(tr("Swop shortcut"), copy)),
       m_capabilities(new CapabilityTable(copy))
 {
+    connect(m_capabilities, &CapabilityTable::askingWanted, this, &GeneralPaneView::askingWanted);
     m_openBinding->hide();
     m_swopBinding->hide();
     m_shortcutNote->setObjectName(QStringLiteral("shortcutNote"));
@@ -217,8 +219,15 @@ void GeneralPaneView::layOut(const PictureChoice &pictures)
     auto *openNote = new ShortcutNote(*openShortcut);
     auto *swopNote = new ShortcutNote(*swopShortcut);
     m_recorders = {openShortcut, openNote, swopShortcut, swopNote};
-    rows.add(tr("&Open history:"), {openShortcut, openNote, m_openBinding});
-    rows.add(tr("S&wop:"), {swopShortcut, swopNote, m_swopBinding}, m_shortcutNote);
+    m_openOfDesktop = new DesktopShortcut(*openShortcut);
+    m_swopOfDesktop = new DesktopShortcut(*swopShortcut);
+    for (DesktopShortcut *keys : {m_openOfDesktop, m_swopOfDesktop}) {
+        keys->hide();
+        connect(keys, &DesktopShortcut::changeWanted, this, &GeneralPaneView::desktopKeysWanted);
+    }
+    rows.add(tr("&Open history:"), {openShortcut, openNote, m_openOfDesktop, m_openBinding});
+    rows.add(tr("S&wop:"), {swopShortcut, swopNote, m_swopOfDesktop, m_swopBinding},
+             m_shortcutNote);
     rows.addAcross(m_capabilities);
     fit();
 }
@@ -231,14 +240,29 @@ void GeneralPaneView::fit()
 void GeneralPaneView::showBindings(const std::optional<Bindings> &bindings)
 {
     m_bindings = bindings;
-    for (QWidget *recorder : std::as_const(m_recorders))
-        recorder->setVisible(!bindings);
-    for (ConfigurationLine *line : {m_openBinding, m_swopBinding})
-        line->setVisible(bindings.has_value());
     if (bindings) {
         m_openBinding->setText(bindings->open);
         m_swopBinding->setText(bindings->swop);
     }
+    showWhatChooses();
+}
+
+void GeneralPaneView::showDesktopKeys(bool isDesktopsChoice)
+{
+    m_isDesktopsChoice = isDesktopsChoice;
+    showWhatChooses();
+}
+
+void GeneralPaneView::showWhatChooses()
+{
+    for (QWidget *recorder : std::as_const(m_recorders))
+        recorder->setVisible(!m_bindings && !m_isDesktopsChoice);
+    for (DesktopShortcut *keys : {m_openOfDesktop, m_swopOfDesktop}) {
+        keys->refresh();
+        keys->setVisible(m_isDesktopsChoice);
+    }
+    for (ConfigurationLine *line : {m_openBinding, m_swopBinding})
+        line->setVisible(m_bindings.has_value());
     explainShortcuts();
     fit();
 }
@@ -247,5 +271,11 @@ void GeneralPaneView::showCapabilities(const Capabilities &capabilities,
                                        const QString &configuration)
 {
     m_capabilities->show(capabilities, configuration);
+    fit();
+}
+
+void GeneralPaneView::offerToAsk(bool isOffered)
+{
+    m_capabilities->offerToAsk(isOffered);
     fit();
 }

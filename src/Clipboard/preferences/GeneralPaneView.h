@@ -9,6 +9,7 @@
 
 class Capabilities;
 class CapabilityTable;
+class DesktopShortcut;
 class HistorySizeSlider;
 class MASShortcutView;
 class PaneNote;
@@ -48,8 +49,12 @@ public:
     };
     /// Absent where the shortcuts are ours.
     void showBindings(const std::optional<Bindings> &bindings);
+    /// Shows which keys they have and where those are chosen, in the place of the recorders.
+    void showDesktopKeys(bool isDesktopsChoice);
     /// `configuration` is all that may be added to the desktop's, to be copied in one go.
     void showCapabilities(const Capabilities &capabilities, const QString &configuration);
+    /// Offers to have the desktop ask its user for what it lets nobody do otherwise.
+    void offerToAsk(bool isOffered);
 
     /// Says beside the box what the desktop does other than the box tells; nothing when it is the
     /// same. `wasRefused`: the desktop's list could not be written just now.
@@ -59,8 +64,14 @@ public:
     /// Says the size as people do.
     void explainMaxStringSize(qint64 bytes);
 
+Q_SIGNALS:
+    /// The user wants to choose keys in the desktop's settings.
+    void desktopKeysWanted();
+    void askingWanted();
+
 private:
     void explainShortcuts();
+    void showWhatChooses();
     void layOut(const PictureChoice &pictures);
     void fit();
 
@@ -72,6 +83,9 @@ private:
     QList<QWidget *> m_recorders; ///< With the notes beside them.
     ConfigurationLine *m_openBinding;
     ConfigurationLine *m_swopBinding;
+    DesktopShortcut *m_openOfDesktop = nullptr;
+    DesktopShortcut *m_swopOfDesktop = nullptr;
     std::optional<Bindings> m_bindings;
+    bool m_isDesktopsChoice = false;
     CapabilityTable *m_capabilities;
 };

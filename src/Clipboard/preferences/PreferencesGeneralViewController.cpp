@@ -8,6 +8,7 @@
 #include "Clipboard/settings/GlobalShortcuts.h"
 #include "looks/WindowIcons.h"
 #include "platform/Capabilities.h"
+#include "platform/Consent.h"
 #include "platform/HotKeys.h"
 #include "platform/LoginItems.h"
 #include "platform/SettingsStore.h"
@@ -55,17 +56,17 @@ std::optional<qint64> unreachableMaxItems(const QVariant &stored, qint64 asInteg
 
 } // namespace
 
-PreferencesGeneralViewController::PreferencesGeneralViewController(PreferencesActions &appDelegate,
-                                                                   SettingsStore &settings,
-                                                                   LoginItems &loginItems,
-                                                                   const HotKeys &hotKeys,
-                                                                   const Capabilities &capabilities)
+PreferencesGeneralViewController::PreferencesGeneralViewController(
+    PreferencesActions &appDelegate, SettingsStore &settings, LoginItems &loginItems,
+    HotKeys &hotKeys, const Capabilities &capabilities, Consent &consent)
     : m_appDelegate(appDelegate), m_settings(settings), m_loginItems(loginItems),
-      m_hotKeys(hotKeys), m_capabilities(capabilities)
+      m_hotKeys(hotKeys), m_capabilities(capabilities), m_consent(consent)
 {
     connect(&hotKeys, &HotKeys::controlChanged, this,
             &PreferencesGeneralViewController::explainSession);
     connect(&capabilities, &Capabilities::changed, this,
+            &PreferencesGeneralViewController::explainSession);
+    connect(&consent, &Consent::stateChanged, this,
             &PreferencesGeneralViewController::explainSession);
 }
 
@@ -84,6 +85,8 @@ void PreferencesGeneralViewController::loadView()
     m_pictures = std::make_unique<PictureChoice>(m_settings);
     m_view = std::make_unique<GeneralPaneView>(m_settings, copy, *m_pictures);
     m_view->installEventFilter(this);
+    connect(m_view.get(), &GeneralPaneView::desktopKeysWanted, &m_hotKeys, &HotKeys::configure);
+    connect(m_view.get(), &GeneralPaneView::askingWanted, &m_consent, &Consent::ask);
     QCoreApplication::instance()->installEventFilter(this);
     openAtLoginCB = m_view->openAtLogin;
     openShortcut = m_view->openShortcut;
@@ -387,9 +390,11 @@ void PreferencesGeneralViewController::explainSession()
             configuration.append(capability.configuration);
     }
     m_view->showBindings(bindings);
+    m_view->showDesktopKeys(m_hotKeys.control() == HotKeys::Control::Desktop);
     // One alone has a button of its own.
     m_view->showCapabilities(m_capabilities,
                              configuration.size() > 1 ? configuration.join(u'\n') : QString());
+    m_view->offerToAsk(m_consent.isWanted());
 }
 
 void PreferencesGeneralViewController::viewDidDisappear()

@@ -11,6 +11,7 @@
 #include <optional>
 
 class Capabilities;
+class Consent;
 class GeneralPaneView;
 class HistorySizeSlider;
 class HotKeys;
@@ -44,8 +45,8 @@ public:
 
     /// All must outlive the pane.
     PreferencesGeneralViewController(PreferencesActions &appDelegate, SettingsStore &settings,
-                                     LoginItems &loginItems, const HotKeys &hotKeys,
-                                     const Capabilities &capabilities);
+                                     LoginItems &loginItems, HotKeys &hotKeys,
+                                     const Capabilities &capabilities, Consent &consent);
     ~PreferencesGeneralViewController() override;
 
     /// Makes the controls; they show nothing yet.
@@ -130,8 +131,9 @@ private:
     PreferencesActions &m_appDelegate;
     SettingsStore &m_settings;
     LoginItems &m_loginItems;
-    const HotKeys &m_hotKeys;
+    HotKeys &m_hotKeys;
     const Capabilities &m_capabilities;
+    Consent &m_consent;
     qint64 m_originalMaxItems = -1;
     bool m_welcomeWindowShown = false;
     bool m_isEnding = false; ///< The application's end hides the pane.

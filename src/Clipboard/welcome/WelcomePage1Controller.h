@@ -3,6 +3,7 @@
 #include "Clipboard/welcome/WelcomePage.h"
 
 class QCheckBox;
+class QLabel;
 
 /// The welcome's first page: what the program does, and two choices, or three for a user who comes
 /// from another program. The window's controller reads
@@ -19,5 +20,13 @@ public:
 
     QCheckBox *openAtLogin;
     QCheckBox *checkForUpdates;
+    /// Explains what the desktop will ask for, and whether it shall now; hidden where it asks
+    /// nobody.
+    void offerToAsk(bool isOffered);
+
+    QCheckBox *ask;
     QCheckBox *moveIn; ///< Hidden until there is something to take along.
+
+private:
+    QLabel *m_question;
 };

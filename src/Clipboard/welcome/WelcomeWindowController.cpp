@@ -10,6 +10,7 @@
 #include "Clipboard/welcome/WelcomeWindowView.h"
 #include "looks/ClipColors.h"
 #include "looks/PaneButton.h"
+#include "platform/Consent.h"
 #include "platform/FrontApplication.h"
 #include "platform/PointerScreen.h"
 #include "platform/SettingsStore.h"
@@ -30,9 +31,9 @@ WelcomeWindowController::WelcomeWindowController(WelcomeActions &appDelegate,
                                                  const SettingsStore &settings,
                                                  WindowSpace &windowSpace,
                                                  FrontApplication &frontApplication,
-                                                 const QString &storeFolder)
+                                                 Consent &consent, const QString &storeFolder)
     : m_appDelegate(appDelegate), m_settings(settings), m_windowSpace(windowSpace),
-      m_frontApplication(frontApplication), m_storeFolder(storeFolder)
+      m_frontApplication(frontApplication), m_consent(consent), m_storeFolder(storeFolder)
 {
 }
 
@@ -49,6 +50,8 @@ void WelcomeWindowController::showWelcomeWindow()
     showShortcuts();
     showPage(0, PageSlider::Movement::None);
     bringToFront();
+    // What is not shown yet does not know the height that its words need.
+    offerToAsk();
     m_session.run(*m_window);
     m_window->update();
     // Deliberately also when the session ended because the window was closed: the next press of
@@ -111,6 +114,13 @@ void WelcomeWindowController::showOffer()
 {
     m_page1->moveIn->setText(m_offer);
     m_page1->moveIn->setVisible(!m_offer.isEmpty());
+}
+
+void WelcomeWindowController::offerToAsk()
+{
+    m_page1->offerToAsk(m_consent.isWanted());
+    m_view->mainContentView->updateGeometry();
+    applyTheme();
 }
 
 void WelcomeWindowController::addShortcut(const QKeySequence &keys,
@@ -178,6 +188,8 @@ void WelcomeWindowController::applyPage1()
     // Deliberately off, whatever the box shows: what is handed over is whether the check box
     // itself, not its state, equals the number 1, and a check box equals no number.
     m_appDelegate.setCheckForUpdates(false);
+    if (m_page1->ask->isVisible() && m_page1->ask->isChecked())
+        m_consent.ask();
     // A key presses the box for a moment first, and the page may be left meanwhile.
     const QCheckBox &moveIn = *m_page1->moveIn;
     if (m_offer.isEmpty() || moveIn.isChecked() == moveIn.isDown())

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 
+class Consent;
 class FrontApplication;
 class SettingsStore;
 class WelcomeActions;
@@ -31,7 +32,7 @@ public:
     /// `storeFolder` is where the history is kept; all else must outlive the controller.
     WelcomeWindowController(WelcomeActions &appDelegate, const SettingsStore &settings,
                             WindowSpace &windowSpace, FrontApplication &frontApplication,
-                            const QString &storeFolder);
+                            Consent &consent, const QString &storeFolder);
     ~WelcomeWindowController() override;
 
     /// Shows the first page and runs the window modally. While it runs already, only brings it to
@@ -68,6 +69,7 @@ private:
     void showPage(int index, PageSlider::Movement movement);
     void applyPage1();
     void showOffer();
+    void offerToAsk();
     void tourClicked();
     void returnPressed();
     void showShortcuts();
@@ -79,6 +81,7 @@ private:
     const SettingsStore &m_settings;
     WindowSpace &m_windowSpace;
     FrontApplication &m_frontApplication;
+    Consent &m_consent;
     const QString m_storeFolder;
     ModalSession m_session;
     std::unique_ptr<WelcomeWindow> m_window;

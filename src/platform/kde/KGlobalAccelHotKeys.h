@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/HotKeys.h"
-#include "platform/typing/HeldShortcuts.h"
 #include "platform/kde/KGlobalAccelService.h"
+#include "platform/typing/HeldShortcuts.h"
 
 #include <QDBusConnection>
 #include <QList>

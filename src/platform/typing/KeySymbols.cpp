@@ -22,7 +22,8 @@ QString nameOfSymbol(xkb_keysym_t symbol)
 QString KeySymbols::americanName(quint32 keyCode)
 {
     const std::optional<quint16> evdevCode = VirtualKey::toEvdev(keyCode);
-    const XkbPointer<xkb_keymap> keymap = Xkb::americanKeymap();
+    // It takes tens of milliseconds to make.
+    static const XkbPointer<xkb_keymap> keymap = Xkb::americanKeymap();
     return evdevCode && keymap
                ? nameOfSymbol(Xkb::plainSymbol(keymap.get(), *evdevCode + kXkbOffset, 0))
                : QString();

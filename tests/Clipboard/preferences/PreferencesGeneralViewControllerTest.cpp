@@ -1,6 +1,7 @@
 #include "Clipboard/preferences/PreferencesGeneralViewController.h"
 
 #include "Clipboard/ApplicationRig.h"
+#include "Clipboard/preferences/DesktopShortcut.h"
 #include "Clipboard/preferences/HistorySizeSlider.h"
 #include "Clipboard/preferences/PictureChoice.h"
 #include "Clipboard/preferences/PreferencesActions.h"
@@ -215,8 +216,12 @@ protected:
 
     MemoryPlatform memory;
     std::vector<std::shared_ptr<ClipItem>> clips;
-    PreferencesGeneralViewController pane{*this, memory.settings, memory.loginItems, memory.hotKeys,
-                                          *memory.platform.capabilities};
+    PreferencesGeneralViewController pane{*this,
+                                          memory.settings,
+                                          memory.loginItems,
+                                          memory.hotKeys,
+                                          *memory.platform.capabilities,
+                                          memory.consent};
 };
 
 TEST_F(GeneralPaneAlone, stopsItsLoadWithoutARecorder)
@@ -457,7 +462,7 @@ TEST_F(GeneralPane, givesLinesToCopyWhereNoProgramCanHaveShortcuts)
     EXPECT_FALSE(pane.openShortcut->isVisible());
     EXPECT_TRUE(table->isVisible());
     QStringList told;
-    for (const QLabel *label : table->findChildren<QLabel *>()) {
+    for (const QLabel *label : table->findChildren<QLabel *>(Qt::FindDirectChildrenOnly)) {
         EXPECT_TRUE(label->isVisible());
         told.append(label->text());
     }
@@ -483,6 +488,53 @@ TEST_F(GeneralPane, givesLinesToCopyWhereNoProgramCanHaveShortcuts)
     memory.hotKeys.setControl(HotKeys::Control::Ours);
     EXPECT_TRUE(pane.openShortcut->isVisible());
     EXPECT_FALSE(table->isVisible());
+}
+
+TEST_F(GeneralPane, offersToHaveTheDesktopAskWhileNothingIsAgreedTo)
+{
+    PreferencesGeneralViewController &pane = start();
+    memory.platform.capabilities->tell(
+        {Capability::Kind::Recording, Capability::State::WorksAfter});
+    openPane();
+    const auto offer = [&pane]() -> QPushButton * {
+        for (QPushButton *button : pane.view()->findChildren<QPushButton *>()) {
+            if (button->isVisible() && button->text() == QStringLiteral("Have the Desktop &Ask…"))
+                return button;
+        }
+        return nullptr;
+    };
+    using State = Consent::State;
+    for (const State state : {State::NotNeeded, State::Asking, State::Given, State::Unavailable}) {
+        memory.consent.setState(state);
+        EXPECT_FALSE(offer()) << int(state);
+    }
+    for (const State state : {State::NotAsked, State::Refused, State::Ended}) {
+        memory.consent.setState(state);
+        ASSERT_TRUE(offer()) << int(state);
+    }
+    EXPECT_EQ(memory.consent.timesAsked(), 0);
+    offer()->click();
+    EXPECT_EQ(memory.consent.timesAsked(), 1);
+}
+
+TEST_F(GeneralPane, leadsToTheDesktopsSettingsWhereThoseChooseTheKeys)
+{
+    PreferencesGeneralViewController &pane = start();
+    openPane();
+    memory.hotKeys.setControl(HotKeys::Control::Desktop);
+    EXPECT_FALSE(pane.openShortcut->isVisible());
+    const QList<DesktopShortcut *> shown = pane.view()->findChildren<DesktopShortcut *>();
+    ASSERT_EQ(shown.size(), 2);
+    const auto *keys = shown.first()->findChild<QLabel *>(QStringLiteral("desktopKeys"));
+    EXPECT_EQ(keys->text(), QStringLiteral("⇧⌘V"));
+    shown.last()->findChild<QPushButton *>()->click();
+    EXPECT_EQ(memory.hotKeys.configurations(), 1);
+
+    const HotKeyId id =
+        memory.hotKeys.idsOf(VirtualKey::kV, CarbonModifiers::kShift | CarbonModifiers::kCommand)
+            .front();
+    Q_EMIT memory.hotKeys.chosenElsewhere(id, {std::nullopt, QStringLiteral("Press Print")});
+    EXPECT_EQ(keys->text(), QStringLiteral("Press Print"));
 }
 
 } // namespace

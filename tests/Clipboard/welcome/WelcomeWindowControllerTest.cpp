@@ -80,6 +80,26 @@ TEST_F(WelcomeRig, anOfferThatComesLateGetsTheRoomThatItNeeds)
     });
 }
 
+TEST_F(WelcomeRig, theDesktopIsHadAskOnceItHasBeenExplainedAndOnlyWithConsent)
+{
+    memory.consent.setState(Consent::State::NotAsked);
+    for (const bool isWanted : {false, true}) {
+        launchAnd([this, isWanted] {
+            const WelcomePage1Controller *page = welcome.welcomePage1ViewController();
+            EXPECT_TRUE(page->ask->isVisible());
+            EXPECT_TRUE(QTest::qWaitFor([page] {
+                return page->height() >= page->layout()->totalHeightForWidth(page->width());
+            }));
+            EXPECT_EQ(memory.consent.timesAsked(), 0);
+            page->ask->setChecked(isWanted);
+            welcome.nextClicked();
+        });
+        EXPECT_EQ(memory.consent.timesAsked(), isWanted ? 1 : 0);
+    }
+    memory.consent.setState(Consent::State::Given);
+    launchAnd([this] { EXPECT_FALSE(welcome.welcomePage1ViewController()->ask->isVisible()); });
+}
+
 struct Close
 {
     const char *name;

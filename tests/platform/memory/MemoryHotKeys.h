@@ -44,8 +44,12 @@ public:
         Q_EMIT controlChanged();
     }
 
+    /// How often the desktop was to show where keys are chosen.
+    int configurations() const { return m_configurations; }
+
     // ^HotKeys
     Control control() const override { return m_control; }
+    void configure() override { ++m_configurations; }
     QString configurationFor(const HotKeyCombination &combination,
                              const QString &word) const override;
     bool registerHotKey(HotKeyId id, quint32 keyCode, quint32 carbonModifiers) override;
@@ -62,4 +66,5 @@ private:
     std::set<Combination> m_lost; ///< Registered, but taken by another program since.
     bool m_isSuspended = false;
     Control m_control = Control::Ours;
+    int m_configurations = 0;
 };
