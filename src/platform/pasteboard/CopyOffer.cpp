@@ -30,25 +30,12 @@ std::shared_ptr<const CopyOffer> CopyOffer::with(const QList<Format> &formats,
 {
     std::shared_ptr<CopyOffer> offer(new CopyOffer(*this));
     offer->m_formats += formats;
-    // Programs paste the first encoding of their own list that is offered. So those that the owner
-    // made from its picture go on being offered, made from the one that was kept.
-    for (const QString &name : PictureFormats::inOrder(names)) {
-        const QList<Format> known = offer->m_formats;
-        const auto kept = std::find_if(known.begin(), known.end(),
-                                       [&](const Format &format) { return format.name == name; });
-        if (kept == known.end())
-            continue;
-        QStringList wanted = names;
-        if (!wanted.contains(PictureFormats::kPng))
-            wanted.append(PictureFormats::kPng);
-        for (const QString &other : PictureFormats::writable(kept->bytes, wanted)) {
-            if (other != name)
-                offer->m_formats.append({other, kept->bytes, [other](const auto &picture) {
-                                             return PictureFormats::convert(picture, other);
-                                         }});
-        }
-        break;
-    }
+    const auto kept = [&](const QString &name) -> std::optional<QByteArray> {
+        const auto format = offer->find(name);
+        return format == offer->m_formats.end() ? std::nullopt : std::optional(format->bytes);
+    };
+    for (const PictureFormats::Encoding &other : PictureFormats::othersOf(names, kept))
+        offer->m_formats.append({other.name, other.picture, other.convert});
     return offer;
 }
 
@@ -60,10 +47,15 @@ QStringList CopyOffer::names() const
     return names;
 }
 
+QList<CopyOffer::Format>::const_iterator CopyOffer::find(const QString &name) const
+{
+    return std::find_if(m_formats.begin(), m_formats.end(),
+                        [&](const Format &offered) { return offered.name == name; });
+}
+
 std::optional<QByteArray> CopyOffer::convert(const QString &name) const
 {
-    const auto format = std::find_if(m_formats.begin(), m_formats.end(),
-                                     [&](const Format &offered) { return offered.name == name; });
+    const auto format = find(name);
     if (format == m_formats.end())
         return std::nullopt;
     return format->convert ? format->convert(format->bytes) : std::optional(format->bytes);

@@ -44,6 +44,8 @@ public:
 private:
     CopyOffer() = default;
 
+    QList<Format>::const_iterator find(const QString &name) const;
+
     std::optional<QByteArray> m_text;
     QList<Format> m_formats;
 };

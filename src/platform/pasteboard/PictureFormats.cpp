@@ -74,6 +74,27 @@ QStringList PictureFormats::writable(const QByteArray &picture, const QStringLis
     return result;
 }
 
+QList<PictureFormats::Encoding>
+PictureFormats::othersOf(const QStringList &listed,
+                         const std::function<std::optional<QByteArray>(const QString &name)> &kept)
+{
+    for (const QString &name : inOrder(listed)) {
+        const std::optional<QByteArray> picture = kept(name);
+        if (!picture)
+            continue;
+        QStringList wanted = listed;
+        if (!wanted.contains(kPng))
+            wanted.append(kPng);
+        wanted.removeAll(name);
+        QList<Encoding> others;
+        for (const QString &other : writable(*picture, wanted))
+            others.append({other, *picture,
+                           [other](const QByteArray &bytes) { return convert(bytes, other); }});
+        return others;
+    }
+    return {};
+}
+
 std::optional<QByteArray> PictureFormats::convert(const QByteArray &picture, const QString &name)
 {
     QBuffer read;

@@ -34,26 +34,15 @@ std::shared_ptr<const SelectionOffer> SelectionOffer::with(const QList<Format> &
 {
     std::shared_ptr<SelectionOffer> offer(new SelectionOffer(*this));
     offer->m_formats += formats;
-    // Programs paste the first encoding of their own list that TARGETS names. So those that the
-    // owner made from its picture go on being listed, made from the one that was kept.
-    const QStringList pictures = PictureFormats::inOrder(atoms.keys());
+    const QStringList listed = atoms.keys();
     atoms[PictureFormats::kPng] = imagePng;
-    for (const QString &name : pictures) {
-        const QList<Format> known = offer->m_formats;
-        const auto kept = std::find_if(known.begin(), known.end(), [&](const Format &format) {
-            return format.target == atoms[name];
-        });
-        if (kept == known.end())
-            continue;
-        for (const QString &other : PictureFormats::writable(kept->data.bytes, atoms.keys())) {
-            if (other != name)
-                offer->m_formats.append(
-                    {atoms[other], {atoms[other], kept->data.bytes}, [other](const auto &picture) {
-                         return PictureFormats::convert(picture, other);
-                     }});
-        }
-        break;
-    }
+    const auto kept = [&](const QString &name) -> std::optional<QByteArray> {
+        const auto format = offer->find(atoms[name]);
+        return format == offer->m_formats.end() ? std::nullopt : std::optional(format->data.bytes);
+    };
+    for (const PictureFormats::Encoding &other : PictureFormats::othersOf(listed, kept))
+        offer->m_formats.append(
+            {atoms[other.name], {atoms[other.name], other.picture}, other.convert});
     return offer;
 }
 
@@ -65,11 +54,15 @@ QList<xcb_atom_t> SelectionOffer::targets() const
     return targets;
 }
 
+QList<SelectionOffer::Format>::const_iterator SelectionOffer::find(xcb_atom_t target) const
+{
+    return std::find_if(m_formats.begin(), m_formats.end(),
+                        [&](const Format &format) { return format.target == target; });
+}
+
 std::optional<SelectionOffer::Data> SelectionOffer::convert(xcb_atom_t target) const
 {
-    const auto format =
-        std::find_if(m_formats.begin(), m_formats.end(),
-                     [&](const Format &candidate) { return candidate.target == target; });
+    const auto format = find(target);
     if (format == m_formats.end())
         return std::nullopt;
     if (!format->convert)

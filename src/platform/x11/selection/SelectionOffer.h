@@ -56,6 +56,8 @@ public:
 private:
     SelectionOffer() = default;
 
+    QList<Format>::const_iterator find(xcb_atom_t target) const;
+
     std::optional<QByteArray> m_text;
     QList<Format> m_formats;
 };
