@@ -48,19 +48,6 @@ class PreferencesJourney(Journey):
         self.app = Quillmarsh(self.desktop, BINARY)
         self.app.open_history("ctrl+alt+k")
 
-    def record(self, *keys):
-        """Records in the open shortcut's recorder."""
-        self.app.key("alt+o", "space", *keys)
-
-    def test_super_w_and_super_q_go_through_a_recording(self):
-        self.open_preferences()
-        self.record("super+w")
-        self.app.wait_until_hidden("Preferences")
-        self.open_preferences()
-        self.record("super+q")
-        self.assertEqual(self.app.process.wait(10), 0)
-        self.app.wait_for_log("Exit")
-
     @made_in("sway")
     def test_an_application_in_the_list_is_not_recorded_until_it_is_taken_out(self):
         window = self.open_applications()

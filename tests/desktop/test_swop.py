@@ -52,16 +52,6 @@ class SwopJourney(Journey):
         self.app.key("Return")
         self.wait_for_text(path, "word\nclip\n")
 
-    @made_in()
-    def test_the_clipboard_answers_during_the_waits(self):
-        self.copy("served throughout")
-        self.editor("gtk", "x", "--select")
-        self.app.open_swop()
-        self.app.key("Return")
-        # The completion blocks the main thread for 0.4 s right after the paste.
-        self.wait_for(lambda: pasteboard(self.desktop) == "served throughout", "an answer", 0.4)
-        self.app.wait_for_clip("x")
-
     @made_in("sway", "labwc")
     def test_a_slow_target_is_given_the_clip_and_not_its_own_selection(self):
         """It takes 250 ms to copy, when our own window is in front, and so long to paste that the

@@ -11,7 +11,6 @@
 #include "shortcut/MASShortcut.h"
 #include "shortcut/MASShortcutBinder.h"
 #include "shortcut/MASShortcutView.h"
-#include "support/ExpectedWarnings.h"
 
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -178,26 +177,6 @@ TEST_F(GeneralPane, saysWhyACombinationCannotBeRecorded)
     EXPECT_TRUE(note("shortcutNote").startsWith(QStringLiteral("A shortcut needs Ctrl or Super")));
     pane.openShortcut->setRecording(false);
     EXPECT_EQ(note("shortcutNote"), usual);
-}
-
-TEST_F(GeneralPane, tellsWhatItLoadsInItsOrder)
-{
-    start();
-    QStringList told;
-    for (const QString &message : ExpectedWarnings::messages()) {
-        if (message.startsWith(QStringLiteral("Loading ")))
-            told.append(message);
-    }
-    const QStringList expected{
-        QStringLiteral("Loading Open at Login preference"),
-        QStringLiteral("Loading launch shortcut preference"),
-        QStringLiteral("Loading swop shortcut preference"),
-        QStringLiteral("Loading max items preference"),
-        QStringLiteral("Loading max string size preference"),
-        QStringLiteral("Loading notifications preference"),
-        QStringLiteral("Loading welcomeWindow preference"),
-    };
-    EXPECT_EQ(told, expected);
 }
 
 /// The pane without an application.
@@ -368,6 +347,7 @@ TEST_F(GeneralPane, keepsTheSizeWhileItIsTypedAndPutsTheLastOneBackIntoAnEmptyFi
     QLineEdit &field = *pane.maxStringSizeTextField;
     retype(field, QStringLiteral("2500"));
     EXPECT_EQ(pane.getMaxStringSize(), 2500);
+    EXPECT_EQ(memory.pasteboard.maxUsefulText(), 2500);
     EXPECT_EQ(stored(QStringLiteral("maxStringSize")), QVariant(qlonglong(2500)));
     EXPECT_EQ(note("maxStringSizeReading"), QStringLiteral("= 2.5 KB"));
     retype(field, QString());
@@ -431,18 +411,6 @@ TEST_F(GeneralPane, tellsWhatTheDesktopDoesAtLoginOtherThanTheBoxSays)
     pane.openAtLoginCB->click();
     EXPECT_EQ(memory.loginItems.programs(), QStringList{us});
     EXPECT_TRUE(note("openAtLoginNote").contains(QStringLiteral("all the same")));
-}
-
-TEST_F(GeneralPane, putsTheWelcomesMessageOnThePasteboardOnlyOnce)
-{
-    PreferencesGeneralViewController &pane = start();
-    pane.setWelcomeWindowShown();
-    pane.setWelcomeWindowShown();
-    EXPECT_TRUE(pane.welcomeWindowShown());
-    EXPECT_EQ(stored(QStringLiteral("welcomeWindowShown")), QVariant(true));
-    ASSERT_EQ(memory.pasteboard.writes().size(), 1);
-    EXPECT_EQ(memory.pasteboard.writes().first().text, QStringLiteral("Quillmarsh setup complete"));
-    EXPECT_FALSE(memory.pasteboard.writes().first().rtf);
 }
 
 TEST_F(GeneralPane, givesLinesToCopyWhereNoProgramCanHaveShortcuts)

@@ -128,18 +128,6 @@ TEST_F(ViewControllerTest, deletingMovesTheSelectionByItsRule)
     EXPECT_TRUE(controller->textView()->toPlainText().isEmpty());
 }
 
-TEST_F(ViewControllerTest, typingNarrowsTheListAndSelectsItsFirstRow)
-{
-    addAll({QStringLiteral("apple"), QStringLiteral("pear"), QStringLiteral("grape")});
-    delegate.launch();
-    controller->next();
-    QTest::keyClicks(field, QStringLiteral("AP"));
-    EXPECT_EQ(listed(), (QStringList{QStringLiteral("grape"), QStringLiteral("apple")}));
-    EXPECT_EQ(selected(), QStringLiteral("grape"));
-    QTest::keyClick(field, Qt::Key_Backspace);
-    EXPECT_EQ(listed().size(), 3);
-}
-
 TEST_F(ViewControllerTest, theSelectionFollowsItsClip)
 {
     addAll(kThree);
@@ -223,22 +211,6 @@ TEST_F(ViewControllerTest, aSwopSaysWhetherItHoldsASelectionAndWhose)
         controller->hide();
         EXPECT_TRUE(notice->isHidden());
     }
-}
-
-TEST_F(ViewControllerTest, hidingMakesTheNextOpeningFresh)
-{
-    addAll(kThree);
-    delegate.launch();
-    QTest::keyClicks(field, QStringLiteral("c"));
-    controller->hide();
-    EXPECT_FALSE(delegate.window()->isVisible());
-    EXPECT_FALSE(controller->isWindowKey());
-    EXPECT_EQ(field->text(), QString());
-    EXPECT_EQ(delegate.getClipItemArr().size(), 3U);
-    add(QStringLiteral("new"));
-    delegate.launch();
-    EXPECT_EQ(selected(), QStringLiteral("new"));
-    EXPECT_EQ(listed().size(), 4);
 }
 
 TEST_F(ViewControllerTest, thePreviewIsMadeAnewOnlyForAnotherClipOrWhenForced)
