@@ -39,15 +39,6 @@ class PreferencesJourney(Journey):
         self.editor("qt", text, "--select")
         self.app.key("ctrl+c")
 
-    def test_a_recorded_shortcut_opens_the_history_at_once_and_after_a_restart(self):
-        self.open_preferences()
-        self.app.key("alt+o", "space", "ctrl+alt+k", "Escape")
-        self.app.wait_until_hidden("Preferences")
-        self.app.open_history("ctrl+alt+k")
-        self.assertEqual(self.app.quit(), 0)
-        self.app = Quillmarsh(self.desktop, BINARY)
-        self.app.open_history("ctrl+alt+k")
-
     @made_in("sway")
     def test_an_application_in_the_list_is_not_recorded_until_it_is_taken_out(self):
         window = self.open_applications()

@@ -4,8 +4,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <SQLiteCpp/SQLiteCpp.h>
-
 #include <gtest/gtest.h>
 
 namespace {
@@ -16,11 +14,6 @@ protected:
     StoreFolder m_folder;
     HistoryRig m_rig{m_folder.path()};
 };
-
-QStringList list(const char *words)
-{
-    return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts);
-}
 
 TEST_F(ClipHistoryTest, aFreshHistoryIsEmptyAndWhatIsAddedIsThereAfterARestart)
 {
@@ -114,7 +107,7 @@ TEST_P(SetClock, leavesTheNewestCopyAtTheTopAndTheOldestToGo)
     const StoreFolder folder;
     HistoryRig(folder.path()).history.loadClipItems();
     {
-        SQLite::Database database(folder.file().toStdString(), SQLite::OPEN_READWRITE);
+        SQLite::Database database = folder.database();
         const QStringList dates = list(GetParam().storedDates);
         for (int i = 0; i < dates.size(); ++i)
             database.exec(QStringLiteral("INSERT INTO ClipItem (strValue, createDate) VALUES "
@@ -124,8 +117,7 @@ TEST_P(SetClock, leavesTheNewestCopyAtTheTopAndTheOldestToGo)
     }
     const auto fill = [](HistoryRig &rig, const char *texts) {
         rig.settings.maxItems = 3;
-        for (const QString &text : list(texts))
-            rig.add(text);
+        rig.fill(texts);
     };
     HistoryRig rig(folder.path());
     fill(rig, "A");

@@ -2,25 +2,13 @@
 
 #include "support/ExpectedWarnings.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
-
 #include <gtest/gtest.h>
 
 namespace {
 
-QStringList list(const char *words)
-{
-    return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts);
-}
-
 class ClipPinsTest : public testing::Test
 {
 protected:
-    void fill(const char *texts)
-    {
-        for (const QString &text : list(texts))
-            rig->add(text);
-    }
     std::shared_ptr<ClipItem> clip(const char *text) const
     {
         const auto &all = rig->history.clipItemArr();
@@ -43,13 +31,9 @@ protected:
         return texts;
     }
     void restart() { rig = std::make_unique<HistoryRig>(m_folder.path()); }
-    SQLite::Database database() const
-    {
-        return SQLite::Database(m_folder.file().toStdString(), SQLite::OPEN_READWRITE, 1000);
-    }
     /// As another program does it.
-    void execute(const char *statements) const { database().exec(statements); }
-    int count(const char *query) const { return database().execAndGet(query).getInt(); }
+    void execute(const char *statements) const { m_folder.database().exec(statements); }
+    int count(const char *query) const { return m_folder.database().execAndGet(query).getInt(); }
 
     StoreFolder m_folder;
     std::unique_ptr<HistoryRig> rig = std::make_unique<HistoryRig>(m_folder.path());
@@ -57,7 +41,7 @@ protected:
 
 TEST_F(ClipPinsTest, aStoreWithoutPinsIsAsItEverWas)
 {
-    fill("A B");
+    rig->fill("A B");
     pin("A", false);
     EXPECT_EQ(count("SELECT count(*) FROM sqlite_schema WHERE name LIKE 'ClipPin%'"), 0);
     pin("A");
@@ -66,10 +50,10 @@ TEST_F(ClipPinsTest, aStoreWithoutPinsIsAsItEverWas)
 
 TEST_F(ClipPinsTest, trimmingPassesPinnedClipsOverAndClearAllDoesNot)
 {
-    fill("A B C D");
+    rig->fill("A B C D");
     pin("A");
     rig->settings.maxItems = 4;
-    fill("E");
+    rig->fill("E");
     EXPECT_EQ(rig->texts(), list("E D C A"));
     restart();
     EXPECT_EQ(pinned(), list("A"));
@@ -78,13 +62,13 @@ TEST_F(ClipPinsTest, trimmingPassesPinnedClipsOverAndClearAllDoesNot)
     rig->settings.maxItems = 2;
     pin("D");
     pin("E");
-    fill("F G");
+    rig->fill("F G");
     EXPECT_EQ(rig->texts(), list("G E D A")) << "a copy is kept where all others are pinned";
-    fill("A");
+    rig->fill("A");
     EXPECT_EQ(rig->texts(), list("A E D")) << "copied again, it moves and keeps its pin";
     EXPECT_EQ(pinned(), list("A E D"));
     pin("D", false);
-    fill("H");
+    rig->fill("H");
     EXPECT_EQ(rig->texts(), list("H A E"));
     rig->history.clearAll();
     EXPECT_EQ(rig->texts(), QStringList());
@@ -93,7 +77,7 @@ TEST_F(ClipPinsTest, trimmingPassesPinnedClipsOverAndClearAllDoesNot)
 
 TEST_F(ClipPinsTest, onlyPinnedClipsAreFoundWhileThatIsAskedFor)
 {
-    fill("one two three");
+    rig->fill("one two three");
     pin("one");
     pin("three");
     rig->history.setPinnedOnly(true);
@@ -111,7 +95,7 @@ TEST_F(ClipPinsTest, onlyPinnedClipsAreFoundWhileThatIsAskedFor)
 
 TEST_F(ClipPinsTest, anotherProgramsPinsAndDeletionsCount)
 {
-    fill("A B C");
+    rig->fill("A B C");
     pin("C");
     execute("INSERT INTO ClipPin SELECT pk FROM ClipItem WHERE strValue = 'A'");
     rig->history.maxItemsModified(1);
@@ -142,7 +126,7 @@ class DamagedPins : public ClipPinsTest, public testing::WithParamInterface<Dama
 
 TEST_P(DamagedPins, costNoClip)
 {
-    fill("A B C");
+    rig->fill("A B C");
     pin("A");
     rig.reset();
     execute(GetParam().statements);
@@ -152,7 +136,7 @@ TEST_P(DamagedPins, costNoClip)
         ExpectedWarnings::expect(QStringLiteral("The pin could not be kept: "));
     pin("B");
     EXPECT_EQ(clip("B")->isPinned(), GetParam().takesPins);
-    fill("D");
+    rig->fill("D");
     rig->history.deleteItem(clip("C"));
     EXPECT_EQ(rig->texts(), list("D B A"));
     restart();
@@ -176,7 +160,7 @@ INSTANTIATE_TEST_SUITE_P(Damages, DamagedPins, testing::ValuesIn(kDamages),
 
 TEST_F(ClipPinsTest, whileTheStoreDoesNotTellItsPinsNothingIsTrimmed)
 {
-    fill("A B C");
+    rig->fill("A B C");
     pin("A");
     rig.reset();
     const int page = count("SELECT rootpage FROM sqlite_schema WHERE name = 'ClipPin'");
@@ -190,7 +174,7 @@ TEST_F(ClipPinsTest, whileTheStoreDoesNotTellItsPinsNothingIsTrimmed)
     ExpectedWarnings::expect(QStringLiteral("The history could not be read: "));
     restart();
     rig->settings.maxItems = 2;
-    fill("D");
+    rig->fill("D");
     rig->history.maxItemsModified(1);
     EXPECT_EQ(rig->texts(), list("D C B A"));
 }

@@ -23,13 +23,7 @@ namespace {
 class ClipStoreTest : public testing::Test
 {
 protected:
-    SQLite::Database database() const
-    {
-        QDir().mkpath(m_folder.path());
-        return SQLite::Database(m_folder.file().toStdString(),
-                                SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, 1000);
-    }
-    void execute(const char *statements) const { database().exec(statements); }
+    void execute(const char *statements) const { m_folder.database().exec(statements); }
 
     QByteArray bytesOf(const char *suffix = "") const
     {
@@ -174,7 +168,7 @@ TEST_F(ClipStoreTest, whatIsNoDatabaseIsRefusedUntouched)
 
 TEST_F(ClipStoreTest, aNewerStoreWhoseWriterCrashedKeepsItsWriteAheadLog)
 {
-    SQLite::Database writer = database();
+    SQLite::Database writer = m_folder.database();
     writer.exec("PRAGMA journal_mode = WAL; PRAGMA user_version = 2; CREATE TABLE Later (x)");
     const QByteArray log = bytesOf("-wal");
     ASSERT_FALSE(log.isEmpty());
@@ -201,7 +195,7 @@ TEST_F(ClipStoreTest, aProcessKilledInABurstLeavesEverythingItSaved)
     ASSERT_TRUE(probe->waitForFinished());
     output += probe->readAllStandardOutput();
     const auto saved = output.left(output.lastIndexOf('\n')).split('\n').size();
-    EXPECT_EQ(database().execAndGet("PRAGMA integrity_check").getString(), "ok");
+    EXPECT_EQ(m_folder.database().execAndGet("PRAGMA integrity_check").getString(), "ok");
     const QStringList texts = HistoryRig(m_folder.path()).texts();
     // One more may have been saved that was not told.
     ASSERT_GE(texts.size(), std::min<qsizetype>(saved, 1000));
@@ -263,7 +257,7 @@ TEST_F(ClipStoreTest, whatCouldNotBeSavedIsReadSearchedAndSavedByTheNextSave)
     EXPECT_EQ(rig.at(0)->pasteCount(), 0);
     EXPECT_EQ(rig.at(0)->shortText(), QStringLiteral("File: /tmp/x"));
     EXPECT_EQ(rig.history.searchClipItem(QStringLiteral("file: UNSAVED*xx")).size(), 1u);
-    EXPECT_EQ(database().execAndGet("SELECT count(*) FROM ClipItem").getInt(), 2);
+    EXPECT_EQ(m_folder.database().execAndGet("SELECT count(*) FROM ClipItem").getInt(), 2);
     rig.add(QStringLiteral("B"));
     const HistoryRig again(m_folder.path());
     EXPECT_EQ(again.texts(), (QStringList{QStringLiteral("B"), unsaved}));
@@ -274,7 +268,7 @@ TEST_F(ClipStoreTest, aStoreLockedByAnotherProgramDelaysASaveAndLosesNothing)
 {
     HistoryRig rig(m_folder.path());
     {
-        SQLite::Database other = database();
+        SQLite::Database other = m_folder.database();
         other.exec("BEGIN IMMEDIATE");
         ExpectedWarnings::expect(QStringLiteral("database is locked"));
         ExpectedWarnings::expect(QStringLiteral("database is locked"));
@@ -331,7 +325,7 @@ TEST_F(ClipStoreTest, whatIsNotSavedYetOutlivesTheChangesOfOthers)
     HistoryRig rig(m_folder.path());
     rig.add(QStringLiteral("A"));
     {
-        SQLite::Database other = database();
+        SQLite::Database other = m_folder.database();
         other.exec("BEGIN IMMEDIATE; INSERT INTO ClipItem (strValue, createDate) VALUES ('X', 4)");
         for (int i = 0; i < 2; ++i)
             ExpectedWarnings::expect(QStringLiteral("database is locked"));
@@ -382,7 +376,7 @@ TEST_F(ClipStoreTest, aStoreThatCannotBeWrittenIsShownAndTakesNothing)
             break;
         SCOPED_TRACE(row.name);
         if (row.log && !row.log->isEmpty()) {
-            SQLite::Database writer = database();
+            SQLite::Database writer = m_folder.database();
             sqlite3_db_config(writer.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
             writer.exec("PRAGMA user_version = 1");
         } else if (row.log) {

@@ -5,25 +5,13 @@
 #include <QFile>
 #include <QTest>
 
-#include <SQLiteCpp/SQLiteCpp.h>
-
 #include <gtest/gtest.h>
 
 namespace {
 
-QStringList list(const char *words)
-{
-    return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts);
-}
-
 class DeletedClipsTest : public testing::Test
 {
 protected:
-    void fill(const char *texts)
-    {
-        for (const QString &text : list(texts))
-            rig.add(text);
-    }
     void remove(const char *texts)
     {
         ClipHistory::Items items = rig.history.clipItemArr();
@@ -37,14 +25,10 @@ protected:
         rig.settings.maxItems = maxItems;
         rig.history.maxItemsModified(maxItems);
     }
-    SQLite::Database database() const
-    {
-        return SQLite::Database(m_folder.file().toStdString(), SQLite::OPEN_READWRITE, 1000);
-    }
     /// Every value of every record, and the pins.
     QStringList stored() const
     {
-        SQLite::Database store = database();
+        SQLite::Database store = m_folder.database();
         QStringList records;
         const bool hasPins =
             SQLite::Statement(store, "SELECT 1 FROM sqlite_schema WHERE name = 'ClipPin'")
@@ -82,11 +66,11 @@ TEST_F(DeletedClipsTest, whatIsBroughtBackIsAsItWas)
 {
     rig.history.addToClipList({QStringLiteral("file.txt"), QStringLiteral("{\\rtf1 needle}"),
                                QStringLiteral("Editor"), QStringLiteral("/tmp/file.txt")});
-    fill("A B");
+    rig.fill("A B");
     // As older stores and other programs have them: without a date or a text, with an id, of one
     // moment.
-    database().exec("INSERT INTO ClipItem (id, strValue, createDate) VALUES (7, 'X', 5), "
-                    "(NULL, 'Y', 5), (NULL, 'none', NULL), (NULL, NULL, 6)");
+    m_folder.database().exec("INSERT INTO ClipItem (id, strValue, createDate) VALUES (7, 'X', 5), "
+                             "(NULL, 'Y', 5), (NULL, 'none', NULL), (NULL, NULL, 6)");
     rig.history.loadForeignChanges();
     rig.history.countPaste(rig.at(2));
     rig.history.countPaste(rig.at(2));
@@ -122,7 +106,7 @@ TEST_F(DeletedClipsTest, whatIsBroughtBackIsAsItWas)
 
 TEST_F(DeletedClipsTest, whatIsHeldIsInNoFile)
 {
-    fill("needle-one needle-two needle-three");
+    rig.fill("needle-one needle-two needle-three");
     rig.history.setPinned({rig.at(0)}, true);
     remove("needle-one");
     EXPECT_FALSE(isInFiles("needle-one"));
@@ -155,7 +139,7 @@ TEST_P(Fit, isWhatWouldBeThereWithoutTheDeletion)
 {
     const FitRow &row = GetParam();
     rig.settings.maxItems = 5;
-    fill("1 2 3 4 5");
+    rig.fill("1 2 3 4 5");
     const QStringList pinned = list(row.pinned);
     for (const auto &item : rig.history.clipItemArr())
         if (pinned.contains(*item->strValue()))
@@ -165,7 +149,7 @@ TEST_P(Fit, isWhatWouldBeThereWithoutTheDeletion)
     else
         remove(row.deleted);
     limit(row.maxItems);
-    fill(row.copied);
+    rig.fill(row.copied);
     EXPECT_EQ(rig.history.bringBack().unfit, row.unfit);
     EXPECT_EQ(rig.texts(), list(row.texts));
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list(row.texts));
@@ -193,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, Fit, testing::ValuesIn(kFits),
 
 TEST_F(DeletedClipsTest, aHistoryLongerThanItsLimitLosesNothingByADeletionTakenBack)
 {
-    fill("1 2 3 4 5");
+    rig.fill("1 2 3 4 5");
     rig.settings.maxItems = 3;
     remove("4");
     EXPECT_EQ(rig.history.bringBack().unfit, 0);
@@ -202,9 +186,9 @@ TEST_F(DeletedClipsTest, aHistoryLongerThanItsLimitLosesNothingByADeletionTakenB
 
 TEST_F(DeletedClipsTest, aKeyThatAnotherClipHasByNowIsReplaced)
 {
-    fill("A B");
+    rig.fill("A B");
     remove("B");
-    database().exec("INSERT INTO ClipItem (strValue, createDate) VALUES ('foreign', 1)");
+    m_folder.database().exec("INSERT INTO ClipItem (strValue, createDate) VALUES ('foreign', 1)");
     EXPECT_EQ(rig.history.bringBack().newest->strValue(), QStringLiteral("B"));
     EXPECT_EQ(rig.texts(), list("B A foreign"));
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("B A foreign"));
@@ -212,8 +196,8 @@ TEST_F(DeletedClipsTest, aKeyThatAnotherClipHasByNowIsReplaced)
 
 TEST_F(DeletedClipsTest, whatTheDiskRefusesIsBroughtBackAllTheSame)
 {
-    fill("A B");
-    SQLite::Database other = database();
+    rig.fill("A B");
+    SQLite::Database other = m_folder.database();
     remove("A");
     other.exec("BEGIN IMMEDIATE");
     ExpectedWarnings::expect(QStringLiteral("database is locked"));

@@ -10,14 +10,23 @@
 #include "history/SwopState.h"
 #include "platform/memory/MemoryPlatform.h"
 
+#include <QDir>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <SQLiteCpp/SQLiteCpp.h>
 
 #include <ostream>
 
 inline std::ostream &operator<<(std::ostream &out, const QStringList &list)
 {
     return out << list.join(QStringLiteral(" | ")).toStdString();
+}
+
+/// Of one-word clips.
+inline QStringList list(const char *words)
+{
+    return QString::fromUtf8(words).split(u' ', Qt::SkipEmptyParts);
 }
 
 class TestSettings : public CaptureSettings
@@ -48,6 +57,13 @@ public:
     {
         return path() + QStringLiteral("/Quillmarsh.sqlite") + QLatin1String(suffix);
     }
+    /// As another program opens it.
+    SQLite::Database database() const
+    {
+        QDir().mkpath(path());
+        return SQLite::Database(file().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
+                                1000);
+    }
 
 private:
     QTemporaryDir m_directory;
@@ -66,6 +82,11 @@ public:
     {
         platform.clock.advance(std::chrono::seconds(1));
         history.addToClipList({text, std::nullopt, QStringLiteral("Editor"), filepath});
+    }
+    void fill(const char *texts)
+    {
+        for (const QString &text : list(texts))
+            add(text);
     }
     QStringList texts() const { return textsOf(history.clipItemArr()); }
     std::shared_ptr<ClipItem> at(std::size_t row) const { return history.clipItemArr().at(row); }
