@@ -16,7 +16,11 @@ SIGN = """
 class AgreedJourney(Journey):
     def setUp(self):
         super().setUp()
-        self.app.wait_for_log("recording: works")
+        self.await_consent()
+
+    def await_consent(self):
+        self.app.wait_for_log("recording: works", seconds=30)
+        self.app.wait_for_log("the desktop's keys for swopShortCut", seconds=30)
 
     def copy_in(self, kind, text):
         """Types the chord for a copy in an editor that has the text selected."""
@@ -85,7 +89,7 @@ class AgreedJourney(Journey):
         self.copy("kept")
         self.assertEqual(self.app.quit(), 0)
         self.app = Quillmarsh(self.desktop, BINARY)
-        self.app.wait_for_log("recording: works")
+        self.await_consent()
         self.assertEqual(self.desktop.windows(), [])
         self.copy("new")
         self.assertEqual(self.app.clips()[:2], ["new", "kept"])

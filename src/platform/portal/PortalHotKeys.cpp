@@ -201,6 +201,7 @@ void PortalHotKeys::tell(const QString &name, const QString &description)
     const std::vector<HotKeyId> ids = idsOf(name);
     if (ids.empty())
         return;
+    qCInfo(lcHotKeys).noquote() << "the desktop's keys for" << name << "are:" << description;
     HotKeyChoice choice;
     choice.combination = PortalTriggers::combinationIn(description, m_layout);
     // Without keys it stays ours, and the desktop tells when it gets some.
