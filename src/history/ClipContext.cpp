@@ -4,6 +4,8 @@
 #include "history/HistoryLog.h"
 #include "history/KeptPictures.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <limits>
 #include <unordered_map>
@@ -42,6 +44,32 @@ ClipContext::ClipContext(const QString &storeFolder)
 
 ClipContext::~ClipContext() = default;
 
+/// Whether what is written is kept. What was in a store that is gone is gone, too; what is not
+/// saved yet comes into the one that is in its place.
+bool ClipContext::followStore()
+{
+    const ClipStore::Place place = m_store.follow();
+    if (place != ClipStore::Place::Another)
+        return place == ClipStore::Place::Same;
+    qCWarning(lcHistory, "The history's file was taken away; another one is in its place");
+    m_isAnother = true;
+    m_deletedPks.clear();
+    std::erase_if(m_changed, [](const std::shared_ptr<ClipItem> &item) {
+        return item->m_pk != 0 && !item->m_unsaved->clip;
+    });
+    for (const std::shared_ptr<ClipItem> &item : m_changed) {
+        item->m_pk = 0;
+        item->m_unsaved->pk = 0;
+    }
+    return true;
+}
+
+bool ClipContext::isChangedByOthers()
+{
+    followStore();
+    return m_isAnother || m_store.isChangedByOthers();
+}
+
 std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
 {
     const std::optional<std::vector<ClipStore::Row>> rows = m_store.readRows();
@@ -54,6 +82,8 @@ std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
     for (const std::shared_ptr<ClipItem> &item : known) {
         if (item->m_pk == 0)
             fetched.items.push_back(item);
+        else if (m_isAnother)
+            fetched.gone.push_back(item);
         else
             knownByPk.emplace(item->m_pk, item);
     }
@@ -77,6 +107,7 @@ std::optional<ClipContext::Fetched> ClipContext::fetch(const Items &known)
     }
     for (const auto &[pk, item] : knownByPk)
         fetched.gone.push_back(item);
+    m_isAnother = false;
     return fetched;
 }
 
@@ -213,6 +244,11 @@ void ClipContext::save()
 {
     if (!hasChanges())
         return;
+    if (!followStore()) {
+        const auto reason = QStringLiteral("its file was taken away");
+        qCCritical(lcHistory).noquote() << StoreError::ofSqlite(SQLITE_CANTOPEN, reason).logLine();
+        return;
+    }
     std::vector<ClipChange> changes;
     changes.reserve(m_changed.size());
     for (const std::shared_ptr<ClipItem> &item : m_changed)

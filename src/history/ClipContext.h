@@ -33,6 +33,9 @@ public:
 
     ClipStore &store() { return m_store; }
 
+    /// Whether the store has changed since the last fetch(), by another program or because there is
+    /// another one in its place.
+    bool isChangedByOthers();
     /// The clips of all records that are not deleted, those in `known` as the objects they are,
     /// with what is not saved yet; absent when they cannot be read. Nothing that was read before
     /// counts.
@@ -79,6 +82,7 @@ public:
     void forgetShortText(const ClipItem &item);
 
 private:
+    bool followStore();
     void touch(const std::shared_ptr<ClipItem> &item);
     void rememberText(qint64 pk, const QString &text);
     void forgetValues();
@@ -89,6 +93,7 @@ private:
     ClipStore m_store;
     Items m_changed; ///< Each once, in the order of their first change.
     std::vector<qint64> m_deletedPks;
+    bool m_isAnother = false; ///< The store is, since the last fetch().
 
     QCache<qint64, ClipStore::Details> m_details;
     QCache<qint64, QString> m_texts;

@@ -21,6 +21,9 @@ namespace {
 /// Shorter than a frame, so that work while idle is never seen.
 constexpr auto kIdleSlice = 4ms;
 constexpr auto kLogDelay = 1min;
+/// Before what could not be saved is tried again, and each time twice as long.
+constexpr auto kFirstSaveDelay = 1s;
+constexpr std::chrono::seconds kLastSaveDelay = 1min;
 
 bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipItem> &other)
 {
@@ -31,20 +34,22 @@ bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipIte
 
 ClipHistory::ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettings &settings)
     : m_clock(clock), m_settings(settings), m_context(storeFolder), m_index(m_context),
-      m_pictures(storeFolder)
+      m_pictures(storeFolder), m_saveDelay(kFirstSaveDelay)
 {
     m_idleTimer.setInterval(0);
     connect(&m_idleTimer, &QTimer::timeout, this, &ClipHistory::workWhileIdle);
     m_logTimer.setSingleShot(true);
     m_logTimer.setInterval(kLogDelay);
     connect(&m_logTimer, &QTimer::timeout, this, &ClipHistory::emptyLog);
+    m_saveTimer.setSingleShot(true);
+    connect(&m_saveTimer, &QTimer::timeout, this, &ClipHistory::saveAgain);
 }
 
 ClipHistory::~ClipHistory() = default;
 
 void ClipHistory::loadClipItems()
 {
-    if (!m_isFetched || m_context.store().isChangedByOthers())
+    if (!m_isFetched || m_context.isChangedByOthers())
         fetch();
     m_found.clear();
     m_shown = &m_history;
@@ -54,7 +59,7 @@ void ClipHistory::loadClipItems()
 
 void ClipHistory::loadForeignChanges()
 {
-    if (m_isFetched && m_context.store().isChangedByOthers())
+    if (m_isFetched && m_context.isChangedByOthers())
         loadClipItems();
 }
 
@@ -99,6 +104,31 @@ void ClipHistory::emptyLog()
         m_idleTimer.start();
     else
         m_logTimer.start();
+}
+
+void ClipHistory::saveContext()
+{
+    m_context.save();
+    if (!m_context.hasChanges()) {
+        m_saveTimer.stop();
+        m_saveDelay = kFirstSaveDelay;
+    } else if (!m_saveTimer.isActive()) {
+        m_saveTimer.start(m_saveDelay);
+        m_saveDelay = std::min(m_saveDelay * 2, kLastSaveDelay);
+    }
+}
+
+/// A disk that was full has room again, or another program has let go of the store.
+void ClipHistory::saveAgain()
+{
+    saveContext();
+    if (m_context.hasChanges())
+        return;
+    loadForeignChanges();
+    // What was deleted then has left its traces behind until now.
+    m_mayPicturesBeGone = true;
+    dropPictures();
+    emptyLog();
 }
 
 bool ClipHistory::isNilOrEmpty(const std::optional<QString> &text)

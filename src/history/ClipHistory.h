@@ -10,6 +10,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -57,8 +58,8 @@ public:
     /// Loads when another program has changed the store since the last load.
     void loadForeignChanges();
     /// Saves what is unsaved, if anything. What cannot be saved is logged, stays part of what is
-    /// read, and is tried again by the next save.
-    void saveContext() { m_context.save(); }
+    /// read, and is tried again by the next save, which comes by itself after a while.
+    void saveContext();
 
     /// Records one copy. A text equal to the latest clip's changes nothing; one that is in the
     /// history already moves to the top; a full list loses its single oldest clip. HTML comes into
@@ -138,6 +139,7 @@ private:
     std::vector<ClipChange> trimmed(Items &restored, const DeletedClips::Step &step);
     void workWhileIdle();
     void emptyLog();
+    void saveAgain();
 
     Clock &m_clock;
     CaptureSettings &m_settings;
@@ -155,5 +157,7 @@ private:
     KeptPictures m_pictures;
     bool m_mayPicturesBeGone = true; ///< Clips are gone whose pictures may still be there.
     QTimer m_idleTimer;              ///< Fires while there is nothing else to do.
-    QTimer m_logTimer; ///< Empties the write-ahead log a while after clips were trimmed.
+    QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.
+    QTimer m_saveTimer; ///< Runs while there is something that could not be saved.
+    std::chrono::seconds m_saveDelay; ///< Before the next time that it fires.
 };

@@ -6,6 +6,7 @@
 #include "history/LogCarrier.h"
 #include "history/StoreModel.h"
 #include "history/StoreOpening.h"
+#include "history/StoredTextReader.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
@@ -35,43 +36,6 @@ std::vector<qint64> pksWhere(SQLite::Database &database, const char *condition)
 
 } // namespace
 
-/// Reads the beginnings of texts one after another, without loading the rest of long ones. While
-/// it is open the write-ahead log cannot be emptied.
-class ClipStore::TextReader
-{
-public:
-    explicit TextReader(SQLite::Database &database) : m_database(database.getHandle()) {}
-    ~TextReader() { sqlite3_blob_close(m_blob); }
-    TextReader(const TextReader &) = delete;
-    TextReader &operator=(const TextReader &) = delete;
-
-    std::optional<TextStart> read(qint64 pk, qint64 limit)
-    {
-        if (!moveTo(pk))
-            return std::nullopt;
-        const int size = sqlite3_blob_bytes(m_blob);
-        QByteArray bytes(static_cast<int>(std::min<qint64>(size, limit)), Qt::Uninitialized);
-        if (sqlite3_blob_read(m_blob, bytes.data(), static_cast<int>(bytes.size()), 0) != SQLITE_OK)
-            return std::nullopt;
-        return TextStart{bytes, size};
-    }
-
-private:
-    bool moveTo(qint64 pk)
-    {
-        if (m_blob && sqlite3_blob_reopen(m_blob, pk) == SQLITE_OK)
-            return true;
-        // A record without a text leaves the handle useless.
-        sqlite3_blob_close(m_blob);
-        m_blob = nullptr;
-        return sqlite3_blob_open(m_database, "main", "ClipItem", "strValue", pk, 0, &m_blob) ==
-               SQLITE_OK;
-    }
-
-    sqlite3 *m_database;
-    sqlite3_blob *m_blob = nullptr;
-};
-
 ClipStore::ClipStore(const QString &folder) : m_folder(folder) {}
 
 ClipStore::~ClipStore() = default;
@@ -83,6 +47,28 @@ SQLite::Database &ClipStore::database()
         m_logCarrier = std::make_unique<LogCarrier>(m_database->getHandle());
     }
     return *m_database;
+}
+
+ClipStore::Place ClipStore::follow()
+{
+    // Of a file that was replaced, or went with its folder, nothing written is ever seen again.
+    int isElsewhere = 0;
+    if (!m_database ||
+        sqlite3_file_control(m_database->getHandle(), "main", SQLITE_FCNTL_HAS_MOVED,
+                             &isElsewhere) != SQLITE_OK ||
+        isElsewhere == 0)
+        return Place::Same;
+    closeTextStart();
+    std::unique_ptr<SQLite::Database> another = openClipStoreAnew(m_folder);
+    if (!another)
+        return Place::Nowhere;
+    // Closed as ever it would take the new one's log along, which has the name of its own.
+    sqlite3_db_config(m_database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    m_logCarrier.reset();
+    m_database = std::move(another);
+    m_logCarrier = std::make_unique<LogCarrier>(m_database->getHandle());
+    m_isHeld = false;
+    return Place::Another;
 }
 
 bool ClipStore::isReadOnly()
@@ -226,7 +212,7 @@ std::optional<std::vector<ClipChange>> ClipStore::readRecords(const std::vector<
 std::optional<ClipStore::TextStart> ClipStore::readTextStart(qint64 pk, qint64 limit)
 {
     if (!m_textReader)
-        m_textReader = std::make_unique<TextReader>(database());
+        m_textReader = std::make_unique<StoredTextReader>(database().getHandle());
     return m_textReader->read(pk, limit);
 }
 
@@ -263,10 +249,21 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
             changes[i].pk = pks[i];
             changes[i].isPinned = pins[i];
         }
+        setHeld(false);
         return std::nullopt;
     } catch (const SQLite::Exception &exception) {
+        if (exception.getErrorCode() == SQLITE_BUSY)
+            setHeld(true);
         return StoreError::ofSqlite(exception.getErrorCode(), QString::fromUtf8(exception.what()));
     }
+}
+
+/// Whoever holds the store for longer than is waited is waited for once, and then no more until he
+/// has let go.
+void ClipStore::setHeld(bool isHeld)
+{
+    if (std::exchange(m_isHeld, isHeld) != isHeld)
+        sqlite3_busy_timeout(m_database->getHandle(), isHeld ? 0 : kStoreBusyMilliseconds);
 }
 
 /// Whether the clip is pinned then.

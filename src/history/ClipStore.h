@@ -13,6 +13,7 @@
 #include <vector>
 
 class LogCarrier;
+class StoredTextReader;
 namespace SQLite {
 class Database;
 }
@@ -56,6 +57,14 @@ public:
 
     /// Opens the file unless it is open.
     void open() { database(); }
+    enum class Place {
+        Same,    ///< The open file is the one at the store's place.
+        Another, ///< It was not, and is from now on: no key that was known means anything any more.
+        Nowhere, ///< It is not, and there can be none; what is written is lost.
+    };
+    /// Opens the file that is at the store's place now, made anew where there is none, when the
+    /// open one was removed, moved or replaced.
+    [[nodiscard]] Place follow();
     /// Whether the file can be read but not written.
     bool isReadOnly();
 
@@ -98,18 +107,18 @@ public:
     void vacuum();
 
 private:
-    class TextReader;
-
     SQLite::Database &database();
     std::vector<qint64> readPins();
     bool writePin(qint64 pk, bool isPinned);
+    void setHeld(bool isHeld);
     int dataVersion();
 
     const StoreModel m_model{};
     const QString m_folder;
     std::unique_ptr<SQLite::Database> m_database; ///< Null until the first use.
     std::unique_ptr<LogCarrier> m_logCarrier;     ///< Likewise.
-    std::unique_ptr<TextReader> m_textReader;
+    std::unique_ptr<StoredTextReader> m_textReader;
     int m_readVersion = 0; ///< The store's data version at the last readRows().
     bool m_arePinsKnown = true;
+    bool m_isHeld = false; ///< By another program, which the latest write did not outwait.
 };

@@ -17,24 +17,22 @@
 
 namespace {
 
-/// Another program that looks into the store must not hold the main thread up for longer.
-constexpr int kBusyMilliseconds = 50;
-
 [[noreturn]] void stopWithoutStore(const StoreError &reason)
 {
     qFatal("%s", qUtf8Printable(StoreError::ofOpening(reason).logLine()));
 }
 
-void makeFolder(const QString &folder)
+bool makeFolder(const QString &folder)
 {
     const QByteArray path = QFile::encodeName(folder);
     const bool isThere =
         QFileInfo(folder).isDir() || (QDir().mkpath(QFileInfo(folder).absolutePath()) &&
                                       ::mkdir(path.constData(), S_IRWXU) == 0);
     if (!isThere)
-        qFatal("The folder %s could not be made", path.constData());
+        return false;
     if (::chmod(path.constData(), S_IRWXU) != 0)
         qCWarning(lcHistory, "The folder of the history could not be made private");
+    return true;
 }
 
 /// Makes an empty file, so that it is private from its first moment.
@@ -83,17 +81,20 @@ bool hasFilledLog(const QByteArray &path)
 std::unique_ptr<SQLite::Database> connectTo(const QByteArray &path)
 {
     auto database = std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READWRITE,
-                                                       kBusyMilliseconds);
+                                                       kStoreBusyMilliseconds);
     // A store that does not fit is left alone, down to the write-ahead log of its last writer.
     sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     const int code = database->tryExec("BEGIN IMMEDIATE");
     if (code == SQLITE_OK)
         database->exec("ROLLBACK");
-    if (isReadOnly(*database) || (code != SQLITE_READONLY && code != SQLITE_CANTOPEN))
+    if (code != SQLITE_READONLY && code != SQLITE_CANTOPEN)
+        return database;
+    // One that can only be read may want a log beside it even for that.
+    if (isReadOnly(*database) && database->tryExec("SELECT 1 FROM sqlite_schema") == SQLITE_OK)
         return database;
     if (hasFilledLog(path))
         return std::make_unique<SQLite::Database>(path.constData(), SQLite::OPEN_READONLY,
-                                                  kBusyMilliseconds);
+                                                  kStoreBusyMilliseconds);
     // Without a log beside it the file is whole by itself.
     return std::make_unique<SQLite::Database>(
         ("file:" + path.toPercentEncoding("/") + "?immutable=1").constData(),
@@ -130,23 +131,42 @@ void useWriteAheadLog(SQLite::Database &database)
     database.exec("PRAGMA synchronous = NORMAL");
 }
 
+/// The folder is there.
+std::unique_ptr<SQLite::Database> openIn(const QString &folder)
+{
+    const QByteArray path = QFile::encodeName(folder + QStringLiteral("/Quillmarsh.sqlite"));
+    makeFile(path);
+    makeFilesWritable(path);
+    std::unique_ptr<SQLite::Database> database = open(path);
+    useWriteAheadLog(*database);
+    makeFilesPrivate(path);
+    return database;
+}
+
 } // namespace
 
 std::unique_ptr<SQLite::Database> openClipStore(const QString &folder)
 {
-    makeFolder(folder);
-    const QByteArray path = QFile::encodeName(folder + QStringLiteral("/Quillmarsh.sqlite"));
-    makeFile(path);
-    makeFilesWritable(path);
+    if (!makeFolder(folder))
+        qFatal("The folder %s could not be made", qUtf8Printable(folder));
     try {
-        std::unique_ptr<SQLite::Database> database = open(path);
-        useWriteAheadLog(*database);
-        makeFilesPrivate(path);
-        return database;
+        return openIn(folder);
     } catch (const SQLite::Exception &exception) {
         stopWithoutStore(StoreError::ofSqlite(exception.getExtendedErrorCode() > 0
                                                   ? exception.getExtendedErrorCode()
                                                   : exception.getErrorCode(),
                                               QString::fromUtf8(exception.what())));
+    }
+}
+
+std::unique_ptr<SQLite::Database> openClipStoreAnew(const QString &folder)
+{
+    if (!makeFolder(folder))
+        return nullptr;
+    try {
+        return openIn(folder);
+    } catch (const SQLite::Exception &exception) {
+        qCDebug(lcHistory, "There is no store any more: %s", exception.what());
+        return nullptr;
     }
 }
