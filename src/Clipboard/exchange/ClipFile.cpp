@@ -1,5 +1,7 @@
 #include "Clipboard/exchange/ClipFile.h"
 
+#include "Clipboard/exchange/BoundedReading.h"
+
 #include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -64,7 +66,7 @@ std::optional<QList<SharedClip>> readLines(QIODevice &file)
 {
     QList<SharedClip> clips;
     for (;;) {
-        QByteArray line = file.readLine(kMaxLine).trimmed();
+        QByteArray line = BoundedReading::line(file, kMaxLine).trimmed();
         if (line == kEnd)
             return clips;
         if (line.endsWith(','))
@@ -102,7 +104,7 @@ std::optional<QList<SharedClip>> ClipFile::read(QIODevice &file)
         file.readLine(kHead.size() + 2);
         return readLines(file);
     }
-    const QByteArray bytes = file.read(kMaxWhole + 1);
+    const QByteArray bytes = BoundedReading::all(file, kMaxWhole);
     const QJsonDocument document =
         bytes.size() > kMaxWhole ? QJsonDocument() : QJsonDocument::fromJson(bytes);
     if (!document.object().value(kClips).isArray())

@@ -1,6 +1,7 @@
 #include "Clipboard/exchange/ForeignFormats.h"
 
 #include "Clipboard/exchange/BoltFile.h"
+#include "Clipboard/exchange/BoundedReading.h"
 
 #include <QDataStream>
 #include <QIODevice>
@@ -26,16 +27,21 @@ std::optional<QString> textOf(const QByteArray &utf8)
     return decoder.hasError() || text.contains(QChar(u'\0')) ? std::nullopt : std::optional(text);
 }
 
-void take(Contents &contents, const std::optional<QString> &text)
+void take(Contents &contents, const ForeignFormats::Clip &clip)
 {
-    const qint64 size = text ? text->size() : 0;
+    const qint64 size = clip.text.size();
     if (size == 0 || contents.clips.size() >= ForeignFormats::kMaxClips ||
         contents.characters + size > ForeignFormats::kMaxCharacters) {
         ++contents.passedOver;
         return;
     }
     contents.characters += size;
-    contents.clips.append({*text});
+    contents.clips.append(clip);
+}
+
+void take(Contents &contents, const std::optional<QString> &text)
+{
+    take(contents, ForeignFormats::Clip{text.value_or(QString())});
 }
 
 QStringList localFiles(const QList<QByteArray> &urls)
@@ -43,18 +49,17 @@ QStringList localFiles(const QList<QByteArray> &urls)
     QStringList paths;
     for (const QByteArray &encoded : urls) {
         const QUrl url = QUrl::fromEncoded(encoded.trimmed());
-        if (url.isLocalFile())
-            paths.append(url.toLocalFile());
+        // Another machine's file would be a wrong one here, and so would one without a whole path.
+        if (const QString path = url.toLocalFile();
+            url.host().isEmpty() && path.startsWith(u'/') && !path.contains(QChar(0)))
+            paths.append(path);
     }
     return paths;
 }
 
 void takeFiles(Contents &contents, const QStringList &paths)
 {
-    if (paths.isEmpty())
-        ++contents.passedOver;
-    else
-        contents.clips.append({paths.join(u'\n'), paths});
+    take(contents, {paths.join(u'\n'), paths});
 }
 
 /// The next bytes of a stream that tells their number first; absent when they end too early, empty
@@ -241,7 +246,7 @@ Contents ForeignFormats::readGPaste(QIODevice &file)
 Contents ForeignFormats::readClipman(QIODevice &file)
 {
     Contents contents;
-    const QJsonDocument document = QJsonDocument::fromJson(file.read(kMaxFile));
+    const QJsonDocument document = QJsonDocument::fromJson(BoundedReading::all(file, kMaxFile));
     contents.isUnderstood = document.isArray();
     const QJsonArray texts = document.array();
     for (qsizetype i = texts.size(); i > 0; --i)
@@ -253,7 +258,7 @@ Contents ForeignFormats::readXfceClipman(QIODevice &file)
 {
     Contents contents;
     constexpr QByteArrayView kKey = "texts=";
-    for (const QByteArray &line : file.read(kMaxFile).split('\n')) {
+    for (const QByteArray &line : BoundedReading::all(file, kMaxFile).split('\n')) {
         if (!line.startsWith(kKey))
             continue;
         contents.isUnderstood = true;
