@@ -84,7 +84,7 @@ def fault(path, included):
 
 def fault_in_test(path, included):
     """The same for a file under tests/: adapters are named by their own tests only."""
-    is_adapters_test = path.startswith(("platform/", "desktop/", "support/"))
+    is_adapters_test = path.startswith(("platform/", "desktop/", "fuzz/", "support/"))
     if layer(included) in {"platform/" + adapter for adapter in ADAPTERS} and not is_adapters_test:
         return "only tests of the platform name adapters"
     return None

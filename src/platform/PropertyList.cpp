@@ -76,6 +76,9 @@ QVariant dateOf(void *node)
     int32_t seconds = 0;
     int32_t microseconds = 0;
     plist_get_date_val(node, &seconds, &microseconds);
+    // What lies beyond the range of these comes as their end, and could not be written again.
+    if (seconds == std::numeric_limits<int32_t>::min())
+        return {};
     const qint64 milliseconds = (kDateEpoch + seconds) * 1000 + microseconds / 1000;
     return QDateTime::fromMSecsSinceEpoch(milliseconds, QTimeZone::utc());
 }
