@@ -16,6 +16,7 @@
 #include "platform/freedesktop/instance/BusClips.h"
 #include "platform/freedesktop/instance/DBusSingleInstance.h"
 #include "platform/freedesktop/shortcuts/FreedesktopSymbolicHotKeys.h"
+#include "platform/loader/PortalParts.h"
 #include "platform/loader/SharedParts.h"
 #include "platform/loader/WaylandAdapters.h"
 #include "platform/loader/X11Adapters.h"
@@ -72,8 +73,7 @@ std::optional<QString> whatWaylandLacks()
         return QStringLiteral("Qt's support of Wayland (the package qt6-wayland) is not installed");
     if (g_wayland->versionOf("wl_seat") == 0)
         return QStringLiteral("its compositor has neither keyboard nor pointer");
-    if (g_wayland->versionOf("ext_data_control_manager_v1") == 0 &&
-        g_wayland->versionOf("zwlr_data_control_manager_v1") == 0)
+    if (!PortalParts::hasDataControl(*g_wayland) && !PortalParts::canStandInForDataControl())
         return QStringLiteral("its compositor withholds copies from programs that are not in front "
                               "(no data-control protocol)");
     return std::nullopt;

@@ -1,7 +1,7 @@
 #include "platform/kde/FakeInput.h"
 
-#include "platform/kde/HeldModifiers.h"
 #include "platform/typing/KeyStrokes.h"
+#include "platform/wayland/HeldModifiers.h"
 #include "platform/wayland/WaylandConnection.h"
 
 #include <fake-input-client-protocol.h>
@@ -57,12 +57,7 @@ KeySender::Outcome FakeInput::type(const KeySequence &sequence)
 XkbPointer<xkb_keymap> FakeInput::keymap() const
 {
     const MutexLock lock(m_mutex);
-    const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    if (!context || m_keymap.isEmpty())
-        return nullptr;
-    return XkbPointer<xkb_keymap>(xkb_keymap_new_from_string(context.get(), m_keymap.constData(),
-                                                             XKB_KEYMAP_FORMAT_TEXT_V1,
-                                                             XKB_KEYMAP_COMPILE_NO_FLAGS));
+    return Xkb::keymapOf(m_keymap);
 }
 
 /// Binds what is offered now, unless it is bound.

@@ -8,6 +8,7 @@
 #include "platform/freedesktop/entries/FreedesktopInstalledApplications.h"
 #include "platform/kde/FakeInput.h"
 #include "platform/kde/PlasmaWindows.h"
+#include "platform/loader/PortalParts.h"
 #include "platform/loader/SharedParts.h"
 #include "platform/wayland/FrontNames.h"
 #include "platform/wayland/PlainWindowSpace.h"
@@ -72,12 +73,22 @@ makeWaylandWindowSpace([[maybe_unused]] const WaylandConnection &wayland,
     return std::make_unique<PlainWindowSpace>(areAnimationsWanted);
 }
 
+/// What the compositor tells of all windows, if anything.
 std::shared_ptr<Toplevels> makeToplevels(const std::shared_ptr<WaylandConnection> &wayland)
 {
     const QString ourApplicationId = Info::main().bundleIdentifier;
     if (wayland->versionOf(PlasmaWindows::kInterface) >= PlasmaWindows::kLeastVersion)
         return std::make_shared<PlasmaWindows>(wayland, ourApplicationId);
-    return std::make_shared<ToplevelTracker>(wayland, ourApplicationId);
+    if (wayland->versionOf("zwlr_foreign_toplevel_manager_v1") > 0)
+        return std::make_shared<ToplevelTracker>(wayland, ourApplicationId);
+    return std::make_shared<UntoldToplevels>(ourApplicationId);
+}
+
+/// Whether the compositor lets us type by itself.
+bool canType(const WaylandConnection &wayland)
+{
+    return wayland.versionOf(FakeInput::kInterface) >= FakeInput::kLeastVersion ||
+           wayland.versionOf(VirtualKeyboard::kInterface) > 0;
 }
 
 /// Null where the compositor lets no program type, or not us.
@@ -125,17 +136,25 @@ Capability pastingWithheld(const WaylandConnection &wayland)
 std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandConnection> &wayland,
                                                 const std::shared_ptr<Toplevels> &toplevels,
                                                 const Platform &platform,
-                                                WaylandPasteboard &pasteboard)
+                                                WaylandPasteboard &pasteboard,
+                                                const std::optional<PortalParts> &portals)
 {
     std::unique_ptr<Typist> typist = makeTypist(wayland, toplevels);
+    if (typist)
+        platform.capabilities->tell({Capability::Kind::Pasting});
+    else if (portals)
+        typist = portals->makeTypist(wayland, toplevels);
     if (!typist) {
         platform.capabilities->tell(pastingWithheld(*wayland));
         return std::make_unique<AbsentKeySender>();
     }
-    platform.capabilities->tell({Capability::Kind::Pasting});
-    const WaylandKeySender::Selections selections{
-        [&pasteboard] { pasteboard.expectPaste(); }, [&pasteboard] { pasteboard.offerPrimary(); },
-        [&pasteboard](Toplevels::Id window) { pasteboard.publishPrimary(window); }};
+    WaylandKeySender::Selections selections{[&pasteboard] { pasteboard.expectPaste(); }, {}, {}};
+    if (PortalParts::hasDataControl(*wayland)) {
+        selections.offerPrimary = [&pasteboard] { pasteboard.offerPrimary(); };
+        selections.publishPrimary = [&pasteboard](Toplevels::Id window) {
+            pasteboard.publishPrimary(window);
+        };
+    }
     auto sender =
         std::make_unique<WaylandKeySender>(std::move(typist), toplevels, *platform.applicationNames,
                                            selections, SharedParts::readUsersKeys);
@@ -172,14 +191,21 @@ void makeWaylandAdapters(Platform &platform, const std::shared_ptr<WaylandConnec
     const auto frontNames = std::make_shared<FrontNames>(toplevels, *platform.applicationNames);
     platform.frontApplication =
         std::make_unique<WaylandFrontApplication>(wayland, toplevels, frontNames);
-    auto pasteboard = std::make_unique<WaylandPasteboard>(wayland, [toplevels, frontNames] {
+    const auto askFront = [toplevels, frontNames] {
         const FrontNames::Front front = frontNames->front();
         const auto window = toplevels->front();
         return WaylandPasteboard::Front{front.applicationName, front.isOurs,
                                         window ? window->id : 0};
-    });
-    platform.capabilities->tell({Capability::Kind::Recording});
-    platform.keySender = makeWaylandKeySender(wayland, toplevels, platform, *pasteboard);
+    };
+    std::optional<PortalParts> portals =
+        PortalParts::whereNeeded(platform, wayland, canType(*wayland));
+    auto pasteboard = std::make_unique<WaylandPasteboard>(
+        wayland, askFront, PasteboardLimits(), portals ? portals->makeControl(wayland) : nullptr);
+    if (portals)
+        portals->connectTo(platform, *pasteboard);
+    if (PortalParts::hasDataControl(*wayland))
+        platform.capabilities->tell({Capability::Kind::Recording});
+    platform.keySender = makeWaylandKeySender(wayland, toplevels, platform, *pasteboard, portals);
     platform.pasteboard = std::move(pasteboard);
     makeWaylandHotKeys(platform);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
@@ -187,4 +213,6 @@ void makeWaylandAdapters(Platform &platform, const std::shared_ptr<WaylandConnec
     // No tray of windows: only those panels that are told over the bus.
     platform.statusBar = std::make_unique<StatusNotifierStatusBar>(nullptr);
     wayland->start();
+    if (portals)
+        portals->begin();
 }

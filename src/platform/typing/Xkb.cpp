@@ -86,6 +86,15 @@ std::optional<Xkb::Place> Xkb::placeOf(xkb_keymap *keymap, xkb_keysym_t symbol,
     return best;
 }
 
+XkbPointer<xkb_keymap> Xkb::keymapOf(const QByteArray &text)
+{
+    const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    if (!context || text.isEmpty())
+        return nullptr;
+    return XkbPointer<xkb_keymap>(xkb_keymap_new_from_string(
+        context.get(), text.constData(), XKB_KEYMAP_FORMAT_TEXT_V1, XKB_KEYMAP_COMPILE_NO_FLAGS));
+}
+
 XkbPointer<xkb_keymap> Xkb::americanKeymap()
 {
     const XkbPointer<xkb_context> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+
 #include <xkbcommon/xkbcommon.h>
 
 #include <memory>
@@ -35,6 +37,9 @@ std::optional<xkb_keycode_t> keyFor(xkb_keymap *keymap, xkb_keysym_t symbol,
 
 /// How to type `symbol` in `group` while nothing is locked, with as few modifiers as it takes.
 std::optional<Place> placeOf(xkb_keymap *keymap, xkb_keysym_t symbol, xkb_layout_index_t group);
+
+/// From its text, as compositors hand it on. Null when it is none.
+XkbPointer<xkb_keymap> keymapOf(const QByteArray &text);
 
 /// An American keyboard, whatever the user's is. Null where the descriptions of keyboards are
 /// missing.

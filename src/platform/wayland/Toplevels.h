@@ -67,6 +67,10 @@ public:
     /// Whether a program of that application id has a window.
     bool isOpen(const QString &applicationId) const;
 
+    /// Whether every window is told of. Else front() is a guess at best, and it is nobody's to know
+    /// who has the keyboard.
+    virtual bool isComplete() const { return true; }
+
     bool isOurs(const Window &window) const;
     const QString &ownApplicationId() const { return m_ownApplicationId; }
 
@@ -122,6 +126,16 @@ private:
     Id m_lastForeign QUILLMARSH_GUARDED_BY(m_mutex) = 0;
     std::optional<Id> m_held QUILLMARSH_GUARDED_BY(m_mutex);
     std::optional<Wanted> m_wanted QUILLMARSH_GUARDED_BY(m_mutex);
+};
+
+/// Those of a compositor that tells of no windows.
+class UntoldToplevels : public Toplevels
+{
+public:
+    using Toplevels::Toplevels;
+
+    // ^Toplevels
+    bool isComplete() const override { return false; }
 };
 
 /// What the names of applications are found by.

@@ -52,7 +52,13 @@ bool WaylandFrontApplication::returnToTarget(milliseconds limit)
         std::ignore = roundTrip();
     }
     finishQtWaylandRequests();
-    if (!roundTrip() || target == 0)
+    if (!roundTrip())
+        return false;
+    // Ours have made way, and the compositor has given the keyboard to whom it chose before it
+    // reads the next key.
+    if (!m_toplevels->isComplete())
+        return true;
+    if (target == 0)
         return false;
     using Place = Toplevels::Place;
     Place place = m_toplevels->awaitFront(target, start + std::min(kPatience, limit));

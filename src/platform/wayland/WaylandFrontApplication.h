@@ -15,8 +15,8 @@ class WaylandConnection;
 /// The window in front by what the compositor tells of all windows. Of ours, which need not be
 /// windows that it tells of, the toolkit knows who has the keyboard. A target is what was in front
 /// when one of ours got the keyboard: what comes to the front when they are hidden may be another
-/// one, because the target was closed meanwhile. Where the compositor tells of no windows nothing
-/// is ever the target.
+/// one, because the target was closed meanwhile. Where the compositor tells of no windows the
+/// target is what it gives the keyboard to when ours are gone.
 class WaylandFrontApplication : public FrontApplication
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "platform/wayland/WaylandKeySender.h"
 
 #include "platform/ApplicationNames.h"
+#include "platform/ModifierFlags.h"
 #include "platform/VirtualKeys.h"
 
 #include <utility>
@@ -10,6 +11,8 @@ namespace {
 /// For another computer to hear of the clip: what the keys start must find it there. Nobody can
 /// know whether it has, because the compositor tells of what is copied by itself.
 constexpr std::chrono::milliseconds kJourney{150};
+
+const KeySequence kPasteInTerminal{{CarbonModifiers::kControl | CarbonModifiers::kShift, 'v'}};
 
 } // namespace
 
@@ -56,6 +59,8 @@ ApplicationKeys WaylandKeySender::keysOfFront()
 KeySender::Outcome WaylandKeySender::copy(const ApplicationKeys &keys)
 {
     // In a terminal: Ctrl-C would end the program inside, and what is marked is PRIMARY already.
+    if (keys.copiesMarked && !m_selections.publishPrimary)
+        return Outcome::NoKnownKeys;
     if (keys.copiesMarked) {
         m_selections.publishPrimary(inFront());
         return Outcome::Sent;
@@ -63,14 +68,17 @@ KeySender::Outcome WaylandKeySender::copy(const ApplicationKeys &keys)
     return keys.copy.empty() ? Outcome::NoKnownKeys : m_typist->type(keys.copy);
 }
 
-KeySender::Outcome WaylandKeySender::paste(const ApplicationKeys &keys, const KeySequence &sequence)
+KeySender::Outcome WaylandKeySender::paste(const ApplicationKeys &keys, KeySequence sequence)
 {
     if (sequence.empty())
         return Outcome::NoKnownKeys;
     m_selections.expectPaste();
-    // As Shift-Insert does in terminals, where Ctrl-V types a control character.
-    if (keys.pastesPrimary)
+    // As Shift-Insert does in terminals, where Ctrl-V types a control character. Most of them take
+    // the clipboard, too.
+    if (keys.pastesPrimary && m_selections.offerPrimary)
         m_selections.offerPrimary();
+    else if (keys.pastesPrimary)
+        sequence = kPasteInTerminal;
     if (keys.remote == ApplicationKeys::Remote::No)
         return typePaste(sequence);
     m_journey.disconnect();

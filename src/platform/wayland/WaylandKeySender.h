@@ -28,7 +28,8 @@ public:
     {
         /// A paste is about to be typed.
         std::function<void()> expectPaste;
-        /// Makes the pasteboard's text the primary selection.
+        /// Makes the pasteboard's text the primary selection. Null where there is none, like the
+        /// next.
         std::function<void()> offerPrimary;
         /// Takes the primary selection as a copy, if it was marked while `window` was in front.
         std::function<void(Toplevels::Id window)> publishPrimary;
@@ -54,7 +55,7 @@ private:
     Toplevels::Id inFront() const;
     ApplicationKeys keysOfFront();
     Outcome copy(const ApplicationKeys &keys);
-    Outcome paste(const ApplicationKeys &keys, const KeySequence &sequence);
+    Outcome paste(const ApplicationKeys &keys, KeySequence sequence);
     void pasteTakenOver(Toplevels::Id target, const KeySequence &sequence);
     Outcome typePaste(const KeySequence &sequence);
 

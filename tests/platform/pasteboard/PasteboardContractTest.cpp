@@ -222,6 +222,11 @@ TEST_F(PasteboardContract, aTextFieldMayPasteWhatTheHistoryHasNoUseFor)
 TEST_F(PasteboardContract, whatIsMarkedGoesFromFieldToFieldAndChangesNoCopy)
 {
     EXPECT_EQ(asked(Pasteboard::Selection::Primary), std::nullopt);
+    if (!m_stage->hasPrimary()) {
+        m_pasteboard.markText(u"ours"_s);
+        EXPECT_EQ(asked(Pasteboard::Selection::Primary), std::nullopt);
+        return;
+    }
     m_stage->markElsewhere(u"theirs"_s);
     EXPECT_EQ(asked(Pasteboard::Selection::Primary), u"theirs"_s);
     m_pasteboard.markText(u"ours ü"_s);

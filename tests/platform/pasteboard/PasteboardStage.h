@@ -27,6 +27,8 @@ public:
     /// What the other program would paste now; absent formats where there is nothing.
     virtual Copy pasteElsewhere() = 0;
 
+    /// Whether what is marked goes from one program to another.
+    virtual bool hasPrimary() const { return true; }
     /// The other program marks a text, and gives it when it is asked.
     virtual void markElsewhere(const QString &text) = 0;
     /// What its middle button would paste.

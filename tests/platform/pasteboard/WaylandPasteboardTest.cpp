@@ -427,3 +427,8 @@ TEST(WaylandLife, aLostCompositorIsLoggedOnceAndEverythingElseIsRefusedQuietly)
 }
 
 } // namespace
+
+std::unique_ptr<PasteboardStage> PasteboardStage::make()
+{
+    return std::make_unique<WaylandStage>();
+}

@@ -10,13 +10,15 @@
 
 #include <algorithm>
 
-WaylandStage::WaylandStage(const PasteboardLimits &limits) : m_connection(WaylandConnection::open())
+WaylandStage::WaylandStage(const PasteboardLimits &limits, const ControlOf &controlOf)
+    : m_connection(WaylandConnection::open())
 {
     // Of the tests before this one nothing is to be left.
     m_client.empty(Selection::Clipboard);
     m_client.empty(Selection::Primary);
     m_pasteboard = std::make_unique<WaylandPasteboard>(
-        m_connection, [this] { return m_front; }, measured(limits));
+        m_connection, [this] { return m_front; }, measured(limits),
+        controlOf ? controlOf(m_connection) : nullptr);
     m_connection->start();
     // Only then is every copy that a test makes a change of its own.
     advance(std::chrono::milliseconds(0));
@@ -145,9 +147,4 @@ std::optional<QString> WaylandStage::markedElsewhere()
 bool WaylandStage::workUntil(const std::function<bool()> &isReached)
 {
     return pumpUntil({&m_client}, isReached);
-}
-
-std::unique_ptr<PasteboardStage> PasteboardStage::make()
-{
-    return std::make_unique<WaylandStage>();
 }

@@ -11,7 +11,11 @@ class WaylandStage : public PasteboardStage
 public:
     using Selection = DataControl::Selection;
 
-    explicit WaylandStage(const PasteboardLimits &limits = {});
+    /// What the clipboard is followed by instead of data-control.
+    using ControlOf =
+        std::function<DataControl::Make(const std::shared_ptr<WaylandConnection> &connection)>;
+
+    explicit WaylandStage(const PasteboardLimits &limits = {}, const ControlOf &controlOf = {});
     ~WaylandStage() override;
 
     /// What is in front from now on.

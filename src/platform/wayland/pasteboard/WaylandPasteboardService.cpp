@@ -134,14 +134,14 @@ bool WaylandPasteboardService::claim(Selection selection, std::shared_ptr<const 
 
 void WaylandPasteboardService::clear()
 {
-    m_own.giveUp(Selection::Clipboard);
     m_isClearing = true;
-    if (m_control) {
+    if (m_control)
         m_control->empty(Selection::Clipboard);
-        // What was copied before is told before that it is nobody's.
-        if (!roundTrip())
-            qCDebug(lcWaylandPasteboard, "cleared after the compositor's end");
-    }
+    // Not before: some desktops put back what its owner gives up.
+    m_own.giveUp(Selection::Clipboard);
+    // What was copied before is told before that it is nobody's.
+    if (m_control && !roundTrip())
+        qCDebug(lcWaylandPasteboard, "cleared after the compositor's end");
     // It was nobody's already, of which nobody is told.
     if (m_isClearing)
         finishClearing();

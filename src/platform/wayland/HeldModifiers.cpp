@@ -1,4 +1,4 @@
-#include "platform/kde/HeldModifiers.h"
+#include "platform/wayland/HeldModifiers.h"
 
 #include "platform/wayland/QtWaylandRequests.h"
 
@@ -74,7 +74,7 @@ bool HeldModifiers::awaitReleased(Toplevels &toplevels, Toplevels::TimePoint dea
         toplevels.leaveOwn();
     }
     finishQtWaylandRequests();
-    if (isTimedOut || !front)
+    if (isTimedOut || !front || !toplevels.isComplete())
         return !isTimedOut;
     return toplevels.awaitFront(front->id, deadline) == Toplevels::Place::InFront;
 }
