@@ -226,6 +226,34 @@
         <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
         <translation>ثبّت الحزمة، أو احفظ هذه الأسطر باسم ~/.local/share/applications/quillmarsh-program.desktop. ثم أعد تشغيل Quillmarsh.</translation>
     </message>
+    <message>
+        <source>Have Quillmarsh ask for it, and tick every box of the desktop’s question.</source>
+        <translation>دع Quillmarsh يطلب ذلك، وحدِّد كل الخانات في سؤال سطح المكتب.</translation>
+    </message>
+    <message>
+        <source>This desktop lets a program see copies and paste only as remote control.</source>
+        <translation>لا يسمح سطح المكتب هذا لبرنامج برؤية ما يُنسخ وباللصق إلا بوصفه تحكمًا عن بُعد.</translation>
+    </message>
+    <message>
+        <source>The desktop is asking whether Quillmarsh may.</source>
+        <translation>يسأل سطح المكتب الآن إن كان يُسمح لـ Quillmarsh بذلك.</translation>
+    </message>
+    <message>
+        <source>The desktop’s question was answered with no.</source>
+        <translation>أُجيب عن سؤال سطح المكتب بالرفض.</translation>
+    </message>
+    <message>
+        <source>The remote control by Quillmarsh has been ended.</source>
+        <translation>أُنهي تحكم Quillmarsh عن بُعد.</translation>
+    </message>
+    <message>
+        <source>The desktop’s portals do not answer, or do not offer remote control.</source>
+        <translation>بوابات سطح المكتب لا تجيب، أو لا تقدم التحكم عن بُعد.</translation>
+    </message>
+    <message>
+        <source>Remote interaction was not allowed, so clips are put on the clipboard only.</source>
+        <translation>لم يُسمح بالتفاعل عن بُعد، لذلك توضع القصاصات في الحافظة فقط.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -214,6 +214,34 @@
         <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
         <translation>Installieren Sie das Paket, oder speichern Sie diese Zeilen als ~/.local/share/applications/quillmarsh-program.desktop. Starten Sie Quillmarsh dann neu.</translation>
     </message>
+    <message>
+        <source>Have Quillmarsh ask for it, and tick every box of the desktop’s question.</source>
+        <translation>Lassen Sie Quillmarsh darum bitten, und kreuzen Sie in der Frage des Desktops alles an.</translation>
+    </message>
+    <message>
+        <source>This desktop lets a program see copies and paste only as remote control.</source>
+        <translation>Dieser Desktop lässt ein Programm nur als Fernsteuerung sehen, was kopiert wird, und einfügen.</translation>
+    </message>
+    <message>
+        <source>The desktop is asking whether Quillmarsh may.</source>
+        <translation>Der Desktop fragt gerade, ob Quillmarsh das darf.</translation>
+    </message>
+    <message>
+        <source>The desktop’s question was answered with no.</source>
+        <translation>Die Frage des Desktops wurde mit Nein beantwortet.</translation>
+    </message>
+    <message>
+        <source>The remote control by Quillmarsh has been ended.</source>
+        <translation>Die Fernsteuerung durch Quillmarsh wurde beendet.</translation>
+    </message>
+    <message>
+        <source>The desktop’s portals do not answer, or do not offer remote control.</source>
+        <translation>Die Portale des Desktops antworten nicht oder bieten keine Fernsteuerung.</translation>
+    </message>
+    <message>
+        <source>Remote interaction was not allowed, so clips are put on the clipboard only.</source>
+        <translation>Die Fernbedienung wurde nicht erlaubt; Clips kommen daher nur in die Zwischenablage.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -214,6 +214,34 @@
         <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
         <translation>Instale el paquete o guarde estas líneas como ~/.local/share/applications/quillmarsh-program.desktop. Después vuelva a iniciar Quillmarsh.</translation>
     </message>
+    <message>
+        <source>Have Quillmarsh ask for it, and tick every box of the desktop’s question.</source>
+        <translation>Haga que Quillmarsh lo pida y marque todas las casillas de la pregunta del escritorio.</translation>
+    </message>
+    <message>
+        <source>This desktop lets a program see copies and paste only as remote control.</source>
+        <translation>Este escritorio solo deja que un programa vea lo copiado y pegue como control remoto.</translation>
+    </message>
+    <message>
+        <source>The desktop is asking whether Quillmarsh may.</source>
+        <translation>El escritorio está preguntando si Quillmarsh puede hacerlo.</translation>
+    </message>
+    <message>
+        <source>The desktop’s question was answered with no.</source>
+        <translation>La pregunta del escritorio se respondió con un no.</translation>
+    </message>
+    <message>
+        <source>The remote control by Quillmarsh has been ended.</source>
+        <translation>El control remoto de Quillmarsh ha terminado.</translation>
+    </message>
+    <message>
+        <source>The desktop’s portals do not answer, or do not offer remote control.</source>
+        <translation>Los portales del escritorio no responden o no ofrecen control remoto.</translation>
+    </message>
+    <message>
+        <source>Remote interaction was not allowed, so clips are put on the clipboard only.</source>
+        <translation>No se permitió la interacción remota, así que los clips solo se ponen en el portapapeles.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -214,6 +214,34 @@
         <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
         <translation>Installez le paquet, ou enregistrez ces lignes dans ~/.local/share/applications/quillmarsh-program.desktop. Relancez ensuite Quillmarsh.</translation>
     </message>
+    <message>
+        <source>Have Quillmarsh ask for it, and tick every box of the desktop’s question.</source>
+        <translation>Laissez Quillmarsh le demander, et cochez toutes les cases de la question du bureau.</translation>
+    </message>
+    <message>
+        <source>This desktop lets a program see copies and paste only as remote control.</source>
+        <translation>Ce bureau ne laisse un programme voir les copies et coller qu’en tant que contrôle à distance.</translation>
+    </message>
+    <message>
+        <source>The desktop is asking whether Quillmarsh may.</source>
+        <translation>Le bureau demande si Quillmarsh en a le droit.</translation>
+    </message>
+    <message>
+        <source>The desktop’s question was answered with no.</source>
+        <translation>La réponse à la question du bureau a été non.</translation>
+    </message>
+    <message>
+        <source>The remote control by Quillmarsh has been ended.</source>
+        <translation>Le contrôle à distance par Quillmarsh a été arrêté.</translation>
+    </message>
+    <message>
+        <source>The desktop’s portals do not answer, or do not offer remote control.</source>
+        <translation>Les portails du bureau ne répondent pas, ou n’offrent pas de contrôle à distance.</translation>
+    </message>
+    <message>
+        <source>Remote interaction was not allowed, so clips are put on the clipboard only.</source>
+        <translation>L’interaction à distance n’a pas été autorisée ; les clips ne vont donc que dans le presse-papiers.</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -211,6 +211,34 @@
         <source>Install the package, or save these lines as ~/.local/share/applications/quillmarsh-program.desktop. Then start Quillmarsh again.</source>
         <translation>パッケージをインストールするか、これらの行を ~/.local/share/applications/quillmarsh-program.desktop として保存してから、Quillmarshを起動し直してください。</translation>
     </message>
+    <message>
+        <source>Have Quillmarsh ask for it, and tick every box of the desktop’s question.</source>
+        <translation>Quillmarsh から許可を求め、デスクトップの質問のすべての項目にチェックを入れてください。</translation>
+    </message>
+    <message>
+        <source>This desktop lets a program see copies and paste only as remote control.</source>
+        <translation>このデスクトップでは、プログラムはリモートコントロールとしてのみコピーの内容を見たりペーストしたりできます。</translation>
+    </message>
+    <message>
+        <source>The desktop is asking whether Quillmarsh may.</source>
+        <translation>Quillmarsh に許可するかどうか、デスクトップが確認しています。</translation>
+    </message>
+    <message>
+        <source>The desktop’s question was answered with no.</source>
+        <translation>デスクトップの質問に「いいえ」と答えました。</translation>
+    </message>
+    <message>
+        <source>The remote control by Quillmarsh has been ended.</source>
+        <translation>Quillmarsh によるリモートコントロールは終了しました。</translation>
+    </message>
+    <message>
+        <source>The desktop’s portals do not answer, or do not offer remote control.</source>
+        <translation>デスクトップのポータルが応答しないか、リモートコントロールを提供していません。</translation>
+    </message>
+    <message>
+        <source>Remote interaction was not allowed, so clips are put on the clipboard only.</source>
+        <translation>リモート操作が許可されなかったため、クリップはクリップボードに入るだけです。</translation>
+    </message>
 </context>
 <context>
     <name>CapabilityTable</name>

@@ -27,7 +27,7 @@ Capability capabilityIn(Consent::State state, Capability::Kind kind)
     Capability capability{kind, State::WorksAfter};
     capability.remedy = QT_TRANSLATE_NOOP(
         "Capabilities",
-        "Have Quillmarsh ask for it, and tick every box of the desktop's question.");
+        "Have Quillmarsh ask for it, and tick every box of the desktop’s question.");
     switch (state) {
     case Consent::State::NotNeeded:
     case Consent::State::Given:
@@ -44,7 +44,7 @@ Capability capabilityIn(Consent::State state, Capability::Kind kind)
         break;
     case Consent::State::Refused:
         capability.reason =
-            QT_TRANSLATE_NOOP("Capabilities", "The desktop's question was answered with no.");
+            QT_TRANSLATE_NOOP("Capabilities", "The desktop’s question was answered with no.");
         break;
     case Consent::State::Ended:
         capability.reason =
@@ -53,7 +53,7 @@ Capability capabilityIn(Consent::State state, Capability::Kind kind)
     case Consent::State::Unavailable:
         capability.state = State::Withheld;
         capability.reason = QT_TRANSLATE_NOOP(
-            "Capabilities", "The desktop's portals do not answer, or do not offer remote control.");
+            "Capabilities", "The desktop’s portals do not answer, or do not offer remote control.");
         break;
     }
     return capability;
