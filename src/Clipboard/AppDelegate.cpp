@@ -1,6 +1,7 @@
 #include "Clipboard/AppDelegate.h"
 
 #include "Clipboard/ApplicationUpdates.h"
+#include "Clipboard/ConsentNotice.h"
 #include "Clipboard/HistoryNotices.h"
 #include "Clipboard/LiveSettings.h"
 #include "Clipboard/MovingIn.h"
@@ -101,6 +102,13 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     m_queue = std::make_unique<PasteQueue>(*platform.pasteboard, *m_history, *m_paster);
     connect(m_queue.get(), &PasteQueue::leftChanged, this, &AppDelegate::showStatusItem);
     m_notices = std::make_unique<HistoryNotices>(*m_capture, *m_paster, *platform.settings);
+    m_consentNotice = std::make_unique<ConsentNotice>(*platform.consent, *platform.capabilities);
+    connect(m_consentNotice.get(), &ConsentNotice::changed, this, [this] {
+        updateFooter();
+        showStatusItem();
+    });
+    connect(this->viewController(), &ViewController::footerButtonPressed, m_consentNotice.get(),
+            &ConsentNotice::ask);
     connect(m_windowController.get(), &WindowDelegate::opens, m_notices.get(),
             &HistoryNotices::historyOpens);
     connect(m_windowController.get(), &WindowDelegate::opens, m_history.get(),
@@ -222,6 +230,8 @@ void AppDelegate::initStatusBar()
     actions.help = [this] { help(); };
     actions.showFeedbackDialog = [this] { showFeedbackDialog(); };
     actions.quit = [this] { quit(); };
+    if (m_consentNotice->canConcern())
+        actions.allowRecording = [this] { m_consentNotice->ask(); };
     m_statusMenu = std::make_unique<StatusMenu>(
         appName() + QStringLiteral(" v") + *m_info.bundleVersion, actions);
     showStatusItem();
@@ -231,6 +241,8 @@ void AppDelegate::showStatusItem()
 {
     if (!m_statusMenu)
         return;
+    const QString notRecorded = m_consentNotice->text();
+    m_statusMenu->showNotRecorded(notRecorded, m_consentNotice->canAsk());
     if (const int left = m_queue->left(); left > 0) {
         m_platform.statusBar->showItem(
             queueBadge(left), tr("%Ln clips to be pasted", nullptr, left), m_statusMenu->menu());
@@ -240,7 +252,8 @@ void AppDelegate::showStatusItem()
     QIcon icon = QIcon::fromTheme(m_info.bundleIdentifier + QStringLiteral("-symbolic"),
                                   QIcon(QStringLiteral(":/stackImage")));
     icon.setIsMask(true);
-    m_platform.statusBar->showItem(icon, appName(), m_statusMenu->menu());
+    m_platform.statusBar->showItem(icon, notRecorded.isEmpty() ? appName() : notRecorded,
+                                   m_statusMenu->menu());
 }
 
 void AppDelegate::askAboutDamagedSettings(const QWidget *over)
@@ -261,11 +274,13 @@ void AppDelegate::askAboutDamagedSettings(const QWidget *over)
 
 void AppDelegate::updateFooter()
 {
-    QStringList lines{m_notices->text()};
+    QStringList lines{m_consentNotice->text(), m_notices->text()};
     if (const int left = m_queue->left(); left > 0)
         lines.prepend(tr("%Ln clips are still to be pasted; Esc ends that", nullptr, left));
     lines.removeAll(QString());
     viewController()->setFooter(lines.join(u'\n'));
+    viewController()->setFooterButton(m_consentNotice->canAsk() ? tr("Ask the Desktop...")
+                                                                : QString());
 }
 
 void AppDelegate::tellUnwritableHistory()

@@ -29,6 +29,7 @@ class DamagedSettingsQuestion;
 class ApplicationUpdates;
 class DMHelperAppDelegate;
 class DevMateKit;
+class ConsentNotice;
 class HistoryNotices;
 class HotKeyManager;
 class HotKeyTextField;
@@ -218,6 +219,7 @@ private:
     std::unique_ptr<ClipboardCapture> m_capture;
     std::unique_ptr<ClipPaster> m_paster;
     std::unique_ptr<PasteQueue> m_queue;
+    std::unique_ptr<ConsentNotice> m_consentNotice;
     std::unique_ptr<HistoryNotices> m_notices;
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<QTimer> m_timer;

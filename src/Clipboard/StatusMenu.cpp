@@ -14,6 +14,11 @@ constexpr char kKeyEquivalent[] = "keyEquivalent";
 StatusMenu::StatusMenu(const QString &versionLine, const Actions &actions)
 {
     addItem(versionLine, nullptr);
+    if (actions.allowRecording) {
+        m_notRecorded = addItem({}, nullptr);
+        m_allowRecording = addItem(tr("Allow Recording..."), actions.allowRecording);
+        showNotRecorded({}, false);
+    }
     addItem(tr("Check For Updates..."), actions.checkForUpdates);
     addItem(tr("Preferences..."), actions.openPreferences);
     m_menu.addSeparator();
@@ -28,8 +33,17 @@ StatusMenu::StatusMenu(const QString &versionLine, const Actions &actions)
     addItem(tr("Quit"), actions.quit, QStringLiteral("Command-q"));
 }
 
-void StatusMenu::addItem(const QString &title, const std::function<void()> &action,
-                         const QString &keyEquivalent)
+void StatusMenu::showNotRecorded(const QString &reason, bool canAsk)
+{
+    if (!m_notRecorded)
+        return;
+    m_notRecorded->setText(reason);
+    m_notRecorded->setVisible(!reason.isEmpty());
+    m_allowRecording->setVisible(canAsk);
+}
+
+QAction *StatusMenu::addItem(const QString &title, const std::function<void()> &action,
+                             const QString &keyEquivalent)
 {
     QAction *item = m_menu.addAction(title);
     item->setProperty(kKeyEquivalent, keyEquivalent);
@@ -38,6 +52,7 @@ void StatusMenu::addItem(const QString &title, const std::function<void()> &acti
     item->setEnabled(action != nullptr);
     if (action)
         connect(item, &QAction::triggered, this, [action] { action(); });
+    return item;
 }
 
 MenuModel StatusMenu::model() const

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+class QAction;
+
 /// The status item's menu, built once and never rebuilt. Owned by AppDelegate. What each entry
 /// does is given by the owner; an entry without an action is an information line and disabled.
 class StatusMenu : public QObject
@@ -24,6 +26,8 @@ public:
         std::function<void()> help;
         std::function<void()> showFeedbackDialog;
         std::function<void()> quit;
+        /// Null where nobody need allow it.
+        std::function<void()> allowRecording = nullptr;
     };
 
     /// `versionLine` is the first entry's title.
@@ -31,12 +35,18 @@ public:
 
     QMenu *menu() { return &m_menu; }
 
+    /// Says at the top why nothing is recorded, and offers to ask for it; nothing when it is empty.
+    void showNotRecorded(const QString &reason, bool canAsk);
+
     /// The entries that have a key, as the shortcut check walks them.
     MenuModel model() const;
 
 private:
-    void addItem(const QString &title, const std::function<void()> &action,
-                 const QString &keyEquivalent = {});
+    QAction *addItem(const QString &title, const std::function<void()> &action,
+                     const QString &keyEquivalent = {});
 
     QMenu m_menu;
+    /// Both null where nobody need allow it.
+    QAction *m_notRecorded = nullptr;
+    QAction *m_allowRecording = nullptr;
 };

@@ -23,6 +23,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -276,6 +277,48 @@ TEST_F(AppDelegateTest, nothingIsRecordedUntilDamagedSettingsAreSettled)
     memory.settings.acceptFreshSettings();
     copy(u"after the answer"_s);
     EXPECT_EQ(clips(), QStringList{u"after the answer"_s});
+}
+
+struct ConsentRow
+{
+    Consent::State state;
+    Capability::State recording;
+    bool saysWhy;
+    bool offersToAsk;
+};
+
+TEST_F(AppDelegateTest, withoutTheDesktopsConsentItIsSaidWhyNothingIsRecordedAndOneButtonAsks)
+{
+    using State = Consent::State;
+    using Recording = Capability::State;
+    memory.consent.setState(State::NotAsked);
+    AppDelegate &delegate = start();
+    const auto *footer = delegate.window()->findChild<QLabel *>(u"footer"_s);
+    auto *button = delegate.window()->findChild<QPushButton *>(u"footerButton"_s);
+    const QList<QAction *> menu = delegate.statusMenu().menu()->actions();
+    const QString why = u"Nothing is recorded. It was closed."_s;
+    int timesAsked = 0;
+    for (const ConsentRow &row :
+         {ConsentRow{State::NotAsked, Recording::WorksAfter, true, true},
+          ConsentRow{State::Asking, Recording::WorksAfter, true, false},
+          ConsentRow{State::Given, Recording::Works, false, false},
+          ConsentRow{State::Ended, Recording::WorksAfter, true, true},
+          ConsentRow{State::Ended, Recording::Works, false, false},
+          ConsentRow{State::Unavailable, Recording::Withheld, true, false}}) {
+        SCOPED_TRACE(static_cast<int>(row.state));
+        memory.platform.capabilities->tell({.kind = Capability::Kind::Recording,
+                                            .state = row.recording,
+                                            .reason = row.saysWhy ? "It was closed." : nullptr});
+        memory.consent.setState(row.state);
+        EXPECT_EQ(footer->text(), row.saysWhy ? why : QString());
+        EXPECT_EQ(memory.statusBar.toolTip(), row.saysWhy ? why : u"Quillmarsh"_s);
+        EXPECT_EQ(menu[1]->isVisible(), row.saysWhy);
+        EXPECT_EQ(menu[2]->isVisible(), row.offersToAsk);
+        EXPECT_EQ(!button->parentWidget()->isHidden(), row.offersToAsk);
+        EXPECT_EQ(memory.consent.timesAsked(), timesAsked);
+        button->click();
+        EXPECT_EQ(memory.consent.timesAsked(), ++timesAsked);
+    }
 }
 
 TEST_F(AppDelegateTest, whatBecameOfACopyIsToldOnceAtTheNextOpeningAndAClickLeadsToTheLimit)

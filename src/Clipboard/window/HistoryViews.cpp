@@ -13,6 +13,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -30,6 +31,7 @@ HistoryViews::HistoryViews(Clock &clock, FileQuestions &questions)
       splitView(new QSplitter(Qt::Horizontal, mainView.get())), tableViewView(new QWidget),
       clipTableView(new ClipTableView(questions, tableViewView)),
       textFieldView(new PreviewPane(clock)), footer(makeWrappedLabel({}, mainView.get())),
+      footerRow(new QWidget(mainView.get())), footerButton(new QPushButton(footerRow)),
       emptyStateView(new EmptyStateView(mainView.get()))
 {
     auto *listColumn = new QVBoxLayout(tableViewView);
@@ -51,10 +53,18 @@ HistoryViews::HistoryViews(Clock &clock, FileQuestions &questions)
     column->addWidget(noticeLine);
     column->addWidget(splitView, 1);
     column->addWidget(footer);
+    column->addWidget(footerRow);
+    auto *row = new QHBoxLayout(footerRow);
+    row->setContentsMargins(Looks::kTextMargin, 0, Looks::kTextMargin, kFooterPadding);
+    row->addWidget(footerButton, 0, Qt::AlignLeft);
     QWidget::setTabOrder(searchTextField, clipTableView);
 
     footer->setObjectName(QStringLiteral("footer"));
     footer->hide();
+    footerRow->hide();
+    footerButton->setObjectName(QStringLiteral("footerButton"));
+    // The keyboard stays with the search; Tab leads here.
+    footerButton->setFocusPolicy(Qt::TabFocus);
     QObject::connect(mainView.get(), &ClipboardView::resized, emptyStateView,
                      [this] { placeEmptyState(); });
 }
@@ -71,8 +81,9 @@ void HistoryViews::placeEmptyState()
 {
     const int notice = noticeLine->isHidden() ? 0 : noticeLine->height();
     const int foot = footer->isHidden() ? 0 : footer->heightForWidth(mainView->width() - 2);
+    const int row = footerRow->isHidden() ? 0 : footerRow->sizeHint().height();
     emptyStateView->setGeometry(
-        mainView->rect().adjusted(1, 1 + searchTextField->height() + notice, -1, -1 - foot));
+        mainView->rect().adjusted(1, 1 + searchTextField->height() + notice, -1, -1 - foot - row));
 }
 
 void HistoryViews::setColors(const ClipColors &colors)
@@ -106,4 +117,11 @@ void HistoryViews::setFooter(const QString &text)
         QAccessibleEvent alert(footer, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
     }
+}
+
+void HistoryViews::setFooterButton(const QString &title)
+{
+    footerButton->setText(title);
+    footerRow->setVisible(!title.isEmpty());
+    placeEmptyState();
 }

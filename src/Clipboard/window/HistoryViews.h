@@ -12,6 +12,7 @@ class FileQuestions;
 class NoticeLine;
 class PreviewPane;
 class QLabel;
+class QPushButton;
 class QSplitter;
 class QWidget;
 class SearchField;
@@ -34,6 +35,8 @@ struct HistoryViews
     void placeEmptyState();
     /// What stands at the foot of the window, under list and preview; nothing for an empty text.
     void setFooter(const QString &text);
+    /// A button under it; none for an empty title.
+    void setFooterButton(const QString &title);
 
     std::unique_ptr<ClipboardView> mainView;
     SearchField *searchTextField;
@@ -43,5 +46,7 @@ struct HistoryViews
     ClipTableView *clipTableView;
     PreviewPane *textFieldView; ///< The preview's side of the split view.
     QLabel *footer;             ///< Hidden while there is nothing to say.
+    QWidget *footerRow;         ///< What the button stands in; hidden without one.
+    QPushButton *footerButton;
     EmptyStateView *emptyStateView;
 };

@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSplitter>
 
@@ -61,6 +62,8 @@ void ViewController::viewDidLoad()
             &ViewController::listPinnedOnly);
     connect(m_views.searchTextField, &QLineEdit::textEdited, this,
             [this] { m_footer.searchEdited(); });
+    connect(m_views.footerButton, &QPushButton::clicked, this,
+            &ViewController::footerButtonPressed);
     connect(&m_swopState, &SwopState::changed, this, &ViewController::updateNotice);
     applyTheme();
     updateEmptyState();

@@ -164,6 +164,8 @@ public:
     /// What the window says at its foot, about the whole history; nothing for an empty text. That
     /// a deletion can be taken back is added.
     void setFooter(const QString &text) { m_footer.setText(text); }
+    /// What can be done about that; nothing for an empty title.
+    void setFooterButton(const QString &title) { m_views.setFooterButton(title); }
 
     /// How the open shortcut is called in sentences; empty when there is none.
     void setOpenShortcutText(const QString &text) { m_openShortcutText = text; }
@@ -174,6 +176,7 @@ public:
 Q_SIGNALS:
     /// The window is gone and the history whole again.
     void didHide();
+    void footerButtonPressed();
     /// Besides, its user has closed it: no paste has.
     void closed();
 
