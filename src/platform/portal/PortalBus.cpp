@@ -26,10 +26,10 @@ PortalBus::PortalBus(QObject *parent)
     : QObject(parent), m_name(QStringLiteral("quillmarsh portals ") + newToken()),
       m_bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name))
 {
-    auto *watcher = new QDBusServiceWatcher(kService, m_bus,
-                                            QDBusServiceWatcher::WatchForRegistration |
-                                                QDBusServiceWatcher::WatchForUnregistration,
-                                            this);
+    m_watcher = std::make_unique<QDBusServiceWatcher>(
+        kService, m_bus,
+        QDBusServiceWatcher::WatchForRegistration | QDBusServiceWatcher::WatchForUnregistration);
+    const QDBusServiceWatcher *watcher = m_watcher.get();
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
         // The first introduction has started them itself.
         if (!m_isIntroducing && !m_isReady)
@@ -46,6 +46,8 @@ PortalBus::PortalBus(QObject *parent)
 
 PortalBus::~PortalBus()
 {
+    // Whoever listens to a connection goes before it: it ends on a thread of its own.
+    m_watcher.reset();
     QDBusConnection::disconnectFromBus(m_name);
 }
 

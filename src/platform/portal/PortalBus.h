@@ -9,6 +9,9 @@
 #include <QVariant>
 
 #include <functional>
+#include <memory>
+
+class QDBusServiceWatcher;
 
 /// Our connection to the desktop's portals: one a process, because they know a program by its
 /// connection and let nobody else use what it was granted. They are told our application id before
@@ -70,6 +73,7 @@ private:
 
     const QString m_name; ///< Of the connection.
     QDBusConnection m_bus;
+    std::unique_ptr<QDBusServiceWatcher> m_watcher;
     bool m_isIntroducing = false;
     bool m_isReady = false;
     bool m_wasLost = false;

@@ -13,6 +13,8 @@
 namespace {
 
 const auto kInterface = QStringLiteral("org.freedesktop.portal.Clipboard");
+const auto kOwnerChanged = QStringLiteral("SelectionOwnerChanged");
+const auto kTransfer = QStringLiteral("SelectionTransfer");
 /// A portal that takes longer has no part in anything any more.
 constexpr int kAnswerLimitMs = 5000;
 
@@ -60,16 +62,20 @@ void PortalClipboard::start()
     moveToThread(&m_thread);
     m_thread.start();
     QDBusConnection listening = m_bus;
-    listening.connect(PortalBus::kService, PortalBus::kPath, kInterface,
-                      QStringLiteral("SelectionOwnerChanged"), this,
+    listening.connect(PortalBus::kService, PortalBus::kPath, kInterface, kOwnerChanged, this,
                       SLOT(handleOwnerChanged(QDBusMessage)));
-    listening.connect(PortalBus::kService, PortalBus::kPath, kInterface,
-                      QStringLiteral("SelectionTransfer"), this,
+    listening.connect(PortalBus::kService, PortalBus::kPath, kInterface, kTransfer, this,
                       SLOT(handleTransfer(QDBusMessage)));
 }
 
 PortalClipboard::~PortalClipboard()
 {
+    // Whoever listens to a connection goes before it: it ends on a thread of its own.
+    QDBusConnection listened = m_bus;
+    listened.disconnect(PortalBus::kService, PortalBus::kPath, kInterface, kOwnerChanged, this,
+                        SLOT(handleOwnerChanged(QDBusMessage)));
+    listened.disconnect(PortalBus::kService, PortalBus::kPath, kInterface, kTransfer, this,
+                        SLOT(handleTransfer(QDBusMessage)));
     m_thread.quit();
     m_thread.wait();
 }

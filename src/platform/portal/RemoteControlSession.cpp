@@ -37,7 +37,8 @@ RemoteControlSession::RemoteControlSession(std::shared_ptr<PortalBus> bus, Setti
 {
     connect(m_bus.get(), &PortalBus::vanished, this, [this] {
         m_request.reset();
-        m_createdPath.clear();
+        m_isClosed = true;
+        close();
         if (m_state == State::Asking || m_state == State::Given)
             end(State::Ended);
     });
@@ -50,8 +51,7 @@ RemoteControlSession::RemoteControlSession(std::shared_ptr<PortalBus> bus, Setti
 RemoteControlSession::~RemoteControlSession()
 {
     m_request.reset();
-    if (!m_createdPath.isEmpty())
-        m_bus->bus().send(PortalBus::message(kSession, QStringLiteral("Close"), {}, m_createdPath));
+    close();
 }
 
 QString RemoteControlSession::token() const
@@ -113,6 +113,7 @@ void RemoteControlSession::create()
                 m_createdPath = handle.metaType() == QMetaType::fromType<QDBusObjectPath>()
                                     ? handle.value<QDBusObjectPath>().path()
                                     : handle.toString();
+                m_isClosed = false;
                 QDBusConnection bus = m_bus->bus();
                 bus.connect(PortalBus::kService, m_createdPath, kSession, QStringLiteral("Closed"),
                             this, SLOT(handleClosed()));
@@ -188,8 +189,8 @@ void RemoteControlSession::request(const PortalRequest::Question &question,
 {
     m_request = std::make_unique<PortalRequest>(
         *m_bus, question, limit, [this, granted](const Answer &answer) {
-            // Later: it is the request that tells.
-            m_request.release()->deleteLater();
+            // To the end of this: it is the request that tells.
+            const std::unique_ptr<PortalRequest> answered = std::move(m_request);
             if (answer.outcome == PortalRequest::Outcome::Granted)
                 granted(answer.results);
             else
@@ -215,21 +216,26 @@ void RemoteControlSession::end(State state)
     m_request.reset();
     m_path.clear();
     m_canType = false;
-    if (!m_createdPath.isEmpty()) {
-        QDBusConnection bus = m_bus->bus();
-        bus.disconnect(PortalBus::kService, m_createdPath, kSession, QStringLiteral("Closed"), this,
-                       SLOT(handleClosed()));
-        bus.send(PortalBus::message(kSession, QStringLiteral("Close"), {}, m_createdPath));
-        m_createdPath.clear();
-    }
+    close();
     setState(state);
+}
+
+void RemoteControlSession::close()
+{
+    if (m_createdPath.isEmpty())
+        return;
+    QDBusConnection bus = m_bus->bus();
+    bus.disconnect(PortalBus::kService, m_createdPath, kSession, QStringLiteral("Closed"), this,
+                   SLOT(handleClosed()));
+    if (!m_isClosed)
+        bus.send(PortalBus::message(kSession, QStringLiteral("Close"), {}, m_createdPath));
+    m_createdPath.clear();
 }
 
 void RemoteControlSession::handleClosed()
 {
     qCInfo(lcSession, "Remote control has been ended");
-    // It is gone: there is nothing to be closed any more.
-    m_createdPath.clear();
+    m_isClosed = true;
     end(State::Ended);
 }
 

@@ -69,6 +69,7 @@ private:
                  const std::function<void(const QVariantMap &results)> &granted);
     void fail(const Answer &answer);
     void end(State state);
+    void close();
     void setState(State state);
 
 private Q_SLOTS: // The bus knows receivers by name.
@@ -81,7 +82,8 @@ private:
     State m_state = State::NotAsked;
     Manner m_manner = Manner::Asking;
     std::unique_ptr<PortalRequest> m_request;
-    QString m_path;        ///< While it is in force.
-    QString m_createdPath; ///< From its creation to its end.
+    QString m_path;          ///< While it is in force.
+    QString m_createdPath;   ///< From its creation to its end.
+    bool m_isClosed = false; ///< By the portal, so that there is nothing to be closed.
     bool m_canType = false;
 };
