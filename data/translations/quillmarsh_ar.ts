@@ -33,6 +33,10 @@
             <numerusform>بقيت %Ln قصاصة للصق؛ Esc ينهي ذلك</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ask the Desktop...</source>
+        <translation>سؤال سطح المكتب...</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>
@@ -601,6 +605,13 @@
     <message>
         <source>Copy</source>
         <translation>نسخ</translation>
+    </message>
+</context>
+<context>
+    <name>ConsentNotice</name>
+    <message>
+        <source>Nothing is recorded. %1</source>
+        <translation>لا يُسجَّل شيء. %1</translation>
     </message>
 </context>
 <context>
@@ -1575,6 +1586,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Quit</source>
         <translation>إنهاء</translation>
+    </message>
+    <message>
+        <source>Allow Recording...</source>
+        <translation>السماح بالتسجيل...</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,10 @@
             <numerusform>%Ln Clips sind noch einzufügen; Esc beendet das</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ask the Desktop...</source>
+        <translation>Den Desktop fragen …</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>
@@ -553,6 +557,13 @@
     <message>
         <source>Copy</source>
         <translation>Kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>ConsentNotice</name>
+    <message>
+        <source>Nothing is recorded. %1</source>
+        <translation>Es wird nichts aufgezeichnet. %1</translation>
     </message>
 </context>
 <context>
@@ -1495,6 +1506,10 @@ Wenn Sie diese Tastenkombination wirklich verwenden möchten: Die meisten Kurzbe
     <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Allow Recording...</source>
+        <translation>Aufzeichnen erlauben …</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,10 @@
             <numerusform>Quedan %Ln recortes por pegar; Esc lo termina</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ask the Desktop...</source>
+        <translation>Preguntar al escritorio...</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>
@@ -553,6 +557,13 @@
     <message>
         <source>Copy</source>
         <translation>Copiar</translation>
+    </message>
+</context>
+<context>
+    <name>ConsentNotice</name>
+    <message>
+        <source>Nothing is recorded. %1</source>
+        <translation>No se registra nada. %1</translation>
     </message>
 </context>
 <context>
@@ -1495,6 +1506,10 @@ Si de verdad quiere usarla, la mayoría de los atajos se pueden cambiar en el ap
     <message>
         <source>Quit</source>
         <translation>Salir</translation>
+    </message>
+    <message>
+        <source>Allow Recording...</source>
+        <translation>Permitir el registro...</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,10 @@
             <numerusform>%Ln extraits restent à coller ; Échap y met fin</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ask the Desktop...</source>
+        <translation>Demander au bureau...</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>
@@ -553,6 +557,13 @@
     <message>
         <source>Copy</source>
         <translation>Copier</translation>
+    </message>
+</context>
+<context>
+    <name>ConsentNotice</name>
+    <message>
+        <source>Nothing is recorded. %1</source>
+        <translation>Rien n’est enregistré. %1</translation>
     </message>
 </context>
 <context>
@@ -1495,6 +1506,10 @@ Si vous tenez à cette combinaison, la plupart des raccourcis peuvent être modi
     <message>
         <source>Quit</source>
         <translation>Quitter</translation>
+    </message>
+    <message>
+        <source>Allow Recording...</source>
+        <translation>Autoriser l’enregistrement...</translation>
     </message>
 </context>
 <context>

@@ -23,6 +23,10 @@
             <numerusform>貼り付け待ちのクリップが%Ln件あります。Escで終了します</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Ask the Desktop...</source>
+        <translation>デスクトップに許可を求める...</translation>
+    </message>
 </context>
 <context>
     <name>ApplicationChooser</name>
@@ -541,6 +545,13 @@
     <message>
         <source>Copy</source>
         <translation>コピー</translation>
+    </message>
+</context>
+<context>
+    <name>ConsentNotice</name>
+    <message>
+        <source>Nothing is recorded. %1</source>
+        <translation>何も記録されていません。%1</translation>
     </message>
 </context>
 <context>
@@ -1475,6 +1486,10 @@ If you really want to use this key combination, most shortcuts can be changed in
     <message>
         <source>Quit</source>
         <translation>終了</translation>
+    </message>
+    <message>
+        <source>Allow Recording...</source>
+        <translation>記録を許可...</translation>
     </message>
 </context>
 <context>
