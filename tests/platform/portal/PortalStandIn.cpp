@@ -156,6 +156,9 @@ void PortalStandIn::Service::work()
 bool PortalStandIn::Service::handleMessage(const QDBusMessage &message,
                                            const QDBusConnection &connection)
 {
+    // One that was on its way when the portals ended.
+    if (!m_events)
+        return false;
     m_error.clear();
     const QVariantList results = answer(message);
     if (!message.isReplyRequired())
@@ -353,6 +356,8 @@ PortalStandIn::~PortalStandIn()
 {
     resume();
     run([](Service &service) { service.end(); });
+    // On its own thread, where the bus may still know of it.
+    m_service.release()->deleteLater();
     m_thread.quit();
     m_thread.wait();
 }
