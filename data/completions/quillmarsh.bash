@@ -6,8 +6,13 @@ _quillmarsh()
     else
         case ${COMP_WORDS[1]} in
         import | export)
-            COMPREPLY=($(compgen -f -- "$2"))
-            return
+            case $2 in
+            -*) words="--yes" ;;
+            *)
+                COMPREPLY=($(compgen -f -- "$2"))
+                return
+                ;;
+            esac
             ;;
         list) words="--json --null" ;;
         get | paste | delete) words=$(quillmarsh list 2>/dev/null | head -n 50 | cut -f 1) ;;
