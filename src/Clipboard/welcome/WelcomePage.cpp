@@ -16,7 +16,7 @@ constexpr qreal kTitleScale = Looks::kHeadlineScale;
 
 WelcomePage::WelcomePage(WelcomeStage *stage, const QString &title, const QString &text)
     : m_stage(stage), m_title(makeWrappedLabel(title, this)), m_text(makeWrappedLabel(text, this)),
-      m_column(new QVBoxLayout(this))
+      m_note(makeWrappedLabel(QString(), this)), m_column(new QVBoxLayout(this))
 {
     m_column->setContentsMargins(kSideMargin, kSideMargin, kSideMargin, 6);
     m_column->setSpacing(8);
@@ -24,6 +24,8 @@ WelcomePage::WelcomePage(WelcomeStage *stage, const QString &title, const QStrin
     m_column->addSpacing(10);
     m_column->addWidget(m_title);
     m_column->addWidget(m_text);
+    m_column->addWidget(m_note);
+    m_note->hide();
     m_column->addStretch();
     stage->show();
 }
@@ -32,6 +34,12 @@ void WelcomePage::addBelow(QLayout *layout)
 {
     m_column->insertSpacing(m_column->count() - 1, 6);
     m_column->insertLayout(m_column->count() - 1, layout);
+}
+
+void WelcomePage::setNote(const QString &note)
+{
+    m_note->setText(note);
+    m_note->setVisible(!note.isEmpty());
 }
 
 void WelcomePage::setColors(const ClipColors &colors)

@@ -19,6 +19,8 @@ public:
     /// The page becomes the stage's parent.
     WelcomePage(WelcomeStage *stage, const QString &title, const QString &text);
 
+    /// What else is to be known, below the words; nothing when it is empty.
+    void setNote(const QString &note);
     virtual void setColors(const ClipColors &colors);
 
 protected:
@@ -29,5 +31,6 @@ private:
     WelcomeStage *m_stage;
     QLabel *m_title;
     QLabel *m_text;
+    QLabel *m_note;
     QVBoxLayout *m_column;
 };

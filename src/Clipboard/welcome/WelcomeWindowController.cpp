@@ -105,9 +105,7 @@ void WelcomeWindowController::offerToMoveIn(const QString &line)
     if (!m_window)
         return;
     showOffer();
-    // The line may need more room, which no layout between the page and the window asks for.
-    m_view->mainContentView->updateGeometry();
-    applyTheme();
+    askForRoom();
 }
 
 void WelcomeWindowController::showOffer()
@@ -229,13 +227,32 @@ void WelcomeWindowController::showShortcuts()
     m_setOpenKeys(keysOf(SettingsKeys::kOpenShortCut));
     m_setSwopKeys(keysOf(SettingsKeys::kSwopShortCut));
     m_view->cmdShiftVLabel->setText(openShortcutLine());
+    // The pages with keys, which do nothing until then.
+    for (const size_t page : {1, 2})
+        m_viewControllers.at(page)->setNote(absentShortcutsLine());
+    askForRoom();
+}
+
+/// For what a page says more, which no layout between it and the window asks for.
+void WelcomeWindowController::askForRoom()
+{
+    m_view->mainContentView->updateGeometry();
+    applyTheme();
+}
+
+/// Empty where the shortcuts work.
+QString WelcomeWindowController::absentShortcutsLine() const
+{
+    return GlobalShortcuts::canBeHad()
+               ? QString()
+               : tr("This desktop lets no program set shortcuts. Preferences has the line that its "
+                    "configuration needs.");
 }
 
 QString WelcomeWindowController::openShortcutLine() const
 {
     if (!GlobalShortcuts::canBeHad())
-        return tr("This desktop lets no program set shortcuts. Preferences has the line that its "
-                  "configuration needs.");
+        return absentShortcutsLine();
     const MASShortcut usual = GlobalShortcuts::defaultOpenShortcut();
     const QString usualName = GlobalShortcuts::sentenceName(usual);
     const std::optional<MASShortcut> own =

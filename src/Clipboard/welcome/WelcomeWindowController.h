@@ -73,6 +73,8 @@ private:
     void tourClicked();
     void returnPressed();
     void showShortcuts();
+    void askForRoom();
+    QString absentShortcutsLine() const;
     QString openShortcutLine() const;
     void applyTheme();
     void bringToFront();

@@ -17,6 +17,8 @@
 #include <QScopeGuard>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 const QString kMessage = QStringLiteral("Quillmarsh setup complete");
@@ -354,9 +356,18 @@ TEST_F(WelcomeRig, theLabelNamesTheDefaultShortcutAndBesideItTheUsersOwn)
         delegate.generalPane().setWelcomeWindowShown(false);
         return welcome.view()->cmdShiftVLabel->text();
     };
+    const auto warnings = [this] {
+        const auto labels = welcome.view()->findChildren<QLabel *>();
+        return std::count_if(labels.begin(), labels.end(), [](const QLabel *one) {
+            return !one->isHidden() &&
+                   one->text().startsWith(QStringLiteral("This desktop lets no program"));
+        });
+    };
     EXPECT_TRUE(label().contains(usual));
+    EXPECT_EQ(warnings(), 0);
     memory.hotKeys.setControl(HotKeys::Control::Nobody);
     EXPECT_TRUE(label().startsWith(QStringLiteral("This desktop lets no program")));
+    EXPECT_EQ(warnings(), 3) << "the pages with keys, and the last";
     memory.hotKeys.setControl(HotKeys::Control::Ours);
     memory.settings.setValue(
         SettingsKeys::kOpenShortCut,
