@@ -39,8 +39,9 @@ bool OwnSelections::claim(DataControl &control, Selection selection,
     if (!control.roundTrip())
         return false;
     Own *own = find(selection, mark);
+    // A compositor that is busy tells the managers late.
     if (own)
-        own->isConfirmed = true;
+        own->confirm(m_limits.now());
     return own;
 }
 
@@ -74,7 +75,7 @@ bool OwnSelections::confirm(Selection selection, const std::shared_ptr<DataOffer
     const auto own = m_own.find(selection);
     if (!offer || own == m_own.end() || !offer->names().contains(own->second.mark))
         return false;
-    own->second.isConfirmed = true;
+    own->second.confirm(m_limits.now());
     m_replaced.erase(selection);
     return true;
 }
@@ -138,7 +139,8 @@ void OwnSelections::noteRead(Selection selection, const QString &mark)
     if (!own)
         return;
     ++own->timesRead;
-    if (selection == Selection::Clipboard && m_limits.now() - own->since >= kManagersRead)
+    if (selection == Selection::Clipboard && own->isConfirmed &&
+        m_limits.now() - own->since >= kManagersRead)
         m_given();
     own = find(selection, mark);
     if (!own)

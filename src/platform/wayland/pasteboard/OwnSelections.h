@@ -55,11 +55,17 @@ private:
     {
         std::unique_ptr<DataSource> source;
         std::shared_ptr<const CopyOffer> offer;
-        QString mark; ///< Among its formats.
-        TimePoint since;
+        QString mark;    ///< Among its formats.
+        TimePoint since; ///< From when on others can read it, as far as is known.
         bool isConfirmed = false;
         int timesRead = 0;
         bool isPasted = false; ///< While it was ours a paste was expected.
+
+        void confirm(TimePoint now)
+        {
+            since = isConfirmed ? since : now;
+            isConfirmed = true;
+        }
     };
 
     DataSource::Listeners listenersOf(Selection selection, const QString &mark,
