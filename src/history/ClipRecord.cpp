@@ -46,13 +46,6 @@ void bind(SQLite::Statement &statement, int index, const Value &value)
         statement.bind(index, text->toStdString());
 }
 
-bool isTaken(SQLite::Database &database, qint64 pk)
-{
-    SQLite::Statement query(database, "SELECT 1 FROM ClipItem WHERE pk = ?");
-    query.bind(1, static_cast<std::int64_t>(pk));
-    return query.executeStep();
-}
-
 } // namespace
 
 std::optional<QString> ClipRecord::textOf(const SQLite::Column &column)
@@ -96,10 +89,25 @@ ClipChange ClipRecord::read(SQLite::Statement &query)
     return record;
 }
 
-qint64 ClipRecord::write(SQLite::Database &database, const ClipChange &change)
+SQLite::Statement &ClipRecord::Writer::statement(const std::string &text)
+{
+    SQLite::Statement &statement = m_statements.try_emplace(text, m_database, text).first->second;
+    statement.reset();
+    statement.clearBindings();
+    return statement;
+}
+
+bool ClipRecord::Writer::isTaken(qint64 pk)
+{
+    SQLite::Statement &query = statement("SELECT 1 FROM ClipItem WHERE pk = ?");
+    query.bind(1, static_cast<std::int64_t>(pk));
+    return query.executeStep();
+}
+
+qint64 ClipRecord::Writer::write(const ClipChange &change)
 {
     std::vector<Column> columns = columnsOf(change);
-    if (change.formerPk != 0 && !isTaken(database, change.formerPk))
+    if (change.formerPk != 0 && !isTaken(change.formerPk))
         columns.emplace_back("pk", change.formerPk);
     if (columns.empty())
         return change.pk;
@@ -110,13 +118,14 @@ qint64 ClipRecord::write(SQLite::Database &database, const ClipChange &change)
         places += places.empty() ? "?" : ", ?";
     }
     const bool isNew = change.pk == 0;
-    SQLite::Statement statement(
-        database, isNew ? "INSERT INTO ClipItem (" + names + ") VALUES (" + places + ")"
-                        : "UPDATE ClipItem SET (" + names + ") = (" + places +
-                              ") WHERE pk = " + std::to_string(change.pk));
+    SQLite::Statement &record =
+        statement(isNew ? "INSERT INTO ClipItem (" + names + ") VALUES (" + places + ")"
+                        : "UPDATE ClipItem SET (" + names + ") = (" + places + ") WHERE pk = ?");
     int index = 0;
     for (const auto &[name, value] : columns)
-        bind(statement, ++index, value);
-    statement.exec();
-    return isNew ? database.getLastInsertRowid() : change.pk;
+        bind(record, ++index, value);
+    if (!isNew)
+        record.bind(++index, static_cast<std::int64_t>(change.pk));
+    record.exec();
+    return isNew ? m_database.getLastInsertRowid() : change.pk;
 }

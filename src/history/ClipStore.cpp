@@ -235,10 +235,10 @@ std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
                 deletion.reset();
             }
         }
+        ClipRecord::Writer writer(database());
         std::vector<qint64> pks;
-        std::transform(
-            changes.begin(), changes.end(), std::back_inserter(pks),
-            [&](const ClipChange &change) { return ClipRecord::write(database(), change); });
+        std::transform(changes.begin(), changes.end(), std::back_inserter(pks),
+                       [&writer](const ClipChange &change) { return writer.write(change); });
         std::vector<std::optional<bool>> pins;
         for (std::size_t i = 0; i < changes.size(); ++i)
             pins.push_back(changes[i].isPinned
