@@ -2,6 +2,7 @@
 
 import pathlib
 import plistlib
+import signal
 import subprocess
 
 from journey import BINARY, BUNDLE, Journey, Quillmarsh, made_in, pasteboard
@@ -33,6 +34,27 @@ class CopyJourney(Journey):
         self.app.wait_for_clip("gone but not forgotten")
         self.wait_for(lambda: pasteboard(self.desktop) == "gone but not forgotten",
                       "the adopted text")
+
+    @made_in("sway")
+    def test_a_display_that_stands_still_for_a_while_takes_nothing_away(self):
+        self.copy("before")
+        display = self.desktop.compositor
+        display.send_signal(signal.SIGSTOP)
+        # What needs no display is answered all the while.
+        listed = self.desktop.run([BINARY, "list"], stdout=subprocess.PIPE, timeout=10)
+        copying = self.desktop.start([BINARY, "copy"], stdin=subprocess.PIPE, text=True)
+        copying.stdin.write("meanwhile")
+        copying.stdin.close()
+        launching = self.desktop.start([BINARY, "launch"])
+        launching.wait(10)
+        display.send_signal(signal.SIGCONT)
+        self.assertEqual(listed.stdout, b"c1\tbefore\n")
+        self.assertEqual(copying.wait(10), 0)
+        self.app.window()
+        self.app.close()
+        self.assertEqual(self.app.clips(), ["meanwhile", "before"])
+        self.assertEqual(pasteboard(self.desktop), "meanwhile")
+        self.copy("after")
 
     @made_in()
     def test_a_secret_is_not_recorded(self):

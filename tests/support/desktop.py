@@ -35,7 +35,8 @@ class Desktop(Surroundings):
 
     def _start_x_server(self):
         read_end, write_end = os.pipe()
-        self.start(
+        # What stands where a Wayland session has its compositor.
+        self.compositor = self.start(
             ["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen + "x24",
              "-nolisten", "tcp", "-noreset", *self.xvfb_arguments],
             pass_fds=[write_end], quiet=True)
