@@ -467,6 +467,30 @@
         <source>Pin</source>
         <translation>تثبيت</translation>
     </message>
+    <message>
+        <source>Return</source>
+        <translation>Return</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -1154,6 +1178,14 @@ Ctrl+Shift+D lists all clips again.</source>
             <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
             <numerusform>لم تتسع %Ln قصاصة محذوفة: يحتفظ السجل بـ %1 على الأكثر</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Deleted for good · too large for Ctrl+Z</source>
+        <translation>حُذفت نهائيًا · أكبر من أن يعيدها Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings back all but the largest pictures</source>
+        <translation>حُذفت · Ctrl+Z يعيد كل شيء عدا أكبر الصور</translation>
     </message>
 </context>
 <context>

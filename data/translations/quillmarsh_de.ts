@@ -427,6 +427,30 @@
         <source>Pin</source>
         <translation>Anheften</translation>
     </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -1094,6 +1118,14 @@ Strg+Umschalt+D zeigt wieder alle Clips.</translation>
             <numerusform>%Ln gelöschter Clip passte nicht: Der Verlauf behält höchstens %1</numerusform>
             <numerusform>%Ln gelöschte Clips passten nicht: Der Verlauf behält höchstens %1</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Deleted for good · too large for Ctrl+Z</source>
+        <translation>Endgültig gelöscht · zu groß für Strg+Z</translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings back all but the largest pictures</source>
+        <translation>Gelöscht · Strg+Z holt alles außer den größten Bildern zurück</translation>
     </message>
 </context>
 <context>

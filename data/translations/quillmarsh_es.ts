@@ -427,6 +427,30 @@
         <source>Pin</source>
         <translation>Fijar</translation>
     </message>
+    <message>
+        <source>Return</source>
+        <translation>Intro</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Retroceso</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Súper</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Mayús</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -1094,6 +1118,14 @@ Ctrl+Mayús+D vuelve a mostrar todos los recortes.</translation>
             <numerusform>%Ln recorte eliminado no cabía: el historial guarda %1 como máximo</numerusform>
             <numerusform>%Ln recortes eliminados no cabían: el historial guarda %1 como máximo</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Deleted for good · too large for Ctrl+Z</source>
+        <translation>Eliminado para siempre · demasiado grande para Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings back all but the largest pictures</source>
+        <translation>Eliminado · Ctrl+Z lo recupera todo salvo las imágenes más grandes</translation>
     </message>
 </context>
 <context>

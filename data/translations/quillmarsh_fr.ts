@@ -427,6 +427,30 @@
         <source>Pin</source>
         <translation>Épingler</translation>
     </message>
+    <message>
+        <source>Return</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Retour arrière</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maj</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -1094,6 +1118,14 @@ Ctrl+Maj+D affiche de nouveau tous les extraits.</translation>
             <numerusform>%Ln extrait supprimé n’avait plus de place : l’historique en garde %1 au plus</numerusform>
             <numerusform>%Ln extraits supprimés n’avaient plus de place : l’historique en garde %1 au plus</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Deleted for good · too large for Ctrl+Z</source>
+        <translation>Supprimé définitivement · trop volumineux pour Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings back all but the largest pictures</source>
+        <translation>Supprimé · Ctrl+Z rétablit tout sauf les plus grandes images</translation>
     </message>
 </context>
 <context>

@@ -417,6 +417,30 @@
         <source>Pin</source>
         <translation>固定</translation>
     </message>
+    <message>
+        <source>Return</source>
+        <translation>Return</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
 </context>
 <context>
     <name>ClipPaster</name>
@@ -1079,6 +1103,14 @@ Ctrl+Shift+D ですべてのクリップの表示に戻ります。</translation
         <translation>
             <numerusform>削除した %Ln 件のクリップは入りませんでした: 履歴に残せるのは %1 件までです</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Deleted for good · too large for Ctrl+Z</source>
+        <translation>完全に削除しました · 大きすぎて Ctrl+Z では戻せません</translation>
+    </message>
+    <message>
+        <source>Deleted · Ctrl+Z brings back all but the largest pictures</source>
+        <translation>削除しました · Ctrl+Z で最も大きい画像以外を元に戻せます</translation>
     </message>
 </context>
 <context>

@@ -144,6 +144,7 @@ public:
     void deleteItem(const std::shared_ptr<ClipItem> &item) override;
     void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
     int heldDeletions() const override;
+    DeletedClips::Latest latestDeletion() const override;
     BroughtBack bringBack() override;
     void setPinned(const std::vector<std::shared_ptr<ClipItem>> &items, bool isPinned) override;
     void setPinnedOnly(bool isOn) override;

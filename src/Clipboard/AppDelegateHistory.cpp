@@ -50,6 +50,11 @@ int AppDelegate::heldDeletions() const
     return m_history->deletedClips().count();
 }
 
+DeletedClips::Latest AppDelegate::latestDeletion() const
+{
+    return m_history->deletedClips().latest();
+}
+
 BroughtBack AppDelegate::bringBack()
 {
     return m_history->bringBack();

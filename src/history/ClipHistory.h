@@ -134,7 +134,7 @@ private:
     void keepHtml(const Clip &clip, const std::shared_ptr<ClipItem> &item);
     void forget(const std::shared_ptr<ClipItem> &item);
     void hold(const Items &items);
-    void holdPictures(std::vector<ClipChange> &clips) const;
+    bool holdPictures(std::vector<ClipChange> &clips) const;
     bool isThereAgain(const ClipChange &deleted);
     std::vector<ClipChange> trimmed(Items &restored, const DeletedClips::Step &step);
     void workWhileIdle();

@@ -31,33 +31,35 @@ void ClipHistory::forget(const std::shared_ptr<ClipItem> &item)
 void ClipHistory::hold(const Items &items)
 {
     std::optional<std::vector<ClipChange>> clips =
-        m_context.records(items, DeletedClips::kMostBytes);
-    if (!clips)
+        m_context.records(items, m_deletedClips.mostBytes());
+    if (!clips) {
+        m_deletedClips.lose();
         return;
-    holdPictures(*clips);
-    m_deletedClips.push(
-        {std::move(*clips), static_cast<qint64>(m_history.size()), m_settings.getMaxItems()});
+    }
+    const bool isWhole = holdPictures(*clips);
+    m_deletedClips.push({std::move(*clips), static_cast<qint64>(m_history.size()),
+                         m_settings.getMaxItems(), isWhole});
 }
 
 /// Their files go with the clips, so that the bytes are all that is left of them. Clips whose
-/// pictures are too much to be held are not held either.
-void ClipHistory::holdPictures(std::vector<ClipChange> &clips) const
+/// pictures are too much to be held are not held either; false when there are such.
+bool ClipHistory::holdPictures(std::vector<ClipChange> &clips) const
 {
-    constexpr qint64 kMostBytes = DeletedClips::kMostBytes / 2;
+    const qint64 mostBytes = m_deletedClips.mostBytes() / 2;
     qint64 bytes = 0;
     const auto isPicture = [this](const ClipChange &deleted) {
         const std::optional<QString> path = deleted.clip->filepath();
         return path && m_pictures.isOurs(*path);
     };
     for (ClipChange &deleted : clips) {
-        if (!isPicture(deleted) || bytes > kMostBytes)
+        if (!isPicture(deleted) || bytes > mostBytes)
             continue;
         deleted.clip->picture = m_pictures.read(*deleted.clip->filepath());
         bytes += deleted.clip->picture.size();
     }
-    std::erase_if(clips, [&](const ClipChange &deleted) {
-        return isPicture(deleted) && deleted.clip->picture.isEmpty();
-    });
+    return std::erase_if(clips, [&](const ClipChange &deleted) {
+               return isPicture(deleted) && deleted.clip->picture.isEmpty();
+           }) == 0;
 }
 
 void ClipHistory::deleteItems(Items items)

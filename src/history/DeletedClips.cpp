@@ -25,19 +25,47 @@ DeletedClips::DeletedClips(std::chrono::milliseconds time)
 
 void DeletedClips::push(Step step)
 {
-    if (step.clips.empty())
+    if (step.clips.empty() && step.isWhole)
         return;
-    m_steps.push_back(std::move(step));
-    dropOldest();
+    m_isLatestLost = false;
+    if (!step.clips.empty()) {
+        m_steps.push_back(std::move(step));
+        dropOldest();
+    } else {
+        m_steps.clear();
+    }
+    if (m_steps.empty())
+        lose();
+    else if (!m_isWindowOpen)
+        m_timer.start();
+}
+
+void DeletedClips::lose()
+{
+    m_steps.clear();
+    m_isLatestLost = true;
     if (!m_isWindowOpen)
         m_timer.start();
+}
+
+void DeletedClips::clear()
+{
+    m_steps.clear();
+    m_isLatestLost = false;
+}
+
+DeletedClips::Latest DeletedClips::latest() const
+{
+    if (m_isLatestLost)
+        return Latest::Lost;
+    return m_steps.empty() || m_steps.back().isWhole ? Latest::Held : Latest::InPart;
 }
 
 void DeletedClips::dropOldest()
 {
     qint64 bytes = 0;
     auto first = m_steps.end();
-    while (first != m_steps.begin() && (bytes += bytesOf(*std::prev(first))) <= kMostBytes)
+    while (first != m_steps.begin() && (bytes += bytesOf(*std::prev(first))) <= m_mostBytes)
         --first;
     m_steps.erase(m_steps.begin(), first);
 }

@@ -211,6 +211,34 @@ TEST_F(DeletedClipsTest, whatTheDiskRefusesIsBroughtBackAllTheSame)
     EXPECT_EQ(HistoryRig(m_folder.path()).texts(), list("B A"));
 }
 
+TEST_F(DeletedClipsTest, whatIsTooMuchToBeHeldIsLostAndSaidToBe)
+{
+    using Latest = DeletedClips::Latest;
+    DeletedClips &held = rig.history.deletedClips();
+    const QString large(1000, u'L');
+    const QString other(1000, u'O');
+    rig.fill(qPrintable(QStringLiteral("A B ") + large + u' ' + other));
+    held.setMostBytes(1500);
+    EXPECT_EQ(held.latest(), Latest::Held) << "no deletion yet";
+    remove("B");
+    EXPECT_EQ(held.latest(), Latest::Held);
+    rig.history.deleteItems({rig.at(0), rig.at(1)});
+    EXPECT_EQ(held.latest(), Latest::Lost);
+    EXPECT_EQ(held.count(), 0) << "the one before would be taken for it";
+    remove("A");
+    EXPECT_EQ(held.latest(), Latest::Held);
+    EXPECT_EQ(held.count(), 1);
+    DeletedClips::Step part = held.takeLatest();
+    part.isWhole = false;
+    held.push(part);
+    EXPECT_EQ(held.latest(), Latest::InPart);
+    part.clips.clear();
+    held.push(part);
+    EXPECT_EQ(held.latest(), Latest::Lost);
+    held.clear();
+    EXPECT_EQ(held.latest(), Latest::Held);
+}
+
 TEST_F(DeletedClipsTest, nothingIsHeldOnceTheWindowHasBeenClosedForAWhile)
 {
     const auto step = [] {

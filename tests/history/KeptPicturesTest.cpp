@@ -213,6 +213,10 @@ TEST_F(KeptPicturesTest, aFileThatACrashLeftGoesAtTheNextStartAndADeletedOneCanC
     EXPECT_EQ(next.history.pictures().read(known), QByteArray());
     EXPECT_TRUE(next.history.bringBack().newest);
     EXPECT_EQ(next.history.pictures().read(known), kRed);
+    // Gone from the disk by another hand, it cannot be held.
+    QFile::remove(known);
+    next.history.deleteItem(next.at(0));
+    EXPECT_EQ(next.history.deletedClips().latest(), DeletedClips::Latest::Lost);
 }
 
 TEST_F(KeptPicturesTest, isPastedAsAPictureAndAsItsFile)

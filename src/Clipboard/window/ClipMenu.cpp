@@ -83,14 +83,31 @@ const Entry kEntries[] = {
      [](Controller &controller) { controller.deleteItem(); }},
 };
 
-/// As the help and the keyboard call it.
+QString nameOf(Qt::Key key)
+{
+    if (key == Qt::Key_Return)
+        return ClipMenu::tr("Return");
+    if (key == Qt::Key_Backspace)
+        return ClipMenu::tr("Backspace");
+    return QKeySequence(key).toString();
+}
+
+/// As the tour and the footer call the keys; the toolkit's own names for them differ from those in
+/// some languages.
 QString keyText(QKeyCombination key)
 {
-    const bool isSuper = key.keyboardModifiers() & Qt::MetaModifier;
-    const QString text =
-        QKeySequence(QKeyCombination(key.keyboardModifiers() & ~Qt::MetaModifier, key.key()))
-            .toString(QKeySequence::NativeText);
-    return isSuper ? QStringLiteral("Super+") + text : text;
+    const Qt::KeyboardModifiers modifiers = key.keyboardModifiers();
+    QStringList names;
+    if (modifiers & Qt::MetaModifier)
+        names.append(ClipMenu::tr("Super"));
+    if (modifiers & Qt::ControlModifier)
+        names.append(ClipMenu::tr("Ctrl"));
+    if (modifiers & Qt::AltModifier)
+        names.append(ClipMenu::tr("Alt"));
+    if (modifiers & Qt::ShiftModifier)
+        names.append(ClipMenu::tr("Shift"));
+    names.append(nameOf(key.key()));
+    return names.join(u'+');
 }
 
 } // namespace

@@ -29,6 +29,8 @@ public:
     virtual void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
     /// How many deletions can be taken back.
     virtual int heldDeletions() const = 0;
+    /// What of the latest deletion can.
+    virtual DeletedClips::Latest latestDeletion() const = 0;
     /// Takes back the latest deletion.
     virtual BroughtBack bringBack() = 0;
     /// Pins clips, or takes their pins.

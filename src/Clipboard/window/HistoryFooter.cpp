@@ -23,17 +23,28 @@ void HistoryFooter::setText(const QString &text)
 
 void HistoryFooter::update()
 {
-    QStringList lines{m_text, m_unfit};
-    const bool bringsBack = wouldBringBack();
-    m_views.searchTextField->setProperty(FieldPasteboard::kOwnUndo, bringsBack);
-    if (m_unfit.isEmpty() && bringsBack)
-        lines.append(tr("Deleted · Ctrl+Z brings it back"));
+    m_views.searchTextField->setProperty(FieldPasteboard::kOwnUndo, wouldBringBack());
+    QStringList lines{m_text, m_unfit.isEmpty() ? deletionLine() : m_unfit};
     lines.removeAll(QString());
     m_views.setFooter(lines.join(u'\n'));
 }
 
+/// What can be done about the latest deletion; empty when nothing is to be said of it.
+QString HistoryFooter::deletionLine() const
+{
+    const DeletedClips::Latest latest = m_appDelegate.latestDeletion();
+    if (latest == DeletedClips::Latest::Lost)
+        return m_isLossKnown ? QString() : tr("Deleted for good · too large for Ctrl+Z");
+    if (!wouldBringBack())
+        return {};
+    return latest == DeletedClips::Latest::InPart
+               ? tr("Deleted · Ctrl+Z brings back all but the largest pictures")
+               : tr("Deleted · Ctrl+Z brings it back");
+}
+
 void HistoryFooter::tellDeletion()
 {
+    m_isLossKnown = false;
     m_unfit.clear();
     update();
 }
@@ -51,6 +62,7 @@ void HistoryFooter::tellBroughtBack(const BroughtBack &result)
 void HistoryFooter::searchEdited()
 {
     m_heldBeforeEdit = m_appDelegate.heldDeletions();
+    m_isLossKnown = true;
     m_unfit.clear();
     update();
 }
@@ -58,6 +70,7 @@ void HistoryFooter::searchEdited()
 void HistoryFooter::forgetSearch()
 {
     m_heldBeforeEdit = 0;
+    m_isLossKnown = false;
     m_unfit.clear();
 }
 

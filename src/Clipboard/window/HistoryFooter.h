@@ -34,9 +34,12 @@ public:
     bool wouldBringBack() const;
 
 private:
+    QString deletionLine() const;
+
     HistoryActions &m_appDelegate;
     HistoryViews &m_views;
     QString m_text;
-    QString m_unfit;          ///< What was said of the last deletion that was taken back.
-    int m_heldBeforeEdit = 0; ///< Deletions that are older than the last edit of the search.
+    QString m_unfit;            ///< What was said of the last deletion that was taken back.
+    bool m_isLossKnown = false; ///< The search was edited since a deletion that is lost.
+    int m_heldBeforeEdit = 0;   ///< Deletions that are older than the last edit of the search.
 };

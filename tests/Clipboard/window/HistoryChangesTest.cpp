@@ -142,6 +142,12 @@ TEST_F(HistoryChangesTest, clearAllIsTakenBackAsFarAsItFits)
               QStringLiteral("2 deleted clips did not fit: the history keeps 10 at most"));
     QTest::keyClicks(field, QStringLiteral("1"));
     EXPECT_EQ(footer(), QString());
+
+    delegate.history().deletedClips().setMostBytes(0);
+    deleteSelected();
+    EXPECT_EQ(footer(), QStringLiteral("Deleted for good · too large for Ctrl+Z"));
+    QTest::keyClicks(field, QStringLiteral("0"));
+    EXPECT_EQ(footer(), QString());
 }
 
 } // namespace

@@ -287,6 +287,7 @@ public:
     void deleteItem(const std::shared_ptr<ClipItem> &) override {}
     void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
     int heldDeletions() const override { return 0; }
+    DeletedClips::Latest latestDeletion() const override { return DeletedClips::Latest::Held; }
     BroughtBack bringBack() override { return {}; }
     void setPinned(const std::vector<std::shared_ptr<ClipItem>> &, bool) override {}
     void setPinnedOnly(bool) override {}
