@@ -208,6 +208,16 @@ Contents ForeignFormats::readCopyQ(QIODevice &file)
     return contents;
 }
 
+void ForeignFormats::takeText(Contents &contents, const QByteArray &utf8)
+{
+    take(contents, textOf(utf8));
+}
+
+void ForeignFormats::takeUrls(Contents &contents, const QList<QByteArray> &urls)
+{
+    takeFiles(contents, localFiles(urls));
+}
+
 Contents ForeignFormats::readKlipper(QIODevice &file)
 {
     QDataStream stream(&file);

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 class QIODevice;
 
 /// How other clipboard histories lie on disk. Each reader takes what is a text or a list of files,
@@ -15,7 +17,8 @@ namespace ForeignFormats {
 struct Clip
 {
     QString text;
-    QStringList fileNames = {}; ///< Absolute paths; empty for a text.
+    QStringList fileNames = {};               ///< Absolute paths; empty for a text.
+    std::optional<double> createSeconds = {}; ///< Since 1970 UTC; few programs keep it.
 };
 struct Contents
 {
@@ -32,9 +35,15 @@ inline constexpr qint64 kMaxFile = 64 * 1024 * 1024; ///< In bytes.
 inline constexpr qsizetype kMaxClips = 200'000;
 inline constexpr qint64 kMaxCharacters = 256 * 1024 * 1024; ///< Of all of a file's texts.
 
+/// Takes a text in UTF-8, which is older than those before; what is no text, or too much, is passed
+/// over.
+void takeText(Contents &contents, const QByteArray &utf8);
+/// The same for files by their URLs; what is no file's is left out.
+void takeUrls(Contents &contents, const QList<QByteArray> &urls);
+
 /// A tab of CopyQ.
 Contents readCopyQ(QIODevice &file);
-/// The history of Plasma's clipboard.
+/// The history of Plasma's clipboard before version 6.
 Contents readKlipper(QIODevice &file);
 Contents readGPaste(QIODevice &file);
 /// Of Clipman for Wayland.

@@ -1,6 +1,7 @@
 #include "Clipboard/exchange/ForeignHistories.h"
 
 #include "Clipboard/exchange/ForeignFormats.h"
+#include "Clipboard/exchange/KlipperStore.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -23,7 +24,8 @@ struct Program
     const char *folder;
     const char *files; ///< A name, or a pattern of several.
     Contents (*read)(QIODevice &file);
-    bool isReadInParts; ///< However large it is.
+    bool isReadInParts;                                   ///< However large it is.
+    Contents (*readStore)(const QString &path) = nullptr; ///< In the place of `read`.
 };
 
 constexpr Program kPrograms[] = {
@@ -31,6 +33,8 @@ constexpr Program kPrograms[] = {
      &ForeignFormats::readCopyQ, true},
     {"Klipper", QStandardPaths::GenericDataLocation, "klipper", "history2.lst",
      &ForeignFormats::readKlipper, false},
+    {"Klipper", QStandardPaths::GenericDataLocation, "klipper", "history3.sqlite", nullptr, true,
+     &KlipperStore::read},
     {"GPaste", QStandardPaths::GenericDataLocation, "gpaste", "*.xml", &ForeignFormats::readGPaste,
      false},
     {"Clipman", QStandardPaths::GenericDataLocation, "", "clipman.json",
@@ -49,22 +53,29 @@ QFileInfoList filesOf(const Program &program)
                                 QDir::Name);
 }
 
+Contents contentsOf(const Program &program, const QFileInfo &info)
+{
+    if (program.readStore)
+        return program.readStore(info.filePath());
+    QFile file(info.filePath());
+    const bool isReadable = (program.isReadInParts || info.size() <= ForeignFormats::kMaxFile) &&
+                            file.open(QIODevice::ReadOnly);
+    return isReadable ? program.read(file) : Contents();
+}
+
 ForeignHistories::Found readFile(const Program &program, const QFileInfo &info)
 {
     ForeignHistories::Found found;
     found.program = QLatin1String(program.name);
     found.path = info.filePath();
-    QFile file(info.filePath());
-    const bool isReadable = (program.isReadInParts || info.size() <= ForeignFormats::kMaxFile) &&
-                            file.open(QIODevice::ReadOnly);
-    const Contents contents = isReadable ? program.read(file) : Contents();
+    const Contents contents = contentsOf(program, info);
     found.isWhole = contents.isUnderstood;
     double date = std::floor(static_cast<double>(info.lastModified().toMSecsSinceEpoch()) / 1000);
     for (const ForeignFormats::Clip &clip : contents.clips) {
         SharedClip shared;
         shared.text = clip.text;
         shared.fileNames = clip.fileNames;
-        shared.createSeconds = date--;
+        shared.createSeconds = clip.createSeconds ? *clip.createSeconds : date--;
         found.clips.append(shared);
     }
     return found;

@@ -17,8 +17,8 @@ struct Found
 };
 
 /// Reads what there is, in a bounded time and memory. Programs without a history, and those with
-/// nothing in it, are left out unless something was not understood. No program keeps when a clip
-/// was copied, so they are dated back from the file, a second apart.
+/// nothing in it, are left out unless something was not understood. Few programs keep when a clip
+/// was copied; those of the others are dated back from the file, a second apart.
 QList<Found> read();
 
 /// The clips of all, newest first and each text once.

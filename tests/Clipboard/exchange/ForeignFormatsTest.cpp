@@ -1,13 +1,17 @@
 #include "Clipboard/exchange/ForeignFormats.h"
 #include "Clipboard/exchange/ClipFile.h"
 #include "Clipboard/exchange/ForeignHistories.h"
+#include "Clipboard/exchange/KlipperStore.h"
 
 #include <QBuffer>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -168,6 +172,88 @@ TEST(ForeignHistoriesTest, theyAreFoundWhereTheProgramsKeepThemAndMergedByDate)
     EXPECT_EQ(std::count_if(merged.begin(), merged.end(),
                             [](const SharedClip &clip) { return clip.text == u"the last one"; }),
               1);
+}
+
+/// Its folder as Klipper of Plasma 6.3 wrote it.
+class KlipperStoreTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const QDir fixture(QStringLiteral(TEST_DATA_DIR "/foreign/klipper"));
+        QDirIterator files(fixture.path(), QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString name =
+                QStringLiteral("klipper/") + fixture.relativeFilePath(files.next());
+            QDir().mkpath(QFileInfo(home.filePath(name)).path());
+            ASSERT_TRUE(QFile::copy(files.filePath(), home.filePath(name)));
+            QFile::setPermissions(home.filePath(name), QFile::ReadOwner | QFile::WriteOwner);
+        }
+    }
+    void write(const QByteArray &bytes) const
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QByteArray bytes() const
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    const QTemporaryDir home;
+    const QString path = home.filePath(QStringLiteral("klipper/history3.sqlite"));
+};
+
+TEST_F(KlipperStoreTest, isReadAsItsProgramLeftItAndWhileThatHasItOpen)
+{
+    const Contents left = KlipperStore::read(path);
+    EXPECT_TRUE(left.isUnderstood);
+    EXPECT_EQ(
+        textsOf(left).join(u'|').toStdString(),
+        "the last one|/etc/hostname\n/usr/share/doc/a|starred one|third|second\nclip ü|first clip");
+    EXPECT_EQ(left.clips.at(1).fileNames.size(), 2);
+    EXPECT_EQ(left.passedOver, 1) << "a picture";
+    for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+        qputenv(variable, QFile::encodeName(home.path()));
+    const QList<ForeignHistories::Found> found = ForeignHistories::read();
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found.first().clips.first().createSeconds, left.clips.first().createSeconds);
+    EXPECT_GT(left.clips.first().createSeconds, left.clips.last().createSeconds);
+
+    sqlite3 *program = nullptr;
+    ASSERT_EQ(sqlite3_open(qPrintable(path), &program), SQLITE_OK);
+    // What it has just written lies in its log.
+    ASSERT_EQ(sqlite3_exec(program,
+                           "PRAGMA journal_mode = WAL; INSERT INTO main VALUES "
+                           "('aa', 9e9, 9e9, 'text/plain', 'just now', NULL)",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    const Contents open = KlipperStore::read(path);
+    EXPECT_EQ(open.clips.size(), left.clips.size() + 1);
+    EXPECT_EQ(open.clips.first().text, QStringLiteral("just now"));
+    EXPECT_EQ(open.clips.first().createSeconds, 9e9);
+    sqlite3_close(program);
+}
+
+TEST_F(KlipperStoreTest, aBrokenOneGivesAtMostWhatItHas)
+{
+    const QByteArray whole = bytes();
+    const qsizetype count = KlipperStore::read(path).clips.size();
+    for (const QByteArray &broken :
+         {whole.left(whole.size() / 2), QByteArray("none of it"), QByteArray(8192, '\xff')}) {
+        write(broken);
+        EXPECT_FALSE(KlipperStore::read(path).isUnderstood);
+    }
+    for (qsizetype at = 0; at < whole.size(); at += 499) {
+        QByteArray bent = whole;
+        bent[at] = static_cast<char>(bent[at] ^ 0xff);
+        write(bent);
+        EXPECT_LE(KlipperStore::read(path).clips.size(), 10 * count);
+    }
+    EXPECT_FALSE(KlipperStore::read(home.filePath(QStringLiteral("none"))).isUnderstood);
 }
 
 SharedClip clip()
