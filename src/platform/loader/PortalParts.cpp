@@ -5,6 +5,7 @@
 #include "platform/portal/PortalBus.h"
 #include "platform/portal/PortalClipboard.h"
 #include "platform/portal/PortalControl.h"
+#include "platform/portal/PortalHotKeys.h"
 #include "platform/portal/PortalTypist.h"
 #include "platform/portal/RemoteControlSession.h"
 #include "platform/wayland/WaylandConnection.h"
@@ -136,6 +137,26 @@ void PortalParts::tell(Capabilities &capabilities) const
                             "only.");
     }
     capabilities.tell(pasting);
+}
+
+std::unique_ptr<HotKeys> PortalParts::makeHotKeys(const Platform &platform,
+                                                  std::unique_ptr<HotKeys> otherwise) const
+{
+    if (!m_clipboard || !doPortalsOffer({QStringLiteral("GlobalShortcuts")}))
+        return otherwise;
+    auto hotKeys =
+        std::make_unique<PortalHotKeys>(m_bus, *platform.keyboardLayout, std::move(otherwise));
+    QObject::connect(hotKeys.get(), &PortalHotKeys::activationTokenGiven,
+                     platform.frontApplication.get(), &FrontApplication::endStartup);
+    const auto beginOnceAnswered = [hotKeys = hotKeys.get(), session = m_session] {
+        using State = Consent::State;
+        const State state = session->state();
+        if (state != State::NotAsked && state != State::Asking)
+            hotKeys->begin();
+    };
+    QObject::connect(m_session, &Consent::stateChanged, hotKeys.get(), beginOnceAnswered);
+    beginOnceAnswered();
+    return hotKeys;
 }
 
 void PortalParts::begin() const

@@ -37,6 +37,11 @@ public:
     /// The one that follows the clipboard begins and ends with the session, and the platform's
     /// capabilities tell what that lets us do.
     void connectTo(const Platform &platform, WaylandPasteboard &pasteboard) const;
+    /// Shortcuts by the portals where they stand in for the whole desktop; else `otherwise`. They
+    /// are asked for once the user has been asked for the rest, so that one question follows
+    /// another.
+    std::unique_ptr<HotKeys> makeHotKeys(const Platform &platform,
+                                         std::unique_ptr<HotKeys> otherwise) const;
     /// Goes on with what the user has agreed to before.
     void begin() const;
 

@@ -163,11 +163,14 @@ std::unique_ptr<KeySender> makeWaylandKeySender(const std::shared_ptr<WaylandCon
     return sender;
 }
 
-void makeWaylandHotKeys(Platform &platform)
+void makeWaylandHotKeys(Platform &platform, const std::optional<PortalParts> &portals)
 {
-    platform.hotKeys = SharedParts::makeHotKeys(
-        *platform.keyboardLayout, false,
-        std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor(), ownCommand()));
+    std::unique_ptr<HotKeys> otherwise =
+        std::make_unique<AbsentHotKeys>(*platform.keyboardLayout, compositor(), ownCommand());
+    if (portals)
+        otherwise = portals->makeHotKeys(platform, std::move(otherwise));
+    platform.hotKeys =
+        SharedParts::makeHotKeys(*platform.keyboardLayout, false, std::move(otherwise));
     const auto tell = [hotKeys = platform.hotKeys.get(),
                        capabilities = platform.capabilities.get()] {
         tellOfHotKeys(*hotKeys, *capabilities);
@@ -207,7 +210,7 @@ void makeWaylandAdapters(Platform &platform, const std::shared_ptr<WaylandConnec
         platform.capabilities->tell({Capability::Kind::Recording});
     platform.keySender = makeWaylandKeySender(wayland, toplevels, platform, *pasteboard, portals);
     platform.pasteboard = std::move(pasteboard);
-    makeWaylandHotKeys(platform);
+    makeWaylandHotKeys(platform, portals);
     platform.installedApplications = std::make_unique<FreedesktopInstalledApplications>(
         entries, [toplevels] { return toplevels->identities(); });
     // No tray of windows: only those panels that are told over the bus.

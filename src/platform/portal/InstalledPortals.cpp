@@ -1,7 +1,8 @@
 #include "platform/portal/InstalledPortals.h"
 
+#include <QByteArray>
 #include <QDir>
-#include <QSettings>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -10,15 +11,21 @@ namespace {
 
 const auto kPrefix = QStringLiteral("org.freedesktop.impl.portal.");
 
-/// A list as key files write it, which ends by its separator.
-QStringList listIn(const QSettings &file, const QString &key)
+/// What a key file has under a key, a list that ends by its separator. The toolkit's own reader of
+/// such files takes that for the beginning of a comment.
+QStringList listIn(const QByteArray &file, const QByteArray &key)
 {
-    // What contains a comma would come as a list of its own.
-    return file.value(QStringLiteral("portal/") + key)
-        .toStringList()
-        .join(u',')
-        .split(u';', Qt::SkipEmptyParts);
+    const QByteArray start = key + '=';
+    for (const QByteArray &line : file.split('\n')) {
+        if (line.startsWith(start))
+            return QString::fromUtf8(line.mid(start.size()).trimmed())
+                .split(u';', Qt::SkipEmptyParts);
+    }
+    return {};
 }
+
+/// None of them is larger.
+constexpr qint64 kLargestFile = 64 * 1024;
 
 } // namespace
 
@@ -42,9 +49,12 @@ bool InstalledPortals::offer(const QStringList &interfaces, const QStringList &d
         const auto files =
             QDir(folder).entryInfoList({QStringLiteral("*.portal")}, QDir::Files | QDir::Readable);
         for (const QFileInfo &info : files) {
-            const QSettings file(info.filePath(), QSettings::IniFormat);
-            const QStringList offered = listIn(file, QStringLiteral("Interfaces"));
-            const QStringList users = listIn(file, QStringLiteral("UseIn"));
+            QFile file(info.filePath());
+            if (!file.open(QIODevice::ReadOnly))
+                continue;
+            const QByteArray text = file.read(kLargestFile);
+            const QStringList offered = listIn(text, "Interfaces");
+            const QStringList users = listIn(text, "UseIn");
             const bool hasAll = std::ranges::all_of(interfaces, [&](const QString &interface) {
                 return offered.contains(kPrefix + interface);
             });
