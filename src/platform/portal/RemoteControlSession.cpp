@@ -39,11 +39,13 @@ RemoteControlSession::RemoteControlSession(std::shared_ptr<PortalBus> bus, Setti
         m_request.reset();
         m_isClosed = true;
         close();
+        m_wasLost = m_state == State::Given;
         if (m_state == State::Asking || m_state == State::Given)
             end(State::Ended);
     });
     connect(m_bus.get(), &PortalBus::appeared, this, [this] {
-        if (m_state == State::Ended || m_state == State::Unavailable)
+        // Not what the user has ended.
+        if (std::exchange(m_wasLost, false))
             resume();
     });
 }

@@ -84,6 +84,7 @@ private:
     std::unique_ptr<PortalRequest> m_request;
     QString m_path;          ///< While it is in force.
     QString m_createdPath;   ///< From its creation to its end.
+    bool m_wasLost = false;  ///< The portals ended while it was in force.
     bool m_isClosed = false; ///< By the portal, so that there is nothing to be closed.
     bool m_canType = false;
 };

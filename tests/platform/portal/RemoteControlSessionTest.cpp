@@ -104,6 +104,17 @@ TEST(RemoteControlSession, goesOnWithoutAQuestionWhenThePortalsWereStartedAgain)
     const PortalStandIn::Notes notes = desktop.portals.notes();
     EXPECT_EQ(notes.applicationIds.size(), 1);
     EXPECT_EQ(notes.dialogs, 1);
+
+    // What the user has ended stays ended.
+    desktop.portals.endSession();
+    ASSERT_TRUE(desktop.comesTo(State::Ended));
+    desktop.portals.vanish();
+    desktop.portals.appear();
+    bool isKnown = false;
+    ASSERT_TRUE(pumpUntil({}, [&] { return !desktop.portals.notes().applicationIds.isEmpty(); }));
+    desktop.bus->whenReady(desktop.bus.get(), [&] { isKnown = true; });
+    ASSERT_TRUE(pumpUntil({}, [&] { return isKnown; }));
+    EXPECT_EQ(desktop.session.state(), State::Ended);
 }
 
 TEST(RemoteControlSession, takesAQuestionBackThatNobodyAnswersBeforeTheEnd)
