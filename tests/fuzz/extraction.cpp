@@ -19,15 +19,12 @@ namespace {
 
 constexpr rlim_t kMostBytes = 1 << 20; ///< Of a file: a few bytes may say that there are millions.
 
-/// Made once, in memory: a wait for the disk is a part of each extraction.
-const fs::path &parent()
+/// In memory: a wait for the disk is a part of each extraction.
+fs::path madeParent()
 {
-    static const fs::path made = [] {
-        QByteArray name("/dev/shm/quillmarsh-fuzz-XXXXXX");
-        demand(::mkdtemp(name.data()), "there is a folder to work in");
-        return fs::path(name.constData());
-    }();
-    return made;
+    QByteArray name("/dev/shm/quillmarsh-fuzz-XXXXXX");
+    demand(::mkdtemp(name.data()), "there is a folder to work in");
+    return {name.constData()};
 }
 
 void checkContents(const fs::path &folder)
@@ -53,13 +50,13 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***)
     const rlimit most{kMostBytes, RLIM_INFINITY};
     std::signal(SIGXFSZ, SIG_IGN);
     ::setrlimit(RLIMIT_FSIZE, &most);
-    std::atexit([] { fs::remove_all(parent()); });
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const fs::path folder = parent() / "folder";
+    const fs::path parent = madeParent();
+    const fs::path folder = parent / "folder";
     fs::create_directory(folder);
     QFile archive;
     const int file = ::memfd_create("input", MFD_CLOEXEC);
@@ -71,6 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         ArchiveExtraction::extract(archive, QString::fromStdString(folder.string()), isCancelled));
     checkContents(folder);
     fs::remove_all(folder);
-    demand(fs::is_empty(parent()), "nothing is unpacked beside the folder");
+    demand(fs::is_empty(parent), "nothing is unpacked beside the folder");
+    fs::remove(parent);
     return 0;
 }
