@@ -2,20 +2,21 @@
 """Runs every figure of Quillmarsh beside two references in one go and prints a table.
 
 The references are a bare X client (what nobody can beat) and a least Qt program (what the toolkit
-costs). Each figure is a median on a private desktop; ratios within one run are what counts on a
-noisy machine.
+costs). Each figure is a median on a private desktop, with the 99th percentile behind it; ratios
+within one run are what counts on a noisy machine.
 
-usage: figures.py BIN_DIR [--sizes 1000,10000,100000] [--runs 20] [--only NAME,...]
-BIN_DIR holds quillmarsh, probe, floor_xcb, floor_qt and, for the added copy, history_bench.
+usage: figures.py BIN_DIR [--sizes 1000,10000,100000] [--clips even|real] [--runs 20]
+       [--only NAME,...]
+BIN_DIR holds quillmarsh, probe, bench_clips, floor_xcb, floor_qt and, for the added copy,
+history_bench.
 """
 
 import argparse
 import json
 import os
 import pathlib
-import random
+import plistlib
 import re
-import sqlite3
 import subprocess
 import sys
 import time
@@ -29,32 +30,22 @@ IDLE_SECONDS = 10
 SUBJECTS = ("floor", "qt", "quillmarsh")
 
 
-def texts(count):
-    """Reproducible clips of 200 bytes; about one in three holds the letter z."""
-    source = random.Random(count)
-    letters = "abcdefghijklmnopqrstuvwxy     "
-    made = []
-    for i in range(count):
-        text = f"clip {i:06d} " + "".join(source.choices(letters, k=188))
-        made.append(text[:100] + "z" + text[101:] if i % 3 == 0 else text)
-    return made
-
-
 class Subject:
-    """One of the three programs, running on `desktop` with `count` clips."""
+    """One of the three programs, running on `desktop` with `count` clips of such `sizes`."""
 
-    def __init__(self, kind, desktop, binaries, count):
+    def __init__(self, kind, desktop, binaries, count, sizes):
         self.kind = kind
         self.desktop = desktop
         started = time.monotonic()
         if kind == "quillmarsh":
-            self._seed(binaries, count)
+            self._seed(binaries, count, sizes)
             started = time.monotonic()
             self.program = Quillmarsh(desktop, str(binaries / "quillmarsh"))
             self.process = self.program.process
         else:
             history = pathlib.Path(desktop.home, "history.txt")
-            history.write_text("\n".join(reversed(texts(count))) + "\n")
+            subprocess.run([str(binaries / "bench_clips"), sizes, str(count), "--lines",
+                            str(history)], check=True)
             started = time.monotonic()
             binary = binaries / ("floor_xcb" if kind == "floor" else "floor_qt")
             self.process = desktop.start([str(binary), str(history)], stdin=subprocess.PIPE,
@@ -64,23 +55,25 @@ class Subject:
                     break
         self.start_ms = (time.monotonic() - started) * 1000
 
-    def _seed(self, binaries, count):
+    def _seed(self, binaries, count, sizes):
+        seeded = pathlib.Path(self.desktop.home, "seeded")
+        if seeded.exists():
+            return
+        seeded.touch()
         first = Quillmarsh(self.desktop, str(binaries / "quillmarsh"))
         store = first.store
         first.quit()
         if not count:
             return
-        now = time.time()
-        with sqlite3.connect(store) as database:
-            database.executemany(
-                "INSERT INTO ClipItem (strValue, applicationName, createDate) VALUES (?, ?, ?)",
-                [(t, "Bench", now - 2 * count + i) for i, t in enumerate(texts(count))])
-        database.close()
+        subprocess.run([str(binaries / "bench_clips"), sizes, str(count), "--store", str(store)],
+                       check=True)
         plist = pathlib.Path(self.desktop.environment["XDG_CONFIG_HOME"],
                              "org.quillmarsh.Quillmarsh.plist")
+        settings = plistlib.loads(plist.read_bytes())
         # Room for the copies that are added while measuring.
-        plist.write_text(re.sub(r"(<key>maxItems</key>\s*<integer>)\d+", r"\g<1>100000",
-                                plist.read_text()))
+        settings["maxItems"] = max(count, 100_000)
+        settings["maxStringSize"] = 100_000_000
+        plist.write_bytes(plistlib.dumps(settings))
 
     def ask(self, command):
         self.process.stdin.write(command + "\n")
@@ -128,7 +121,7 @@ class Figures:
         cells = []
         for kind in SUBJECTS:
             with Desktop() as desktop:
-                subject = Subject(kind, desktop, self.binaries, count)
+                subject = Subject(kind, desktop, self.binaries, count, self.options.clips)
                 try:
                     cells.append(measure(desktop, subject))
                 except (OSError, TimeoutError, ValueError) as problem:
@@ -138,7 +131,9 @@ class Figures:
 
     @staticmethod
     def milliseconds(told):
-        return f"{told['median']:.2f} ms" if told.get("runs") else told.get("problem", "none")
+        if not told.get("runs"):
+            return told.get("problem", "none")
+        return f"{told['median']:.2f} / {told['p99']:.2f} ms"
 
     def request(self):
         self.each("owner change → text requested", lambda desktop, _: self.milliseconds(
@@ -183,9 +178,22 @@ class Figures:
                 self.milliseconds(self.probe(desktop, "type", self.options.runs,
                                              LETTER_KEYCODE))), count)
 
+    def first(self):
+        """What the first opening after a start takes, and the first letter, once there is rest."""
+        for count in self.options.sizes:
+            for name, *command in (("first opening → window settled", "first-opening"),
+                                   ("first letter → list settled", "first-letter",
+                                    LETTER_KEYCODE)):
+                def measure(desktop, _, command=command):
+                    time.sleep(self.options.rest)
+                    return self.milliseconds(self.probe(desktop, *command))
+
+                self.each(f"{name}, {count:,} clips", measure, count)
+
     def pasting(self):
-        self.each("Return → text in hand at the target", lambda desktop, _: self.milliseconds(
-            self.probe(desktop, "paste", self.options.runs)), 1000)
+        for count in self.options.sizes:
+            self.each(f"Return → text in hand at the target, {count:,} clips", lambda desktop, _: (
+                self.milliseconds(self.probe(desktop, "paste", self.options.runs))), count)
 
     def adding(self):
         bench = self.binaries / "history_bench"
@@ -207,22 +215,58 @@ class Figures:
 
             self.each(f"private memory, {count:,} clips", measure, count)
 
+    def growth(self):
+        """What is left of memory, handles and threads after what must leave nothing."""
+        def measure(desktop, subject):
+            def state():
+                process = pathlib.Path(f"/proc/{subject.process.pid}")
+                return (subject.private_kib() / 1024, len(list((process / "fd").iterdir())),
+                        len(list((process / "task").iterdir())))
+
+            # Once before, because what is made once is no growth.
+            self.probe(desktop, "open", 5)
+            self.probe(desktop, "burst", 100, 5)
+            time.sleep(self.options.rest)
+            before = state()
+            self.probe(desktop, "open", 100)
+            self.probe(desktop, "burst", 10_000, 5)
+            time.sleep(self.options.rest)
+            grown = [after - b for after, b in zip(state(), before)]
+            return f"{grown[0]:+.1f} MiB, {grown[1]:+d} handles, {grown[2]:+d} threads"
+
+        self.each("100 openings and 10,000 copies: growth", measure, self.options.sizes[0])
+
+    def large_copy(self):
+        """What stays of a copy of 50 MB a minute later."""
+        def measure(desktop, subject):
+            before = subject.private_kib()
+            self.probe(desktop, "copy-large", 50_000_000)
+            time.sleep(60)
+            return f"{(subject.private_kib() - before) / 1024:+.1f} MiB"
+
+        self.each("50 MB copied, a minute later", measure, 1000)
+
     def start(self):
+        for count in (0, self.options.sizes[-1]):
+            self._start(count)
+
+    def _start(self, count):
         def measure(desktop, subject):
             values = [subject.start_ms]
             for _ in range(6):
                 subject.process.terminate()
                 subject.process.wait()
-                subject = Subject(subject.kind, desktop, self.binaries, 0)
+                subject = Subject(subject.kind, desktop, self.binaries, count,
+                                  self.options.clips)
                 values.append(subject.start_ms)
             return f"{sorted(values)[len(values) // 2]:.0f} ms"
 
-        self.each("start → ready", measure)
+        self.each(f"start → ready, {count:,} clips", measure, count)
 
     def second_start(self):
         """From the start of a further process to its end, which it reaches once it was answered."""
         with Desktop() as desktop:
-            subject = Subject("quillmarsh", desktop, self.binaries, 0)
+            subject = Subject("quillmarsh", desktop, self.binaries, 0, self.options.clips)
             values = []
             for _ in range(self.options.runs):
                 started = time.monotonic()
@@ -235,7 +279,8 @@ class Figures:
         """From the start of "quillmarsh list" to its end, as a launcher waits for it."""
         for count in self.options.sizes:
             with Desktop() as desktop:
-                subject = Subject("quillmarsh", desktop, self.binaries, count)
+                subject = Subject("quillmarsh", desktop, self.binaries, count,
+                                  self.options.clips)
                 values = []
                 for _ in range(self.options.runs):
                     started = time.monotonic()
@@ -261,12 +306,16 @@ class Figures:
 
 
 def main():
-    names = ["request", "burst", "short_owner", "opening", "typing", "pasting", "adding", "memory",
-             "start", "second_start", "listing", "idle"]
+    names = ["request", "burst", "short_owner", "opening", "first", "typing", "pasting", "adding",
+             "memory", "growth", "large_copy", "start", "second_start", "listing", "idle"]
     parser = argparse.ArgumentParser()
     parser.add_argument("bin_dir")
     parser.add_argument("--sizes", default="1000,10000,100000")
+    parser.add_argument("--clips", choices=("even", "real"), default="even",
+                        help="200 bytes each, or of the sizes that people copy")
     parser.add_argument("--runs", type=int, default=20)
+    parser.add_argument("--rest", type=float, default=2,
+                        help="seconds between a start and what is first measured then")
     parser.add_argument("--only", default=",".join(names))
     options = parser.parse_args()
     options.sizes = [int(size) for size in options.sizes.split(",")]

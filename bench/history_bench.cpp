@@ -18,8 +18,14 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstring>
 #include <map>
 #include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -40,10 +46,34 @@ MemoryClock g_clock;
 UnlimitedSettings g_settings;
 std::unique_ptr<QTemporaryDir> g_directory;
 
-/// The folder of a store with so many clips, made once.
-QString storeOf(int clips)
+QString evenText(int number)
 {
-    const QString folder = g_directory->filePath(QString::number(clips));
+    static const ClipTexts texts(ClipTexts::Sizes::Even);
+    return QString::fromStdString(texts.text(static_cast<unsigned>(number)));
+}
+
+/// What an argument says of a store's clips.
+struct Store
+{
+    explicit Store(const benchmark::State &state, bool isReal = false)
+        : clips(static_cast<int>(state.range(0))), isReal(isReal)
+    {
+    }
+
+    int clips;
+    bool isReal; ///< Of the sizes that people copy.
+
+    bool operator<(const Store &other) const
+    {
+        return std::pair(clips, isReal) < std::pair(other.clips, other.isReal);
+    }
+};
+
+/// The folder of such a store, made once.
+QString folderOf(const Store &store)
+{
+    const QString folder = g_directory->filePath(
+        (store.isReal ? QStringLiteral("real-%1") : QStringLiteral("even-%1")).arg(store.clips));
     if (QDir(folder).exists())
         return folder;
     // An empty store in the shape that the history gives it.
@@ -53,8 +83,9 @@ QString storeOf(int clips)
     SQLite::Transaction transaction(database);
     SQLite::Statement insertion(
         database, "INSERT INTO ClipItem (strValue, applicationName, createDate) VALUES (?, ?, ?)");
-    for (int i = 0; i < clips; ++i) {
-        insertion.bind(1, benchClipText(i).toStdString());
+    const ClipTexts texts(store.isReal ? ClipTexts::Sizes::Real : ClipTexts::Sizes::Even);
+    for (int i = 0; i < store.clips; ++i) {
+        insertion.bind(1, texts.text(static_cast<unsigned>(i)));
         insertion.bind(2, "Editor");
         insertion.bind(3, 1.7e9 + i);
         insertion.exec();
@@ -64,13 +95,13 @@ QString storeOf(int clips)
     return folder;
 }
 
-/// A loaded and indexed history with so many clips.
-ClipHistory &historyOf(int clips)
+/// A loaded and indexed history of them.
+ClipHistory &historyOf(const Store &store)
 {
-    static std::map<int, std::unique_ptr<ClipHistory>> histories;
-    std::unique_ptr<ClipHistory> &history = histories[clips];
+    static std::map<Store, std::unique_ptr<ClipHistory>> histories;
+    std::unique_ptr<ClipHistory> &history = histories[store];
     if (!history) {
-        history = std::make_unique<ClipHistory>(storeOf(clips), g_clock, g_settings);
+        history = std::make_unique<ClipHistory>(folderOf(store), g_clock, g_settings);
         history->loadClipItems();
         history->searchClipItem(QStringLiteral("index everything"));
     }
@@ -79,7 +110,7 @@ ClipHistory &historyOf(int clips)
 
 void openAndLoad(benchmark::State &state)
 {
-    const QString folder = storeOf(static_cast<int>(state.range(0)));
+    const QString folder = folderOf(Store(state));
     for (auto _ : state) {
         ClipHistory history(folder, g_clock, g_settings);
         history.loadClipItems();
@@ -89,7 +120,7 @@ void openAndLoad(benchmark::State &state)
 
 void firstSearch(benchmark::State &state)
 {
-    const QString folder = storeOf(static_cast<int>(state.range(0)));
+    const QString folder = folderOf(Store(state));
     for (auto _ : state) {
         state.PauseTiming();
         ClipHistory history(folder, g_clock, g_settings);
@@ -103,12 +134,12 @@ void firstSearch(benchmark::State &state)
 void addCopy(benchmark::State &state)
 {
     const int clips = static_cast<int>(state.range(0));
-    ClipHistory &history = historyOf(clips);
+    ClipHistory &history = historyOf(Store(state));
     g_settings.maxItems = clips;
     static int number = 10'000'000;
     for (auto _ : state) {
         state.PauseTiming();
-        const QString text = benchClipText(++number);
+        const QString text = evenText(++number);
         g_clock.advance(std::chrono::seconds(1));
         state.ResumeTiming();
         history.addToClipList({text, std::nullopt, QStringLiteral("Editor"), std::nullopt});
@@ -120,7 +151,7 @@ void addCopy(benchmark::State &state)
 void addRichCopy(benchmark::State &state)
 {
     using Clock = std::chrono::steady_clock;
-    ClipHistory &history = historyOf(static_cast<int>(state.range(0)));
+    ClipHistory &history = historyOf(Store(state));
     QString html;
     while (html.size() < 100'000)
         html +=
@@ -128,7 +159,7 @@ void addRichCopy(benchmark::State &state)
                            " as long as they usually are.</p>\n");
     static int number = 20'000'000;
     for (auto _ : state) {
-        Clip clip({benchClipText(++number)}, QStringLiteral("Browser"));
+        Clip clip({evenText(++number)}, QStringLiteral("Browser"));
         clip.html = html;
         g_clock.advance(std::chrono::seconds(1));
         Clock::duration spent{};
@@ -149,7 +180,7 @@ void addRichCopy(benchmark::State &state)
 void addKnownCopy(benchmark::State &state)
 {
     const int clips = static_cast<int>(state.range(0));
-    ClipHistory &history = historyOf(clips);
+    ClipHistory &history = historyOf(Store(state));
     for (auto _ : state) {
         state.PauseTiming();
         const QString text =
@@ -160,14 +191,64 @@ void addKnownCopy(benchmark::State &state)
     }
 }
 
+/// Each time from nothing, as if the letters had been pasted into the field.
 void search(benchmark::State &state, const char *term)
 {
-    ClipHistory &history = historyOf(static_cast<int>(state.range(0)));
+    ClipHistory &history = historyOf(Store(state));
     const QString text = QString::fromUtf8(term);
-    for (auto _ : state)
+    for (auto _ : state) {
+        state.PauseTiming();
+        history.searchClipItem(QStringLiteral("\x01"));
+        state.ResumeTiming();
         history.filterClipItemArr(text);
+    }
     state.counters["found"] = static_cast<double>(history.clipItemArr().size());
     history.loadClipItems();
+}
+
+/// Letter by letter in clips of the sizes that people copy; the time is a letter's.
+void typing(benchmark::State &state, const char *term)
+{
+    using Clock = std::chrono::steady_clock;
+    ClipHistory &history = historyOf(Store(state, true));
+    const QString text = QString::fromUtf8(term);
+    Clock::duration longest{};
+    for (auto _ : state) {
+        history.searchClipItem(QStringLiteral("\x01"));
+        const auto begun = Clock::now();
+        for (qsizetype letters = 1; letters <= text.size(); ++letters) {
+            const auto pressed = Clock::now();
+            history.filterClipItemArr(text.left(letters));
+            longest = std::max(longest, Clock::now() - pressed);
+        }
+        const std::chrono::duration<double> spent = Clock::now() - begun;
+        state.SetIterationTime(spent.count() / static_cast<double>(text.size()));
+    }
+    state.counters["found"] = static_cast<double>(history.clipItemArr().size());
+    state.counters["longest_ms"] = std::chrono::duration<double, std::milli>(longest).count();
+    history.loadClipItems();
+}
+
+/// What nobody can beat who looks at all of the text: the same bytes in one piece of memory.
+void scan(benchmark::State &state, const char *term)
+{
+    const ClipTexts texts(ClipTexts::Sizes::Real);
+    static std::string all;
+    for (unsigned i = 0; all.empty() || i % 100'000 != 0; ++i)
+        all += texts.text(i);
+    const std::string_view sought(term);
+    for (auto _ : state) {
+        std::size_t found = 0;
+        const char *at = all.data();
+        const char *const end = at + all.size();
+        while ((at = static_cast<const char *>(::memmem(at, static_cast<std::size_t>(end - at),
+                                                        sought.data(), sought.size())))) {
+            at += sought.size();
+            ++found;
+        }
+        benchmark::DoNotOptimize(found);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(all.size()));
 }
 
 void sizes(benchmark::internal::Benchmark *benchmark)
@@ -184,6 +265,23 @@ BENCHMARK_CAPTURE(search, word, "garden password")->Apply(sizes);
 BENCHMARK_CAPTURE(search, nothing, "zyx")->Apply(sizes);
 BENCHMARK_CAPTURE(search, unicode, "STRAßE")->Apply(sizes);
 BENCHMARK_CAPTURE(search, wildcards, "gar?en*in?oice*err")->Apply(sizes);
+BENCHMARK_CAPTURE(typing, frequent, "the re")
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(typing, rare, "zyxw")
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(typing, once, "comclaver 4711")
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(typing, cyrillic, "при")
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scan, rare, "zyxw")->Unit(benchmark::kMillisecond);
 BENCHMARK(addCopy)->Apply(sizes);
 BENCHMARK(addRichCopy)->Apply(sizes)->UseManualTime();
 BENCHMARK(addKnownCopy)->Apply(sizes);

@@ -4,12 +4,15 @@
 //
 //   probe request-latency RUNS      milliseconds from taking CLIPBOARD to the request of its text
 //   probe burst COUNT INTERVAL_MS   that many different copies, then serves the last for 2 s
+//   probe copy-large BYTES          owns CLIPBOARD with so long a text until it was read, then 2 s
 //   probe copy-and-quit TEXT MS     owns CLIPBOARD with TEXT for so long, then exits
 //   probe open RUNS                 hot key pressed -> the list is on the screen
 //   probe type RUNS LETTER          letter pressed in the open history -> the list has settled
+//   probe first-letter LETTER       the same at the first opening, of which nothing is known before
+//   probe first-opening             hot key pressed -> the window has settled, the first time
 //   probe paste RUNS                Return pressed -> the text is in the target's hand
 //
-// Each prints one JSON line: {"runs": n, "min": ms, "median": ms, "max": ms}.
+// Each prints one JSON line: {"runs": n, "min": ms, "median": ms, "p99": ms, "max": ms}.
 
 #include "XcbClient.h"
 
@@ -187,6 +190,23 @@ public:
         return -1;
     }
 
+    /// Milliseconds since `from` until `area` changed last, before it stood still for a while;
+    /// negative when it never changed.
+    double waitForRest(const Area &area, const Pixels &before, Time::time_point from)
+    {
+        constexpr auto kRest = std::chrono::milliseconds(700);
+        Pixels last = before;
+        auto changed = from;
+        while (Time::now() - changed < kRest) {
+            Pixels now = look(area);
+            if (now == last)
+                continue;
+            last = std::move(now);
+            changed = Time::now();
+        }
+        return changed == from ? -1 : Milliseconds(changed - from).count();
+    }
+
     void roundTrip()
     {
         const Reply<xcb_get_input_focus_reply_t> reply(
@@ -233,13 +253,26 @@ private:
             if (!m_wasRequested)
                 m_requestedAt = Time::now();
             m_wasRequested = true;
-            xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, request.requestor,
-                                request.property, m_utf8, 8, static_cast<uint32_t>(m_text.size()),
-                                m_text.data());
+            putText(request);
         } else {
             return notify(m_connection, request, XCB_ATOM_NONE);
         }
         notify(m_connection, request, request.property);
+    }
+
+    /// In pieces, because a request to the server is shorter than the longest texts.
+    void putText(const xcb_selection_request_event_t &request)
+    {
+        constexpr std::size_t kPiece = 1024 * 1024;
+        std::size_t at = 0;
+        do {
+            const std::size_t size = std::min(kPiece, m_text.size() - at);
+            xcb_change_property(m_connection,
+                                uint8_t(at == 0 ? XCB_PROP_MODE_REPLACE : XCB_PROP_MODE_APPEND),
+                                request.requestor, request.property, m_utf8, 8,
+                                static_cast<uint32_t>(size), m_text.data() + at);
+            at += size;
+        } while (at < m_text.size());
     }
 
     void receive(const xcb_selection_notify_event_t &event)
@@ -271,8 +304,9 @@ void report(std::vector<double> values)
         return;
     }
     std::sort(values.begin(), values.end());
-    std::printf("{\"runs\": %zu, \"min\": %.3f, \"median\": %.3f, \"max\": %.3f}\n", values.size(),
-                values.front(), values[values.size() / 2], values.back());
+    std::printf("{\"runs\": %zu, \"min\": %.3f, \"median\": %.3f, \"p99\": %.3f, \"max\": %.3f}\n",
+                values.size(), values.front(), values[values.size() / 2],
+                values[(values.size() - 1) * 99 / 100], values.back());
 }
 
 void measureRequests(Probe &probe, int runs)
@@ -386,6 +420,38 @@ void measureTyping(Probe &probe, int runs, xcb_keycode_t letter)
     report(values);
 }
 
+/// Where most of the window stands, on a screen on which it was not seen yet; the caret blinks
+/// outside.
+Probe::Area middleOf(const Probe &probe)
+{
+    const Probe::Area whole = probe.whole();
+    return {static_cast<int16_t>(whole.width / 5), static_cast<int16_t>(whole.height * 9 / 20),
+            static_cast<uint16_t>(whole.width * 3 / 10),
+            static_cast<uint16_t>(whole.height * 3 / 10)};
+}
+
+/// Of the first opening, or with a letter of what is typed at once into it.
+void measureFirst(Probe &probe, xcb_keycode_t letter)
+{
+    probe.showTarget();
+    const Probe::Area area = middleOf(probe);
+    Probe::Pixels before = probe.settled(area);
+    probe.pressHotKey();
+    const double opened = probe.waitForRest(area, before, probe.pressedAt());
+    probe.releaseHotKey();
+    double typed = -1;
+    if (letter != 0) {
+        before = probe.settled(area);
+        const auto from = Time::now();
+        probe.key(letter, true);
+        typed = probe.waitForRest(area, before, from);
+        probe.key(letter, false);
+    }
+    close(probe);
+    const double value = letter != 0 ? typed : opened;
+    report(value < 0 ? std::vector<double>() : std::vector{value});
+}
+
 void measurePasting(Probe &probe, int runs)
 {
     probe.showTarget();
@@ -425,10 +491,15 @@ int main(int argc, char **argv)
         } else if (command == "copy-and-quit" && argc > 3) {
             probe.own(argv[2]);
             probe.serve(std::chrono::milliseconds(number(3)));
+        } else if (command == "copy-large") {
+            probe.own(std::string(static_cast<std::size_t>(number(2)), 'x'));
+            probe.serve(std::chrono::seconds(5));
         } else if (command == "open") {
             measureOpening(probe, number(2));
         } else if (command == "type") {
             measureTyping(probe, number(2), static_cast<xcb_keycode_t>(number(3)));
+        } else if (command == "first-letter" || command == "first-opening") {
+            measureFirst(probe, static_cast<xcb_keycode_t>(number(2)));
         } else if (command == "paste") {
             measurePasting(probe, number(2));
         } else {
