@@ -91,17 +91,31 @@ QString ClipRowDelegate::textOnOneLine(const QString &text)
     return recognisableText(shown);
 }
 
+QString ClipRowDelegate::elided(const QString &text, int width) const
+{
+    /// Most characters are wider than so many points, so that a text's rest need not be measured.
+    constexpr int kNarrow = 4;
+    const QFontMetrics metrics(m_font);
+    const QString start = text.left(qMax(width, 0) / kNarrow);
+    if (start.size() < text.size()) {
+        const QString shown = metrics.elidedText(start, Qt::ElideRight, width);
+        if (shown != start)
+            return shown;
+    }
+    return metrics.elidedText(text, Qt::ElideRight, width);
+}
+
 void ClipRowDelegate::drawText(QPainter &painter, const QRect &rect, const Row &row) const
 {
     QString text = textOnOneLine(row.value);
     const bool isRightToLeft = text.isRightToLeft();
-    const QList<VisibleCharacters::Run> emoji = VisibleCharacters::emoji(text);
-    const bool isPlain = emoji.isEmpty() && !text.contains(kLineBreak) && !row.found;
+    const bool hasLooks = text.contains(kLineBreak) || !VisibleCharacters::emoji(text).isEmpty();
     // The end of a path tells more than its middle.
-    if (row.filepath || isPlain)
-        text = QFontMetrics(m_font).elidedText(
-            text, row.filepath ? Qt::ElideMiddle : Qt::ElideRight, rect.width());
-    if (isPlain) {
+    if (row.filepath)
+        text = QFontMetrics(m_font).elidedText(text, Qt::ElideMiddle, rect.width());
+    else if (!hasLooks)
+        text = elided(text, rect.width());
+    if (!hasLooks && matches(row, text).isEmpty()) {
         // Nearly all rows are, and a layout of their own would take as long again as drawing them.
         painter.setFont(m_font);
         painter.setLayoutDirection(isRightToLeft ? Qt::RightToLeft : Qt::LeftToRight);

@@ -55,6 +55,7 @@ public:
 private:
     void drawText(QPainter &painter, const QRect &rect, const Row &row) const;
     void drawKeyCap(QPainter &painter, const QRect &rect, const Row &row) const;
+    QString elided(const QString &text, int width) const;
     QList<QTextLayout::FormatRange> matches(const Row &row, const QString &text) const;
     /// Draws what stands at the end of a row, and gives what it leaves of `rect`, which like all
     /// places is as in a window that begins at the left; `placed` tells where it is.
