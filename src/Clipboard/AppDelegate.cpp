@@ -112,12 +112,12 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
     connect(m_windowController.get(), &WindowDelegate::opens, m_notices.get(),
             &HistoryNotices::historyOpens);
     connect(m_windowController.get(), &WindowDelegate::opens, m_history.get(),
-            [this] { m_history->deletedClips().windowOpens(); });
+            &ClipHistory::windowOpens);
     connect(m_windowController.get(), &WindowDelegate::shown, this,
             [this] { askAboutDamagedSettings(window()); });
     connect(this->viewController(), &ViewController::didHide, this, [this] {
         m_notices->historyCloses();
-        m_history->deletedClips().windowCloses();
+        m_history->windowCloses();
         updateFooter();
     });
     connect(this->viewController(), &ViewController::closed, m_paster.get(),
@@ -127,6 +127,7 @@ AppDelegate::AppDelegate(Platform &platform, Info info, const QString &storeFold
             &AppDelegate::openPictureLimit);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, this,
             &AppDelegate::clipItemArrChanged);
+    connect(m_history.get(), &ClipHistory::searched, this, &AppDelegate::searched);
     connect(m_history.get(), &ClipHistory::clipItemArrChanged, m_preferencesGeneral.get(),
             &PreferencesGeneralViewController::clipItemArrChanged);
     new WindowKeys(

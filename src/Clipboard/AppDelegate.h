@@ -120,6 +120,8 @@ public:
 
     // History window
     void setWindowVisible();
+    /// Has the first opening find what it needs; once, when the start is over.
+    void prepareWindow();
     /// Has all our windows make way, as for a paste, so that the previous application comes to the
     /// front.
     void hideApp();
@@ -141,6 +143,8 @@ public:
     // ^HistoryActions
     const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const override;
     void filterClipItemArr(const std::optional<QString> &searchText) override;
+    bool beginSearch(const QString &searchText) override;
+    void finishSearch() override;
     void deleteItem(const std::shared_ptr<ClipItem> &item) override;
     void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) override;
     int heldDeletions() const override;

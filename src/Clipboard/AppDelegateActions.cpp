@@ -232,6 +232,11 @@ void AppDelegate::setWindowVisible()
     m_windowController->showWindow();
 }
 
+void AppDelegate::prepareWindow()
+{
+    m_windowController->prepare();
+}
+
 void AppDelegate::hideApp()
 {
     m_windowController->hideApp();

@@ -35,6 +35,16 @@ bool AppDelegate::isReadOnly() const
     return m_history->isReadOnly();
 }
 
+bool AppDelegate::beginSearch(const QString &searchText)
+{
+    return m_history->beginSearch(searchText);
+}
+
+void AppDelegate::finishSearch()
+{
+    m_history->finishSearch();
+}
+
 void AppDelegate::deleteItem(const std::shared_ptr<ClipItem> &item)
 {
     m_history->deleteItem(item);

@@ -103,7 +103,7 @@ SharedClips::Answer<QList<SharedClips::Line>> HistoryClips::lines(const QList<ql
     lines.value.reserve(ids.size());
     for (const std::shared_ptr<ClipItem> &item : itemsOf(ids))
         lines.value.append({item->recordKey(), context.plainLine(*item, kLineLength)});
-    context.closeTextStart();
+    context.closeText();
     return lines;
 }
 

@@ -308,18 +308,19 @@ std::optional<QString> ClipContext::format(const ClipItem &item, const CopyForma
     return item.m_pk == 0 ? std::nullopt : m_store.readText(item.m_pk, format.attribute);
 }
 
-std::optional<ClipStore::TextStart> ClipContext::textStart(const ClipItem &item, qint64 limit)
+std::optional<ClipStore::TextPart> ClipContext::textPart(const ClipItem &item, qint64 begin,
+                                                         qint64 limit)
 {
-    return item.m_pk == 0 ? std::nullopt : m_store.readTextStart(item.m_pk, limit);
-}
-
-QByteArray ClipContext::wholeText(const ClipItem &item)
-{
-    if (item.m_pk == 0)
-        return item.strValue().value_or(QString()).toUtf8();
-    const std::optional<ClipStore::TextStart> text =
-        m_store.readTextStart(item.m_pk, std::numeric_limits<qint64>::max());
-    return text ? text->bytes : QByteArray();
+    if (item.m_pk != 0)
+        return m_store.readTextPart(item.m_pk, begin, limit);
+    const std::optional<QString> text = item.strValue();
+    if (!text)
+        return std::nullopt;
+    const QByteArray utf8 = text->toUtf8();
+    return ClipStore::TextPart{
+        utf8.mid(static_cast<qsizetype>(begin),
+                 static_cast<qsizetype>(std::min<qint64>(limit, utf8.size()))),
+        utf8.size()};
 }
 
 std::optional<QString> ClipContext::shortText(const ClipItem &item)
@@ -356,14 +357,22 @@ QString ClipContext::plainLine(const ClipItem &item, qsizetype limit)
     if (item.m_pk == 0)
         return ClipLine::plain(item.strValue().value_or(QString()), limit);
     constexpr qint64 kMaxBytesPerCharacter = 4;
-    const std::optional<ClipStore::TextStart> start =
-        textStart(item, limit * kMaxBytesPerCharacter);
+    const std::optional<ClipStore::TextPart> start =
+        textPart(item, 0, limit * kMaxBytesPerCharacter);
     return start ? ClipLine::plain(ClipLine::decoded(*start), limit) : QString();
 }
 
 void ClipContext::forgetShortText(const ClipItem &item)
 {
     m_shortTexts.remove(item.m_pk);
+}
+
+void ClipContext::forgetLongText()
+{
+    if (costOf(m_latestText) <= kTextsLimit)
+        return;
+    m_latestPk = 0;
+    m_latestText.clear();
 }
 
 ClipLine ClipContext::makeShortText(const ClipItem &item)
@@ -374,7 +383,7 @@ ClipLine ClipContext::makeShortText(const ClipItem &item)
         const std::optional<QString> text = item.strValue();
         return text ? ClipLine::ofText(QStringView(*text).left(kShortTextSource)) : ClipLine();
     }
-    const std::optional<ClipStore::TextStart> start = textStart(item, kShortTextSource);
-    closeTextStart();
+    const std::optional<ClipStore::TextPart> start = textPart(item, 0, kShortTextSource);
+    closeText();
     return start ? ClipLine::ofText(ClipLine::decoded(*start)) : ClipLine();
 }

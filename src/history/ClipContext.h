@@ -67,19 +67,21 @@ public:
     ClipStore::Details details(const ClipItem &item);
     std::optional<QString> text(const ClipItem &item);
     std::optional<QString> format(const ClipItem &item, const CopyFormat &format);
-    std::optional<ClipStore::TextStart> textStart(const ClipItem &item, qint64 limit);
-    /// The whole text as UTF-8, past everything that is kept; empty when there is none.
-    QByteArray wholeText(const ClipItem &item);
-    void closeTextStart() { m_store.closeTextStart(); }
+    /// Past everything that is kept.
+    std::optional<ClipStore::TextPart> textPart(const ClipItem &item, qint64 begin, qint64 limit);
+    void closeText() { m_store.closeText(); }
 
     std::optional<QString> shortText(const ClipItem &item);
     QString drawnText(const ClipItem &item);
     int copiedFileCount(const ClipItem &item);
     /// The beginning of the text, or the file, in one line of at most so many characters without
     /// any that would steer a terminal. Nothing of it is kept: it is for lists of all clips. Ends
-    /// with closeTextStart().
+    /// with closeText().
     QString plainLine(const ClipItem &item, qsizetype limit);
     void forgetShortText(const ClipItem &item);
+    /// Of the text that was read last, when it is a long one: to be called after a while without
+    /// use.
+    void forgetLongText();
 
 private:
     bool followStore();

@@ -2,9 +2,8 @@
 
 #include "history/CaptureSettings.h"
 #include "history/ClipItem.h"
+#include "history/ClipSearch.h"
 #include "history/HistoryLog.h"
-#include "history/SearchPattern.h"
-#include "history/SearchTerm.h"
 #include "platform/Clock.h"
 
 #include <QDeadlineTimer>
@@ -13,6 +12,7 @@
 #include <chrono>
 #include <cmath>
 #include <iterator>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -24,6 +24,15 @@ constexpr auto kLogDelay = 1min;
 /// Before what could not be saved is tried again, and each time twice as long.
 constexpr auto kFirstSaveDelay = 1s;
 constexpr std::chrono::seconds kLastSaveDelay = 1min;
+/// After so long without a copy a long text is not about to be asked for again.
+constexpr auto kTextRest = 30s;
+/// Longer than between two deletions by a key that is held down.
+constexpr auto kDeletionRest = 300ms;
+/// So much of a search is done before anything else, in bytes of text in memory: what takes half a
+/// frame. Not by time, so that the same search of the same history ends in the same way.
+constexpr qint64 kSearchAtOnce = 32 * 1024 * 1024;
+
+constexpr auto kNeverLate = [](qint64) { return false; };
 
 bool isNewer(const std::shared_ptr<ClipItem> &one, const std::shared_ptr<ClipItem> &other)
 {
@@ -38,8 +47,10 @@ ClipHistory::ClipHistory(const QString &storeFolder, Clock &clock, CaptureSettin
 {
     m_idleTimer.setInterval(0);
     connect(&m_idleTimer, &QTimer::timeout, this, &ClipHistory::workWhileIdle);
+    m_textTimer.setSingleShot(true);
+    m_textTimer.setInterval(kTextRest);
+    connect(&m_textTimer, &QTimer::timeout, this, [this] { m_context.forgetLongText(); });
     m_logTimer.setSingleShot(true);
-    m_logTimer.setInterval(kLogDelay);
     connect(&m_logTimer, &QTimer::timeout, this, &ClipHistory::emptyLog);
     m_saveTimer.setSingleShot(true);
     connect(&m_saveTimer, &QTimer::timeout, this, &ClipHistory::saveAgain);
@@ -51,6 +62,7 @@ void ClipHistory::loadClipItems()
 {
     if (!m_isFetched || m_context.isChangedByOthers())
         fetch();
+    m_search.reset();
     m_found.clear();
     m_shown = &m_history;
     m_lastClipItem = m_history.empty() ? nullptr : m_history.front();
@@ -90,20 +102,63 @@ void ClipHistory::fetch()
 
 void ClipHistory::workWhileIdle()
 {
-    m_index.work([slice = QDeadlineTimer(kIdleSlice)] { return slice.hasExpired(); });
+    const auto isLate = [slice = QDeadlineTimer(kIdleSlice)](qint64) { return slice.hasExpired(); };
+    if (m_search) {
+        if (!m_search->work(isLate))
+            return;
+        showFound();
+        if (m_index.isComplete())
+            m_idleTimer.stop();
+        Q_EMIT searched();
+        return;
+    }
+    if (m_isWindowOpen) {
+        m_idleTimer.stop();
+        return;
+    }
+    m_index.work(isLate);
     if (!m_index.isComplete())
         return;
     m_idleTimer.stop();
-    m_context.store().prepareLog();
+    if (std::exchange(m_isLogEmpty, false))
+        m_context.store().prepareLog();
     dropPictures();
+}
+
+void ClipHistory::windowOpens()
+{
+    m_isWindowOpen = true;
+    m_deletedClips.windowOpens();
+}
+
+void ClipHistory::windowCloses()
+{
+    m_isWindowOpen = false;
+    m_deletedClips.windowCloses();
+    m_textTimer.start();
+    if (m_isFetched)
+        m_idleTimer.start();
 }
 
 void ClipHistory::emptyLog()
 {
-    if (m_context.store().emptyLog())
+    m_isLogEmpty = m_context.store().emptyLog();
+    if (m_isLogEmpty)
         m_idleTimer.start();
     else
-        m_logTimer.start();
+        m_logTimer.start(kLogDelay);
+}
+
+void ClipHistory::emptyLogLater()
+{
+    if (!m_logTimer.isActive())
+        m_logTimer.start(kLogDelay);
+}
+
+/// Not at each of many deletions, because it waits for the disk.
+void ClipHistory::emptyLogSoon()
+{
+    m_logTimer.start(kDeletionRest);
 }
 
 void ClipHistory::saveContext()
@@ -236,6 +291,7 @@ void ClipHistory::add(const Clip &clip, std::optional<double> copied)
     saveContext();
     dropPictures();
     loadClipItems();
+    m_textTimer.start();
     keepHtml(clip, item);
 }
 
@@ -337,8 +393,7 @@ void ClipHistory::removeOldest(const std::shared_ptr<ClipItem> &added)
     const std::shared_ptr<ClipItem> oldest = *found;
     m_history.erase(std::next(found).base());
     forget(oldest);
-    if (!m_logTimer.isActive())
-        m_logTimer.start();
+    emptyLogLater();
 }
 
 void ClipHistory::setPinned(const Items &items, bool isPinned)
@@ -355,43 +410,60 @@ void ClipHistory::setPinned(const Items &items, bool isPinned)
 
 void ClipHistory::filterClipItemArr(const std::optional<QString> &searchText)
 {
-    if (!searchText)
+    if (searchText && !beginSearch(*searchText))
+        finishSearch();
+}
+
+bool ClipHistory::beginSearch(const QString &searchText)
+{
+    if (!m_isFetched)
+        fetch();
+    m_search.reset();
+    // An empty search needs no look at clips to know that it finds everything.
+    if (searchText.isEmpty() && !m_hasTextless && !m_isPinnedOnly) {
+        m_found.clear();
+        m_shown = &m_history;
+        Q_EMIT clipItemArrChanged();
+        return true;
+    }
+    m_search = std::make_unique<ClipSearch>(m_index, m_history, searchText, m_isPinnedOnly);
+    const bool isDone = m_search->work(
+        [all = qint64(0)](qint64 done) mutable { return (all += done) > kSearchAtOnce; });
+    if (!isDone) {
+        m_idleTimer.start();
+        return false;
+    }
+    showFound();
+    Q_EMIT clipItemArrChanged();
+    return true;
+}
+
+void ClipHistory::finishSearch()
+{
+    if (!m_search)
         return;
-    // A search that finds everything shows the history itself; an empty one needs no look at clips
-    // to know that it does.
-    const bool findsAll = m_isFetched && searchText->isEmpty() && !m_hasTextless && !m_isPinnedOnly;
-    Items found = findsAll ? Items() : searchClipItem(*searchText);
-    if (m_isPinnedOnly)
-        std::erase_if(found,
-                      [](const std::shared_ptr<ClipItem> &item) { return !item->isPinned(); });
-    const bool isNarrow = !findsAll && found.size() != m_history.size();
+    m_search->work(kNeverLate);
+    showFound();
+    Q_EMIT clipItemArrChanged();
+}
+
+void ClipHistory::showFound()
+{
+    // A search that finds everything shows the history itself.
+    Items found = m_search->takeFound();
+    m_search.reset();
+    const bool isNarrow = found.size() != m_history.size();
     m_found = isNarrow ? std::move(found) : Items();
     m_shown = isNarrow ? &m_found : &m_history;
-    Q_EMIT clipItemArrChanged();
 }
 
 ClipHistory::Items ClipHistory::searchClipItem(const QString &searchText)
 {
     if (!m_isFetched)
         fetch();
-    const auto [term, onlyFiles] = SearchTerm::of(searchText);
-    Items found;
-    if (term.isEmpty()) {
-        // Whatever text it has contains nothing at its beginning, so no text is read.
-        std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
-                     [onlyFiles = onlyFiles](const std::shared_ptr<ClipItem> &item) {
-                         return item->hasText() && (!onlyFiles || item->hasFilepath());
-                     });
-        return found;
-    }
-    m_index.finish();
-    const SearchPattern pattern(term);
-    std::copy_if(m_history.begin(), m_history.end(), std::back_inserter(found),
-                 [&, onlyFiles = onlyFiles](const std::shared_ptr<ClipItem> &item) {
-                     return m_index.matches(*item, pattern, onlyFiles);
-                 });
-    m_index.closeTexts();
-    return found;
+    ClipSearch search(m_index, m_history, searchText, false);
+    search.work(kNeverLate);
+    return search.takeFound();
 }
 
 void ClipHistory::setShortText(const std::shared_ptr<ClipItem> &item)

@@ -17,6 +17,7 @@
 
 class CaptureSettings;
 class ClipItem;
+class ClipSearch;
 class Clock;
 
 /// The history of clips: the list that the window shows, and every way to change it. Owned by the
@@ -94,6 +95,11 @@ public:
     /// and with the limit as it is now.
     BroughtBack bringBack();
 
+    /// The history's window is on the screen: nothing is done for later, which would get into the
+    /// way of what its user does, until windowCloses().
+    void windowOpens();
+    void windowCloses();
+
     /// Pins clips, which trimming then passes over, or takes their pins, and saves. What is in the
     /// history no more is ignored.
     void setPinned(const Items &items, bool isPinned);
@@ -102,6 +108,12 @@ public:
 
     /// Makes the list the search's result; an absent text leaves it as it is.
     void filterClipItemArr(const std::optional<QString> &searchText);
+    /// The same without standing still for it. True when it is done. Else the list stays as it is,
+    /// while the search goes on whenever there is nothing else to do, and searched() tells the end.
+    /// It has none when another search begins or the history changes meanwhile.
+    bool beginSearch(const QString &searchText);
+    /// Ends a search that goes on at once, and without searched().
+    void finishSearch();
     /// The clips whose text contains `searchText`, newest first, whatever the case. "*" in it
     /// stands for any run of characters, "?" for any one; after "file:" only file clips are
     /// looked at. The list stays as it is.
@@ -117,6 +129,8 @@ Q_SIGNALS:
     /// The list has changed by a load, a search or a deletion, or the formatting of a clip has come
     /// late; rows told before are out of date.
     void clipItemArrChanged();
+    /// A search that took its time has made its result the list.
+    void searched();
     /// A picture that was added is not kept after all.
     void pictureRefused(const PictureFile &file);
 
@@ -137,8 +151,11 @@ private:
     bool holdPictures(std::vector<ClipChange> &clips) const;
     bool isThereAgain(const ClipChange &deleted);
     std::vector<ClipChange> trimmed(Items &restored, const DeletedClips::Step &step);
+    void showFound();
     void workWhileIdle();
     void emptyLog();
+    void emptyLogLater();
+    void emptyLogSoon();
     void saveAgain();
 
     Clock &m_clock;
@@ -148,7 +165,9 @@ private:
     bool m_isFetched = false;
     bool m_hasTextless = false; ///< Whether there may be clips without a text.
     Items m_history;            ///< Every clip, newest first.
+    bool m_isWindowOpen = false;
     bool m_isPinnedOnly = false;
+    std::unique_ptr<ClipSearch> m_search; ///< The one that goes on; null for none.
     Items m_found;
     const Items *m_shown = &m_found; ///< The list: m_history or m_found.
     std::shared_ptr<ClipItem> m_lastClipItem;
@@ -157,7 +176,9 @@ private:
     KeptPictures m_pictures;
     bool m_mayPicturesBeGone = true; ///< Clips are gone whose pictures may still be there.
     QTimer m_idleTimer;              ///< Fires while there is nothing else to do.
-    QTimer m_logTimer;  ///< Empties the write-ahead log a while after clips were trimmed.
-    QTimer m_saveTimer; ///< Runs while there is something that could not be saved.
+    bool m_isLogEmpty = true;        ///< Nothing was written since it was emptied.
+    QTimer m_textTimer;              ///< Fires when no text was needed for a while.
+    QTimer m_logTimer;               ///< Empties the write-ahead log a while after clips have gone.
+    QTimer m_saveTimer;              ///< Runs while there is something that could not be saved.
     std::chrono::seconds m_saveDelay; ///< Before the next time that it fires.
 };

@@ -3,6 +3,7 @@
 #include "history/CaptureSettings.h"
 #include "history/ClipHistory.h"
 #include "history/ClipItem.h"
+#include "history/ClipSearch.h"
 #include "history/HistoryLog.h"
 
 #include <algorithm>
@@ -81,9 +82,10 @@ void ClipHistory::deleteClips(const Items &items)
     const auto isGone = [](const std::shared_ptr<ClipItem> &item) { return !item->isInHistory(); };
     std::erase_if(m_history, isGone);
     std::erase_if(m_found, isGone);
+    m_search.reset();
     saveContext();
     dropPictures();
-    emptyLog();
+    emptyLogSoon();
     Q_EMIT clipItemArrChanged();
 }
 
@@ -204,7 +206,7 @@ std::vector<ClipChange> ClipHistory::trimmed(Items &restored, const DeletedClips
             unfit.push_back(m_context.withdraw(*item));
         } else {
             forget(*item);
-            m_logTimer.start();
+            emptyLogLater();
         }
     }
     const auto isGone = [](const std::shared_ptr<ClipItem> &item) { return !item->isInHistory(); };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "history/TextSummary.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -79,7 +81,7 @@ private:
         Unknown,  ///< Not indexed yet.
         None,     ///< The record has no text.
         InMemory, ///< `m_folded` holds it.
-        InStore   ///< Too long to be kept folded.
+        InStore   ///< Too long to be kept folded; `m_summary` may tell of it.
     };
 
     ClipContext *m_context;                                         ///< Null once deleted.
@@ -91,6 +93,9 @@ private:
     std::unique_ptr<char[]> m_folded; ///< Case-folded UTF-8, not terminated.
     std::size_t m_textHash = 0;
     quint32 m_foldedSize = 0;
+    quint32 m_search = 0; ///< The last that has looked at the clip; 0 for none.
+    TextSummary m_summary;
+    bool m_isFound = false; ///< By that search.
     Text m_text = Text::Unknown;
     bool m_hasFilepath = false;
     bool m_hasText = false;

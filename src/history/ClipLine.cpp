@@ -42,7 +42,7 @@ ClipLine ClipLine::ofText(QStringView text)
             0};
 }
 
-QString ClipLine::decoded(const ClipStore::TextStart &start)
+QString ClipLine::decoded(const ClipStore::TextPart &start)
 {
     return start.bytes.size() == start.size ? QString::fromUtf8(start.bytes)
                                             : wholeCharacters(start.bytes);

@@ -18,7 +18,7 @@ struct ClipLine
 
     /// As a string. Of a text that goes on, its last character is left out, of which a part may be
     /// missing.
-    static QString decoded(const ClipStore::TextStart &start);
+    static QString decoded(const ClipStore::TextPart &start);
     /// At most so many characters in one line, without any that would steer a terminal: white space
     /// and control characters become single spaces.
     static QString plain(QStringView text, qsizetype limit);

@@ -58,7 +58,7 @@ ClipStore::Place ClipStore::follow()
                              &isElsewhere) != SQLITE_OK ||
         isElsewhere == 0)
         return Place::Same;
-    closeTextStart();
+    closeText();
     std::unique_ptr<SQLite::Database> another = openClipStoreAnew(m_folder);
     if (!another)
         return Place::Nowhere;
@@ -117,7 +117,7 @@ std::vector<qint64> ClipStore::readPins()
 bool ClipStore::isChangedByOthers()
 {
     // A record that is held open would hold the view of that moment.
-    closeTextStart();
+    closeText();
     try {
         return dataVersion() != m_readVersion;
     } catch (const SQLite::Exception &exception) {
@@ -209,14 +209,14 @@ std::optional<std::vector<ClipChange>> ClipStore::readRecords(const std::vector<
     }
 }
 
-std::optional<ClipStore::TextStart> ClipStore::readTextStart(qint64 pk, qint64 limit)
+std::optional<ClipStore::TextPart> ClipStore::readTextPart(qint64 pk, qint64 begin, qint64 limit)
 {
     if (!m_textReader)
         m_textReader = std::make_unique<StoredTextReader>(database().getHandle());
-    return m_textReader->read(pk, limit);
+    return m_textReader->read(pk, begin, limit);
 }
 
-void ClipStore::closeTextStart()
+void ClipStore::closeText()
 {
     m_textReader.reset();
 }
@@ -224,7 +224,7 @@ void ClipStore::closeTextStart()
 std::optional<StoreError> ClipStore::write(std::vector<ClipChange> &changes,
                                            const std::vector<qint64> &deletedPks)
 {
-    closeTextStart();
+    closeText();
     try {
         SQLite::Transaction transaction(database(), SQLite::TransactionBehavior::IMMEDIATE);
         if (!deletedPks.empty()) {
@@ -289,14 +289,14 @@ bool ClipStore::writePin(qint64 pk, bool isPinned)
 
 bool ClipStore::emptyLog()
 {
-    closeTextStart();
+    closeText();
     return sqlite3_wal_checkpoint_v2(database().getHandle(), nullptr, SQLITE_CHECKPOINT_TRUNCATE,
                                      nullptr, nullptr) == SQLITE_OK;
 }
 
 bool ClipStore::prepareLog()
 {
-    closeTextStart();
+    closeText();
     // Any commit will do; one that fails leaves the log as it was.
     return database().tryExec("PRAGMA user_version = " +
                               std::to_string(StoreModel::kMajorVersion)) == SQLITE_OK;
@@ -304,7 +304,7 @@ bool ClipStore::prepareLog()
 
 void ClipStore::vacuum()
 {
-    closeTextStart();
+    closeText();
     if (const int code = database().tryExec("VACUUM"); code != SQLITE_OK)
         qCWarning(lcHistory, "The history could not be compacted: %s", database().getErrorMsg());
 }

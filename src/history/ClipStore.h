@@ -45,8 +45,8 @@ public:
         std::optional<QString> filepath;
     };
 
-    /// The beginning of a record's text, as UTF-8.
-    struct TextStart
+    /// A part of a record's text, as UTF-8, which may begin and end within a character.
+    struct TextPart
     {
         QByteArray bytes;
         qint64 size = 0; ///< Of the whole text, in bytes.
@@ -86,10 +86,11 @@ public:
     /// are left out. Absent when they cannot be read or their texts take more than `limit` bytes.
     std::optional<std::vector<ClipChange>> readRecords(const std::vector<qint64> &pks,
                                                        qint64 limit);
-    /// At most `limit` bytes of the text, however long it is; absent when there is no text.
-    std::optional<TextStart> readTextStart(qint64 pk, qint64 limit);
-    /// Ends a series of readTextStart(), which keeps the record open for the next.
-    void closeTextStart();
+    /// At most `limit` bytes of the text from `begin` on, however long it is; absent when there is
+    /// no text.
+    std::optional<TextPart> readTextPart(qint64 pk, qint64 begin, qint64 limit);
+    /// Ends a series of readTextPart(), which keeps the record open for the next.
+    void closeText();
 
     /// Writes everything or nothing, in one transaction. Absent when it succeeded; the keys of new
     /// records are filled in then. A pin that the store has no place for is logged and told as

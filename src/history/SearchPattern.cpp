@@ -50,12 +50,17 @@ std::size_t find(std::string_view text, std::string_view part)
     }
 }
 
+bool isContinuation(char byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
+
 /// Where the character after the one at `at` begins.
 std::size_t nextCharacter(std::string_view text, std::size_t at)
 {
     do
         ++at;
-    while (at < text.size() && (text[at] & 0xC0) == 0x80);
+    while (at < text.size() && isContinuation(text[at]));
     return at;
 }
 
@@ -101,6 +106,11 @@ SearchPattern::Segment SearchPattern::segmentOf(QStringView part)
             segment.literalSize = segment.core.size();
         isFirst = false;
     }
+    constexpr std::size_t kLongestCharacter = 4;
+    const auto anyInside =
+        static_cast<std::size_t>(std::count(segment.core.begin(), segment.core.end(), kAnyOne));
+    segment.mostBytes =
+        segment.core.size() - anyInside + (segment.leadingAny + anyInside) * kLongestCharacter;
     return segment;
 }
 
@@ -115,6 +125,50 @@ bool SearchPattern::matches(std::string_view foldedText) const
             return false;
     }
     return true;
+}
+
+bool SearchPattern::matches(std::string_view foldedPart, Progress &progress) const
+{
+    progress.rest += foldedPart;
+    const std::string_view text = progress.rest;
+    std::size_t at = 0;
+    for (; progress.segment < m_segments.size(); ++progress.segment) {
+        const Segment &segment = m_segments[progress.segment];
+        const std::size_t end = endOfMatch(text, at, segment);
+        if (end != kNotFound) {
+            at = end;
+            continue;
+        }
+        // A match that ends in a later part begins here at the earliest.
+        std::size_t begin = text.size() - std::min(text.size(), segment.mostBytes - 1);
+        while (begin > at && begin < text.size() && isContinuation(text[begin]))
+            --begin;
+        progress.rest.erase(0, std::max(at, begin));
+        return false;
+    }
+    return true;
+}
+
+std::vector<std::string_view> SearchPattern::literals() const
+{
+    std::vector<std::string_view> literals;
+    for (const Segment &segment : m_segments) {
+        std::string_view rest = segment.core;
+        while (!rest.empty()) {
+            const std::size_t end = std::min(rest.find(kAnyOne), rest.size());
+            if (end > 0)
+                literals.push_back(rest.substr(0, end));
+            rest.remove_prefix(std::min(end + 1, rest.size()));
+        }
+    }
+    return literals;
+}
+
+bool SearchPattern::isLiteral() const
+{
+    return m_segments.size() == 1 && m_segments.front().leadingAny == 0 &&
+           !m_segments.front().core.empty() &&
+           m_segments.front().literalSize == m_segments.front().core.size();
 }
 
 std::size_t SearchPattern::endOfMatch(std::string_view text, std::size_t from,

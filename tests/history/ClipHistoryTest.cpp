@@ -1,4 +1,6 @@
+#include "history/FoldedText.h"
 #include "history/HistoryRig.h"
+#include "history/SearchPattern.h"
 #include "platform/richtext/RichText.h"
 
 #include <QSignalSpy>
@@ -211,6 +213,69 @@ TEST_F(ClipHistoryTest, aTextTooLongToKeepInMemoryIsFoundAndMeasuredLikeAnyOther
     EXPECT_EQ(again.history.searchClipItem(tail).size(), 1u);
     again.add(huge.chopped(1));
     EXPECT_EQ(again.history.clipItemArr().size(), 3u);
+}
+
+TEST_F(ClipHistoryTest, whateverWasTypedBeforeASearchFindsTheSame)
+{
+    // So much that of the long ones some are in memory, some summarised, and the last in the store
+    // alone.
+    QStringList texts;
+    for (int i = 0; i < 16; ++i)
+        texts.append(QString(900'000, QChar(u'k' + i)) + QStringLiteral(" Straße %1").arg(i % 3));
+    texts.append(QString(1'200'000, u'y') + QStringLiteral(" strand"));
+    texts += list("stray Strandgut") + QStringList(QStringLiteral("a str"));
+    for (const QString &text : texts)
+        m_rig.add(text);
+    const char *const kTyped[] = {"s",  "st", "str",   "stra",   "straß",    "stra", "stran", "zz",
+                                  "z",  "",   "stra?", "stra?e", "stra?e*2", "str",  "kk",    "k s",
+                                  "st", "S",  "yy s",  "file:s", "s*",       "s*g",  "Ä"};
+    for (const char *typed : kTyped) {
+        const QString term = QString::fromUtf8(typed);
+        QStringList expected;
+        for (const QString &text : texts) {
+            const SearchPattern pattern(term);
+            if (pattern.matches(FoldedText::fold(text.toUtf8()).toStdString()))
+                expected.prepend(text);
+        }
+        if (term.startsWith(QStringLiteral("file:")))
+            expected.clear();
+        m_rig.history.filterClipItemArr(term);
+        EXPECT_TRUE(m_rig.texts() == expected)
+            << typed << ": " << m_rig.texts().size() << " instead of " << expected.size();
+    }
+}
+
+TEST_F(ClipHistoryTest, aSearchThatTakesItsTimeShowsTheOldListUntilItIsDone)
+{
+    const QString huge = QString(6'000'000, u'x') + QStringLiteral(" needle");
+    m_rig.add(huge);
+    m_rig.add(QStringLiteral("needle"));
+    m_rig.add(QStringLiteral("pin"));
+    QSignalSpy searched(&m_rig.history, &ClipHistory::searched);
+    const auto rows = [&] { return m_rig.history.clipItemArr().size(); };
+
+    EXPECT_FALSE(m_rig.history.beginSearch(QStringLiteral("needle")));
+    EXPECT_EQ(rows(), 3u);
+    ASSERT_TRUE(searched.wait());
+    EXPECT_EQ(m_rig.texts(), (QStringList{QStringLiteral("needle"), huge}));
+
+    // What is typed next takes the place of what was sought.
+    EXPECT_FALSE(m_rig.history.beginSearch(QStringLiteral("x ")));
+    EXPECT_TRUE(m_rig.history.beginSearch(QString()));
+    EXPECT_FALSE(searched.wait(50));
+    EXPECT_EQ(rows(), 3u);
+
+    EXPECT_FALSE(m_rig.history.beginSearch(QStringLiteral("dle")));
+    EXPECT_EQ(rows(), 3u);
+    m_rig.history.finishSearch();
+    EXPECT_EQ(rows(), 2u);
+
+    // What is copied meanwhile ends it: the list is the whole history again.
+    EXPECT_FALSE(m_rig.history.beginSearch(QStringLiteral("edle")));
+    m_rig.add(QStringLiteral("new"));
+    EXPECT_EQ(rows(), 4u);
+    EXPECT_FALSE(searched.wait(50));
+    EXPECT_EQ(rows(), 4u);
 }
 
 struct ShortTextRow

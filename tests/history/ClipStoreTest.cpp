@@ -214,7 +214,7 @@ TEST_F(ClipStoreTest, deletedAndClearedTextsAreGoneFromTheFiles)
     EXPECT_TRUE(isTextInFiles("needle-one"));
     EXPECT_TRUE(isTextInFiles("needle-two"));
     rig.history.deleteItem(rig.at(2));
-    EXPECT_FALSE(isTextInFiles("needle-one"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isTextInFiles("needle-one"); }));
     rig.history.maxItemsModified(1);
     EXPECT_FALSE(isTextInFiles("needle-two"));
     const qint64 size = QFileInfo(m_folder.file()).size();
@@ -225,6 +225,17 @@ TEST_F(ClipStoreTest, deletedAndClearedTextsAreGoneFromTheFiles)
     EXPECT_EQ(rig.texts(), QStringList());
     EXPECT_FALSE(isTextInFiles("needle-three"));
     EXPECT_LT(QFileInfo(m_folder.file()).size(), size);
+}
+
+TEST_F(ClipStoreTest, theLogIsMadeReadyWhileIdleAndNotWhileTheWindowIsOpen)
+{
+    HistoryRig rig(m_folder.path());
+    rig.history.windowOpens();
+    for (int i = 0; i < 20; ++i)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(bytesOf("-wal"), QByteArray());
+    rig.history.windowCloses();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !bytesOf("-wal").isEmpty(); }));
 }
 
 TEST_F(ClipStoreTest, aLogThatHasGrownIsCarriedOverIntoTheStore)

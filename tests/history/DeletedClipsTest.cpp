@@ -109,7 +109,7 @@ TEST_F(DeletedClipsTest, whatIsHeldIsInNoFile)
     rig.fill("needle-one needle-two needle-three");
     rig.history.setPinned({rig.at(0)}, true);
     remove("needle-one");
-    EXPECT_FALSE(isInFiles("needle-one"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isInFiles("needle-one"); }));
     rig.history.clearAll();
     limit(1);
     EXPECT_FALSE(isInFiles("needle"));

@@ -143,8 +143,10 @@ bool ClipMenu::actByKey(ViewController &controller, const QKeyEvent &event)
     const auto *entry =
         std::find_if(std::begin(kEntries), std::end(kEntries),
                      [&](const auto &row) { return row.actsByKey && row.key == pressed; });
-    if (entry == std::end(kEntries) || controller.markedClips().empty() ||
-        !entry->isFor(controller))
+    if (entry == std::end(kEntries))
+        return false;
+    controller.finishSearch();
+    if (controller.markedClips().empty() || !entry->isFor(controller))
         return false;
     entry->act(controller);
     return true;

@@ -196,6 +196,8 @@ void ClipTableView::contextMenuEvent(QContextMenuEvent *event)
         delegate().showMenu();
         return;
     }
+    // The menu is for what stands under the mouse, and stays there.
+    delegate().finishSearch();
     const int row = rowAt(viewport()->mapFromGlobal(event->globalPos()).y());
     if (row < 0)
         return;

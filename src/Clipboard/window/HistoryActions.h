@@ -24,6 +24,11 @@ public:
     virtual const std::vector<std::shared_ptr<ClipItem>> &getClipItemArr() const = 0;
     /// Replaces the list by the clips that match; an absent text leaves it as it is.
     virtual void filterClipItemArr(const std::optional<QString> &searchText) = 0;
+    /// The same without standing still for it. True when it is done; else the list stays as it is
+    /// until searched(), which does not come when the list is replaced meanwhile.
+    virtual bool beginSearch(const QString &searchText) = 0;
+    /// Ends a search that goes on at once, and without searched().
+    virtual void finishSearch() = 0;
     virtual void deleteItem(const std::shared_ptr<ClipItem> &item) = 0;
     /// Deletes several at once.
     virtual void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &items) = 0;
@@ -65,4 +70,6 @@ Q_SIGNALS:
     /// The list has changed by a load, a search or a deletion, or the formatting of a clip has come
     /// late; rows told before are out of date.
     void clipItemArrChanged();
+    /// The list is the result of the search that took its time.
+    void searched();
 };

@@ -66,10 +66,11 @@ std::optional<int> rowAfter(const QKeyEvent &event, const ViewController &contro
 
 bool move(ViewController &controller, const QKeyEvent &event)
 {
-    const std::optional<int> row = rowAfter(event, controller);
-    if (row)
-        controller.selectRow(*row);
-    return row.has_value();
+    if (!rowAfter(event, controller))
+        return false;
+    controller.finishSearch();
+    controller.selectRow(rowAfter(event, controller).value_or(0));
+    return true;
 }
 
 bool pastePlain(ViewController &controller, const QKeyEvent &event)
@@ -108,8 +109,10 @@ bool pick(ViewController &controller, const QKeyEvent &event)
     if (heldWith(event) != Qt::AltModifier && heldWith(event) != Qt::ControlModifier)
         return false;
     const std::optional<int> digit = digitOf(event);
-    const std::optional<int> row =
-        digit ? controller.clipTableView()->rowOfKeyCap(*digit) : std::nullopt;
+    if (!digit)
+        return false;
+    controller.finishSearch();
+    const std::optional<int> row = controller.clipTableView()->rowOfKeyCap(*digit);
     if (row)
         controller.paste(*row, std::nullopt);
     return row.has_value();

@@ -58,6 +58,7 @@ void ViewController::viewDidLoad()
             &ViewController::typeIntoSearchField);
     connect(&m_appDelegate, &HistoryActions::clipItemArrChanged, this,
             &ViewController::clipItemArrChanged);
+    connect(&m_appDelegate, &HistoryActions::searched, this, &ViewController::showFound);
     connect(m_views.searchTextField, &SearchField::pinnedOnlyChanged, this,
             &ViewController::listPinnedOnly);
     connect(m_views.searchTextField, &QLineEdit::textEdited, this,
@@ -126,6 +127,7 @@ int ViewController::rowOf(const std::shared_ptr<ClipItem> &item) const
 
 void ViewController::showMenu(const std::optional<QPoint> &globalPosition)
 {
+    finishSearch();
     if (markedClips().empty())
         return;
     auto *menu = new ClipMenu(*this, m_views.mainView.get());
@@ -180,6 +182,7 @@ void ViewController::clearSearch()
     m_views.searchTextField->setPinnedOnly(false);
     m_views.searchTextField->clear();
     m_found = FoundPlaces();
+    m_isSearching = false;
     m_footer.forgetSearch();
     m_appDelegate.filterClipItemArr(QString());
 }
@@ -344,9 +347,28 @@ void ViewController::filterDataArray(const std::optional<QString> &text)
         return;
     {
         const QScopedValueRollback<bool> changing(m_isChangingList, true);
-        m_appDelegate.filterClipItemArr(text);
+        m_isSearching = text && !m_appDelegate.beginSearch(*text);
     }
-    m_found = FoundPlaces(text.value_or(QString()));
+    if (!m_isSearching)
+        showFound();
+}
+
+void ViewController::finishSearch()
+{
+    if (!m_isSearching)
+        return;
+    {
+        const QScopedValueRollback<bool> changing(m_isChangingList, true);
+        m_appDelegate.finishSearch();
+    }
+    showFound();
+}
+
+void ViewController::showFound()
+{
+    m_isSearching = false;
+    m_found = FoundPlaces(m_views.searchTextField->text());
+    m_views.clipTableView->setStale();
     selectRow(0);
 }
 
@@ -363,6 +385,10 @@ void ViewController::clipItemArrChanged()
         m_appDelegate.filterClipItemArr(text);
     }
     m_footer.update();
+    if (m_isSearching) {
+        showFound();
+        return;
+    }
     m_marks.keepOnly(getDataArray());
     const int row = m_previousClipItem ? rowOf(m_previousClipItem) : -1;
     showRow(row >= 0 ? row : selectedRow(), false);

@@ -80,11 +80,11 @@ public:
     /// Called each time the window appears.
     void viewDidAppear();
 
-    void next() { selectRow(selectedRow() + 1); }
-    void previous() { selectRow(selectedRow() - 1); }
+    void next();
+    void previous();
     /// Moves the selection by one row and marks both clips; back again it takes the mark.
-    void markNext() { markRow(selectedRow() + 1); }
-    void markPrevious() { markRow(selectedRow() - 1); }
+    void markNext();
+    void markPrevious();
     /// Marks the row's clip beside the selected one, or takes its mark.
     void toggleMark(int row);
     /// Those that are pasted and deleted together, in the order in which they were marked: the
@@ -148,7 +148,10 @@ public:
     /// Where the search has found something in the rows; empty while there is none.
     const FoundPlaces &found() const { return m_found; }
     const std::vector<std::shared_ptr<ClipItem>> &getDataArray() const;
+    /// Lists what matches, at once or a moment later; until then the list stays as it is.
     void filterDataArray(const std::optional<QString> &text);
+    /// Lists what was typed last, if that was not done yet: what is to be done next is for it.
+    void finishSearch();
     /// Empties the search field and shows the whole history.
     void clearSearch();
 
@@ -206,6 +209,7 @@ private:
     void updateEmptyState();
     void updateNotice();
     void listPinnedOnly(bool isOn);
+    void showFound();
     void speakSelection(const ClipItem &item, int row);
     std::shared_ptr<ClipItem> itemAt(int row) const;
 
@@ -223,4 +227,5 @@ private:
     bool m_isWindowKey = false;
     bool m_isChangingList = false; ///< The change under way is our own.
     bool m_isHiding = false;
+    bool m_isSearching = false; ///< The list is not what the field says yet.
 };

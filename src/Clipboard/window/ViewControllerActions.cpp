@@ -9,6 +9,30 @@
 
 #include <algorithm>
 
+void ViewController::next()
+{
+    finishSearch();
+    selectRow(selectedRow() + 1);
+}
+
+void ViewController::previous()
+{
+    finishSearch();
+    selectRow(selectedRow() - 1);
+}
+
+void ViewController::markNext()
+{
+    finishSearch();
+    markRow(selectedRow() + 1);
+}
+
+void ViewController::markPrevious()
+{
+    finishSearch();
+    markRow(selectedRow() - 1);
+}
+
 void ViewController::markRow(int row)
 {
     const std::shared_ptr<ClipItem> item = itemAt(row);
@@ -52,6 +76,7 @@ void ViewController::paste(const QString &format)
 
 void ViewController::pasteMarked(const std::optional<QString> &format)
 {
+    finishSearch();
     if (m_marks.isEmpty())
         paste(selectedRow(), format);
     else
@@ -60,6 +85,7 @@ void ViewController::pasteMarked(const std::optional<QString> &format)
 
 void ViewController::queue()
 {
+    finishSearch();
     if (m_marks.isEmpty())
         paste();
     else
@@ -84,12 +110,14 @@ void ViewController::paste(int row, const std::optional<QString> &format)
 
 void ViewController::copy()
 {
+    finishSearch();
     if (const std::vector<std::shared_ptr<ClipItem>> items = markedClips(); !items.empty())
         m_appDelegate.copyItems(items);
 }
 
 void ViewController::deleteItem()
 {
+    finishSearch();
     if (!m_marks.isEmpty()) {
         deleteMarked();
         return;
@@ -141,6 +169,7 @@ void ViewController::bringBack()
 
 void ViewController::togglePin()
 {
+    finishSearch();
     m_appDelegate.setPinned(markedClips(), !arePinned());
 }
 
@@ -162,6 +191,7 @@ void ViewController::listPinnedOnly(bool isOn)
     m_appDelegate.setPinnedOnly(isOn);
     if (m_isChangingList)
         return;
+    finishSearch();
     const std::shared_ptr<ClipItem> selected = itemAt(selectedRow());
     {
         const QScopedValueRollback<bool> changing(m_isChangingList, true);

@@ -1,5 +1,6 @@
 #include "Clipboard/window/WindowDelegate.h"
 
+#include "Clipboard/window/ClipTableView.h"
 #include "Clipboard/window/ClipboardView.h"
 #include "Clipboard/window/ClipboardWindow.h"
 #include "Clipboard/window/FileViewController.h"
@@ -55,6 +56,14 @@ WindowDelegate::WindowDelegate(std::unique_ptr<ViewController> viewController,
 WindowDelegate::~WindowDelegate()
 {
     m_window->removeEventFilter(this);
+}
+
+void WindowDelegate::prepare()
+{
+    if (m_window->isVisible())
+        return;
+    m_viewController->clipTableView()->reloadData();
+    m_window->grab();
 }
 
 void WindowDelegate::showWindow()

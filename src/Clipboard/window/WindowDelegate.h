@@ -34,6 +34,9 @@ public:
     ClipboardWindow *window() const { return m_window.get(); }
     ViewController *getViewController() const { return m_viewController.get(); }
 
+    /// Lays the hidden window out and draws it, for nobody to see: what that needs, fonts and
+    /// pictures above all, is there then, and the first opening takes no longer than the next.
+    void prepare();
     /// Shows the window at its place and makes it the active one. Where it covers a text field of
     /// ours that has the keyboard, the next paste goes into that field.
     void showWindow();

@@ -284,6 +284,12 @@ public:
     {
         asked.append(QStringLiteral("filter ") + text.value_or(QString()));
     }
+    bool beginSearch(const QString &text) override
+    {
+        filterClipItemArr(text);
+        return true;
+    }
+    void finishSearch() override {}
     void deleteItem(const std::shared_ptr<ClipItem> &) override {}
     void deleteItems(const std::vector<std::shared_ptr<ClipItem>> &) override {}
     int heldDeletions() const override { return 0; }

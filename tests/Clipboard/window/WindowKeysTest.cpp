@@ -70,6 +70,38 @@ TEST_F(WindowKeysTest, returnPastesInTheCaseThatItsModifiersSay)
     }
 }
 
+TEST_F(WindowKeysTest, aKeyBehindLettersActsOnWhatTheyFind)
+{
+    const QString found = QString(6'000'000, u'x') + QStringLiteral(" needle");
+    addAll({found, QStringLiteral("newest")});
+    struct
+    {
+        const char *letters;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+    } const kKeys[] = {{"dle", Qt::Key_Return, kNone},
+                       {"edle", Qt::Key_C, kCtrl},
+                       {"eedle", Qt::Key_1, kAlt},
+                       {"needle", Qt::Key_V, kCtrl | kShift}};
+    for (const auto &row : kKeys) {
+        add(QString::number(row.key));
+        delegate.launch();
+        const qsizetype count = listed().size();
+        EXPECT_GT(count, 1);
+        field->setText(QLatin1String(row.letters));
+        EXPECT_EQ(listed().size(), count) << row.letters << " are still being sought";
+        QKeyEvent press(QEvent::KeyPress, row.key, row.modifiers);
+        QCoreApplication::sendEvent(field, &press);
+        EXPECT_TRUE(memory.pasteboard.contents()->text == found) << row.letters;
+    }
+    delegate.launch();
+    field->setText(QStringLiteral("x need"));
+    EXPECT_GT(listed().size(), 1);
+    QTRY_COMPARE(listed().size(), 1);
+    EXPECT_TRUE(delegate.getSelectedItem()->strValue() == found);
+    EXPECT_TRUE(controller->found() == FoundPlaces(QStringLiteral("x need")));
+}
+
 struct MoveKey
 {
     const char *name;
