@@ -22,6 +22,8 @@
 #include <QSessionManager>
 #include <QStandardPaths>
 
+#include <malloc.h>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -82,6 +84,8 @@ int runApplication(QApplication &application, SingleInstance &instance, const QS
         &actions, [&actions, action] { actions.perform(action); }, Qt::QueuedConnection);
     instance.share(&actions.clips());
     instance.open();
+    // Behind the action, which may open the window itself.
+    QMetaObject::invokeMethod(&delegate, &AppDelegate::prepareWindow, Qt::QueuedConnection);
 
     const int status = QApplication::exec();
     g_delegate = nullptr;
@@ -185,10 +189,20 @@ int live(int argc, char **argv)
     return runApplication(application, *instance, line.action);
 }
 
+/// What is large goes back to the system as soon as it is freed. Else the allocator would take the
+/// largest copy for the measure of what to keep.
+void giveLargeMemoryBack()
+{
+    constexpr int kLarge = 1024 * 1024; // bytes
+    ::mallopt(M_MMAP_THRESHOLD, kLarge);
+    ::mallopt(M_TRIM_THRESHOLD, kLarge);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    giveLargeMemoryBack();
     // Everything is saved by now, and nothing else may hold up the end.
     return ProxyQuestion::endingWith(live(argc, argv));
 }
