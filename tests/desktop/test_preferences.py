@@ -84,6 +84,8 @@ class PreferencesJourney(Journey):
         self.app.key("Return")
         self.app.wait_until_hidden("Choose Application")
         self.wait_for(lambda: self.app.setting("applicationsToIgnore"), "the stored list")
+        # Which gets the keyboard back from the dialog.
+        self.app.wait_until_active(window)
         self.desktop.run(["xdotool", "windowactivate", "--sync", pad_window])
         self.app.wait_until_active(pad_window)
         self.app.key("ctrl+c")
