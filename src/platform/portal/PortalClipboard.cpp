@@ -32,6 +32,9 @@ QStringList namesIn(const QVariant &value)
     QStringList names;
     if (argument.currentSignature() == u"as")
         argument >> names;
+    // Else what holds the message would never let go of it.
+    if (isWrapped)
+        argument.endStructure();
     return names;
 }
 
