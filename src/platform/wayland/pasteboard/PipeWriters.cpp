@@ -85,7 +85,9 @@ void PipeWriters::goOn(int fd)
 void PipeWriters::end(int fd)
 {
     m_connection.unwatch(fd);
-    const Transfer ended = m_transfers.extract(fd).mapped();
+    const auto found = m_transfers.find(fd);
+    const Transfer ended = std::move(found->second);
+    m_transfers.erase(found);
     close(fd);
     if (ended.ended)
         ended.ended(ended.sent == ended.bytes.size());
