@@ -31,9 +31,11 @@ DesktopShortcut::DesktopShortcut(const MASShortcutView &recorder)
 void DesktopShortcut::refresh()
 {
     const MASShortcutBinder *binder = MASShortcutBinder::sharedBinder();
-    const std::optional<QString> key =
-        m_recorder ? m_recorder->associatedUserDefaultsKey() : std::nullopt;
-    if (!binder || !key || !binder->isRegisteredAction(*key))
+    const MASShortcutView *recorder = m_recorder;
+    if (!binder || !recorder)
+        return;
+    const std::optional<QString> key = recorder->associatedUserDefaultsKey();
+    if (!key || !binder->isRegisteredAction(*key))
         return;
     const QString chosen = binder->keysChosenElsewhere(*key);
     const std::optional<MASShortcut> shortcut = binder->valueForUndefinedKey(*key);
