@@ -33,6 +33,8 @@ class PasteJourney(Journey):
         self.app.wait_until_hidden()
         for text, following in (("three ", "two "), ("three two ", "one "),
                                 ("three two one ", "one ")):
+            if SESSION != "x11":
+                time.sleep(1)  # who pastes at once passes for a manager
             self.app.key("ctrl+v")
             self.wait_for_text(path, text)
             # Where nobody is told who asks, to look at the clipboard would be a paste as well.
@@ -41,7 +43,6 @@ class PasteJourney(Journey):
             else:
                 self.wait_for(lambda: len(self.app.clips("pasteCount")) - self.app.clips(
                     "pasteCount").count(None) == len(text.split()), "the next clip")
-                time.sleep(1)  # who pastes at once passes for a manager
         self.assertEqual(pasteboard(self.desktop), "one ")
 
     @made_in("sway", "labwc")
