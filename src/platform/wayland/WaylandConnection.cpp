@@ -34,12 +34,19 @@ void removeOf(Listeners &listeners, const void *owner)
 
 } // namespace
 
-std::unique_ptr<WaylandConnection> WaylandConnection::open()
+std::shared_ptr<WaylandConnection> WaylandConnection::open()
 {
     wl_display *display = wl_display_connect(nullptr);
     if (!display)
         return nullptr;
-    std::unique_ptr<WaylandConnection> connection(new WaylandConnection(display));
+    const std::shared_ptr<WaylandConnection> connection(
+        new WaylandConnection(display), [](WaylandConnection *last) {
+            // A thread cannot wait for its own end.
+            if (last->m_thread.get_id() == std::this_thread::get_id())
+                std::thread([last] { delete last; }).detach();
+            else
+                delete last;
+        });
     // The first tells the globals, the second what they tell when they are bound.
     if (!connection->roundTrip() || !connection->roundTrip())
         return nullptr;

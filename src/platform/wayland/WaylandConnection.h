@@ -36,7 +36,8 @@ public:
         std::function<void(const QByteArray &interface, quint32 name, bool isOffered)>;
 
     /// Connects and learns what is offered, in two round trips. Null where no compositor answers.
-    static std::unique_ptr<WaylandConnection> open();
+    /// Whoever lets go of it last may do so on its own thread: it ends on another one then.
+    static std::shared_ptr<WaylandConnection> open();
     WaylandConnection(const WaylandConnection &) = delete;
     WaylandConnection &operator=(const WaylandConnection &) = delete;
     /// Runs the tasks given before, then ends the thread.

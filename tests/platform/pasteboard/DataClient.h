@@ -74,7 +74,7 @@ private:
     void writeOn();
     void readOn();
 
-    std::unique_ptr<WaylandConnection> m_connection;
+    std::shared_ptr<WaylandConnection> m_connection;
     std::unique_ptr<DataControl> m_control;
     std::map<Selection, std::shared_ptr<DataOffer>> m_offers;
     std::map<Selection, std::unique_ptr<DataSource>> m_owned;

@@ -80,7 +80,7 @@ private:
     void work();
     bool isOurs() const { return m_offer && m_offer->names().contains(kMark); }
 
-    std::unique_ptr<WaylandConnection> m_connection;
+    std::shared_ptr<WaylandConnection> m_connection;
     std::unique_ptr<DataControl> m_control;
     std::unique_ptr<DataSource> m_source;
     std::shared_ptr<DataOffer> m_offer;

@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    const std::unique_ptr<WaylandConnection> m_connection = WaylandConnection::open();
+    const std::shared_ptr<WaylandConnection> m_connection = WaylandConnection::open();
     zwp_virtual_keyboard_manager_v1 *m_manager;
     zwp_virtual_keyboard_v1 *m_keyboard;
 };
